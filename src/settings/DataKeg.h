@@ -1,0 +1,75 @@
+// The settings bundle of one drawing.
+#pragma once
+
+#include "ports/IAnnotations.h"
+#include "settings/PageSetupRecord.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace sm {
+
+struct PaperSize {
+    std::string LocaleMedianame;
+    std::string CanonicalMediaName;
+    double Width = 0, Height = 0; ///< mm
+    friend bool operator==(const PaperSize&, const PaperSize&) = default;
+};
+
+struct StampSettings {
+    std::int32_t Color = 255; ///< RGB, red in the low byte
+    std::string FontName = "Helvetica";
+    std::int32_t StampIndex = 0; ///< 0 none, 1 to 15 into the stamp list
+    std::int32_t Justification = 0;
+    std::string LayoutName; ///< or "All Layouts"
+    double X = 0, Y = 0;    ///< drawing units
+    std::int32_t FontSize = 24; ///< points
+    friend bool operator==(const StampSettings&, const StampSettings&) = default;
+};
+
+struct AttachmentEntry {
+    std::string FilePath;
+    double X = 0, Y = 0; ///< drawing units
+    std::string LayoutName;
+    friend bool operator==(const AttachmentEntry&, const AttachmentEntry&) = default;
+};
+
+struct SignatureFieldEntry {
+    std::string FieldName, FieldLabel;
+    double X1 = 0, Y1 = 0, X2 = 0, Y2 = 0; ///< drawing units, corners as entered
+    std::string LayoutName;
+    friend bool operator==(const SignatureFieldEntry&, const SignatureFieldEntry&) = default;
+};
+
+struct LayoutSettings {
+    std::string DrawingFullName;
+    std::string LayoutName;
+    bool IsModelSpace = false;
+    PageSetupRecord PageSetup;
+    StampSettings Stamp;
+    std::vector<AttachmentEntry> Attachments;
+    std::vector<SignatureFieldEntry> SignatureFields;
+};
+
+struct GeneralSettings {
+    TransferFlags Transfer;
+    bool PromptForFileName = true, DeletePs = true, OpenInViewer = true;
+    std::int32_t WhatToPlot = 0;
+    std::int32_t Optimization = 0;
+    std::string JobOptionsFile = "Graphics [600 dpi]";
+    friend bool operator==(const GeneralSettings&, const GeneralSettings&) = default;
+};
+
+struct DataKeg {
+    std::string LoginName;
+    std::int32_t LayoutCount = 0;
+    GeneralSettings General;
+    std::vector<PaperSize> PaperSizes;
+    std::vector<std::string> PlotStyles;
+    std::array<std::string, 16> Stamps; ///< entry 0 is "(NONE)"
+    std::vector<LayoutSettings> Layouts;
+    std::int32_t PageSetupSelected = 0; ///< "PltSel"; filled by the dialog's load only
+};
+
+} // namespace sm
