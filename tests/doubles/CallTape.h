@@ -1,0 +1,46 @@
+// The tape that the scripted doubles share: every call is written down, and any call can be made to fail.
+#pragma once
+
+#include "doubles/FaultPlan.h"
+#include "ports/HostError.h"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace sm {
+
+class CallTape {
+public:
+    /// Decides beside `FailCall` which calls fail; may be shared with other doubles. Null: none.
+    FaultPlan* faults = nullptr;
+    /// "Layout(Layout1).SetPlotType 5": object, its name in brackets when it has one, operation, arguments.
+    std::vector<std::string> calls;
+
+    /// Makes the call `name` ("Layout.SetPlotType") fail with `description`, after `skip` good ones, `times` times
+    /// (-1: always).
+    void FailCall(const std::string& name, const std::string& description, int times = -1, int skip = 0);
+    void StopFailing() { m_failures.clear(); }
+
+    /// Called by the doubles first thing in every operation; throws HostError when the call is to fail.
+    void Call(const std::string& object, const std::string& objectName, const std::string& operation,
+              const std::string& arguments = {});
+
+    /// The calls whose line starts with `beginning`.
+    [[nodiscard]] std::vector<std::string> CallsOf(const std::string& beginning) const;
+    /// The calls whose line holds `part`.
+    [[nodiscard]] std::vector<std::string> CallsWith(const std::string& part) const;
+
+private:
+    struct Failure {
+        std::string description;
+        int times = -1, skip = 0;
+    };
+    std::map<std::string, Failure> m_failures;
+};
+
+/// The shortest text of a double that reads back as it, "." as separator.
+std::string TapeText(double value);
+std::string TapeText(bool value);
+
+} // namespace sm
