@@ -73,9 +73,9 @@ public:
     virtual bool PlotViewportsFirst() = 0;
     virtual void SetPlotViewportsFirst(bool value) = 0;
 
-    /// Size of the sheet as it is plotted: turned by 90 degrees, width and height change places.
+    /// Size of the medium as it lies unturned, whatever the rotation.
     virtual void GetPaperSize(double& width, double& height) = 0;
-    /// Unprintable strips of the sheet: `lowerLeft` holds left and bottom, `upperRight` right and top.
+    /// Unprintable strips of the unturned medium: `lowerLeft` holds left and bottom, `upperRight` right and top.
     virtual void GetPaperMargins(AcadPoint& lowerLeft, AcadPoint& upperRight) = 0;
 
     /// Reads the devices, media and styles anew; the lists below are as of the last refresh.

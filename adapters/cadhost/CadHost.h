@@ -1,0 +1,60 @@
+// The embedded CAD host: the automation objects over drawing files, plotting through our own plotter.
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "ports/IAcadApplication.h"
+#include "render/FrontEnd.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sm::cadhost {
+
+struct HostOptions {
+    std::string shareFolder; ///< holds Drivers, PC3, Plotters, PlotStyles
+    std::string loginName;   ///< what "LOGINNAME" gives
+};
+
+/// The run's layer over a document: seen through the automation model, never saved.
+struct DocumentOverlay {
+    std::optional<std::int32_t> pageSetupSource;  ///< stands for the "PltSel" record
+    std::optional<std::string> activeLayout;
+    std::vector<std::string> layouts;             ///< when not empty, the paper layouts that "Layouts" shows, in tab order
+};
+
+/// What plotting a document did so far.
+struct DocumentReport {
+    std::uint64_t read = 0, drawn = 0, hidden = 0, offPage = 0, notReached = 0, notDrawn = 0; ///< entities; they sum up
+    std::vector<render::RenderReport::NotDrawnKind> notDrawnKinds;
+    std::vector<drawing::Finding> findings;
+    std::vector<std::string> substitutions; ///< fonts
+};
+
+/// A layout as the command line lists it.
+struct LayoutFacts {
+    std::string name;
+    bool isModel = false, active = false;
+    std::int32_t tabOrder = 0;
+    std::string mediaName, configName, styleSheet, plotArea, scale;
+    double paperWidth = 0, paperHeight = 0; ///< mm, turned as plotted
+    std::uint64_t entities = 0;             ///< the sheet's own viewport aside
+    std::uint32_t viewports = 0;
+};
+
+class CadHost {
+public:
+    static std::unique_ptr<CadHost> Create(const HostOptions& options);
+    virtual ~CadHost() = default;
+    virtual std::shared_ptr<IAcadApplication> Application() = 0;
+    /// Opens a drawing and makes it the active one. Throws drawing::DrawingError.
+    virtual std::shared_ptr<IAcadDocument> Open(const std::string& path, const DocumentOverlay& overlay = {}) = 0;
+    /// Both take a document of this host.
+    virtual DocumentReport Report(const std::shared_ptr<IAcadDocument>& document) = 0;
+    virtual std::vector<LayoutFacts> Layouts(const std::shared_ptr<IAcadDocument>& document) = 0;
+    virtual const drawing::Drawing& DrawingOf(const std::shared_ptr<IAcadDocument>& document) = 0;
+};
+
+} // namespace sm::cadhost

@@ -1,0 +1,90 @@
+// The symbol tables of a drawing, as plain records. Texts are UTF-8.
+#pragma once
+
+#include "drawing/Geometry.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sm::drawing {
+
+using Handle = std::uint64_t; ///< 0: none
+
+/// Colours: AutoCAD colour index 1 to 255, 0 BYBLOCK, 256 BYLAYER.
+inline constexpr std::int16_t kByBlock = 0;
+inline constexpr std::int16_t kByLayer = 256;
+/// Lineweights: hundredths of a millimetre, or one of these (DXF reference, group 370).
+inline constexpr std::int16_t kLineweightByLayer = -1;
+inline constexpr std::int16_t kLineweightByBlock = -2;
+inline constexpr std::int16_t kLineweightDefault = -3;
+
+struct Layer {
+    std::string name;
+    Handle handle = 0;
+    std::int16_t color = 7;                 ///< 1 to 255
+    std::optional<std::uint32_t> trueColor; ///< 0xRRGGBB
+    std::uint32_t linetype = 0;             ///< index into the linetypes
+    std::int16_t lineweight = kLineweightDefault;
+    bool off = false;
+    bool frozen = false;
+    bool plotted = true;
+    std::string plotStyle; ///< named plot style; empty in drawings with colour-dependent styles
+};
+
+/// One dash (length > 0), gap (< 0) or dot (0) of a linetype; with text or shape when `kind` says so.
+struct LinetypeElement {
+    enum class Kind : std::uint8_t { Plain, Text, Shape } kind = Kind::Plain;
+    double length = 0; ///< drawing units
+    std::string text;
+    std::uint16_t shape = 0;
+    std::uint32_t style = 0; ///< index into the text styles
+    double scale = 1, rotation = 0; ///< rotation in degrees
+    bool absoluteRotation = false;
+    Vec2 offset;
+};
+
+struct Linetype {
+    std::string name; ///< "Continuous", "ByLayer", "ByBlock" are always there
+    Handle handle = 0;
+    std::string description;
+    double patternLength = 0;
+    std::vector<LinetypeElement> elements; ///< empty: continuous
+};
+
+struct TextStyle {
+    std::string name;
+    Handle handle = 0;
+    std::string fontFile;    ///< "txt", "arial.ttf"; as in the file
+    std::string bigFontFile; ///< for two-byte characters; mostly empty
+    std::string family;      ///< TrueType family from the extended data; empty when not given
+    bool bold = false, italic = false;
+    double fixedHeight = 0; ///< 0: not fixed
+    double widthFactor = 1;
+    double obliqueAngle = 0; ///< degrees
+    bool backward = false, upsideDown = false, vertical = false;
+    bool isShapeFile = false;
+};
+
+struct NamedView {
+    std::string name;
+    bool paperSpace = false;
+    Vec2 center; ///< in the view's display plane
+    double width = 0, height = 0;
+    Vec3 direction{0, 0, 1};
+    Vec3 target;
+    double twist = 0; ///< degrees
+};
+
+/// The active viewport of the model tab (VPORT "*Active"): what plot type Display shows.
+struct ModelView {
+    Vec2 center;
+    double height = 0;
+    double aspect = 1; ///< width / height
+    Vec3 direction{0, 0, 1};
+    Vec3 target;
+    double twist = 0; ///< degrees
+};
+
+} // namespace sm::drawing

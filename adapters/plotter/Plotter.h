@@ -1,0 +1,22 @@
+// One layout of a drawing as one PostScript file of one page.
+#pragma once
+
+#include "plotter/Placement.h"
+#include "render/FrontEnd.h"
+
+namespace sm::plotter {
+
+struct PlotJob {
+    const drawing::Drawing& drawing;
+    const drawing::Layout& layout;
+    drawing::PlotSettings settings; ///< as configured; paper size and margins of the unturned medium
+    double resolution = 1200;       ///< dots per inch
+    std::string title;              ///< %%Title: the sheet's name
+    std::string creator;            ///< %%Creator
+};
+
+/// Plots to `path`, which appears whole or not at all. Throws PlotError with a line that names file and cause.
+void PlotToPostScript(const PlotJob& job, const std::string& path, render::TextEngine& text,
+                      render::RenderReport& report);
+
+} // namespace sm::plotter

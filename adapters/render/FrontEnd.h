@@ -1,0 +1,65 @@
+// The front end: what each entity of a space means, drawn on a canvas.
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "render/Canvas.h"
+#include "render/TextLayout.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace sm::render {
+
+/// What became of each entity of the drawing over a run; the best outcome counts.
+enum class Outcome : std::uint8_t {
+    NotReached, ///< in a space or block that no plotted page shows
+    Hidden,     ///< layer off, frozen or not plotted; invisible; viewport off; an attribute definition
+    OffPage,    ///< nothing of it lies on the plotted area
+    NotDrawn,   ///< of a kind, or with content, that can't be drawn
+    Drawn
+};
+
+/// Outcomes by entity, and what was not drawn by kind and layer. `Outcomes` sums up to the entities read.
+class RenderReport {
+public:
+    explicit RenderReport(const drawing::Drawing& drawing);
+    void Note(const drawing::EntityRecord& record, Outcome outcome);
+    [[nodiscard]] std::uint64_t Count(Outcome outcome) const;
+    struct NotDrawnKind { std::string kind, layer; std::uint64_t count = 0; };
+    /// Entities whose best outcome is NotDrawn, by kind and layer.
+    [[nodiscard]] std::vector<NotDrawnKind> NotDrawn() const;
+
+private:
+    const drawing::Drawing& m_drawing;
+    std::vector<Outcome> m_outcomes;
+};
+
+/// A space of the drawing, looked at and placed on a sheet.
+struct Scene {
+    const drawing::Drawing& drawing;
+    std::uint32_t block = 0;  ///< the space
+    Matrix3 view;             ///< world to display plane (z dropped); identity for paper space and plan views
+    Matrix2 toPaper;          ///< display plane to millimetres on the sheet
+    Box2 clip;                ///< millimetres on the sheet; what lies outside isn't drawn
+    bool paperSpace = false;  ///< draw the viewports' contents
+    bool lineweights = true;  ///< false: every line gets the thinnest pen
+    double lineweightScale = 1;
+    bool viewportsFirst = true;
+    bool viewportBorders = false;
+    double linetypeUnit = 1;  ///< drawing units of this space for one unit of a line type, scales aside
+};
+
+void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderReport& report);
+
+/// The box of what one entity draws in world x and y, text and nested blocks included; empty when it draws nothing.
+Box2 BoundsOf(const drawing::Drawing& drawing, const drawing::EntityRecord& record, TextEngine& text);
+
+/// The box of a whole space as it plots (hidden layers left out), in the display plane of `view`.
+Box2 ExtentsOf(const drawing::Drawing& drawing, std::uint32_t block, const Matrix3& view, TextEngine& text);
+
+/// World to display plane of a view: looking along -`direction` at `target`, turned by `twist` degrees (DXF reference,
+/// VPORT and VIEWPORT groups 16, 17 and 51). The display plane's origin is the target's image.
+Matrix3 ViewMatrix(Vec3 direction, Vec3 target, double twist);
+
+} // namespace sm::render

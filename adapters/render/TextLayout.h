@@ -1,0 +1,61 @@
+// Text entities as runs of glyphs or strokes in the entity's own plane.
+//
+// All geometry is in the entity's OCS: x and y of the plane, drawing units, already turned, sheared, mirrored, aligned and
+// wrapped. Colours are given only where the text's own formatting sets one. Nothing vanishes: a missing font gets a
+// substitute, a missing glyph a substitute font's glyph or a visible box.
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "render/Canvas.h"
+
+#include <memory>
+#include <optional>
+
+namespace sm::render {
+
+struct TextColor {
+    std::int16_t index = drawing::kByBlock;
+    std::optional<std::uint32_t> trueColor;
+};
+
+/// Glyphs of one font: `run.toPaper` maps em to the OCS plane here; `run.color` is not set.
+struct GlyphPart {
+    TextRun run;
+    std::optional<TextColor> color;
+};
+
+/// Text of a stroke font: `path` (open lines, OCS plane) is what shows, `run` (invisible) what is found.
+struct StrokePart {
+    Path path;
+    TextRun run;
+    std::optional<TextColor> color;
+};
+
+/// Under-, over- and strike-through lines, fraction bars: filled or stroked like the text.
+struct RulePart {
+    Path path;
+    std::optional<TextColor> color;
+};
+
+struct LaidText {
+    std::vector<GlyphPart> glyphs;
+    std::vector<StrokePart> strokes;
+    std::vector<RulePart> rules;
+    double elevation = 0;  ///< z in the OCS
+    Vec3 extrusion{0, 0, 1};
+    std::vector<Vec2> outline; ///< the four corners of the text's box (turned with it); empty for an empty text
+};
+
+/// Lays text out; keeps fonts open between calls. Not for use by several threads at once.
+class TextEngine {
+public:
+    static std::unique_ptr<TextEngine> Create();
+    virtual ~TextEngine() = default;
+    /// TEXT, ATTRIB, ATTDEF. The result is valid until the next call.
+    virtual const LaidText& Lay(const drawing::Drawing&, const drawing::TextData&) = 0;
+    virtual const LaidText& Lay(const drawing::Drawing&, const drawing::MTextData&) = 0;
+    /// "style STANDARD: font txt.shx drawn with ...": one line for each substitution made so far.
+    [[nodiscard]] virtual std::vector<std::string> Substitutions() const = 0;
+};
+
+} // namespace sm::render
