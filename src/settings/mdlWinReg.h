@@ -41,7 +41,16 @@ struct AcadInstallInfo {
     friend bool operator==(const AcadInstallInfo&, const AcadInstallInfo&) = default;
 };
 
-/// `driverVersion` is the text of the driver detection: "15", "15+", "16" or empty.
+/// The names of the registry keys of the host release and product in use; empty when absent.
+struct AcadProductKey {
+    std::string ReleaseKey, ProductKey;
+};
+
+/// Follows the host's "CurVer" chain, per user for release 16 and machine-wide for the others. `driverVersion` here and
+/// below is the text of the driver detection: "15", "15+", "16" or empty.
+AcadProductKey ResolveAcadProductKey(Surroundings& surroundings, const std::string& driverVersion);
+
+/// Settings kept per host release; `defaultValue` when absent or empty.
 std::string ReadReleaseSetting(Surroundings& surroundings, const std::string& driverVersion,
                                const std::string& valueName, const std::string& defaultValue);
 void WriteReleaseSetting(Surroundings& surroundings, const std::string& driverVersion, const std::string& valueName,
