@@ -1,0 +1,98 @@
+#include "store/SqliteRegistry.h"
+
+#include <unordered_map>
+
+namespace sm::store {
+namespace {
+
+struct OpenedKey {
+    RegistryRoot root;
+    std::string path;
+};
+
+class SqliteRegistry final : public IRegistry {
+public:
+    SqliteRegistry(const std::filesystem::path& file, ValueTable facts, Complaint complain)
+        : m_file(file, std::move(complain)), m_facts(std::move(facts))
+    {
+    }
+
+    std::optional<RegistryKey> OpenKey(RegistryRoot root, const std::string& path) override
+    {
+        if (!m_facts.HasKey(root, path) && !(root == RegistryRoot::CurrentUser && m_file.HasKey(path)))
+            return std::nullopt;
+        return Remember(root, path);
+    }
+
+    std::optional<RegistryKey> CreateKey(RegistryRoot root, const std::string& path) override
+    {
+        if (root == RegistryRoot::LocalMachine)
+            return OpenKey(root, path);
+        if (!m_file.AddKey(path))
+            return std::nullopt;
+        return Remember(root, path);
+    }
+
+    std::optional<RegistryValueInfo> QueryInfo(RegistryKey key, const std::string& name) override
+    {
+        const std::optional<StoredValue> value = Value(key, name);
+        if (!value)
+            return std::nullopt;
+        return RegistryValueInfo{value->type, static_cast<std::uint32_t>(value->data.size())};
+    }
+
+    bool QueryValue(RegistryKey key, const std::string& name, std::string& buffer) override
+    {
+        const std::optional<StoredValue> value = Value(key, name);
+        return value && CopyInto(*value, buffer);
+    }
+
+    bool SetValue(RegistryKey key, const std::string& name, RegistryType type, const std::string& data,
+                  std::uint32_t byteCount) override
+    {
+        const auto opened = m_open.find(key);
+        StoredValue value{type, {}};
+        if (opened == m_open.end() || opened->second.root == RegistryRoot::LocalMachine ||
+            !TakeBytes(data, byteCount, value.data))
+            return false;
+        return m_file.Write(opened->second.path, name, value);
+    }
+
+    bool CloseKey(RegistryKey key) override { return m_open.erase(key) > 0; }
+    std::string Encode(const std::string& utf8) override { return utf8; }
+    std::string Decode(const std::string& bytes) override { return bytes; }
+
+private:
+    RegistryKey Remember(RegistryRoot root, const std::string& path)
+    {
+        m_open.emplace(++m_last, OpenedKey{root, path});
+        return m_last;
+    }
+
+    std::optional<StoredValue> Value(RegistryKey key, const std::string& name)
+    {
+        const auto opened = m_open.find(key);
+        if (opened == m_open.end())
+            return std::nullopt;
+        const auto& [root, path] = opened->second;
+        if (root == RegistryRoot::CurrentUser)
+            if (std::optional<StoredValue> stored = m_file.Read(path, name))
+                return stored;
+        const StoredValue* fact = m_facts.Find(root, path, name);
+        return fact ? std::optional<StoredValue>(*fact) : std::nullopt;
+    }
+
+    SettingsFile m_file;
+    ValueTable m_facts;
+    std::unordered_map<RegistryKey, OpenedKey> m_open;
+    RegistryKey m_last = 0;
+};
+
+} // namespace
+
+std::unique_ptr<IRegistry> OpenSqliteRegistry(const std::filesystem::path& file, ValueTable facts, Complaint complain)
+{
+    return std::make_unique<SqliteRegistry>(file, std::move(facts), std::move(complain));
+}
+
+} // namespace sm::store

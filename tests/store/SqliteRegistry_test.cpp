@@ -1,0 +1,156 @@
+#include "store/SqliteRegistry.h"
+
+#include "RegistryAccess.h"
+#include "TemporaryFolder.h"
+#include "store/Database.h"
+
+#include <fstream>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <vector>
+
+namespace sm::store {
+namespace {
+
+constexpr const char* kKey = "Software\\Product";
+
+class SqliteStore : public testing::Test {
+protected:
+    std::unique_ptr<IRegistry> Open()
+    {
+        return OpenSqliteRegistry(m_file, {}, [this](const std::string& text) { m_complaints.push_back(text); });
+    }
+    void WriteFile(const std::string& bytes) const { std::ofstream(m_file, std::ios::binary) << bytes; }
+    [[nodiscard]] static std::string ReadFile(const std::filesystem::path& file)
+    {
+        std::ostringstream bytes;
+        bytes << std::ifstream(file, std::ios::binary).rdbuf();
+        return bytes.str();
+    }
+    [[nodiscard]] std::filesystem::path InFolder(const char* name) const { return m_folder.Path() / name; }
+
+    TemporaryFolder m_folder;
+    std::filesystem::path m_file = m_folder.Path() / "settings.sqlite";
+    std::vector<std::string> m_complaints;
+};
+
+TEST_F(SqliteStore, KeepsValuesFromRunToRun)
+{
+    EXPECT_TRUE(WriteText(*Open(), kKey, "Name", "value"));
+    EXPECT_EQ(ReadText(*Open(), kKey, "name"), "value");
+    EXPECT_TRUE(m_complaints.empty());
+}
+
+TEST_F(SqliteStore, MakesNoFileForReading)
+{
+    EXPECT_EQ(ReadText(*Open(), kKey, "Name"), "(none)");
+    EXPECT_TRUE(std::filesystem::is_empty(m_folder.Path()));
+}
+
+TEST_F(SqliteStore, ShowsAnotherProcesssWriteAtOnce)
+{
+    const auto first = Open(), second = Open();
+    EXPECT_TRUE(WriteText(*first, kKey, "Name", "one"));
+    EXPECT_EQ(ReadText(*second, kKey, "Name"), "one");
+    EXPECT_TRUE(WriteText(*second, kKey, "Name", "two"));
+    EXPECT_EQ(ReadText(*first, kKey, "Name"), "two");
+}
+
+TEST_F(SqliteStore, MakesItsFolderForTheUserAlone)
+{
+    m_file = m_folder.Path() / "a" / "b" / "settings.sqlite";
+    EXPECT_TRUE(WriteText(*Open(), kKey, "Name", "value"));
+    EXPECT_EQ(std::filesystem::status(m_file.parent_path()).permissions(), std::filesystem::perms::owner_all);
+}
+
+TEST_F(SqliteStore, TakesAnEmptyFileForANewOne)
+{
+    WriteFile("");
+    EXPECT_EQ(ReadText(*Open(), kKey, "Name"), "(none)");
+    EXPECT_TRUE(WriteText(*Open(), kKey, "Name", "value"));
+    EXPECT_EQ(ReadText(*Open(), kKey, "Name"), "value");
+    EXPECT_TRUE(m_complaints.empty());
+}
+
+TEST_F(SqliteStore, PutsAFileThatIsNoDatabaseAside)
+{
+    const std::string junk = "this is somebody's letter, and long enough to be looked at by anyone who opens it";
+    WriteFile(junk);
+    const auto registry = Open();
+    EXPECT_EQ(ReadText(*registry, kKey, "Name"), "(none)");
+    EXPECT_TRUE(WriteText(*registry, kKey, "Name", "value"));
+    EXPECT_EQ(ReadText(*registry, kKey, "Name"), "value");
+    EXPECT_EQ(ReadFile(InFolder("settings-damaged-1.sqlite")), junk);
+    ASSERT_EQ(m_complaints.size(), 1u);
+    EXPECT_EQ(m_complaints[0], "The settings file " + m_file.string() +
+                                   " can't be used: it is damaged. It was kept as " +
+                                   InFolder("settings-damaged-1.sqlite").string() + " and the settings start anew.");
+}
+
+TEST_F(SqliteStore, PutsAnotherProgramsDatabaseAside)
+{
+    Database(m_file.string(), Database::Mode::Create).Run("CREATE TABLE songs(title TEXT)");
+    EXPECT_TRUE(WriteText(*Open(), kKey, "Name", "value"));
+    ASSERT_EQ(m_complaints.size(), 1u);
+    EXPECT_EQ(m_complaints[0], "The settings file " + m_file.string() +
+                                   " can't be used: it belongs to another program. It was kept as " +
+                                   InFolder("settings-damaged-1.sqlite").string() + " and the settings start anew.");
+    Database kept(InFolder("settings-damaged-1.sqlite").string(), Database::Mode::Existing);
+    EXPECT_EQ(kept.Text("SELECT name FROM sqlite_master"), "songs");
+}
+
+TEST_F(SqliteStore, PutsATornFileAsideUnderTheNextFreeName)
+{
+    WriteText(*Open(), kKey, "Name", "value");
+    std::string bytes = ReadFile(m_file);
+    ASSERT_GT(bytes.size(), 8192u);
+    for (std::size_t at = 4096; at < bytes.size(); ++at)
+        bytes[at] = '\x5a';
+    WriteFile(bytes);
+    std::ofstream(InFolder("settings-damaged-1.sqlite")) << "an earlier one";
+    EXPECT_EQ(ReadText(*Open(), kKey, "Name"), "(none)");
+    EXPECT_EQ(ReadFile(InFolder("settings-damaged-2.sqlite")), bytes);
+    EXPECT_EQ(ReadFile(InFolder("settings-damaged-1.sqlite")), "an earlier one");
+    EXPECT_EQ(m_complaints.size(), 1u);
+}
+
+TEST_F(SqliteStore, NoticesDamageThatCameWhileTheFileWasOpen)
+{
+    const auto registry = Open();
+    EXPECT_TRUE(WriteText(*registry, kKey, "Name", "value"));
+    std::filesystem::remove(m_file);
+    std::filesystem::remove(m_file.string() + "-wal");
+    std::filesystem::remove(m_file.string() + "-shm");
+    WriteFile("no database at all, and long enough for its header to be read as if it were one of ours...........");
+    EXPECT_TRUE(WriteText(*registry, kKey, "Name", "after"));
+    EXPECT_EQ(ReadText(*registry, kKey, "Name"), "after");
+    EXPECT_EQ(m_complaints.size(), 1u);
+}
+
+TEST_F(SqliteStore, LeavesTheFileOfALaterVersionAlone)
+{
+    WriteText(*Open(), kKey, "Name", "value");
+    Database(m_file.string(), Database::Mode::Existing).Run("PRAGMA user_version = 2");
+    const auto registry = Open();
+    EXPECT_EQ(ReadText(*registry, kKey, "Name"), "(none)");
+    EXPECT_FALSE(WriteText(*registry, kKey, "Name", "mine"));
+    ASSERT_EQ(m_complaints.size(), 1u);
+    EXPECT_EQ(m_complaints[0],
+              "The settings file " + m_file.string() +
+                  " was written by a later version; it is left as it is and the defaults are in force.");
+    EXPECT_EQ(Database(m_file.string(), Database::Mode::Existing).Text("SELECT data FROM reg_value"), "value");
+}
+
+TEST_F(SqliteStore, SaysOnceThatAFolderCannotBeMade)
+{
+    std::ofstream(InFolder("taken")) << "a file where the folder should be";
+    m_file = InFolder("taken") / "settings.sqlite";
+    const auto registry = Open();
+    EXPECT_FALSE(WriteText(*registry, kKey, "Name", "value"));
+    EXPECT_FALSE(WriteText(*registry, kKey, "Name", "value"));
+    EXPECT_EQ(ReadText(*registry, kKey, "Name"), "(none)");
+    EXPECT_EQ(m_complaints.size(), 1u);
+}
+
+} // namespace
+} // namespace sm::store
