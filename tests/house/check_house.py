@@ -1,0 +1,166 @@
+#!/usr/bin/python3
+"""Proves the rules of the house: which folder may include what, headers that compile alone, no bare try in the plug-in,
+file and function lengths, words that don't belong in the tree.
+
+    check_house.py RULE [--source DIR]      RULE: arrows headers policies lengths words
+"""
+import argparse
+import concurrent.futures
+import os
+import re
+import subprocess
+import sys
+
+# What each room may include besides itself and the standard library: prefixes of project headers and library headers.
+PLUGIN = {"ports", "settings", "plotting", "annotations", "hostobjects", "ui", "plugin"}
+ROOMS = {
+    "adapters/drawing": {"drawing"},
+    "adapters/render": {"render", "drawing"},
+    "adapters/plotter": {"plotter", "render", "drawing"},
+    "adapters/cadhost": {"cadhost", "plotter", "render", "drawing", "ports"},
+    "adapters/publisher": {"publisher", "ports"},
+    "adapters/store": {"store", "ports"},
+    "adapters/system": {"system", "ports"},
+    "adapters/terminal": {"terminal", "ports"},
+}
+INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
+STANDARD = set("""algorithm array atomic bit bitset cassert cctype cerrno cfenv cfloat charconv chrono cinttypes climits
+clocale cmath compare complex concepts condition_variable csetjmp csignal cstdarg cstddef cstdint cstdio cstdlib cstring
+ctime cwchar cwctype deque exception execution filesystem forward_list fstream functional future initializer_list iomanip
+ios iosfwd iostream istream iterator latch limits list locale map memory memory_resource mutex new numbers numeric optional
+ostream queue random ranges ratio regex scoped_allocator semaphore set shared_mutex source_location span sstream stack
+stdexcept stop_token streambuf string string_view syncstream system_error thread tuple type_traits typeindex typeinfo
+unordered_map unordered_set utility valarray variant vector version""".split())
+WORDS = re.compile(r"\bspecification\b|\bthe spec\b|\bparts? [1-6]\.[1-9]\b|/work/|/root/|/tmp/", re.I)
+WORDS_ALLOWED = re.compile(r"specific|format specification|XMP specification|PDF specification|/tmp/\$|mktemp", re.I)
+
+
+def files(source, folders, endings):
+    for folder in folders:
+        for path, _, names in os.walk(os.path.join(source, folder)):
+            for name in sorted(names):
+                if name.endswith(endings):
+                    yield os.path.relpath(os.path.join(path, name), source)
+
+
+def read(source, name):
+    with open(os.path.join(source, name), encoding="utf-8") as file:
+        return file.read()
+
+
+def check_arrows(source):
+    graph = {}
+    for name in files(source, ["src"], (".h", ".cpp")):
+        graph[name] = []
+        for quote, header in INCLUDE.findall(read(source, name)):
+            if quote == "<" and header not in STANDARD:
+                yield f"{name}: includes <{header}>; the plug-in stands on the standard library alone"
+            if quote == '"':
+                if header.split("/")[0] not in PLUGIN:
+                    yield f'{name}: includes "{header}", which is no part of the plug-in'
+                graph[name].append("src/" + header)
+    yield from circles(graph)
+    for room, allowed in ROOMS.items():
+        for name in files(source, [room], (".h", ".cpp")):
+            own = room.split("/")[1]
+            for quote, header in INCLUDE.findall(read(source, name)):
+                parts = header.split("/")
+                if quote != '"' or parts[0] == own:
+                    continue
+                if parts[0] not in allowed:
+                    yield f'{name}: includes "{header}"; {room} may include {", ".join(sorted(allowed))}'
+                elif len(parts) > 2:
+                    yield f'{name}: includes "{header}", an inside of another room'
+
+
+def circles(graph):
+    """A header may not reach itself; a source counts with its header's name."""
+    done = set()
+
+    def visit(node, path):
+        if node in path:
+            yield "circle of includes: " + " -> ".join(path[path.index(node):] + [node])
+            return
+        if node in done:
+            return
+        for other in graph.get(node, []):
+            yield from visit(other, path + [node])
+        done.add(node)
+
+    for node in graph:
+        yield from visit(node, [])
+
+
+def compile_alone(source, name):
+    command = ["g++", "-std=c++20", "-fsyntax-only", "-Isrc", "-Iadapters", "-Iapps", "-Itests", "-I/usr/include/freetype2",
+               "-I/usr/include/harfbuzz", "-x", "c++", "-include", name, "/dev/null"]
+    run = subprocess.run(command, cwd=source, capture_output=True, text=True)
+    return None if run.returncode == 0 else f"{name}: doesn't compile alone: {run.stderr.strip().splitlines()[0]}"
+
+
+def check_headers(source):
+    names = list(files(source, ["src", "adapters", "apps"], (".h",)))
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for finding in pool.map(lambda name: compile_alone(source, name), names):
+            if finding:
+                yield finding
+    for name in names:
+        if "#pragma once" not in read(source, name):
+            yield f"{name}: has no #pragma once"
+
+
+def check_policies(source):
+    for name in files(source, ["src"], (".h", ".cpp")):
+        if name != "src/plugin/Attempt.h":
+            for number, line in enumerate(read(source, name).splitlines(), 1):
+                if re.search(r"\btry\b\s*\{?$|\bcatch\s*\(", line.split("//")[0].rstrip()):
+                    yield f"{name}:{number}: a bare try; use the policies of plugin/Attempt.h"
+
+
+def check_lengths(source):
+    for name in files(source, ["src", "adapters", "apps", "tests", "bench"], (".h", ".cpp", ".py")):
+        lines = read(source, name).splitlines()
+        if len(lines) > 400:
+            yield f"{name}: {len(lines)} lines; 400 is the ceiling"
+        if name.startswith("tests/") or not name.endswith(".cpp"):
+            continue
+        start = None
+        for number, line in enumerate(lines, 1):
+            if line == "{" or (re.match(r"^\S.*\)(\s*(const|noexcept|override))*\s*\{$", line)):
+                start = number
+            elif line.startswith("}") and start:
+                if number - start > 61:
+                    yield f"{name}:{start}: a function of {number - start} lines; 60 is the ceiling"
+                start = None
+
+
+def check_words(source):
+    listed = subprocess.run(["git", "ls-files"], cwd=source, capture_output=True, text=True).stdout.split("\n")
+    for name in listed:
+        if not name or name.endswith((".dxf", ".png", ".lock")) or name in ("LICENSE", "tests/house/check_house.py"):
+            continue
+        try:
+            text = read(source, name)
+        except (UnicodeDecodeError, FileNotFoundError, IsADirectoryError):
+            continue
+        for number, line in enumerate(text.splitlines(), 1):
+            if WORDS.search(WORDS_ALLOWED.sub("", line)):
+                yield f"{name}:{number}: {line.strip()[:100]}"
+
+
+def main():
+    rules = {"arrows": check_arrows, "headers": check_headers, "policies": check_policies, "lengths": check_lengths,
+             "words": check_words}
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("rule", choices=rules)
+    parser.add_argument("--source", default=os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))
+    arguments = parser.parse_args()
+    findings = list(rules[arguments.rule](os.path.abspath(arguments.source)))
+    for finding in findings:
+        print(finding)
+    print(f"{arguments.rule}: {len(findings)} finding(s)")
+    return 1 if findings else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
