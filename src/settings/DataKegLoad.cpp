@@ -1,0 +1,113 @@
+#include "plotting/PaperTable.h"
+#include "plugin/Attempt.h"
+#include "settings/DrawingValues.h"
+#include "settings/GeneralSettingsIO.h"
+#include "settings/mdlDataKegIO.h"
+
+namespace sm {
+
+namespace {
+
+constexpr std::int32_t kLoaded = 0;
+constexpr std::int32_t kLoadFailed = -1;
+constexpr std::int32_t kNoPlotSettings = -2;
+
+std::vector<std::string> PlotStyles(CallContext& context, IAcadLayout& layout)
+{
+    // A host lists its tables as of the last refresh; without one the list may be empty.
+    CarryOn([&] { layout.RefreshPlotDeviceInfo(); }, NoteCarriedPast(context, "PlotStyles"));
+    const auto names = CarryOn([&] { return layout.GetPlotStyleTableNames(); }, NoteCarriedPast(context, "PlotStyles"));
+    std::vector<std::string> styles = {"None"};
+    if (names)
+        styles.insert(styles.end(), names->begin(), names->end());
+    return styles;
+}
+
+void FillLists(CallContext& context, IAcadDocument& document, IAcadLayout& layout, DataKeg& keg)
+{
+    LoadPaperTable(keg.PaperSizes);
+    keg.LoginName = LoginName(context, document);
+    keg.PlotStyles = PlotStyles(context, layout);
+    keg.General = ReadGeneralSettings(context.surroundings);
+    keg.Stamps = ReadStampList(context.surroundings);
+}
+
+/// The entry of `layout`, but for what the records hold. Throws when the layout's name can't be read.
+LayoutSettings EntryOf(CallContext& context, IAcadDocument& document, IAcadLayout& layout)
+{
+    const auto report = NoteCarriedPast(context, "LayoutSettings");
+    LayoutSettings entry;
+    entry.LayoutName = layout.Name();
+    entry.DrawingFullName = CarryOn([&] { return document.FullName(); }, report).value_or("");
+    const auto block = CarryOn([&] { return Present(layout.Block(), "Block")->Name(); }, report);
+    entry.IsModelSpace = context.surroundings.locale.LowerCase(block.value_or("")) == "*model_space";
+    return entry;
+}
+
+/// A bundle with its lists and one entry; the layout is handed back. Throws when the active layout can't be reached.
+std::shared_ptr<IAcadLayout> BeginLoad(CallContext& context, IAcadDocument& document, DataKeg& keg)
+{
+    const auto layout = Present(document.ActiveLayout(), "ActiveLayout");
+    FillLists(context, document, *layout, keg);
+    keg.Layouts.push_back(EntryOf(context, document, *layout));
+    keg.LayoutCount = 1;
+    return layout;
+}
+
+std::int32_t LoadDialogRecords(CallContext& context, IAcadDocument& document, IAcadLayout& layout, DataKeg& keg)
+{
+    LayoutSettings& entry = keg.Layouts.front();
+    if (!ReadLayoutPageSetup(context, layout, entry.PageSetup))
+        return kNoPlotSettings;
+    keg.PageSetupSelected = ReadPlotSelection(context, document);
+    if (ReadCustomPageSetup(context, document, entry.PageSetup) == CustomPageSetup::HostError)
+        return kLoadFailed;
+    ReadStamp(context, document, entry.Stamp);
+    ReadAttachments(context, document, entry.Attachments);
+    return kLoaded;
+}
+
+} // namespace
+
+bool LoadForConversion(CallContext& context, IAcadDocument& document, DataKeg& keg)
+{
+    const auto load = [&] {
+        DataKeg loaded;
+        const auto layout = BeginLoad(context, document, loaded);
+        LayoutSettings& entry = loaded.Layouts.front();
+        ReadLayoutPageSetup(context, *layout, entry.PageSetup);
+        ReadStamp(context, document, entry.Stamp);
+        ReadAttachments(context, document, entry.Attachments);
+        ReadSignatureFields(context, document, entry.SignatureFields);
+        keg = std::move(loaded);
+    };
+    return CarryOn(load, NoteCarriedPast(context, "LoadForConversion"));
+}
+
+std::int32_t LoadForDialog(CallContext& context, IAcadDocument& document, DataKeg& keg)
+{
+    const auto load = [&] {
+        DataKeg loaded;
+        const auto layout = BeginLoad(context, document, loaded);
+        const std::int32_t status = LoadDialogRecords(context, document, *layout, loaded);
+        if (status == kLoaded)
+            keg = std::move(loaded);
+        return status;
+    };
+    return CarryOn(load, NoteCarriedPast(context, "LoadForDialog")).value_or(kLoadFailed);
+}
+
+bool SaveFromDialog(CallContext& context, const DataKeg& keg, IAcadDocument& document)
+{
+    if (keg.Layouts.empty())
+        return false;
+    const LayoutSettings& entry = keg.Layouts.front();
+    WriteGeneralSettings(context.surroundings, keg.General);
+    WriteStampList(context.surroundings, keg.Stamps);
+    return WritePlotSelection(context, document, keg.PageSetupSelected) &&
+           WriteCustomPageSetup(context, document, entry.PageSetup) && WriteStamp(context, document, entry.Stamp) &&
+           WriteAttachments(context, document, entry.Attachments) &&
+           WriteSignatureFields(context, document, entry.SignatureFields);
+}
+
+} // namespace sm
