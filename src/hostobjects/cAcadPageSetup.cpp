@@ -1,16 +1,15 @@
 #include "hostobjects/cAcadPageSetup.h"
 
-#include "plugin/Attempt.h"
+#include "plugin/CarryPast.h"
 #include "plugin/mdlAcadHelper.h"
-#include "settings/DrawingValues.h"
 #include "settings/mdlDataKegIO.h"
 
 namespace sm {
 
-cAcadPageSetup::cAcadPageSetup(CallContext& context) : m_Context(context) {}
+cAcadPageSetup::cAcadPageSetup(CallContext& context) : m_context(context) {}
 
 cAcadPageSetup::cAcadPageSetup(Surroundings& surroundings)
-    : m_OwnContext(new CallContext{surroundings, nullptr, nullptr, nullptr}), m_Context(*m_OwnContext)
+    : m_ownContext(new CallContext{surroundings, nullptr, nullptr, nullptr}), m_context(*m_ownContext)
 {
 }
 
@@ -18,9 +17,9 @@ bool cAcadPageSetup::ReadRecord(std::int32_t source, const std::shared_ptr<IAcad
                                 PageSetupRecord& record)
 {
     if (source == kPageSetupCustom && document)
-        return ReadCustomPageSetup(m_Context, *document, record) != CustomPageSetup::HostError;
+        return ReadCustomPageSetup(m_context, *document, record) != CustomPageSetup::HostError;
     if (source == kPageSetupGlobal) {
-        record = ReadGlobalPageSetup(m_Context.surroundings);
+        record = ReadGlobalPageSetup(m_context.surroundings);
         return true;
     }
     return false;
@@ -31,43 +30,42 @@ VariantBool cAcadPageSetup::IAcadPageSetup_Initialize(std::int32_t source, std::
     PageSetupRecord record;
     if (!ReadRecord(source, document, record))
         return kFalse;
-    m_Record = record;
-    m_Saved = record;
-    m_Source = source;
-    m_Document = source == kPageSetupCustom ? document : nullptr;
-    m_Changed = false;
+    m_record = record;
+    m_saved = record;
+    m_source = source;
+    m_document = source == kPageSetupCustom ? document : nullptr;
+    m_changed = false;
     return kTrue;
 }
 
 void cAcadPageSetup::IAcadPageSetup_Update()
 {
-    if (!m_Changed)
+    if (!m_changed)
         return;
-    if (m_Source == kPageSetupCustom)
-        WriteCustomPageSetup(m_Context, *m_Document, m_Record);
-    else if (m_Source == kPageSetupGlobal)
-        WriteGlobalPageSetup(m_Context.surroundings, m_Record);
+    if (m_source == kPageSetupCustom)
+        WriteCustomPageSetup(m_context, *m_document, m_record);
+    else if (m_source == kPageSetupGlobal)
+        WriteGlobalPageSetup(m_context.surroundings, m_record);
     else
         return;
-    m_Changed = false;
+    m_changed = false;
 }
 
 void cAcadPageSetup::IAcadPageSetup_Restore()
 {
-    m_Record = m_Saved;
-    m_Changed = false;
+    m_record = m_saved;
+    m_changed = false;
 }
 
 void cAcadPageSetup::IAcadPageSetup_ShowPageSetup()
 {
-    IWindows& windows = m_Context.surroundings.windows;
-    if (m_Source == kPageSetupGlobal)
+    IWindows& windows = m_context.surroundings.windows;
+    if (m_source == kPageSetupGlobal)
         windows.ShowPageSetup(*this, "Global Page Setup");
-    if (m_Source != kPageSetupCustom)
+    if (m_source != kPageSetupCustom)
         return;
-    const auto app = CarryOn([&] { return m_Document->Application(); }, NoteCarriedPast(m_Context, "ShowPageSetup"))
-                         .value_or(nullptr);
-    if (ValidateHost(m_Context, kFalse, app))
+    const auto app = CarryPast(m_context, "ShowPageSetup", [&] { return m_document->Application(); }).value_or(nullptr);
+    if (ValidateHost(m_context, kFalse, app))
         windows.ShowPageSetup(*this, "Drawing Page Setup");
 }
 

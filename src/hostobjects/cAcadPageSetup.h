@@ -19,37 +19,37 @@ public:
     cAcadPageSetup& operator=(const cAcadPageSetup&) = delete;
 
     /// The record as edited so far.
-    [[nodiscard]] const PageSetupRecord& Record() const { return m_Record; }
+    [[nodiscard]] const PageSetupRecord& Record() const { return m_record; }
     /// True when `Update` has something to write.
-    [[nodiscard]] bool IsChanged() const { return m_Changed; }
+    [[nodiscard]] bool IsChanged() const { return m_changed; }
 
-    std::string CanonicalMediaName() override { return m_Record.CanonicalMediaName; }
-    std::string LocaleMedianame() override { return m_Record.LocaleMedianame; }
-    double PaperWidth() override { return m_Record.PaperWidth; }
-    double PaperHeight() override { return m_Record.PaperHeight; }
-    std::int32_t PlotRotation() override { return m_Record.PlotRotation; }
-    std::int32_t PlotType() override { return m_Record.PlotType; }
-    VariantBool CenterPlot() override { return Flag(m_Record.CenterPlot); }
-    double PlotOriginX() override { return m_Record.PlotOriginX; }
-    double PlotOriginY() override { return m_Record.PlotOriginY; }
-    VariantBool UseStandardScale() override { return Flag(m_Record.UseStandardScale); }
-    std::int32_t StandardScale() override { return m_Record.StandardScale; }
-    double ScaleNumer() override { return m_Record.ScaleNumer; }
-    double ScaleDenom() override { return m_Record.ScaleDenom; }
-    std::int32_t PaperUnits() override { return m_Record.PaperUnits; }
-    VariantBool PlotWithPlotStyles() override { return Flag(m_Record.PlotWithPlotStyles); }
-    std::string StyleSheet() override { return m_Record.StyleSheet; }
-    VariantBool ShowPlotStyles() override { return Flag(m_Record.ShowPlotStyles); }
-    VariantBool PlotHidden() override { return Flag(m_Record.PlotHidden); }
-    VariantBool PlotViewportsFirst() override { return Flag(m_Record.PlotViewportsFirst); }
-    VariantBool PlotWithLineweights() override { return Flag(m_Record.PlotWithLineweights); }
-    VariantBool ScaleLineWeights() override { return Flag(m_Record.ScaleLineWeights); }
-    VariantBool PlotViewportBorders() override { return Flag(m_Record.PlotViewportBorders); }
-    double WinLowerLeftX() override { return m_Record.WinLowerLeftX; }
-    double WinLowerLeftY() override { return m_Record.WinLowerLeftY; }
-    double WinUpperRightX() override { return m_Record.WinUpperRightX; }
-    double WinUpperRightY() override { return m_Record.WinUpperRightY; }
-    std::string ViewToPlot() override { return m_Record.ViewToPlot; }
+    std::string CanonicalMediaName() override { return m_record.CanonicalMediaName; }
+    std::string LocaleMedianame() override { return m_record.LocaleMedianame; }
+    double PaperWidth() override { return m_record.PaperWidth; }
+    double PaperHeight() override { return m_record.PaperHeight; }
+    std::int32_t PlotRotation() override { return m_record.PlotRotation; }
+    std::int32_t PlotType() override { return m_record.PlotType; }
+    VariantBool CenterPlot() override { return Flag(m_record.CenterPlot); }
+    double PlotOriginX() override { return m_record.PlotOriginX; }
+    double PlotOriginY() override { return m_record.PlotOriginY; }
+    VariantBool UseStandardScale() override { return Flag(m_record.UseStandardScale); }
+    std::int32_t StandardScale() override { return m_record.StandardScale; }
+    double ScaleNumer() override { return m_record.ScaleNumer; }
+    double ScaleDenom() override { return m_record.ScaleDenom; }
+    std::int32_t PaperUnits() override { return m_record.PaperUnits; }
+    VariantBool PlotWithPlotStyles() override { return Flag(m_record.PlotWithPlotStyles); }
+    std::string StyleSheet() override { return m_record.StyleSheet; }
+    VariantBool ShowPlotStyles() override { return Flag(m_record.ShowPlotStyles); }
+    VariantBool PlotHidden() override { return Flag(m_record.PlotHidden); }
+    VariantBool PlotViewportsFirst() override { return Flag(m_record.PlotViewportsFirst); }
+    VariantBool PlotWithLineweights() override { return Flag(m_record.PlotWithLineweights); }
+    VariantBool ScaleLineWeights() override { return Flag(m_record.ScaleLineWeights); }
+    VariantBool PlotViewportBorders() override { return Flag(m_record.PlotViewportBorders); }
+    double WinLowerLeftX() override { return m_record.WinLowerLeftX; }
+    double WinLowerLeftY() override { return m_record.WinLowerLeftY; }
+    double WinUpperRightX() override { return m_record.WinUpperRightX; }
+    double WinUpperRightY() override { return m_record.WinUpperRightY; }
+    std::string ViewToPlot() override { return m_record.ViewToPlot; }
 
 private:
     static VariantBool Flag(std::int32_t value) { return value != 0 ? kTrue : kFalse; }
@@ -75,13 +75,13 @@ private:
 
     bool ReadRecord(std::int32_t source, const std::shared_ptr<IAcadDocument>& document, PageSetupRecord& record);
 
-    std::unique_ptr<CallContext> m_OwnContext; ///< null inside a call of the plug-in
-    CallContext& m_Context;
-    PageSetupRecord m_Record;
-    PageSetupRecord m_Saved;                   ///< as read by `Initialize`
-    std::shared_ptr<IAcadDocument> m_Document; ///< set for the drawing's page setup only
-    std::int32_t m_Source = kPageSetupNative;  ///< until `Initialize`: nothing to write or show
-    bool m_Changed = false;
+    std::unique_ptr<CallContext> m_ownContext; ///< null inside a call of the plug-in
+    CallContext& m_context;
+    PageSetupRecord m_record;
+    PageSetupRecord m_saved;                   ///< as read by `Initialize`
+    std::shared_ptr<IAcadDocument> m_document; ///< set for the drawing's page setup only
+    std::int32_t m_source = kPageSetupNative;  ///< until `Initialize`: nothing to write or show
+    bool m_changed = false;
 };
 
 } // namespace sm

@@ -59,95 +59,95 @@ void cAcadPageSetup::IAcadPageSetup_CopyFrom(IAcadPageSetup& other)
     CopyLengths(other, record);
     CopyFlags(other, record);
     MendScale(record);
-    m_Record = record;
-    m_Changed = true;
+    m_record = record;
+    m_changed = true;
 }
 
 void cAcadPageSetup::IAcadPageSetup_SetStandardMedia(std::int32_t index)
 {
     std::vector<PaperSize> table;
-    m_Changed = true;
+    m_changed = true;
     if (index < 0 || index >= LoadPaperTable(table))
         return;
     const PaperSize& row = table[static_cast<std::size_t>(index)];
-    m_Record.CanonicalMediaName = row.CanonicalMediaName;
-    m_Record.LocaleMedianame = row.LocaleMedianame;
-    m_Record.PaperWidth = row.Width;
-    m_Record.PaperHeight = row.Height;
+    m_record.CanonicalMediaName = row.CanonicalMediaName;
+    m_record.LocaleMedianame = row.LocaleMedianame;
+    m_record.PaperWidth = row.Width;
+    m_record.PaperHeight = row.Height;
 }
 
 void cAcadPageSetup::IAcadPageSetup_SetCustomMedia(double width, double height, std::int32_t units)
 {
-    m_Record.PaperWidth = width;
-    m_Record.PaperHeight = height;
-    m_Record.PaperUnits = units;
-    m_Changed = true;
+    m_record.PaperWidth = width;
+    m_record.PaperHeight = height;
+    m_record.PaperUnits = units;
+    m_changed = true;
 }
 
 void cAcadPageSetup::IAcadPageSetup_SetPlotType(std::int32_t plotType)
 {
-    m_Record.PlotType = plotType;
-    m_Changed = true;
+    m_record.PlotType = plotType;
+    m_changed = true;
 }
 
 void cAcadPageSetup::IAcadPageSetup_SetWindowToPlot(double llx, double lly, double urx, double ury)
 {
-    m_Record.WinLowerLeftX = llx;
-    m_Record.WinLowerLeftY = lly;
-    m_Record.WinUpperRightX = urx;
-    m_Record.WinUpperRightY = ury;
-    m_Changed = true;
+    m_record.WinLowerLeftX = llx;
+    m_record.WinLowerLeftY = lly;
+    m_record.WinUpperRightX = urx;
+    m_record.WinUpperRightY = ury;
+    m_changed = true;
 }
 
 void cAcadPageSetup::IAcadPageSetup_SetPlotStyle(const std::string& name)
 {
-    m_Record.StyleSheet = name;
-    m_Changed = true;
+    m_record.StyleSheet = name;
+    m_changed = true;
 }
 
 void cAcadPageSetup::IAcadPageSetup_SetViewToPlot(const std::string& name)
 {
-    m_Record.ViewToPlot = name;
-    m_Changed = true;
+    m_record.ViewToPlot = name;
+    m_changed = true;
 }
 
 void cAcadPageSetup::IAcadPageSetup_SetPlotOffset(VariantBool center, double x, double y, std::int32_t units)
 {
     const double unit = units == kInches ? kMillimetresPerInch : 1;
-    m_Record.CenterPlot = BoolToBit(center);
-    m_Record.PlotOriginX = x * unit;
-    m_Record.PlotOriginY = y * unit;
-    m_Changed = true;
+    m_record.CenterPlot = BoolToBit(center);
+    m_record.PlotOriginX = x * unit;
+    m_record.PlotOriginY = y * unit;
+    m_changed = true;
 }
 
 void cAcadPageSetup::IAcadPageSetup_SetStandardScale(std::int32_t code)
 {
-    m_Record.StandardScale = code;
-    m_Record.UseStandardScale = 1;
-    m_Changed = true;
+    m_record.StandardScale = code;
+    m_record.UseStandardScale = 1;
+    m_changed = true;
 }
 
 void cAcadPageSetup::IAcadPageSetup_SetCustomScale(double numerator, double denominator,
                                                    std::optional<std::int32_t> units)
 {
-    m_Record.ScaleNumer = numerator;
-    m_Record.ScaleDenom = denominator;
-    m_Record.UseStandardScale = 0;
+    m_record.ScaleNumer = numerator;
+    m_record.ScaleDenom = denominator;
+    m_record.UseStandardScale = 0;
     if (units)
-        m_Record.PaperUnits = *units == kMillimetres ? kMillimetres : kInches;
-    m_Changed = true;
+        m_record.PaperUnits = *units == kMillimetres ? kMillimetres : kInches;
+    m_changed = true;
 }
 
 void cAcadPageSetup::IAcadPageSetup_SetPlotOptions(VariantBool scaleLineWeights, VariantBool plotWithLineweights,
                                                    VariantBool plotWithPlotStyles, VariantBool plotViewportsFirst,
                                                    VariantBool plotHidden)
 {
-    m_Record.ScaleLineWeights = BoolToBit(scaleLineWeights);
-    m_Record.PlotWithLineweights = BoolToBit(plotWithLineweights);
-    m_Record.PlotWithPlotStyles = BoolToBit(plotWithPlotStyles);
-    m_Record.PlotViewportsFirst = BoolToBit(plotViewportsFirst);
-    m_Record.PlotHidden = BoolToBit(plotHidden);
-    m_Changed = true;
+    m_record.ScaleLineWeights = BoolToBit(scaleLineWeights);
+    m_record.PlotWithLineweights = BoolToBit(plotWithLineweights);
+    m_record.PlotWithPlotStyles = BoolToBit(plotWithPlotStyles);
+    m_record.PlotViewportsFirst = BoolToBit(plotViewportsFirst);
+    m_record.PlotHidden = BoolToBit(plotHidden);
+    m_changed = true;
 }
 
 } // namespace sm

@@ -5,18 +5,18 @@
 namespace sm {
 
 cAcadTransferSettings::cAcadTransferSettings(Surroundings& surroundings)
-    : m_Surroundings(surroundings), m_Current(ReadTransferFlags(surroundings)), m_Saved(m_Current)
+    : m_surroundings(surroundings), m_Current(ReadTransferFlags(surroundings)), m_Saved(m_Current)
 {
 }
 
 void cAcadTransferSettings::IAcadTransferSettings_Restore()
 {
-    WriteTransferFlags(m_Surroundings, m_Saved);
+    WriteTransferFlags(m_surroundings, m_Saved);
 }
 
 void cAcadTransferSettings::IAcadTransferSettings_Update()
 {
-    WriteTransferFlags(m_Surroundings, m_Current);
+    WriteTransferFlags(m_surroundings, m_Current);
 }
 
 } // namespace sm

@@ -27,7 +27,7 @@ private:
     void IAcadTransferSettings_Restore() override;
     void IAcadTransferSettings_Update() override;
 
-    Surroundings& m_Surroundings;
+    Surroundings& m_surroundings;
     TransferFlags m_Current;
     const TransferFlags m_Saved; ///< as loaded
 };

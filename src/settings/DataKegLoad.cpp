@@ -1,5 +1,5 @@
 #include "plotting/PaperTable.h"
-#include "plugin/Attempt.h"
+#include "plugin/CarryPast.h"
 #include "settings/DrawingValues.h"
 #include "settings/GeneralSettingsIO.h"
 #include "settings/mdlDataKegIO.h"
@@ -15,8 +15,8 @@ constexpr std::int32_t kNoPlotSettings = -2;
 std::vector<std::string> PlotStyles(CallContext& context, IAcadLayout& layout)
 {
     // A host lists its tables as of the last refresh; without one the list may be empty.
-    CarryOn([&] { layout.RefreshPlotDeviceInfo(); }, NoteCarriedPast(context, "PlotStyles"));
-    const auto names = CarryOn([&] { return layout.GetPlotStyleTableNames(); }, NoteCarriedPast(context, "PlotStyles"));
+    CarryPast(context, "PlotStyles", [&] { layout.RefreshPlotDeviceInfo(); });
+    const auto names = CarryPast(context, "PlotStyles", [&] { return layout.GetPlotStyleTableNames(); });
     std::vector<std::string> styles = {"None"};
     if (names)
         styles.insert(styles.end(), names->begin(), names->end());
@@ -35,11 +35,10 @@ void FillLists(CallContext& context, IAcadDocument& document, IAcadLayout& layou
 /// The entry of `layout`, but for what the records hold. Throws when the layout's name can't be read.
 LayoutSettings EntryOf(CallContext& context, IAcadDocument& document, IAcadLayout& layout)
 {
-    const auto report = NoteCarriedPast(context, "LayoutSettings");
     LayoutSettings entry;
     entry.LayoutName = layout.Name();
-    entry.DrawingFullName = CarryOn([&] { return document.FullName(); }, report).value_or("");
-    const auto block = CarryOn([&] { return Present(layout.Block(), "Block")->Name(); }, report);
+    entry.DrawingFullName = CarryPast(context, "EntryOf", [&] { return document.FullName(); }).value_or("");
+    const auto block = CarryPast(context, "EntryOf", [&] { return Present(layout.Block(), "Block")->Name(); });
     entry.IsModelSpace = context.surroundings.locale.LowerCase(block.value_or("")) == "*model_space";
     return entry;
 }
@@ -71,7 +70,7 @@ std::int32_t LoadDialogRecords(CallContext& context, IAcadDocument& document, IA
 
 bool LoadForConversion(CallContext& context, IAcadDocument& document, DataKeg& keg)
 {
-    const auto load = [&] {
+    return CarryPast(context, "LoadForConversion", [&] {
         DataKeg loaded;
         const auto layout = BeginLoad(context, document, loaded);
         LayoutSettings& entry = loaded.Layouts.front();
@@ -80,21 +79,20 @@ bool LoadForConversion(CallContext& context, IAcadDocument& document, DataKeg& k
         ReadAttachments(context, document, entry.Attachments);
         ReadSignatureFields(context, document, entry.SignatureFields);
         keg = std::move(loaded);
-    };
-    return CarryOn(load, NoteCarriedPast(context, "LoadForConversion"));
+    });
 }
 
 std::int32_t LoadForDialog(CallContext& context, IAcadDocument& document, DataKeg& keg)
 {
-    const auto load = [&] {
+    const auto status = CarryPast(context, "LoadForDialog", [&] {
         DataKeg loaded;
         const auto layout = BeginLoad(context, document, loaded);
-        const std::int32_t status = LoadDialogRecords(context, document, *layout, loaded);
-        if (status == kLoaded)
+        const std::int32_t result = LoadDialogRecords(context, document, *layout, loaded);
+        if (result == kLoaded)
             keg = std::move(loaded);
-        return status;
-    };
-    return CarryOn(load, NoteCarriedPast(context, "LoadForDialog")).value_or(kLoadFailed);
+        return result;
+    });
+    return status.value_or(kLoadFailed);
 }
 
 bool SaveFromDialog(CallContext& context, const DataKeg& keg, IAcadDocument& document)

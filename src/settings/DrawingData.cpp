@@ -1,4 +1,4 @@
-#include "plugin/Attempt.h"
+#include "plugin/CarryPast.h"
 #include "settings/DrawingValues.h"
 #include "settings/mdlDataKegIO.h"
 
@@ -28,36 +28,30 @@ std::vector<std::string> TextsOf(const AcadXData& data)
 std::vector<std::string> GetDrawingData(CallContext& context, const std::string& recordName, std::int32_t expectedCount,
                                         IAcadDocument& document, bool* failed)
 {
-    if (failed != nullptr)
-        *failed = false;
-    const auto read = [&] {
+    const auto read = CarryPast(context, "GetDrawingData", [&] {
         std::vector<std::string> values =
             TextsOf(Present(document.Dictionaries(), "Dictionaries")->GetXData(ApplicationName(recordName)));
         const std::size_t fixedSize = static_cast<std::size_t>(expectedCount) + 1;
         if (expectedCount > 0 && values.size() != fixedSize)
             values.assign(fixedSize, std::string());
         return values;
-    };
-    return GiveUp(read, [&](const std::string& description) {
-        if (failed != nullptr)
-            *failed = true;
-        NoteCarriedPast(context, "GetDrawingData")(description);
-        return std::vector<std::string>();
     });
+    if (failed != nullptr)
+        *failed = !read;
+    return read.value_or(std::vector<std::string>());
 }
 
 void SetDrawingData(CallContext& context, const std::string& recordName, const std::vector<AcadVariant>& values,
                     IAcadDocument& document)
 {
-    const auto write = [&] {
+    CarryPast(context, "SetDrawingData", [&] {
         AcadXData data;
         data.codes.push_back(kApplicationCode);
         data.values.emplace_back(ApplicationName(recordName));
         data.codes.resize(values.size() + 1, kTextCode);
         data.values.insert(data.values.end(), values.begin(), values.end());
         Present(document.Dictionaries(), "Dictionaries")->SetXData(data);
-    };
-    CarryOn(write, NoteCarriedPast(context, "SetDrawingData"));
+    });
 }
 
 std::int32_t ReadPlotSelection(CallContext& context, IAcadDocument& document)
@@ -73,9 +67,7 @@ bool WritePlotSelection(CallContext& context, IAcadDocument& document, std::int3
 
 std::string LoginName(CallContext& context, IAcadDocument& document)
 {
-    const auto name =
-        CarryOn([&] { return HostText(document.GetVariable("LOGINNAME")); }, NoteCarriedPast(context, "LoginName"));
-    return name.value_or("");
+    return CarryPast(context, "LoginName", [&] { return HostText(document.GetVariable("LOGINNAME")); }).value_or("");
 }
 
 } // namespace sm

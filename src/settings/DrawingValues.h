@@ -1,22 +1,14 @@
 // Small tools that the readers and writers of the drawing records share.
 #pragma once
 
-#include "plugin/CallContext.h"
 #include "ports/HostError.h"
 #include "settings/mdlUtilities.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace sm {
-
-/// Tells the observer which routine carried past a failing call; for the reports of `CarryOn` and `GiveUp`.
-inline auto NoteCarriedPast(CallContext& context, const char* routine)
-{
-    return [&context, routine](const std::string& description) {
-        context.surroundings.observer.CarriedPast(routine, description);
-    };
-}
 
 /// The object itself; a null one counts as a failing host call.
 template <class Object> std::shared_ptr<Object> Present(std::shared_ptr<Object> object, const char* name)

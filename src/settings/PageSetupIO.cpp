@@ -1,4 +1,4 @@
-#include "plugin/Attempt.h"
+#include "plugin/CarryPast.h"
 #include "settings/DrawingValues.h"
 #include "settings/PageSetupFields.h"
 #include "settings/mdlDataKegIO.h"
@@ -50,9 +50,9 @@ PageSetupRecord LayoutRecord(CallContext& context, IAcadLayout& layout)
     record.ConfigName = layout.ConfigName();
     record.CanonicalMediaName = layout.CanonicalMediaName();
     // The display name is for the eye only, and a medium that its device no longer offers has none.
-    record.LocaleMedianame = CarryOn([&] { return layout.GetLocaleMediaName(record.CanonicalMediaName); },
-                                     NoteCarriedPast(context, "ReadLayoutPageSetup"))
-                                 .value_or("");
+    record.LocaleMedianame = CarryPast(context, "ReadLayoutPageSetup", [&] {
+                                 return layout.GetLocaleMediaName(record.CanonicalMediaName);
+                             }).value_or("");
     record.StyleSheet = layout.StyleSheet();
     record.PlotRotation = layout.PlotRotation();
     ReadPlotArea(layout, record);
@@ -107,7 +107,7 @@ void WriteGlobalPageSetup(Surroundings& surroundings, const PageSetupRecord& rec
 
 bool ReadLayoutPageSetup(CallContext& context, IAcadLayout& layout, PageSetupRecord& record)
 {
-    return CarryOn([&] { record = LayoutRecord(context, layout); }, NoteCarriedPast(context, "ReadLayoutPageSetup"));
+    return CarryPast(context, "ReadLayoutPageSetup", [&] { record = LayoutRecord(context, layout); });
 }
 
 } // namespace sm
