@@ -1,9 +1,12 @@
-// Host validation and the conversion log: the two services that every module leans on.
+// Host validation and the conversion log: the services that every module leans on.
 #pragma once
 
 #include "plugin/CallContext.h"
 
 namespace sm {
+
+inline constexpr const char* kProductTitle = "Tarnwick Sheetmaker PDF";
+inline constexpr const char* kLogFileName = "SmPdfAcad.log";
 
 /// Writes `text` as one line to the open log; nothing when none is open. Throws what the log throws.
 void LogLine(CallContext& context, const std::string& text);
@@ -18,5 +21,12 @@ bool ValidateHost(CallContext& context, VariantBool quiet, const std::shared_ptr
 /// A message of the product: title and help file filled in. Returns the answer.
 MessageAnswer ShowProductMessage(CallContext& context, const std::string& text, MessageButtons buttons,
                                  MessageIcon icon, std::int32_t helpContext);
+
+/// The message of an unknown failure; shows the conversion log when the user asks for it. Never throws.
+void OfferConversionLog(CallContext& context);
+
+/// The call's application and drawing. Throw HostError outside a call, or when the host gave none.
+IAcadApplication& HostApplication(const CallContext& context);
+IAcadDocument& ActiveDrawing(const CallContext& context);
 
 } // namespace sm

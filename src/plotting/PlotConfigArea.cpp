@@ -1,0 +1,171 @@
+// Window, view, plot type, origin and scale of a plot configuration.
+#include "plotting/PlotConfig.h"
+
+#include "plugin/CarryPast.h"
+#include "plugin/mdlAcadHelper.h"
+#include "settings/mdlUtilities.h"
+
+namespace sm {
+namespace {
+
+constexpr double kMillimetresPerInch = 25.4;
+constexpr std::int32_t kPlotView = 3, kPlotWindow = 4, kPlotLayout = 5;
+constexpr std::int32_t kInches = 0, kMillimetres = 1;
+
+std::string PlotTypeText(std::int32_t type)
+{
+    static constexpr const char* kNames[] = {"Display", "Extents", "Limits", "View", "Window", "Layout"};
+    return type >= 0 && type <= kPlotLayout ? kNames[type] : "";
+}
+
+std::string PaperUnitsText(std::int32_t units)
+{
+    static constexpr const char* kNames[] = {"Inches", "Millimeters", "Pixels"};
+    return units >= 0 && units <= 2 ? kNames[units] : "";
+}
+
+std::string PairText(double x, double y)
+{
+    return NumberText(x) + " " + NumberText(y);
+}
+
+} // namespace
+
+PlotConfig::StepResult PlotConfig::SetWindow()
+{
+    Trace("  Window LowerLeft: " + PairText(m_record.WinLowerLeftX, m_record.WinLowerLeftY));
+    Trace("  Window UpperRight: " + PairText(m_record.WinUpperRightX, m_record.WinUpperRightY));
+    WriteWindow();
+    return {};
+}
+
+void PlotConfig::WriteWindow()
+{
+    m_layout.SetWindowToPlot({m_record.WinLowerLeftX, m_record.WinLowerLeftY, 0},
+                             {m_record.WinUpperRightX, m_record.WinUpperRightY, 0});
+}
+
+PlotConfig::StepResult PlotConfig::SetView()
+{
+    if (m_record.PlotType != kPlotView)
+        return {};
+    Trace("  PlotView: " + m_record.ViewToPlot);
+    if (!DrawingHasView())
+        return kConfigViewMissing;
+    if (!CarryPast(m_context, "SetAcadPlotConfig", [&] { m_layout.SetViewToPlot(m_record.ViewToPlot); }))
+        return kConfigViewRefused;
+    return {};
+}
+
+bool PlotConfig::DrawingHasView()
+{
+    ILocale& locale = m_context.surroundings.locale;
+    const std::string wanted = locale.LowerCase(m_record.ViewToPlot);
+    const auto views = ActiveDrawing(m_context).Views();
+    const std::int32_t count = views->Count();
+    for (std::int32_t i = 0; i < count; ++i) {
+        if (locale.LowerCase(views->Item(i)->Name()) == wanted)
+            return true;
+    }
+    return false;
+}
+
+PlotConfig::StepResult PlotConfig::SetPlotArea()
+{
+    Trace("  PlotType: " + PlotTypeText(m_record.PlotType));
+    const bool modelTab = m_layout.ModelType();
+    m_layout.SetPlotType(m_record.PlotType);
+    if (modelTab) {
+        WriteCenter();
+        WriteOrigin();
+    } else {
+        SetPaperArea();
+    }
+    return {};
+}
+
+void PlotConfig::SetPaperArea()
+{
+    if (m_record.PlotType == kPlotLayout) {
+        if (!m_restore)
+            UseWindowInPlaceOfLayout();
+        WriteOrigin();
+        Trace("  CenterPlot: Not Set");
+        return;
+    }
+    WriteCenter();
+    if (m_record.CenterPlot == 0)
+        WriteOrigin();
+}
+
+/// A layout's coordinates begin at the lower-left corner of its printable area, so the window that stands for it does.
+void PlotConfig::UseWindowInPlaceOfLayout()
+{
+    Trace("           [Use PlotType Window in place of Layout]");
+    double width = 0, height = 0;
+    AcadPoint leftBottom, rightTop;
+    m_layout.GetPaperSize(width, height);
+    m_layout.GetPaperMargins(leftBottom, rightTop);
+    const double unit = m_record.PaperUnits == kMillimetres ? 1 : kMillimetresPerInch;
+    m_record.WinLowerLeftX = m_record.WinLowerLeftY = 0;
+    m_record.WinUpperRightX = (width - leftBottom.x - rightTop.x) / unit;
+    m_record.WinUpperRightY = (height - leftBottom.y - rightTop.y) / unit;
+    Trace("           [Window LowerLeft: " + PairText(m_record.WinLowerLeftX, m_record.WinLowerLeftY) + "]");
+    Trace("           [Window UpperRight: " + PairText(m_record.WinUpperRightX, m_record.WinUpperRightY) + "]");
+    WriteWindow();
+    m_layout.SetPlotType(kPlotWindow);
+    Trace("           [PlotType: Window]");
+}
+
+void PlotConfig::WriteCenter()
+{
+    const bool center = m_record.CenterPlot != 0;
+    Trace(std::string("  CenterPlot: ") + (center ? "1" : "0"));
+    m_layout.SetCenterPlot(center);
+}
+
+void PlotConfig::WriteOrigin()
+{
+    Trace("  PlotOrigin: " + PairText(m_record.PlotOriginX, m_record.PlotOriginY));
+    m_layout.SetPlotOrigin({m_record.PlotOriginX, m_record.PlotOriginY, 0});
+}
+
+PlotConfig::StepResult PlotConfig::SetScale()
+{
+    if (m_record.UseStandardScale != 0)
+        SetStandardScale();
+    else
+        SetCustomScale();
+    return {};
+}
+
+void PlotConfig::SetStandardScale()
+{
+    Trace("  PaperUnits: " + PaperUnitsText(m_record.PaperUnits));
+    m_layout.SetPaperUnits(m_record.PaperUnits);
+    Trace("  UseStandardScale: 1");
+    m_layout.SetUseStandardScale(true);
+    Trace("  StandardScale: " + std::to_string(m_record.StandardScale));
+    m_layout.SetStandardScale(m_record.StandardScale);
+}
+
+void PlotConfig::SetCustomScale()
+{
+    const std::int32_t layoutUnits = m_layout.PaperUnits();
+    Trace("  PaperUnits: " + PaperUnitsText(layoutUnits));
+    if (layoutUnits == kInches && m_record.PaperUnits == kMillimetres)
+        m_record.ScaleNumer /= kMillimetresPerInch;
+    else if (layoutUnits == kMillimetres && m_record.PaperUnits == kInches)
+        m_record.ScaleNumer *= kMillimetresPerInch;
+    if (m_record.ScaleNumer == 0)
+        m_record.ScaleNumer = 1;
+    if (m_record.ScaleDenom == 0)
+        m_record.ScaleDenom = 1;
+    Trace("  UseStandardScale: False");
+    m_layout.SetUseStandardScale(false);
+    Trace("  ScaleNumer: " + NumberText(m_record.ScaleNumer));
+    Trace("  ScaleDenom: " + NumberText(m_record.ScaleDenom));
+    m_layout.SetCustomScale(m_record.ScaleNumer, m_record.ScaleDenom);
+}
+
+} // namespace sm

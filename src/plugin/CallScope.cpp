@@ -1,0 +1,37 @@
+#include "plugin/CallScope.h"
+
+#include "plugin/CarryPast.h"
+#include "plugin/mdlAcadHelper.h"
+
+namespace sm {
+
+CallScope::CallScope(CallContext& context, const std::shared_ptr<IAcadApplication>& app, ClearFirst clearFirst)
+    : m_context(context), m_clearFirst(clearFirst)
+{
+    m_context.g_AcadApp = app;
+    m_context.g_AcadDoc =
+        CarryPast(context, "CallScope", [&] { return HostApplication(m_context).ActiveDocument(); }).value_or(nullptr);
+    m_context.g_Log = CarryPast(context, "CallScope", [&] {
+                          return m_context.surroundings.library.CreateConversionLog();
+                      }).value_or(nullptr);
+    if (m_context.g_Log != nullptr)
+        CarryPast(context, "CallScope", [&] { m_context.g_Log->OpenLog(kLogFileName, kProductTitle); });
+}
+
+CallScope::~CallScope()
+{
+    if (m_context.g_Log != nullptr)
+        CarryPast(m_context, "CallScope", [&] { m_context.g_Log->CloseLog(); });
+    if (m_clearFirst == ClearFirst::Host)
+        ClearHost();
+    m_context.g_Log = nullptr;
+    ClearHost();
+}
+
+void CallScope::ClearHost() noexcept
+{
+    m_context.g_AcadApp = nullptr;
+    m_context.g_AcadDoc = nullptr;
+}
+
+} // namespace sm

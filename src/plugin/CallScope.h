@@ -1,0 +1,26 @@
+// The life of one call's context: host, drawing and open log, put back when the scope ends.
+#pragma once
+
+#include "plugin/CallContext.h"
+
+namespace sm {
+
+/// Sets the context and opens the conversion log; the destructor closes the log and clears the context. What can't be
+/// had stays null: without a log the call's lines are dropped. Nothing throws.
+class CallScope {
+public:
+    /// What the end of the scope clears first, after the log is closed.
+    enum class ClearFirst { Log, Host };
+
+    CallScope(CallContext& context, const std::shared_ptr<IAcadApplication>& app, ClearFirst clearFirst);
+    ~CallScope();
+    CallScope(const CallScope&) = delete;
+    CallScope& operator=(const CallScope&) = delete;
+
+private:
+    void ClearHost() noexcept;
+    CallContext& m_context;
+    ClearFirst m_clearFirst;
+};
+
+} // namespace sm
