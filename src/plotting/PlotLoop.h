@@ -50,7 +50,10 @@ private:
     Next Leave(std::int32_t status, Next exit);
     /// The message, unless the call is silent.
     void Tell(PlotMessage message);
-    template <class Call> auto CarryPast(Call&& call) noexcept;
+    template <class Call> auto CarryPast(Call&& call) noexcept
+    {
+        return sm::CarryPast(m_context, "PlotLayoutToPubDoc", std::forward<Call>(call));
+    }
 
     CallContext& m_context;
     IPubDoc& m_pubDoc;
