@@ -1,0 +1,36 @@
+// The seam between "what pages a document has" and "what turns PostScript into PDF pages".
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace sm::publisher {
+
+/// One page to be made. `number` is its place in the document from 1, which error texts name.
+struct PageSource {
+    std::string psPath;
+    double width = 0, height = 0; ///< points
+    std::int32_t resolution = 600;
+    std::size_t number = 0;
+};
+
+/// A PDF whose page k is the k-th page asked for: in memory when `bytes` is set, else the file at `path`.
+struct MadePages {
+    std::string path;
+    std::shared_ptr<const std::string> bytes;
+};
+
+class IPageMaker {
+public:
+    virtual ~IPageMaker() = default;
+    /// Makes `pages`, which share one resolution and `jobOptions` (our clean text of them; empty for none), in
+    /// order. Files go to `folder`, which is private, empty at the call and removed by the caller.
+    /// Throws PublishFailure that names the page.
+    virtual MadePages MakePages(const std::vector<PageSource>& pages, const std::string& jobOptions,
+                                const std::string& folder) = 0;
+};
+
+} // namespace sm::publisher

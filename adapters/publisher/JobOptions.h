@@ -1,0 +1,28 @@
+// Reader of job options files (".joboptions"): settings for making PDF pages from PostScript, in PostScript notation.
+//
+// Grammar: ( "<<" (/Name value)* ">>" ("setdistillerparams" | "setpagedevice") )*  with "%" comments. Values are
+// true, false, null, numbers, names, (strings), <hex strings>, [arrays] and nested << >>. Nothing is executed.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sm::publisher {
+
+struct JobOptions {
+    /// The settings that are kept, as one clean line per setting for `setdistillerparams`; empty when none are.
+    std::string text;
+    /// Names of settings that were left out: unknown ones, and those that would spoil the pages' size or order.
+    std::vector<std::string> leftOut;
+};
+
+/// Reads settings from the bytes of a file. Throws PublishFailure(JobOptionsUnusable) whose text names `path`, the
+/// line and the remedy.
+JobOptions ParseJobOptions(std::string_view bytes, const std::string& path);
+
+/// Reads the file at `path`; an empty path gives no settings. Throws as above, also when the file is missing,
+/// unreadable, a folder, or larger than 1 MB.
+JobOptions ReadJobOptionsFile(const std::string& path);
+
+} // namespace sm::publisher

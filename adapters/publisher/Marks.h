@@ -1,0 +1,49 @@
+// The marks that wait for a page until the PDF is saved. Coordinates are points from the page's lower-left corner.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace sm::publisher {
+
+struct TextStampMark {
+    double x = 0, y = 0;
+    std::string text;
+    std::string fontName;
+    std::int32_t fontSize = 0;
+    std::int32_t color = 0;         ///< red in the low byte
+    std::int32_t justification = 0; ///< 0 left, 1 centre, 2 right of the point
+    friend bool operator==(const TextStampMark&, const TextStampMark&) = default;
+};
+
+struct SignatureFieldMark {
+    double x1 = 0, y1 = 0, x2 = 0, y2 = 0; ///< two opposite corners in any order
+    std::string name;
+    std::string label;
+    friend bool operator==(const SignatureFieldMark&, const SignatureFieldMark&) = default;
+};
+
+struct AttachmentMark {
+    double x = 0, y = 0;
+    std::string filePath;
+    friend bool operator==(const AttachmentMark&, const AttachmentMark&) = default;
+};
+
+struct LinkMark {
+    double x1 = 0, y1 = 0, x2 = 0, y2 = 0; ///< two opposite corners in any order
+    std::string url;
+    friend bool operator==(const LinkMark&, const LinkMark&) = default;
+};
+
+struct PropertyMark {
+    std::string name;
+    std::string value;
+    friend bool operator==(const PropertyMark&, const PropertyMark&) = default;
+};
+
+using Mark = std::variant<TextStampMark, SignatureFieldMark, AttachmentMark, LinkMark, PropertyMark>;
+using Marks = std::vector<Mark>;
+
+} // namespace sm::publisher

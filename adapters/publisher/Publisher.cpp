@@ -1,0 +1,39 @@
+#include "publisher/Publisher.h"
+
+#include "publisher/ConversionLog.h"
+#include "publisher/GhostscriptPageMaker.h"
+#include "publisher/PubDoc.h"
+
+namespace sm::publisher {
+
+namespace {
+
+class Publisher : public IPublishingLibrary {
+public:
+    Publisher(const PublisherOptions& options, IDesktop& desktop) : m_options(options), m_desktop(desktop) {}
+
+    std::shared_ptr<IPubDoc> CreatePubDoc() override
+    {
+        return std::make_shared<PubDoc>(
+            m_options, m_desktop,
+            CreateGhostscriptPageMaker({m_options.interpreter, m_options.deadline, m_options.deadlinePerMegabyte}));
+    }
+
+    std::shared_ptr<IConversionLog> CreateConversionLog() override
+    {
+        return std::make_shared<ConversionLog>(m_options, m_desktop);
+    }
+
+private:
+    PublisherOptions m_options;
+    IDesktop& m_desktop;
+};
+
+} // namespace
+
+std::unique_ptr<IPublishingLibrary> CreatePublisher(const PublisherOptions& options, IDesktop& desktop)
+{
+    return std::make_unique<Publisher>(options, desktop);
+}
+
+} // namespace sm::publisher

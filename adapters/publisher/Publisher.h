@@ -1,0 +1,56 @@
+// The embedded publishing library: PostScript files and marks become one PDF; the conversion log is a text file.
+#pragma once
+
+#include "ports/IDesktop.h"
+#include "ports/IPubDoc.h"
+
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace sm::publisher {
+
+/// What one successful `SaveToPdf` did.
+struct SaveReport {
+    std::string pdfPath;
+    std::size_t pages = 0;
+    std::size_t interpreterRuns = 0;
+    std::size_t marksNotDrawn = 0;
+    std::uintmax_t pdfBytes = 0;
+    std::chrono::microseconds makingPages{0}; ///< wall time in the PostScript interpreter
+    std::chrono::microseconds assembling{0};  ///< wall time of structure, compression and writing
+};
+
+/// Callbacks; empty ones are skipped. They run on the caller's thread and must not throw.
+struct PublishObserver {
+    /// One line in plain words about something that was carried past or isn't done.
+    std::function<void(const std::string& line)> note;
+    std::function<void(const SaveReport& report)> saved;
+};
+
+struct PublisherOptions {
+    /// Folder of the conversion log; made when missing (mode 0700).
+    std::string logFolder;
+    /// Takes the place of the log's file name when not empty, so that worker processes write files of their own.
+    std::string logFileName;
+    /// Receives the log's whole text when no program can show it; empty: nothing is printed.
+    std::function<void(const std::string& text)> printLog;
+    /// Where documents make their private temporary folders; empty: $TMPDIR or the system's.
+    std::string workFolder;
+    /// Name looked up on $PATH, or a path.
+    std::string interpreter = "gs";
+    /// A run of the interpreter may take `deadline` and, for each megabyte of PostScript, `deadlinePerMegabyte` more.
+    std::chrono::milliseconds deadline{60000};
+    std::chrono::milliseconds deadlinePerMegabyte{4000};
+    /// The PDF's Producer entry.
+    std::string producer = "Sheetmaker PDF";
+    PublishObserver observer;
+};
+
+/// `desktop` shows files and asks for names; it must outlive the library and all its objects.
+/// Nothing is started or opened before the first page or log line asks for it.
+std::unique_ptr<IPublishingLibrary> CreatePublisher(const PublisherOptions& options, IDesktop& desktop);
+
+} // namespace sm::publisher
