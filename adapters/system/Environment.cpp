@@ -1,0 +1,40 @@
+#include "system/Environment.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+#include <unistd.h>
+
+namespace sm::system {
+namespace {
+
+bool IsProgram(const std::string& path)
+{
+    std::error_code unreadable;
+    return std::filesystem::is_regular_file(path, unreadable) && access(path.c_str(), X_OK) == 0;
+}
+
+} // namespace
+
+Environment ProcessEnvironment()
+{
+    return [](const std::string& name) -> std::optional<std::string> {
+        const char* value = std::getenv(name.c_str());
+        return value ? std::optional<std::string>(value) : std::nullopt;
+    };
+}
+
+std::string FindProgram(const Environment& environment, const std::string& program)
+{
+    if (program.find('/') != std::string::npos)
+        return IsProgram(program) ? program : std::string();
+    std::istringstream folders(environment("PATH").value_or("/usr/local/bin:/usr/bin:/bin"));
+    for (std::string folder; std::getline(folders, folder, ':');) {
+        const std::string candidate = (folder.empty() ? "." : folder) + "/" + program;
+        if (IsProgram(candidate))
+            return candidate;
+    }
+    return {};
+}
+
+} // namespace sm::system

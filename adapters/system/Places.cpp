@@ -1,0 +1,67 @@
+#include "system/Places.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+namespace sm::system {
+namespace {
+
+constexpr const char* kFolderName = "sheetmaker-pdf";
+
+std::filesystem::path HomeFolder(const Environment& environment)
+{
+    const std::string home = environment("HOME").value_or("");
+    if (home.starts_with('/'))
+        return home;
+    const passwd* account = getpwuid(getuid());
+    return account && account->pw_dir && *account->pw_dir == '/' ? account->pw_dir : "/";
+}
+
+std::filesystem::path UserFolder(const Environment& environment, const char* variable, const char* belowHome)
+{
+    const std::string given = environment(variable).value_or("");
+    const std::filesystem::path base =
+        given.starts_with('/') ? std::filesystem::path(given) : HomeFolder(environment) / belowHome;
+    return base / kFolderName;
+}
+
+bool IsFolder(const std::filesystem::path& path)
+{
+    std::error_code unreadable;
+    return !path.empty() && std::filesystem::is_directory(path, unreadable);
+}
+
+std::filesystem::path ShareFolder(const Environment& environment, const std::filesystem::path& executable,
+                                  const std::filesystem::path& fallback)
+{
+    const std::filesystem::path given = environment("SHEETMAKER_PDF_SHARE").value_or("");
+    if (!given.empty())
+        return IsFolder(given) ? std::filesystem::absolute(given) : std::filesystem::path();
+    const std::filesystem::path installed =
+        (executable.parent_path() / ".." / "share" / kFolderName).lexically_normal();
+    if (IsFolder(installed))
+        return installed;
+    for (std::filesystem::path folder = executable.parent_path(); folder.has_relative_path();
+         folder = folder.parent_path())
+        if (IsFolder(folder / "share" / kFolderName))
+            return folder / "share" / kFolderName;
+    return IsFolder(fallback) ? fallback : std::filesystem::path();
+}
+
+} // namespace
+
+Places FindPlaces(const Environment& environment, const std::filesystem::path& executable,
+                  const std::filesystem::path& fallbackShare)
+{
+    return {UserFolder(environment, "XDG_CONFIG_HOME", ".config"),
+            UserFolder(environment, "XDG_STATE_HOME", ".local/state"),
+            ShareFolder(environment, executable, fallbackShare)};
+}
+
+std::filesystem::path ExecutablePath()
+{
+    std::error_code unknown;
+    return std::filesystem::read_symlink("/proc/self/exe", unknown);
+}
+
+} // namespace sm::system

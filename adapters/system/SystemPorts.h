@@ -1,0 +1,28 @@
+// The machine's file system, clock and locale, and the component itself.
+#pragma once
+
+#include "ports/IFileSystem.h"
+#include "ports/ISystem.h"
+#include "system/Environment.h"
+
+#include <memory>
+#include <string>
+
+namespace sm::system {
+
+std::unique_ptr<IFileSystem> CreateFileSystem();
+
+/// Local time by the system's time zone ("TZ" included).
+std::unique_ptr<IClock> CreateClock();
+
+/// The locale that "LC_ALL", then "LC_NUMERIC", "LC_TIME" and "LC_CTYPE", then "LANG" name, in UTF-8; "C" where the
+/// machine doesn't have it. The process's own locale stays as it is.
+std::unique_ptr<ILocale> CreateLocale(const Environment& environment);
+
+/// `shareFolder` stands for the folder from which the component was loaded: it holds the PC3 folder.
+std::unique_ptr<IComponent> CreateComponent(const std::string& shareFolder, ComponentVersion version);
+
+/// "1.2.3" as its parts; missing and unreadable ones are 0.
+ComponentVersion ParseVersion(const std::string& text);
+
+} // namespace sm::system
