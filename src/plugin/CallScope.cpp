@@ -11,6 +11,20 @@ CallScope::CallScope(CallContext& context, const std::shared_ptr<IAcadApplicatio
     m_context.g_AcadApp = app;
     m_context.g_AcadDoc =
         CarryPast(context, "CallScope", [&] { return HostApplication(m_context).ActiveDocument(); }).value_or(nullptr);
+    OpenLog();
+}
+
+CallScope::CallScope(CallContext& context, const std::shared_ptr<IAcadApplication>& app,
+                     const std::shared_ptr<IAcadDocument>& document)
+    : m_context(context), m_clearFirst(ClearFirst::Log)
+{
+    m_context.g_AcadApp = app;
+    m_context.g_AcadDoc = document;
+    OpenLog();
+}
+
+void CallScope::OpenLog() noexcept
+{
     m_context.g_Log = CarryPast(context, "CallScope", [&] {
                           return m_context.surroundings.library.CreateConversionLog();
                       }).value_or(nullptr);

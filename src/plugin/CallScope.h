@@ -13,11 +13,15 @@ public:
     enum class ClearFirst { Log, Host };
 
     CallScope(CallContext& context, const std::shared_ptr<IAcadApplication>& app, ClearFirst clearFirst);
+    /// The same for a drawing that need not be the active one; the log is cleared first.
+    CallScope(CallContext& context, const std::shared_ptr<IAcadApplication>& app,
+              const std::shared_ptr<IAcadDocument>& document);
     ~CallScope();
     CallScope(const CallScope&) = delete;
     CallScope& operator=(const CallScope&) = delete;
 
 private:
+    void OpenLog() noexcept;
     void ClearHost() noexcept;
     CallContext& m_context;
     ClearFirst m_clearFirst;
