@@ -25,11 +25,11 @@ CallScope::CallScope(CallContext& context, const std::shared_ptr<IAcadApplicatio
 
 void CallScope::OpenLog() noexcept
 {
-    m_context.g_Log = CarryPast(context, "CallScope", [&] {
+    m_context.g_Log = CarryPast(m_context, "CallScope", [&] {
                           return m_context.surroundings.library.CreateConversionLog();
                       }).value_or(nullptr);
     if (m_context.g_Log != nullptr)
-        CarryPast(context, "CallScope", [&] { m_context.g_Log->OpenLog(kLogFileName, kProductTitle); });
+        CarryPast(m_context, "CallScope", [&] { m_context.g_Log->OpenLog(kLogFileName, kProductTitle); });
 }
 
 CallScope::~CallScope()
