@@ -20,9 +20,9 @@ struct HostOptions {
 
 /// The run's layer over a document: seen through the automation model, never saved.
 struct DocumentOverlay {
-    std::optional<std::int32_t> pageSetupSource;  ///< stands for the "PltSel" record
+    std::optional<std::int32_t> pageSetupSource; ///< stands for the "PltSel" record
     std::optional<std::string> activeLayout;
-    std::vector<std::string> layouts;             ///< when not empty, the paper layouts that "Layouts" shows, in tab order
+    std::vector<std::string> layouts; ///< when not empty, the paper layouts that "Layouts" shows, in tab order
 };
 
 /// What plotting a document did so far.
@@ -31,6 +31,7 @@ struct DocumentReport {
     std::vector<render::RenderReport::NotDrawnKind> notDrawnKinds;
     std::vector<drawing::Finding> findings;
     std::vector<std::string> substitutions; ///< fonts
+    std::string plotFailure;                ///< why the last plot failed; empty when it didn't
 };
 
 /// A layout as the command line lists it.

@@ -1,0 +1,20 @@
+// Texts of the host: numbers and names.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace sm::cadhost {
+
+/// At most 15 significant digits, the shortest form that keeps them, "." as the separator, exponents as "1E+20".
+std::string NumberText(double value);
+/// The same with fewer digits.
+std::string RoundedText(double value, int digits);
+/// Letter case of A to Z aside.
+bool SameName(std::string_view left, std::string_view right);
+/// `text` ends in `extension` (with its dot), letter case of A to Z aside.
+bool HasExtension(std::string_view text, std::string_view extension);
+/// Without blanks and tabs at either end.
+std::string_view Trimmed(std::string_view text);
+
+} // namespace sm::cadhost

@@ -1,0 +1,197 @@
+#include "cadhost/OpenDrawing.h"
+
+#include "cadhost/HostErrors.h"
+#include "cadhost/HostText.h"
+#include "plotter/Plotter.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+namespace sm::cadhost {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string AbsolutePath(const std::string& path)
+{
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error);
+    return error ? path : absolute.lexically_normal().string();
+}
+
+std::optional<std::size_t> FindLayout(const drawing::Drawing& drawing, const std::string& name)
+{
+    const auto& layouts = drawing.Layouts();
+    for (std::size_t i = 0; i < layouts.size(); ++i) {
+        if (SameName(layouts[i].name, name))
+            return i;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+OpenDrawing::OpenDrawing(const std::string& path, DocumentOverlay overlay)
+    : m_fullName(AbsolutePath(path)), m_file(drawing::Drawing::Open(path)), m_active(m_file->ActiveLayout())
+{
+    m_configurations.resize(m_file->Layouts().size());
+    SetOverlay(std::move(overlay));
+}
+
+drawing::Drawing& OpenDrawing::File() const
+{
+    if (m_file == nullptr)
+        throw HostError("the drawing '" + FileName() + "' is closed");
+    return *m_file;
+}
+
+std::string OpenDrawing::Folder() const
+{
+    return (fs::path(m_fullName).parent_path() / "").string();
+}
+
+std::string OpenDrawing::FileName() const
+{
+    return fs::path(m_fullName).filename().string();
+}
+
+void OpenDrawing::SetOverlay(DocumentOverlay overlay)
+{
+    m_overlay = std::move(overlay);
+    m_shown.clear();
+    const auto& layouts = File().Layouts();
+    const auto isNamed = [&](const drawing::Layout& layout) {
+        return std::any_of(m_overlay.layouts.begin(), m_overlay.layouts.end(),
+                           [&](const std::string& name) { return SameName(name, layout.name); });
+    };
+    for (std::size_t i = 0; i < layouts.size(); ++i) {
+        if (layouts[i].isModel || m_overlay.layouts.empty() || isNamed(layouts[i]))
+            m_shown.push_back(i);
+    }
+    const auto paper = std::find_if(m_shown.begin(), m_shown.end(), [&](std::size_t i) { return !layouts[i].isModel; });
+    m_lastPaper = paper == m_shown.end() ? m_active : *paper;
+    const auto wanted = m_overlay.activeLayout ? FindLayout(File(), *m_overlay.activeLayout) : std::nullopt;
+    Activate(wanted.value_or(m_active));
+}
+
+const drawing::Layout& OpenDrawing::LayoutAt(std::size_t index) const
+{
+    const auto& layouts = File().Layouts();
+    if (index >= layouts.size())
+        throw HostError("the drawing '" + FileName() + "' has no such layout");
+    return layouts[index];
+}
+
+std::int32_t OpenDrawing::TabOrder(std::size_t index) const
+{
+    const auto place = std::find(m_shown.begin(), m_shown.end(), index);
+    return place == m_shown.end() ? LayoutAt(index).tabOrder : static_cast<std::int32_t>(place - m_shown.begin());
+}
+
+void OpenDrawing::Activate(std::size_t index)
+{
+    const bool paper = !LayoutAt(index).isModel;
+    m_active = index;
+    if (paper)
+        m_lastPaper = index;
+}
+
+bool OpenDrawing::IsLandscape(std::size_t index)
+{
+    const drawing::Layout& layout = LayoutAt(index);
+    const drawing::Box2 box = layout.extents.Empty() ? Extents(layout.block, {}) : layout.extents;
+    return box.Empty() || box.Width() > box.Height();
+}
+
+PlotConfiguration& OpenDrawing::Configuration(std::size_t index)
+{
+    const drawing::Layout& layout = LayoutAt(index);
+    auto& configuration = m_configurations[index];
+    if (configuration == nullptr)
+        configuration = std::make_unique<PlotConfiguration>(File(), layout, [&] { return IsLandscape(index); });
+    return *configuration;
+}
+
+drawing::Box2 OpenDrawing::Extents(std::uint32_t block, const render::Matrix3& view)
+{
+    for (const KnownExtents& known : m_extents) {
+        if (known.block == block && known.view == view)
+            return known.box;
+    }
+    const drawing::Box2 box = AsHost([&] { return render::ExtentsOf(File(), block, view, Text()); });
+    m_extents.push_back({block, view, box});
+    return box;
+}
+
+ExtentsSource OpenDrawing::ExtentsOf(std::size_t index)
+{
+    return [this, block = LayoutAt(index).block](const render::Matrix3& view) { return Extents(block, view); };
+}
+
+render::TextEngine& OpenDrawing::Text()
+{
+    if (m_text == nullptr)
+        m_text = AsHost([] { return render::TextEngine::Create(); });
+    return *m_text;
+}
+
+bool OpenDrawing::Plot(const std::string& path)
+{
+    static_cast<void>(File());
+    try {
+        PlotActive(path);
+        m_plotFailure.clear();
+        return true;
+    } catch (const std::exception& error) {
+        m_plotFailure = error.what();
+        return false;
+    }
+}
+
+void OpenDrawing::PlotActive(const std::string& path)
+{
+    const drawing::Layout& layout = LayoutAt(m_active);
+    const PlotConfiguration& configuration = Configuration(m_active);
+    if (configuration.Resolution() == 0)
+        throw HostError("layout '" + layout.name + "': the device '" + configuration.Device() +
+                        "' can't plot to a file; choose one of the plotter configurations (.pc3) of the host");
+    if (m_report == nullptr)
+        m_report = std::make_unique<render::RenderReport>(File());
+    const plotter::PlotJob job{
+        File(),      layout,          configuration.Settings(), static_cast<double>(configuration.Resolution()),
+        layout.name, "Sheetmaker PDF"};
+    plotter::PlotToPostScript(job, path, Text(), *m_report);
+}
+
+DocumentReport OpenDrawing::Report() const
+{
+    DocumentReport report;
+    report.read = File().EntityCount();
+    report.notReached = report.read;
+    report.findings = File().Findings();
+    report.plotFailure = m_plotFailure;
+    if (m_text != nullptr)
+        report.substitutions = m_text->Substitutions();
+    if (m_report == nullptr)
+        return report;
+    report.drawn = m_report->Count(render::Outcome::Drawn);
+    report.hidden = m_report->Count(render::Outcome::Hidden);
+    report.offPage = m_report->Count(render::Outcome::OffPage);
+    report.notReached = m_report->Count(render::Outcome::NotReached);
+    report.notDrawn = m_report->Count(render::Outcome::NotDrawn);
+    report.notDrawnKinds = m_report->NotDrawn();
+    return report;
+}
+
+void OpenDrawing::Close(bool saveChanges)
+{
+    drawing::Drawing& file = File();
+    if (saveChanges && file.Modified())
+        AsHost([&] { file.Save(true); });
+    m_report.reset();
+    m_configurations.clear();
+    m_file.reset();
+}
+
+} // namespace sm::cadhost

@@ -1,0 +1,98 @@
+#include "cadhost/PlotDevices.h"
+
+#include "cadhost/HostText.h"
+#include "cadhost/PaperRules.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+
+namespace sm::cadhost {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Names of the folder's files with one of the extensions, sorted; none when it can't be read.
+std::vector<std::string> ListFiles(const std::string& folder, std::initializer_list<std::string_view> extensions)
+{
+    std::vector<std::string> names;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        std::error_code ignored;
+        const bool listed = std::any_of(extensions.begin(), extensions.end(),
+                                        [&](std::string_view extension) { return HasExtension(name, extension); });
+        if (listed && entry->is_regular_file(ignored))
+            names.push_back(name);
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+void AddOnce(std::vector<std::string>& list, const std::string& name)
+{
+    if (!name.empty() && std::find(list.begin(), list.end(), name) == list.end())
+        list.push_back(name);
+}
+
+void ForEachPlotSettings(const drawing::Drawing& drawing,
+                         const std::function<void(const drawing::PlotSettings&)>& visit)
+{
+    for (const drawing::Layout& layout : drawing.Layouts())
+        visit(layout.plot);
+    for (const drawing::PlotSettings& setup : drawing.PageSetups())
+        visit(setup);
+}
+
+} // namespace
+
+std::string DeviceOf(const drawing::PlotSettings& settings)
+{
+    const std::string& name = settings.configName;
+    return name.empty() || SameName(name, kNoDevice) || SameName(name, "none_device") ? kNoDevice : name;
+}
+
+std::vector<std::string> ListDevices(const std::string& plotterFolder, const drawing::Drawing& drawing)
+{
+    std::vector<std::string> devices{kNoDevice};
+    for (const std::string& name : ListFiles(plotterFolder, {".pc3"}))
+        AddOnce(devices, name);
+    ForEachPlotSettings(drawing, [&](const drawing::PlotSettings& settings) { AddOnce(devices, DeviceOf(settings)); });
+    return devices;
+}
+
+std::shared_ptr<const Pc3File> LoadDevice(const std::string& plotterFolder, const std::string& device)
+{
+    const std::vector<std::string> files = ListFiles(plotterFolder, {".pc3"});
+    if (std::find(files.begin(), files.end(), device) == files.end())
+        return nullptr;
+    return std::make_shared<const Pc3File>(ReadPc3((fs::path(plotterFolder) / device).string()));
+}
+
+std::vector<Medium> ListDrawingMedia(const drawing::Drawing& drawing)
+{
+    std::vector<Medium> media;
+    ForEachPlotSettings(drawing, [&](const drawing::PlotSettings& settings) {
+        if (!HasPaper(settings))
+            return;
+        Medium medium = MediumOf(settings);
+        const auto sameName = [&](const Medium& other) { return other.canonicalName == medium.canonicalName; };
+        if (std::none_of(media.begin(), media.end(), sameName))
+            media.push_back(std::move(medium));
+    });
+    return media;
+}
+
+std::vector<std::string> ListPlotStyles(const std::string& styleFolder, const std::string& drawingFolder,
+                                        const drawing::Drawing& drawing)
+{
+    std::vector<std::string> styles;
+    for (const std::string* folder : {&styleFolder, &drawingFolder}) {
+        for (const std::string& name : ListFiles(*folder, {".ctb", ".stb"}))
+            AddOnce(styles, name);
+    }
+    ForEachPlotSettings(drawing, [&](const drawing::PlotSettings& settings) { AddOnce(styles, settings.styleSheet); });
+    return styles;
+}
+
+} // namespace sm::cadhost
