@@ -6,7 +6,10 @@
 #include "render/TextLayout.h"
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace sm::render {
@@ -29,10 +32,15 @@ public:
     struct NotDrawnKind { std::string kind, layer; std::uint64_t count = 0; };
     /// Entities whose best outcome is NotDrawn, by kind and layer.
     [[nodiscard]] std::vector<NotDrawnKind> NotDrawn() const;
+    /// Something drawn otherwise than the drawing has it ("hatch pattern too dense, lines left out").
+    void Remark(std::string_view text);
+    /// How often each remark was made.
+    [[nodiscard]] const std::map<std::string, std::uint64_t, std::less<>>& Remarks() const { return m_remarks; }
 
 private:
     const drawing::Drawing& m_drawing;
     std::vector<Outcome> m_outcomes;
+    std::map<std::string, std::uint64_t, std::less<>> m_remarks;
 };
 
 /// A space of the drawing, looked at and placed on a sheet.

@@ -1,0 +1,73 @@
+#include "render/Cubic.h"
+#include "render/FrontEnd.h"
+#include "render/Painter.h"
+
+namespace sm::render {
+
+namespace {
+
+/// Adds up the box of all that is drawn; line widths aside.
+class BoundsCanvas final : public ICanvas {
+public:
+    [[nodiscard]] const Box2& Box() const { return m_box; }
+    void PushClip(const Path&, FillRule) override {}
+    void PopClip() override {}
+    void Stroke(const Path& path, const StrokeStyle&) override { Add(path); }
+    void Fill(const Path& path, std::uint32_t, FillRule) override { Add(path); }
+    void Text(const TextRun&) override {}
+
+private:
+    void Add(const Path& path)
+    {
+        Vec2 at;
+        const Vec2* point = path.points.data();
+        for (const Verb verb : path.verbs) {
+            switch (verb) {
+            case Verb::Move:
+            case Verb::Line:
+                at = *point++;
+                m_box.Add(at);
+                break;
+            case Verb::Cubic:
+                Cubic{{at, point[0], point[1], point[2]}}.AddTo(m_box);
+                at = point[2];
+                point += 3;
+                break;
+            case Verb::Close:
+                break;
+            }
+        }
+    }
+    Box2 m_box;
+};
+
+PaintOptions BoxOptions()
+{
+    PaintOptions options;
+    options.lineweights = false;
+    options.boxesOnly = true;
+    options.paperSpace = true;
+    return options;
+}
+
+} // namespace
+
+Box2 BoundsOf(const drawing::Drawing& drawing, const drawing::EntityRecord& record, TextEngine& text)
+{
+    BoundsCanvas canvas;
+    Painter painter(drawing, canvas, text, nullptr, Box2{}, BoxOptions(), false);
+    painter.PaintEntity(record, Frame{});
+    return canvas.Box();
+}
+
+Box2 ExtentsOf(const drawing::Drawing& drawing, std::uint32_t block, const Matrix3& view, TextEngine& text)
+{
+    BoundsCanvas canvas;
+    Painter painter(drawing, canvas, text, nullptr, Box2{}, BoxOptions());
+    Frame frame;
+    frame.toPaper = Flatten(view, {});
+    painter.PaintSpace(block, frame);
+    return canvas.Box();
+}
+
+} // namespace sm::render

@@ -1,0 +1,10 @@
+#include "render/Painter.h"
+
+namespace sm::render {
+
+bool Painter::Draw(const drawing::HatchData&, drawing::EntityKind)
+{
+    return false;
+}
+
+} // namespace sm::render

@@ -1,0 +1,114 @@
+#include "render/Painter.h"
+#include "render/PainterBuffers.h"
+
+namespace sm::render {
+
+namespace {
+
+constexpr std::size_t kDeepestNesting = 64;
+
+// Block coordinates to those of the insert's owner, for the copy at `row` and `column`.
+Matrix3 Placing(const drawing::InsertData& insert, Vec3 base, std::int32_t row, std::int32_t column)
+{
+    const double c = std::cos(Radians(insert.rotation));
+    const double s = std::sin(Radians(insert.rotation));
+    const Vec3 right{c, s, 0};
+    const Vec3 up{-s, c, 0};
+    const Vec3 at = insert.insertion + right * (column * insert.columnSpacing) + up * (row * insert.rowSpacing);
+    Matrix3 inOcs{right * insert.scale.x, up * insert.scale.y, {0, 0, insert.scale.z}, at};
+    inOcs.origin = inOcs.Apply(base * -1);
+    return IsPlanExtrusion(insert.extrusion) ? inOcs : Compose(OcsAxes(insert.extrusion), inOcs);
+}
+
+} // namespace
+
+bool Painter::CanEnter(std::uint32_t block)
+{
+    if (block >= m_drawing.Blocks().size()) {
+        Remark("a block that an insert names is missing");
+        return false;
+    }
+    if (m_openBlocks.size() >= kDeepestNesting ||
+        std::find(m_openBlocks.begin(), m_openBlocks.end(), block) != m_openBlocks.end()) {
+        Remark("a block that holds itself left out");
+        return false;
+    }
+    return true;
+}
+
+Outcome Painter::PaintInsert(const drawing::EntityRecord& record, const Frame& frame)
+{
+    const std::size_t depth = m_openBlocks.size();
+    while (m_buffers->inserts.size() <= depth) {
+        m_buffers->inserts.emplace_back();
+    }
+    drawing::InsertData& insert = m_buffers->inserts[depth];
+    Read(m_drawing, record, insert);
+    const LayerState& layer = m_layers->Of(EffectiveLayer(insert, frame.inherited));
+    // An insert on a layer that is off still shows what its block holds on other layers; a frozen one shows nothing.
+    if ((insert.invisible && m_hideLayers) || layer.frozen) {
+        return Outcome::Hidden;
+    }
+    const Style style = Resolve(insert, layer, frame.inherited);
+    const Outcome copies = PaintCopies(insert, frame, style);
+    const Outcome attributes = PaintAttributes(insert, frame, style);
+    const Outcome best = std::max(copies, attributes);
+    return best == Outcome::NotReached ? Outcome::OffPage : best;
+}
+
+Outcome Painter::PaintCopies(const drawing::InsertData& insert, const Frame& frame, const Style& style)
+{
+    if (!CanEnter(insert.block)) {
+        return Outcome::NotDrawn;
+    }
+    const OpenBlock open(m_openBlocks, insert.block);
+    const Vec3 base = m_drawing.Blocks()[insert.block].base;
+    Frame inner;
+    inner.inherited = {style, EffectiveLayer(insert, frame.inherited)};
+    inner.dashScale = frame.dashScale * std::abs(insert.scale.x);
+    Outcome best = Outcome::NotReached;
+    for (std::int32_t row = 0; row < insert.rows; ++row) {
+        for (std::int32_t column = 0; column < insert.columns; ++column) {
+            if (m_budget == 0) {
+                Remark("blocks unfold to too many entities, the rest left out");
+                return std::max(best, Outcome::NotDrawn);
+            }
+            --m_budget;
+            inner.toPaper = Compose(frame.toPaper, Placing(insert, base, row, column));
+            best = std::max(best, PaintBlock(insert.block, inner));
+        }
+    }
+    return best;
+}
+
+Outcome Painter::PaintAttributes(const drawing::InsertData& insert, const Frame& frame, const Style& style)
+{
+    Frame own = frame;
+    own.inherited = {style, EffectiveLayer(insert, frame.inherited)};
+    Outcome best = Outcome::NotReached;
+    for (const drawing::EntityRecord& attribute : insert.attributes) {
+        best = std::max(best, PaintEntity(attribute, own));
+    }
+    return best;
+}
+
+Outcome Painter::PaintDimension(const drawing::EntityRecord& record, const Frame& frame)
+{
+    drawing::DimensionData dimension;
+    Read(m_drawing, record, dimension);
+    if (Hidden(dimension, frame)) {
+        return Outcome::Hidden;
+    }
+    if (!CanEnter(dimension.block)) {
+        return Outcome::NotDrawn;
+    }
+    // The block holds the dimension's picture where it stands, in world coordinates.
+    Frame inner = frame;
+    inner.inherited = {Resolve(dimension, m_layers->Of(EffectiveLayer(dimension, frame.inherited)), frame.inherited),
+                       EffectiveLayer(dimension, frame.inherited)};
+    const OpenBlock open(m_openBlocks, dimension.block);
+    const Outcome best = PaintBlock(dimension.block, inner);
+    return best == Outcome::NotReached ? Outcome::OffPage : best;
+}
+
+} // namespace sm::render

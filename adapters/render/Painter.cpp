@@ -1,0 +1,197 @@
+#include "render/Painter.h"
+
+#include "render/PainterBuffers.h"
+
+namespace sm::render {
+
+namespace {
+
+// What inserts may unfold to in all: enough for any real sheet, and over in seconds where a file asks for more.
+constexpr std::uint64_t kLargestExpansion = 20'000'000;
+
+} // namespace
+
+Painter::Painter(const drawing::Drawing& drawing, ICanvas& canvas, TextEngine& text, RenderReport* report,
+                 const Box2& clip, const PaintOptions& options, bool hideLayers)
+    : m_drawing(drawing), m_text(text), m_report(report), m_options(options), m_hideLayers(hideLayers),
+      m_ink(canvas, clip), m_ownLayers(drawing, {}, hideLayers), m_layers(&m_ownLayers),
+      m_budget(kLargestExpansion + drawing.EntityCount()), m_buffers(std::make_unique<Buffers>())
+{
+    for (const drawing::Linetype& linetype : drawing.Linetypes()) {
+        m_patterns.push_back(MakeDashPattern(linetype));
+    }
+}
+
+Painter::~Painter() = default;
+
+Outcome Painter::PaintEntity(const drawing::EntityRecord& record, const Frame& frame)
+{
+    Outcome outcome = Outcome::NotDrawn;
+    try {
+        outcome = Dispatch(record, frame);
+    } catch (...) { // one entity that can't be drawn never ends the drawing
+        m_ink.End();
+        Remark("an entity gave up half-way");
+    }
+    if (m_report != nullptr) {
+        m_report->Note(record, outcome);
+    }
+    return outcome;
+}
+
+Outcome Painter::PaintBlock(std::uint32_t block, const Frame& frame)
+{
+    Outcome best = Outcome::NotReached;
+    for (const drawing::EntityRecord& record : m_drawing.EntitiesOf(block)) {
+        if (m_budget == 0) {
+            Remark("blocks unfold to too many entities, the rest left out");
+            return std::max(best, Outcome::NotDrawn);
+        }
+        --m_budget;
+        best = std::max(best, PaintEntity(record, frame));
+    }
+    return best;
+}
+
+template <class Data> Outcome Painter::Leaf(Data& data, const drawing::EntityRecord& record, const Frame& frame)
+{
+    Read(m_drawing, record, data);
+    if (Hidden(data, frame)) {
+        return Outcome::Hidden;
+    }
+    Enter(data, record, frame);
+    const bool possible = Draw(data, record.kind);
+    const bool drawn = m_ink.End();
+    return drawn ? Outcome::Drawn : possible ? Outcome::OffPage : Outcome::NotDrawn;
+}
+
+Outcome Painter::Dispatch(const drawing::EntityRecord& record, const Frame& frame)
+{
+    using drawing::EntityKind;
+    Buffers& buffers = *m_buffers;
+    switch (record.kind) {
+    case EntityKind::Line:
+    case EntityKind::XLine:
+    case EntityKind::Ray:
+        return Leaf(buffers.line, record, frame);
+    case EntityKind::Circle:
+        return Leaf(buffers.circle, record, frame);
+    case EntityKind::Arc:
+        return Leaf(buffers.arc, record, frame);
+    case EntityKind::Ellipse:
+        return Leaf(buffers.ellipse, record, frame);
+    case EntityKind::LwPolyline:
+    case EntityKind::Polyline:
+        return Leaf(buffers.polyline, record, frame);
+    case EntityKind::Spline:
+    case EntityKind::Helix:
+        return Leaf(buffers.spline, record, frame);
+    case EntityKind::Point:
+        return Leaf(buffers.point, record, frame);
+    case EntityKind::Solid:
+    case EntityKind::Trace:
+    case EntityKind::Face3d:
+        return Leaf(buffers.quad, record, frame);
+    case EntityKind::Text:
+        return Leaf(buffers.text, record, frame);
+    case EntityKind::Attrib:
+        return PaintAttribute(record, frame);
+    case EntityKind::Attdef:
+        return PaintAttdef(record, frame);
+    case EntityKind::MText:
+        return Leaf(buffers.mtext, record, frame);
+    case EntityKind::Hatch:
+    case EntityKind::MPolygon:
+        return Leaf(buffers.hatch, record, frame);
+    case EntityKind::Leader:
+        return Leaf(buffers.leader, record, frame);
+    case EntityKind::Insert:
+        return PaintInsert(record, frame);
+    case EntityKind::Dimension:
+        return PaintDimension(record, frame);
+    case EntityKind::Viewport:
+        return PaintViewport(record, frame);
+    default:
+        break;
+    }
+    Read(m_drawing, record, buffers.entity);
+    return Hidden(buffers.entity, frame) ? Outcome::Hidden : Outcome::NotDrawn;
+}
+
+Outcome Painter::PaintAttribute(const drawing::EntityRecord& record, const Frame& frame)
+{
+    drawing::TextData& text = m_buffers->text;
+    Read(m_drawing, record, text);
+    constexpr std::int32_t kInvisible = 1;
+    const std::int32_t mode = m_drawing.HeaderInteger("$ATTMODE", 1); // 0 none shows, 1 as marked, 2 all show
+    const bool shown = mode == 2 || (mode != 0 && (text.attributeFlags & kInvisible) == 0);
+    if (!shown || Hidden(text, frame)) {
+        return Outcome::Hidden;
+    }
+    Enter(text, record, frame);
+    if (text.embeddedMText) {
+        Read(m_drawing, *text.embeddedMText, m_buffers->mtext);
+        Draw(m_buffers->mtext, drawing::EntityKind::MText);
+    } else {
+        Draw(text, record.kind);
+    }
+    return m_ink.End() ? Outcome::Drawn : Outcome::OffPage;
+}
+
+// A definition shows only where it is constant: inserts carry no attribute for it.
+Outcome Painter::PaintAttdef(const drawing::EntityRecord& record, const Frame& frame)
+{
+    Read(m_drawing, record, m_buffers->text);
+    constexpr std::int32_t kConstant = 2;
+    const bool constant = (m_buffers->text.attributeFlags & kConstant) != 0 && !m_openBlocks.empty();
+    return constant ? PaintAttribute(record, frame) : Outcome::Hidden;
+}
+
+bool Painter::Hidden(const drawing::Entity& entity, const Frame& frame) const
+{
+    return (entity.invisible && m_hideLayers) || !m_layers->Of(EffectiveLayer(entity, frame.inherited)).shown;
+}
+
+void Painter::Enter(const drawing::Entity& entity, const drawing::EntityRecord& record, const Frame& frame)
+{
+    m_frame = &frame;
+    m_style = Resolve(entity, m_layers->Of(EffectiveLayer(entity, frame.inherited)), frame.inherited);
+    m_linetypeScale = entity.linetypeScale > 0 ? entity.linetypeScale : 1;
+    const auto& layers = m_drawing.Layers();
+    const std::string_view layer = entity.layer < layers.size() ? std::string_view(layers[entity.layer].name) : "0";
+    m_ink.Begin({entity.handle, drawing::KindName(record.kind), layer});
+    m_path.Clear();
+}
+
+double Painter::PenWidth(double lineweight) const
+{
+    return m_options.lineweights ? lineweight * m_options.lineweightScale : 0;
+}
+
+Pen Painter::StrokePen() const
+{
+    Pen pen;
+    pen.color = m_style.color;
+    pen.width = PenWidth(m_style.width);
+    pen.pattern = m_style.linetype < m_patterns.size() ? &m_patterns[m_style.linetype] : nullptr;
+    pen.dashScale = m_frame->dashScale * m_linetypeScale;
+    return pen;
+}
+
+void Painter::StrokePath(std::span<const std::uint32_t> breaks)
+{
+    const Pen pen = StrokePen();
+    if (pen.pattern != nullptr && pen.pattern->hasSymbols) {
+        Remark("letters and shapes of a line type left out");
+    }
+    m_ink.Stroke(m_path, pen, breaks);
+}
+
+void Painter::Remark(std::string_view text)
+{
+    if (m_report != nullptr) {
+        m_report->Remark(text);
+    }
+}
+
+} // namespace sm::render

@@ -1,0 +1,120 @@
+// Draws the entities of a block, each as what it means, through Ink.
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "render/Arcs.h"
+#include "render/FrontEnd.h"
+#include "render/Ink.h"
+#include "render/Projection.h"
+#include "render/Style.h"
+
+#include <memory>
+#include <vector>
+
+namespace sm::render {
+
+/// How the entities of one block land on the sheet, and what they take over from their insert.
+struct Frame {
+    Projection toPaper;
+    Inherited inherited;
+    double dashScale = 1; ///< mm for one unit of a line type, $LTSCALE included
+};
+
+/// What holds for a whole run of the painter.
+struct PaintOptions {
+    bool lineweights = true;
+    double lineweightScale = 1;
+    bool paperSpace = false;
+    bool viewportsFirst = true;
+    bool viewportBorders = false;
+    bool scaleLinetypesWithPaper = true; ///< PSLTSCALE
+    double paperDashScale = 1;           ///< of the sheet, for viewports under PSLTSCALE
+    bool boxesOnly = false;              ///< text and viewports as their outlines, continuous lines: for bounds
+};
+
+class Painter {
+public:
+    Painter(const drawing::Drawing& drawing, ICanvas& canvas, TextEngine& text, RenderReport* report, const Box2& clip,
+            const PaintOptions& options, bool hideLayers = true);
+    ~Painter();
+    Painter(const Painter&) = delete;
+    Painter& operator=(const Painter&) = delete;
+
+    void PaintSpace(std::uint32_t block, const Frame& frame);
+    Outcome PaintEntity(const drawing::EntityRecord& record, const Frame& frame);
+    [[nodiscard]] Ink& Output() { return m_ink; }
+
+private:
+    template <class Data> Outcome Leaf(Data& data, const drawing::EntityRecord& record, const Frame& frame);
+    Outcome Dispatch(const drawing::EntityRecord& record, const Frame& frame);
+    Outcome PaintBlock(std::uint32_t block, const Frame& frame);
+
+    // One entity each; false: of a kind or with content that can't be drawn.
+    bool Draw(const drawing::LineData& line, drawing::EntityKind kind);
+    bool Draw(const drawing::CircleData& circle, drawing::EntityKind kind);
+    bool Draw(const drawing::ArcData& arc, drawing::EntityKind kind);
+    bool Draw(const drawing::EllipseData& ellipse, drawing::EntityKind kind);
+    bool Draw(const drawing::PolylineData& polyline, drawing::EntityKind kind);
+    bool Draw(const drawing::SplineData& spline, drawing::EntityKind kind);
+    bool Draw(const drawing::PointData& point, drawing::EntityKind kind);
+    bool Draw(const drawing::QuadData& quad, drawing::EntityKind kind);
+    bool Draw(const drawing::TextData& text, drawing::EntityKind kind);
+    bool Draw(const drawing::MTextData& text, drawing::EntityKind kind);
+    bool Draw(const drawing::HatchData& hatch, drawing::EntityKind kind);
+    bool Draw(const drawing::LeaderData& leader, drawing::EntityKind kind);
+
+    void DrawEndlessLine(const drawing::LineData& line, bool bothWays);
+    void DrawMesh(const drawing::PolylineData& mesh);
+    void DrawPolyface(const drawing::PolylineData& face);
+    void DrawFaceEdges(const drawing::QuadData& quad);
+    void DrawPlainPolyline(const drawing::PolylineData& polyline, const Matrix2& plane);
+    void DrawWidePolyline(const drawing::PolylineData& polyline, const Matrix2& plane);
+    void DrawText(const LaidText& text);
+    void DrawMask(const drawing::MTextData& text, const LaidText& laid);
+    void DrawPatternHatch(const drawing::HatchData& hatch, const Matrix2& plane);
+
+    Outcome PaintInsert(const drawing::EntityRecord& record, const Frame& frame);
+    Outcome PaintCopies(const drawing::InsertData& insert, const Frame& frame, const Style& style);
+    Outcome PaintAttributes(const drawing::InsertData& insert, const Frame& frame, const Style& style);
+    Outcome PaintDimension(const drawing::EntityRecord& record, const Frame& frame);
+    Outcome PaintViewport(const drawing::EntityRecord& record, const Frame& frame);
+    bool ViewportIsOff(const drawing::ViewportData& viewport) const;
+    Outcome PaintAttribute(const drawing::EntityRecord& record, const Frame& frame);
+    Outcome PaintAttdef(const drawing::EntityRecord& record, const Frame& frame);
+    Outcome PaintViewportContent(const drawing::ViewportData& viewport, const Frame& frame);
+    bool MakeClipPath(const drawing::ViewportData& viewport, const Frame& frame);
+    bool AppendBoundary(const drawing::EntityRecord& record, const Frame& frame, Path& path);
+    void FindSheetViewport(std::uint32_t block);
+    [[nodiscard]] bool CanEnter(std::uint32_t block);
+
+    [[nodiscard]] bool Hidden(const drawing::Entity& entity, const Frame& frame) const;
+    void Enter(const drawing::Entity& entity, const drawing::EntityRecord& record, const Frame& frame);
+    [[nodiscard]] Pen StrokePen() const;
+    [[nodiscard]] double PenWidth(double lineweight) const;
+    void StrokePath(std::span<const std::uint32_t> breaks = {});
+    void Remark(std::string_view text);
+
+    struct Buffers;
+    const drawing::Drawing& m_drawing;
+    TextEngine& m_text;
+    RenderReport* m_report;
+    PaintOptions m_options;
+    bool m_hideLayers;
+    Ink m_ink;
+    LayerStates m_ownLayers;
+    const LayerStates* m_layers;
+    std::vector<DashPattern> m_patterns;
+    // The entity at hand.
+    const Frame* m_frame = nullptr;
+    Style m_style;
+    double m_linetypeScale = 1;
+    Path m_path;
+    Path m_outline;
+    // Where the painter stands.
+    std::vector<std::uint32_t> m_openBlocks;
+    std::uint64_t m_budget;
+    const drawing::EntityRecord* m_sheetViewport = nullptr; ///< the one that stands for the sheet itself
+    std::unique_ptr<Buffers> m_buffers;
+};
+
+} // namespace sm::render

@@ -1,0 +1,83 @@
+#include "render/Style.h"
+
+#include "render/Palette.h"
+
+namespace sm::render {
+
+namespace {
+
+constexpr double kDefaultLineweight = 0.25; // mm, for entities and layers that name none
+
+bool NeverPlots(const std::string& layerName)
+{
+    constexpr std::string_view kDefpoints = "defpoints";
+    return layerName.size() == kDefpoints.size() &&
+           std::equal(layerName.begin(), layerName.end(), kDefpoints.begin(),
+                      [](char a, char b) { return (a >= 'A' && a <= 'Z' ? static_cast<char>(a + 32) : a) == b; });
+}
+
+Style StyleOf(const drawing::Layer& layer)
+{
+    Style style;
+    style.index = layer.trueColor ? std::int16_t{0} : layer.color;
+    style.color = layer.trueColor ? *layer.trueColor : PaperColor(layer.color);
+    style.width = LineweightMillimetres(layer.lineweight);
+    style.linetype =
+        layer.linetype == kLinetypeByLayer || layer.linetype == kLinetypeByBlock ? kContinuous : layer.linetype;
+    return style;
+}
+
+} // namespace
+
+double LineweightMillimetres(std::int16_t lineweight)
+{
+    return lineweight < 0 ? kDefaultLineweight : lineweight / 100.0;
+}
+
+LayerStates::LayerStates(const drawing::Drawing& drawing, std::span<const std::uint32_t> frozen, bool hideLayers)
+{
+    for (const drawing::Layer& layer : drawing.Layers()) {
+        LayerState state;
+        state.style = StyleOf(layer);
+        state.frozen = layer.frozen && hideLayers;
+        state.shown = !hideLayers || (!layer.off && !layer.frozen && layer.plotted && !NeverPlots(layer.name));
+        m_states.push_back(state);
+    }
+    if (m_states.empty()) {
+        m_states.emplace_back();
+    }
+    for (const std::uint32_t layer : frozen) {
+        if (layer < m_states.size()) {
+            m_states[layer].frozen = true;
+            m_states[layer].shown = false;
+        }
+    }
+}
+
+Style Resolve(const drawing::Entity& entity, const LayerState& layer, const Inherited& inherited)
+{
+    Style style = layer.style;
+    if (entity.trueColor) {
+        style.color = *entity.trueColor;
+        style.index = 0;
+    } else if (entity.color == drawing::kByBlock) {
+        style.color = inherited.byBlock.color;
+        style.index = inherited.byBlock.index;
+    } else if (entity.color != drawing::kByLayer) {
+        style.color = PaperColor(entity.color);
+        style.index = entity.color;
+    }
+    if (entity.linetype == kLinetypeByBlock) {
+        style.linetype = inherited.byBlock.linetype;
+    } else if (entity.linetype != kLinetypeByLayer) {
+        style.linetype = entity.linetype;
+    }
+    if (entity.lineweight == drawing::kLineweightByBlock) {
+        style.width = inherited.byBlock.width;
+    } else if (entity.lineweight != drawing::kLineweightByLayer) {
+        style.width = LineweightMillimetres(entity.lineweight);
+    }
+    return style;
+}
+
+} // namespace sm::render

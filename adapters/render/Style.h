@@ -1,0 +1,63 @@
+// Colour, line type and lineweight of an entity, BYLAYER and BYBLOCK resolved.
+#pragma once
+
+#include "drawing/Drawing.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace sm::render {
+
+/// What an entity is drawn with.
+struct Style {
+    std::uint32_t color = 0;    ///< 0xRRGGBB on paper
+    std::int16_t index = 7;     ///< the colour index behind it; 0 for a true colour
+    double width = 0;           ///< mm, unscaled
+    std::uint32_t linetype = 0; ///< index into the linetypes
+};
+
+/// Line type indexes that the drawing fixes.
+inline constexpr std::uint32_t kLinetypeByLayer = 0;
+inline constexpr std::uint32_t kLinetypeByBlock = 1;
+inline constexpr std::uint32_t kContinuous = 2;
+
+/// A layer as one view shows it.
+struct LayerState {
+    Style style;
+    bool frozen = false;
+    bool shown = true; ///< neither off nor frozen nor left out of plots
+};
+
+/// What the contents of a block take over from its insert.
+struct Inherited {
+    Style byBlock;
+    std::uint32_t layer = 0; ///< stands in for layer "0"
+};
+
+/// The layers of a drawing for one view, ready to be asked per entity.
+class LayerStates {
+public:
+    /// `frozen`: layers frozen in this view alone. `hidden` false: every layer shows.
+    LayerStates(const drawing::Drawing& drawing, std::span<const std::uint32_t> frozen, bool hideLayers = true);
+    [[nodiscard]] const LayerState& Of(std::uint32_t layer) const
+    {
+        return m_states[layer < m_states.size() ? layer : 0];
+    }
+
+private:
+    std::vector<LayerState> m_states;
+};
+
+/// The layer whose state counts for `entity`: its own, or the insert's where it lies on layer "0" of a block.
+inline std::uint32_t EffectiveLayer(const drawing::Entity& entity, const Inherited& inherited)
+{
+    return entity.layer == 0 ? inherited.layer : entity.layer;
+}
+
+Style Resolve(const drawing::Entity& entity, const LayerState& layer, const Inherited& inherited);
+
+/// Lineweight in mm of a group 370 value that is neither by layer nor by block.
+double LineweightMillimetres(std::int16_t lineweight);
+
+} // namespace sm::render
