@@ -108,22 +108,47 @@ struct Launch {
     }
 };
 
-void KeepOutput(std::string& kept, const char* data, std::size_t size)
-{
-    kept.append(data, size);
-    if (kept.size() > 2 * kOutputKept) {
-        kept.erase(0, kept.size() - kOutputKept);
+/// The end of what was printed, and the lines before it that must not get lost.
+class Output {
+public:
+    explicit Output(std::string keptLines) : m_keptLines(std::move(keptLines)) {}
+
+    void Add(const char* data, std::size_t size)
+    {
+        m_tail.append(data, size);
+        if (m_tail.size() > 2 * kOutputKept) {
+            const auto lineEnd = m_tail.rfind('\n', m_tail.size() - kOutputKept);
+            Drop(lineEnd == std::string::npos ? m_tail.size() - kOutputKept : lineEnd + 1);
+        }
     }
-}
+    std::string Text() const { return m_kept + m_tail; }
+
+private:
+    void Drop(std::size_t size)
+    {
+        for (std::size_t at = 0; !m_keptLines.empty() && at < size;) {
+            const std::size_t end = std::min(m_tail.find('\n', at), size - 1) + 1;
+            if (m_tail.compare(at, m_keptLines.size(), m_keptLines) == 0 && m_kept.size() < kOutputKept * 16) {
+                m_kept.append(m_tail, at, end - at);
+            }
+            at = end;
+        }
+        m_tail.erase(0, size);
+    }
+
+    std::string m_keptLines;
+    std::string m_kept;
+    std::string m_tail;
+};
 
 /// False when the pipe has ended.
-bool Drain(int descriptor, std::string& kept)
+bool Drain(int descriptor, Output& kept)
 {
     std::array<char, 16384> buffer; // filled by read
     while (true) {
         const ssize_t got = ::read(descriptor, buffer.data(), buffer.size());
         if (got > 0) {
-            KeepOutput(kept, buffer.data(), static_cast<std::size_t>(got));
+            kept.Add(buffer.data(), static_cast<std::size_t>(got));
         } else if (got == 0) {
             return false;
         } else if (errno != EINTR) {
@@ -133,7 +158,7 @@ bool Drain(int descriptor, std::string& kept)
 }
 
 /// True when the process ended by itself before the deadline.
-bool Await(int process, int output, Clock::time_point deadline, std::string& kept)
+bool Await(int process, int output, Clock::time_point deadline, Output& kept)
 {
     std::array<pollfd, 2> watched{{{process, POLLIN, 0}, {output, POLLIN, 0}}};
     while (true) {
@@ -224,7 +249,9 @@ ChildResult RunChild(const ChildCommand& command)
     }
     writing.Close();
     Descriptor process(static_cast<int>(::syscall(SYS_pidfd_open, child, 0)));
-    const bool ended = Await(process.Get(), reading.Get(), deadline, result.output);
+    Output output(command.keptLines);
+    const bool ended = Await(process.Get(), reading.Get(), deadline, output);
+    result.output = output.Text();
     result = Reap(child, ended, std::move(result));
     if (launch.startError != 0) {
         result.end = ChildResult::End::NotStarted;

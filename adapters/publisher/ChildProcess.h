@@ -20,6 +20,7 @@ struct ChildCommand {
     std::vector<std::string> arguments;   ///< without the program's name
     std::vector<std::string> environment; ///< "NAME=value", complete
     std::string workingFolder;
+    std::string keptLines; ///< output lines that begin with this are kept however much else is printed
     ChildLimits limits;
 };
 
@@ -27,7 +28,7 @@ struct ChildResult {
     enum class End { Exited, Signalled, PastDeadline, NotStarted };
     End end = End::NotStarted;
     int code = 0;       ///< exit code, signal number, or errno of a failed start
-    std::string output; ///< standard output and error together, the last 64 KB of it
+    std::string output; ///< standard output and error together: the last 64 KB, and the kept lines before it
 };
 
 /// The absolute path of `program` (looked up on $PATH unless it holds a slash); empty when it isn't there.

@@ -22,6 +22,7 @@ constexpr std::string_view kPrologue = R"(/SmSay { (\n@ ) print print ( ) print 
 /SmTell { {20 string cvs} stopped {pop pop (-)} if print ( ) print } bind def
 /SmName { {60 string cvs} stopped {clear (-)} if print } bind def
 /SmEnd { (\n) print flush } bind def
+/SmError { $error exch 2 copy known {get} {pop pop (-)} ifelse } bind def
 /SmPage {
   /SmRes exch def /SmH exch def /SmW exch def /SmPath exch def
   << /PageSize [SmW SmH] /HWResolution [SmRes SmRes] /Orientation 0 >> setpagedevice
@@ -29,9 +30,9 @@ constexpr std::string_view kPrologue = R"(/SmSay { (\n@ ) print print ( ) print 
   /SmSave save def
   /SmFile SmPath (r) file def
   { SmFile cvx exec } stopped
-  { (error) SmSay $error /errorname get SmTell
+  { (error) SmSay /errorname SmError SmTell
     { SmFile fileposition } stopped { pop -1 } if SmTell
-    $error /command get SmName SmEnd quit } if
+    /command SmError SmName SmEnd quit } if
   clear cleardictstack SmSave restore
   (page) SmSay currentpagedevice /PageCount get SmStart sub SmTell SmEnd
 } bind def
@@ -80,18 +81,29 @@ std::string PageFileName(std::size_t index)
     return fmt::format("{}.ps", index + 1);
 }
 
+std::string TakeColorConversion(std::string& jobOptions)
+{
+    static constexpr std::string_view kSetting = "/ColorConversionStrategy /";
+    const auto begin = jobOptions.find(kSetting);
+    if (begin == std::string::npos) {
+        return {};
+    }
+    const auto end = std::min(jobOptions.find('\n', begin), jobOptions.size());
+    std::string value = jobOptions.substr(begin + kSetting.size(), end - begin - kSetting.size());
+    jobOptions.erase(begin, end - begin + 1);
+    return value;
+}
+
 std::string DriverProgram(const std::vector<PageSource>& pages, const std::string& jobOptions, const std::string& nonce)
 {
     std::string program = "%!PS\n";
     program += kPrologue;
     const auto at = program.find('@');
     program.replace(at, 1, nonce);
-    if (!jobOptions.empty()) {
-        program +=
-            fmt::format("{{ << {} >> setdistillerparams }} stopped\n"
-                        "{{ (options) SmSay $error /errorname get SmTell -1 SmTell (-) SmName SmEnd quit }} if\n",
-                        jobOptions);
-    }
+    // Fonts that every reader is said to have are embedded like all others unless the job options name them.
+    program += fmt::format("{{ << /NeverEmbed [ ] {} >> setdistillerparams }} stopped\n"
+                           "{{ (options) SmSay /errorname SmError SmTell -1 SmTell (-) SmName SmEnd quit }} if\n",
+                           jobOptions);
     for (std::size_t i = 0; i < pages.size(); ++i) {
         const PageSource& page = pages[i];
         program += fmt::format("({}) {} {} {} SmPage\n", PageFileName(i), NumberText(page.width),

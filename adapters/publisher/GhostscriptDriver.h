@@ -18,6 +18,9 @@ std::int32_t UsableResolution(double width, double height, std::int32_t resoluti
 /// page runs between a save and its restore, and reports itself on a line of its own that begins with `nonce`.
 std::string DriverProgram(const std::vector<PageSource>& pages, const std::string& jobOptions,
                           const std::string& nonce);
+/// The value of the clean text's colour conversion setting, which the text then holds no more; empty when there is
+/// none. Given in the text rather than on the command line it would paint every page white first.
+std::string TakeColorConversion(std::string& jobOptions);
 /// "1.ps" for index 0.
 std::string PageFileName(std::size_t index);
 

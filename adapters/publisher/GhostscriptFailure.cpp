@@ -64,6 +64,17 @@ std::string Where(const PageSource& page, long long position)
                          fmt::format("Page {}: {} ({}).", page.number, what, Where(page, position)));
 }
 
+/// A program's own `stop` leaves no name; commands in "--" are the interpreter's inner ones.
+std::string WhatFailed(const DriverReport::Error& error)
+{
+    if (error.name.empty() || error.name.starts_with('-')) {
+        return "its PostScript stopped itself";
+    }
+    const bool nameless = error.command.empty() || error.command.starts_with("-");
+    return fmt::format("its PostScript ended with the error \"{}\"{}", error.name,
+                       nameless ? "" : fmt::format(" in \"{}\"", ValidUtf8(error.command)));
+}
+
 [[noreturn]] void FailOnError(const DriverReport& report, const std::vector<PageSource>& pages,
                               const std::string& folder, const std::string& outputPath)
 {
@@ -78,9 +89,7 @@ std::string Where(const PageSource& page, long long position)
     if (error.name == "ioerror" && RoomHasRunOut(folder, outputPath)) {
         FailFullDisk(folder);
     }
-    FailPage(page,
-             fmt::format("its PostScript ended with the error \"{}\" in \"{}\"", error.name, ValidUtf8(error.command)),
-             error.position);
+    FailPage(page, WhatFailed(error), error.position);
 }
 
 [[noreturn]] void FailSignalled(int code, const std::vector<PageSource>& pages, std::size_t done)

@@ -95,7 +95,7 @@ std::vector<std::string> Environment()
     return environment;
 }
 
-std::vector<std::string> Arguments(const std::vector<PageSource>& pages)
+std::vector<std::string> Arguments(const std::vector<PageSource>& pages, const std::string& colorConversion)
 {
     const PageSource& first = pages.front();
     std::vector<std::string> arguments{
@@ -112,6 +112,9 @@ std::vector<std::string> Arguments(const std::vector<PageSource>& pages)
         "-K1500000",
         fmt::format("-r{}", UsableResolution(first.width, first.height, first.resolution)),
         fmt::format("-sOutputFile={}", kOutputName)};
+    if (!colorConversion.empty()) {
+        arguments.push_back(fmt::format("-sColorConversionStrategy={}", colorConversion));
+    }
     for (std::size_t i = 0; i < pages.size(); ++i) {
         arguments.push_back(fmt::format("--permit-file-read={}", PageFileName(i)));
     }
@@ -137,10 +140,12 @@ public:
         LinkPages(pages, place);
         std::error_code error;
         std::filesystem::create_directory(place / kTemporaryName, error);
-        WriteDriver((place / kDriverName).string(), DriverProgram(pages, jobOptions, nonce));
-        command.arguments = Arguments(pages);
+        std::string settings = jobOptions;
+        command.arguments = Arguments(pages, TakeColorConversion(settings));
+        WriteDriver((place / kDriverName).string(), DriverProgram(pages, settings, nonce));
         command.environment = Environment();
         command.workingFolder = folder;
+        command.keptLines = nonce;
         command.limits = Limits(bytes);
         const ChildResult result = RunChild(command);
         CheckRun(result, ReadDriverOutput(result.output, nonce), pages, folder, (place / kOutputName).string());
