@@ -1,7 +1,7 @@
 // A drawing file (DXF), memory-mapped and read in one pass: tables, blocks, entities and objects.
 //
-// Reading is safe for files from outside: everything readable is used, and what was mended or skipped is reported once a
-// kind with its first line number. Only a file that holds no drawing at all is an error.
+// Reading is safe for files from outside: everything readable is used, and what was mended or skipped is reported once
+// a kind with its first line number. Only a file that holds no drawing at all is an error.
 #pragma once
 
 #include "drawing/Entities.h"
@@ -28,10 +28,10 @@ enum class Version : std::uint8_t { Unknown, R2_6, R9, R10, R12, R13, R14, R2000
 
 /// A kind of damage that was mended or skipped.
 struct Finding {
-    std::int32_t code = 0;   ///< stable number of the kind
-    std::string text;        ///< what was found and what was done, without counts
+    std::int32_t code = 0; ///< stable number of the kind
+    std::string text;      ///< what was found and what was done, without counts
     std::uint32_t count = 0;
-    std::uint32_t line = 0;  ///< of the first one
+    std::uint32_t line = 0;   ///< of the first one
     bool contentLost = false; ///< true: something of the drawing could not be used
 };
 
@@ -52,7 +52,11 @@ struct XDataItem {
     friend bool operator==(const XDataItem&, const XDataItem&) = default;
 };
 
-struct ImageDefinition { Handle handle = 0; std::string path; Vec2 pixels; };
+struct ImageDefinition {
+    Handle handle = 0;
+    std::string path;
+    Vec2 pixels;
+};
 
 class Drawing {
 public:
@@ -74,7 +78,8 @@ public:
     [[nodiscard]] virtual std::string HeaderText(std::string_view name, const std::string& fallback) const = 0;
     [[nodiscard]] virtual std::optional<Vec3> HeaderPoint(std::string_view name) const = 0;
 
-    // Tables. Index 0 of layers is layer "0"; of linetypes "ByLayer", 1 "ByBlock", 2 "Continuous"; of styles "Standard".
+    // Tables. Index 0 of layers is layer "0"; of linetypes "ByLayer", 1 "ByBlock", 2 "Continuous"; of styles
+    // "Standard".
     [[nodiscard]] virtual const std::vector<Layer>& Layers() const = 0;
     [[nodiscard]] virtual const std::vector<Linetype>& Linetypes() const = 0;
     [[nodiscard]] virtual const std::vector<TextStyle>& TextStyles() const = 0;

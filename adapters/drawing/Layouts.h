@@ -9,21 +9,21 @@ namespace sm::drawing {
 
 /// Lengths in millimetres unless said otherwise.
 struct PlotSettings {
-    std::string pageSetupName;     ///< 1
-    std::string configName;        ///< 2: printer or PC3
-    std::string mediaName;         ///< 4
-    std::string viewName;          ///< 6
+    std::string pageSetupName;                                               ///< 1
+    std::string configName;                                                  ///< 2: printer or PC3
+    std::string mediaName;                                                   ///< 4
+    std::string viewName;                                                    ///< 6
     double marginLeft = 0, marginBottom = 0, marginRight = 0, marginTop = 0; ///< 40 to 43, of the unturned sheet
     double paperWidth = 0, paperHeight = 0;                                  ///< 44, 45, of the unturned sheet
-    Vec2 origin;                   ///< 46, 47
-    Box2 window;                   ///< 48, 49, 140, 141, drawing units; may be empty or inverted in the file
-    double scaleNumerator = 1;     ///< 142, paper units
-    double scaleDenominator = 1;   ///< 143, drawing units
-    std::int32_t flags = 0;        ///< 70
-    std::int32_t paperUnits = 0;   ///< 72: 0 inches, 1 millimetres, 2 pixels
-    std::int32_t rotation = 0;     ///< 73: 0 to 3, quarter turns counter-clockwise
-    std::int32_t plotType = 0;     ///< 74: 0 display, 1 extents, 2 limits, 3 view, 4 window, 5 layout
-    std::string styleSheet;        ///< 7
+    Vec2 origin;                                                             ///< 46, 47
+    Box2 window;                    ///< 48, 49, 140, 141, drawing units; may be empty or inverted in the file
+    double scaleNumerator = 1;      ///< 142, paper units
+    double scaleDenominator = 1;    ///< 143, drawing units
+    std::int32_t flags = 0;         ///< 70
+    std::int32_t paperUnits = 0;    ///< 72: 0 inches, 1 millimetres, 2 pixels
+    std::int32_t rotation = 0;      ///< 73: 0 to 3, quarter turns counter-clockwise
+    std::int32_t plotType = 0;      ///< 74: 0 display, 1 extents, 2 limits, 3 view, 4 window, 5 layout
+    std::string styleSheet;         ///< 7
     std::int32_t standardScale = 0; ///< 75; 0 scale to fit
     double standardScaleFactor = 1; ///< 147
     // Bits of `flags`.
@@ -36,14 +36,14 @@ struct PlotSettings {
 struct Layout {
     std::string name;
     Handle handle = 0;
-    std::int32_t tabOrder = 0;  ///< 0 the model tab; paper tabs 1, 2, ... without gaps or doubles
-    std::uint32_t block = 0;    ///< index of the block that holds its entities
+    std::int32_t tabOrder = 0; ///< 0 the model tab; paper tabs 1, 2, ... without gaps or doubles
+    std::uint32_t block = 0;   ///< index of the block that holds its entities
     bool isModel = false;
     bool hasPlotSettings = true; ///< false: the file held none, the values are assumed
     PlotSettings plot;
-    Box2 limits, extents;        ///< drawing units; empty when missing or inverted in the file
+    Box2 limits, extents; ///< drawing units; empty when missing or inverted in the file
     Vec3 insertionBase;
-    bool psltscale = true;       ///< flag 1 of the LAYOUT object: line types scale with viewports
+    bool psltscale = true; ///< flag 1 of the LAYOUT object: line types scale with viewports
 };
 
 } // namespace sm::drawing

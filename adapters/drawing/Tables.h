@@ -39,7 +39,7 @@ struct LinetypeElement {
     double length = 0; ///< drawing units
     std::string text;
     std::uint16_t shape = 0;
-    std::uint32_t style = 0; ///< index into the text styles
+    std::uint32_t style = 0;        ///< index into the text styles
     double scale = 1, rotation = 0; ///< rotation in degrees
     bool absoluteRotation = false;
     Vec2 offset;

@@ -1,0 +1,124 @@
+#include "drawing/Model.h"
+
+#include "drawing/PlotSettingsReader.h"
+
+#include <algorithm>
+#include <array>
+
+namespace sm::drawing {
+
+namespace {
+
+Dictionary ReadDictionary(const Model& model, const Slice& slice)
+{
+    Dictionary dictionary;
+    dictionary.slice = slice;
+    std::string_view name;
+    ForEachTag(model, slice, [&](const TagCursor& tag) {
+        switch (tag.Code()) {
+        case 5:
+            dictionary.handle = tag.HandleValue();
+            break;
+        case 330:
+            dictionary.owner = dictionary.owner == 0 ? tag.HandleValue() : dictionary.owner;
+            break;
+        case 3:
+            name = tag.Name();
+            break;
+        case 350:
+        case 360:
+            if (!name.empty())
+                dictionary.entries.emplace_back(name, tag.HandleValue());
+            name = {};
+            break;
+        default:
+            break;
+        }
+    });
+    return dictionary;
+}
+
+ImageDefinition ReadImage(const Model& model, const Slice& slice)
+{
+    ImageDefinition image;
+    ForEachTag(model, slice, [&](const TagCursor& tag) {
+        switch (tag.Code()) {
+        case 1:
+            image.path = model.Text(tag.Name());
+            break;
+        case 5:
+            image.handle = tag.HandleValue();
+            break;
+        case 10:
+            image.pixels.x = tag.Real();
+            break;
+        case 20:
+            image.pixels.y = tag.Real();
+            break;
+        default:
+            break;
+        }
+    });
+    return image;
+}
+
+constexpr std::array kImageObjects{"IMAGEDEF",
+                                   "PDFDEFINITION",
+                                   "DWFDEFINITION",
+                                   "DGNDEFINITION",
+                                   "PDFUNDERLAYDEFINITION",
+                                   "DWFUNDERLAYDEFINITION",
+                                   "DGNUNDERLAYDEFINITION"};
+
+bool SameName(std::string_view a, std::string_view b)
+{
+    return a == b || FoldName(a) == FoldName(b);
+}
+
+} // namespace
+
+Handle Dictionary::Find(std::string_view name) const
+{
+    for (const auto& [entry, entryHandle] : entries)
+        if (SameName(entry, name))
+            return entryHandle;
+    return 0;
+}
+
+const Dictionary* Model::DictionaryOf(Handle handle) const
+{
+    const auto found = std::find_if(dictionaries.begin(), dictionaries.end(),
+                                    [&](const Dictionary& dictionary) { return dictionary.handle == handle; });
+    return handle == 0 || found == dictionaries.end() ? nullptr : &*found;
+}
+
+const Dictionary* Model::RootEntry(std::string_view name) const
+{
+    return hasRoot ? DictionaryOf(dictionaries.front().Find(name)) : nullptr;
+}
+
+void BuildDictionaries(Model& model)
+{
+    for (const NamedSlice& object : model.structure.objects)
+        if (object.name == "DICTIONARY" || object.name == "ACDBDICTIONARYWDFLT")
+            model.dictionaries.push_back(ReadDictionary(model, object.slice));
+    // The named-object dictionary comes first and has no owner; in a damaged file, whichever has no owner.
+    const auto root = std::find_if(model.dictionaries.begin(), model.dictionaries.end(),
+                                   [](const Dictionary& dictionary) { return dictionary.owner == 0; });
+    if (root != model.dictionaries.end())
+        std::rotate(model.dictionaries.begin(), root, root + 1);
+    model.hasRoot = !model.dictionaries.empty();
+}
+
+void BuildObjects(Model& model)
+{
+    for (const char* kind : kImageObjects)
+        ForEachObject(model, kind, [&](const Slice& slice) { model.images.push_back(ReadImage(model, slice)); });
+    ForEachObject(model, "PLOTSETTINGS", [&](const Slice& slice) {
+        PlotSettings settings;
+        ForEachTag(model, slice, [&](const TagCursor& tag) { TakePlotSettingsTag(model, tag, settings); });
+        model.pageSetups.push_back(std::move(settings));
+    });
+}
+
+} // namespace sm::drawing

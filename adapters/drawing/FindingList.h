@@ -1,0 +1,49 @@
+// The kinds of damage the reader mends or skips, counted once a kind.
+#pragma once
+
+#include "drawing/Drawing.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace sm::drawing {
+
+/// Stable numbers, grouped by hundreds: 1xx the file, 2xx header and text, 3xx tables, 4xx blocks, 5xx entities,
+/// 6xx objects and layouts.
+enum class Damage : std::int32_t {
+    NotATag = 101,
+    NoEnd = 102,
+    CutOffTag = 103,
+    RecordOutsideSection = 104,
+    TextAfterEnd = 105,
+    SectionNotClosed = 106,
+    UnknownCodePage = 201,
+    NotUtf8 = 202,
+    UnknownVersion = 203,
+    NamelessEntry = 301,
+    SignsOfAllLayers = 302,
+    DoubleEntry = 303,
+    BlockWithoutName = 401,
+    BlockNotClosed = 402,
+    DoubleBlock = 403,
+    VertexWithoutPolyline = 501,
+    MissingSequenceEnd = 502,
+    StraySequenceEnd = 503,
+    EntityTooLong = 504,
+    LayoutWithoutBlock = 601,
+    TabOrder = 602,
+    LayoutWithoutName = 603,
+    NoLayouts = 604,
+};
+
+class FindingList {
+public:
+    /// Counts one more of that kind; the first one's line is kept.
+    void Add(Damage kind, std::uint32_t line, std::uint32_t count = 1);
+    [[nodiscard]] const std::vector<Finding>& All() const { return m_findings; }
+
+private:
+    std::vector<Finding> m_findings;
+};
+
+} // namespace sm::drawing
