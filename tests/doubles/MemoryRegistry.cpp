@@ -34,8 +34,7 @@ void MemoryRegistry::Put(RegistryRoot root, const std::string& path, const std::
 void MemoryRegistry::PutBytes(RegistryRoot root, const std::string& path, const std::string& name, RegistryType type,
                               const std::string& bytes)
 {
-    MakeKey(IdOf(root, path));
-    m_keys[IdOf(root, path)][Lower(name)] = {type, bytes};
+    MakeKey(IdOf(root, path))[Lower(name)] = {type, bytes};
 }
 
 const MemoryRegistry::Value* MemoryRegistry::Find(RegistryRoot root, const std::string& path,
@@ -73,34 +72,38 @@ MemoryRegistry::KeyId MemoryRegistry::IdOf(RegistryRoot root, const std::string&
     return {root, Lower(path)};
 }
 
-RegistryKey MemoryRegistry::Open(const KeyId& id)
+RegistryKey MemoryRegistry::Open(Values& values)
 {
-    m_handles[++m_lastHandle] = id;
+    m_handles[++m_lastHandle] = &values;
     return m_lastHandle;
 }
 
-void MemoryRegistry::MakeKey(const KeyId& id)
+MemoryRegistry::Values& MemoryRegistry::MakeKey(const KeyId& id)
 {
-    m_keys[id];
-    for (std::size_t at = id.second.find('\\'); at != std::string::npos; at = id.second.find('\\', at + 1))
+    const auto [key, isNew] = m_keys.try_emplace(id);
+    for (std::size_t at = id.second.find('\\'); isNew && at != std::string::npos; at = id.second.find('\\', at + 1))
         m_keys[{id.first, id.second.substr(0, at)}];
+    return key->second;
 }
 
 const MemoryRegistry::Value* MemoryRegistry::Find(RegistryKey key, const std::string& name) const
 {
     const auto handle = m_handles.find(key);
-    return handle == m_handles.end() ? nullptr : Find(handle->second.first, handle->second.second, name);
+    if (handle == m_handles.end())
+        return nullptr;
+    const auto value = handle->second->find(Lower(name));
+    return value == handle->second->end() ? nullptr : &value->second;
 }
 
 std::optional<RegistryKey> MemoryRegistry::OpenKey(RegistryRoot root, const std::string& path)
 {
-    return HasKey(root, path) ? std::optional(Open(IdOf(root, path))) : std::nullopt;
+    const auto key = m_keys.find(IdOf(root, path));
+    return key == m_keys.end() ? std::nullopt : std::optional(Open(key->second));
 }
 
 std::optional<RegistryKey> MemoryRegistry::CreateKey(RegistryRoot root, const std::string& path)
 {
-    MakeKey(IdOf(root, path));
-    return Open(IdOf(root, path));
+    return Open(MakeKey(IdOf(root, path)));
 }
 
 std::optional<RegistryValueInfo> MemoryRegistry::QueryInfo(RegistryKey key, const std::string& name)
@@ -126,7 +129,7 @@ bool MemoryRegistry::SetValue(RegistryKey key, const std::string& name, Registry
     const auto handle = m_handles.find(key);
     if (handle == m_handles.end() || byteCount > data.size())
         return false;
-    m_keys[handle->second][Lower(name)] = {type, data.substr(0, byteCount)};
+    (*handle->second)[Lower(name)] = {type, data.substr(0, byteCount)};
     return true;
 }
 

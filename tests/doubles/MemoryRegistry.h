@@ -49,12 +49,13 @@ private:
     using Values = std::map<std::string, Value>;
 
     static KeyId IdOf(RegistryRoot root, const std::string& path);
-    RegistryKey Open(const KeyId& id);
-    void MakeKey(const KeyId& id);
+    RegistryKey Open(Values& values);
+    /// The values of the key, made with all its parents when it isn't there.
+    Values& MakeKey(const KeyId& id);
     [[nodiscard]] const Value* Find(RegistryKey key, const std::string& name) const;
 
     std::map<KeyId, Values> m_keys;
-    std::map<RegistryKey, KeyId> m_handles;
+    std::map<RegistryKey, Values*> m_handles;
     RegistryKey m_lastHandle = 0;
 };
 
