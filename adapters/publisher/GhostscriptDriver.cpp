@@ -18,8 +18,7 @@ constexpr std::int32_t kLowestResolution = 10;
 
 // A PostScript program may end with its operands, dictionaries or definitions lying about: they are cleared before
 // the restore. What its error left on the stacks is printed, never trusted.
-constexpr std::string_view kPrologue = R"(/SmSay { (\n@ ) print print ( ) print } bind def
-/SmTell { {20 string cvs} stopped {pop pop (-)} if print ( ) print } bind def
+constexpr std::string_view kPrologue = R"(/SmTell { {20 string cvs} stopped {pop pop (-)} if print ( ) print } bind def
 /SmName { {60 string cvs} stopped {clear (-)} if print } bind def
 /SmEnd { (\n) print flush } bind def
 /SmError { $error exch 2 copy known {get} {pop pop (-)} ifelse } bind def
@@ -96,10 +95,8 @@ std::string TakeColorConversion(std::string& jobOptions)
 
 std::string DriverProgram(const std::vector<PageSource>& pages, const std::string& jobOptions, const std::string& nonce)
 {
-    std::string program = "%!PS\n";
-    program += kPrologue;
-    const auto at = program.find('@');
-    program.replace(at, 1, nonce);
+    std::string program =
+        fmt::format("%!PS\n/SmSay {{ (\\n{} ) print print ( ) print }} bind def\n{}", nonce, kPrologue);
     // Fonts that every reader is said to have are embedded like all others unless the job options name them.
     program += fmt::format("{{ << /NeverEmbed [ ] {} >> setdistillerparams }} stopped\n"
                            "{{ (options) SmSay /errorname SmError SmTell -1 SmTell (-) SmName SmEnd quit }} if\n",
