@@ -20,14 +20,16 @@ public:
 /// Millimetres on the sheet as it leaves the plotter: the unturned medium.
 struct Placement {
     double sheetWidth = 0, sheetHeight = 0;
-    render::Matrix3 view;     ///< world to display plane
-    render::Matrix2 toPaper;  ///< display plane to sheet
-    drawing::Box2 clip;       ///< printable area, and the plotted area where it is smaller
+    render::Matrix3 view;                            ///< world to display plane
+    render::Matrix2 toPaper;                         ///< display plane to sheet
+    drawing::Box2 clip;                              ///< printable area, and the plotted area where it is smaller
     double scaleNumerator = 1, scaleDenominator = 1; ///< in force: paper units for drawing units
 };
 
 /// Host scale codes: 0 scale to fit, 1 to 32 the standard scales, paper units for drawing units. Nothing for others.
-struct StandardScaleValue { double numerator = 1, denominator = 1; };
+struct StandardScaleValue {
+    double numerator = 1, denominator = 1;
+};
 const StandardScaleValue* FindStandardScale(std::int32_t code);
 
 /// Places `layout` as `settings` say. `extents` is asked only where it is needed: the box, in the display plane of the

@@ -1,0 +1,53 @@
+#include "plotter/Plotter.h"
+#include "plotter/PsDocument.h"
+
+#include <system_error>
+
+namespace sm::plotter {
+
+namespace {
+
+using drawing::PlotSettings;
+
+std::string FolderOf(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+}
+
+render::Scene SceneOf(const PlotJob& job, const Placement& placement)
+{
+    render::Scene scene{job.drawing, job.layout.block, placement.view, placement.toPaper, placement.clip};
+    scene.paperSpace = !job.layout.isModel;
+    scene.lineweights = job.settings.Has(PlotSettings::kLineweights);
+    // Lineweights are paper measures unless a paper layout is asked to scale them with its plot.
+    if (scene.paperSpace && job.settings.Has(PlotSettings::kScaleLineweights)) {
+        scene.lineweightScale = placement.scaleNumerator / placement.scaleDenominator;
+    }
+    scene.viewportsFirst = job.settings.Has(PlotSettings::kDrawViewportsFirst);
+    scene.viewportBorders = job.settings.Has(PlotSettings::kViewportBorders);
+    return scene;
+}
+
+} // namespace
+
+void PlotToPostScript(const PlotJob& job, const std::string& path, render::TextEngine& text,
+                      render::RenderReport& report)
+{
+    const Placement placement = Place(job.drawing, job.layout, job.settings, [&](const render::Matrix3& view) {
+        return render::ExtentsOf(job.drawing, job.layout.block, view, text);
+    });
+    try {
+        PsWriter writer(job.resolution, FolderOf(path));
+        if (!placement.clip.Empty()) {
+            render::RenderScene(SceneOf(job, placement), writer, text, report);
+        }
+        const PsDocument document{job.title,      job.creator,          placement.sheetWidth, placement.sheetHeight,
+                                  job.resolution, job.settings.rotation};
+        WriteDocument(document, writer, path);
+    } catch (const std::system_error& error) {
+        throw PlotError("The plot file " + path + " can't be written: " + error.code().message() + ".");
+    }
+}
+
+} // namespace sm::plotter

@@ -1,0 +1,86 @@
+// The canvas that writes a page's PostScript.
+//
+// The body speaks in the operators of PDF content streams, one token form each, in device units of one dot:
+//   x y m   x y l   x1 y1 x2 y2 x3 y3 c   h   S  f  f*  q  Q  W  W*  n
+//   width w   cap J   join j   gray G|g   r g b RG|rg
+//   BT /Fn 1 Tf a b c d e f Tm <hex> Tj [<hex> n <hex>] TJ ET   (with 3 Tr before Tf for text that doesn't show)
+#pragma once
+
+#include "plotter/BodyText.h"
+#include "plotter/FontBook.h"
+#include "render/Canvas.h"
+
+#include <string>
+#include <vector>
+
+namespace sm::plotter {
+
+class PsWriter final : public render::ICanvas {
+public:
+    /// `resolution` in dots per inch; a very long page waits in a file in `folder`.
+    PsWriter(double resolution, std::string folder);
+
+    void PushClip(const render::Path& path, render::FillRule rule) override;
+    void PopClip() override;
+    void Stroke(const render::Path& path, const render::StrokeStyle& style) override;
+    void Fill(const render::Path& path, std::uint32_t color, render::FillRule rule) override;
+    void Text(const render::TextRun& run) override;
+
+    /// Ends the last stroke and closes what clips are open.
+    void Finish();
+    [[nodiscard]] BodyText& Body() { return m_body; }
+    [[nodiscard]] const FontBook& Fonts() const { return m_fonts; }
+
+private:
+    struct Dot {
+        std::int32_t x = 0, y = 0;
+        friend bool operator==(const Dot&, const Dot&) = default;
+    };
+    /// Where the path being written stands.
+    struct Pencil {
+        Dot start, at;
+        bool onPaper = false; ///< `at` is the interpreter's current point
+        bool drawn = false;   ///< the sub-path has a segment
+        bool asked = false;   ///< the sub-path was asked for a segment, perhaps of no length
+    };
+    struct State {
+        double width = -1;
+        int cap = -1, join = -1;
+        std::uint32_t color = kNoColor;
+        bool colorStrokes = false; ///< the colour was set for stroking, not for filling
+    };
+    static constexpr std::uint32_t kNoColor = 0xFFFFFFFF;
+
+    [[nodiscard]] Dot ToDots(render::Vec2 p) const;
+    void Write(const char* op);
+    void WritePoint(Dot p, char op);
+    void WriteCubic(Dot a, Dot b, Dot c);
+    void WriteNumber(double value, int digits);
+    void SetPen(const render::StrokeStyle& style);
+    void SetColor(std::uint32_t color, bool strokes);
+    void EndStroke();
+    /// Writes the path's segments; `chains`: a sub-path may go on where the last one ended.
+    void Draw(const render::Path& path, bool chains);
+    void BeginSubPath();
+    void LineTo(Dot p);
+    void CubicTo(Dot a, Dot b, Dot c);
+    void Close();
+    void EndSubPath();
+    void WriteRun(const render::TextRun& run, std::size_t from, std::size_t to);
+    void WriteMatrix(const render::Matrix2& m);
+    std::size_t WriteGlyphs(const render::TextRun& run, std::size_t from, std::size_t to);
+    GlyphCode CodeOf(const render::TextRun& run, std::size_t i);
+    double AdvanceOf(const render::TextRun& run, std::size_t i) const;
+
+    BodyText m_body;
+    FontBook m_fonts;
+    double m_dots; ///< of a millimetre
+    State m_state;
+    std::vector<State> m_saved;
+    render::StrokeStyle m_pen; ///< of the open stroke
+    Pencil m_pencil;
+    std::size_t m_openSegments = 0; ///< of the open stroke; 0: none is open
+    std::string m_hex;
+};
+
+} // namespace sm::plotter

@@ -1,0 +1,40 @@
+// One scalable font as back ends need it: metrics and outlines by glyph.
+#pragma once
+
+#include "render/Canvas.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace sm::render {
+
+/// Quadratic outline in font units as TrueType keeps it: closed contours of on- and off-curve points.
+struct GlyphContours {
+    struct Point {
+        std::int16_t x = 0, y = 0;
+        bool onCurve = true;
+        friend bool operator==(const Point&, const Point&) = default;
+    };
+    std::vector<Point> points;
+    std::vector<std::uint16_t> ends; ///< last point of each contour
+    void Clear()
+    {
+        points.clear();
+        ends.clear();
+    }
+};
+
+/// Owned by the text engine; lives as long as it does.
+class FontFace {
+public:
+    virtual ~FontFace() = default;
+    /// Letters, digits and hyphens only: "LiberationSans-Bold".
+    [[nodiscard]] virtual const std::string& Name() const = 0;
+    [[nodiscard]] virtual std::uint16_t UnitsPerEm() const = 0;
+    [[nodiscard]] virtual std::uint16_t Advance(std::uint32_t glyph) const = 0; ///< font units
+    virtual void Contours(std::uint32_t glyph, GlyphContours& out) const = 0;   ///< cleared first
+    virtual void Outline(std::uint32_t glyph, Path& out) const = 0;             ///< em; cleared first
+};
+
+} // namespace sm::render
