@@ -22,8 +22,8 @@ struct StampSettings {
     std::string FontName = "Helvetica";
     std::int32_t StampIndex = 0; ///< 0 none, 1 to 15 into the stamp list
     std::int32_t Justification = 0;
-    std::string LayoutName; ///< or "All Layouts"
-    double X = 0, Y = 0;    ///< drawing units
+    std::string LayoutName;     ///< or "All Layouts"
+    double X = 0, Y = 0;        ///< drawing units
     std::int32_t FontSize = 24; ///< points
     friend bool operator==(const StampSettings&, const StampSettings&) = default;
 };

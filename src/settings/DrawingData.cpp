@@ -2,6 +2,8 @@
 #include "settings/DrawingValues.h"
 #include "settings/mdlDataKegIO.h"
 
+#include <utility>
+
 namespace sm {
 
 namespace {
@@ -28,7 +30,7 @@ std::vector<std::string> TextsOf(const AcadXData& data)
 std::vector<std::string> GetDrawingData(CallContext& context, const std::string& recordName, std::int32_t expectedCount,
                                         IAcadDocument& document, bool* failed)
 {
-    const auto read = CarryPast(context, "GetDrawingData", [&] {
+    auto read = CarryPast(context, "GetDrawingData", [&] {
         std::vector<std::string> values =
             TextsOf(Present(document.Dictionaries(), "Dictionaries")->GetXData(ApplicationName(recordName)));
         const std::size_t fixedSize = static_cast<std::size_t>(expectedCount) + 1;
@@ -38,7 +40,7 @@ std::vector<std::string> GetDrawingData(CallContext& context, const std::string&
     });
     if (failed != nullptr)
         *failed = !read;
-    return read.value_or(std::vector<std::string>());
+    return std::move(read).value_or(std::vector<std::string>());
 }
 
 void SetDrawingData(CallContext& context, const std::string& recordName, const std::vector<AcadVariant>& values,
