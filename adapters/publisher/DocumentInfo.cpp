@@ -144,13 +144,24 @@ std::string XmpDate(LocalDateTime time)
 void DocumentInfo::Set(const std::string& key, const std::string& value)
 {
     const std::string name = ValidUtf8(key);
-    const auto found = std::ranges::find(m_entries, name, &std::pair<std::string, std::string>::first);
-    if (value.empty()) {
-        std::erase_if(m_entries, [&](const auto& entry) { return entry.first == name; });
-    } else if (found != m_entries.end()) {
-        found->second = ValidUtf8(value);
-    } else if (!name.empty()) {
+    const auto [place, isNew] = m_places.emplace(name, m_entries.size());
+    if (name.empty() || (isNew && value.empty())) {
+        m_places.erase(place);
+    } else if (isNew) {
         m_entries.emplace_back(name, ValidUtf8(value));
+    } else if (!value.empty()) {
+        m_entries[place->second].second = ValidUtf8(value);
+    } else {
+        Remove(place->second);
+    }
+}
+
+void DocumentInfo::Remove(std::size_t place)
+{
+    m_entries.erase(m_entries.begin() + static_cast<std::ptrdiff_t>(place));
+    m_places.clear();
+    for (std::size_t i = 0; i < m_entries.size(); ++i) {
+        m_places.emplace(m_entries[i].first, i);
     }
 }
 
@@ -162,8 +173,8 @@ void DocumentInfo::SetDates(LocalDateTime creation, LocalDateTime modification)
 
 std::optional<std::string> DocumentInfo::Value(const std::string& key) const
 {
-    const auto found = std::ranges::find(m_entries, key, &std::pair<std::string, std::string>::first);
-    return found == m_entries.end() ? std::nullopt : std::optional(found->second);
+    const auto found = m_places.find(key);
+    return found == m_places.end() ? std::nullopt : std::optional(m_entries[found->second].second);
 }
 
 std::vector<std::pair<std::string, std::string>> DocumentInfo::Entries() const

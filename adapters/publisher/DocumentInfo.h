@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -23,7 +24,10 @@ public:
     [[nodiscard]] std::string Xmp() const;
 
 private:
+    void Remove(std::size_t place);
+
     std::vector<std::pair<std::string, std::string>> m_entries;
+    std::unordered_map<std::string, std::size_t> m_places; ///< of the keys in m_entries
     std::optional<LocalDateTime> m_creation;
     std::optional<LocalDateTime> m_modification;
 };

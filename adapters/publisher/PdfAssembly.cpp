@@ -1,6 +1,7 @@
 #include "publisher/PdfAssembly.h"
 
 #include "publisher/AtomicFile.h"
+#include "publisher/MarkWriter.h"
 #include "publisher/PdfNumbers.h"
 #include "publisher/PublishStatus.h"
 #include "publisher/Qpdf.h"
@@ -102,6 +103,18 @@ void SetInformation(QPDF& pdf, const DocumentInfo& info)
     pdf.getRoot().replaceKey("/Metadata", metadata);
 }
 
+std::vector<SheetPage> SizedSheets(QPDF& pdf, const std::vector<PagePlace>& pages)
+{
+    const auto& all = pdf.getAllPages();
+    std::vector<SheetPage> sheets;
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        const PagePlace& place = pages[i];
+        SetPageSize(pdf, all.at(i), place.width, place.height);
+        sheets.push_back({all.at(i), place.title, UserUnitFor(place.width, place.height), i + 1, place.marks});
+    }
+    return sheets;
+}
+
 void WriteOut(QPDF& pdf, AtomicFile& target)
 {
     FilePipeline pipeline(target);
@@ -122,20 +135,20 @@ double UserUnitFor(double width, double height)
     return side <= kLargestSide ? 1 : std::ceil(side / kLargestSide * 100) / 100;
 }
 
-void AssemblePdf(const std::vector<MadePages>& sources, const std::vector<PagePlace>& pages, const DocumentInfo& info,
-                 AtomicFile& target)
+MarkTally AssemblePdf(const Assembly& assembly, AtomicFile& target)
 {
     try {
-        Collection collection(sources, pages);
+        Collection collection(assembly.sources, assembly.pages);
         QPDF& pdf = collection.Document();
-        const auto& all = pdf.getAllPages();
-        for (std::size_t i = 0; i < pages.size(); ++i) {
-            SetPageSize(pdf, all.at(i), pages[i].width, pages[i].height);
-        }
         pdf.getRoot().removeKey("/Metadata");
+        const std::vector<SheetPage> sheets = SizedSheets(pdf, assembly.pages);
+        DocumentInfo info = assembly.info;
+        const MarkTally tally = WriteMarks(pdf, sheets, info, assembly.note);
+        WriteNavigation(pdf, sheets, assembly.navigation, info.Value("Title").has_value());
         CompressStreams(pdf);
         SetInformation(pdf, info);
         WriteOut(pdf, target);
+        return tally;
     } catch (const PublishFailure&) {
         throw;
     } catch (const std::exception& error) {

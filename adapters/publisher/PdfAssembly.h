@@ -3,8 +3,12 @@
 
 #include "publisher/DocumentInfo.h"
 #include "publisher/IPageMaker.h"
+#include "publisher/Marks.h"
+#include "publisher/Navigation.h"
 
 #include <cstddef>
+#include <functional>
+#include <string>
 #include <vector>
 
 namespace sm::publisher {
@@ -16,6 +20,22 @@ struct PagePlace {
     std::size_t source = 0; ///< index into the made PDFs
     std::size_t index = 0;  ///< page of that PDF, from 0
     double width = 0, height = 0;
+    std::string title;            ///< the sheet's name, may be empty
+    const Marks* marks = nullptr; ///< never null when the document is put together
+};
+
+struct MarkTally {
+    std::size_t drawn = 0;
+    std::size_t notDrawn = 0; ///< attachments whose file went away since they were queued
+};
+
+/// Everything that makes up the document.
+struct Assembly {
+    std::vector<MadePages> sources;
+    std::vector<PagePlace> pages;
+    DocumentInfo info;
+    NavigationWanted navigation;
+    std::function<void(const std::string& line)> note; ///< never empty; hears of marks not drawn as asked
 };
 
 /// How many points one unit of a page's coordinates is: 1, or more where a side exceeds 14,400 points, the most that
@@ -23,7 +43,6 @@ struct PagePlace {
 double UserUnitFor(double width, double height);
 
 /// Writes the document to `target` without committing it. Throws PublishFailure.
-void AssemblePdf(const std::vector<MadePages>& sources, const std::vector<PagePlace>& pages, const DocumentInfo& info,
-                 AtomicFile& target);
+MarkTally AssemblePdf(const Assembly& assembly, AtomicFile& target);
 
 } // namespace sm::publisher

@@ -174,16 +174,6 @@ std::string PubDoc::PromptForPdfName(const std::string& defaultName, std::int32_
     return AskPdfName(m_desktop, defaultName, owner, hostTitle);
 }
 
-void PubDoc::ReportMarks(SaveReport& report) const
-{
-    for (const DocumentPage& page : m_pages) {
-        report.marksNotDrawn += page.marks.size();
-    }
-    if (report.marksNotDrawn > 0) {
-        Note(fmt::format("{} annotation mark(s) were queued and are not drawn yet", report.marksNotDrawn));
-    }
-}
-
 std::int32_t PubDoc::SaveToPdf(const std::string& pdfPath, std::int32_t /*hostValue*/, bool openInViewer, bool deletePs,
                                std::int32_t /*reserved*/)
 {
@@ -191,10 +181,10 @@ std::int32_t PubDoc::SaveToPdf(const std::string& pdfPath, std::int32_t /*hostVa
         if (m_pages.empty()) {
             throw PublishFailure(PublishStatus::NoPage, "There is no page to save. Plot a sheet first.");
         }
-        const SaveRequest request{m_pages, m_info, pdfPath, Folder()};
-        SaveReport report = SavePages(request, *m_pageMaker);
-        ReportMarks(report);
-        DisposePostScript(request, deletePs, [this](const std::string& line) { Note(line); });
+        const SaveRequest request{
+            m_pages, m_info, pdfPath, Folder(), m_options.navigation, [this](const std::string& line) { Note(line); }};
+        const SaveReport report = SavePages(request, *m_pageMaker);
+        DisposePostScript(request, deletePs);
         m_pages.clear();
         if (m_options.observer.saved) {
             m_options.observer.saved(report);

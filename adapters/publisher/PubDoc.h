@@ -58,7 +58,6 @@ private:
     std::int32_t QueueMark(Mark mark, std::initializer_list<double> coordinates);
     const std::string& Folder();
     void Note(const std::string& line) const;
-    void ReportMarks(SaveReport& report) const;
 
     PublisherOptions m_options;
     IDesktop& m_desktop;

@@ -3,6 +3,7 @@
 
 #include "ports/IDesktop.h"
 #include "ports/IPubDoc.h"
+#include "publisher/Navigation.h"
 
 #include <chrono>
 #include <cstddef>
@@ -17,7 +18,8 @@ struct SaveReport {
     std::string pdfPath;
     std::size_t pages = 0;
     std::size_t interpreterRuns = 0;
-    std::size_t marksNotDrawn = 0;
+    std::size_t marksDrawn = 0;
+    std::size_t marksNotDrawn = 0; ///< attachments whose file could no longer be read
     std::uintmax_t pdfBytes = 0;
     std::chrono::microseconds makingPages{0}; ///< wall time in the PostScript interpreter
     std::chrono::microseconds assembling{0};  ///< wall time of structure, compression and writing
@@ -25,7 +27,7 @@ struct SaveReport {
 
 /// Callbacks; empty ones are skipped. They run on the caller's thread and must not throw.
 struct PublishObserver {
-    /// One line in plain words about something that was carried past or isn't done.
+    /// One line in plain words about something that was carried past or done otherwise than asked.
     std::function<void(const std::string& line)> note;
     std::function<void(const SaveReport& report)> saved;
 };
@@ -46,6 +48,7 @@ struct PublisherOptions {
     std::chrono::milliseconds deadlinePerMegabyte{4000};
     /// The PDF's Producer entry.
     std::string producer = "Sheetmaker PDF";
+    NavigationWanted navigation;
     PublishObserver observer;
 };
 

@@ -3,6 +3,7 @@
 #include "publisher/AtomicFile.h"
 #include "publisher/GhostscriptDriver.h"
 #include "publisher/PdfAssembly.h"
+#include "publisher/SheetTitle.h"
 
 #include <chrono>
 #include <filesystem>
@@ -81,7 +82,7 @@ std::vector<Group> GroupPages(const std::vector<DocumentPage>& pages, std::vecto
     for (const DocumentPage& page : pages) {
         Group& group = GroupFor(page, groups);
         places.push_back({static_cast<std::size_t>(&group - groups.data()), group.pages.size(), page.source.width,
-                          page.source.height});
+                          page.source.height, ReadSheetTitle(page.source.psPath), &page.marks});
         group.pages.push_back(page.source);
     }
     return groups;
@@ -128,29 +129,30 @@ SaveReport SavePages(const SaveRequest& request, IPageMaker& pageMaker)
     RefuseInputAsTarget(request);
     AtomicFile(request.pdfPath); // tells at once when the target can't be written
     const auto start = Clock::now();
-    std::vector<PagePlace> places;
+    Assembly assembly{{}, {}, request.info, request.navigation, request.note};
     std::vector<std::unique_ptr<RunFolder>> folders;
-    std::vector<MadePages> made;
-    for (const Group& group : GroupPages(request.pages, places)) {
+    for (const Group& group : GroupPages(request.pages, assembly.pages)) {
         folders.push_back(
             std::make_unique<RunFolder>(fs::path(request.workFolder) / fmt::format("run-{}", folders.size() + 1)));
-        made.push_back(pageMaker.MakePages(group.pages, group.jobOptions, folders.back()->Path()));
+        assembly.sources.push_back(pageMaker.MakePages(group.pages, group.jobOptions, folders.back()->Path()));
     }
     SaveReport report;
     report.makingPages = Since(start);
-    const auto assembly = Clock::now();
+    const auto assembling = Clock::now();
     AtomicFile target(request.pdfPath);
-    AssemblePdf(made, places, request.info, target);
+    const MarkTally marks = AssemblePdf(assembly, target);
     target.Commit();
-    report.assembling = Since(assembly);
+    report.assembling = Since(assembling);
     report.pdfPath = request.pdfPath;
     report.pages = request.pages.size();
-    report.interpreterRuns = made.size();
+    report.interpreterRuns = assembly.sources.size();
+    report.marksDrawn = marks.drawn;
+    report.marksNotDrawn = marks.notDrawn;
     report.pdfBytes = target.BytesWritten();
     return report;
 }
 
-void DisposePostScript(const SaveRequest& request, bool deletePs, const std::function<void(const std::string&)>& note)
+void DisposePostScript(const SaveRequest& request, bool deletePs)
 {
     const fs::path pdf(request.pdfPath);
     for (const DocumentPage& page : request.pages) {
@@ -162,11 +164,11 @@ void DisposePostScript(const SaveRequest& request, bool deletePs, const std::fun
                 fs::remove(path);
             } else if (LiesIn(path, request.workFolder)) {
                 MoveFile(path, kept);
-                note(fmt::format("The PostScript of page {} was kept as {}", page.source.number, kept));
+                request.note(fmt::format("The PostScript of page {} was kept as {}", page.source.number, kept));
             }
         } catch (const std::exception& error) {
-            note(fmt::format("The PostScript file {} of page {} could not be {}: {}", path, page.source.number,
-                             deletePs ? "deleted" : "kept", error.what()));
+            request.note(fmt::format("The PostScript file {} of page {} could not be {}: {}", path, page.source.number,
+                                     deletePs ? "deleted" : "kept", error.what()));
         }
     }
 }
