@@ -46,10 +46,17 @@ struct LaidText {
     std::vector<Vec2> outline; ///< the four corners of the text's box (turned with it); empty for an empty text
 };
 
+/// Where fonts.map is looked for (the user's lines count before the shipped ones) and, in `user`, a folder "fonts".
+struct TextFolders {
+    std::string data, user; ///< may be empty
+};
+
 /// Lays text out; keeps fonts open between calls. Not for use by several threads at once.
 class TextEngine {
 public:
+    /// With the shipped fonts.map ("SHEETMAKER_PDF_SHARE", or share/sheetmaker-pdf above the program) and the user's.
     static std::unique_ptr<TextEngine> Create();
+    static std::unique_ptr<TextEngine> Create(const TextFolders& folders);
     virtual ~TextEngine() = default;
     /// TEXT, ATTRIB, ATTDEF. The result is valid until the next call.
     virtual const LaidText& Lay(const drawing::Drawing&, const drawing::TextData&) = 0;

@@ -13,6 +13,7 @@ public:
     std::map<std::string, drawing::Vec3, std::less<>> points;
     std::vector<drawing::NamedView> views;
     std::optional<drawing::ModelView> active;
+    std::vector<drawing::TextStyle> styles;
 
     const std::string& Path() const override { return m_text; }
     drawing::Version FileVersion() const override { return drawing::Version::R2018; }
@@ -32,7 +33,7 @@ public:
     }
     const std::vector<drawing::Layer>& Layers() const override { return m_layers; }
     const std::vector<drawing::Linetype>& Linetypes() const override { return m_linetypes; }
-    const std::vector<drawing::TextStyle>& TextStyles() const override { return m_styles; }
+    const std::vector<drawing::TextStyle>& TextStyles() const override { return styles; }
     const std::vector<drawing::NamedView>& Views() const override { return views; }
     const std::vector<std::string>& ApplicationNames() const override { return m_texts; }
     std::optional<drawing::ModelView> ActiveModelView() const override { return active; }
@@ -59,7 +60,6 @@ private:
     std::vector<std::string> m_texts;
     std::vector<drawing::Layer> m_layers;
     std::vector<drawing::Linetype> m_linetypes;
-    std::vector<drawing::TextStyle> m_styles;
     std::vector<drawing::Block> m_blocks;
     std::vector<drawing::Layout> m_layouts;
     std::vector<drawing::PlotSettings> m_setups;

@@ -1,0 +1,38 @@
+// The font files of this machine: by file name from the usual folders, by family from fontconfig.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sm::render {
+
+struct FontPlace {
+    std::string path;
+    int index = 0; ///< within a collection
+};
+
+/// Looks at nothing until it is asked; fontconfig, which is slow to start, only when a family or a character is asked.
+class FontFolders {
+public:
+    /// `more` is searched before the machine's folders.
+    explicit FontFolders(std::vector<std::string> more) : m_more(std::move(more)) {}
+    /// The font file of that name, letter case aside; null when there is none.
+    [[nodiscard]] const std::string* Named(std::string_view fileName);
+    /// The machine's best font for a family.
+    [[nodiscard]] std::optional<FontPlace> ForFamily(const std::string& family, bool bold, bool italic) const;
+    /// A font that has the character.
+    [[nodiscard]] std::optional<FontPlace> ForCharacter(char32_t character) const;
+
+private:
+    void Scan();
+    void ScanFolder(const std::string& folder);
+
+    std::vector<std::string> m_more;
+    std::map<std::string, std::string> m_files;
+    bool m_scanned = false;
+};
+
+} // namespace sm::render

@@ -1,0 +1,76 @@
+// The fonts of a drawing: from a text style or a font's name to something that has a glyph for every character.
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "render/text/FontFolders.h"
+#include "render/text/FontMap.h"
+#include "render/text/OutlineFace.h"
+#include "render/text/StrokeFont.h"
+
+#include <map>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace sm::render {
+
+/// The font that stands for one a drawing names. One of `face` and `stroke` is set.
+struct Font {
+    const OutlineFace* face = nullptr;
+    StrokeFont* stroke = nullptr;
+    double strokeWidth = 1; ///< stroke fonts: how much wider than the file's own letters
+    [[nodiscard]] double Descent() const { return face != nullptr ? face->Descent() / face->CapHeight() : 1.0 / 3; }
+};
+
+/// Where a character's glyph comes from. Both null: nowhere.
+struct GlyphSource {
+    const OutlineFace* face = nullptr;
+    std::uint32_t glyph = 0;
+    const StrokeGlyph* strokes = nullptr;
+};
+
+class FontLibrary {
+public:
+    /// `dataFolder` holds fonts.map; `userFolder` may hold another one and a folder "fonts". Either may be empty.
+    FontLibrary(const std::string& dataFolder, const std::string& userFolder);
+
+    const Font& ForStyle(const drawing::Drawing& drawing, std::uint32_t style);
+    /// A font that an MTEXT names itself: a family, or an SHX file.
+    const Font& ForFamily(const std::string& family, bool bold, bool italic);
+    const Font& ForShapeFile(const std::string& file);
+
+    GlyphSource Find(const Font& font, char32_t character);
+    [[nodiscard]] const std::vector<std::string>& Substitutions() const { return m_substitutions; }
+
+private:
+    Font Resolve(const drawing::TextStyle& style);
+    Font ResolveShape(const std::string& file, const std::string& who);
+    Font ResolveOutline(const drawing::TextStyle& style, const std::string& who);
+    const OutlineFace* FaceByName(const std::string& file);
+    const OutlineFace* FaceFor(const drawing::TextStyle& style, bool& exact);
+    const OutlineFace* FaceAt(const FontPlace& place);
+    const OutlineFace* AnyFace();
+    StrokeFont* StrokeAt(const std::string& file);
+    GlyphSource FindElsewhere(char32_t character);
+    GlyphSource FindInFallbacks(char32_t character);
+    void Note(std::string line);
+
+    FontMap m_map;
+    FontFolders m_folders;
+    std::map<std::string, std::unique_ptr<OutlineFace>> m_faces; ///< by path and index; null when unusable
+    std::map<std::string, std::unique_ptr<StrokeFont>> m_strokes;
+    std::map<std::string, Font> m_named;
+    /// The last font of each style's index, with what the style asked for.
+    struct StyleEntry {
+        std::string fontFile, family;
+        bool bold = false, italic = false;
+        const Font* font = nullptr;
+    };
+    std::vector<StyleEntry> m_styles;
+    std::map<std::string, std::unique_ptr<Font>> m_styleFonts;
+    std::unordered_map<char32_t, GlyphSource> m_elsewhere;
+    std::vector<std::string> m_substitutions;
+};
+
+} // namespace sm::render

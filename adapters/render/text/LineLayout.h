@@ -1,0 +1,25 @@
+// TEXT, ATTRIB and ATTDEF: one line, put where its alignment says.
+#pragma once
+
+#include "render/text/TextCodes.h"
+#include "render/text/Typesetter.h"
+
+namespace sm::render {
+
+class LineLayout {
+public:
+    LineLayout(FontLibrary& fonts, LaidParts& parts) : m_fonts(fonts), m_parts(parts), m_setter(fonts, parts) {}
+    void Lay(const drawing::Drawing& drawing, const drawing::TextData& text);
+
+private:
+    double SetAcross(const TypeStyle& style);
+    double SetDown(const TypeStyle& style);
+    double DepthOf(const TypeStyle& style);
+
+    FontLibrary& m_fonts;
+    LaidParts& m_parts;
+    Typesetter m_setter;
+    std::vector<CodedPiece> m_pieces;
+};
+
+} // namespace sm::render

@@ -1,0 +1,215 @@
+#include "render/text/Typesetter.h"
+
+#include "render/text/Unicode.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace sm::render {
+
+namespace {
+
+/// Invisible text below strokes: capitals are 0.7 em high as in most fonts.
+constexpr double kCapitalOfEm = 0.7;
+
+/// What stands for a character that no font has.
+const StrokeGlyph& MissingGlyph()
+{
+    static const StrokeGlyph kBox = [] {
+        StrokeGlyph box;
+        box.path.MoveTo({0.1, 0});
+        box.path.LineTo({0.7, 0});
+        box.path.LineTo({0.7, 1});
+        box.path.LineTo({0.1, 1});
+        box.path.LineTo({0.1, 0});
+        box.advance = 0.9;
+        return box;
+    }();
+    return kBox;
+}
+
+double Shear(const TypeStyle& style)
+{
+    const double degrees = std::clamp(style.oblique, -85.0, 85.0);
+    return degrees == 0 ? 0 : std::tan(degrees * std::numbers::pi / 180);
+}
+
+/// From units that are `unit` of the style's height to drawing units.
+Matrix2 ScaleOf(const TypeStyle& style, double unit, double wider, Vec2 origin)
+{
+    const double up = style.height * unit;
+    return {up * style.width * wider, 0, up * Shear(style), up, origin.x, origin.y};
+}
+
+double StrokeWidth(const TypeStyle& style)
+{
+    return style.font != nullptr ? style.font->strokeWidth : 1;
+}
+
+} // namespace
+
+double Typesetter::Measure(std::string_view text, const TypeStyle& style)
+{
+    return Run({text, style, {}, false});
+}
+
+double Typesetter::Set(std::string_view text, const TypeStyle& style, Vec2 pen)
+{
+    const Job job{text, style, pen, true};
+    const double width = Run(job);
+    AddRules(job, width);
+    return width;
+}
+
+double Typesetter::Run(const Job& job)
+{
+    static const Font kNone;
+    const Font& font = job.style.font != nullptr ? *job.style.font : kNone;
+    double x = 0;
+    m_segment = {};
+    for (std::size_t at = 0; at < job.text.size();) {
+        const std::size_t from = at;
+        const char32_t c = NextCharacter(job.text, at);
+        if (c < 32 || (c >= 0x200B && c <= 0x200F) || c == 0xFEFF) {
+            continue; // controls and marks of direction have no glyph
+        }
+        const GlyphSource source = m_fonts.Find(font, c);
+        const bool letter = (c >= U'0' && c <= U'9') || (c >= U'A' && c <= U'z') || c >= 0xC0;
+        const bool complex = source.face != nullptr && (IsComplex(c) || (m_segment.complex && !letter));
+        const bool goesOn = m_segment.open && m_segment.face == source.face && m_segment.complex == complex &&
+                            (!complex || !letter || m_segment.rightToLeft == IsRightToLeft(c));
+        if (!goesOn) {
+            x += EndSegment(job);
+            m_segment = {source.face, complex, complex && IsRightToLeft(c), true, x, from, from};
+            m_advance = 0;
+            m_glyphs.clear();
+        }
+        m_segment.to = at;
+        if (source.face == nullptr) {
+            AddStroke(job, source.strokes != nullptr ? *source.strokes : MissingGlyph(), from);
+        } else if (!complex) {
+            m_glyphs.push_back({source.glyph, static_cast<std::uint32_t>(from - m_segment.from), {m_advance, 0}});
+            m_advance += job.style.tracking * source.face->Advance(source.glyph) / source.face->UnitsPerEm();
+        }
+    }
+    return x + EndSegment(job);
+}
+
+double Typesetter::EndSegment(const Job& job)
+{
+    if (!m_segment.open) {
+        return 0;
+    }
+    m_segment.open = false;
+    return m_segment.face != nullptr ? EndOutlines(job) : EndStrokes(job);
+}
+
+double Typesetter::EndOutlines(const Job& job)
+{
+    const std::string_view text = job.text.substr(m_segment.from, m_segment.to - m_segment.from);
+    if (m_segment.complex) {
+        m_advance = m_segment.face->Shape(text, m_segment.rightToLeft, m_glyphs);
+    }
+    const Matrix2 scale =
+        ScaleOf(job.style, 1 / m_segment.face->CapHeight(), 1, {job.pen.x + m_segment.start, job.pen.y});
+    if (job.shows) {
+        GlyphPart& part = m_parts.AddGlyphs();
+        part.color = job.style.color;
+        part.run.font = m_segment.face;
+        part.run.text = text;
+        part.run.advance = m_advance;
+        part.run.toPaper = scale;
+        for (const ShapedGlyph& glyph : m_glyphs) {
+            part.run.glyphs.push_back(glyph.glyph);
+            part.run.positions.push_back(glyph.position);
+            part.run.clusters.push_back(glyph.cluster);
+        }
+    }
+    return m_advance * scale.a;
+}
+
+void Typesetter::AddStroke(const Job& job, const StrokeGlyph& glyph, std::size_t from)
+{
+    if (job.shows) {
+        if (m_segment.from == from || m_strokes == nullptr) {
+            m_strokes = &m_parts.AddStrokes();
+            m_strokes->color = job.style.color;
+        }
+        const Matrix2 scale = ScaleOf(job.style, 1, StrokeWidth(job.style), {job.pen.x + m_segment.start, job.pen.y});
+        Path& path = m_strokes->path;
+        path.verbs.insert(path.verbs.end(), glyph.path.verbs.begin(), glyph.path.verbs.end());
+        for (const Vec2 point : glyph.path.points) {
+            path.points.push_back(scale.Apply({point.x + m_advance, point.y}));
+        }
+        TextRun& run = m_strokes->run;
+        run.positions.push_back({m_advance * kCapitalOfEm, 0});
+        run.clusters.push_back(static_cast<std::uint32_t>(from - m_segment.from));
+        run.glyphs.push_back(0);
+    }
+    m_advance += glyph.advance * job.style.tracking;
+}
+
+double Typesetter::EndStrokes(const Job& job)
+{
+    const double wider = StrokeWidth(job.style);
+    if (job.shows && m_strokes != nullptr) {
+        TextRun& run = m_strokes->run;
+        run.text = job.text.substr(m_segment.from, m_segment.to - m_segment.from);
+        run.advance = m_advance * kCapitalOfEm;
+        run.toPaper = ScaleOf(job.style, 1 / kCapitalOfEm, wider, {job.pen.x + m_segment.start, job.pen.y});
+        m_strokes = nullptr;
+    }
+    return m_advance * job.style.height * job.style.width * wider;
+}
+
+void Typesetter::AddRules(const Job& job, double width)
+{
+    const TypeStyle& style = job.style;
+    const bool filled = style.font == nullptr || style.font->face != nullptr;
+    const struct {
+        bool wanted;
+        double at; ///< heights above the base line
+    } rules[] = {{style.under, -0.2}, {style.over, 1.2}, {style.strike, 0.5}};
+    for (const auto& rule : rules) {
+        if (!rule.wanted || width == 0) {
+            continue;
+        }
+        const double half = filled ? 0.035 * style.height : 0;
+        const double y = job.pen.y + rule.at * style.height;
+        RulePart& part = m_parts.AddRule();
+        part.color = style.color;
+        part.path.MoveTo({job.pen.x, y - half});
+        part.path.LineTo({job.pen.x + width, y - half});
+        if (filled) {
+            part.path.LineTo({job.pen.x + width, y + half});
+            part.path.LineTo({job.pen.x, y + half});
+            part.path.Close();
+        }
+    }
+}
+
+double Typesetter::Depth(std::string_view text, const TypeStyle& style)
+{
+    static const Font kNone;
+    const Font& font = style.font != nullptr ? *style.font : kNone;
+    double depth = 0;
+    Path path;
+    for (std::size_t at = 0; at < text.size();) {
+        const GlyphSource source = m_fonts.Find(font, NextCharacter(text, at));
+        double lowest = 0;
+        if (source.face != nullptr) {
+            source.face->Outline(source.glyph, path);
+            for (const Vec2 point : path.points) {
+                lowest = std::min(lowest, point.y / source.face->CapHeight());
+            }
+        } else if (source.strokes != nullptr) {
+            for (const Vec2 point : source.strokes->path.points) {
+                lowest = std::min(lowest, point.y);
+            }
+        }
+        depth = std::max(depth, -lowest);
+    }
+    return depth > 0.05 ? depth * style.height : 0; // round letters overshoot a little
+}
+
+} // namespace sm::render

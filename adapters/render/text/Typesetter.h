@@ -1,0 +1,64 @@
+// Sets pieces of one line: characters become glyphs and strokes along the x axis.
+#pragma once
+
+#include "render/text/FontLibrary.h"
+#include "render/text/LaidParts.h"
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace sm::render {
+
+/// How a piece of text looks.
+struct TypeStyle {
+    const Font* font = nullptr;
+    double height = 1;   ///< of capital letters, drawing units
+    double width = 1;    ///< letters are that much wider
+    double oblique = 0;  ///< degrees to the right
+    double tracking = 1; ///< letters stand that much further apart
+    std::optional<TextColor> color;
+    bool under = false, over = false, strike = false;
+};
+
+class Typesetter {
+public:
+    Typesetter(FontLibrary& fonts, LaidParts& parts) : m_fonts(fonts), m_parts(parts) {}
+    /// Width of a text in drawing units.
+    double Measure(std::string_view text, const TypeStyle& style);
+    /// Sets the text from `pen` on (drawing units, the base line's start) and returns its width.
+    double Set(std::string_view text, const TypeStyle& style, Vec2 pen);
+    /// How far the text's ink reaches below the base line, drawing units.
+    double Depth(std::string_view text, const TypeStyle& style);
+
+private:
+    /// Characters that go into one run.
+    struct Segment {
+        const OutlineFace* face = nullptr; ///< null: strokes
+        bool complex = false, rightToLeft = false;
+        bool open = false;
+        double start = 0;             ///< drawing units from the pen
+        std::size_t from = 0, to = 0; ///< bytes of the text
+    };
+    struct Job {
+        std::string_view text;
+        const TypeStyle& style;
+        Vec2 pen;
+        bool shows = false; ///< false: only measured
+    };
+    double Run(const Job& job);
+    double EndSegment(const Job& job);
+    double EndOutlines(const Job& job);
+    double EndStrokes(const Job& job);
+    void AddStroke(const Job& job, const StrokeGlyph& glyph, std::size_t from);
+    void AddRules(const Job& job, double width);
+
+    FontLibrary& m_fonts;
+    LaidParts& m_parts;
+    Segment m_segment;
+    std::vector<ShapedGlyph> m_glyphs;
+    double m_advance = 0; ///< of the open segment: em, or heights of capitals
+    StrokePart* m_strokes = nullptr;
+};
+
+} // namespace sm::render

@@ -1,0 +1,330 @@
+#include "plotter/FakeDrawing.h"
+
+#include "render/FontFace.h"
+#include "render/TextLayout.h"
+
+#include <gtest/gtest.h>
+
+namespace sm::render {
+namespace {
+
+using drawing::TextData;
+
+/// A drawing with a stroke style and a TrueType style.
+class TextTest : public testing::Test {
+protected:
+    TextTest() : engine(TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""}))
+    {
+        drawing::TextStyle standard, arial;
+        standard.name = "Standard";
+        standard.fontFile = "romans.shx";
+        arial.name = "Arial";
+        arial.fontFile = "arial.ttf";
+        drawing.styles = {standard, arial};
+    }
+    static TextData Text(const std::string& text, std::uint32_t style)
+    {
+        TextData data;
+        data.text = text;
+        data.style = style;
+        data.height = 10;
+        return data;
+    }
+    /// All texts of a result, in order.
+    static std::vector<std::string> Texts(const LaidText& laid)
+    {
+        std::vector<std::string> texts;
+        for (const GlyphPart& part : laid.glyphs) {
+            texts.push_back(part.run.text);
+        }
+        for (const StrokePart& part : laid.strokes) {
+            texts.push_back(part.run.text);
+        }
+        return texts;
+    }
+    plotter::FakeDrawing drawing;
+    std::unique_ptr<TextEngine> engine;
+};
+
+constexpr std::uint32_t kStroke = 0, kOutline = 1;
+
+Box2 BoxOfGlyphs(const LaidText& laid)
+{
+    Box2 box;
+    Path path;
+    for (const GlyphPart& part : laid.glyphs) {
+        for (std::size_t i = 0; i < part.run.glyphs.size(); ++i) {
+            part.run.font->Outline(part.run.glyphs[i], path);
+            for (const Vec2 point : path.points) {
+                box.Add(part.run.toPaper.Apply(point + part.run.positions[i]));
+            }
+        }
+    }
+    for (const StrokePart& part : laid.strokes) {
+        for (const Vec2 point : part.path.points) {
+            box.Add(point);
+        }
+    }
+    return box;
+}
+
+TEST_F(TextTest, CapitalsAreAsHighAsTheTextSays)
+{
+    for (const std::uint32_t style : {kStroke, kOutline}) {
+        const Box2 box = BoxOfGlyphs(engine->Lay(drawing, Text("HEH", style)));
+        EXPECT_NEAR(box.min.y, 0, 0.01);
+        EXPECT_NEAR(box.max.y, 10, 0.01);
+        EXPECT_GT(box.Width(), 20);
+    }
+}
+
+TEST_F(TextTest, AlignmentPutsTheBoxAtThePoint)
+{
+    struct Row {
+        const char* name;
+        int horizontal, vertical;
+        double left, base; ///< of the box: 0 its width or height to the left or below, see below
+    };
+    // "HH" in Liberation Sans: advance 2 x 1479, capitals 1409 of 2048 units: 10 high, 20.9936 wide. Descent 434.
+    const double width = 2 * 1479.0 / 1409 * 10, descent = 434.0 / 1409 * 10;
+    for (const Row& row : std::vector<Row>{{"left", 0, 0, 0, 0},
+                                           {"center", 1, 0, -width / 2, 0},
+                                           {"right", 2, 0, -width, 0},
+                                           {"middle", 4, 0, -width / 2, -5},
+                                           {"bottom left", 0, 1, 0, descent},
+                                           {"middle left", 0, 2, 0, -5},
+                                           {"top left", 0, 3, 0, -10},
+                                           {"bottom center", 1, 1, -width / 2, descent},
+                                           {"middle center", 1, 2, -width / 2, -5},
+                                           {"top center", 1, 3, -width / 2, -10},
+                                           {"bottom right", 2, 1, -width, descent},
+                                           {"middle right", 2, 2, -width, -5},
+                                           {"top right", 2, 3, -width, -10}}) {
+        SCOPED_TRACE(row.name);
+        TextData text = Text("HH", kOutline);
+        text.horizontal = row.horizontal;
+        text.vertical = row.vertical;
+        text.insertion = {-77, -77, 3};
+        text.alignment = {100, 50, 3};
+        text.hasAlignment = row.horizontal != 0 || row.vertical != 0;
+        const Vec2 base = text.hasAlignment ? Vec2{100, 50} : Vec2{-77, -77};
+        const LaidText& laid = engine->Lay(drawing, text);
+        ASSERT_EQ(laid.glyphs.size(), 1U);
+        EXPECT_NEAR(laid.glyphs[0].run.toPaper.e, base.x + row.left, 1e-9);
+        EXPECT_NEAR(laid.glyphs[0].run.toPaper.f, base.y + row.base, 1e-9);
+        EXPECT_EQ(laid.elevation, 3);
+        ASSERT_EQ(laid.outline.size(), 4U);
+        EXPECT_NEAR(laid.outline[0].x, base.x + row.left, 1e-9);
+        EXPECT_NEAR(laid.outline[0].y, base.y + row.base - descent, 1e-9);
+        EXPECT_NEAR(laid.outline[2].x, base.x + row.left + width, 1e-9);
+        EXPECT_NEAR(laid.outline[2].y, base.y + row.base + 10, 1e-9);
+    }
+}
+
+TEST_F(TextTest, MiddleCountsDescenders)
+{
+    TextData text = Text("Hg", kStroke);
+    text.horizontal = 4;
+    text.hasAlignment = true;
+    const Box2 box = BoxOfGlyphs(engine->Lay(drawing, text));
+    EXPECT_NEAR(box.max.y + box.min.y, 0, 0.01);
+    EXPECT_LT(box.min.y, -6);
+}
+
+TEST_F(TextTest, AlignedTextSpansItsPointsInProportion)
+{
+    TextData text = Text("HH", kOutline);
+    text.horizontal = 3;
+    text.hasAlignment = true;
+    text.insertion = {10, 10, 0};
+    text.alignment = {10, 10 + 2 * 1479.0 / 1409 * 20, 0}; // twice the width, straight up
+    const TextRun& run = engine->Lay(drawing, text).glyphs.at(0).run;
+    const Vec2 end = run.toPaper.Apply({run.advance, 0});
+    EXPECT_NEAR(end.x, 10, 1e-9);
+    EXPECT_NEAR(end.y, text.alignment.y, 1e-9);
+    EXPECT_NEAR(run.toPaper.ApplyVector({0, 1409.0 / 2048}).x, -20, 1e-9);
+}
+
+TEST_F(TextTest, FittedTextKeepsItsHeight)
+{
+    TextData text = Text("HH", kOutline);
+    text.horizontal = 5;
+    text.hasAlignment = true;
+    text.alignment = {2 * 1479.0 / 1409 * 5, 0, 0}; // half the width
+    const TextRun& run = engine->Lay(drawing, text).glyphs.at(0).run;
+    EXPECT_NEAR(run.toPaper.ApplyVector({0, 1409.0 / 2048}).y, 10, 1e-9);
+    EXPECT_NEAR(run.toPaper.Apply({run.advance, 0}).x, text.alignment.x, 1e-9);
+}
+
+TEST_F(TextTest, TurnsShearsWidensAndMirrors)
+{
+    const double em = 10 * 2048.0 / 1409;
+    struct Row {
+        const char* name;
+        double rotation, widthFactor, oblique;
+        bool backward, upsideDown;
+        Matrix2 map;
+    };
+    for (const Row& row :
+         std::vector<Row>{{"plain", 0, 1, 0, false, false, {em, 0, 0, em, 1, 2}},
+                          {"quarter turn", 90, 1, 0, false, false, {0, em, -em, 0, 1, 2}},
+                          {"wide", 0, 2, 0, false, false, {2 * em, 0, 0, em, 1, 2}},
+                          {"oblique", 0, 1, 45, false, false, {em, 0, em, em, 1, 2}},
+                          {"backward", 0, 1, 0, true, false, {-em, 0, 0, em, 1, 2}},
+                          {"upside down", 0, 1, 0, false, true, {em, 0, 0, -em, 1, 2}},
+                          {"backward, turned", 90, 0.5, 0, true, false, {0, -0.5 * em, -em, 0, 1, 2}}}) {
+        SCOPED_TRACE(row.name);
+        TextData text = Text("H", kOutline);
+        text.insertion = {1, 2, 0};
+        text.rotation = row.rotation;
+        text.widthFactor = row.widthFactor;
+        text.oblique = row.oblique;
+        text.backward = row.backward;
+        text.upsideDown = row.upsideDown;
+        const Matrix2 map = engine->Lay(drawing, text).glyphs.at(0).run.toPaper;
+        EXPECT_NEAR(map.a, row.map.a, 1e-9);
+        EXPECT_NEAR(map.b, row.map.b, 1e-9);
+        EXPECT_NEAR(map.c, row.map.c, 1e-9);
+        EXPECT_NEAR(map.d, row.map.d, 1e-9);
+        EXPECT_NEAR(map.e, row.map.e, 1e-9);
+        EXPECT_NEAR(map.f, row.map.f, 1e-9);
+    }
+}
+
+TEST_F(TextTest, DecodesTheCodes)
+{
+    struct Row {
+        const char* text;
+        std::vector<std::string> shown;
+        std::size_t rules;
+    };
+    for (const Row& row : std::vector<Row>{{"%%c20 %%p0.5 45%%d", {"Ø20 ±0.5 45°"}, 0},
+                                           {"%%C %%P %%D", {"Ø ± °"}, 0},
+                                           {"100%%%", {"100%"}, 0},
+                                           {"%%065%%127", {"A°"}, 0},
+                                           {"a%%ub%%uc", {"a", "b", "c"}, 1},
+                                           {"%%o%%uab", {"ab"}, 2},
+                                           {"%%kab%%k", {"ab"}, 1},
+                                           {"\\U+041F\\U+0440", {"Пр"}, 0},
+                                           {"50% %x %%", {"50% %x %%"}, 0},
+                                           {"a^Ib^ c", {"a    b^c"}, 0},
+                                           {"", {}, 0},
+                                           {"%%u%%u", {}, 0}}) {
+        SCOPED_TRACE(row.text);
+        const LaidText& laid = engine->Lay(drawing, Text(row.text, kOutline));
+        EXPECT_EQ(Texts(laid), row.shown);
+        EXPECT_EQ(laid.rules.size(), row.rules);
+        EXPECT_EQ(laid.outline.size(), row.shown.empty() ? 0U : 4U);
+    }
+}
+
+TEST_F(TextTest, StrokesCarryTheirTextInvisibly)
+{
+    const LaidText& laid = engine->Lay(drawing, Text("Ab 1", kStroke));
+    ASSERT_EQ(laid.strokes.size(), 1U);
+    const StrokePart& part = laid.strokes[0];
+    EXPECT_EQ(part.run.text, "Ab 1");
+    EXPECT_TRUE(part.run.invisible);
+    EXPECT_EQ(part.run.font, nullptr);
+    EXPECT_EQ(part.run.clusters, (std::vector<std::uint32_t>{0, 1, 2, 3}));
+    EXPECT_FALSE(part.path.Empty());
+    // Every letter's strokes begin where its text stands.
+    EXPECT_NEAR(part.run.toPaper.Apply({part.run.advance, 0}).x, laid.outline[1].x, 1e-9);
+}
+
+TEST_F(TextTest, EveryCharacterIsDrawnBySomeFont)
+{
+    struct Row {
+        const char* name;
+        const char* text;
+    };
+    for (const Row& row : std::vector<Row>{{"Latin", "Größe"},
+                                           {"Cyrillic", "Чертёж"},
+                                           {"Chinese", "图纸"},
+                                           {"Japanese", "カタ"},
+                                           {"Korean", "한국"},
+                                           {"Greek", "Ωμ"},
+                                           {"symbols", "⌀≤"}}) {
+        for (const std::uint32_t style : {kStroke, kOutline}) {
+            SCOPED_TRACE(row.name);
+            const LaidText& laid = engine->Lay(drawing, Text(row.text, style));
+            std::string all;
+            for (const std::string& text : Texts(laid)) {
+                all += text;
+            }
+            EXPECT_EQ(all, row.text);
+            for (const GlyphPart& part : laid.glyphs) {
+                for (const std::uint32_t glyph : part.run.glyphs) {
+                    EXPECT_NE(glyph, 0U);
+                }
+            }
+        }
+    }
+}
+
+TEST_F(TextTest, ACharacterThatNoFontHasIsABox)
+{
+    const LaidText& laid = engine->Lay(drawing, Text("\xF3\xB0\x80\x80", kOutline)); // private use
+    ASSERT_EQ(laid.strokes.size(), 1U);
+    EXPECT_EQ(laid.strokes[0].path.points.size(), 5U);
+    EXPECT_EQ(laid.strokes[0].run.text, "\xF3\xB0\x80\x80");
+}
+
+TEST_F(TextTest, JoinsArabicAndReadsItFromTheRight)
+{
+    const LaidText& laid = engine->Lay(drawing, Text("سلام", kOutline));
+    ASSERT_EQ(laid.glyphs.size(), 1U);
+    const TextRun& run = laid.glyphs[0].run;
+    EXPECT_EQ(run.text, "سلام");
+    EXPECT_LT(run.glyphs.size(), 5U);
+    EXPECT_GT(run.clusters.front(), run.clusters.back()); // the last letter stands leftmost
+}
+
+TEST_F(TextTest, VerticalStyleRunsDown)
+{
+    drawing.styles[kStroke].vertical = true;
+    const LaidText& laid = engine->Lay(drawing, Text("HI", kStroke));
+    ASSERT_EQ(laid.strokes.size(), 2U);
+    const Box2 box = BoxOfGlyphs(laid);
+    EXPECT_NEAR(box.max.y, 0, 1e-9);
+    EXPECT_NEAR(box.min.y, -25, 1e-9);
+}
+
+TEST_F(TextTest, ListsWhatStandsForWhat)
+{
+    drawing::TextStyle odd;
+    odd.name = "Odd";
+    odd.fontFile = "C:\\Fonts\\Strange.shx";
+    drawing.styles.push_back(odd);
+    engine->Lay(drawing, Text("a", kStroke));
+    engine->Lay(drawing, Text("a", kOutline));
+    engine->Lay(drawing, Text("a", 2));
+    engine->Lay(drawing, Text("b", 2));
+    EXPECT_EQ(engine->Substitutions(),
+              (std::vector<std::string>{"style Standard: font romans.shx drawn with romans.lff",
+                                        "style Arial: font arial.ttf drawn with LiberationSans",
+                                        "style Odd: font Strange.shx drawn with standard.lff"}));
+}
+
+TEST_F(TextTest, WorksWithoutAnyTable)
+{
+    const auto bare = TextEngine::Create({"", ""});
+    const LaidText& laid = bare->Lay(drawing, Text("Ab", kOutline));
+    EXPECT_EQ(laid.glyphs.size() + laid.strokes.size(), 1U);
+}
+
+TEST_F(TextTest, NumbersOutOfRangeDoNoHarm)
+{
+    TextData text = Text("H", kOutline);
+    text.height = std::nan("");
+    text.rotation = std::numeric_limits<double>::infinity();
+    text.oblique = 90;
+    text.widthFactor = -1;
+    text.style = 99;
+    const LaidText& laid = engine->Lay(drawing, text);
+    EXPECT_EQ(laid.strokes.size(), 1U);
+    EXPECT_TRUE(std::isfinite(laid.outline.at(2).x));
+}
+
+} // namespace
+} // namespace sm::render
