@@ -63,8 +63,10 @@ public:
         char* to = reinterpret_cast<char*>(&out);
         std::size_t toLeft = sizeof out;
         iconv(m_handle, nullptr, nullptr, nullptr, nullptr);
-        const std::size_t done = iconv(m_handle, &in, &inLeft, &to, &toLeft);
-        return done != static_cast<std::size_t>(-1) && inLeft == 0 && toLeft == 0 ? out : 0;
+        const bool read = iconv(m_handle, &in, &inLeft, &to, &toLeft) != static_cast<std::size_t>(-1);
+        // Pages with combining marks hold a letter back until they are told that no mark follows.
+        iconv(m_handle, nullptr, nullptr, &to, &toLeft);
+        return read && inLeft == 0 && toLeft == 0 ? out : 0;
     }
 
 private:

@@ -44,7 +44,9 @@ std::unique_ptr<Drawing> Drawing::FromBytes(std::string bytes, const std::string
     return std::make_unique<DxfDrawing>(ReadModel(FileBytes::Keep(std::move(bytes)), name));
 }
 
-DxfDrawing::DxfDrawing(std::unique_ptr<Model> model) : m_model(std::move(model)) {}
+DxfDrawing::DxfDrawing(std::unique_ptr<Model> model) : m_model(std::move(model)), m_stamp(m_model->source.bytes.Stamp())
+{
+}
 
 double DxfDrawing::HeaderReal(std::string_view name, double fallback) const
 {

@@ -1,9 +1,8 @@
 // The drawing over a DXF file. For this room only; others see Drawing.h.
 #pragma once
 
-#include "drawing/Model.h"
+#include "drawing/RecordPatch.h"
 
-#include <map>
 #include <memory>
 #include <mutex>
 
@@ -46,7 +45,7 @@ public:
 
     [[nodiscard]] std::vector<XDataItem> RecordOf(const std::string& application) const override;
     void SetRecord(const std::string& application, const std::vector<XDataItem>& items) override;
-    [[nodiscard]] bool Modified() const override { return !m_changes.empty(); }
+    [[nodiscard]] bool Modified() const override { return m_modified; }
     void Save(bool keepBackup) override;
     [[nodiscard]] const Source& Tags() const override { return m_model->source; }
 
@@ -55,7 +54,9 @@ private:
     void IndexPlaces() const;
 
     std::unique_ptr<Model> m_model;
-    std::map<std::string, std::vector<XDataItem>> m_changes;
+    RecordChanges m_changes; ///< since the file was read, saved or not
+    FileStamp m_stamp;       ///< of the file as it was read or saved last
+    bool m_modified = false;
     mutable std::once_flag m_handlesOnce, m_placesOnce;
     mutable std::unordered_map<Handle, std::size_t> m_handles;
     mutable std::unordered_map<std::uint64_t, std::size_t> m_places; ///< record's first byte → index

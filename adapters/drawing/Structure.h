@@ -39,6 +39,7 @@ struct Structure {
     std::vector<EntityRecord> paperEntities;    ///< of ENTITIES, with group 67
     std::vector<std::string_view> unknownNames; ///< of entities; EntityRecord::nameIndex
     std::string_view comment;                   ///< the first 999 group
+    std::uint64_t begin = 0;                    ///< of the first tag
     bool hasObjects = false;
     std::uint32_t tags = 0; ///< groups read
 };

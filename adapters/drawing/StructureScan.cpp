@@ -53,6 +53,7 @@ StructureScan::StructureScan(std::string_view file, TagFormat format, std::uint6
 
 Structure StructureScan::Run()
 {
+    m_found.begin = m_tags.Begin();
     // Most entities take 150 to 250 bytes; growing later costs copies of the whole list.
     m_found.modelEntities.reserve(m_file.size() / 512);
     ReadTags();

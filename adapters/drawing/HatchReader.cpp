@@ -1,0 +1,338 @@
+#include "drawing/HatchReader.h"
+
+#include <algorithm>
+
+namespace sm::drawing {
+
+namespace {
+
+using EdgeKind = HatchEdge::Kind;
+
+void ResetEdge(HatchEdge& edge)
+{
+    std::vector<double> knots = std::move(edge.knots), weights = std::move(edge.weights);
+    std::vector<Vec2> points = std::move(edge.points), fit = std::move(edge.fitPoints);
+    edge = {};
+    knots.clear();
+    weights.clear();
+    points.clear();
+    fit.clear();
+    edge.knots = std::move(knots);
+    edge.weights = std::move(weights);
+    edge.points = std::move(points);
+    edge.fitPoints = std::move(fit);
+}
+
+void TakeLineEdge(const EntityTags& tags, HatchEdge& edge)
+{
+    if (!tags.Take(10, edge.start))
+        tags.Take(11, edge.end);
+}
+
+void TakeArcEdge(const EntityTags& tags, HatchEdge& edge)
+{
+    if (tags.Take(10, edge.center) || tags.Take(11, edge.majorAxis))
+        return;
+    switch (tags.Code()) {
+    case 40:
+        (edge.kind == EdgeKind::Arc ? edge.radius : edge.ratio) = tags.Real();
+        break;
+    case 50:
+        edge.startAngle = tags.Real();
+        break;
+    case 51:
+        edge.endAngle = tags.Real();
+        break;
+    case 73:
+        edge.counterClockwise = tags.Integer() != 0;
+        break;
+    default:
+        break;
+    }
+}
+
+void TakeListPoint(const EntityTags& tags, int base, std::vector<Vec2>& points)
+{
+    if (tags.Code() == base)
+        points.emplace_back();
+    if (!points.empty())
+        tags.Take(base, points.back());
+}
+
+void TakeSplineEdge(const EntityTags& tags, HatchEdge& edge)
+{
+    switch (tags.Code()) {
+    case 94:
+        edge.degree = std::clamp(tags.Integer(), 1, 25);
+        break;
+    case 40:
+        edge.knots.push_back(tags.Real());
+        break;
+    case 42:
+        edge.weights.push_back(tags.Real());
+        break;
+    case 10:
+    case 20:
+        TakeListPoint(tags, 10, edge.points);
+        break;
+    case 11:
+    case 21:
+        TakeListPoint(tags, 11, edge.fitPoints);
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace
+
+HatchReader::HatchReader(HatchData& data, EntityKind kind) : m_data(data), m_kind(kind)
+{
+    HatchData kept = std::move(data);
+    data = {};
+    kept.patternName.clear();
+    kept.gradientName.clear();
+    kept.lines.clear();
+    kept.gradientColors.clear();
+    data.patternName = std::move(kept.patternName);
+    data.gradientName = std::move(kept.gradientName);
+    data.paths = std::move(kept.paths);
+    data.lines = std::move(kept.lines);
+    data.gradientColors = std::move(kept.gradientColors);
+}
+
+void HatchReader::Take(const EntityTags& tags)
+{
+    switch (tags.Code()) {
+    case 91:
+        m_part = m_part == Part::Head ? Part::Paths : m_part;
+        break;
+    case 75:
+    case 76:
+        m_part = Part::Pattern;
+        break;
+    case 98:
+        m_part = Part::Seeds;
+        break;
+    default:
+        break;
+    }
+    if (TakeGradient(tags))
+        return;
+    switch (m_part) {
+    case Part::Head:
+        TakeHead(tags);
+        break;
+    case Part::Paths:
+        TakePath(tags);
+        break;
+    case Part::Pattern:
+        TakePattern(tags);
+        break;
+    case Part::Seeds:
+        break;
+    }
+}
+
+void HatchReader::TakeHead(const EntityTags& tags)
+{
+    switch (tags.Code()) {
+    case 2:
+        tags.Source().text->Decode(tags.Name(), m_data.patternName);
+        break;
+    case 30:
+        m_data.elevation = tags.Real();
+        break;
+    case 70:
+        m_data.solid = tags.Integer() == 1;
+        break;
+    default:
+        tags.TakeCommon(m_data);
+    }
+}
+
+void HatchReader::StartPath(std::int32_t flags)
+{
+    EndPath();
+    if (m_paths == m_data.paths.size())
+        m_data.paths.emplace_back();
+    HatchPath& path = m_data.paths[m_paths++];
+    path.flags = flags;
+    path.closed = true;
+    path.polyline.clear();
+    m_edges = 0;
+}
+
+void HatchReader::EndPath()
+{
+    if (m_paths > 0)
+        m_data.paths[m_paths - 1].edges.resize(m_edges);
+}
+
+void HatchReader::TakePath(const EntityTags& tags)
+{
+    if (tags.Code() == 92) {
+        StartPath(tags.Integer());
+        return;
+    }
+    if (m_paths == 0)
+        return;
+    HatchPath& path = m_data.paths[m_paths - 1];
+    if ((path.flags & 2) != 0)
+        TakePolyline(tags, path);
+    else
+        TakeEdge(tags, path);
+}
+
+void HatchReader::TakePolyline(const EntityTags& tags, HatchPath& path)
+{
+    switch (tags.Code()) {
+    case 73:
+        path.closed = tags.Integer() != 0;
+        break;
+    case 10:
+        path.polyline.push_back({.point = {tags.Real(), 0, m_data.elevation}});
+        break;
+    case 20:
+        if (!path.polyline.empty())
+            path.polyline.back().point.y = tags.Real();
+        break;
+    case 42:
+        if (!path.polyline.empty())
+            path.polyline.back().bulge = tags.Real();
+        break;
+    default:
+        break;
+    }
+}
+
+void HatchReader::StartEdge(HatchPath& path, std::int32_t type)
+{
+    if (m_edges == path.edges.size())
+        path.edges.emplace_back();
+    HatchEdge& edge = path.edges[m_edges++];
+    ResetEdge(edge);
+    switch (type) {
+    case 2:
+        edge.kind = EdgeKind::Arc;
+        break;
+    case 3:
+        edge.kind = EdgeKind::EllipticArc;
+        break;
+    case 4:
+        edge.kind = EdgeKind::Spline;
+        break;
+    default:
+        edge.kind = EdgeKind::Line;
+    }
+}
+
+void HatchReader::TakeEdge(const EntityTags& tags, HatchPath& path)
+{
+    if (tags.Code() == 72) {
+        StartEdge(path, tags.Integer());
+        return;
+    }
+    if (m_edges == 0)
+        return;
+    HatchEdge& edge = path.edges[m_edges - 1];
+    switch (edge.kind) {
+    case EdgeKind::Line:
+        TakeLineEdge(tags, edge);
+        break;
+    case EdgeKind::Arc:
+    case EdgeKind::EllipticArc:
+        TakeArcEdge(tags, edge);
+        break;
+    case EdgeKind::Spline:
+        TakeSplineEdge(tags, edge);
+        break;
+    }
+}
+
+void HatchReader::TakePattern(const EntityTags& tags)
+{
+    switch (tags.Code()) {
+    case 75:
+        m_data.style = tags.Integer();
+        return;
+    case 52:
+        m_data.patternAngle = tags.Real();
+        return;
+    case 41:
+        m_data.patternScale = tags.Real();
+        return;
+    case 77:
+        m_data.patternDouble = tags.Integer() != 0;
+        return;
+    case 53:
+        m_data.lines.emplace_back();
+        m_data.lines.back().angle = tags.Real();
+        return;
+    default:
+        break;
+    }
+    if (m_data.lines.empty())
+        return;
+    HatchLine& line = m_data.lines.back();
+    switch (tags.Code()) {
+    case 43:
+        line.base.x = tags.Real();
+        break;
+    case 44:
+        line.base.y = tags.Real();
+        break;
+    case 45:
+        line.offset.x = tags.Real();
+        break;
+    case 46:
+        line.offset.y = tags.Real();
+        break;
+    case 49:
+        line.dashes.push_back(tags.Real());
+        break;
+    default:
+        break;
+    }
+}
+
+bool HatchReader::TakeGradient(const EntityTags& tags)
+{
+    switch (tags.Code()) {
+    case 450:
+        m_data.gradient = tags.Integer() != 0;
+        break;
+    case 460:
+        m_data.gradientAngle = tags.Real();
+        break;
+    case 461:
+        m_data.gradientShift = tags.Real();
+        break;
+    case 470:
+        tags.Source().text->Decode(tags.Name(), m_data.gradientName);
+        break;
+    case 421:
+        m_data.gradientColors.push_back(static_cast<std::uint32_t>(tags.Integer()) & 0xFFFFFF);
+        break;
+    default:
+        return false;
+    }
+    return true;
+}
+
+void HatchReader::Finish()
+{
+    EndPath();
+    m_data.paths.resize(m_paths);
+}
+
+void Read(const Drawing& drawing, const EntityRecord& record, HatchData& data)
+{
+    HatchReader reader(data, record.kind);
+    EntityTags tags(drawing.Tags(), record);
+    while (tags.Next())
+        reader.Take(tags);
+    reader.Finish();
+}
+
+} // namespace sm::drawing

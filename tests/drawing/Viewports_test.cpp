@@ -1,0 +1,91 @@
+#include "drawing/DxfText.h"
+
+#include <gmock/gmock.h>
+
+namespace sm::drawing::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+std::unique_ptr<Drawing> OpenViewport(const std::string& groups)
+{
+    return DxfText()
+        .Section("TABLES")
+        .Raw("0\nLAYER\n5\n10\n2\n0\n62\n7\n0\nLAYER\n5\n11\n2\nA\n62\n1\n0\nLAYER\n5\n12\n2\nB\n62\n1\n")
+        .EndSection()
+        .Section("ENTITIES")
+        .Raw("0\nVIEWPORT\n67\n1\n" + groups)
+        .EndSection()
+        .End()
+        .Open();
+}
+
+ViewportData ReadViewport(const Drawing& drawing)
+{
+    ViewportData data;
+    Read(drawing, drawing.EntitiesOf(drawing.Layouts()[1].block)[0], data);
+    return data;
+}
+
+TEST(Viewports, KeepTheirViewAndFrozenLayers)
+{
+    const auto drawing = OpenViewport("10\n100\n20\n50\n30\n0\n40\n200\n41\n100\n68\n2\n69\n3\n12\n1\n22\n2\n16\n0\n26"
+                                      "\n0\n36\n1\n17\n5\n27\n6\n37\n7\n"
+                                      "45\n1000\n51\n30\n331\n11\n341\n12\n331\nFF\n90\n131168\n340\n2B\n");
+    const ViewportData data = ReadViewport(*drawing);
+    EXPECT_EQ(data.center, (Vec3{100, 50, 0}));
+    EXPECT_EQ(data.width, 200);
+    EXPECT_EQ(data.height, 100);
+    EXPECT_EQ(data.status, 2);
+    EXPECT_EQ(data.id, 3);
+    EXPECT_EQ(data.viewCenter, (Vec2{1, 2}));
+    EXPECT_EQ(data.viewHeight, 1000);
+    EXPECT_EQ(data.target, (Vec3{5, 6, 7}));
+    EXPECT_EQ(data.twist, 30);
+    EXPECT_TRUE(data.Off());
+    EXPECT_EQ(data.clipEntity, 0x2BU);
+    EXPECT_THAT(data.frozenLayers, ElementsAre(1, 2));
+}
+
+TEST(Viewports, OfR12KeepTheirViewInExtendedData)
+{
+    const auto drawing =
+        OpenViewport("10\n100\n20\n50\n40\n200\n41\n100\n68\n1\n69\n2\n1001\nACAD\n1000\nMVIEW\n1002\n{\n1070\n16\n"
+                     "1010\n5\n1020\n6\n1030\n7\n1010\n0\n1020\n0\n1030\n1\n1040\n30\n1040\n1000\n1040\n1\n1040\n2\n104"
+                     "0\n50\n1040\n0\n1040\n0\n"
+                     "1070\n0\n1070\n100\n1002\n{\n1003\nb\n1003\nGONE\n1002\n}\n1002\n}\n");
+    const ViewportData data = ReadViewport(*drawing);
+    EXPECT_EQ(data.target, (Vec3{5, 6, 7}));
+    EXPECT_EQ(data.direction, (Vec3{0, 0, 1}));
+    EXPECT_EQ(data.twist, 30);
+    EXPECT_EQ(data.viewHeight, 1000);
+    EXPECT_EQ(data.viewCenter, (Vec2{1, 2}));
+    EXPECT_THAT(data.frozenLayers, ElementsAre(2));
+}
+
+TEST(Hyperlinks, HaveAddressDescriptionAndPlace)
+{
+    const auto drawing = OpenEntities(
+        "0\nLINE\n8\n0\n1001\nACAD\n1000\nno link\n1001\nPE_URL\n1000\nhttp://a.example\n1002\n{\n1000\nSee ^J "
+        "a\n1002\n{\n1071\n1\n1002\n}\n1002\n}\n"
+        "0\nTEXT\n1\nx\n1001\nPE_URL\n1000\n\n1002\n{\n1000\nSheet\n1000\nLayout1,North\n1002\n{\n1071\n0\n1002\n}"
+        "\n1002\n}\n1000\nhttp://b.example\n"
+        "0\nCIRCLE\n8\n0\n");
+    std::vector<Hyperlink> links{{"old", "", ""}};
+    ReadHyperlinks(*drawing, ModelEntities(*drawing)[0], links);
+    ASSERT_EQ(links.size(), 1U);
+    EXPECT_EQ(links[0].url, "http://a.example");
+    EXPECT_EQ(links[0].description, "See \n a");
+    EXPECT_EQ(links[0].subLocation, "");
+    ReadHyperlinks(*drawing, ModelEntities(*drawing)[1], links);
+    ASSERT_EQ(links.size(), 2U);
+    EXPECT_EQ(links[0].url, "");
+    EXPECT_EQ(links[0].description, "Sheet");
+    EXPECT_EQ(links[0].subLocation, "Layout1,North");
+    EXPECT_EQ(links[1].url, "http://b.example");
+    ReadHyperlinks(*drawing, ModelEntities(*drawing)[2], links);
+    EXPECT_TRUE(links.empty());
+}
+
+} // namespace
+} // namespace sm::drawing::testing
