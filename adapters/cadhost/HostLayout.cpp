@@ -68,10 +68,14 @@ public:
 
     bool CenterPlot() override { return Has(PlotSettings::kCentered); }
     void SetCenterPlot(bool value) override { Set(PlotSettings::kCentered, value); }
-    AcadPoint PlotOrigin() override { return {Values().origin.x, Values().origin.y, 0}; }
+    AcadPoint PlotOrigin() override
+    {
+        const drawing::Vec2 origin = Configuration().Origin();
+        return {origin.x, origin.y, 0};
+    }
     void SetPlotOrigin(const AcadPoint& origin) override
     {
-        Values().origin = {Finite("PlotOrigin", origin.x), Finite("PlotOrigin", origin.y)};
+        Configuration().SetOrigin({Finite("PlotOrigin", origin.x), Finite("PlotOrigin", origin.y)});
     }
 
     std::int32_t PaperUnits() override { return Values().paperUnits; }

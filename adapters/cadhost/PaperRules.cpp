@@ -30,11 +30,11 @@ Margins TurnedMargins(const Margins& m, std::int32_t rotation)
 {
     switch (rotation & 3) {
     case 1:
-        return {m.bottom, m.right, m.top, m.left};
+        return {m.top, m.left, m.bottom, m.right};
     case 2:
         return {m.right, m.top, m.left, m.bottom};
     case 3:
-        return {m.top, m.left, m.bottom, m.right};
+        return {m.bottom, m.right, m.top, m.left};
     default:
         return m;
     }

@@ -7,7 +7,8 @@
 namespace sm::cadhost {
 
 /// The strips as they lie round the drawing when it is plotted with `rotation` (0 to 3, quarter turns
-/// counter-clockwise on the sheet). With 1 the drawing's left is the sheet's bottom.
+/// counter-clockwise). With 1 the drawing's left is the sheet's top and its bottom the sheet's left, as the limits show
+/// that CAD programs write into turned layouts.
 Margins TurnedMargins(const Margins& unturned, std::int32_t rotation);
 
 /// Both sides are within 3 mm in whole millimetres, as the paper table matches sheets.

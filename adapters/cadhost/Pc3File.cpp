@@ -163,9 +163,9 @@ private:
     void CheckWhole() const
     {
         const char* missing = !m_hasFormat             ? "'Format: 1'"
-                              : m_file.device.empty()  ? "a device"
-                              : m_file.driver.empty()  ? "a driver"
-                              : m_file.resolution == 0 ? "a resolution"
+                              : m_file.device.empty()  ? "device"
+                              : m_file.driver.empty()  ? "driver"
+                              : m_file.resolution == 0 ? "resolution"
                               : m_file.media.empty()   ? "media"
                                                        : nullptr;
         if (missing != nullptr)

@@ -40,6 +40,21 @@ double FiniteOrZero(double value)
     return std::isfinite(value) ? value : 0;
 }
 
+drawing::Vec2 AcrossWhenTurned(drawing::Vec2 v, std::int32_t rotation)
+{
+    return (rotation & 1) != 0 ? drawing::Vec2{v.y, v.x} : v;
+}
+
+/// A layout of which the file says nothing shows everything it holds.
+void AssumeValues(drawing::PlotSettings& values)
+{
+    using drawing::PlotSettings;
+    values.plotType = 1;
+    values.standardScale = 0;
+    values.flags |= PlotSettings::kCentered | PlotSettings::kStandardScale | PlotSettings::kPlotStyles |
+                    PlotSettings::kLineweights | PlotSettings::kDrawViewportsFirst;
+}
+
 /// What a file may hold and a layout can't: such values would not go back into it after a plot.
 void MendValues(drawing::PlotSettings& values, bool isModel)
 {
@@ -71,6 +86,8 @@ PlotConfiguration::PlotConfiguration(const drawing::Drawing& drawing, const draw
     : m_drawing(drawing), m_layout(layout), m_own(layout.plot), m_values(layout.plot), m_device(DeviceOf(layout.plot))
 {
     m_own.rotation &= 3;
+    if (!layout.hasPlotSettings)
+        AssumeValues(m_values);
     MendValues(m_values, layout.isModel);
     if (HasPaper(m_own)) {
         m_ownSheet = MediumOf(m_own);
@@ -79,6 +96,7 @@ PlotConfiguration::PlotConfiguration(const drawing::Drawing& drawing, const draw
         m_ownSheet = AssumedMedium(drawing.HeaderInteger("$MEASUREMENT", 0) == 1, landscape() != turned);
     }
     m_sheet = m_ownSheet;
+    m_origin = AcrossWhenTurned(m_values.origin, m_values.rotation);
     const auto view = layout.isModel ? drawing.ActiveModelView() : std::nullopt;
     if (view && IsPlan(view->direction, view->twist))
         m_windowShift = {view->target.x, view->target.y};
@@ -197,6 +215,7 @@ drawing::PlotSettings PlotConfiguration::Settings() const
 {
     drawing::PlotSettings settings = m_values;
     const Margins margins = SheetMargins();
+    settings.origin = AcrossWhenTurned(m_origin, settings.rotation);
     settings.configName = m_device;
     settings.mediaName = m_sheet.canonicalName;
     settings.paperWidth = m_sheet.width;

@@ -28,12 +28,15 @@ public:
     PlotConfiguration(const drawing::Drawing& drawing, const drawing::Layout& layout,
                       const std::function<bool()>& landscape);
 
-    /// The values without a rule of their own; sizes and margins in here don't count.
+    /// The values without a rule of their own; sizes, margins and origin in here don't count.
     drawing::PlotSettings& Values() { return m_values; }
     /// The plot window in world coordinates where the layout is seen in plan, in its display plane else. The file holds
     /// it in the display plane, whose origin is the view's target.
     [[nodiscard]] drawing::Box2 Window() const;
     void SetWindow(const drawing::Box2& window);
+    /// Of the plot, along the drawing's axes, millimetres. The file has it along the axes of the unturned sheet.
+    [[nodiscard]] drawing::Vec2 Origin() const { return m_origin; }
+    void SetOrigin(drawing::Vec2 origin) { m_origin = origin; }
 
     void Refresh(const PlotFolders& folders);
     const std::vector<std::string>& Devices(const PlotFolders& folders);
@@ -68,7 +71,7 @@ private:
     std::string m_device;
     Medium m_ownSheet, m_sheet;
     std::shared_ptr<const Pc3File> m_pc3;
-    drawing::Vec2 m_windowShift;
+    drawing::Vec2 m_origin, m_windowShift;
     bool m_listed = false;
     std::vector<std::string> m_devices, m_styles;
     std::vector<Medium> m_media;

@@ -138,9 +138,8 @@ public:
     void GetPaperSize(double& width, double& height) override
     {
         Call("GetPaperSize");
-        const bool turned = m_facts->PlotRotation == 1 || m_facts->PlotRotation == 3;
-        width = turned ? m_facts->PaperHeight : m_facts->PaperWidth;
-        height = turned ? m_facts->PaperWidth : m_facts->PaperHeight;
+        width = m_facts->PaperWidth;
+        height = m_facts->PaperHeight;
     }
     void GetPaperMargins(AcadPoint& lowerLeft, AcadPoint& upperRight) override
     {
