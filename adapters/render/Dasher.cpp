@@ -68,7 +68,6 @@ void Dasher::FlushRun()
     const double first = m_pattern->firstDash * m_scale;
     m_periods = std::floor(m_runLength / period + kTiny);
     m_shift = m_pattern->aligned ? (m_runLength - m_periods * period - first) / 2 : 0;
-    m_penAt = -1;
     double begin = 0;
     for (const Piece& piece : m_run) {
         CutPiece(piece, begin);
@@ -126,9 +125,11 @@ template <class Emit> void Dasher::ForEachDash(double begin, double end, const E
     }
 }
 
-void Dasher::Start(double at, Vec2 point)
+// A dash goes on where the last one ended, over a vertex or from one run to the next, so that corners are joined.
+void Dasher::Start(Vec2 point)
 {
-    if (m_penAt < 0 || std::abs(at - m_penAt) > kTiny) {
+    constexpr double kSame = 1e-6;
+    if (m_out->points.empty() || Length(m_out->points.back() - point) > kSame) {
         m_out->MoveTo(point);
     }
 }
@@ -153,9 +154,8 @@ void Dasher::CutLine(const Piece& piece, double begin)
     }
     const auto at = [&](double s) { return a + (b - a) * ((s - begin) / piece.length); };
     ForEachDash(begin + t0 * piece.length, begin + t1 * piece.length, [&](double from, double to) {
-        Start(from, at(from));
+        Start(at(from));
         m_out->LineTo(at(to));
-        m_penAt = to;
     });
 }
 
@@ -175,9 +175,8 @@ void Dasher::CutCurve(const Cubic& curve, double length, double begin, int depth
     }
     ForEachDash(begin, begin + length, [&](double from, double to) {
         const Cubic dash = curve.Part(lengths.ParameterAt(from - begin), lengths.ParameterAt(to - begin));
-        Start(from, dash.p[0]);
+        Start(dash.p[0]);
         m_out->CubicTo(dash.p[1], dash.p[2], dash.p[3]);
-        m_penAt = to;
     });
 }
 

@@ -34,13 +34,12 @@ private:
     void CutCurve(const Cubic& curve, double length, double begin, int depth);
     template <class Emit> void ForEachDash(double begin, double end, const Emit& emit) const;
     template <class Emit> void DashesOfPeriod(double k, const Emit& emit) const;
-    void Start(double at, Vec2 point);
+    void Start(Vec2 point);
 
     std::vector<Piece> m_run;
     double m_runLength = 0;
     const DashPattern* m_pattern = nullptr;
     double m_scale = 1, m_shift = 0, m_periods = 0;
-    double m_penAt = -1; ///< where along the run the last dash ended
     Box2 m_visible;
     Path* m_out = nullptr;
 };

@@ -69,13 +69,11 @@ Outcome Painter::PaintCopies(const drawing::InsertData& insert, const Frame& fra
     Outcome best = Outcome::NotReached;
     for (std::int32_t row = 0; row < insert.rows; ++row) {
         for (std::int32_t column = 0; column < insert.columns; ++column) {
-            if (m_budget == 0) {
-                Remark("blocks unfold to too many entities, the rest left out");
-                return std::max(best, Outcome::NotDrawn);
-            }
-            --m_budget;
             inner.toPaper = Compose(frame.toPaper, Placing(insert, base, row, column));
             best = std::max(best, PaintBlock(insert.block, inner));
+            if (m_budget == 0) {
+                return best;
+            }
         }
     }
     return best;
@@ -87,7 +85,7 @@ Outcome Painter::PaintAttributes(const drawing::InsertData& insert, const Frame&
     own.inherited = {style, EffectiveLayer(insert, frame.inherited)};
     Outcome best = Outcome::NotReached;
     for (const drawing::EntityRecord& attribute : insert.attributes) {
-        best = std::max(best, PaintEntity(attribute, own));
+        best = std::max(best, Try(attribute, own)); // attributes don't count on their own
     }
     return best;
 }
@@ -98,6 +96,10 @@ Outcome Painter::PaintDimension(const drawing::EntityRecord& record, const Frame
     Read(m_drawing, record, dimension);
     if (Hidden(dimension, frame)) {
         return Outcome::Hidden;
+    }
+    if (dimension.block == drawing::kNoBlock) {
+        Remark("a dimension without a picture left out");
+        return Outcome::NotDrawn;
     }
     if (!CanEnter(dimension.block)) {
         return Outcome::NotDrawn;

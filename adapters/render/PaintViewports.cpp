@@ -60,7 +60,7 @@ void Painter::PaintSpace(std::uint32_t block, const Frame& frame)
     }
     const OpenBlock open(m_openBlocks, block);
     if (!m_options.paperSpace) {
-        PaintBlock(block, frame);
+        PaintAll(block, frame);
         return;
     }
     FindSheetViewport(block);
@@ -199,7 +199,7 @@ Outcome Painter::PaintViewportContent(const drawing::ViewportData& viewport, con
     {
         const Ink::ClipGuard guard(m_ink, clip, FillRule::NonZero);
         const OpenBlock open(m_openBlocks, model->block);
-        best = PaintBlock(model->block, inner);
+        best = PaintAll(model->block, inner);
     }
     m_layers = &m_ownLayers;
     return best == Outcome::Drawn ? Outcome::Drawn : Outcome::OffPage;

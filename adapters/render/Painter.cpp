@@ -7,7 +7,8 @@ namespace sm::render {
 namespace {
 
 // What inserts may unfold to in all: enough for any real sheet, and over in seconds where a file asks for more.
-constexpr std::uint64_t kLargestExpansion = 20'000'000;
+constexpr std::uint64_t kLargestExpansion = 2'000'000;
+constexpr std::uint64_t kExpansionPerEntity = 8;
 
 } // namespace
 
@@ -15,7 +16,7 @@ Painter::Painter(const drawing::Drawing& drawing, ICanvas& canvas, TextEngine& t
                  const Box2& clip, const PaintOptions& options, bool hideLayers)
     : m_drawing(drawing), m_text(text), m_report(report), m_options(options), m_hideLayers(hideLayers),
       m_ink(canvas, clip), m_ownLayers(drawing, {}, hideLayers), m_layers(&m_ownLayers),
-      m_budget(kLargestExpansion + drawing.EntityCount()), m_buffers(std::make_unique<Buffers>())
+      m_budget(kLargestExpansion + kExpansionPerEntity * drawing.EntityCount()), m_buffers(std::make_unique<Buffers>())
 {
     for (const drawing::Linetype& linetype : drawing.Linetypes()) {
         m_patterns.push_back(MakeDashPattern(linetype));
@@ -24,33 +25,45 @@ Painter::Painter(const drawing::Drawing& drawing, ICanvas& canvas, TextEngine& t
 
 Painter::~Painter() = default;
 
-Outcome Painter::PaintEntity(const drawing::EntityRecord& record, const Frame& frame)
+Outcome Painter::Try(const drawing::EntityRecord& record, const Frame& frame)
 {
-    Outcome outcome = Outcome::NotDrawn;
     try {
-        outcome = Dispatch(record, frame);
+        return Dispatch(record, frame);
     } catch (...) { // one entity that can't be drawn never ends the drawing
         m_ink.End();
         Remark("an entity gave up half-way");
+        return Outcome::NotDrawn;
     }
+}
+
+Outcome Painter::PaintEntity(const drawing::EntityRecord& record, const Frame& frame)
+{
+    const Outcome outcome = Try(record, frame);
     if (m_report != nullptr) {
         m_report->Note(record, outcome);
     }
     return outcome;
 }
 
-Outcome Painter::PaintBlock(std::uint32_t block, const Frame& frame)
+Outcome Painter::PaintAll(std::uint32_t block, const Frame& frame)
 {
     Outcome best = Outcome::NotReached;
     for (const drawing::EntityRecord& record : m_drawing.EntitiesOf(block)) {
-        if (m_budget == 0) {
-            Remark("blocks unfold to too many entities, the rest left out");
-            return std::max(best, Outcome::NotDrawn);
-        }
-        --m_budget;
         best = std::max(best, PaintEntity(record, frame));
     }
     return best;
+}
+
+Outcome Painter::PaintBlock(std::uint32_t block, const Frame& frame)
+{
+    const std::span<const drawing::EntityRecord> records = m_drawing.EntitiesOf(block);
+    if (m_budget <= records.size() + 1) {
+        m_budget = 0;
+        Remark("blocks unfold to too many entities, the rest left out");
+        return Outcome::NotDrawn;
+    }
+    m_budget -= records.size() + 1; // an empty block costs something as well
+    return PaintAll(block, frame);
 }
 
 template <class Data> Outcome Painter::Leaf(Data& data, const drawing::EntityRecord& record, const Frame& frame)

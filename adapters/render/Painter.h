@@ -46,7 +46,9 @@ public:
 
 private:
     template <class Data> Outcome Leaf(Data& data, const drawing::EntityRecord& record, const Frame& frame);
+    Outcome Try(const drawing::EntityRecord& record, const Frame& frame);
     Outcome Dispatch(const drawing::EntityRecord& record, const Frame& frame);
+    Outcome PaintAll(std::uint32_t block, const Frame& frame);
     Outcome PaintBlock(std::uint32_t block, const Frame& frame);
 
     // One entity each; false: of a kind or with content that can't be drawn.

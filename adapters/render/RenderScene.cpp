@@ -9,7 +9,7 @@ namespace {
 bool LinetypesScaleWithPaper(const Scene& scene)
 {
     for (const drawing::Layout& layout : scene.drawing.Layouts()) {
-        if (layout.block == scene.block) {
+        if (layout.block == scene.block && layout.hasPlotSettings) {
             return layout.psltscale;
         }
     }

@@ -16,11 +16,21 @@ bool NeverPlots(const std::string& layerName)
                       [](char a, char b) { return (a >= 'A' && a <= 'Z' ? static_cast<char>(a + 32) : a) == b; });
 }
 
+// Some programs write index 7 as the true colour white as well: that is the colour of the pen, black on paper. A white
+// of its own stays white.
+void SetColor(Style& style, std::int16_t index, std::optional<std::uint32_t> trueColor)
+{
+    constexpr std::int16_t kPenColor = 7;
+    constexpr std::uint32_t kWhite = 0xFFFFFF;
+    const bool own = trueColor && !(*trueColor == kWhite && index == kPenColor);
+    style.index = own ? std::int16_t{0} : index;
+    style.color = own ? *trueColor : PaperColor(index);
+}
+
 Style StyleOf(const drawing::Layer& layer)
 {
     Style style;
-    style.index = layer.trueColor ? std::int16_t{0} : layer.color;
-    style.color = layer.trueColor ? *layer.trueColor : PaperColor(layer.color);
+    SetColor(style, layer.color, layer.trueColor);
     style.width = LineweightMillimetres(layer.lineweight);
     style.linetype =
         layer.linetype == kLinetypeByLayer || layer.linetype == kLinetypeByBlock ? kContinuous : layer.linetype;
@@ -58,14 +68,12 @@ Style Resolve(const drawing::Entity& entity, const LayerState& layer, const Inhe
 {
     Style style = layer.style;
     if (entity.trueColor) {
-        style.color = *entity.trueColor;
-        style.index = 0;
+        SetColor(style, entity.color, entity.trueColor);
     } else if (entity.color == drawing::kByBlock) {
         style.color = inherited.byBlock.color;
         style.index = inherited.byBlock.index;
     } else if (entity.color != drawing::kByLayer) {
-        style.color = PaperColor(entity.color);
-        style.index = entity.color;
+        SetColor(style, entity.color, std::nullopt);
     }
     if (entity.linetype == kLinetypeByBlock) {
         style.linetype = inherited.byBlock.linetype;

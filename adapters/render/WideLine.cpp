@@ -87,7 +87,8 @@ void AppendWideCorner(Path& path, const WideSegment& before, const WideSegment& 
     const double turn = Cross(in, out);
     const double size = Length(in) * Length(out);
     constexpr double kStraight = 1e-6;
-    if (!(std::abs(turn) > kStraight * size)) {
+    const bool pointed = before.endWidth <= 0 || after.startWidth <= 0;
+    if (pointed || !(std::abs(turn) > kStraight * size)) {
         return;
     }
     const double side = turn > 0 ? -0.5 : 0.5; // the outer side of the corner

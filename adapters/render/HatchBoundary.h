@@ -1,0 +1,24 @@
+// The boundary of a hatch on the sheet, and which of its paths count.
+#pragma once
+
+#include "drawing/Entities.h"
+#include "render/Canvas.h"
+
+#include <vector>
+
+namespace sm::render {
+
+/// Appends a boundary path as one closed sub-path, `plane` from its OCS plane to the sheet. Edges are joined in the
+/// file's order and turned round where they run against it. Nothing is appended for a path without an edge.
+void AppendHatchPath(Path& path, const drawing::HatchPath& boundary, const Matrix2& plane);
+
+/// The corners of each sub-path; curves as chords that stray less than 0.02 mm.
+std::vector<std::vector<Vec2>> PolygonsOf(const Path& path);
+
+/// How many of the other polygons each one lies in. All 0 for more than 500 of them.
+std::vector<int> NestingDepths(const std::vector<std::vector<Vec2>>& polygons);
+
+/// The boundary that is filled, by the even-odd rule, as the hatch's island style says (DXF reference, group 75).
+Path FilledBoundary(const drawing::HatchData& hatch, const Matrix2& plane);
+
+} // namespace sm::render

@@ -1,0 +1,70 @@
+// Boxes of entities and spaces.
+#include "SmallDrawing.h"
+
+#include <gmock/gmock.h>
+
+namespace sm::render {
+namespace {
+
+std::string BoxText(const Box2& box)
+{
+    if (box.Empty()) {
+        return "empty";
+    }
+    return RecordingCanvas::Number(box.min.x) + " " + RecordingCanvas::Number(box.min.y) + " " +
+           RecordingCanvas::Number(box.max.x) + " " + RecordingCanvas::Number(box.max.y);
+}
+
+struct Row {
+    const char* name;
+    const char* entities;
+    const char* first;   ///< of the first entity alone
+    const char* extents; ///< of model space
+};
+
+class BoundsTest : public testing::TestWithParam<Row> {};
+
+TEST_P(BoundsTest, HoldsWhatIsDrawn)
+{
+    SmallDrawing small;
+    small.layers = "0 LAYER | 2 Off | 70 0 | 62 -2 | 6 Continuous";
+    small.blocks =
+        "0 BLOCK | 8 0 | 2 B | 70 0 | 10 0 | 20 0 | 3 B | 0 CIRCLE | 8 0 | 10 0 | 20 0 | 40 2 | 0 ENDBLK | 8 0";
+    small.entities = GetParam().entities;
+    const auto drawing = small.Open();
+    FakeTextEngine text;
+    const std::uint32_t model = SpaceOf(*drawing, false);
+    ASSERT_FALSE(drawing->EntitiesOf(model).empty());
+    EXPECT_EQ(BoxText(BoundsOf(*drawing, drawing->EntitiesOf(model).front(), text)), GetParam().first);
+    EXPECT_EQ(BoxText(ExtentsOf(*drawing, model, {}, text)), GetParam().extents);
+}
+
+const Row kRows[] = {
+    {"Line", "0 LINE | 8 0 | 10 5 | 20 2 | 11 1 | 21 4", "1 2 5 4", "1 2 5 4"},
+    {"CircleIsExact", "0 CIRCLE | 8 0 | 10 5 | 20 5 | 40 2", "3 3 7 7", "3 3 7 7"},
+    {"ArcHoldsItsTop", "0 ARC | 8 0 | 10 0 | 20 0 | 40 10 | 50 45 | 51 135", "-7.071 7.071 7.071 10",
+     "-7.071 7.071 7.071 10"},
+    {"HiddenLayersAreLeftOutOfExtents", "0 LINE | 8 Off | 10 500 | 20 2 | 11 1 | 21 4 | 0 POINT | 8 0 | 10 1 | 20 1",
+     "1 2 500 4", "1 1 1 1"},
+    {"Insert", "0 INSERT | 8 0 | 2 B | 10 10 | 20 10 | 41 2 | 42 1", "6 8 14 12", "6 8 14 12"},
+    {"Text", "0 TEXT | 8 0 | 10 1 | 20 1 | 40 10 | 1 ab", "1 1 13 11", "1 1 13 11"},
+    {"EmptyText", "0 TEXT | 8 0 | 10 1 | 20 1 | 40 10 | 1", "empty", "empty"},
+    {"EndlessLineHasNoBox", "0 XLINE | 8 0 | 10 1 | 20 1 | 11 1 | 21 0", "empty", "empty"},
+    {"UnknownKind", "0 ACAD_PROXY_ENTITY | 8 0", "empty", "empty"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Entities, BoundsTest, testing::ValuesIn(kRows),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(ExtentsTest, AreThoseOfTheView)
+{
+    SmallDrawing small;
+    small.entities = "0 LINE | 8 0 | 10 0 | 20 0 | 30 5 | 11 10 | 21 20 | 31 7";
+    const auto drawing = small.Open();
+    FakeTextEngine text;
+    const Matrix3 front = ViewMatrix({0, -1, 0}, {0, 0, 0}, 0);
+    EXPECT_EQ(BoxText(ExtentsOf(*drawing, SpaceOf(*drawing, false), front, text)), "0 5 10 7");
+}
+
+} // namespace
+} // namespace sm::render
