@@ -4,6 +4,8 @@
 #include <array>
 #include <cctype>
 #include <iconv.h>
+#include <map>
+#include <mutex>
 #include <utility>
 
 namespace sm::drawing {
@@ -160,6 +162,17 @@ std::optional<std::string> CodePage::Encode(char32_t character) const
             return std::string{static_cast<char>(lead), static_cast<char>(pair - m_pairs[lead].begin())};
     }
     return std::nullopt;
+}
+
+std::shared_ptr<const CodePage> SharedPage(const std::string& converter)
+{
+    static std::mutex mutex;
+    static std::map<std::string, std::shared_ptr<const CodePage>> pages;
+    const std::scoped_lock lock(mutex);
+    std::shared_ptr<const CodePage>& page = pages[converter];
+    if (!page)
+        page = std::make_shared<const CodePage>(converter);
+    return page;
 }
 
 } // namespace sm::drawing

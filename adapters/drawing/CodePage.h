@@ -34,6 +34,9 @@ private:
     std::vector<std::vector<char32_t>> m_pairs; ///< by lead byte; empty when it leads none
 };
 
+/// The page's table, made once and kept: drawings share it. For many threads.
+std::shared_ptr<const CodePage> SharedPage(const std::string& converter);
+
 /// Appends a character; surrogates and values beyond Unicode become U+FFFD.
 void AppendUtf8(std::string& text, char32_t character);
 

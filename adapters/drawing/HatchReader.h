@@ -23,7 +23,6 @@ private:
     void TakePattern(const EntityTags& tags);
     bool TakeGradient(const EntityTags& tags);
     void StartPath(std::int32_t flags);
-    void StartEdge(HatchPath& path, std::int32_t type);
     void EndPath();
 
     HatchData& m_data;

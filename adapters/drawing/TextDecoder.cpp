@@ -59,14 +59,14 @@ TextDecoder::TextDecoder(const std::string& converter, bool utf8) : m_converter(
 
 const CodePage& TextDecoder::Page() const
 {
-    std::call_once(m_page.once, [this] { m_page.page = std::make_unique<CodePage>(m_converter); });
+    std::call_once(m_page.once, [this] { m_page.page = SharedPage(m_converter); });
     return *m_page.page;
 }
 
 const CodePage& TextDecoder::PageOfEscape(std::size_t number) const
 {
     LazyPage& page = m_escapePages[number];
-    std::call_once(page.once, [&] { page.page = std::make_unique<CodePage>(kEscapePages[number]); });
+    std::call_once(page.once, [&] { page.page = SharedPage(kEscapePages[number]); });
     return *page.page;
 }
 

@@ -33,7 +33,7 @@ private:
 
     struct LazyPage {
         std::once_flag once;
-        std::unique_ptr<CodePage> page;
+        std::shared_ptr<const CodePage> page;
     };
     std::string m_converter;
     bool m_utf8;
