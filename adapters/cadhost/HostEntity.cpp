@@ -1,4 +1,5 @@
 // Entities, their hyperlinks, block references and attributes.
+#include "cadhost/EntityBox.h"
 #include "cadhost/HostErrors.h"
 #include "cadhost/HostObjects.h"
 #include "cadhost/HostText.h"
@@ -150,7 +151,7 @@ public:
     }
     void GetBoundingBox(AcadPoint& lowerLeft, AcadPoint& upperRight) override
     {
-        const drawing::Box2 box = AsHost([&] { return render::BoundsOf(m_open->File(), m_record, m_open->Text()); });
+        const drawing::Box2 box = AsHost([&] { return BoxOf(m_open->File(), m_record, m_open->Text()); });
         if (box.Empty())
             throw HostError("GetBoundingBox: the " + std::string(m_open->File().EntityName(m_record)) + " of line " +
                             std::to_string(m_record.line) + " has no extents");

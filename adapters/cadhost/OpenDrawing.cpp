@@ -101,7 +101,8 @@ bool OpenDrawing::IsLandscape(std::size_t index)
 {
     const drawing::Layout& layout = LayoutAt(index);
     const drawing::Box2 box = layout.extents.Empty() ? Extents(layout.block, {}) : layout.extents;
-    return box.Empty() || box.Width() > box.Height();
+    const bool hasSize = !box.Empty() && (box.Width() > 0 || box.Height() > 0);
+    return !hasSize || box.Width() > box.Height();
 }
 
 PlotConfiguration& OpenDrawing::Configuration(std::size_t index)
@@ -159,8 +160,8 @@ void OpenDrawing::PlotActive(const std::string& path)
     if (m_report == nullptr)
         m_report = std::make_unique<render::RenderReport>(File());
     const plotter::PlotJob job{
-        File(),      layout,          configuration.Settings(), static_cast<double>(configuration.Resolution()),
-        layout.name, "Sheetmaker PDF"};
+        File(),      layout,           configuration.Settings(), static_cast<double>(configuration.Resolution()),
+        layout.name, "Sheetmaker PDF", ExtentsOf(m_active)};
     plotter::PlotToPostScript(job, path, Text(), *m_report);
 }
 

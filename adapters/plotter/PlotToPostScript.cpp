@@ -35,7 +35,7 @@ void PlotToPostScript(const PlotJob& job, const std::string& path, render::TextE
                       render::RenderReport& report)
 {
     const Placement placement = Place(job.drawing, job.layout, job.settings, [&](const render::Matrix3& view) {
-        return render::ExtentsOf(job.drawing, job.layout.block, view, text);
+        return job.extents ? job.extents(view) : render::ExtentsOf(job.drawing, job.layout.block, view, text);
     });
     try {
         PsWriter writer(job.resolution, FolderOf(path));

@@ -13,6 +13,8 @@ struct PlotJob {
     double resolution = 1200;       ///< dots per inch
     std::string title;              ///< %%Title: the sheet's name
     std::string creator;            ///< %%Creator
+    /// Gives what the layout's space plots, for callers that know it already; computed when not set.
+    std::function<drawing::Box2(const render::Matrix3& view)> extents = {};
 };
 
 /// Plots to `path`, which appears whole or not at all. Throws PlotError with a line that names file and cause.

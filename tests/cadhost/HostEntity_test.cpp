@@ -89,6 +89,19 @@ TEST_F(HostEntityTest, GivesTheBoxInWorldCoordinates)
     EXPECT_EQ(BoxOf(*First(Plain("CIRCLE", Tag(10, 10) + Tag(20, 20) + Tag(40, 5)))), "{ 5, 15, 0, 15, 25, 0 }");
 }
 
+TEST_F(HostEntityTest, GivesThePlaceOfWhatDrawsNothingItself)
+{
+    EXPECT_EQ(BoxOf(*First(Plain("VIEWPORT", Tag(10, 50) + Tag(20, 40) + Tag(40, 20) + Tag(41, 10) + Tag(69, 2)))),
+              "{ 40, 35, 0, 60, 45, 0 }");
+    EXPECT_EQ(BoxOf(*First(Plain("INSERT", Tag(2, "GONE") + Tag(10, 5) + Tag(20, 6) + Tag(230, -1)))),
+              "{ -5, 6, 0, -5, 6, 0 }");
+    EXPECT_EQ(BoxOf(*First(Plain("DIMENSION", Tag(2, "*D9") + Tag(10, 1) + Tag(20, 2) + Tag(11, 30) + Tag(21, 4)))),
+              "{ 1, 2, 0, 30, 4, 0 }");
+    EXPECT_EQ(BoxOf(*First(Plain("IMAGE", Tag(10, 1) + Tag(20, 2) + Tag(11, 0.5) + Tag(21, 0) + Tag(12, 0) +
+                                              Tag(22, 0.5) + Tag(13, 100) + Tag(23, 60)))),
+              "{ 1, 2, 0, 51, 32, 0 }");
+}
+
 TEST_F(HostEntityTest, LeavesTheCornersAloneWhereThereIsNoBox)
 {
     const auto entity = First(Plain("ACME_WIDGET"));
