@@ -12,18 +12,35 @@ std::string PointText(drawing::Vec2 p)
     return RoundedText(p.x, kCoordinateDigits) + "," + RoundedText(p.y, kCoordinateDigits);
 }
 
-/// Counts what stands on a layout, the viewport that is the sheet itself (id 1) aside.
-void Count(const drawing::Drawing& drawing, const drawing::Layout& layout, LayoutFacts& facts)
+/// The viewport that is the sheet itself: the one with id 1, and on sheets that keep no ids the first one.
+const drawing::EntityRecord* SheetViewport(const drawing::Drawing& drawing, std::uint32_t block)
 {
     drawing::ViewportData viewport;
-    for (const drawing::EntityRecord& record : drawing.EntitiesOf(layout.block)) {
-        if (record.kind == drawing::EntityKind::Viewport && !layout.isModel) {
-            drawing::Read(drawing, record, viewport);
-            if (viewport.id == 1)
-                continue;
-            ++facts.viewports;
+    const drawing::EntityRecord* first = nullptr;
+    bool firstHasId = false;
+    for (const drawing::EntityRecord& record : drawing.EntitiesOf(block)) {
+        if (record.kind != drawing::EntityKind::Viewport)
+            continue;
+        drawing::Read(drawing, record, viewport);
+        if (viewport.id == 1)
+            return &record;
+        if (first == nullptr) {
+            first = &record;
+            firstHasId = viewport.id != 0;
         }
+    }
+    return firstHasId ? nullptr : first;
+}
+
+void Count(const drawing::Drawing& drawing, const drawing::Layout& layout, LayoutFacts& facts)
+{
+    const drawing::EntityRecord* const sheet = layout.isModel ? nullptr : SheetViewport(drawing, layout.block);
+    for (const drawing::EntityRecord& record : drawing.EntitiesOf(layout.block)) {
+        if (&record == sheet)
+            continue;
         ++facts.entities;
+        if (record.kind == drawing::EntityKind::Viewport && !layout.isModel)
+            ++facts.viewports;
     }
 }
 

@@ -63,11 +63,13 @@ TEST_F(LayoutListTest, TellsWhatEachLayoutHolds)
     sheet.paperHeight = 420;
     sheet.styleSheet = "Florida.ctb";
     sheet.entities = viewport(1) + viewport(2) + LineTags(0, 0, 100, 50, Tag(67, 1));
-    drawing.AddSheet("Roof");
+    drawing.AddSheet("Roof").entities = viewport(0) + viewport(0);
+    drawing.AddSheet("Cellar").entities = viewport(3) + viewport(4);
+    drawing.AddSheet("Empty");
     drawing.model.entities = LineTags(0, 0, 1, 1);
     drawing.active = 1;
     const auto list = host->Layouts(Open(drawing));
-    ASSERT_EQ(list.size(), 3U);
+    ASSERT_EQ(list.size(), 5U);
     EXPECT_EQ(list[0].name, "Model");
     EXPECT_TRUE(list[0].isModel);
     EXPECT_EQ(list[0].entities, 1U);
@@ -85,8 +87,11 @@ TEST_F(LayoutListTest, TellsWhatEachLayoutHolds)
     EXPECT_EQ(list[1].paperHeight, 297);
     EXPECT_EQ(list[1].entities, 2U);
     EXPECT_EQ(list[1].viewports, 1U);
-    EXPECT_EQ(list[2].entities, 0U);
+    EXPECT_EQ(list[2].viewports, 1U) << "a sheet that isn't open keeps no ids, and its first viewport is the sheet";
+    EXPECT_EQ(list[2].entities, 1U);
     EXPECT_FALSE(list[2].active);
+    EXPECT_EQ(list[3].viewports, 2U);
+    EXPECT_EQ(list[4].entities, 0U);
 }
 
 } // namespace
