@@ -77,7 +77,7 @@ def house():
     doc = new_drawing(units_mm=True)
     plan = doc.dimstyles.duplicate_entry("EZDXF", "PLAN")
     plan.dxf.dimtxt, plan.dxf.dimasz, plan.dxf.dimexe, plan.dxf.dimexo = 250, 150, 150, 200
-    plan.dxf.dimgap, plan.dxf.dimtxsty = 80, "SIMPLEX"
+    plan.dxf.dimgap, plan.dxf.dimtxsty, plan.dxf.dimlfac = 80, "SIMPLEX", 1
     door(doc)
     model = doc.modelspace()
     floor(model, 0, 0, [((2500, 4000), "Living room", 38.6), ((7500, 2000), "Kitchen", 18.9),
@@ -91,9 +91,9 @@ def house():
     for number, (name, title, whole, detail) in enumerate(sheets, start=1):
         sheet = add_sheet(doc, name, number)
         add_title_block(doc, sheet, title, name.split()[0], "1:100 / 1:50")
-        sheet.add_viewport(center=(125, 160), size=(220, 230), view_center_point=whole, view_height=23000)
+        sheet.add_viewport(center=(125, 170), size=(220, 210), view_center_point=whole, view_height=21000)
         sheet.add_viewport(center=(320, 190), size=(150, 120), view_center_point=detail, view_height=6000)
-        for x, y, text in [(15, 36, "Overview 1:100"), (245, 120, "Detail 1:50")]:
+        for x, y, text in [(20, 56, "Overview 1:100"), (245, 120, "Detail 1:50")]:
             sheet.add_text(text, height=4, dxfattribs={"layer": "TEXT", "style": "SANS"}).set_placement((x, y))
     save(doc, os.path.join(FOLDER, "house.dxf"))
 
@@ -120,7 +120,7 @@ def flange():
     model.add_radius_dim(center=(0, 0), radius=60, angle=50, dimstyle="EZ_RADIUS",
                          dxfattribs={"layer": "DIMENSIONS"}).render()
     model.add_linear_dim(base=(100, -72), p1=(100, -60), p2=(140, -60), dimstyle="EZDXF",
-                         override={"dimtxt": 4, "dimasz": 3, "dimexe": 1.5, "dimexo": 1, "dimgap": 1},
+                         override={"dimtxt": 4, "dimasz": 3, "dimlfac": 1, "dimexe": 1.5, "dimexo": 1, "dimgap": 1},
                          dxfattribs={"layer": "DIMENSIONS"}).render()
     model.add_mtext("{\\LNotes}\\P1. All edges broken 0.5 × 45°.\\P2. 6 holes %%c11 on %%c84.\\P3. Material EN-GJL-250.",
                     dxfattribs={"layer": "TEXT", "style": "SANS", "char_height": 4, "insert": (-60, -80), "width": 120})

@@ -14,7 +14,7 @@ def new_drawing(units_mm):
     doc = ezdxf.new("R2013", setup=True)
     doc.header["$INSUNITS"] = 4 if units_mm else 6
     doc.header["$MEASUREMENT"] = 1
-    doc.header["$LTSCALE"] = 10.0 if units_mm else 1.0
+    doc.header["$LTSCALE"] = 5.0
     for name, color, weight, linetype in LAYERS:
         doc.layers.add(name, color=color, lineweight=weight, linetype=linetype)
     doc.layers.get("VIEWPORTS").dxf.plot = 0
