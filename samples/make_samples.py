@@ -118,6 +118,7 @@ def flange():
         hatch.paths.add_polyline_path(points, is_closed=True)
     model.add_line((95, 0), (145, 0), dxfattribs={"layer": "AXES"})
     model.add_radius_dim(center=(0, 0), radius=60, angle=50, dimstyle="EZ_RADIUS",
+                         override={"dimtxt": 4, "dimasz": 3, "dimlfac": 1, "dimgap": 1},
                          dxfattribs={"layer": "DIMENSIONS"}).render()
     model.add_linear_dim(base=(100, -72), p1=(100, -60), p2=(140, -60), dimstyle="EZDXF",
                          override={"dimtxt": 4, "dimasz": 3, "dimlfac": 1, "dimexe": 1.5, "dimexo": 1, "dimgap": 1},
