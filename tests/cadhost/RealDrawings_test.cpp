@@ -16,13 +16,15 @@ fs::path DrawingsFolder()
     return folder != nullptr ? fs::path(folder) : fs::path(SM_SOURCE_DIR) / ".." / "shared" / "drawings";
 }
 
-std::vector<fs::path> ListDrawings()
+/// The sound drawings, or those of the folder "broken".
+std::vector<fs::path> ListDrawings(bool broken = false)
 {
     std::vector<fs::path> paths;
     std::error_code error;
     for (fs::recursive_directory_iterator entry(DrawingsFolder(), error), end; !error && entry != end;
          entry.increment(error)) {
-        if (entry->path().extension() == ".dxf" && entry->path().parent_path().filename() != "broken")
+        const bool isBroken = entry->path().parent_path().filename() == "broken";
+        if (isBroken == broken && (broken || entry->path().extension() == ".dxf"))
             paths.push_back(entry->path());
     }
     std::sort(paths.begin(), paths.end());
@@ -124,6 +126,26 @@ TEST_F(RealDrawingsTest, WalkThroughAllTheirEntities)
                     links, attributes, boxes, boxless);
         document->Close(false);
     }
+}
+
+TEST_F(RealDrawingsTest, ListOrRefuseBrokenOnes)
+{
+    const auto paths = ListDrawings(true);
+    if (paths.empty())
+        GTEST_SKIP() << "no drawings in " << DrawingsFolder();
+    for (const fs::path& path : paths) {
+        SCOPED_TRACE(path.filename().string());
+        try {
+            const auto document = host->Open(path.string());
+            for (const LayoutFacts& facts : host->Layouts(document))
+                EXPECT_NO_THROW(Exercise(*host->Application(), *document->Layouts()->Item(facts.name)));
+            document->Close(false);
+        } catch (const drawing::DrawingError& error) {
+            EXPECT_THAT(error.what(), ::testing::HasSubstr(path.filename().string()));
+            EXPECT_EQ(std::string(error.what()).find('\n'), std::string::npos);
+        }
+    }
+    EXPECT_EQ(host->Application()->Documents()->Count(), 0);
 }
 
 } // namespace
