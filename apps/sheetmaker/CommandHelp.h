@@ -1,0 +1,51 @@
+// What the help says beyond the list of options: the examples.
+#pragma once
+
+namespace sm::app {
+
+inline constexpr const char* kProgramSummary = "Turns the sheets of CAD drawings into PDF files.";
+
+inline constexpr const char* kProgramFooter = R"(Examples:
+  sheetmaker convert plan.dxf                   every sheet that holds something into plan.pdf
+  sheetmaker layouts plan.dxf                   what sheets there are
+  sheetmaker convert *.dxf -o pdf/ --jobs 4     many drawings, four at a time
+  sheetmaker doctor                             what is installed, what is missing
+
+"sheetmaker COMMAND --help" explains a command.
+
+Exit codes: 0 all done; 1 some failed; 2 wrong usage; 3 a needed tool is missing;
+4 converted, but the input was damaged and content was lost (--strict makes that 1).)";
+
+inline constexpr const char* kConvertFooter = R"(Examples:
+  sheetmaker convert plan.dxf                              plan.pdf beside the drawing
+  sheetmaker convert plan.dxf -o set.pdf --layouts all     every sheet into set.pdf
+  sheetmaker convert plan.dxf --layout "Ground floor"      one sheet
+  sheetmaker convert site.dxf --layouts model --page-setup global
+  sheetmaker convert *.dxf -o pdf/ --jobs 4 --report json  a folder of PDFs, a report on stdout
+
+"auto" takes every paper layout that holds something, and the model when none does.)";
+
+inline constexpr const char* kLayoutsFooter = R"(Examples:
+  sheetmaker layouts plan.dxf
+  sheetmaker layouts plan.dxf --json | jq '.[].name')";
+
+inline constexpr const char* kGetFooter = R"(Examples:
+  sheetmaker get JobOptionsFile)";
+
+inline constexpr const char* kSetFooter = R"(Examples:
+  sheetmaker set OpenInViewer 0
+  sheetmaker set JobOptionsFile "Print [1200 dpi]"
+  sheetmaker set Stamp1 "FOR REVIEW")";
+
+inline constexpr const char* kListFooter = R"(Examples:
+  sheetmaker list              every setting; "*" marks those that were changed
+  sheetmaker list Stamp        those whose names contain "stamp")";
+
+inline constexpr const char* kLogFooter = R"(Examples:
+  sheetmaker log
+  sheetmaker log | grep ERROR)";
+
+inline constexpr const char* kDoctorFooter = R"(Examples:
+  sheetmaker doctor)";
+
+} // namespace sm::app

@@ -1,0 +1,56 @@
+#include "sheetmaker/Dispatch.h"
+
+#include "sheetmaker/CommandLine.h"
+#include "sheetmaker/ConvertCommand.h"
+#include "sheetmaker/Doctor.h"
+#include "sheetmaker/DrawingRun.h"
+#include "sheetmaker/LayoutsCommand.h"
+#include "sheetmaker/LogCommand.h"
+#include "sheetmaker/SettingCommands.h"
+
+#include <ostream>
+
+namespace sm::app {
+namespace {
+
+/// Runs the job that the visited alternative holds.
+class Runner {
+public:
+    Runner(const Install& install, std::ostream& out, std::ostream& err) : m_install(install), m_out(out), m_err(err) {}
+
+    int operator()(const ConvertJob& job) const
+    {
+        const auto work = [this](const DrawingTask& task, terminal::Console& console) {
+            return ConvertDrawing(task, m_install, console);
+        };
+        return RunConvert(job, m_install, work, m_out, m_err);
+    }
+    int operator()(const LayoutsJob& job) const { return RunLayouts(job, m_install, m_out, m_err); }
+    int operator()(const GetJob& job) const { return RunGet(*Settings(), job, m_out, m_err); }
+    int operator()(const SetJob& job) const { return RunSet(*Settings(), job, JobOptionNames(m_install), m_err); }
+    int operator()(const ListJob& job) const { return RunList(*Settings(), job, m_out, m_err); }
+    int operator()(const LogJob&) const { return RunLog(m_install, m_out, m_err); }
+    int operator()(const DoctorJob&) const { return RunDoctor(m_install, m_out); }
+
+private:
+    [[nodiscard]] std::unique_ptr<IRegistry> Settings() const
+    {
+        return OpenSettings(m_install, [this](const std::string& text) { m_err << "sheetmaker: " << text << "\n"; });
+    }
+
+    const Install& m_install;
+    std::ostream& m_out;
+    std::ostream& m_err;
+};
+
+} // namespace
+
+int RunProgram(const std::vector<std::string>& words, const Install& install, std::ostream& out, std::ostream& err)
+{
+    const ParsedCommand parsed = ParseCommandLine(words, install.version);
+    out << parsed.output;
+    err << parsed.error;
+    return parsed.job ? std::visit(Runner(install, out, err), *parsed.job) : parsed.exitCode;
+}
+
+} // namespace sm::app

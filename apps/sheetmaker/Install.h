@@ -1,0 +1,38 @@
+// What one process knows of its machine: places, environment, version.
+#pragma once
+
+#include "ports/IRegistry.h"
+#include "ports/ISystem.h"
+#include "system/Environment.h"
+#include "system/Places.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace sm::app {
+
+struct Install {
+    system::Environment environment;
+    system::Places places;
+    std::string version; ///< "1.2.3"
+
+    [[nodiscard]] std::string JobOptionsFolder() const { return (places.shareFolder / "Settings").string(); }
+    [[nodiscard]] std::string LoginName() const;
+};
+
+/// Name of the conversion log in the state folder.
+inline constexpr const char* kLogFileName = "SmPdfAcad.log";
+
+/// This process's own.
+Install ThisInstall();
+
+/// The user's settings over the facts of the install. `complain` hears each trouble with the file once.
+std::unique_ptr<IRegistry> OpenSettings(const Install& install,
+                                        const std::function<void(const std::string&)>& complain);
+
+/// Names of the installed job options, sorted.
+std::vector<std::string> JobOptionNames(const Install& install);
+
+} // namespace sm::app

@@ -1,0 +1,47 @@
+// Everything the plug-in finds around it in one run of the command line.
+#pragma once
+
+#include "plugin/CallContext.h"
+#include "publisher/Publisher.h"
+#include "sheetmaker/AnnotationPass.h"
+#include "sheetmaker/DrawingRun.h"
+#include "sheetmaker/SheetWatcher.h"
+#include "store/OverlayRegistry.h"
+
+#include <memory>
+
+namespace sm::app {
+
+class Surrounded {
+public:
+    /// All references outlive this object.
+    Surrounded(const DrawingTask& task, const Install& install, terminal::Console& console, DrawingReport& report);
+    Surrounded(const Surrounded&) = delete;
+    Surrounded& operator=(const Surrounded&) = delete;
+
+    [[nodiscard]] CallContext& Context() { return m_context; }
+    [[nodiscard]] SheetWatcher& Watcher() { return m_watcher; }
+    /// Lays an option over a stored setting for this run.
+    void LaySetting(const std::string& name, const std::string& value);
+
+private:
+    void LayOptions(const DrawingTask& task);
+    [[nodiscard]] publisher::PublisherOptions PublishingOptions(const DrawingTask& task, const Install& install);
+
+    DrawingReport& m_report;
+    SheetWatcher m_watcher;
+    std::unique_ptr<IRegistry> m_stored;
+    store::OverlayRegistry m_registry;
+    std::unique_ptr<IFileSystem> m_files;
+    std::unique_ptr<IDesktop> m_desktop;
+    std::unique_ptr<IWindows> m_windows;
+    AnnotationPass m_annotations;
+    std::unique_ptr<IPublishingLibrary> m_library;
+    std::unique_ptr<ILocale> m_locale;
+    std::unique_ptr<IClock> m_clock;
+    std::unique_ptr<IComponent> m_component;
+    Surroundings m_surroundings;
+    CallContext m_context;
+};
+
+} // namespace sm::app
