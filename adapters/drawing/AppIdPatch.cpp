@@ -52,8 +52,10 @@ private:
     void OnTag()
     {
         const int code = m_tags.Code();
-        if (code == 2 && m_record == "SECTION")
+        if (code == 2 && m_record == "SECTION") {
             m_section = m_tags.Name();
+            m_record = {}; // header variables hold groups of code 2 as well
+        }
         if (code == 2 && m_record == "TABLE")
             m_inTable = m_tags.Name() == "APPID";
         if (m_section == "HEADER") {

@@ -17,6 +17,7 @@ std::string RecordText(const std::string& version, const std::string& lineEnd, c
         .Section("HEADER")
         .Variable("$ACADVER", 1, version)
         .Variable("$DWGCODEPAGE", 3, "ANSI_1252")
+        .Variable("$CMLSTYLE", 2, "Standard")
         .Variable("$HANDSEED", 5, "40")
         .EndSection()
         .Section("TABLES")
