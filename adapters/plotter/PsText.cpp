@@ -67,7 +67,7 @@ std::size_t PsWriter::WriteGlyphs(const render::TextRun& run, std::size_t from, 
     constexpr char kDigits[] = "0123456789ABCDEF";
     const GlyphCode first = CodeOf(run, from);
     bool moved = false;
-    m_hex = "<";
+    m_hex.assign(1, '<');
     double pen = run.positions[from].x;
     std::size_t i = from;
     for (; i < to; ++i) {
@@ -95,7 +95,9 @@ std::size_t PsWriter::WriteGlyphs(const render::TextRun& run, std::size_t from, 
     place.e = origin.x;
     place.f = origin.y;
     WriteMatrix(place);
-    m_body.Append(moved ? "[" + m_hex + "] TJ\n" : m_hex + " Tj\n");
+    m_body.Append(moved ? "[" : "");
+    m_body.Append(m_hex);
+    m_body.Append(moved ? "] TJ\n" : " Tj\n");
     return i;
 }
 

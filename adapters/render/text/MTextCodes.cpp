@@ -1,10 +1,7 @@
-#include "render/text/MTextCodes.h"
+#include "render/text/MTextParser.h"
 
 #include "render/text/TextCodes.h"
 #include "render/text/Unicode.h"
-
-#include <charconv>
-#include <cmath>
 
 namespace sm::render {
 
@@ -12,66 +9,9 @@ namespace {
 
 constexpr std::size_t kDeepest = 64; // groups within groups
 
-class Parser {
-public:
-    Parser(std::string_view text, const TypeStyle& base, FontLibrary& fonts, ParsedMText& out)
-        : m_text(text), m_base(base), m_fonts(fonts), m_out(out), m_look(base)
-    {
-        m_out.tokens.clear();
-        m_out.styles.assign(1, base);
-        m_out.paragraphs.assign(1, {});
-    }
+} // namespace
 
-    void Run()
-    {
-        while (m_at < m_text.size()) {
-            Step();
-        }
-        EndParagraph();
-    }
-
-private:
-    void Step();
-    void Code();
-    void Caret();
-    void EndWord();
-    void EndParagraph();
-    void Add(MTextToken::Kind kind, std::string text);
-    void AppendPlain();
-    std::string_view Argument();
-    void SetFont(std::string_view argument);
-    void SetHeight(std::string_view argument);
-    void SetColor(std::string_view argument, bool trueColor);
-    void SetParagraph(std::string_view argument);
-    void SetParagraphItem(char kind, std::string_view value);
-    void Stack(std::string_view argument);
-    double Factor(std::string_view argument, double now, double low, double high) const;
-    std::uint32_t Look();
-
-    std::string_view m_text;
-    std::size_t m_at = 0;
-    const TypeStyle& m_base;
-    FontLibrary& m_fonts;
-    ParsedMText& m_out;
-    TypeStyle m_look;
-    bool m_lookChanged = false;
-    std::vector<TypeStyle> m_groups;
-    std::string m_word;
-    bool m_joins = false; ///< the next token must stay with the last one
-};
-
-double NumberOf(std::string_view text, double fallback)
-{
-    while (!text.empty() && (text.front() == ' ' || text.front() == '+')) {
-        text.remove_prefix(1);
-    }
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    (void)end;
-    return error == std::errc{} && std::isfinite(value) ? value : fallback;
-}
-
-std::uint32_t Parser::Look()
+std::uint32_t MTextParser::Look()
 {
     if (m_lookChanged) {
         m_out.styles.push_back(m_look);
@@ -80,7 +20,7 @@ std::uint32_t Parser::Look()
     return static_cast<std::uint32_t>(m_out.styles.size() - 1);
 }
 
-void Parser::Add(MTextToken::Kind kind, std::string text)
+void MTextParser::Add(MTextToken::Kind kind, std::string text)
 {
     MTextToken token;
     token.kind = kind;
@@ -91,7 +31,7 @@ void Parser::Add(MTextToken::Kind kind, std::string text)
     m_joins = false;
 }
 
-void Parser::EndWord()
+void MTextParser::EndWord()
 {
     if (!m_word.empty()) {
         Add(MTextToken::Kind::Word, std::move(m_word));
@@ -99,7 +39,7 @@ void Parser::EndWord()
     }
 }
 
-void Parser::EndParagraph()
+void MTextParser::EndParagraph()
 {
     EndWord();
     Add(MTextToken::Kind::Paragraph, {});
@@ -107,7 +47,7 @@ void Parser::EndParagraph()
     m_joins = false;
 }
 
-void Parser::Step()
+void MTextParser::Step()
 {
     if (DecodeCharacter(m_text, m_at, m_word)) {
         return;
@@ -146,7 +86,7 @@ void Parser::Step()
     }
 }
 
-void Parser::AppendPlain()
+void MTextParser::AppendPlain()
 {
     const std::size_t from = m_at;
     const char32_t c = NextCharacter(m_text, m_at);
@@ -161,7 +101,7 @@ void Parser::AppendPlain()
     }
 }
 
-void Parser::Caret()
+void MTextParser::Caret()
 {
     const char code = m_text[m_at + 1];
     m_at += 2;
@@ -185,7 +125,7 @@ void Parser::Caret()
 }
 
 /// Up to the next ";", which is passed. A code without its ";" takes nothing.
-std::string_view Parser::Argument()
+std::string_view MTextParser::Argument()
 {
     const std::size_t end = m_text.find(';', m_at);
     if (end == std::string_view::npos) {
@@ -196,7 +136,7 @@ std::string_view Parser::Argument()
     return argument;
 }
 
-void Parser::Code()
+void MTextParser::Code()
 {
     const char code = m_text[m_at++];
     if (code == 'P' || code == 'X' || code == 'N') {
@@ -218,181 +158,13 @@ void Parser::Code()
         Stack(Argument());
         return;
     }
-    switch (code) {
-    case 'L':
-    case 'l':
-        m_look.under = code == 'L';
-        break;
-    case 'O':
-    case 'o':
-        m_look.over = code == 'O';
-        break;
-    case 'K':
-    case 'k':
-        m_look.strike = code == 'K';
-        break;
-    case 'H':
-    case 'h':
-        SetHeight(Argument());
-        break;
-    case 'W':
-    case 'w':
-        m_look.width = Factor(Argument(), m_look.width, 0.01, 100);
-        break;
-    case 'Q':
-    case 'q':
-        m_look.oblique = NumberOf(Argument(), m_look.oblique);
-        break;
-    case 'T':
-    case 't':
-        m_look.tracking = Factor(Argument(), m_look.tracking, 0.1, 100);
-        break;
-    case 'C':
-    case 'c':
-        SetColor(Argument(), code == 'c');
-        break;
-    case 'F':
-    case 'f':
-        SetFont(Argument());
-        break;
-    case 'p':
-        SetParagraph(Argument());
-        break;
-    default: // A: how fractions stand beside their line
-        Argument();
-    }
+    SetLook(code);
     m_lookChanged = true;
 }
 
-double Parser::Factor(std::string_view argument, double now, double low, double high) const
-{
-    const double value = NumberOf(argument, 0);
-    const double factor = !argument.empty() && LowerAscii(argument.back()) == 'x' ? value * now : value;
-    return factor >= low && factor <= high ? factor : now;
-}
-
-void Parser::SetHeight(std::string_view argument)
-{
-    m_look.height = Factor(argument, m_look.height, 1e-6 * m_base.height, 1e6 * m_base.height);
-}
-
-void Parser::SetColor(std::string_view argument, bool trueColor)
-{
-    const double value = NumberOf(argument, -1);
-    if (value < 0 || value > 0xFFFFFF || (!trueColor && value > 256)) {
-        return;
-    }
-    const auto number = static_cast<std::uint32_t>(value);
-    TextColor color;
-    if (trueColor) { // blue is the highest byte here
-        color.trueColor = (number & 0xFF) << 16 | (number & 0xFF00) | number >> 16;
-    } else {
-        color.index = static_cast<std::int16_t>(number);
-    }
-    m_look.color = color;
-}
-
-void Parser::SetFont(std::string_view argument)
-{
-    const std::size_t end = argument.find('|');
-    const std::string name(argument.substr(0, end));
-    if (name.empty()) {
-        return;
-    }
-    const bool bold = argument.find("|b1") != std::string_view::npos;
-    const bool italic = argument.find("|i1") != std::string_view::npos;
-    const bool shape = Lowered(name).ends_with(".shx");
-    m_look.font = shape ? &m_fonts.ForShapeFile(name) : &m_fonts.ForFamily(name, bold, italic);
-}
-
-void Parser::SetParagraph(std::string_view argument)
-{
-    m_out.paragraphs.push_back(m_out.paragraphs.back());
-    char kind = 0;
-    while (!argument.empty()) {
-        const std::size_t end = argument.find(',');
-        std::string_view item = argument.substr(0, end);
-        argument.remove_prefix(end == std::string_view::npos ? argument.size() : end + 1);
-        if (!item.empty() && (item.front() == 'x' || item.front() == 'q') && item.size() > 1 && item[1] != '*') {
-            item.remove_prefix(item.front() == 'x' ? 1 : 0);
-        }
-        const bool named = !item.empty() && ((item.front() >= 'a' && item.front() <= 'z'));
-        if (named) {
-            kind = item.front();
-            item.remove_prefix(1);
-        }
-        SetParagraphItem(kind, item);
-    }
-}
-
-void Parser::SetParagraphItem(char kind, std::string_view value)
-{
-    ParagraphStyle& style = m_out.paragraphs.back();
-    const double length = NumberOf(value, 0) * m_base.height;
-    const char letter = value.empty() ? '\0' : value.front();
-    switch (kind) {
-    case 'i':
-        style.firstIndent = length;
-        break;
-    case 'l':
-        style.leftIndent = std::max(0.0, length);
-        break;
-    case 'r':
-        style.rightIndent = std::max(0.0, length);
-        break;
-    case 't':
-        if (letter == '\0' || letter == 'z' || letter == '*') {
-            style.tabs.clear();
-        } else if (length > 0) {
-            style.tabs.push_back(length);
-        }
-        break;
-    case 'q':
-        style.align = letter == 'l'   ? ParagraphAlign::Left
-                      : letter == 'r' ? ParagraphAlign::Right
-                      : letter == 'c' ? ParagraphAlign::Center
-                      : letter == 'j' ? ParagraphAlign::Justified
-                      : letter == 'd' ? ParagraphAlign::Distributed
-                                      : ParagraphAlign::Default;
-        break;
-    default:
-        break;
-    }
-}
-
-void Parser::Stack(std::string_view argument)
-{
-    MTextToken token;
-    token.kind = MTextToken::Kind::Stack;
-    std::string* part = &token.text;
-    for (std::size_t at = 0; at < argument.size();) {
-        if (DecodeCharacter(argument, at, *part)) {
-            continue;
-        }
-        const char c = argument[at++];
-        if (token.bar == 0 && (c == '^' || c == '/' || c == '#')) {
-            token.bar = c;
-            part = &token.below;
-        } else if (c == '\\' && at < argument.size()) {
-            *part += argument[at++];
-        } else if (c != ' ' || !part->empty()) {
-            *part += c;
-        }
-    }
-    token.style = Look();
-    token.joined = m_joins;
-    if (token.bar == 0) {
-        token.kind = MTextToken::Kind::Word;
-    }
-    m_out.tokens.push_back(std::move(token));
-    m_joins = true;
-}
-
-} // namespace
-
 void ParseMText(std::string_view text, const TypeStyle& base, FontLibrary& fonts, ParsedMText& out)
 {
-    Parser(text, base, fonts, out).Run();
+    MTextParser(text, base, fonts, out).Run();
 }
 
 } // namespace sm::render
