@@ -60,6 +60,14 @@ void AddQualityOptions(CLI::App& command, ConvertOptions& options)
     command.add_flag("--as-set", options.asSet, "Take what no option says from the stored settings");
 }
 
+/// CLI11's own range check would write its bounds into the help.
+std::string WorkerCountError(const std::string& text)
+{
+    int count = 0;
+    const bool valid = CLI::detail::lexical_cast(text, count) && count >= 1 && count <= kMostWorkers;
+    return valid ? std::string() : "\"" + text + "\" is no number from 1 to " + std::to_string(kMostWorkers);
+}
+
 void AddConvert(CLI::App& program, ConvertJob& job)
 {
     CLI::App& command = *program.add_subcommand("convert", "Convert drawings to PDF");
@@ -71,7 +79,7 @@ void AddConvert(CLI::App& program, ConvertJob& job)
     AddQualityOptions(command, job.options);
     command.add_option("--jobs", job.workers, "How many drawings at a time (default: one a processor)")
         ->type_name("N")
-        ->check(CLI::Range(1, kMostWorkers));
+        ->check([](const std::string& text) { return WorkerCountError(text); });
     command.add_flag("--strict", job.strict, "Count lost content of a damaged drawing as a failure");
     command
         .add_option_function<std::string>(
@@ -170,8 +178,7 @@ ParsedCommand ParseCommandLine(const std::vector<std::string>& words, const std:
         program.parse(reversed);
         return {ChosenJob(program, jobs), kExitDone, {}, {}};
     } catch (const CLI::CallForHelp&) {
-        const auto chosen = program.get_subcommands();
-        return {{}, kExitDone, chosen.empty() ? program.help() : chosen.front()->help(), {}};
+        return {{}, kExitDone, program.help(), {}}; // that of the chosen command, when there is one
     } catch (const CLI::CallForVersion& call) {
         return {{}, kExitDone, std::string(call.what()) + "\n", {}};
     } catch (const CLI::ParseError& error) {

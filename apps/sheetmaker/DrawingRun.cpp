@@ -25,6 +25,12 @@ void Fail(DrawingReport& report, int exitCode, const std::string& text)
     report.failure = text;
 }
 
+/// The drawing is named before every line already.
+std::string WithoutName(const std::string& text, const std::string& drawing)
+{
+    return text.starts_with(drawing + ": ") ? text.substr(drawing.size() + 2) : text;
+}
+
 class DrawingRun {
 public:
     DrawingRun(const DrawingTask& task, const Install& install, terminal::Console& console, DrawingReport& report)
@@ -111,7 +117,7 @@ DrawingReport ConvertDrawing(const DrawingTask& task, const Install& install, te
     } catch (const std::bad_alloc&) {
         Fail(report, kExitFailed, "there is not enough memory");
     } catch (const std::exception& error) {
-        Fail(report, kExitFailed, error.what());
+        Fail(report, kExitFailed, WithoutName(error.what(), task.drawing));
     }
     console.ClearProgress();
     report.times.total = MillisecondsSince(start);

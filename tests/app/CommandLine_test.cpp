@@ -96,7 +96,7 @@ const ErrorRow kErrors[] = {
      "sheetmaker convert: --layouts excludes --layout\n\"sheetmaker convert --help\" explains it\n"},
     {"NoJobs",
      {"convert", "a.dxf", "--jobs", "0"},
-     "sheetmaker convert: --jobs: Value 0 not in range 1 to 256\n\"sheetmaker convert --help\" explains it\n"},
+     "sheetmaker convert: --jobs: \"0\" is no number from 1 to 256\n\"sheetmaker convert --help\" explains it\n"},
     {"BadReport",
      {"convert", "a.dxf", "--report", "xml"},
      "sheetmaker convert: --report: \"xml\" is none of json\n\"sheetmaker convert --help\" explains it\n"},
