@@ -1,5 +1,6 @@
 #include "render/Ink.h"
 
+#include "render/ClipArea.h"
 #include "render/ClipBox.h"
 
 namespace sm::render {
@@ -17,6 +18,11 @@ bool IsFinite(const Path& path)
         sum += std::abs(point.x) + std::abs(point.y);
     }
     return std::isfinite(sum);
+}
+
+bool ReachesFar(const Box2& hull)
+{
+    return !Contains({{-kFarAway, -kFarAway}, {kFarAway, kFarAway}}, hull);
 }
 
 bool IsDashed(const Pen& pen)
@@ -59,7 +65,7 @@ void Ink::Announce()
 bool Ink::Shows(const Path& path, double margin)
 {
     m_hull = HullOf(path);
-    return !m_hull.Empty() && IsFinite(path) && (!m_bounded || Overlaps(m_hull, Grown(m_clip, margin)));
+    return path.verbs.size() > 1 && IsFinite(path) && (!m_bounded || Overlaps(m_hull, Grown(m_clip, margin)));
 }
 
 void Ink::Stroke(const Path& path, const Pen& pen, std::span<const std::uint32_t> breaks)
@@ -70,7 +76,7 @@ void Ink::Stroke(const Path& path, const Pen& pen, std::span<const std::uint32_t
     const StrokeStyle style{pen.color, pen.width, pen.cap, pen.join};
     const Box2 visible = Grown(m_clip, pen.width + 1);
     const bool dashed = m_bounded && IsDashed(pen);
-    const bool far = m_bounded && !Contains({{-kFarAway, -kFarAway}, {kFarAway, kFarAway}}, m_hull);
+    const bool far = m_bounded && ReachesFar(m_hull);
     if (!dashed && !far) {
         Announce();
         m_canvas.Stroke(path, style);
@@ -90,9 +96,19 @@ void Ink::Stroke(const Path& path, const Pen& pen, std::span<const std::uint32_t
 
 void Ink::Fill(const Path& path, std::uint32_t color, FillRule rule)
 {
-    if (Shows(path, 0)) {
+    if (!Shows(path, 0)) {
+        return;
+    }
+    if (!m_bounded || !ReachesFar(m_hull)) {
         Announce();
         m_canvas.Fill(path, color, rule);
+        return;
+    }
+    m_cut.Clear();
+    AppendClippedArea(path, Grown(m_clip, 1), m_cut);
+    if (!m_cut.Empty()) {
+        Announce();
+        m_canvas.Fill(m_cut, color, rule);
     }
 }
 

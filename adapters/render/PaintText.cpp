@@ -71,6 +71,41 @@ void Painter::DrawMask(const drawing::MTextData& text, const LaidText& laid)
     m_ink.Fill(m_outline, colored ? color : kPaper, FillRule::NonZero);
 }
 
+std::uint32_t Painter::TextPartColor(const std::optional<TextColor>& color) const
+{
+    // Within a text, BYBLOCK is the colour of the text itself.
+    if (!color || (color->index == drawing::kByBlock && !color->trueColor)) {
+        return m_style.color;
+    }
+    drawing::Entity asked;
+    asked.color = color->index;
+    asked.trueColor = color->trueColor;
+    return Resolve(asked, *m_layer, m_frame->inherited).color;
+}
+
+void Painter::DrawRun(const TextRun& from, const Matrix2& plane, std::uint32_t color)
+{
+    TextRun& run = m_buffers->run;
+    run = from;
+    run.toPaper = Compose(plane, from.toPaper);
+    run.color = color;
+    m_ink.Text(run, m_outline);
+}
+
+void Painter::DrawTextPath(const Path& path, const Matrix2& plane, std::uint32_t color, bool filled)
+{
+    m_path.Clear();
+    AppendMapped(m_path, path, plane);
+    if (filled) {
+        m_ink.Fill(m_path, color, FillRule::NonZero);
+        return;
+    }
+    Pen pen = StrokePen();
+    pen.pattern = nullptr;
+    pen.color = color;
+    m_ink.Stroke(m_path, pen);
+}
+
 void Painter::DrawText(const LaidText& text)
 {
     const Matrix2 plane = PlaneOf(m_frame->toPaper, text.extrusion, text.elevation);
@@ -80,49 +115,16 @@ void Painter::DrawText(const LaidText& text)
         m_ink.Fill(m_outline, m_style.color, FillRule::NonZero);
         return;
     }
-    const auto colorOf = [&](const std::optional<TextColor>& color) {
-        if (!color) {
-            return m_style.color;
-        }
-        drawing::Entity asked;
-        asked.color = color->index;
-        asked.trueColor = color->trueColor;
-        return color->index == drawing::kByBlock && !color->trueColor
-                   ? m_style.color // within a text, BYBLOCK is the colour of the text itself
-                   : Resolve(asked, {m_style, false, true}, m_frame->inherited).color;
-    };
-    TextRun& run = m_buffers->run;
-    const auto show = [&](const TextRun& from, std::uint32_t color) {
-        run = from;
-        run.toPaper = Compose(plane, from.toPaper);
-        run.color = color;
-        m_ink.Text(run, m_outline);
-    };
-    Pen pen = StrokePen();
-    pen.pattern = nullptr;
-    const auto strokePath = [&](const Path& path, std::uint32_t color) {
-        m_path.Clear();
-        AppendMapped(m_path, path, plane);
-        pen.color = color;
-        m_ink.Stroke(m_path, pen);
-    };
     for (const GlyphPart& part : text.glyphs) {
-        show(part.run, colorOf(part.color));
+        DrawRun(part.run, plane, TextPartColor(part.color));
     }
     for (const StrokePart& part : text.strokes) {
-        const std::uint32_t color = colorOf(part.color);
-        strokePath(part.path, color);
-        show(part.run, color);
+        const std::uint32_t color = TextPartColor(part.color);
+        DrawTextPath(part.path, plane, color, false);
+        DrawRun(part.run, plane, color);
     }
     for (const RulePart& part : text.rules) {
-        const std::uint32_t color = colorOf(part.color);
-        if (!IsClosed(part.path)) {
-            strokePath(part.path, color);
-            continue;
-        }
-        m_path.Clear();
-        AppendMapped(m_path, part.path, plane);
-        m_ink.Fill(m_path, color, FillRule::NonZero);
+        DrawTextPath(part.path, plane, TextPartColor(part.color), IsClosed(part.path));
     }
 }
 

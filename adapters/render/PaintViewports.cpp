@@ -87,7 +87,7 @@ Outcome Painter::PaintViewport(const drawing::EntityRecord& record, const Frame&
 {
     drawing::ViewportData viewport;
     Read(m_drawing, record, viewport);
-    const bool inSheet = m_options.paperSpace && m_openBlocks.size() == 1;
+    const bool inSheet = m_options.paperSpace && m_openBlocks.size() <= 1;
     if (!inSheet || &record == m_sheetViewport || viewport.invisible || ViewportIsOff(viewport)) {
         return Outcome::Hidden;
     }
@@ -95,7 +95,7 @@ Outcome Painter::PaintViewport(const drawing::EntityRecord& record, const Frame&
     if (!m_options.boxesOnly) {
         best = std::max(best, PaintViewportContent(viewport, frame));
     }
-    if ((m_options.viewportBorders || m_options.boxesOnly) && !Hidden(viewport, frame)) {
+    if (m_options.boxesOnly || (m_options.viewportBorders && !Hidden(viewport, frame))) {
         Enter(viewport, record, frame);
         MakeClipPath(viewport, frame);
         StrokePath();

@@ -168,7 +168,8 @@ bool Painter::Hidden(const drawing::Entity& entity, const Frame& frame) const
 void Painter::Enter(const drawing::Entity& entity, const drawing::EntityRecord& record, const Frame& frame)
 {
     m_frame = &frame;
-    m_style = Resolve(entity, m_layers->Of(EffectiveLayer(entity, frame.inherited)), frame.inherited);
+    m_layer = &m_layers->Of(EffectiveLayer(entity, frame.inherited));
+    m_style = Resolve(entity, *m_layer, frame.inherited);
     m_linetypeScale = entity.linetypeScale > 0 ? entity.linetypeScale : 1;
     const auto& layers = m_drawing.Layers();
     const std::string_view layer = entity.layer < layers.size() ? std::string_view(layers[entity.layer].name) : "0";

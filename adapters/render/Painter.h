@@ -66,12 +66,16 @@ private:
     bool Draw(const drawing::LeaderData& leader, drawing::EntityKind kind);
 
     void DrawEndlessLine(const drawing::LineData& line, bool bothWays);
+    void DrawSpacePolyline(const drawing::PolylineData& polyline);
     void DrawMesh(const drawing::PolylineData& mesh);
     void DrawPolyface(const drawing::PolylineData& face);
     void DrawFaceEdges(const drawing::QuadData& quad);
     void DrawPlainPolyline(const drawing::PolylineData& polyline, const Matrix2& plane);
     void DrawWidePolyline(const drawing::PolylineData& polyline, const Matrix2& plane);
     void DrawText(const LaidText& text);
+    void DrawRun(const TextRun& from, const Matrix2& plane, std::uint32_t color);
+    void DrawTextPath(const Path& path, const Matrix2& plane, std::uint32_t color, bool filled);
+    [[nodiscard]] std::uint32_t TextPartColor(const std::optional<TextColor>& color) const;
     void DrawMask(const drawing::MTextData& text, const LaidText& laid);
     void DrawPatternHatch(const drawing::HatchData& hatch, const Matrix2& plane);
 
@@ -108,6 +112,7 @@ private:
     std::vector<DashPattern> m_patterns;
     // The entity at hand.
     const Frame* m_frame = nullptr;
+    const LayerState* m_layer = nullptr;
     Style m_style;
     double m_linetypeScale = 1;
     Path m_path;

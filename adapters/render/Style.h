@@ -31,8 +31,8 @@ struct LayerState {
 
 /// What the contents of a block take over from its insert.
 struct Inherited {
-    Style byBlock;
-    std::uint32_t layer = 0; ///< stands in for layer "0"
+    Style byBlock{0, 7, 0.25, kContinuous}; ///< of no insert: black, default lineweight
+    std::uint32_t layer = 0;                ///< stands in for layer "0"
 };
 
 /// The layers of a drawing for one view, ready to be asked per entity.

@@ -56,6 +56,22 @@ const Row kRows[] = {
 INSTANTIATE_TEST_SUITE_P(Entities, BoundsTest, testing::ValuesIn(kRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
+TEST(ExtentsTest, OfASheetHoldItsViewports)
+{
+    SmallDrawing small;
+    small.layers = "0 LAYER | 2 Screen | 70 0 | 62 2 | 6 Continuous | 290 0";
+    small.entities =
+        "0 LINE | 8 0 | 10 0 | 20 0 | 11 1000 | 21 20 |"
+        "0 VIEWPORT | 8 0 | 67 1 | 10 50 | 20 50 | 40 100 | 41 100 | 68 1 | 69 1 | 12 50 | 22 50 | 45 100 |"
+        "0 VIEWPORT | 8 Screen | 67 1 | 10 50 | 20 40 | 40 20 | 41 10 | 68 2 | 69 2 | 12 5 | 22 5 | 45 20";
+    const auto drawing = small.Open();
+    FakeTextEngine text;
+    const std::uint32_t sheet = SpaceOf(*drawing, true);
+    EXPECT_EQ(BoxText(ExtentsOf(*drawing, sheet, {}, text)), "40 35 60 45");
+    ASSERT_EQ(drawing->EntitiesOf(sheet).size(), 2U);
+    EXPECT_EQ(BoxText(BoundsOf(*drawing, drawing->EntitiesOf(sheet)[1], text)), "40 35 60 45");
+}
+
 TEST(ExtentsTest, AreThoseOfTheView)
 {
     SmallDrawing small;
