@@ -18,6 +18,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr int kRemovalAttempts = 20;
+constexpr useconds_t kRemovalPause = 20000; // microseconds
+
 [[noreturn]] void ThrowErrno(const char* what)
 {
     throw std::system_error(errno, std::generic_category(), what);
@@ -154,7 +157,13 @@ DrawingReport Worker::Finish()
 void Worker::RemoveLeftovers()
 {
     std::error_code ignored;
-    fs::remove_all(m_task.workFolder, ignored);
+    // The interpreter of an ended worker is ended by the system, a moment later than the worker itself.
+    for (int attempt = 0; attempt < kRemovalAttempts; ++attempt) {
+        fs::remove_all(m_task.workFolder, ignored);
+        if (m_endedWell || !fs::exists(m_task.workFolder, ignored))
+            break;
+        usleep(kRemovalPause);
+    }
     if (m_endedWell)
         return;
     // A PDF that was being written when the process was ended stands half-made beside its target.
