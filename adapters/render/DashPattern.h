@@ -11,7 +11,7 @@ struct DashPattern {
     struct Mark {
         double begin = 0, end = 0;
     };                       ///< along the period; begin == end: a dot
-    std::vector<Mark> marks; ///< in order; empty: continuous
+    std::vector<Mark> marks; ///< in order; empty: continuous, as are types made of symbols alone
     double period = 0;       ///< line type units
     double firstDash = 0;    ///< length of the dash or dot that the period begins with
     bool aligned = false;    ///< the period begins with a dash or dot: lines begin and end with it

@@ -14,7 +14,10 @@ constexpr const char* kLinetypes =
     "0 LTYPE | 2 FINE | 70 0 | 3 d | 72 65 | 73 2 | 40 0.1 | 49 0.05 | 74 0 | 49 -0.05 | 74 0 |"
     "0 LTYPE | 2 GAS | 70 0 | 3 d | 72 65 | 73 3 | 40 9 | 49 5 | 74 0 | 49 -2 | 74 2 | 75 0 | 340 0 | 46 1 | 50 0 | 44 "
     "0 |"
-    "45 0 | 9 GAS | 49 -2 | 74 0";
+    "45 0 | 9 GAS | 49 -2 | 74 0 |"
+    "0 LTYPE | 2 BATTING | 70 0 | 3 d | 72 65 | 73 2 | 40 10 | 49 0.01 | 74 0 | 49 -9.99 | 74 4 | 75 132 | 340 0 | 46 "
+    "1 |"
+    "50 0 | 44 0 | 45 0";
 
 constexpr const char* kLayers = "0 LAYER | 2 Dashes | 70 0 | 62 7 | 6 DASHED";
 
@@ -83,6 +86,10 @@ const Row kRows[] = {
      "",
      "0 LINE | 8 0 | 6 DASHED | 10 -1000000 | 20 0 | 11 4 | 21 0",
      {"stroke 000000 0.25 m 0.5 0 l 4 0"}},
+    {"SymbolsAloneLeaveALine",
+     "",
+     "0 LINE | 8 0 | 6 BATTING | 10 0 | 20 0 | 11 30 | 21 0",
+     {"stroke 000000 0.25 m 0 0 l 30 0"}},
     {"SymbolsLeaveTheirGap", // (12 - 9 + 5) / 2 = 4
      "",
      "0 LINE | 8 0 | 6 GAS | 10 0 | 20 0 | 11 12 | 21 0",
