@@ -123,7 +123,9 @@ PlotArea FindPlotArea(const drawing::Drawing& drawing, const drawing::Layout& la
     const bool showsLayout = settings.plotType == kLayout && !layout.isModel;
     area.isSheet = showsLayout;
     if (settings.plotType == kWindow) {
-        area.box = Ordered(settings.window);
+        // The file keeps the window in world coordinates as long as one looks straight down, in the view's own else.
+        const bool plan = active.direction.x == 0 && active.direction.y == 0;
+        area.box = plan ? Seen(area.view, Ordered(settings.window)) : Ordered(settings.window);
     } else if (settings.plotType == kDisplay && layout.isModel) {
         area.box = BoxAround(active.center, active.height * active.aspect, active.height);
     } else if (settings.plotType == kDisplay && !layout.isModel) {

@@ -61,6 +61,21 @@ TEST_F(PlaceTest, PutsEachPlotAreaOnTheSheet)
     }
 }
 
+TEST_F(PlaceTest, TakesWindowsInWorldCoordinates)
+{
+    drawing.active = drawing::ModelView{{50, 50}, 3, 1, {0, 0, 1}, {300, 400, 0}, 0};
+    PlotSettings s = A4(kWindow, kStandard);
+    s.standardScale = 16;
+    s.window = BoxOf(10, 20, 60, 50);
+    drawing::Layout layout;
+    layout.isModel = true;
+    const Placement p = Place(drawing, layout, s, [](auto&) { return Box2{}; });
+    const drawing::Vec3 seen = p.view.Apply({10, 20, 0});
+    const Vec2 to = p.toPaper.Apply({seen.x, seen.y});
+    EXPECT_NEAR(to.x, 5, 1e-9);
+    EXPECT_NEAR(to.y, 10, 1e-9);
+}
+
 TEST_F(PlaceTest, FitsGiveTheRatioInPaperUnits)
 {
     PlotSettings s = A4(kExtents, kStandard);

@@ -101,7 +101,8 @@ Font FontLibrary::Resolve(const drawing::TextStyle& style)
 {
     const std::string who = "style " + style.name;
     const std::string file = FileNameOf(style.fontFile), ending = EndingOf(file);
-    if (IsOutlineEnding(ending) || (!style.family.empty() && ending != ".shx")) {
+    const bool namesStrokes = ending.empty() && m_map.Stroke(file.empty() ? style.family : file) != nullptr;
+    if (IsOutlineEnding(ending) || (!style.family.empty() && ending != ".shx" && !namesStrokes)) {
         return ResolveOutline(style, who);
     }
     if (ending.empty() && !file.empty() && m_map.Stroke(file) == nullptr) {
@@ -112,7 +113,7 @@ Font FontLibrary::Resolve(const drawing::TextStyle& style)
             return {FaceFor(named, exact), nullptr, 1};
         }
     }
-    return ResolveShape(file.empty() ? "txt" : file, who);
+    return ResolveShape(!file.empty() ? file : namesStrokes ? style.family : "txt", who);
 }
 
 Font FontLibrary::ResolveShape(const std::string& file, const std::string& who)
