@@ -9,6 +9,7 @@ namespace {
 
 constexpr double kDotLength = 0.02; // mm; a stroke without length shows nowhere with a butt end
 constexpr double kTiny = 1e-9;
+constexpr std::size_t kMostVerbs = 4'000'000; // a path with more dashes than that is drawn through from there on
 
 } // namespace
 
@@ -106,7 +107,7 @@ template <class Emit> void Dasher::DashesOfPeriod(double k, const Emit& emit) co
 
 template <class Emit> void Dasher::ForEachDash(double begin, double end, const Emit& emit) const
 {
-    if (m_periods < 1) {
+    if (m_periods < 1 || m_out->verbs.size() > kMostVerbs) {
         emit(begin, end);
         return;
     }

@@ -76,9 +76,9 @@ bool HatchLines::Append(const drawing::HatchLine& line, const Matrix2& plane, Pa
         dashes.push_back(dash * family.unit);
         period += std::abs(dash * family.unit);
     }
-    const double longest = m_box.Width() + m_box.Height();
-    if (!(period >= kFinestDash * static_cast<double>(dashes.size())) || longest / period > kMostDashes) {
-        dashes.clear();
+    const double coarser = Coarsening(static_cast<double>(dashes.size()), period);
+    for (double& dash : dashes) {
+        dash *= coarser;
     }
     for (std::size_t i = 0; i + 1 < m_crossings.size();) {
         if (m_crossings[i].line == m_crossings[i + 1].line) {
@@ -88,7 +88,7 @@ bool HatchLines::Append(const drawing::HatchLine& line, const Matrix2& plane, Pa
             ++i;
         }
     }
-    return every > 1;
+    return every > 1 || coarser > 1;
 }
 
 // Fills `m_crossings` and returns the step from one drawn line to the next.
@@ -131,6 +131,18 @@ double HatchLines::Collect(const Family& family)
     return every;
 }
 
+// How many times longer dashes and gaps must be so that their number stays sensible; a line through would be darker.
+double HatchLines::Coarsening(double dashes, double period) const
+{
+    if (!(dashes > 0) || !(period > 0)) {
+        return 1;
+    }
+    const double longest = static_cast<double>(m_crossings.size()) / 2 * (m_box.Width() + m_box.Height());
+    const double tooFine = kFinestDash * dashes / period;
+    const double tooMany = dashes / period * longest / kMostDashes;
+    return std::max(1.0, std::ceil(std::max(tooFine, tooMany) - 1e-6));
+}
+
 void HatchLines::CutLine(const Family& family, const Crossing& from, const Crossing& to,
                          const std::vector<double>& dashes, Path& out) const
 {
@@ -149,13 +161,13 @@ void HatchLines::CutLine(const Family& family, const Crossing& from, const Cross
             out.LineTo(at(b));
         }
     };
-    if (dashes.empty()) {
-        emit(begin, end);
-        return;
-    }
     double period = 0;
     for (const double dash : dashes) {
         period += std::abs(dash);
+    }
+    if (!(period > 0)) {
+        emit(begin, end);
+        return;
     }
     for (double start = std::floor(begin / period) * period; start < end; start += period) {
         double t = start;

@@ -32,6 +32,7 @@ private:
     };
     [[nodiscard]] double LineAt(const Family& family, Vec2 p) const;
     double Collect(const Family& family);
+    [[nodiscard]] double Coarsening(double dashes, double period) const;
     void CutLine(const Family& family, const Crossing& from, const Crossing& to, const std::vector<double>& dashes,
                  Path& out) const;
     std::vector<Edge> m_edges;

@@ -66,7 +66,8 @@ private:
     std::span<const double> m_knots;
 };
 
-void AppendFlat(Path& path, const SpanReader& reader, std::size_t span, double t0, Vec2 a, double t1, Vec2 b, int depth)
+void AppendFlat(Path& path, const SpanReader& reader, std::size_t span, double t0, Vec2 a, double t1, Vec2 b, int depth,
+                int deepest)
 {
     const double middle = (t0 + t1) / 2;
     const Vec2 m = reader.At(span, middle);
@@ -76,14 +77,13 @@ void AppendFlat(Path& path, const SpanReader& reader, std::size_t span, double t
     const auto stray = [&](Vec2 p) {
         return length > kFlatness ? std::abs(Cross(chord, p - a)) / length : Length(p - a);
     };
-    constexpr int kDeepest = 10;
     constexpr int kLeast = 2;
-    if (depth >= kDeepest || (depth >= kLeast && stray(m) < kFlatness && stray(quarter) < kFlatness)) {
+    if (depth >= deepest || (depth >= kLeast && stray(m) < kFlatness && stray(quarter) < kFlatness)) {
         path.LineTo(b);
         return;
     }
-    AppendFlat(path, reader, span, t0, a, middle, m, depth + 1);
-    AppendFlat(path, reader, span, middle, m, t1, b, depth + 1);
+    AppendFlat(path, reader, span, t0, a, middle, m, depth + 1, deepest);
+    AppendFlat(path, reader, span, middle, m, t1, b, depth + 1, deepest);
 }
 
 void AppendExact(Path& path, const SpanReader& reader, std::size_t span, std::int32_t degree, double t0, double t1)
@@ -131,6 +131,9 @@ bool AppendNurbs(Path& path, const Nurbs& curve)
         std::any_of(curve.weights.begin(), curve.weights.end(), [&](double w) { return w != curve.weights.front(); });
     used.weights = weighted ? curve.weights : std::span<const double>{};
     const SpanReader reader(used, knots);
+    // Many spans are short ones; what asks for more is no drawing.
+    constexpr std::size_t kManySpans = 2000;
+    const int deepest = count > kManySpans ? 5 : 10;
     bool started = false;
     for (std::size_t span = degree; span < count; ++span) {
         const double t0 = knots[span];
@@ -145,7 +148,7 @@ bool AppendNurbs(Path& path, const Nurbs& curve)
         if (!weighted && curve.degree <= 3) {
             AppendExact(path, reader, span, curve.degree, t0, t1);
         } else {
-            AppendFlat(path, reader, span, t0, reader.At(span, t0), t1, reader.At(span, t1), 0);
+            AppendFlat(path, reader, span, t0, reader.At(span, t0), t1, reader.At(span, t1), 0, deepest);
         }
     }
     return started;

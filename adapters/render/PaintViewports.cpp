@@ -186,6 +186,11 @@ Outcome Painter::PaintViewportContent(const drawing::ViewportData& viewport, con
     if (model == layouts.end() || model->block >= m_drawing.Blocks().size()) {
         return Outcome::OffPage;
     }
+    if (m_viewportBudget < m_drawing.EntitiesOf(model->block).size()) {
+        Remark("too many viewports for so large a model, the rest left out");
+        return Outcome::NotDrawn;
+    }
+    m_viewportBudget -= m_drawing.EntitiesOf(model->block).size();
     const Matrix2 sheet = PlaneOf(frame.toPaper, {0, 0, 1}, 0);
     const Matrix2 toPaper = Compose(sheet, ViewToPaper(viewport));
     Frame inner;

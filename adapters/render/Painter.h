@@ -119,7 +119,8 @@ private:
     Path m_outline;
     // Where the painter stands.
     std::vector<std::uint32_t> m_openBlocks;
-    std::uint64_t m_budget;
+    std::uint64_t m_budget;                                 ///< entities that blocks may still unfold to
+    std::uint64_t m_viewportBudget = 100'000'000;           ///< entities that viewports may still look at
     const drawing::EntityRecord* m_sheetViewport = nullptr; ///< the one that stands for the sheet itself
     std::unique_ptr<Buffers> m_buffers;
 };

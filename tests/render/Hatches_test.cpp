@@ -107,6 +107,19 @@ const ReportRow kReportRows[] = {
 INSTANTIATE_TEST_SUITE_P(Entities, HatchReportsTest, testing::ValuesIn(kReportRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
+TEST(DenseHatchTest, LengthensDashesAndKeepsTheirShare)
+{
+    // Dash 0.01, gap 0.03: five times longer is 0.1 on average.
+    SmallDrawing drawing;
+    drawing.entities = Hatch(
+        1, Square(0, 0.5, 1),
+        "75 0 | 76 1 | 52 0 | 41 1 | 77 0 | 78 1 | 53 0 | 43 0 | 44 0.25 | 45 0 | 46 1 | 79 2 | 49 0.01 | 49 -0.03",
+        false);
+    EXPECT_EQ(LinesOf(drawing),
+              Lines{"stroke 000000 0.25 butt m 0 0.25 l 0.05 0.25 m 0.2 0.25 l 0.25 0.25 m 0.4 0.25 l "
+                    "0.45 0.25"});
+}
+
 TEST(DenseHatchTest, KeepsLinesATenthOfAMillimetreApart)
 {
     SmallDrawing drawing;
