@@ -228,8 +228,8 @@ TEST_F(TextTest, StrokesCarryTheirTextInvisibly)
     EXPECT_EQ(part.run.font, nullptr);
     EXPECT_EQ(part.run.clusters, (std::vector<std::uint32_t>{0, 1, 2, 3}));
     EXPECT_FALSE(part.path.Empty());
-    // Every letter's strokes begin where its text stands.
-    EXPECT_NEAR(part.run.toPaper.Apply({part.run.advance, 0}).x, laid.outline[1].x, 1e-9);
+    // The box ends with the last letter, the text with the gap behind it (a third of the height).
+    EXPECT_NEAR(part.run.toPaper.Apply({part.run.advance, 0}).x, laid.outline[1].x + 10.0 / 3 * 1.04, 1e-9);
 }
 
 TEST_F(TextTest, EveryCharacterIsDrawnBySomeFont)
@@ -278,6 +278,18 @@ TEST_F(TextTest, JoinsArabicAndReadsItFromTheRight)
     EXPECT_EQ(run.text, "سلام");
     EXPECT_LT(run.glyphs.size(), 5U);
     EXPECT_GT(run.clusters.front(), run.clusters.back()); // the last letter stands leftmost
+}
+
+TEST_F(TextTest, StrokesEndAtTheirAlignmentPoint)
+{
+    for (const int horizontal : {2, 3, 5}) { // right, aligned, fit
+        TextData text = Text("HIH", kStroke);
+        text.horizontal = horizontal;
+        text.hasAlignment = true;
+        text.insertion = {0, 0, 0};
+        text.alignment = {100, 0, 0};
+        EXPECT_NEAR(BoxOfGlyphs(engine->Lay(drawing, text)).max.x, 100, 1e-9) << horizontal;
+    }
 }
 
 TEST_F(TextTest, VerticalStyleRunsDown)

@@ -105,6 +105,16 @@ double LineLayout::DepthOf(const TypeStyle& style)
     return depth;
 }
 
+double LineLayout::BehindLast(const TypeStyle& style)
+{
+    for (std::size_t i = m_pieces.size(); i > 0; --i) {
+        if (!m_pieces[i - 1].text.empty()) {
+            return m_setter.Behind(m_pieces[i - 1].text, style);
+        }
+    }
+    return 0;
+}
+
 void LineLayout::Lay(const drawing::Drawing& drawing, const drawing::TextData& text)
 {
     m_parts.Begin();
@@ -128,7 +138,7 @@ void LineLayout::Lay(const drawing::Drawing& drawing, const drawing::TextData& t
     if (spans) {
         const Vec2 along{text.alignment.x - base.x, text.alignment.y - base.y};
         const double span = std::hypot(along.x, along.y);
-        double width = 0;
+        double width = -BehindLast(style);
         for (const CodedPiece& piece : m_pieces) {
             width += m_setter.Measure(piece.text, style);
         }
@@ -154,7 +164,7 @@ void LineLayout::Lay(const drawing::Drawing& drawing, const drawing::TextData& t
         m_parts.Place(Compose(turned, {1, 0, 0, 1, 0, up}), length > 0 ? box : Box2{});
         return;
     }
-    const double width = SetAcross(style);
+    const double width = std::max(0.0, SetAcross(style) - BehindLast(style));
     const double depth = text.horizontal == kMiddle ? DepthOf(style) : 0;
     const Vec2 anchor = AnchorOf(text, width, style.height, descent, depth);
     Box2 box;

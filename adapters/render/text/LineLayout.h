@@ -15,6 +15,7 @@ private:
     double SetAcross(const TypeStyle& style);
     double SetDown(const TypeStyle& style);
     double DepthOf(const TypeStyle& style);
+    double BehindLast(const TypeStyle& style);
 
     FontLibrary& m_fonts;
     LaidParts& m_parts;

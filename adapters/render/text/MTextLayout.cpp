@@ -10,7 +10,6 @@ namespace {
 using Kind = MTextToken::Kind;
 
 constexpr double kLineStep = 5.0 / 3; ///< base line to base line, in heights (DXF reference, MTEXT group 44)
-constexpr double kStackScale = 0.7;   ///< numbers of a stack against the letters beside it
 constexpr double kTabStep = 4;        ///< default tab stops, in heights
 
 bool Positive(double value)
@@ -70,13 +69,22 @@ Matrix2 PlaneOf(const drawing::MTextData& text)
             Dot(text.insertion, ocs.y)};
 }
 
+/// A filled bar from `a` to `b`, `half` to either side.
+void AddBar(Path& path, Vec2 a, Vec2 b, Vec2 half)
+{
+    path.MoveTo(a - half);
+    path.LineTo(b - half);
+    path.LineTo(b + half);
+    path.LineTo(a + half);
+    path.Close();
+}
+
 } // namespace
 
 TypeStyle MTextLayout::PartStyle(const MTextToken& token) const
 {
     TypeStyle style = m_parsed.styles[token.style];
     if (token.kind == Kind::Stack) {
-        style.height *= kStackScale;
         style.under = style.over = style.strike = false;
     }
     return style;
@@ -231,7 +239,7 @@ void MTextLayout::SetLine(const Line& line, double x, double spread)
         const MTextToken& token = m_parsed.tokens[first.token];
         const Vec2 pen{x + first.x, line.baseline};
         if (token.kind == Kind::Stack) {
-            SetStack(token, pen);
+            SetStack(token, pen, line.height);
         }
         if (token.kind == Kind::Stack || token.kind == Kind::Tab) {
             ++i;
@@ -255,30 +263,30 @@ void MTextLayout::SetLine(const Line& line, double x, double spread)
     }
 }
 
-void MTextLayout::SetStack(const MTextToken& token, Vec2 pen)
+/// A fraction round the middle of its line's capitals.
+void MTextLayout::SetStack(const MTextToken& token, Vec2 pen, double lineHeight)
 {
     const TypeStyle style = PartStyle(token);
-    const double height = m_parsed.styles[token.style].height, small = style.height;
+    const double small = style.height, thin = 0.04 * small;
     const double above = m_setter.Measure(token.text, style), below = m_setter.Measure(token.below, style);
     const double wide = std::max(above, below);
     if (token.bar == '#') { // slanted: raised beside lowered
-        m_setter.Set(token.text, style, {pen.x, pen.y + height - small});
-        m_setter.Set(token.below, style, {pen.x + above + 0.6 * small, pen.y});
+        m_setter.Set(token.text, style, {pen.x, pen.y + 0.4 * small});
+        m_setter.Set(token.below, style, {pen.x + above + 0.6 * small, pen.y - 0.4 * small});
         RulePart& bar = m_parts.AddRule();
         bar.color = style.color;
-        bar.path.MoveTo({pen.x + above, pen.y});
-        bar.path.LineTo({pen.x + above + 0.6 * small, pen.y + height});
+        const double left = pen.x + above, right = left + 0.6 * small;
+        AddBar(bar.path, {left, pen.y - 0.4 * small}, {right, pen.y + 1.4 * small}, {thin, 0});
         return;
     }
     const bool limits = token.bar == '^';
-    const double middle = pen.y + height / 2, gap = 0.2 * small;
+    const double middle = pen.y + lineHeight / 2, gap = 0.2 * small;
     m_setter.Set(token.text, style, {pen.x + (limits ? 0 : (wide - above) / 2), middle + gap});
     m_setter.Set(token.below, style, {pen.x + (limits ? 0 : (wide - below) / 2), middle - gap - small});
     if (!limits) {
         RulePart& bar = m_parts.AddRule();
         bar.color = style.color;
-        bar.path.MoveTo({pen.x, middle});
-        bar.path.LineTo({pen.x + wide, middle});
+        AddBar(bar.path, {pen.x, middle}, {pen.x + wide, middle}, {0, thin});
     }
 }
 

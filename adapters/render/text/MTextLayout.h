@@ -35,7 +35,7 @@ private:
     void StackLines(const drawing::MTextData& text);
     void SetLines(double boxWidth, int column);
     void SetLine(const Line& line, double x, double spread);
-    void SetStack(const MTextToken& token, Vec2 pen);
+    void SetStack(const MTextToken& token, Vec2 pen, double lineHeight);
     double LineStart(const Line& line, double boxWidth, int column, double& spread) const;
     std::size_t GapsIn(const Line& line) const;
     TypeStyle PartStyle(const MTextToken& token) const;

@@ -159,6 +159,7 @@ const StrokeGlyph* StrokeFont::Find(char32_t character)
         right = std::max(right, point.x);
     }
     glyph.advance = (glyph.path.Empty() ? m_wordSpacing : right + m_letterSpacing) / kCapital;
+    glyph.gap = glyph.path.Empty() ? 0 : m_letterSpacing / kCapital;
     for (Vec2& point : glyph.path.points) {
         point = point * (1 / kCapital);
     }

@@ -19,6 +19,7 @@ namespace sm::render {
 struct StrokeGlyph {
     Path path;
     double advance = 0;
+    double gap = 0; ///< the part of the advance that only keeps the next letter off
 };
 
 class StrokeFont {

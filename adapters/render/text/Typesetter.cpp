@@ -188,6 +188,18 @@ void Typesetter::AddRules(const Job& job, double width)
     }
 }
 
+double Typesetter::Behind(std::string_view text, const TypeStyle& style)
+{
+    std::size_t at = text.size();
+    while (at > 0 && (static_cast<unsigned char>(text[--at]) & 0xC0) == 0x80) {
+    }
+    if (text.empty() || style.font == nullptr) {
+        return 0;
+    }
+    const GlyphSource last = m_fonts.Find(*style.font, NextCharacter(text, at));
+    return last.strokes == nullptr ? 0 : last.strokes->gap * style.height * style.width * StrokeWidth(style);
+}
+
 double Typesetter::Depth(std::string_view text, const TypeStyle& style)
 {
     static const Font kNone;

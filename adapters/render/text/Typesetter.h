@@ -28,6 +28,8 @@ public:
     double Measure(std::string_view text, const TypeStyle& style);
     /// Sets the text from `pen` on (drawing units, the base line's start) and returns its width.
     double Set(std::string_view text, const TypeStyle& style, Vec2 pen);
+    /// What of a text's width lies behind its last letter: aligned text ends with its letter.
+    double Behind(std::string_view text, const TypeStyle& style);
     /// How far the text's ink reaches below the base line, drawing units.
     double Depth(std::string_view text, const TypeStyle& style);
 
