@@ -132,7 +132,7 @@ std::vector<Finding> Examine(const Install& install)
             JobOptionFiles(install),
             Settings(install),
             WritableFolder("log folder", install.places.stateFolder, "give yourself the right to write there"),
-            WritableFolder("temporary folder", unset ? fs::path("/tmp") : temporary, "set TMPDIR to another folder"),
+            WritableFolder("temporary folder", unset ? fs::path(P_tmpdir) : temporary, "set TMPDIR to another folder"),
             Viewer(install),
             {State::Optional, "DWG converter", "DWG files can't be read by this version", "save the drawing as DXF"}};
 }

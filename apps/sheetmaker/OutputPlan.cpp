@@ -24,12 +24,22 @@ bool NamesFolder(const std::string& output, std::size_t drawingCount)
     return drawingCount > 1 || output.ends_with('/') || fs::is_directory(output, unreadable);
 }
 
+/// The name under which the publisher saves: ".pdf" is added to any other ending. A drawing's own ending stays, so
+/// that it is seen to name a drawing.
+std::string AsPdfName(const std::string& output)
+{
+    for (const char* ending : {".pdf", ".PDF", ".Pdf", ".dxf", ".DXF", ".dwg", ".DWG"})
+        if (output.ends_with(ending))
+            return output;
+    return output + ".pdf";
+}
+
 PlannedDrawing Plan(const std::string& drawing, const std::optional<std::string>& output, std::size_t count)
 {
     if (!output)
         return {drawing, StripExtension(fs::absolute(drawing).string()) + ".pdf", std::nullopt};
     if (!NamesFolder(*output, count))
-        return {drawing, *output, fs::absolute(*output).string()};
+        return {drawing, AsPdfName(*output), fs::absolute(AsPdfName(*output)).string()};
     const std::string name = fs::path(drawing).stem().string() + ".pdf";
     const std::string path = (fs::path(*output) / name).string();
     return {drawing, path, fs::absolute(path).string()};

@@ -5,6 +5,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <iostream>
@@ -30,7 +31,7 @@ std::string MakeWorkFolder()
 {
     std::error_code unset;
     const fs::path parent = fs::temp_directory_path(unset);
-    std::string pattern = ((unset ? fs::path("/tmp") : parent) / "sheetmaker-XXXXXX").string();
+    std::string pattern = ((unset ? fs::path(P_tmpdir) : parent) / "sheetmaker-XXXXXX").string();
     if (!mkdtemp(pattern.data()))
         ThrowErrno(("no temporary folder can be made in " + parent.string()).c_str());
     return pattern;

@@ -42,6 +42,14 @@ TEST_F(OutputPlans, PutOneDrawingIntoTheNamedFile)
     EXPECT_EQ(plan.drawings[0].savePath, m_here + "/set.pdf");
 }
 
+TEST_F(OutputPlans, AddTheExtensionThatTheNameLacks)
+{
+    for (const char* name : {"set", "set.pdf"})
+        EXPECT_EQ(PlanOutput({"plan.dxf"}, name).drawings[0].savePath, m_here + "/set.pdf") << name;
+    EXPECT_EQ(PlanOutput({"plan.dxf"}, "set.v2").drawings[0].savePath, m_here + "/set.v2.pdf");
+    EXPECT_EQ(PlanOutput({"plan.pdf"}, "plan").error, "the PDF of plan.pdf would overwrite the drawing plan.pdf");
+}
+
 TEST_F(OutputPlans, PutOneDrawingIntoTheNamedFolder)
 {
     for (const char* folder : {"out", "out/", "new/"}) {
