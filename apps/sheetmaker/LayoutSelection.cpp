@@ -32,17 +32,19 @@ void SelectByName(const std::string& name, const std::vector<LayoutSight>& layou
     selection.whatToPlot = kActiveLayout;
 }
 
-const LayoutSight* SelectModel(const std::vector<LayoutSight>& layouts, LayoutSelection& selection)
+/// The model tab; with the global page setup where its own has no paper or plots what a screen happened to show.
+void SelectModel(const std::vector<LayoutSight>& layouts, LayoutSelection& selection)
 {
     const auto model =
         std::find_if(layouts.begin(), layouts.end(), [](const LayoutSight& layout) { return layout.isModel; });
     selection.whatToPlot = kActiveLayout;
     if (model == layouts.end()) {
         selection.error = "has no model layout";
-        return nullptr;
+        return;
     }
     selection.activeLayout = model->name;
-    return &*model;
+    if ((!model->hasPaper || model->plotsDisplay) && !selection.pageSetupSource)
+        selection.pageSetupSource = kGlobalPageSetup;
 }
 
 void SelectAuto(const std::vector<LayoutSight>& layouts, LayoutSelection& selection)
@@ -54,9 +56,7 @@ void SelectAuto(const std::vector<LayoutSight>& layouts, LayoutSelection& select
             selection.onlyLayouts.push_back(layout.name);
     }
     if (selection.onlyLayouts.empty()) {
-        const LayoutSight* model = SelectModel(layouts, selection);
-        if (model && (!model->hasPaper || model->plotsDisplay) && !selection.pageSetupSource)
-            selection.pageSetupSource = kGlobalPageSetup;
+        SelectModel(layouts, selection);
         return;
     }
     selection.whatToPlot = kAllLayouts;

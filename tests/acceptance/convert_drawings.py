@@ -42,10 +42,10 @@ def expected_sheets(drawing, layouts):
     return [sheet.size for sheet in paper]
 
 
-def check_pages(pdf, expected, problems):
+def check_pages(pdf, expected, wanted, problems):
     sizes = page_sizes(pdf)
-    if expected is not None and len(sizes) != len(expected):
-        problems.append(f"{len(sizes)} page(s) for {len(expected)} layout(s)")
+    if len(sizes) != wanted:
+        problems.append(f"{len(sizes)} page(s) for {wanted} layout(s)")
         return len(sizes)
     for number, (width, height) in enumerate(sizes, start=1):
         size = expected[number - 1] if expected else None
@@ -75,7 +75,8 @@ def convert(program, drawing, layouts, folder):
         problems.append(f"exit code {run.returncode}: {run.stderr.strip() or run.stdout.strip()}"[:300])
     else:
         entities = json.loads(run.stdout)[0]["entities"]
-        pages = check_pages(pdf, expected_sheets(drawing, layouts), problems)
+        wanted = 1 if layouts == "model" else media.paper_layouts(drawing)
+        pages = check_pages(pdf, expected_sheets(drawing, layouts), wanted, problems)
         check = subprocess.run(["qpdf", "--check", pdf], capture_output=True, text=True)
         if check.returncode != 0 or "WARNING" in check.stdout + check.stderr:
             problems.append("qpdf --check: " + (check.stdout + check.stderr).strip()[-200:])

@@ -46,14 +46,31 @@ class Sheet:
             self.size = matched(get("paper_size", ""), *self.paper, get("plot_rotation", 0) or 0)
 
 
+def paper_layouts(path):
+    """How many paper layouts an ASCII file's own LAYOUT objects make, by their tags; at least one."""
+    with open(path, "rb") as file:
+        lines = [line.strip() for line in file.read().splitlines()]
+    count, inside, layout_part = 0, False, False
+    for code, value in zip(lines[::2], lines[1::2]):
+        if code == b"0":
+            inside, layout_part = value == b"LAYOUT", False
+        elif inside and code == b"100":
+            layout_part = value == b"AcDbLayout"
+        elif layout_part and code == b"1":
+            count += value != b"Model"
+    return max(1, count)
+
+
 def sheets_of(path):
-    """Model and paper sheets in tab order, or None when the other reader can't open the file."""
+    """Model and paper sheets in tab order, or None when the other reader can't open the file or drops a layout of it."""
     try:
         document, _ = recover.readfile(path)
     except (DXFError, OSError, ValueError, KeyError):
         return None
     layouts = [layout for layout in document.layouts if layout.name != "Model"]
     layouts.sort(key=lambda layout: layout.dxf.get("taborder", 0))
+    if len(layouts) != paper_layouts(path):
+        return None
     return Sheet(document.modelspace()), [Sheet(layout) for layout in layouts]
 
 
