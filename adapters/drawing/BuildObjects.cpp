@@ -62,6 +62,25 @@ ImageDefinition ReadImage(const Model& model, const Slice& slice)
     return image;
 }
 
+Handle HandleOf(const Model& model, const Slice& slice)
+{
+    TagCursor tags = model.Tags(slice);
+    while (tags.Next() && tags.Code() < 1000)
+        if (tags.Code() == 5)
+            return tags.HandleValue();
+    return 0;
+}
+
+void IndexFields(Model& model)
+{
+    ForEachObject(model, "FIELD",
+                  [&](const Slice& slice) { model.source.fields.emplace(HandleOf(model, slice), slice); });
+    if (model.source.fields.empty())
+        return;
+    for (const Dictionary& dictionary : model.dictionaries)
+        model.source.dictionaries.emplace(dictionary.handle, dictionary.slice);
+}
+
 constexpr std::array kImageObjects{"IMAGEDEF",
                                    "PDFDEFINITION",
                                    "DWFDEFINITION",
@@ -119,6 +138,7 @@ void BuildObjects(Model& model)
         ForEachTag(model, slice, [&](const TagCursor& tag) { TakePlotSettingsTag(model, tag, settings); });
         model.pageSetups.push_back(std::move(settings));
     });
+    IndexFields(model);
 }
 
 } // namespace sm::drawing

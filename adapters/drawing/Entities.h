@@ -275,11 +275,23 @@ void Read(const Drawing&, const EntityRecord&, ViewportData&);
 void Read(const Drawing&, const EntityRecord&, LeaderData&);
 void Read(const Drawing&, const EntityRecord&, ImageData&);
 
-/// One hyperlink of an entity: extended data of application "PE_URL".
+/// A point among an entity's own tags: its x stands in group `code` (10 to 18), y and z in those 10 and 20 above.
+struct TaggedPoint {
+    int code = 10;
+    Vec3 point;
+};
+/// Fills `points` (cleared first) with all of them in file order, whatever they mean: also directions and sizes. For
+/// the kinds that have no reader of their own.
+void ReadPoints(const Drawing&, const EntityRecord&, std::vector<TaggedPoint>& points);
+/// Width and height of an ACAD_TABLE: the sums of its columns (group 142) and rows (141).
+Vec2 ReadTableSize(const Drawing&, const EntityRecord&);
+
+/// One hyperlink of an entity: extended data of application "PE_URL", of the entity itself or of its text's fields.
 struct Hyperlink {
     std::string url, description, subLocation;
 };
-/// Fills `links` (cleared first) with the entity's hyperlinks, in file order.
+/// Fills `links` (cleared first) with the entity's hyperlinks, in file order: its own, or else those of the FIELD
+/// objects in its extension dictionary.
 void ReadHyperlinks(const Drawing&, const EntityRecord&, std::vector<Hyperlink>& links);
 
 } // namespace sm::drawing

@@ -4,7 +4,7 @@
 #include "drawing/Drawing.h"
 #include "drawing/FileBytes.h"
 #include "drawing/NameTable.h"
-#include "drawing/TagCursor.h"
+#include "drawing/Structure.h"
 
 #include <unordered_map>
 
@@ -20,6 +20,8 @@ public:
     NameTable layers, linetypes, styles, blocks;
     std::unordered_map<Handle, std::uint32_t> layerOfHandle;
     std::unordered_map<Handle, std::uint32_t> styleOfHandle;
+    /// The FIELD objects, and the dictionaries that lead to them: empty in a drawing without fields.
+    std::unordered_map<Handle, Slice> fields, dictionaries;
 
     [[nodiscard]] std::string_view File() const { return bytes.View(); }
     /// 0, "ByLayer" or "Standard" for names that aren't there.

@@ -14,7 +14,7 @@ constexpr std::array<std::string_view, 14> kTableEntries{"LAYER", "LTYPE",      
                                                          "APPID", "BLOCK_RECORD", "DIMSTYLE",    "UCS",      "VX",
                                                          "TABLE", "ENDTAB",       "VPORTHEADER", "VIEWPORTS"};
 
-constexpr std::array<std::string_view, 14> kReadObjects{"DICTIONARY",
+constexpr std::array<std::string_view, 15> kReadObjects{"DICTIONARY",
                                                         "ACDBDICTIONARYWDFLT",
                                                         "LAYOUT",
                                                         "PLOTSETTINGS",
@@ -25,6 +25,7 @@ constexpr std::array<std::string_view, 14> kReadObjects{"DICTIONARY",
                                                         "DGNDEFINITION",
                                                         "PDFUNDERLAYDEFINITION",
                                                         "DICTIONARYVAR",
+                                                        "FIELD",
                                                         "ACDBPLACEHOLDER",
                                                         "DWFUNDERLAYDEFINITION",
                                                         "DGNUNDERLAYDEFINITION"};
