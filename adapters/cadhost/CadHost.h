@@ -25,12 +25,20 @@ struct DocumentOverlay {
     std::vector<std::string> layouts; ///< when not empty, the paper layouts that "Layouts" shows, in tab order
 };
 
+/// What an audit of a document found. What was mended is so in memory only: saving writes the records that were
+/// changed and nothing else.
+struct DocumentAudit {
+    bool fixErrors = false; ///< as asked for; the reader mends in either case
+    std::vector<drawing::Finding> findings;
+};
+
 /// What plotting a document did so far.
 struct DocumentReport {
     std::uint64_t read = 0, drawn = 0, hidden = 0, offPage = 0, notReached = 0, notDrawn = 0; ///< entities; they sum up
     std::vector<render::RenderReport::NotDrawnKind> notDrawnKinds;
     std::vector<drawing::Finding> findings;
     std::vector<std::string> substitutions; ///< fonts
+    std::optional<DocumentAudit> audited;   ///< the last audit; none before the first
     std::string plotFailure;                ///< why the last plot failed; empty when it didn't
 };
 

@@ -2,6 +2,11 @@
 
 #include "cadhost/Ocs.h"
 
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <vector>
+
 namespace sm::cadhost {
 namespace {
 
@@ -40,6 +45,94 @@ Box2 FrameOf(const drawing::ImageData& image)
     return box;
 }
 
+/// A polyline's own point is but an elevation.
+Box2 BoxOfVertices(const drawing::PolylineData& polyline)
+{
+    const bool own = !polyline.is3d && !polyline.isMesh && !polyline.isPolyface;
+    Box2 box;
+    for (const drawing::PolyVertex& vertex : polyline.vertices)
+        Add(box, own ? WorldPoint(vertex.point, polyline.extrusion) : vertex.point);
+    return box;
+}
+
+/// Kinds whose points are their own system's, not the world's (DXF reference, object coordinate systems).
+bool HasOwnSystem(drawing::EntityKind kind)
+{
+    using Kind = drawing::EntityKind;
+    constexpr std::array kOwn{Kind::Circle, Kind::Arc,    Kind::LwPolyline, Kind::Solid, Kind::Trace,   Kind::Text,
+                              Kind::Attrib, Kind::Attdef, Kind::Insert,     Kind::Hatch, Kind::MPolygon};
+    return std::find(kOwn.begin(), kOwn.end(), kind) != kOwn.end();
+}
+
+/// The groups that hold places: 10 always; what a few kinds hold besides. The rest are directions and sizes.
+bool IsPlace(drawing::EntityKind kind, int code)
+{
+    using Kind = drawing::EntityKind;
+    constexpr int kFirst = 10, kSecond = 11, kThird = 12;
+    switch (kind) {
+    case Kind::Line:
+    case Kind::MLine:
+    case Kind::OleFrame:
+    case Kind::Light:
+    case Kind::Section:
+        return code == kFirst || code == kSecond;
+    case Kind::MultiLeader:
+        return code == kFirst || code == kThird;
+    default:
+        return code == kFirst;
+    }
+}
+
+Box2 BoxOfPoints(const drawing::Drawing& drawing, const drawing::EntityRecord& record)
+{
+    std::vector<drawing::TaggedPoint> points;
+    drawing::ReadPoints(drawing, record, points);
+    // A hatch begins with its elevation, which is no place (DXF reference, HATCH).
+    if (record.kind == drawing::EntityKind::Hatch || record.kind == drawing::EntityKind::MPolygon)
+        points.erase(points.begin(), points.begin() + (points.empty() ? 0 : 1));
+    const bool own = HasOwnSystem(record.kind);
+    const auto entity = ReadAs<drawing::Entity>(drawing, record);
+    Box2 places, others;
+    for (const drawing::TaggedPoint& tagged : points) {
+        const Vec3 point = own ? WorldPoint(tagged.point, entity.extrusion) : tagged.point;
+        Add(IsPlace(record.kind, tagged.code) ? places : others, point);
+    }
+    return places.Empty() && record.kind == drawing::EntityKind::Unknown ? others : places;
+}
+
+/// A table hangs down from its insertion point, along the direction of group 11.
+Box2 FrameOfTable(const drawing::Drawing& drawing, const drawing::EntityRecord& record)
+{
+    constexpr int kInsertion = 10, kDirection = 11;
+    std::vector<drawing::TaggedPoint> points;
+    drawing::ReadPoints(drawing, record, points);
+    const auto find = [&](int code, Vec3 fallback) {
+        const auto found =
+            std::find_if(points.begin(), points.end(), [&](const auto& one) { return one.code == code; });
+        return found == points.end() ? fallback : found->point;
+    };
+    const Vec3 at = find(kInsertion, {}), along = find(kDirection, {1, 0, 0});
+    const double length = std::hypot(along.x, along.y);
+    const Vec3 right = length > 0 ? Vec3{along.x / length, along.y / length, 0} : Vec3{1, 0, 0};
+    const Vec2 size = drawing::ReadTableSize(drawing, record);
+    const Vec3 across = right * size.x, down = Vec3{right.y, -right.x, 0} * size.y;
+    Box2 box;
+    for (const Vec3 corner : {at, at + across, at + down, at + across + down})
+        Add(box, corner);
+    return points.empty() ? Box2{} : box;
+}
+
+/// A shape of unknown form takes a square of its size.
+Box2 FrameOfShape(const drawing::Drawing& drawing, const drawing::EntityRecord& record)
+{
+    const auto shape = ReadAs<drawing::CircleData>(drawing, record); // 10 insertion, 40 size
+    const Vec3 corner = shape.center + Vec3{shape.radius, shape.radius, 0};
+    Box2 box;
+    Add(box, WorldPoint(shape.center, shape.extrusion));
+    Add(box, WorldPoint(corner, shape.extrusion));
+    return box;
+}
+
 /// The place of an entity that draws nothing itself.
 Box2 PlaceOf(const drawing::Drawing& drawing, const drawing::EntityRecord& record)
 {
@@ -60,8 +153,14 @@ Box2 PlaceOf(const drawing::Drawing& drawing, const drawing::EntityRecord& recor
         Add(box, WorldPoint(dimension.textMidpoint, dimension.extrusion));
         return box;
     }
+    case drawing::EntityKind::Table:
+        return FrameOfTable(drawing, record);
+    case drawing::EntityKind::Shape:
+        return FrameOfShape(drawing, record);
+    case drawing::EntityKind::Polyline:
+        return BoxOfVertices(ReadAs<drawing::PolylineData>(drawing, record));
     default:
-        return box;
+        return BoxOfPoints(drawing, record);
     }
 }
 

@@ -5,9 +5,10 @@
 
 namespace sm::cadhost {
 
-/// What the entity draws; where it draws nothing itself, the place that it takes: a viewport's frame, the frame of a
-/// picture or underlay, the points of a block reference or dimension whose block is missing or empty. World x and y.
-/// Empty for an entity that has neither.
+/// What the entity draws; where it draws nothing itself, the place that it takes: the frame of a viewport, picture,
+/// underlay or table, the points of a block reference or dimension whose block is missing or empty, else the points
+/// among its tags: the base point of an XLINE or RAY, the vertices of a MESH or MLINE. World x and y. Empty for an
+/// entity that has neither, such as a solid whose geometry is held in a binary form.
 drawing::Box2 BoxOf(const drawing::Drawing& drawing, const drawing::EntityRecord& record, render::TextEngine& text);
 
 } // namespace sm::cadhost

@@ -45,8 +45,8 @@ public:
     std::array<double, 4> Limits() override { return LimitsOf(Open()); }
 
     void Close(bool saveChanges) override { m_session->Close(m_open, saveChanges); }
-    // The reader mends what it can while it opens the file, so an audit finds nothing more to do.
-    void AuditInfo(bool) override { Checked(); }
+    // The reader mends what it can while it opens the file: an audit tells what that was.
+    void AuditInfo(bool fixErrors) override { Open().Audit(fixErrors); }
 
 private:
     /// Both throw once the drawing is closed.

@@ -171,6 +171,7 @@ DocumentReport OpenDrawing::Report() const
     report.read = File().EntityCount();
     report.notReached = report.read;
     report.findings = File().Findings();
+    report.audited = m_audit;
     report.plotFailure = m_plotFailure;
     if (m_text != nullptr)
         report.substitutions = m_text->Substitutions();
@@ -185,11 +186,17 @@ DocumentReport OpenDrawing::Report() const
     return report;
 }
 
+void OpenDrawing::Audit(bool fixErrors)
+{
+    m_audit = DocumentAudit{fixErrors, File().Findings()};
+}
+
 void OpenDrawing::Close(bool saveChanges)
 {
     drawing::Drawing& file = File();
     if (saveChanges && file.Modified())
         AsHost([&] { file.Save(true); });
+    m_audit.reset();
     m_report.reset();
     m_configurations.clear();
     m_file.reset();

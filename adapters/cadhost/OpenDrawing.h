@@ -44,6 +44,9 @@ public:
     [[nodiscard]] const std::string& PlotFailure() const { return m_plotFailure; }
     [[nodiscard]] DocumentReport Report() const;
 
+    /// Keeps what the reader found and mended for the report, until the drawing is saved.
+    void Audit(bool fixErrors);
+
     /// Saves first when asked to and there is something to save; a failing save leaves the drawing open.
     void Close(bool saveChanges);
 
@@ -67,6 +70,7 @@ private:
     std::vector<KnownExtents> m_extents;
     std::unique_ptr<render::TextEngine> m_text;
     std::unique_ptr<render::RenderReport> m_report;
+    std::optional<DocumentAudit> m_audit;
     std::string m_plotFailure;
 };
 

@@ -68,6 +68,34 @@ TEST_F(HostApplicationTest, OpensFilesAndTakesOpenOnesAgain)
     EXPECT_EQ(again->FullName(), path);
 }
 
+TEST_F(HostApplicationTest, ReadsADrawingOnceHoweverOftenItIsOpened)
+{
+    const std::string path = Write("a.dxf", OneSheet().Text());
+    const auto first = host->Open(path);
+    const drawing::Drawing* const read = &host->DrawingOf(first);
+    first->SetWindowState(1);
+    first->Layouts()->Item("Sheet 1")->SetPlotRotation(2);
+    DocumentOverlay overlay;
+    overlay.activeLayout = "Sheet 1";
+    const auto again = host->Open(path, overlay);
+    EXPECT_EQ(&host->DrawingOf(again), read);
+    EXPECT_EQ(again->WindowState(), 1);
+    EXPECT_EQ(again->ActiveLayout()->Name(), "Sheet 1");
+    EXPECT_EQ(again->ActiveLayout()->PlotRotation(), 2);
+    std::filesystem::create_symlink(path, folder / "link.dxf");
+    EXPECT_EQ(&host->DrawingOf(host->Open((folder / "link.dxf").string())), read);
+    EXPECT_EQ(host->Application()->Documents()->Count(), 1);
+}
+
+TEST_F(HostApplicationTest, KeepsTheWindowStatesOfItsDocumentsApart)
+{
+    const auto first = Open(OneSheet()), second = Open(OneSheet());
+    EXPECT_EQ(first->WindowState(), 3);
+    first->SetWindowState(1);
+    EXPECT_EQ(second->WindowState(), 3);
+    EXPECT_EQ(host->Application()->Documents()->Item(0)->WindowState(), 1);
+}
+
 TEST_F(HostApplicationTest, ReportsAFileThatCannotBeOpened)
 {
     const auto documents = host->Application()->Documents();

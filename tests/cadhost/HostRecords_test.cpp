@@ -97,6 +97,34 @@ TEST_F(HostRecordsTest, LeavesTheFileAloneOtherwise)
     EXPECT_FALSE(std::filesystem::exists(folder / "plan2.dxf.bak"));
 }
 
+TEST_F(HostRecordsTest, SavesTheOneOfSeveralDrawingsThatIsClosed)
+{
+    const std::string before = OneSheet().Text();
+    const auto first = Open(OneSheet()), second = Open(OneSheet());
+    for (const auto& document : {first, second})
+        document->Dictionaries()->SetXData(Record("TWSI_Stamp", {std::string("hello")}));
+    second->Close(true);
+    EXPECT_EQ(ReadAll(folder / "plan1.dxf"), before);
+    EXPECT_EQ(ReadAll(folder / "plan2.dxf.bak"), before);
+    EXPECT_EQ(first->Dictionaries()->GetXData("TWSI_Stamp"), Record("TWSI_Stamp", {std::string("hello")}));
+    first->Close(false);
+    EXPECT_EQ(ReadAll(folder / "plan1.dxf"), before);
+    EXPECT_EQ(host->Application()->Documents()->Count(), 0);
+}
+
+TEST_F(HostRecordsTest, StaysOpenWhenItCannotBeSaved)
+{
+    const auto document = Open(OneSheet());
+    document->Dictionaries()->SetXData(Record("TWSI_Stamp", {std::string("hello")}));
+    const std::string foreign = OneSheet().Text() + "0\nEOF\n";
+    Write("plan1.dxf", foreign); // somebody else saves it
+    EXPECT_THAT(ErrorOf([&] { document->Close(true); }), ::testing::HasSubstr("plan1.dxf"));
+    EXPECT_EQ(ReadAll(folder / "plan1.dxf"), foreign);
+    EXPECT_EQ(document->Dictionaries()->GetXData("TWSI_Stamp"), Record("TWSI_Stamp", {std::string("hello")}));
+    EXPECT_EQ(host->Application()->Documents()->Count(), 1);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
+}
+
 TEST_F(HostRecordsTest, ShowsTheRunsPageSetupSourceAndSavesItNever)
 {
     DocumentOverlay overlay;

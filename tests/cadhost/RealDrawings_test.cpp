@@ -115,8 +115,9 @@ TEST_F(RealDrawingsTest, WalkThroughAllTheirEntities)
                     ++boxes;
                     EXPECT_LE(low.x, high.x);
                     EXPECT_LE(low.y, high.y);
-                } catch (const HostError&) {
-                    ++boxless; // an entity that draws nothing
+                } catch (const HostError& error) {
+                    ++boxless; // an entity that holds no point
+                    std::printf("    %s\n", error.Description().c_str());
                 }
                 if (IAcadBlockReference* const reference = entity->AsBlockReference(); reference != nullptr)
                     attributes += reference->GetAttributes().size() + reference->GetConstantAttributes().size();
