@@ -26,6 +26,9 @@ public:
         return added;
     }
 
+    /// Blocks are counted from 1 again: for each sheet that is no part of a whole conversion.
+    void ForgetBlockNames() { m_names = BlockNames(); }
+
 private:
     std::function<CallContext&()> m_context;
     std::function<void(const std::string&)> m_say;

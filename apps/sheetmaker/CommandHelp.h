@@ -9,6 +9,8 @@ inline constexpr const char* kProgramFooter = R"(Examples:
   sheetmaker convert plan.dxf                   every sheet that holds something into plan.pdf
   sheetmaker layouts plan.dxf                   what sheets there are
   sheetmaker convert *.dxf -o pdf/ --jobs 4     many drawings, four at a time
+  sheetmaker publish -o set.pdf *.dxf           the sheets of many drawings in one PDF
+  sheetmaker stamp plan.dxf --text 2 --at 10,10 a stamp on every sheet from now on
   sheetmaker doctor                             what is installed, what is missing
 
 "sheetmaker COMMAND --help" explains a command.

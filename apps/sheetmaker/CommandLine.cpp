@@ -2,6 +2,7 @@
 
 #include "sheetmaker/CommandHelp.h"
 #include "sheetmaker/ExitCodes.h"
+#include "sheetmaker/MarkCommandLine.h"
 #include "sheetmaker/Suggest.h"
 
 #include <CLI/CLI.hpp>
@@ -11,8 +12,9 @@
 namespace sm::app {
 namespace {
 
-const std::vector<std::string> kCommands = {"convert", "layouts", "get", "set", "list", "log", "doctor"};
-const std::vector<std::string> kLaterCommands = {"settings", "page-setup", "publish", "stamp", "attach", "sign"};
+const std::vector<std::string> kCommands = {"convert", "publish", "layouts", "stamp", "attach", "sign",
+                                            "get",     "set",     "list",    "log",   "doctor"};
+const std::vector<std::string> kLaterCommands = {"settings", "page-setup"};
 
 const std::map<std::string, LayoutChoice> kLayoutChoices = {{"auto", LayoutChoice::Auto},
                                                             {"all", LayoutChoice::All},
@@ -97,6 +99,7 @@ struct Jobs {
     GetJob get;
     SetJob set;
     ListJob list;
+    MarkJobs marks;
 };
 
 void AddSettings(CLI::App& program, Jobs& jobs)
@@ -120,6 +123,7 @@ void AddCommands(CLI::App& program, Jobs& jobs)
     layouts.footer(kLayoutsFooter);
     layouts.add_option("DRAWING", jobs.layouts.drawing, "The drawing (DXF)")->required()->type_name("");
     layouts.add_flag("--json", jobs.layouts.json, "As JSON");
+    AddMarkCommands(program, jobs.marks);
     AddSettings(program, jobs);
     program.add_subcommand("log", "Print the log of the last conversion")->footer(kLogFooter);
     program.add_subcommand("doctor", "Say what is installed, what is missing and how to mend it")
@@ -129,9 +133,17 @@ void AddCommands(CLI::App& program, Jobs& jobs)
 Job ChosenJob(const CLI::App& program, const Jobs& jobs)
 {
     const std::string name = program.get_subcommands().front()->get_name();
-    const std::map<std::string, Job> byName = {{"convert", jobs.convert}, {"layouts", jobs.layouts}, {"get", jobs.get},
-                                               {"set", jobs.set},         {"list", jobs.list},       {"log", LogJob{}},
-                                               {"doctor", DoctorJob{}}};
+    const std::map<std::string, Job> byName = {{"convert", jobs.convert},
+                                               {"layouts", jobs.layouts},
+                                               {"get", jobs.get},
+                                               {"set", jobs.set},
+                                               {"list", jobs.list},
+                                               {"log", LogJob{}},
+                                               {"doctor", DoctorJob{}},
+                                               {"stamp", jobs.marks.stamp},
+                                               {"attach", jobs.marks.attach},
+                                               {"sign", jobs.marks.sign},
+                                               {"publish", jobs.marks.publish}};
     return byName.at(name);
 }
 

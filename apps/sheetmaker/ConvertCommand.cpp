@@ -3,6 +3,8 @@
 #include "sheetmaker/ExitCodes.h"
 #include "sheetmaker/LogFiles.h"
 #include "sheetmaker/OutputPlan.h"
+#include "sheetmaker/Readiness.h"
+#include "sheetmaker/Refusal.h"
 #include "sheetmaker/Suggest.h"
 #include "sheetmaker/WorkerPool.h"
 
@@ -14,20 +16,6 @@
 
 namespace sm::app {
 namespace {
-
-/// Ends the command before anything was started.
-struct Refusal {
-    int exitCode;
-    std::string text;
-};
-
-void NeedTools(const Install& install)
-{
-    if (install.places.shareFolder.empty())
-        throw Refusal{kExitToolMissing, "the install's share folder can't be found; \"sheetmaker doctor\" says more"};
-    if (system::FindProgram(install.environment, "gs").empty())
-        throw Refusal{kExitToolMissing, "Ghostscript (gs) is not installed: sudo apt-get install ghostscript"};
-}
 
 /// The job options' name as it is installed.
 void CheckJobOptions(ConvertOptions& options, const Install& install)
@@ -42,17 +30,6 @@ void CheckJobOptions(ConvertOptions& options, const Install& install)
                                       (suggestion.empty() ? "; there are " + QuotedList(names) : suggestion)};
     }
     options.jobOptions = found;
-}
-
-void MakeOutputFolder(const OutputPlan& plan)
-{
-    for (const PlannedDrawing& planned : plan.drawings) {
-        const std::filesystem::path folder = std::filesystem::absolute(planned.pdfPath).parent_path();
-        std::error_code failed;
-        std::filesystem::create_directories(folder, failed);
-        if (failed)
-            throw Refusal{kExitUsage, "the folder " + folder.string() + " can't be made: " + failed.message()};
-    }
 }
 
 class Conversion {
@@ -70,7 +47,8 @@ public:
         if (!plan.error.empty())
             throw Refusal{kExitUsage, plan.error};
         if (m_job.output)
-            MakeOutputFolder(plan);
+            for (const PlannedDrawing& planned : plan.drawings)
+                MakeFolderOf(planned.pdfPath);
         const LogFiles logs(m_install.places.stateFolder, plan.drawings.size());
         const bool ended = RunPool(Tasks(plan, logs), Workers(), work, Callbacks());
         m_console.ClearProgress();

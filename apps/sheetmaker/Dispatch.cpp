@@ -1,12 +1,16 @@
 #include "sheetmaker/Dispatch.h"
 
+#include "sheetmaker/AttachCommand.h"
 #include "sheetmaker/CommandLine.h"
 #include "sheetmaker/ConvertCommand.h"
 #include "sheetmaker/Doctor.h"
 #include "sheetmaker/DrawingRun.h"
 #include "sheetmaker/LayoutsCommand.h"
 #include "sheetmaker/LogCommand.h"
+#include "sheetmaker/PublishCommand.h"
 #include "sheetmaker/SettingCommands.h"
+#include "sheetmaker/SignCommand.h"
+#include "sheetmaker/StampCommand.h"
 
 #include <ostream>
 
@@ -31,6 +35,10 @@ public:
     int operator()(const ListJob& job) const { return RunList(*Settings(), job, m_out, m_err); }
     int operator()(const LogJob&) const { return RunLog(m_install, m_out, m_err); }
     int operator()(const DoctorJob&) const { return RunDoctor(m_install, m_out); }
+    int operator()(const StampJob& job) const { return RunStamp(job, m_install, m_out, m_err); }
+    int operator()(const AttachJob& job) const { return RunAttach(job, m_install, m_out, m_err); }
+    int operator()(const SignJob& job) const { return RunSign(job, m_install, m_out, m_err); }
+    int operator()(const PublishJob& job) const { return RunPublish(job, m_install, m_out, m_err); }
 
 private:
     [[nodiscard]] std::unique_ptr<IRegistry> Settings() const

@@ -63,6 +63,64 @@ struct DoctorJob {
     friend bool operator==(const DoctorJob&, const DoctorJob&) = default;
 };
 
-using Job = std::variant<ConvertJob, LayoutsJob, GetJob, SetJob, ListJob, LogJob, DoctorJob>;
+/// What is done with the stamps, attachments or signature fields of a drawing.
+enum class RecordAction { List, Add, Change, Remove };
+
+/// Drawing units, here and below.
+struct DrawingPoint {
+    double x = 0, y = 0;
+    friend bool operator==(const DrawingPoint&, const DrawingPoint&) = default;
+};
+
+/// Two opposite corners, in any order.
+struct DrawingBox {
+    double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    friend bool operator==(const DrawingBox&, const DrawingBox&) = default;
+};
+
+/// In the record jobs, nothing in an optional: a new entry takes its default, a changed one keeps what it has.
+struct StampJob {
+    std::string drawing;
+    RecordAction action = RecordAction::Add;
+    std::optional<std::string> text; ///< a number of the stamp list, or a text
+    std::optional<std::string> font;
+    std::optional<std::int32_t> size;          ///< points
+    std::optional<std::int32_t> color;         ///< red in the low byte
+    std::optional<std::int32_t> justification; ///< 0 left, 1 centre, 2 right
+    std::optional<std::string> layout;
+    std::optional<DrawingPoint> at;
+    friend bool operator==(const StampJob&, const StampJob&) = default;
+};
+
+struct AttachJob {
+    std::string drawing;
+    RecordAction action = RecordAction::List;
+    std::string item;                ///< the file to attach; or an attachment by its number, path or file name
+    std::optional<std::string> file; ///< what a changed attachment takes instead
+    std::optional<std::string> layout;
+    std::optional<DrawingPoint> at;
+    friend bool operator==(const AttachJob&, const AttachJob&) = default;
+};
+
+struct SignJob {
+    std::string drawing;
+    RecordAction action = RecordAction::List;
+    std::string item;                ///< the new field's name; or a field by its name or number
+    std::optional<std::string> name; ///< what a changed field is called from now on
+    std::optional<std::string> label;
+    std::optional<std::string> layout;
+    std::optional<DrawingBox> box;
+    friend bool operator==(const SignJob&, const SignJob&) = default;
+};
+
+struct PublishJob {
+    std::string output;
+    std::vector<std::string> sheets; ///< a drawing, or a drawing, ":" and the name of a layout
+    bool keepGoing = false;
+    friend bool operator==(const PublishJob&, const PublishJob&) = default;
+};
+
+using Job = std::variant<ConvertJob, LayoutsJob, GetJob, SetJob, ListJob, LogJob, DoctorJob, StampJob, AttachJob,
+                         SignJob, PublishJob>;
 
 } // namespace sm::app

@@ -29,6 +29,8 @@ public:
         std::int32_t status = 0;
     };
     [[nodiscard]] const std::optional<Save>& LastSave() const { return m_save; }
+    /// The last failing call that was carried past, with its routine; empty when none was.
+    [[nodiscard]] const std::string& LastCarriedPast() const { return m_carriedPast; }
     /// The sheet that failed and why; empty when none did.
     [[nodiscard]] std::string FailedSheet(const std::string& plotFailure) const;
 

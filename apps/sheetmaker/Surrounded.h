@@ -21,6 +21,8 @@ public:
 
     [[nodiscard]] CallContext& Context() { return m_context; }
     [[nodiscard]] SheetWatcher& Watcher() { return m_watcher; }
+    [[nodiscard]] const SheetWatcher& Watcher() const { return m_watcher; }
+    [[nodiscard]] AnnotationPass& Annotations() { return m_annotations; }
     /// Lays an option over a stored setting for this run.
     void LaySetting(const std::string& name, const std::string& value);
 

@@ -1,0 +1,16 @@
+// The sheets of several drawings go into one document, drawing by drawing through native documents.
+#pragma once
+
+#include "sheetmaker/DrawingRun.h"
+#include "sheetmaker/PublishCommand.h"
+
+#include <vector>
+
+namespace sm::app {
+
+/// `task` names the PDF and where it is saved. The report is that of the whole set: its notes name their drawings, and
+/// its failure is empty when the PDF was saved. Nothing is thrown.
+DrawingReport PublishSet(const std::vector<SetPart>& parts, bool keepGoing, const DrawingTask& task,
+                         const Install& install, terminal::Console& console);
+
+} // namespace sm::app

@@ -1,0 +1,29 @@
+// The conversion log of a set of sheets: each sheet opens a log of its own, and one text is made of them.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace sm::app {
+
+class SetLog {
+public:
+    /// `folder` holds the user's log and, while a sheet is made, the sheet's.
+    explicit SetLog(std::filesystem::path folder);
+    /// Puts what was taken into the place of the user's log.
+    ~SetLog();
+    SetLog(const SetLog&) = delete;
+    SetLog& operator=(const SetLog&) = delete;
+
+    /// The file name that the sheets' logs are to have.
+    [[nodiscard]] const std::string& SheetLogName() const { return m_sheetLog; }
+    /// Adds what the sheet's log holds, and removes that.
+    void TakeSheetLog();
+    void Add(const std::string& line) { m_text += line + "\n"; }
+
+private:
+    std::filesystem::path m_folder;
+    std::string m_sheetLog, m_text;
+};
+
+} // namespace sm::app
