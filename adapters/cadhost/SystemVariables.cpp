@@ -21,7 +21,8 @@ bool IsMetric(const OpenDrawing& open)
 }
 
 /// The active layout's extents as the file holds them, but computed where it holds none, and where they are what is
-/// plotted: annotations are placed by these numbers and have to meet the plot, whatever the file remembers.
+/// plotted: annotations are placed by these numbers and have to meet the plot, whatever the file remembers. Those of an
+/// empty layout are turned inside out, as a CAD program gives them.
 Box2 ExtentsOf(OpenDrawing& open)
 {
     constexpr std::int32_t kPlotsExtents = 1;
@@ -29,9 +30,8 @@ Box2 ExtentsOf(OpenDrawing& open)
     const bool plotted = open.Configuration(open.Active()).Values().plotType == kPlotsExtents;
     const Box2 box =
         layout.extents.Empty() || plotted ? open.Extents(layout.block, DisplayMatrix(open)) : layout.extents;
-    if (box.Empty())
-        throw HostError("layout '" + layout.name + "' is empty and has no extents");
-    return box;
+    constexpr double kNowhere = 1e20;
+    return box.Empty() ? Box2{{kNowhere, kNowhere}, {-kNowhere, -kNowhere}} : box;
 }
 
 AcadPoint PointOf(drawing::Vec2 p)

@@ -14,7 +14,10 @@ import subprocess
 import sys
 import tempfile
 
-SAMPLES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "samples")
+HERE = os.path.dirname(os.path.abspath(__file__))
+# The font library keeps its caches to the end of the process.
+ENVIRONMENT = os.environ | {"LSAN_OPTIONS": "print_suppressions=0:suppressions=" + os.path.join(HERE, "lsan.supp")}
+SAMPLES = os.path.join(HERE, "..", "..", "samples")
 
 
 def made_files(folder):
@@ -37,7 +40,7 @@ def problems_of(program, drawing, folder):
     pdf = os.path.join(folder, "out.pdf")
     try:
         run = subprocess.run([program, "convert", drawing, "-o", pdf, "--layouts", "all"], capture_output=True, text=True,
-                             timeout=300, errors="replace", env=dict(os.environ, TMPDIR=folder))
+                             timeout=300, errors="replace", env=ENVIRONMENT | {"TMPDIR": folder})
     except subprocess.TimeoutExpired:
         return "-", ["hangs"]
     problems = []

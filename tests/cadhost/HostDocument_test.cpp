@@ -187,7 +187,8 @@ TEST_F(HostDocumentTest, ComputesExtentsWhereTheyArePlotted)
 TEST_F(HostDocumentTest, HasNoExtentsWithoutContents)
 {
     const auto document = Open(ThreeSheets());
-    EXPECT_EQ(ErrorOf([&] { document->GetVariable("EXTMAX"); }), "layout 'Roof' is empty and has no extents");
+    EXPECT_EQ(document->GetVariable("EXTMIN"), AcadVariant(AcadPoint{1e20, 1e20, 0}));
+    EXPECT_EQ(document->GetVariable("EXTMAX"), AcadVariant(AcadPoint{-1e20, -1e20, 0}));
 }
 
 TEST_F(HostDocumentTest, AssumesLimitsWhereTheFileHasNone)
