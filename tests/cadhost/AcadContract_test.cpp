@@ -14,9 +14,9 @@ public:
             throw std::runtime_error("no folder for the test");
         m_folder = pattern;
         m_host = cadhost::CadHost::Create({cadhost::kShare, "R. Draughtsman"});
-        const std::string path = (m_folder / "Plan.dxf").string();
-        std::ofstream(path, std::ios::binary) << Drawing().Text();
-        m_host->Open(path);
+        for (const std::string& path : {OtherFile(), (m_folder / "Plan.dxf").string()})
+            std::ofstream(path, std::ios::binary) << Drawing().Text();
+        m_host->Open((m_folder / "Plan.dxf").string());
     }
     ~EmbeddedContractHost() { std::filesystem::remove_all(m_folder); }
     EmbeddedContractHost(const EmbeddedContractHost&) = delete;
@@ -24,6 +24,7 @@ public:
 
     std::shared_ptr<IAcadApplication> Application() { return m_host->Application(); }
     [[nodiscard]] std::string MissingFile() const { return (m_folder / "missing.dxf").string(); }
+    [[nodiscard]] std::string OtherFile() const { return (m_folder / "Other.dxf").string(); }
     [[nodiscard]] std::string MissingFolder() const { return (m_folder / "missing").string(); }
     [[nodiscard]] std::string Folder() const { return m_folder.string(); }
     static std::string OtherDevice() { return "None"; }
@@ -69,8 +70,11 @@ public:
         document->AddLayout(model);
         document->ActiveLayout = document->AddLayout(Sheet("Sheet 1", 1));
         document->AddLayout(Sheet("Sheet 2", 2));
+        m_host.facts.Files[OtherFile()] = std::make_shared<DocumentFacts>();
+        m_host.facts.Files[OtherFile()]->FullName = OtherFile();
     }
     std::shared_ptr<IAcadApplication> Application() { return m_host.Application(); }
+    static std::string OtherFile() { return "C:\\Jobs\\Other.dwg"; }
     static std::string MissingFile() { return "C:\\Jobs\\Missing.dwg"; }
     static std::string MissingFolder() { return "C:\\Missing"; }
     static std::string Folder() { return "C:\\Plotters"; }

@@ -6,6 +6,7 @@
 // A contract host has these members:
 //     std::shared_ptr<IAcadApplication> Application();   with one drawing open, see below
 //     std::string MissingFile(), MissingFolder(), Folder();
+//     std::string OtherFile();                           another drawing, not open yet
 //     std::string OtherDevice();                         a second plot device that a layout may choose
 // The drawing has the layouts "Model", "Sheet 1" (active) and "Sheet 2", the view "Plan" with centre (50, 40), width
 // 100 and height 80, and the block "DOOR". "Sheet 1" holds a line, and a reference of DOOR at (7, 8) with the attribute
@@ -38,6 +39,42 @@ TYPED_TEST_P(AcadContract, ListsOpenDocuments)
     EXPECT_THROW(documents->Item(1), HostError);
     EXPECT_THROW(documents->Open(this->m_host.MissingFile()), HostError);
     EXPECT_EQ(documents->Count(), 1);
+}
+
+TYPED_TEST_P(AcadContract, OpensAndClosesASecondDrawing)
+{
+    const auto documents = this->Application()->Documents();
+    const auto first = documents->Item(0);
+    for (const bool saveChanges : {false, true}) {
+        const auto second = documents->Open(this->m_host.OtherFile());
+        ASSERT_EQ(documents->Count(), 2);
+        EXPECT_EQ(documents->Item(1)->FullName(), second->FullName());
+        EXPECT_NE(second->FullName(), first->FullName());
+        second->Close(saveChanges);
+        ASSERT_EQ(documents->Count(), 1);
+        EXPECT_EQ(documents->Item(0)->FullName(), first->FullName());
+    }
+    EXPECT_EQ(first->Layouts()->Count(), 3);
+}
+
+TYPED_TEST_P(AcadContract, KeepsTheWindowState)
+{
+    for (const std::int32_t state : {1, 2, 3}) {
+        this->Document()->SetWindowState(state);
+        EXPECT_EQ(this->Document()->WindowState(), state);
+    }
+}
+
+TYPED_TEST_P(AcadContract, AuditsWithoutHarm)
+{
+    const std::string name = "TWSI_Stamp", text = "DRAFT";
+    const AcadXData record{{1001, 1000}, {name, text}};
+    this->Document()->Dictionaries()->SetXData(record);
+    for (const bool fixErrors : {true, false}) {
+        EXPECT_NO_THROW(this->Document()->AuditInfo(fixErrors));
+        EXPECT_EQ(this->Document()->Dictionaries()->GetXData(name), record);
+        EXPECT_EQ(this->Sheet()->Block()->Count(), 2);
+    }
 }
 
 TYPED_TEST_P(AcadContract, SwitchesThePlotterFolder)
@@ -242,7 +279,8 @@ TYPED_TEST_P(AcadContract, ReadsBlockReferences)
     EXPECT_THROW(this->Document()->Blocks()->Item("WINDOW"), HostError);
 }
 
-REGISTER_TYPED_TEST_SUITE_P(AcadContract, ListsOpenDocuments, SwitchesThePlotterFolder, FindsLayoutsByPositionAndName,
+REGISTER_TYPED_TEST_SUITE_P(AcadContract, ListsOpenDocuments, OpensAndClosesASecondDrawing, KeepsTheWindowState,
+                            AuditsWithoutHarm, SwitchesThePlotterFolder, FindsLayoutsByPositionAndName,
                             SwitchesTheActiveLayout, ChoosesFromTheListsOnly, KeepsEveryNumberOfALayout,
                             KeepsEverySwitchOfALayout, SharesALayoutsConfigurationBetweenItsObjects,
                             StoresRecordsByApplication, FindsViews, AnswersForVariablesItKnows,

@@ -262,6 +262,7 @@ public:
     {
         Call("Close", TapeText(saveChanges));
         m_facts->Closed = true;
+        std::erase(m_host.facts.Documents, m_facts);
     }
     void AuditInfo(bool fixErrors) override { Call("AuditInfo", TapeText(fixErrors)); }
 
