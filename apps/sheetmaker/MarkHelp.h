@@ -22,7 +22,8 @@ inline constexpr const char* kAttachFooter = R"(Examples:
   sheetmaker attach plan.dxf change 1 --file report-2.pdf
   sheetmaker attach plan.dxf remove 1
 
-The file is read when the drawing is converted. The former drawing stays as plan.dxf.bak.)";
+The file is read when the drawing is converted. Points are mapped without regard to centring and rotation of the plot.
+The former drawing stays as plan.dxf.bak.)";
 
 inline constexpr const char* kSignFooter = R"(Examples:
   sheetmaker sign plan.dxf add Approval --label "Site engineer" --rect 200,20,260,35
@@ -30,7 +31,7 @@ inline constexpr const char* kSignFooter = R"(Examples:
   sheetmaker sign plan.dxf change Approval --rect 200,25,260,40
   sheetmaker sign plan.dxf remove Approval
 
-The former drawing stays as plan.dxf.bak.)";
+Points are mapped without regard to centring and rotation of the plot. The former drawing stays as plan.dxf.bak.)";
 
 inline constexpr const char* kPublishFooter = R"(Examples:
   sheetmaker publish -o set.pdf plan.dxf site.dxf
@@ -38,6 +39,7 @@ inline constexpr const char* kPublishFooter = R"(Examples:
   sheetmaker publish -o set.pdf *.dxf --keep-going
 
 A drawing without a layout gives every paper layout that holds something, and the model when none does.
-A sheet that fails ends the run without a PDF; with --keep-going the others are saved and the exit code is 1.)";
+A sheet that fails ends the run without a PDF; with --keep-going the others are saved and the exit code is 1.
+Line quality, job options and the transfer of links and attributes are as set ("sheetmaker list").)";
 
 } // namespace sm::app

@@ -54,8 +54,9 @@ public:
         const std::vector<SetPart> parts = Parts(m_job);
         const PlannedDrawing planned = PlanSet(m_job.output, parts);
         MakeFolderOf(planned.pdfPath);
+        SetLog log(m_install.places.stateFolder);
         const auto work = [&](const DrawingTask& task, terminal::Console& console) {
-            return PublishSet(parts, m_job.keepGoing, task, m_install, console);
+            return PublishSet(parts, m_job.keepGoing, task, log, m_install, console);
         };
         PoolCallbacks callbacks;
         callbacks.done = [this](const DrawingReport& report, const std::string&) { Tell(report); };

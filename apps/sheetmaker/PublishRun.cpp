@@ -8,7 +8,6 @@
 #include "sheetmaker/ExitCodes.h"
 #include "sheetmaker/HostReport.h"
 #include "sheetmaker/NativeDocuments.h"
-#include "sheetmaker/SetLog.h"
 #include "sheetmaker/Surrounded.h"
 
 #include <filesystem>
@@ -38,9 +37,10 @@ DrawingTask WithLog(DrawingTask task, const std::string& logName)
 
 class SetRun {
 public:
-    SetRun(const DrawingTask& task, const Install& install, terminal::Console& console, DrawingReport& report)
-        : m_task(task), m_install(install), m_report(report), m_log(install.places.stateFolder),
-          m_surrounded(WithLog(task, m_log.SheetLogName()), install, console, report),
+    SetRun(const DrawingTask& task, SetLog& log, const Install& install, terminal::Console& console,
+           DrawingReport& report)
+        : m_task(task), m_install(install), m_report(report), m_log(log),
+          m_surrounded(WithLog(task, log.SheetLogName()), install, console, report),
           m_host(cadhost::CadHost::Create({install.places.shareFolder.string(), install.LoginName()}))
     {
     }
@@ -68,7 +68,7 @@ private:
     const DrawingTask& m_task;
     const Install& m_install;
     DrawingReport& m_report;
-    SetLog m_log;
+    SetLog& m_log;
     Surrounded m_surrounded;
     std::unique_ptr<cadhost::CadHost> m_host;
     std::shared_ptr<NativeDocOwner> m_owner = std::make_shared<NativeDocOwner>();
@@ -203,18 +203,19 @@ void SetRun::Save()
 
 } // namespace
 
-DrawingReport PublishSet(const std::vector<SetPart>& parts, bool keepGoing, const DrawingTask& task,
+DrawingReport PublishSet(const std::vector<SetPart>& parts, bool keepGoing, const DrawingTask& task, SetLog& log,
                          const Install& install, terminal::Console& console)
 {
     DrawingReport report;
     report.drawing = task.drawing;
     try {
-        SetRun(task, install, console, report).Run(parts, keepGoing);
+        SetRun(task, log, install, console, report).Run(parts, keepGoing);
     } catch (const std::bad_alloc&) {
         report.failure = "there is not enough memory";
     } catch (const std::exception& error) {
         report.failure = error.what();
     }
+    log.Finish();
     if (!report.failure.empty() && report.exitCode == kExitDone)
         report.exitCode = kExitFailed;
     console.ClearProgress();

@@ -3,14 +3,15 @@
 
 #include "sheetmaker/DrawingRun.h"
 #include "sheetmaker/PublishCommand.h"
+#include "sheetmaker/SetLog.h"
 
 #include <vector>
 
 namespace sm::app {
 
 /// `task` names the PDF and where it is saved. The report is that of the whole set: its notes name their drawings, and
-/// its failure is empty when the PDF was saved. Nothing is thrown.
-DrawingReport PublishSet(const std::vector<SetPart>& parts, bool keepGoing, const DrawingTask& task,
+/// its failure is empty when the PDF was saved. `log` takes in the sheets' logs and is finished. Nothing is thrown.
+DrawingReport PublishSet(const std::vector<SetPart>& parts, bool keepGoing, const DrawingTask& task, SetLog& log,
                          const Install& install, terminal::Console& console);
 
 } // namespace sm::app

@@ -19,12 +19,17 @@ SetLog::~SetLog()
 {
     std::error_code ignored;
     fs::remove(m_folder / m_sheetLog, ignored);
+    fs::remove(Part(), ignored);
+}
+
+void SetLog::Finish() const
+{
     if (m_text.empty())
         return;
-    const fs::path part = m_folder / (m_sheetLog + ".part");
+    std::error_code ignored;
     fs::create_directories(m_folder, ignored);
-    std::ofstream(part, std::ios::binary) << m_text;
-    fs::rename(part, m_folder / kLogFileName, ignored);
+    std::ofstream(Part(), std::ios::binary) << m_text;
+    fs::rename(Part(), m_folder / kLogFileName, ignored);
 }
 
 void SetLog::TakeSheetLog()

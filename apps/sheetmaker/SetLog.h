@@ -10,7 +10,7 @@ class SetLog {
 public:
     /// `folder` holds the user's log and, while a sheet is made, the sheet's.
     explicit SetLog(std::filesystem::path folder);
-    /// Puts what was taken into the place of the user's log.
+    /// Removes what is left of a sheet's log, also that of a worker process that was ended.
     ~SetLog();
     SetLog(const SetLog&) = delete;
     SetLog& operator=(const SetLog&) = delete;
@@ -20,8 +20,12 @@ public:
     /// Adds what the sheet's log holds, and removes that.
     void TakeSheetLog();
     void Add(const std::string& line) { m_text += line + "\n"; }
+    /// Puts what was taken into the place of the user's log.
+    void Finish() const;
 
 private:
+    [[nodiscard]] std::filesystem::path Part() const { return m_folder / (m_sheetLog + ".part"); }
+
     std::filesystem::path m_folder;
     std::string m_sheetLog, m_text;
 };
