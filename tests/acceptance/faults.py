@@ -3,11 +3,12 @@
 
     faults.py PROGRAM
 
-Every row of the table is one fault: a folder that can't be written, a tool that is missing or ends badly, a damaged file of
+Drawings are converted, stamped and published. Every row of the table is one fault: a folder that can't be written, a tool that is missing or ends badly, a damaged file of
 the install. For each: the exit code, what stands on stderr (nothing, or one line), whether there is a PDF that
 `qpdf --check` likes, and that nothing is left behind in the temporary folder, beside the PDF or in the working folder.
 Ends with "N passed, M failed".
 """
+import filecmp
 import os
 import re
 import resource
@@ -31,6 +32,8 @@ class Stand:
             os.mkdir(self.path(part))
         self.drawing = SAMPLE
         self.pdf = self.path("out/plan.pdf")
+        self.kept = []  # files that must be there afterwards as they were
+        self.arguments = lambda: ["convert", self.drawing, "-o", self.pdf]
         self.limits = []
         self.environment = {"PATH": "/usr/bin:/bin", "HOME": self.path("home"), "TMPDIR": self.path("tmp"),
                             "XDG_CONFIG_HOME": self.path("config"), "XDG_STATE_HOME": self.path("state"), "LANG": "C.UTF-8"}
@@ -61,7 +64,7 @@ class Stand:
             for what, value in self.limits:
                 resource.setrlimit(what, (value, value))
         # With the signal for too long files held off, as this interpreter has it, a limit is like a full disk.
-        return subprocess.run([program, "convert", self.drawing, "-o", self.pdf], capture_output=True, text=True,
+        return subprocess.run([program, *self.arguments()], capture_output=True, text=True,
                               errors="replace", timeout=120, env=self.environment, cwd=self.path("cwd"), preexec_fn=limit,
                               restore_signals=False)
 
@@ -69,7 +72,31 @@ class Stand:
         """Files and folders that a run should have taken away again; those on the way to the PDF are meant to be."""
         found = [os.path.join(here, name) for part in ("tmp", "out", "cwd")
                  for here, folders, files in os.walk(self.path(part)) for name in folders + files]
-        return sorted(os.path.relpath(path, self.folder) for path in found if not self.pdf.startswith(path))
+        return sorted(os.path.relpath(path, self.folder) for path in found
+                      if not self.pdf.startswith(path) and path not in self.kept)
+
+
+def stamping(fault):
+    """The fault, while a copy of the drawing in a folder of its own gets a stamp."""
+    def both(stand):
+        stand.drawing = stand.path("out/flange.dxf")
+        shutil.copy(SAMPLE, stand.drawing)
+        stand.kept.append(stand.drawing)
+        stand.arguments = lambda: ["stamp", stand.drawing, "--text", "1", "--at", "10,10"]
+        fault(stand)
+    return both
+
+
+def publishing(*more, fault=lambda stand: None):
+    """The fault, while the drawing and more ones become one set."""
+    def both(stand):
+        stand.arguments = lambda: ["publish", "-o", stand.pdf, stand.drawing, *more]
+        fault(stand)
+    return both
+
+
+def backup_is_a_folder(stand):
+    stand.kept += [stand.write("out/flange.dxf.bak/note.txt", ""), stand.path("out/flange.dxf.bak")]
 
 
 def environment(name, value):
@@ -145,6 +172,7 @@ STOPPED = r"Page 1: its PostScript stopped the interpreter before its end \(.*/p
 NO_DRIVER = r"warning: The Postscript HDI driver \(ps6\.hdi, ps7\.hdi or ps8\.hdi\) is required to make PDF files\. .*"
 NO_PLOTTER = (r"error: There was an error setting the printer for the PDF conversion\. The Sheetmaker PDF install folder could "
               r"not be located\. .*")
+NOT_SAVED = r"sheetmaker stamp: .*/flange\.dxf: the drawing was not saved and is as it was: it can't be written "
 NO_OPTIONS = r"The job options can't be used\. Those installed are: none\."
 
 # Name, fault, exit code, and the lines on stderr as patterns (what is said of fonts aside).
@@ -185,6 +213,18 @@ FAULTS = [
     ("drawing missing", missing_drawing, 1, lines(r".*/none\.dxf: failed: there is no such file; check the name")),
     ("no room for the plot", limits((resource.RLIMIT_FSIZE, 8192)), 1,
      no_plot(r"The plot file .*/page-1\.ps can't be written: File too large\.")),
+    ("stamp: no room for the drawing", stamping(limits((resource.RLIMIT_FSIZE, 8192))), 1,
+     lines(NOT_SAVED + r"\(File too large\); save it under another name")),
+    ("stamp: the backup's name is taken", stamping(backup_is_a_folder), 1,
+     lines(NOT_SAVED + r"\(.*\); save it under another name")),
+    ("publish: interpreter missing", publishing(fault=no_tool), 3, lines(NO_TOOL.replace("convert", "publish"))),
+    ("publish: interpreter fails", publishing(fault=tool("exit 3\n")), 1, lines("sheetmaker publish: " + STOPPED)),
+    ("publish: a drawing missing", publishing("none.dxf"), 1,
+     lines(r"none\.dxf: failed: there is no such file; check the name",
+           r"sheetmaker publish: .*/plan\.pdf was not written; --keep-going saves the sheets that succeed")),
+    ("publish: output folder closed", publishing(fault=output(CLOSED + "/plan.pdf")), 1,
+     lines(r"sheetmaker publish: /proc/plan\.pdf could not be written: No such file or directory\. Choose another name or folder, "
+           r"or change its permissions\.")),
 ]
 
 
@@ -200,6 +240,9 @@ def problems_of(stand, run, code, patterns):
         problems.append("a PDF is there" if made else "there is no PDF")
     if made and subprocess.run(["qpdf", "--check", stand.pdf], capture_output=True).returncode != 0:
         problems.append("qpdf --check complains")
+    for path in stand.kept:
+        if not os.path.exists(path) or path == stand.drawing and not filecmp.cmp(path, SAMPLE, shallow=False):
+            problems.append("changed: " + os.path.relpath(path, stand.folder))
     if stand.left():
         problems.append("left behind: " + ", ".join(stand.left()))
     return problems
