@@ -3,9 +3,10 @@
 
     faults.py PROGRAM
 
-Drawings are converted, stamped and published. Every row of the table is one fault: a folder that can't be written, a tool that is missing or ends badly, a damaged file of
-the install. For each: the exit code, what stands on stderr (nothing, or one line), whether there is a PDF that
-`qpdf --check` likes, and that nothing is left behind in the temporary folder, beside the PDF or in the working folder.
+Drawings are converted, stamped and published. Every row of the table is one fault: a folder that can't be written, a tool
+that is missing or ends badly, a damaged file of the install. For each: the exit code; what stands on stderr (nothing, or what
+failed in one line, behind the message that the plug-in shows); whether there is a PDF that `qpdf --check` likes; that a
+drawing is as it was; and that nothing is left behind in the temporary folder, beside the PDF or in the working folder.
 Ends with "N passed, M failed".
 """
 import filecmp
