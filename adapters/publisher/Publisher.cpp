@@ -1,6 +1,7 @@
 #include "publisher/Publisher.h"
 
 #include "publisher/ConversionLog.h"
+#include "publisher/DialectPageMaker.h"
 #include "publisher/GhostscriptPageMaker.h"
 #include "publisher/PubDoc.h"
 
@@ -16,7 +17,8 @@ public:
     {
         return std::make_shared<PubDoc>(
             m_options, m_desktop,
-            CreateGhostscriptPageMaker({m_options.interpreter, m_options.deadline, m_options.deadlinePerMegabyte}));
+            CreateDialectPageMaker(CreateGhostscriptPageMaker(
+                {m_options.interpreter, m_options.deadline, m_options.deadlinePerMegabyte})));
     }
 
     std::shared_ptr<IConversionLog> CreateConversionLog() override

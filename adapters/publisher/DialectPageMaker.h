@@ -1,0 +1,15 @@
+// Makes the pages that our own plotter wrote without an interpreter, and leaves all others to one.
+#pragma once
+
+#include "publisher/IPageMaker.h"
+
+namespace sm::publisher {
+
+/// `others` makes the groups of pages that hold anything else than the plotter's dialect, or whose job options ask for
+/// what only an interpreter does (colours turned, fonts left out).
+std::unique_ptr<IPageMaker> CreateDialectPageMaker(std::unique_ptr<IPageMaker> others);
+
+/// True when pages of the dialect come out the same with these job options (our clean text of them) as without.
+bool DialectRespects(const std::string& jobOptions);
+
+} // namespace sm::publisher
