@@ -39,6 +39,8 @@ class Stand:
         self.environment = {"PATH": "/usr/bin:/bin", "HOME": self.path("home"), "TMPDIR": self.path("tmp"),
                             "XDG_CONFIG_HOME": self.path("config"), "XDG_STATE_HOME": self.path("state"), "LANG": "C.UTF-8"}
 
+        self.greyscale = False  # colours turned to grey: pages that only the interpreter makes
+
     def path(self, part):
         return os.path.join(self.folder, part)
 
@@ -53,6 +55,7 @@ class Stand:
         """An interpreter of pages that does what the shell script says."""
         self.write("bin/gs", "#!/bin/sh\n" + script, 0o755)
         self.environment["PATH"] = self.path("bin") + ":/usr/bin:/bin"
+        self.greyscale = True
 
     def share(self, without):
         shutil.copytree(SHARE, self.path("share"))
@@ -61,6 +64,10 @@ class Stand:
         self.environment["SHEETMAKER_PDF_SHARE"] = self.path("share")
 
     def run(self, program):
+        if self.greyscale:
+            subprocess.run([program, "set", "JobOptionsFile", "Greyscale [600 dpi]"], env=self.environment, check=True,
+                           capture_output=True)
+
         def limit():
             for what, value in self.limits:
                 resource.setrlimit(what, (value, value))
@@ -140,6 +147,7 @@ def tool_without_right(stand):
 def unloadable_tool(stand):
     stand.write("bin/gs", "#!/no/such/shell\n", 0o755)
     no_tool(stand)
+    stand.greyscale = True
 
 
 def missing_output_folder(stand):
