@@ -20,6 +20,7 @@ import numpy
 from ezdxf import recover
 from ezdxf.addons.drawing import Frontend, RenderContext
 from ezdxf.addons.drawing.matplotlib import MatplotlibBackend
+from ezdxf.addons.drawing.properties import LayoutProperties
 from PIL import Image
 
 matplotlib.use("Agg")
@@ -40,10 +41,10 @@ def draw_ezdxf(drawing, folder):
     document, _ = recover.readfile(drawing)
     figure = pyplot.figure(figsize=(14, 14))
     axes = figure.add_axes([0, 0, 1, 1])
-    context = RenderContext(document)
-    context.set_current_layout(document.modelspace())
-    context.current_layout.set_colors("#ffffff")
-    Frontend(context, MatplotlibBackend(axes)).draw_layout(document.modelspace(), finalize=True)
+    paper = LayoutProperties.from_layout(document.modelspace())
+    paper.set_colors("#ffffff")
+    Frontend(RenderContext(document), MatplotlibBackend(axes)).draw_layout(document.modelspace(), finalize=True,
+                                                                           layout_properties=paper)
     path = os.path.join(folder, "ezdxf.png")
     figure.savefig(path, dpi=150, facecolor="white")
     pyplot.close(figure)
