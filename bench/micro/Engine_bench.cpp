@@ -71,7 +71,7 @@ void Plotting(benchmark::State& state, const std::string& path)
         settings.paperHeight = 297;
         settings.plotType = 1;
         settings.flags = drawing::PlotSettings::kStandardScale | drawing::PlotSettings::kLineweights;
-        plotter::PlotToPostScript({*opened, model, settings, 1200, "bench", "bench"}, output, *text, report);
+        plotter::PlotToPostScript({*opened, model, settings, 1200, "bench", "bench", {}}, output, *text, report);
     }
     PerEntity(state, *opened);
     std::remove(output.c_str());
