@@ -7,6 +7,20 @@
 
 namespace sm::drawing {
 
+namespace {
+
+/// A file that breaks off before its first block or entity would give a blank sheet, which nobody wants for an answer.
+bool IsUsable(const Model& model)
+{
+    const Structure& found = model.structure;
+    const bool drawn =
+        !found.modelEntities.empty() || !found.paperEntities.empty() || !found.blocks.empty() || !found.objects.empty();
+    const bool prepared = !found.tableEntries.empty() || !found.variables.empty();
+    return drawn || (prepared && !model.findings.Has(Damage::NoEnd));
+}
+
+} // namespace
+
 std::unique_ptr<Model> ReadModel(FileBytes bytes, const std::string& path)
 {
     const DxfKind kind = RecogniseDxf(bytes.View(), path);
@@ -14,11 +28,8 @@ std::unique_ptr<Model> ReadModel(FileBytes bytes, const std::string& path)
     model->path = path;
     const std::string_view file = model->source.File();
     model->structure = ScanStructure(file, kind.format, kind.begin, model->findings);
-    const Structure& found = model->structure;
-    const bool usable = !found.modelEntities.empty() || !found.paperEntities.empty() || !found.blocks.empty() ||
-                        !found.tableEntries.empty() || !found.objects.empty() || !found.variables.empty();
-    if (!usable)
-        ThrowNothingUsable(file, path, found.tags);
+    if (!IsUsable(*model))
+        ThrowNothingUsable(file, path, model->structure.tags);
     BuildHeader(*model);
     BuildDictionaries(*model);
     BuildStyles(*model);

@@ -55,4 +55,10 @@ void FindingList::Add(Damage kind, std::uint32_t line, std::uint32_t count)
     m_findings.push_back({code, text->text, count, line, text->contentLost});
 }
 
+bool FindingList::Has(Damage kind) const
+{
+    return std::ranges::any_of(m_findings,
+                               [&](const Finding& finding) { return finding.code == static_cast<std::int32_t>(kind); });
+}
+
 } // namespace sm::drawing

@@ -40,6 +40,7 @@ class FindingList {
 public:
     /// Counts one more of that kind; the first one's line is kept.
     void Add(Damage kind, std::uint32_t line, std::uint32_t count = 1);
+    [[nodiscard]] bool Has(Damage kind) const;
     [[nodiscard]] const std::vector<Finding>& All() const { return m_findings; }
 
 private:

@@ -119,6 +119,8 @@ INSTANTIATE_TEST_SUITE_P(
             "plan.dxf: this is a DWG of an unknown release (AC1099), which this version can't open; save it as DXF"},
         RefusalRow{"CutOffAtOnce", "  0\nSECTION\n  2\nHEA",
                    "plan.dxf: the DXF ends or is damaged before anything usable, at group 2; save the drawing again"},
+        RefusalRow{"CutOffInTables", "  0\nSECTION\n  2\nTABLES\n  0\nTABLE\n  2\nLAYER\n  0\nLAYER\n  2\nWALL\n",
+                   "plan.dxf: the DXF ends or is damaged before anything usable, at group 6; save the drawing again"},
         RefusalRow{"BinaryCutOff", std::string("AutoCAD Binary DXF\r\n\x1a\0", 22),
                    "plan.dxf: the binary DXF is cut off behind its first bytes; save the drawing again"}),
     [](const auto& row) { return std::string(row.param.name); });
