@@ -36,6 +36,8 @@ constexpr const char* kProcedures = R"(%%BeginResource: procset SheetmakerPage 1
 /G/setgray load def
 /rg/setrgbcolor load def
 /RG/setrgbcolor load def
+/Do{load dup/Data get dup 0 setfileposition 1 index/Filter get filter 1 index exch/DataSource exch put
+dup/Space get dup null eq{pop imagemask}{setcolorspace image}ifelse}bind def
 /BT/gsave load def
 /ET/grestore load def
 /Tr/pop load def
@@ -88,15 +90,15 @@ const char* ViewingOrientation(std::int32_t rotation)
     return kTurns[rotation >= 0 && rotation < 4 ? rotation : 0];
 }
 
-std::string Comments(const PsDocument& d, const FontBook& fonts)
+std::string Comments(const PsDocument& d, const FontBook& fonts, const char* level)
 {
     const std::string width = Decimal(Points(d.width), 4), height = Decimal(Points(d.height), 4);
     std::string out = "%!PS-Adobe-3.0\n";
     out += "%%Title: " + DscText(d.title) + "\n%%Creator: " + DscText(d.creator) + "\n";
     out += "%%BoundingBox: 0 0 " + Decimal(std::ceil(Points(d.width) - 1e-4), 1) + " " +
            Decimal(std::ceil(Points(d.height) - 1e-4), 1) + "\n%%HiResBoundingBox: 0 0 " + width + " " + height + "\n";
-    out += "%%DocumentMedia: Sheet " + width + " " + height +
-           " 0 () ()\n%%LanguageLevel: 2\n%%Pages: 1\n"
+    out += "%%DocumentMedia: Sheet " + width + " " + height + " 0 () ()\n%%LanguageLevel: " + level +
+           "\n%%Pages: 1\n"
            "%%PageOrder: Ascend\n%%DocumentData: Clean7Bit\n%%DocumentNeededResources:\n"
            "%%DocumentSuppliedResources: procset SheetmakerPage 1.0 0\n";
     if (!fonts.Empty()) {
@@ -120,18 +122,32 @@ std::string TemporaryBeside(const std::string& path, int& fd)
 
 } // namespace
 
-std::string PsHead(const PsDocument& d, const FontBook& fonts)
+namespace {
+
+std::string Prolog(const PsDocument& d, const FontBook& fonts, const char* level)
 {
-    std::string out = Comments(d, fonts);
+    std::string out = Comments(d, fonts, level);
     out += "%%BeginProlog\n";
     out += kProcedures;
     out += "%%EndProlog\n%%BeginSetup\n";
-    out += "<</PageSize[" + Decimal(Points(d.width), 4) + " " + Decimal(Points(d.height), 4) + "]>>setpagedevice\n";
-    out += fonts.Definitions();
+    return out + "<</PageSize[" + Decimal(Points(d.width), 4) + " " + Decimal(Points(d.height), 4) +
+           "]>>setpagedevice\n";
+}
+
+std::string FontsAndPage(const PsDocument& d, const FontBook& fonts)
+{
+    std::string out = fonts.Definitions();
     out += "%%EndSetup\n%%Page: 1 1\n";
     out += std::string("%%ViewingOrientation: ") + ViewingOrientation(d.rotation) + "\n";
     const std::string scale = Decimal(72 / d.resolution, 6);
     return out + "q\n" + scale + " 0 0 " + scale + " 0 0 cm\n";
+}
+
+} // namespace
+
+std::string PsHead(const PsDocument& d, const FontBook& fonts)
+{
+    return Prolog(d, fonts, "2") + FontsAndPage(d, fonts);
 }
 
 std::string PsTail()
@@ -145,7 +161,10 @@ void WriteDocument(const PsDocument& document, PsWriter& writer, const std::stri
     int fd = -1;
     const std::string temporary = TemporaryBeside(path, fd);
     try {
-        WriteAll(fd, PsHead(document, writer.Fonts()));
+        // Pictures can be read again and again, for each place that shows them, in level 3 alone.
+        WriteAll(fd, Prolog(document, writer.Fonts(), writer.Pictures().Empty() ? "2" : "3"));
+        writer.Pictures().WriteTo(fd);
+        WriteAll(fd, FontsAndPage(document, writer.Fonts()));
         writer.Body().WriteTo(fd);
         WriteAll(fd, PsTail());
         const bool closed = ::close(fd) == 0;

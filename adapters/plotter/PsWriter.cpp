@@ -26,7 +26,10 @@ std::int32_t ToDot(double value)
 
 } // namespace
 
-PsWriter::PsWriter(double resolution, std::string folder) : m_body(std::move(folder)), m_dots(resolution / 25.4) {}
+PsWriter::PsWriter(double resolution, std::string folder)
+    : m_body(folder), m_pictures(std::move(folder)), m_dots(resolution / 25.4)
+{
+}
 
 PsWriter::Dot PsWriter::ToDots(render::Vec2 p) const
 {

@@ -3,11 +3,13 @@
 // The body speaks in the operators of PDF content streams, one token form each, in device units of one dot:
 //   x y m   x y l   x1 y1 x2 y2 x3 y3 c   h   S  f  f*  q  Q  W  W*  n
 //   width w   cap J   join j   gray G|g   r g b RG|rg
+//   q a b c d e f cm /In Do Q
 //   BT /Fn 1 Tf a b c d e f Tm <hex> Tj [<hex> n <hex>] TJ ET   (with 3 Tr before Tf for text that doesn't show)
 #pragma once
 
 #include "plotter/BodyText.h"
 #include "plotter/FontBook.h"
+#include "plotter/PsPictures.h"
 #include "render/Canvas.h"
 
 #include <string>
@@ -25,11 +27,13 @@ public:
     void Stroke(const render::Path& path, const render::StrokeStyle& style) override;
     void Fill(const render::Path& path, std::uint32_t color, render::FillRule rule) override;
     void Text(const render::TextRun& run) override;
+    void Image(const render::Picture& picture, const render::Matrix2& toPaper, std::uint32_t color) override;
 
     /// Ends the last stroke and closes what clips are open.
     void Finish();
     [[nodiscard]] BodyText& Body() { return m_body; }
     [[nodiscard]] const FontBook& Fonts() const { return m_fonts; }
+    [[nodiscard]] PsPictures& Pictures() { return m_pictures; }
 
 private:
     struct Dot {
@@ -74,6 +78,7 @@ private:
 
     BodyText m_body;
     FontBook m_fonts;
+    PsPictures m_pictures;
     double m_dots; ///< of a millimetre
     State m_state;
     std::vector<State> m_saved;

@@ -1,6 +1,7 @@
 #include "publisher/DialectPage.h"
 
 #include <array>
+#include <charconv>
 
 namespace sm::publisher {
 
@@ -16,7 +17,7 @@ constexpr std::array kOperators{
     Operator{"f*", 0}, Operator{"q", 0},  Operator{"Q", 0},  Operator{"W", 0},  Operator{"W*", 0}, Operator{"n", 0},
     Operator{"cm", 6}, Operator{"w", 1},  Operator{"J", 1},  Operator{"j", 1},  Operator{"M", 1},  Operator{"g", 1},
     Operator{"G", 1},  Operator{"rg", 3}, Operator{"RG", 3}, Operator{"BT", 0}, Operator{"ET", 0}, Operator{"Tr", 1},
-    Operator{"Tf", 2}, Operator{"Tm", 6}, Operator{"Tj", 1}, Operator{"TJ", 1}};
+    Operator{"Tf", 2}, Operator{"Tm", 6}, Operator{"Tj", 1}, Operator{"TJ", 1}, Operator{"Do", 1}};
 
 bool IsBlank(char c)
 {
@@ -41,7 +42,10 @@ bool IsLetter(char c)
 /// Walks the tokens of a body and copies it with its text blocks wrapped.
 class BodyReader {
 public:
-    explicit BodyReader(std::string_view body) : m_body(body) { m_out.reserve(body.size() + body.size() / 64 + 64); }
+    BodyReader(std::string_view body, std::size_t pictures) : m_body(body), m_pictures(pictures)
+    {
+        m_out.reserve(body.size() + body.size() / 64 + 64);
+    }
 
     bool Read()
     {
@@ -87,8 +91,9 @@ private:
         const std::string_view name = m_body.substr(begin, m_at - begin);
         for (const Operator& known : kOperators) {
             if (known.name == name) {
-                const bool right = known.operands == m_operands;
+                const bool right = known.operands == m_operands && m_namesPicture == (name == "Do");
                 m_operands = 0;
+                m_namesPicture = false;
                 return right && Nest(name, begin);
             }
         }
@@ -112,16 +117,23 @@ private:
         return true;
     }
 
-    /// "/F12".
+    /// "/F12", or "/I3" for one of the page's pictures.
     bool ReadName()
     {
-        if (m_at + 1 >= m_body.size() || m_body[m_at + 1] != 'F') {
+        const char kind = m_at + 1 < m_body.size() ? m_body[m_at + 1] : ' ';
+        if (kind != 'F' && kind != 'I') {
             return false;
         }
         m_at += 2;
         const std::size_t begin = m_at;
         Skip([](char c) { return c >= '0' && c <= '9'; });
-        return m_at > begin && m_at - begin < 6;
+        if (m_at == begin || m_at - begin >= 6) {
+            return false;
+        }
+        std::size_t number = 0;
+        std::from_chars(m_body.data() + begin, m_body.data() + m_at, number);
+        m_namesPicture = kind == 'I';
+        return kind == 'F' || (m_operands == 1 && number > 0 && number <= m_pictures && m_body[begin] != '0');
     }
 
     bool ReadString()
@@ -153,16 +165,18 @@ private:
 
     std::string_view m_body;
     std::size_t m_at = 0, m_copied = 0;
+    std::size_t m_pictures;
     std::int32_t m_operands = 0, m_depth = 0;
+    bool m_namesPicture = false; ///< an operand names one
     bool m_inText = false;
     std::string m_out;
 };
 
 } // namespace
 
-std::optional<std::string> TranslateDialectBody(std::string_view body)
+std::optional<std::string> TranslateDialectBody(std::string_view body, std::size_t pictures)
 {
-    BodyReader reader(body);
+    BodyReader reader(body, pictures);
     if (!reader.Read()) {
         return std::nullopt;
     }

@@ -28,6 +28,8 @@ constexpr std::string_view kProlog = R"(%%BeginProlog
 /G/setgray load def
 /rg/setrgbcolor load def
 /RG/setrgbcolor load def
+/Do{load dup/Data get dup 0 setfileposition 1 index/Filter get filter 1 index exch/DataSource exch put
+dup/Space get dup null eq{pop imagemask}{setcolorspace image}ifelse}bind def
 /BT/gsave load def
 /ET/grestore load def
 /Tr/pop load def
@@ -85,19 +87,20 @@ std::optional<DialectPage> ReadDialectPage(std::string_view file)
     }
     const auto head = Before(file, kProlog);
     const auto pageSize = Before(file, "\n");
-    const auto setup = Before(file, kPageBegins);
+    auto setup = Before(file, kPageBegins);
     const auto orientation = Before(file, "\n");
     if (!head || !IsComments(*head) || !pageSize || !IsPageSize(*pageSize) || !setup || !orientation ||
         !file.ends_with(kTail)) {
         return std::nullopt;
     }
     file.remove_suffix(kTail.size());
-    auto fonts = ReadDialectFonts(*setup);
-    auto content = fonts ? TranslateDialectBody(file) : std::nullopt;
+    auto pictures = TakeDialectPictures(*setup);
+    auto fonts = pictures ? ReadDialectFonts(*setup) : std::nullopt;
+    auto content = fonts ? TranslateDialectBody(file, pictures->size()) : std::nullopt;
     if (!content) {
         return std::nullopt;
     }
-    return DialectPage{std::move(*fonts), std::move(*content)};
+    return DialectPage{std::move(*fonts), std::move(*pictures), std::move(*content)};
 }
 
 } // namespace sm::publisher

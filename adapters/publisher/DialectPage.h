@@ -5,6 +5,8 @@
 // else a file holds makes it no page of the dialect, and it goes to the interpreter.
 #pragma once
 
+#include "publisher/DialectPictures.h"
+
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -26,15 +28,17 @@ struct DialectFont {
 
 struct DialectPage {
     std::vector<DialectFont> fonts;
-    std::string content; ///< the page's content stream
+    std::vector<DialectPicture> pictures; ///< the body calls them I1, I2, …
+    std::string content;                  ///< the page's content stream
 };
 
 /// The page that `file` holds; nothing when it isn't in the dialect.
 std::optional<DialectPage> ReadDialectPage(std::string_view file);
 
 /// The content stream of a body: its operators are checked and text blocks are put between q and Q, as the dialect's BT
-/// and ET save and restore the graphics state. Nothing when the body holds anything else.
-std::optional<std::string> TranslateDialectBody(std::string_view body);
+/// and ET save and restore the graphics state. Nothing when the body holds anything else, also when it shows another
+/// picture than those from I1 to I`pictures`.
+std::optional<std::string> TranslateDialectBody(std::string_view body, std::size_t pictures = 0);
 
 /// The fonts defined in `setup`, one resource after the other; nothing when it holds anything else.
 std::optional<std::vector<DialectFont>> ReadDialectFonts(std::string_view setup);

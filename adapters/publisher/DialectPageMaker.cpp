@@ -54,18 +54,20 @@ public:
     {
         QPDF pdf;
         pdf.emptyPDF();
+        DialectPictureObjects pictures(pdf);
         bool ours = DialectRespects(jobOptions);
         for (std::size_t i = 0; i < pages.size() && ours; ++i) {
-            ours = AddPage(pdf, pages[i]);
+            ours = AddPage(pdf, pages[i], jobOptions, pictures);
         }
         return ours ? MadePages{{}, Written(pdf)} : m_others->MakePages(pages, jobOptions, folder);
     }
 
 private:
-    static bool AddPage(QPDF& pdf, const PageSource& source)
+    static bool AddPage(QPDF& pdf, const PageSource& source, const std::string& jobOptions,
+                        DialectPictureObjects& pictures)
     {
         auto page = ReadDialectPage(MappedFile(source.psPath).Bytes());
-        if (!page) {
+        if (!page || !JobOptionsKeepPictures(jobOptions, page->pictures)) {
             return false;
         }
         auto fonts = QPDFObjectHandle::newDictionary();
@@ -82,6 +84,9 @@ private:
             "/MediaBox", QPDFObjectHandle::newArray({zero, zero, QPDFObjectHandle::newReal(NumberText(source.width)),
                                                      QPDFObjectHandle::newReal(NumberText(source.height))}));
         dictionary.getKey("/Resources").replaceKey("/Font", fonts);
+        if (!page->pictures.empty()) {
+            dictionary.getKey("/Resources").replaceKey("/XObject", pictures.Resources(page->pictures));
+        }
         dictionary.replaceKey("/Contents", pdf.newStream(page->content));
         QPDFPageDocumentHelper(pdf).addPage(QPDFPageObjectHelper(pdf.makeIndirectObject(dictionary)), false);
         return true;

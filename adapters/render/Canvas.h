@@ -1,12 +1,13 @@
 // The seam between what an entity means and how it is written: finished 2-D shapes on a sheet of paper.
 //
-// Coordinates are millimetres on the sheet, from its lower-left corner, x to the right, y up. Colours are 0xRRGGBB as they
-// shall appear on white paper. Line types are already cut into dashes, lineweights are millimetres, clips are nested.
-// A back end must write Stroke, Fill, Text, PushClip and PopClip; the rest have fallbacks. Calls between BeginEntity and
-// EndEntity belong to one entity of the drawing.
+// Coordinates are millimetres on the sheet, from its lower-left corner, x to the right, y up. Colours are 0xRRGGBB as
+// they shall appear on white paper. Line types are already cut into dashes, lineweights are millimetres, clips are
+// nested. A back end must write Stroke, Fill, Text, PushClip and PopClip; the rest have fallbacks. Calls between
+// BeginEntity and EndEntity belong to one entity of the drawing.
 #pragma once
 
 #include "render/Matrix.h"
+#include "render/Picture.h"
 
 #include <cstdint>
 #include <string>
@@ -23,10 +24,22 @@ enum class Verb : std::uint8_t { Move, Line, Cubic, Close }; ///< Move and Line 
 struct Path {
     std::vector<Verb> verbs;
     std::vector<Vec2> points;
-    void Clear() { verbs.clear(); points.clear(); }
+    void Clear()
+    {
+        verbs.clear();
+        points.clear();
+    }
     [[nodiscard]] bool Empty() const { return verbs.empty(); }
-    void MoveTo(Vec2 p) { verbs.push_back(Verb::Move); points.push_back(p); }
-    void LineTo(Vec2 p) { verbs.push_back(Verb::Line); points.push_back(p); }
+    void MoveTo(Vec2 p)
+    {
+        verbs.push_back(Verb::Move);
+        points.push_back(p);
+    }
+    void LineTo(Vec2 p)
+    {
+        verbs.push_back(Verb::Line);
+        points.push_back(p);
+    }
     void CubicTo(Vec2 c1, Vec2 c2, Vec2 p)
     {
         verbs.push_back(Verb::Cubic);
@@ -79,6 +92,8 @@ public:
     virtual void Stroke(const Path& path, const StrokeStyle& style) = 0;
     virtual void Fill(const Path& path, std::uint32_t color, FillRule rule) = 0;
     virtual void Text(const TextRun& run) = 0;
+    /// `toPaper` maps the unit square, the picture's first row at its top, to the sheet. `color`: of a mask's paint.
+    virtual void Image(const Picture& /*picture*/, const Matrix2& /*toPaper*/, std::uint32_t /*color*/) {}
 };
 
 } // namespace sm::render

@@ -25,6 +25,28 @@ TEST(DialectBody, BecomesAContentStream)
         EXPECT_EQ(TranslateDialectBody(row.body).value_or("(refused)"), row.content) << row.name;
 }
 
+TEST(DialectBody, ShowsOnlyPicturesOfItsPage)
+{
+    const struct {
+        const char *name, *body;
+        std::size_t pictures;
+        bool taken;
+    } rows[] = {
+        {"the page's picture", "q 5 0 0 5 1 2 cm\n/I1 Do\nQ", 1, true},
+        {"the second of two", "/I2 Do", 2, true},
+        {"none there", "/I1 Do", 0, false},
+        {"one too far", "/I3 Do", 2, false},
+        {"number nought", "/I0 Do", 2, false},
+        {"a number with a nought before it", "/I01 Do", 2, false},
+        {"a font as a picture", "/F1 Do", 2, false},
+        {"a picture as a font", "BT /I1 1 Tf ET", 2, false},
+        {"a number as a picture", "1 Do", 2, false},
+        {"no operand", "Do", 2, false},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(TranslateDialectBody(row.body, row.pictures).has_value(), row.taken) << row.name;
+}
+
 TEST(DialectBody, RefusesEverythingElse)
 {
     const std::pair<const char*, const char*> rows[] = {
