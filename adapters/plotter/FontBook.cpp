@@ -40,6 +40,33 @@ GlyphCode FontBook::Invisible(std::int32_t advance, std::string_view text)
     return Find(nullptr, m_families[nullptr], static_cast<std::uint32_t>(advance), text);
 }
 
+std::optional<std::size_t> FontBook::CutNumber(const render::FontFace& face, const StrokeCut& cut)
+{
+    if (m_lastCut < m_cuts.size() && m_cuts[m_lastCut].face == &face && m_cuts[m_lastCut].family.cut == cut) {
+        return m_lastCut;
+    }
+    const auto known = m_cutNumbers.find({&face, cut});
+    if (known == m_cutNumbers.end() && m_cuts.size() >= kMostCuts) {
+        return std::nullopt;
+    }
+    if (known != m_cutNumbers.end()) {
+        return m_lastCut = known->second;
+    }
+    m_cuts.emplace_back().face = &face;
+    m_cuts.back().family.cut = cut;
+    return m_lastCut = m_cutNumbers[{&face, cut}] = m_cuts.size() - 1;
+}
+
+GlyphCode FontBook::Stroked(std::size_t cut, std::uint32_t glyph, std::string_view text)
+{
+    return Find(m_cuts[cut].face, m_cuts[cut].family, glyph, text);
+}
+
+double FontBook::StrokedAdvance(std::size_t cut, std::uint32_t glyph) const
+{
+    return plotter::StrokedAdvance(*m_cuts[cut].face, m_cuts[cut].family.cut, glyph) / 1000;
+}
+
 GlyphCode FontBook::Find(const render::FontFace* face, Family& family, std::uint32_t id, std::string_view text)
 {
     if (const std::uint32_t character = SingleCharacter(text); character != 0) {
@@ -60,6 +87,7 @@ GlyphCode FontBook::Add(const render::FontFace* face, Family& family, std::uint3
 {
     if (family.open == 0 || m_fonts[family.open - 1U].glyphs.size() >= kGlyphsPerFont) {
         m_fonts.emplace_back().face = face;
+        m_fonts.back().cut = family.cut;
         family.open = static_cast<std::uint16_t>(m_fonts.size());
     }
     Font& font = m_fonts[family.open - 1U];
@@ -102,7 +130,9 @@ std::string FontBook::Definition(const Font& font, std::size_t number)
         glyphs.push_back({glyph.code, glyph.id, glyph.text});
     }
     const std::string name = "F" + std::to_string(number);
-    return font.face != nullptr ? VisibleFont(name, *font.face, glyphs) : InvisibleFont(name, glyphs);
+    return font.face == nullptr     ? InvisibleFont(name, glyphs)
+           : font.face->IsStroked() ? StrokedFont(name, *font.face, font.cut, glyphs)
+                                    : VisibleFont(name, *font.face, glyphs);
 }
 
 } // namespace sm::plotter

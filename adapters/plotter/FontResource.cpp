@@ -1,5 +1,6 @@
 #include "plotter/FontResource.h"
 
+#include "plotter/PsNumber.h"
 #include "plotter/TrueTypeSubset.h"
 
 #include <set>
@@ -90,10 +91,66 @@ void PutSfnts(std::string& out, const std::vector<std::string>& strings)
     out += "]def\n";
 }
 
-std::string Opening(const std::string& name, const char* type)
+std::string Opening(const std::string& name, const char* type, const char* scale = "1")
 {
     return "%%BeginResource: font " + name + "\n13 dict begin/FontType " + type + " def/FontName/" + name +
-           " def/FontMatrix[1 0 0 1 0 0]def\n";
+           " def/FontMatrix[" + scale + " 0 0 " + scale + " 0 0]def\n";
+}
+
+void PutThousandths(std::string& out, double value)
+{
+    char room[kNumberRoom];
+    out.append(room, PutDecimal(room, value, 1));
+    out += ' ';
+}
+
+void PutBox(std::string& out, const render::Box2& box)
+{
+    const bool empty = box.Empty();
+    for (const double edge : {box.min.x, box.min.y, box.max.x, box.max.y}) {
+        PutThousandths(out, empty ? 0 : edge);
+    }
+}
+
+void PutStrokes(std::string& out, const render::Path& path)
+{
+    const render::Vec2* point = path.points.data();
+    for (const render::Verb verb : path.verbs) {
+        const int count = verb == render::Verb::Cubic ? 3 : verb == render::Verb::Close ? 0 : 1;
+        for (int i = 0; i < count; ++i, ++point) {
+            PutThousandths(out, point->x);
+            PutThousandths(out, point->y);
+        }
+        out += verb == render::Verb::Move ? "m\n" : verb == render::Verb::Line ? "l\n" : count > 0 ? "c\n" : "h\n";
+    }
+}
+
+/// A glyph's procedure, which is a PDF content stream as well; `box` grows by its ink.
+std::string GlyphProcedure(const render::FontFace& face, const StrokeCut& cut, std::uint32_t glyph, render::Box2& box)
+{
+    render::Path path;
+    face.Outline(glyph, path);
+    render::Box2 ink;
+    const double half = 500 * cut.pen + 1;
+    for (render::Vec2& p : path.points) {
+        p = {1000 * (cut.width * p.x + cut.shear * p.y), 1000 * p.y};
+        ink.Add(render::Vec2{std::floor(p.x - half), std::floor(p.y - half)});
+        ink.Add(render::Vec2{std::ceil(p.x + half), std::ceil(p.y + half)});
+    }
+    std::string out;
+    PutThousandths(out, StrokedAdvance(face, cut, glyph));
+    out += "0 ";
+    PutBox(out, ink);
+    out += "d1\n";
+    if (!path.Empty()) {
+        box.Add(ink.min);
+        box.Add(ink.max);
+        PutThousandths(out, 1000 * cut.pen);
+        out += "w\n1 J\n1 j\n";
+        PutStrokes(out, path);
+        out += "S\n";
+    }
+    return out;
 }
 
 } // namespace
@@ -116,6 +173,34 @@ std::string VisibleFont(const std::string& name, const render::FontFace& face, c
     out += "end def\n";
     PutSfnts(out, MakeTrueTypeSubset(face, ids));
     return out + "FontName currentdict end definefont pop\n%%EndResource\n";
+}
+
+double StrokedAdvance(const render::FontFace& face, const StrokeCut& cut, std::uint32_t glyph)
+{
+    const double em = static_cast<double>(face.Advance(glyph)) / face.UnitsPerEm();
+    return std::round(cut.width * em * 10000) / 10;
+}
+
+std::string StrokedFont(const std::string& name, const render::FontFace& face, const StrokeCut& cut,
+                        const std::vector<FontGlyph>& glyphs)
+{
+    const std::vector<std::string> names = GlyphNames(glyphs);
+    render::Box2 box;
+    std::string procedures;
+    for (std::size_t i = 0; i < glyphs.size(); ++i) {
+        procedures += "/" + names[i] + "{" + GlyphProcedure(face, cut, glyphs[i].id, box) + "}bind def\n";
+    }
+    std::string out = Opening(name, "3", ".001");
+    out.insert(out.find('\n') + 1, "% " + face.Name() + "\n");
+    out += "/FontBBox[";
+    PutBox(out, box);
+    out += "]def\n";
+    PutCommon(out, glyphs, names);
+    out += "/CharProcs " + std::to_string(glyphs.size() + 1) + " dict dup begin/.notdef{0 0 0 0 0 0 d1}bind def\n";
+    out += procedures;
+    return out + "end def\n/BuildGlyph{exch/CharProcs get exch get exec}bind def\n"
+                 "/BuildChar{1 index/Encoding get exch get 1 index/BuildGlyph get exec}bind def\n"
+                 "FontName currentdict end definefont pop\n%%EndResource\n";
 }
 
 std::string InvisibleFont(const std::string& name, const std::vector<FontGlyph>& glyphs)

@@ -4,6 +4,7 @@
 // UTF-16, from which the distiller makes the PDF's ToUnicode map.
 #pragma once
 
+#include "plotter/StrokeCut.h"
 #include "render/FontFace.h"
 
 #include <cstdint>
@@ -20,6 +21,11 @@ struct FontGlyph {
 
 /// A Type 42 font with just these glyphs.
 std::string VisibleFont(const std::string& name, const render::FontFace& face, const std::vector<FontGlyph>& glyphs);
+/// A Type 3 font whose glyphs are drawn with a pen in the colour of the text.
+std::string StrokedFont(const std::string& name, const render::FontFace& face, const StrokeCut& cut,
+                        const std::vector<FontGlyph>& glyphs);
+/// Advance of a cut's glyph in thousandths of its em, rounded as StrokedFont writes it.
+double StrokedAdvance(const render::FontFace& face, const StrokeCut& cut, std::uint32_t glyph);
 /// A Type 3 font that paints nothing and moves on.
 std::string InvisibleFont(const std::string& name, const std::vector<FontGlyph>& glyphs);
 

@@ -43,8 +43,10 @@ dup/Space get dup null eq{pop imagemask}{setcolorspace image}ifelse}bind def
 /Tr/pop load def
 /Tf/selectfont load def
 /Tm{6 array astore concat 0 0 moveto}bind def
+/Td/moveto load def
 /Tj/show load def
 /TJ{{dup type/stringtype eq{show}{-.001 mul 0 rmoveto}ifelse}forall}bind def
+/d1/setcachedevice load def
 %%EndResource
 )";
 

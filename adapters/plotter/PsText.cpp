@@ -1,5 +1,8 @@
+#include "plotter/PenWidth.h"
 #include "plotter/PsNumber.h"
 #include "plotter/PsWriter.h"
+
+#include <algorithm>
 
 namespace sm::plotter {
 
@@ -34,19 +37,31 @@ std::string_view TextOf(const render::TextRun& run, std::size_t i)
 
 } // namespace
 
-void PsWriter::WriteMatrix(const render::Matrix2& m)
+void PsWriter::WritePlace(std::uint16_t font, const render::Matrix2& m, bool moved)
 {
-    for (const double value : {m.a, m.b, m.c, m.d}) {
-        WriteNumber(value * m_dots, 3);
-    }
+    // Glyphs are moved by parts of the size 1 alone, see the procedure TJ.
+    const double size = m.a * m_dots;
+    const bool upright = !moved && m.a == m.d && m.a > 0 && m.b == 0 && m.c == 0;
     const Dot origin = ToDots({m.e, m.f});
+    m_body.Append("/F");
+    WriteNumber(font, 1);
+    WriteNumber(upright ? size : 1, 3);
+    Write("Tf");
+    if (!upright) {
+        for (const double value : {m.a, m.b, m.c, m.d}) {
+            WriteNumber(value * m_dots, 3);
+        }
+    }
     WriteNumber(origin.x, 1);
     WriteNumber(origin.y, 1);
-    Write("Tm");
+    Write(upright ? "Td" : "Tm");
 }
 
 double PsWriter::AdvanceOf(const render::TextRun& run, std::size_t i) const
 {
+    if (m_cut) {
+        return m_fonts.StrokedAdvance(*m_cut, run.glyphs[i]);
+    }
     if (run.font != nullptr) {
         return static_cast<double>(run.font->Advance(run.glyphs[i])) / run.font->UnitsPerEm();
     }
@@ -56,72 +71,144 @@ double PsWriter::AdvanceOf(const render::TextRun& run, std::size_t i) const
 
 GlyphCode PsWriter::CodeOf(const render::TextRun& run, std::size_t i)
 {
+    if (m_cut) {
+        return m_fonts.Stroked(*m_cut, run.glyphs[i], TextOf(run, i));
+    }
     if (run.font != nullptr) {
         return m_fonts.Visible(*run.font, run.glyphs[i], TextOf(run, i));
     }
     return m_fonts.Invisible(static_cast<std::int32_t>(std::lround(AdvanceOf(run, i) * 1000)), TextOf(run, i));
 }
 
-std::size_t PsWriter::WriteGlyphs(const render::TextRun& run, std::size_t from, std::size_t to)
+void PsWriter::PutString(std::string_view codes)
 {
     constexpr char kDigits[] = "0123456789ABCDEF";
-    const GlyphCode first = CodeOf(run, from);
+    const bool plain = std::all_of(codes.begin(), codes.end(),
+                                   [](char c) { return c >= 32 && c < 127 && c != '(' && c != ')' && c != '\\'; });
+    if (plain) {
+        m_shown += '(';
+        m_shown += codes;
+        m_shown += ')';
+        return;
+    }
+    m_shown += '<';
+    for (const char c : codes) {
+        m_shown += kDigits[static_cast<unsigned char>(c) >> 4];
+        m_shown += kDigits[static_cast<unsigned char>(c) & 0xF];
+    }
+    m_shown += '>';
+}
+
+std::size_t PsWriter::WriteGlyphs(const render::TextRun& run, std::size_t from, std::size_t to)
+{
+    const std::uint16_t font = CodeOf(run, from).font;
     bool moved = false;
-    m_hex.assign(1, '<');
+    m_codes.clear();
+    m_shown.clear();
     double pen = run.positions[from].x;
     std::size_t i = from;
-    for (; i < to; ++i) {
+    for (; i < to && i - from < kLongPiece; ++i) {
         const GlyphCode glyph = CodeOf(run, i);
-        const double gap = run.positions[i].x - pen;
-        if (glyph.font != first.font || i - from >= kLongPiece) {
+        if (glyph.font != font) {
             break;
         }
-        if (std::fabs(gap) > kSamePlace) {
+        if (const double gap = run.positions[i].x - pen; std::fabs(gap) > kSamePlace) {
             char number[kNumberRoom];
-            m_hex += '>';
-            m_hex.append(number, PutDecimal(number, -1000 * gap, 1));
-            m_hex += '<';
+            PutString(m_codes);
+            m_codes.clear();
+            m_shown.append(number, PutDecimal(number, -1000 * gap, 1));
             moved = true;
             pen = run.positions[i].x;
         }
-        m_hex += kDigits[glyph.code >> 4];
-        m_hex += kDigits[glyph.code & 0xF];
+        m_codes += static_cast<char>(glyph.code);
         pen += AdvanceOf(run, i);
     }
-    m_hex += '>';
-    m_body.Append("/F" + std::to_string(first.font) + " 1 Tf\n");
+    PutString(m_codes);
     render::Matrix2 place = run.toPaper;
     const render::Vec2 origin = run.toPaper.Apply(run.positions[from]);
     place.e = origin.x;
     place.f = origin.y;
-    WriteMatrix(place);
+    WritePlace(font, place, moved);
     m_body.Append(moved ? "[" : "");
-    m_body.Append(m_hex);
+    m_body.Append(m_shown);
     m_body.Append(moved ? "] TJ\n" : " Tj\n");
     return i;
 }
 
 void PsWriter::WriteRun(const render::TextRun& run, std::size_t from, std::size_t to)
 {
+    const bool hidden = run.invisible || run.font == nullptr;
     while (from < to) {
-        m_body.Append(run.invisible || run.font == nullptr ? "BT\n3 Tr\n" : "BT\n");
+        m_body.Append(hidden ? "q\nBT\n3 Tr\n" : "BT\n");
         from = WriteGlyphs(run, from, to);
-        Write("ET");
+        m_body.Append(hidden ? "ET\nQ\n" : "ET\n");
     }
+}
+
+/// Puts the run on a cut of its stroked font, as `m_cutRun` and `m_cut`; false where that can't be.
+bool PsWriter::CutRun(const render::TextRun& run)
+{
+    const double pen = std::max(run.penWidth > 0 ? run.penWidth : kThinnestPen, 1 / m_dots);
+    const auto text = CutOf(run.toPaper, pen);
+    m_cut = text ? m_fonts.CutNumber(*run.font, text->cut) : std::nullopt;
+    if (!m_cut) {
+        return false;
+    }
+    m_cutRun = run;
+    m_cutRun.toPaper = text->toPaper;
+    for (render::Vec2& p : m_cutRun.positions) {
+        p = {text->width * p.x + text->shear * p.y, p.y};
+    }
+    return true;
+}
+
+/// Draws the glyphs of a stroked font as lines, and leaves text that is found but doesn't show.
+void PsWriter::TextAsPaths(const render::TextRun& run)
+{
+    m_strokes.Clear();
+    for (std::size_t i = 0; i < std::min(run.glyphs.size(), run.positions.size()); ++i) {
+        run.font->Outline(run.glyphs[i], m_glyph);
+        m_strokes.verbs.insert(m_strokes.verbs.end(), m_glyph.verbs.begin(), m_glyph.verbs.end());
+        for (const render::Vec2 p : m_glyph.points) {
+            m_strokes.points.push_back(run.toPaper.Apply(p + run.positions[i]));
+        }
+    }
+    Stroke(m_strokes, {run.color, run.penWidth, render::LineCap::Round, render::LineJoin::Round});
+    m_cutRun = run;
+    m_cutRun.font = nullptr;
+    m_cutRun.invisible = true;
+    WritePieces(m_cutRun, m_cutRun.positions.size());
 }
 
 void PsWriter::Text(const render::TextRun& run)
 {
     const std::size_t count =
         run.font == nullptr ? run.positions.size() : std::min(run.glyphs.size(), run.positions.size());
+    m_cut.reset();
+    if (run.font == nullptr || run.invisible || !run.font->IsStroked()) {
+        WritePieces(run, count);
+    } else if (CutRun(run)) {
+        WritePieces(m_cutRun, count);
+        m_cut.reset();
+    } else {
+        TextAsPaths(run);
+    }
+}
+
+/// A piece on one base line at a time.
+void PsWriter::WritePieces(const render::TextRun& run, std::size_t count)
+{
     if (count == 0) {
         return;
     }
     EndStroke();
-    if (!run.invisible) {
+    if (!run.invisible && run.font != nullptr) {
         SetColor(run.color, false);
+        if (m_cut) { // glyphs that are drawn take the colour of lines in some viewers
+            SetColor(run.color, true);
+        }
     }
-    for (std::size_t from = 0; from < count;) { // a piece on one base line at a time
+    for (std::size_t from = 0; from < count;) {
         std::size_t to = from + 1;
         while (to < count && std::fabs(run.positions[to].y - run.positions[from].y) <= kSamePlace) {
             ++to;

@@ -1,5 +1,6 @@
 #include "plotter/PsWriter.h"
 
+#include "plotter/PenWidth.h"
 #include "plotter/PsNumber.h"
 
 #include <algorithm>
@@ -11,8 +12,6 @@ namespace {
 
 /// Interpreters keep device coordinates in 24 bits; what lies further off the sheet is moved to here.
 constexpr double kFarthest = 4e6;
-/// The thinnest line that shows on screens and printers alike, millimetres.
-constexpr double kThinnest = 0.06;
 /// Segments after which a stroke is painted though more of the same pen follow.
 constexpr std::size_t kLongStroke = 500;
 
@@ -82,11 +81,11 @@ void PsWriter::WriteNumber(double value, int digits)
 void PsWriter::SetColor(std::uint32_t color, bool strokes)
 {
     // PostScript has one colour where PDF has two: one of them is written whenever either reading needs it.
-    if (m_state.color == color && m_state.colorStrokes == strokes) {
+    std::uint32_t& inPdf = strokes ? m_state.stroke : m_state.fill;
+    if (m_state.color == color && inPdf == color) {
         return;
     }
-    m_state.color = color;
-    m_state.colorStrokes = strokes;
+    m_state.color = inPdf = color;
     const std::uint32_t red = color >> 16 & 0xFF, green = color >> 8 & 0xFF, blue = color & 0xFF;
     WriteNumber(red / 255.0, 3);
     if (red == green && green == blue) {
@@ -101,7 +100,7 @@ void PsWriter::SetColor(std::uint32_t color, bool strokes)
 void PsWriter::SetPen(const render::StrokeStyle& style)
 {
     SetColor(style.color, true);
-    const double width = std::max(style.width > 0 ? style.width : kThinnest, 1 / m_dots) * m_dots;
+    const double width = std::max(style.width > 0 ? style.width : kThinnestPen, 1 / m_dots) * m_dots;
     if (m_state.width != width) {
         m_state.width = width;
         WriteNumber(width, 2);

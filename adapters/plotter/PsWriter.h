@@ -4,7 +4,10 @@
 //   x y m   x y l   x1 y1 x2 y2 x3 y3 c   h   S  f  f*  q  Q  W  W*  n
 //   width w   cap J   join j   gray G|g   r g b RG|rg
 //   q a b c d e f cm /In Do Q
-//   BT /Fn 1 Tf a b c d e f Tm <hex> Tj [<hex> n <hex>] TJ ET   (with 3 Tr before Tf for text that doesn't show)
+//   BT /Fn size Tf x y Td (text) Tj ET              upright text
+//   BT /Fn 1 Tf a b c d e f Tm (text) Tj ET         any other; [(text) n (text)] TJ where glyphs are moved
+//   q BT 3 Tr ... ET Q                              text that doesn't show
+// Strings are in parentheses where all their bytes are plain ASCII, else <hexadecimal>.
 #pragma once
 
 #include "plotter/BodyText.h"
@@ -12,7 +15,9 @@
 #include "plotter/PsPictures.h"
 #include "render/Canvas.h"
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace sm::plotter {
@@ -50,8 +55,8 @@ private:
     struct State {
         double width = -1;
         int cap = -1, join = -1;
-        std::uint32_t color = kNoColor;
-        bool colorStrokes = false; ///< the colour was set for stroking, not for filling
+        std::uint32_t color = kNoColor;                   ///< as PostScript has it, for both
+        std::uint32_t stroke = kNoColor, fill = kNoColor; ///< as PDF has them
     };
     static constexpr std::uint32_t kNoColor = 0xFFFFFFFF;
 
@@ -71,9 +76,13 @@ private:
     void Close();
     void EndSubPath();
     void WriteRun(const render::TextRun& run, std::size_t from, std::size_t to);
-    void WriteMatrix(const render::Matrix2& m);
+    void WritePlace(std::uint16_t font, const render::Matrix2& m, bool moved);
     std::size_t WriteGlyphs(const render::TextRun& run, std::size_t from, std::size_t to);
     GlyphCode CodeOf(const render::TextRun& run, std::size_t i);
+    void PutString(std::string_view codes);
+    bool CutRun(const render::TextRun& run);
+    void TextAsPaths(const render::TextRun& run);
+    void WritePieces(const render::TextRun& run, std::size_t count);
     double AdvanceOf(const render::TextRun& run, std::size_t i) const;
 
     BodyText m_body;
@@ -84,8 +93,11 @@ private:
     std::vector<State> m_saved;
     render::StrokeStyle m_pen; ///< of the open stroke
     Pencil m_pencil;
-    std::size_t m_openSegments = 0; ///< of the open stroke; 0: none is open
-    std::string m_hex;
+    std::size_t m_openSegments = 0;   ///< of the open stroke; 0: none is open
+    std::string m_codes, m_shown;     ///< of the string being written; what is shown so far
+    std::optional<std::size_t> m_cut; ///< of the stroked font in use
+    render::TextRun m_cutRun;
+    render::Path m_glyph, m_strokes;
 };
 
 } // namespace sm::plotter

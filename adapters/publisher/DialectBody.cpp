@@ -1,5 +1,6 @@
 #include "publisher/DialectPage.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -7,180 +8,246 @@ namespace sm::publisher {
 
 namespace {
 
-struct Operator {
-    std::string_view name;
-    std::int32_t operands;
-};
+enum class Sign : std::uint8_t { Other, Blank, Number, Letter };
 
-constexpr std::array kOperators{
-    Operator{"m", 2},  Operator{"l", 2},  Operator{"c", 6},  Operator{"h", 0},  Operator{"S", 0},  Operator{"f", 0},
-    Operator{"f*", 0}, Operator{"q", 0},  Operator{"Q", 0},  Operator{"W", 0},  Operator{"W*", 0}, Operator{"n", 0},
-    Operator{"cm", 6}, Operator{"w", 1},  Operator{"J", 1},  Operator{"j", 1},  Operator{"M", 1},  Operator{"g", 1},
-    Operator{"G", 1},  Operator{"rg", 3}, Operator{"RG", 3}, Operator{"BT", 0}, Operator{"ET", 0}, Operator{"Tr", 1},
-    Operator{"Tf", 2}, Operator{"Tm", 6}, Operator{"Tj", 1}, Operator{"TJ", 1}, Operator{"Do", 1}};
+/// What each byte is part of.
+constexpr std::array<Sign, 256> kSigns = [] {
+    std::array<Sign, 256> signs{};
+    for (const char c : {' ', '\n'}) {
+        signs[static_cast<unsigned char>(c)] = Sign::Blank;
+    }
+    for (const char c : {'0', '1', '2', '3', '4', '5', '6', '7', '8', '9', '.', '-'}) {
+        signs[static_cast<unsigned char>(c)] = Sign::Number;
+    }
+    for (int c = 'A'; c <= 'Z'; ++c) {
+        signs[static_cast<std::size_t>(c)] = signs[static_cast<std::size_t>(c) + 32] = Sign::Letter;
+    }
+    signs['*'] = Sign::Letter;
+    return signs;
+}();
 
-bool IsBlank(char c)
+Sign SignOf(char c)
 {
-    return c == ' ' || c == '\n';
+    return kSigns[static_cast<unsigned char>(c)];
 }
 
-bool IsNumberPart(char c)
+constexpr std::uint32_t Code(char first, char second = 0)
 {
-    return (c >= '0' && c <= '9') || c == '.' || c == '-';
+    return static_cast<std::uint32_t>(first) << 8 | static_cast<std::uint32_t>(second);
 }
 
-bool IsHexDigit(char c)
-{
-    return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
-}
+/// Where a text block stands: its operators come once each and in this order.
+enum class TextStep : std::uint8_t { None, Begun, Hidden, Font, Placed, Turned, Shown };
 
-bool IsLetter(char c)
-{
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '*';
-}
-
-/// Walks the tokens of a body and copies it with its text blocks wrapped.
-class BodyReader {
+/// Walks the tokens of a body.
+class BodyChecker {
 public:
-    BodyReader(std::string_view body, std::size_t pictures) : m_body(body), m_pictures(pictures)
+    BodyChecker(std::string_view body, std::size_t pictures)
+        : m_at(body.data()), m_end(body.data() + body.size()), m_pictures(pictures)
     {
-        m_out.reserve(body.size() + body.size() / 64 + 64);
     }
 
-    bool Read()
+    std::optional<BodyFacts> Check()
     {
-        while (m_at < m_body.size()) {
-            if (IsBlank(m_body[m_at])) {
+        while (m_at != m_end) {
+            if (SignOf(*m_at) == Sign::Blank) {
                 ++m_at;
-            } else if (!ReadToken()) {
-                return false;
+            } else if (!Token()) {
+                return std::nullopt;
             }
         }
-        m_out.append(m_body.substr(m_copied));
-        return m_operands == 0 && m_depth == 0 && !m_inText;
+        const bool complete = m_operands == 0 && m_step == TextStep::None && !m_mustRestore;
+        return complete ? std::optional(m_facts) : std::nullopt;
     }
-    std::string Take() { return std::move(m_out); }
 
 private:
-    bool ReadToken()
+    bool Token()
     {
-        const char c = m_body[m_at];
-        if (IsNumberPart(c)) {
-            Skip(IsNumberPart);
+        switch (SignOf(*m_at)) {
+        case Sign::Number:
+            Skip(Sign::Number);
             ++m_operands;
             return true;
+        case Sign::Letter:
+            return Operator();
+        default:
+            ++m_operands;
+            return *m_at == '/' ? Name() : *m_at == '[' ? Array() : String();
         }
-        if (IsLetter(c)) {
-            return ReadOperator();
-        }
-        ++m_operands;
-        return c == '/' ? ReadName() : c == '<' ? ReadString() : c == '[' && ReadArray();
     }
 
-    template <class Test> void Skip(Test test)
+    void Skip(Sign sign)
     {
-        while (m_at < m_body.size() && test(m_body[m_at])) {
+        while (m_at != m_end && SignOf(*m_at) == sign) {
             ++m_at;
         }
     }
 
-    bool ReadOperator()
+    bool Operator()
     {
-        const std::size_t begin = m_at;
-        Skip(IsLetter);
-        const std::string_view name = m_body.substr(begin, m_at - begin);
-        for (const Operator& known : kOperators) {
-            if (known.name == name) {
-                const bool right = known.operands == m_operands && m_namesPicture == (name == "Do");
-                m_operands = 0;
-                m_namesPicture = false;
-                return right && Nest(name, begin);
-            }
+        const char* begin = m_at;
+        Skip(Sign::Letter);
+        const std::ptrdiff_t length = m_at - begin;
+        const std::uint32_t code = Code(begin[0], length > 1 ? begin[1] : '\0');
+        if (length > 2 || (m_mustRestore && code != Code('Q'))) {
+            return false;
         }
-        return false;
+        const bool named = m_namesPicture == (code == Code('D', 'o'));
+        const bool right = m_step == TextStep::None ? OutsideText(code) : InText(code);
+        m_operands = 0;
+        m_namesPicture = false;
+        m_last = code;
+        return right && named;
     }
 
-    bool Nest(std::string_view name, std::size_t begin)
+    /// Operators of lines, fills and clips.
+    bool OutsideText(std::uint32_t code)
     {
-        if (name == "q") {
-            ++m_depth;
-        } else if (name == "Q") {
-            return --m_depth >= 0;
-        } else if (name == "BT" || name == "ET") {
-            if (m_inText == (name == "BT")) {
-                return false;
-            }
-            m_inText = !m_inText;
-            m_out.append(m_body.substr(m_copied, begin - m_copied)).append(m_inText ? "q BT" : "ET Q");
-            m_copied = m_at;
+        switch (code) {
+        case Code('m'):
+        case Code('l'):
+            return m_operands == 2;
+        case Code('c'):
+        case Code('c', 'm'):
+            return m_operands == 6;
+        case Code('R', 'G'):
+        case Code('r', 'g'):
+            return m_operands == 3;
+        case Code('w'):
+        case Code('J'):
+        case Code('j'):
+        case Code('M'):
+        case Code('g'):
+        case Code('G'):
+        case Code('D', 'o'):
+            return m_operands == 1;
+        case Code('B', 'T'):
+            m_step = TextStep::Begun;
+            m_beforeText = m_last;
+            return m_operands == 0;
+        case Code('q'):
+            ++m_facts.depth;
+            return m_operands == 0;
+        case Code('Q'):
+            m_mustRestore = false;
+            m_facts.lowest = std::min(m_facts.lowest, --m_facts.depth);
+            return m_operands == 0;
+        case Code('h'):
+        case Code('S'):
+        case Code('f'):
+        case Code('f', '*'):
+        case Code('W'):
+        case Code('W', '*'):
+        case Code('n'):
+            return m_operands == 0;
+        default:
+            return false;
         }
-        return true;
+    }
+
+    bool Step(std::uint32_t operands, bool inOrder, TextStep next)
+    {
+        m_step = next;
+        return inOrder && m_operands == operands;
+    }
+
+    bool InText(std::uint32_t code)
+    {
+        const TextStep now = m_step;
+        switch (code) {
+        case Code('T', 'r'): // lasts to the next Q, which has to follow the text
+            m_hidden = true;
+            return Step(1, now == TextStep::Begun && m_beforeText == Code('q'), TextStep::Hidden);
+        case Code('T', 'f'):
+            return Step(2, now == TextStep::Begun || now == TextStep::Hidden, TextStep::Font);
+        case Code('T', 'd'):
+            return Step(2, now == TextStep::Font, TextStep::Placed);
+        case Code('T', 'm'):
+            return Step(6, now == TextStep::Font, TextStep::Turned);
+        case Code('T', 'j'):
+            return Step(1, now == TextStep::Placed || now == TextStep::Turned, TextStep::Shown);
+        case Code('T', 'J'):
+            return Step(1, now == TextStep::Turned, TextStep::Shown);
+        case Code('E', 'T'):
+            m_mustRestore = m_hidden;
+            m_hidden = false;
+            return Step(0, now == TextStep::Shown, TextStep::None);
+        default:
+            return false;
+        }
     }
 
     /// "/F12", or "/I3" for one of the page's pictures.
-    bool ReadName()
+    bool Name()
     {
-        const char kind = m_at + 1 < m_body.size() ? m_body[m_at + 1] : ' ';
+        const char kind = m_end - m_at > 1 ? m_at[1] : ' ';
         if (kind != 'F' && kind != 'I') {
             return false;
         }
         m_at += 2;
-        const std::size_t begin = m_at;
-        Skip([](char c) { return c >= '0' && c <= '9'; });
-        if (m_at == begin || m_at - begin >= 6) {
+        std::size_t number = 0;
+        const auto [end, error] = std::from_chars(m_at, m_end, number);
+        if (error != std::errc() || end - m_at >= 6) {
             return false;
         }
-        std::size_t number = 0;
-        std::from_chars(m_body.data() + begin, m_body.data() + m_at, number);
         m_namesPicture = kind == 'I';
-        return kind == 'F' || (m_operands == 1 && number > 0 && number <= m_pictures && m_body[begin] != '0');
+        const bool there = m_operands == 1 && number > 0 && number <= m_pictures && *m_at != '0';
+        m_at = end;
+        return kind == 'F' || there;
     }
 
-    bool ReadString()
+    /// "(abc)", plain characters without a backslash; or "<0041>".
+    bool String()
     {
-        ++m_at;
-        Skip(IsHexDigit);
-        return m_at < m_body.size() && m_body[m_at++] == '>';
+        const char open = *m_at++;
+        const char close = open == '(' ? ')' : '>';
+        if (open != '(' && open != '<') {
+            return false;
+        }
+        for (; m_at != m_end && *m_at != close; ++m_at) {
+            const char c = *m_at;
+            const bool hex = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
+            const bool plain = c >= 32 && c < 127 && c != '(' && c != '\\';
+            if (open == '<' ? !hex : !plain) {
+                return false;
+            }
+        }
+        return m_at != m_end && *m_at++ == close;
     }
 
     /// Strings and numbers, no array inside.
-    bool ReadArray()
+    bool Array()
     {
-        for (++m_at; m_at < m_body.size();) {
-            const char c = m_body[m_at];
-            if (c == ']') {
+        for (++m_at; m_at != m_end;) {
+            if (*m_at == ']') {
                 ++m_at;
                 return true;
             }
-            if (IsBlank(c)) {
-                ++m_at;
-            } else if (IsNumberPart(c)) {
-                Skip(IsNumberPart);
-            } else if (c != '<' || !ReadString()) {
+            if (const Sign sign = SignOf(*m_at); sign == Sign::Blank || sign == Sign::Number) {
+                Skip(sign);
+            } else if (!String()) {
                 return false;
             }
         }
         return false;
     }
 
-    std::string_view m_body;
-    std::size_t m_at = 0, m_copied = 0;
+    const char* m_at;
+    const char* m_end;
     std::size_t m_pictures;
-    std::int32_t m_operands = 0, m_depth = 0;
+    BodyFacts m_facts;
     bool m_namesPicture = false; ///< an operand names one
-    bool m_inText = false;
-    std::string m_out;
+    std::uint32_t m_operands = 0;
+    std::uint32_t m_last = 0, m_beforeText = 0; ///< operators
+    TextStep m_step = TextStep::None;
+    bool m_hidden = false, m_mustRestore = false;
 };
 
 } // namespace
 
-std::optional<std::string> TranslateDialectBody(std::string_view body, std::size_t pictures)
+std::optional<BodyFacts> CheckDialectBody(std::string_view body, std::size_t pictures)
 {
-    BodyReader reader(body, pictures);
-    if (!reader.Read()) {
-        return std::nullopt;
-    }
-    return reader.Take();
+    return BodyChecker(body, pictures).Check();
 }
 
 } // namespace sm::publisher

@@ -1,5 +1,6 @@
 #include "publisher/DialectFontObjects.h"
 
+#include "publisher/PdfNumbers.h"
 #include "publisher/SfntCmap.h"
 
 #include <fmt/format.h>
@@ -31,38 +32,43 @@ QPDFObjectHandle ToUnicode(QPDF& pdf, const DialectFont& font)
 }
 
 /// Widths from the first to the last code, 0 where there is none.
-void SetWidths(QPDFObjectHandle font, const std::map<std::uint8_t, std::int32_t>& widths)
+template <class Width> void SetWidths(QPDFObjectHandle font, const std::map<std::uint8_t, Width>& widths)
 {
     const std::int32_t first = widths.empty() ? 0 : widths.begin()->first;
     const std::int32_t last = widths.empty() ? 0 : widths.rbegin()->first;
     auto array = QPDFObjectHandle::newArray();
     for (std::int32_t code = first; code <= last; ++code) {
         const auto found = widths.find(static_cast<std::uint8_t>(code));
-        array.appendItem(QPDFObjectHandle::newInteger(found == widths.end() ? 0 : found->second));
+        array.appendItem(QPDFObjectHandle::newReal(NumberText(found == widths.end() ? 0 : found->second)));
     }
     font.replaceKey("/FirstChar", QPDFObjectHandle::newInteger(first));
     font.replaceKey("/LastChar", QPDFObjectHandle::newInteger(last));
     font.replaceKey("/Widths", array);
 }
 
-QPDFObjectHandle InvisibleFont(QPDF& pdf, const DialectFont& font)
+/// Type 3: a content stream for each glyph.
+QPDFObjectHandle DrawnFont(QPDF& pdf, const DialectFont& font)
 {
+    const bool strokes = font.kind == DialectFont::Kind::Strokes;
+    const std::array<double, 4> box = strokes ? font.box : std::array<double, 4>{0, -250, 1000, 1000};
     auto result = QPDFObjectHandle::parse(
-        "<</Type/Font/Subtype/Type3/FontBBox[0 -250 1000 1000]/FontMatrix[.001 0 0 .001 0 0]/Resources<<>>"
-        "/Encoding<</Type/Encoding>>/CharProcs<<>>>>");
+        fmt::format("<</Type/Font/Subtype/Type3/FontBBox[{} {} {} {}]/FontMatrix[.001 0 0 .001 0 0]/Resources<<>>"
+                    "/Encoding<</Type/Encoding>>/CharProcs<<>>>>",
+                    NumberText(box[0]), NumberText(box[1]), NumberText(box[2]), NumberText(box[3])));
     auto differences = QPDFObjectHandle::newArray();
     for (const auto& [code, width] : font.widths) {
         const std::string glyph = fmt::format("/c{:02X}", code);
         differences.appendItem(QPDFObjectHandle::newInteger(code));
         differences.appendItem(Name(glyph));
-        result.getKey("/CharProcs").replaceKey(glyph, pdf.newStream(fmt::format("{} 0 0 0 1 1 d1\n", width)));
+        const std::string procedure = strokes ? font.strokes.at(code) : fmt::format("{} 0 0 0 1 1 d1\n", width);
+        result.getKey("/CharProcs").replaceKey(glyph, pdf.newStream(procedure));
     }
     result.getKey("/Encoding").replaceKey("/Differences", differences);
     SetWidths(result, font.widths);
     return result;
 }
 
-QPDFObjectHandle VisibleFont(QPDF& pdf, const DialectFont& font)
+QPDFObjectHandle OutlineFont(QPDF& pdf, const DialectFont& font)
 {
     const auto facts = AddCodeMap(font.sfnt, font.glyphs);
     if (!facts) {
@@ -87,7 +93,7 @@ QPDFObjectHandle VisibleFont(QPDF& pdf, const DialectFont& font)
 
 QPDFObjectHandle MakeFontObject(QPDF& pdf, const DialectFont& font)
 {
-    auto result = font.visible ? VisibleFont(pdf, font) : InvisibleFont(pdf, font);
+    auto result = font.kind == DialectFont::Kind::Outlines ? OutlineFont(pdf, font) : DrawnFont(pdf, font);
     if (result.isNull()) {
         return result;
     }

@@ -1,5 +1,6 @@
 #include "publisher/DialectPage.h"
 
+#include <array>
 #include <charconv>
 
 namespace sm::publisher {
@@ -58,12 +59,81 @@ private:
         if (Peek().starts_with("% ")) {
             Line();
         }
-        font.visible = Peek().starts_with("13 dict begin/FontType 42 ");
-        return Expect("13 dict begin/FontType " + std::string(font.visible ? "42" : "3") + " def/FontName/" +
-                      font.name + " def/FontMatrix[1 0 0 1 0 0]def") &&
-               Expect(font.visible ? "/PaintType 0 def/FontBBox[0 0 0 0]def" : "/FontBBox[0 -0.25 1 1]def") &&
-               ReadEncoding() && ReadUnicode(font) && (font.visible ? ReadOutlines(font) : ReadWidths(font)) &&
+        return ReadHead(font) && ReadEncoding() && ReadUnicode(font) && ReadGlyphs(font) &&
                Expect("FontName currentdict end definefont pop") && Expect("%%EndResource");
+    }
+
+    bool ReadHead(DialectFont& font)
+    {
+        const std::string_view head = Line();
+        const auto is = [&](const char* type, const char* scale) {
+            return head == "13 dict begin/FontType " + std::string(type) + " def/FontName/" + font.name +
+                               " def/FontMatrix[" + scale + " 0 0 " + scale + " 0 0]def";
+        };
+        if (is("42", "1")) {
+            font.kind = DialectFont::Kind::Outlines;
+            return Expect("/PaintType 0 def/FontBBox[0 0 0 0]def");
+        }
+        if (is("3", ".001")) {
+            font.kind = DialectFont::Kind::Strokes;
+            return ReadBox(font.box);
+        }
+        return is("3", "1") && Expect("/FontBBox[0 -0.25 1 1]def");
+    }
+
+    bool ReadGlyphs(DialectFont& font)
+    {
+        return font.kind == DialectFont::Kind::Outlines  ? ReadOutlines(font)
+               : font.kind == DialectFont::Kind::Strokes ? ReadStrokes(font)
+                                                         : ReadWidths(font);
+    }
+
+    bool ReadBox(std::array<double, 4>& box)
+    {
+        std::string_view line = Line();
+        bool right = Take(line, "/FontBBox[");
+        for (double& edge : box) {
+            right = right && TakeNumber(line, edge) && Take(line, " ");
+        }
+        return right && line == "]def";
+    }
+
+    /// Procedures that are content streams: "/name{width 0 box d1", the strokes, "}bind def".
+    bool ReadStrokes(DialectFont& font)
+    {
+        const std::string_view head = Line();
+        if (!head.starts_with("/CharProcs ") || !head.ends_with(" dict dup begin/.notdef{0 0 0 0 0 0 d1}bind def")) {
+            return false;
+        }
+        while (Take(m_text, "/")) {
+            const std::size_t open = m_text.find('{'), close = m_text.find("}bind def\n");
+            const std::uint8_t* code = close > open ? CodeOf(m_text.substr(0, open)) : nullptr;
+            if (code == nullptr || close == std::string_view::npos ||
+                !AddStroke(font, *code, m_text.substr(open + 1, close - open - 1))) {
+                return false;
+            }
+            m_text.remove_prefix(m_text.find('\n', close) + 1);
+        }
+        return Expect("end def") && Expect("/BuildGlyph{exch/CharProcs get exch get exec}bind def") &&
+               Expect("/BuildChar{1 index/Encoding get exch get 1 index/BuildGlyph get exec}bind def");
+    }
+
+    static bool AddStroke(DialectFont& font, std::uint8_t code, std::string_view procedure)
+    {
+        std::string_view rest = procedure;
+        std::array<double, 6> metrics{};
+        for (double& value : metrics) {
+            if (!TakeNumber(rest, value) || !Take(rest, " ")) {
+                return false;
+            }
+        }
+        const bool plain = rest.find_first_of("()<>[]/BTEqQgG") == std::string_view::npos;
+        if (metrics[1] != 0 || !Take(rest, "d1\n") || !plain || !CheckDialectBody(rest)) {
+            return false;
+        }
+        font.widths[code] = metrics[0];
+        font.strokes[code] = std::string(procedure);
+        return true;
     }
 
     bool ReadEncoding()
@@ -115,7 +185,7 @@ private:
         while (Peek().starts_with("dup ")) {
             std::string_view line = Line();
             std::uint8_t code = 0;
-            std::int32_t width = 0;
+            double width = 0;
             if (!Take(line, "dup ") || !TakeNumber(line, code) || !Take(line, " ") || !TakeNumber(line, width) ||
                 line != " put") {
                 return false;

@@ -35,8 +35,10 @@ dup/Space get dup null eq{pop imagemask}{setcolorspace image}ifelse}bind def
 /Tr/pop load def
 /Tf/selectfont load def
 /Tm{6 array astore concat 0 0 moveto}bind def
+/Td/moveto load def
 /Tj/show load def
 /TJ{{dup type/stringtype eq{show}{-.001 mul 0 rmoveto}ifelse}forall}bind def
+/d1/setcachedevice load def
 %%EndResource
 %%EndProlog
 %%BeginSetup
@@ -96,11 +98,11 @@ std::optional<DialectPage> ReadDialectPage(std::string_view file)
     file.remove_suffix(kTail.size());
     auto pictures = TakeDialectPictures(*setup);
     auto fonts = pictures ? ReadDialectFonts(*setup) : std::nullopt;
-    auto content = fonts ? TranslateDialectBody(file, pictures->size()) : std::nullopt;
-    if (!content) {
+    const auto facts = fonts ? CheckDialectBody(file, pictures->size()) : std::nullopt;
+    if (!facts || facts->depth != 0 || facts->lowest < 0) {
         return std::nullopt;
     }
-    return DialectPage{std::move(*fonts), std::move(*pictures), std::move(*content)};
+    return DialectPage{std::move(*fonts), std::move(*pictures), file};
 }
 
 } // namespace sm::publisher

@@ -1,4 +1,4 @@
-// Reads a page in our plotter's own PostScript, whose body is a PDF content stream already.
+// Reads a page in our plotter's own PostScript, whose body and stroked glyphs are PDF content streams already.
 //
 // The grammar is strict: the head, the procedures, the font resources and the tail must be exactly those that the
 // plotter writes, and the body may hold nothing but the operators below with the right number of operands. Whatever
@@ -7,6 +7,7 @@
 
 #include "publisher/DialectPictures.h"
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -18,27 +19,40 @@ namespace sm::publisher {
 
 /// A font of the page. Codes are the bytes of its strings.
 struct DialectFont {
-    std::string name;     ///< as the body calls it, without "/"
-    bool visible = false; ///< a TrueType subset; else glyphs that show nothing and make text findable
+    enum class Kind : std::uint8_t {
+        Invisible, ///< glyphs that show nothing and make text findable
+        Outlines,  ///< a TrueType subset
+        Strokes,   ///< glyphs drawn with a pen
+    };
+    std::string name; ///< as the body calls it, without "/"
+    Kind kind = Kind::Invisible;
     std::map<std::uint8_t, std::string> unicode;  ///< code to UTF-16BE in hexadecimal
-    std::map<std::uint8_t, std::uint16_t> glyphs; ///< visible: code to glyph of the subset
-    std::map<std::uint8_t, std::int32_t> widths;  ///< not visible: code to thousandths of the em
-    std::string sfnt;                             ///< visible: the TrueType file
+    std::map<std::uint8_t, std::uint16_t> glyphs; ///< outlines: code to glyph of the subset
+    std::map<std::uint8_t, double> widths;        ///< the others: code to thousandths of the em
+    std::string sfnt;                             ///< outlines: the TrueType file
+    std::map<std::uint8_t, std::string> strokes;  ///< strokes: code to content stream
+    std::array<double, 4> box{};                  ///< strokes: of all glyphs, thousandths of the em
 };
 
 struct DialectPage {
     std::vector<DialectFont> fonts;
     std::vector<DialectPicture> pictures; ///< the body calls them I1, I2, …
-    std::string content;                  ///< the page's content stream
+    std::string_view content;             ///< the page's content stream, in the file
 };
 
 /// The page that `file` holds; nothing when it isn't in the dialect.
 std::optional<DialectPage> ReadDialectPage(std::string_view file);
 
-/// The content stream of a body: its operators are checked and text blocks are put between q and Q, as the dialect's BT
-/// and ET save and restore the graphics state. Nothing when the body holds anything else, also when it shows another
-/// picture than those from I1 to I`pictures`.
-std::optional<std::string> TranslateDialectBody(std::string_view body, std::size_t pictures = 0);
+/// How a body, or a part of one that ends with a complete operation, opens and closes graphics states.
+struct BodyFacts {
+    std::int32_t depth = 0;  ///< more were opened than closed
+    std::int32_t lowest = 0; ///< the smallest depth on the way, at most 0
+};
+
+/// Nothing when the body holds anything else than the dialect, which means the same as a PDF content stream: the
+/// dialect's BT and ET save and restore the graphics state, PDF's don't, so that a text block has to set font and place
+/// itself, and one that hides its text has to stand between q and Q. Other pictures than I1 to I`pictures` are refused.
+std::optional<BodyFacts> CheckDialectBody(std::string_view body, std::size_t pictures = 0);
 
 /// The fonts defined in `setup`, one resource after the other; nothing when it holds anything else.
 std::optional<std::vector<DialectFont>> ReadDialectFonts(std::string_view setup);

@@ -66,7 +66,8 @@ private:
     static bool AddPage(QPDF& pdf, const PageSource& source, const std::string& jobOptions,
                         DialectPictureObjects& pictures)
     {
-        auto page = ReadDialectPage(MappedFile(source.psPath).Bytes());
+        const MappedFile file(source.psPath);
+        auto page = ReadDialectPage(file.Bytes());
         if (!page || !JobOptionsKeepPictures(jobOptions, page->pictures)) {
             return false;
         }
@@ -87,7 +88,7 @@ private:
         if (!page->pictures.empty()) {
             dictionary.getKey("/Resources").replaceKey("/XObject", pictures.Resources(page->pictures));
         }
-        dictionary.replaceKey("/Contents", pdf.newStream(page->content));
+        dictionary.replaceKey("/Contents", pdf.newStream(std::string(page->content)));
         QPDFPageDocumentHelper(pdf).addPage(QPDFPageObjectHelper(pdf.makeIndirectObject(dictionary)), false);
         return true;
     }

@@ -72,7 +72,8 @@ struct TextRun {
     double advance = 0; ///< em, of the whole run
     Matrix2 toPaper;
     std::uint32_t color = 0;
-    bool invisible = false; ///< text drawn as strokes: the run makes it findable and shows nothing
+    double penWidth = 0;    ///< mm; of the pen that draws a stroked font, 0 the thinnest line that shows
+    bool invisible = false; ///< text that is drawn otherwise: the run makes it findable and shows nothing
 };
 
 /// Names the entity that the next calls belong to.

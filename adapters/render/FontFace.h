@@ -1,4 +1,4 @@
-// One scalable font as back ends need it: metrics and outlines by glyph.
+// One scalable font as back ends need it: metrics and outlines, or strokes, by glyph.
 #pragma once
 
 #include "render/Canvas.h"
@@ -31,9 +31,11 @@ public:
     virtual ~FontFace() = default;
     /// Letters, digits and hyphens only: "LiberationSans-Bold".
     [[nodiscard]] virtual const std::string& Name() const = 0;
+    /// True: glyphs are open lines that a pen draws (see TextRun::penWidth); false: closed outlines to fill.
+    [[nodiscard]] virtual bool IsStroked() const { return false; }
     [[nodiscard]] virtual std::uint16_t UnitsPerEm() const = 0;
     [[nodiscard]] virtual std::uint16_t Advance(std::uint32_t glyph) const = 0; ///< font units
-    virtual void Contours(std::uint32_t glyph, GlyphContours& out) const = 0;   ///< cleared first
+    virtual void Contours(std::uint32_t glyph, GlyphContours& out) const = 0;   ///< cleared first; none when stroked
     virtual void Outline(std::uint32_t glyph, Path& out) const = 0;             ///< em; cleared first
 };
 

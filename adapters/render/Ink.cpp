@@ -116,7 +116,7 @@ void Ink::Text(const TextRun& run, const Path& outline)
 {
     const Matrix2& m = run.toPaper;
     const bool finite = std::isfinite(m.a + m.b + m.c + m.d + m.e + m.f);
-    if (finite && Shows(outline, 0)) {
+    if (finite && Shows(outline, run.penWidth)) {
         Announce();
         m_canvas.Text(run);
     }

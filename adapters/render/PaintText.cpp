@@ -1,3 +1,4 @@
+#include "render/FontFace.h"
 #include "render/Painter.h"
 #include "render/PainterBuffers.h"
 #include "render/Palette.h"
@@ -89,6 +90,7 @@ void Painter::DrawRun(const TextRun& from, const Matrix2& plane, std::uint32_t c
     run = from;
     run.toPaper = Compose(plane, from.toPaper);
     run.color = color;
+    run.penWidth = run.font != nullptr && run.font->IsStroked() ? StrokePen().width : 0;
     m_ink.Text(run, m_outline);
 }
 
@@ -117,11 +119,6 @@ void Painter::DrawText(const LaidText& text)
     }
     for (const GlyphPart& part : text.glyphs) {
         DrawRun(part.run, plane, TextPartColor(part.color));
-    }
-    for (const StrokePart& part : text.strokes) {
-        const std::uint32_t color = TextPartColor(part.color);
-        DrawTextPath(part.path, plane, color, false);
-        DrawRun(part.run, plane, color);
     }
     for (const RulePart& part : text.rules) {
         DrawTextPath(part.path, plane, TextPartColor(part.color), IsClosed(part.path));

@@ -1,7 +1,7 @@
-// Text entities as runs of glyphs or strokes in the entity's own plane.
+// Text entities as runs of glyphs in the entity's own plane.
 //
-// All geometry is in the entity's OCS: x and y of the plane, drawing units, already turned, sheared, mirrored, aligned and
-// wrapped. Colours are given only where the text's own formatting sets one. Nothing vanishes: a missing font gets a
+// All geometry is in the entity's OCS: x and y of the plane, drawing units, already turned, sheared, mirrored, aligned
+// and wrapped. Colours are given only where the text's own formatting sets one. Nothing vanishes: a missing font gets a
 // substitute, a missing glyph a substitute font's glyph or a visible box.
 #pragma once
 
@@ -18,15 +18,9 @@ struct TextColor {
     std::optional<std::uint32_t> trueColor;
 };
 
-/// Glyphs of one font: `run.toPaper` maps em to the OCS plane here; `run.color` is not set.
+/// Glyphs of one font, outlines or strokes: `run.toPaper` maps em to the OCS plane here; `run.color` and `run.penWidth`
+/// are not set.
 struct GlyphPart {
-    TextRun run;
-    std::optional<TextColor> color;
-};
-
-/// Text of a stroke font: `path` (open lines, OCS plane) is what shows, `run` (invisible) what is found.
-struct StrokePart {
-    Path path;
     TextRun run;
     std::optional<TextColor> color;
 };
@@ -39,9 +33,8 @@ struct RulePart {
 
 struct LaidText {
     std::vector<GlyphPart> glyphs;
-    std::vector<StrokePart> strokes;
     std::vector<RulePart> rules;
-    double elevation = 0;  ///< z in the OCS
+    double elevation = 0; ///< z in the OCS
     Vec3 extrusion{0, 0, 1};
     std::vector<Vec2> outline; ///< the four corners of the text's box (turned with it); empty for an empty text
 };

@@ -4,6 +4,7 @@
 #include "plotter/PsDocument.h"
 #include "render/TextLayout.h"
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 #include <gmock/gmock.h>
@@ -53,13 +54,11 @@ protected:
         text.style = style;
         text.height = 4;
         text.rotation = rotation;
+        text.widthFactor = widthFactor;
         text.insertion = {x, y, 0};
         const render::LaidText& laid = engine->Lay(drawing, text);
-        for (const render::GlyphPart& part : laid.glyphs) {
-            writer.Text(part.run);
-        }
-        for (const render::StrokePart& part : laid.strokes) {
-            writer.Stroke(part.path, {0, 0.25, render::LineCap::Round, render::LineJoin::Round});
+        for (render::GlyphPart part : laid.glyphs) {
+            part.run.penWidth = pen;
             writer.Text(part.run);
         }
     }
@@ -74,6 +73,8 @@ protected:
     }
     std::string Lines() { return OutputOf("pdftotext -layout " + base + ".pdf - | sed 's/^ *//; /^\\f*$/d'"); }
 
+    double pen = 0.25;
+    double widthFactor = 1;
     FakeDrawing drawing;
     PsWriter writer;
     std::unique_ptr<render::TextEngine> engine;
@@ -95,7 +96,7 @@ TEST_F(DistilledTest, OutlineTextIsFoundInOrder)
     EXPECT_THAT(OutputOf("mutool draw -q -F txt " + base + ".pdf"), HasSubstr("Чертёж здания, лист 2"));
 }
 
-TEST_F(DistilledTest, StrokeTextIsFoundThoughItIsDrawnAsLines)
+TEST_F(DistilledTest, StrokeTextIsFound)
 {
     Show("Section A-A", 0, 20, 280);
     Show("Разрез 1-1", 0, 20, 260);
@@ -103,6 +104,45 @@ TEST_F(DistilledTest, StrokeTextIsFoundThoughItIsDrawnAsLines)
     Distil();
     EXPECT_EQ(Lines(), "Section A-A\nРазрез 1-1\n图纸\n");
     EXPECT_THAT(OutputOf("mutool draw -q -F txt " + base + ".pdf"), HasSubstr("Разрез 1-1"));
+}
+
+/// Dark pixels of the picture's row that runs `millimetres` above the sheet's lower edge.
+int InkAcross(const std::string& pdf, double millimetres, int resolution)
+{
+    const std::string all = OutputOf("pdftoppm -gray -singlefile -r " + std::to_string(resolution) + " " + pdf);
+    int width = 0, height = 0;
+    EXPECT_EQ(std::sscanf(all.c_str(), "P5 %d %d", &width, &height), 2);
+    const int row = height - static_cast<int>(millimetres * resolution / 25.4);
+    const std::string pixels =
+        all.substr(all.size() - static_cast<std::size_t>((height - row) * width), static_cast<std::size_t>(width));
+    return static_cast<int>(std::count_if(pixels.begin(), pixels.end(), [](char c) { return c >= 0 && c < 100; }));
+}
+
+TEST_F(DistilledTest, ThePenKeepsItsWidthWhereTextIsSqueezed)
+{
+    pen = 1;
+    widthFactor = 0.2;
+    Show("I", 0, 20, 50);
+    Show("I", 0, 60, 50, 180); // hangs below the row
+    Distil();
+    EXPECT_NEAR(InkAcross(base + ".pdf", 52, 600), 600 / 25.4, 2);
+    EXPECT_NEAR(InkAcross(base + ".pdf", 48, 600), 600 / 25.4, 2);
+    EXPECT_THAT(OutputOf("pdffonts " + base + ".pdf"), HasSubstr("Type 3"));
+}
+
+TEST_F(DistilledTest, TextOfManySizesIsFoundAndDrawn)
+{
+    std::string expected;
+    for (int i = 0; i < 80; ++i) {
+        widthFactor = 0.5 + 0.02 * i;
+        Show("I" + std::to_string(i), 0, 20 + 90 * (i % 2), 280 - 6 * (i / 2));
+        expected += "I" + std::to_string(i) + "\n";
+    }
+    Distil();
+    EXPECT_EQ(OutputOf("pdftotext -raw " + base + ".pdf - | tr -s ' \\f' '\\n' | sort -uV | sed '/^$/d'"), expected);
+    EXPECT_GE(InkAcross(base + ".pdf", 282, 600), 2 * 6);                        // fonts
+    EXPECT_GE(InkAcross(base + ".pdf", 282 - 6 * 39, 600), 2 * 6);               // paths
+    EXPECT_EQ(OutputOf("pdffonts " + base + ".pdf | grep -c 'Type 3'"), "65\n"); // the one that doesn't show included
 }
 
 TEST_F(DistilledTest, InvisibleTextLeavesNoInk)

@@ -184,7 +184,7 @@ TEST(PsWriter, WritesTextByItsOwnCodes)
                   run.color = 0xFF0000;
                   w.Text(run);
               }),
-              "1 0 0 rg\nBT\n/F1 1 Tf\n50 0 0 50 100 200 Tm\n<4180> Tj\nET\n");
+              "1 0 0 rg\nBT\n/F1 50 Tf\n100 200 Td\n<4180> Tj\nET\n");
 }
 
 TEST(PsWriter, MovesGlyphsThatStandElsewhere)
@@ -197,8 +197,7 @@ TEST(PsWriter, MovesGlyphsThatStandElsewhere)
                   run.clusters = {0, 1, 2, 3};
                   w.Text(run);
               }),
-              "0 g\nBT\n/F1 1 Tf\n50 0 0 50 100 200 Tm\n[<4141>-250<41>] TJ\nET\nBT\n/F1 1 Tf\n50 0 0 50 200 225 Tm\n"
-              "<41> Tj\nET\n");
+              "0 g\nBT\n/F1 1 Tf\n50 0 0 50 100 200 Tm\n[(AA)-250(A)] TJ\nET\nBT\n/F1 50 Tf\n200 225 Td\n(A) Tj\nET\n");
 }
 
 TEST(PsWriter, WritesInvisibleTextWithItsAdvances)
@@ -211,7 +210,7 @@ TEST(PsWriter, WritesInvisibleTextWithItsAdvances)
                   run.invisible = true;
                   w.Text(run);
               }),
-              "BT\n3 Tr\n/F1 1 Tf\n50 0 0 50 100 200 Tm\n<6957> Tj\nET\n");
+              "q\nBT\n3 Tr\n/F1 50 Tf\n100 200 Td\n(iW) Tj\nET\nQ\n");
 }
 
 TEST(PsWriter, SplitsLongTexts)
@@ -228,11 +227,11 @@ TEST(PsWriter, SplitsLongTexts)
     });
     std::string eighty, twenty;
     for (int i = 0; i < 80; ++i) {
-        (i < 20 ? twenty : eighty) += "41";
+        (i < 20 ? twenty : eighty) += 'A';
     }
     eighty += twenty;
-    EXPECT_EQ(text, "0 g\nBT\n/F1 1 Tf\n50 0 0 50 100 200 Tm\n<" + eighty +
-                        "> Tj\nET\nBT\n/F1 1 Tf\n50 0 0 50 2100 200 Tm\n<" + twenty + "> Tj\nET\n");
+    EXPECT_EQ(text, "0 g\nBT\n/F1 50 Tf\n100 200 Td\n(" + eighty + ") Tj\nET\nBT\n/F1 50 Tf\n2100 200 Td\n(" + twenty +
+                        ") Tj\nET\n");
 }
 
 TEST(PsWriter, BeginsANewFontAfter255Glyphs)
@@ -301,8 +300,10 @@ dup/Space get dup null eq{pop imagemask}{setcolorspace image}ifelse}bind def
 /Tr/pop load def
 /Tf/selectfont load def
 /Tm{6 array astore concat 0 0 moveto}bind def
+/Td/moveto load def
 /Tj/show load def
 /TJ{{dup type/stringtype eq{show}{-.001 mul 0 rmoveto}ifelse}forall}bind def
+/d1/setcachedevice load def
 %%EndResource
 %%EndProlog
 %%BeginSetup

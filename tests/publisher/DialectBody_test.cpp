@@ -7,22 +7,28 @@
 namespace sm::publisher {
 namespace {
 
-TEST(DialectBody, BecomesAContentStream)
+TEST(DialectBody, AllowsWhatMeansTheSameInAContentStream)
 {
     const struct {
-        const char *name, *body, *content;
+        const char *name, *body;
+        std::int32_t depth, lowest;
     } rows[] = {
-        {"empty", "", ""},
-        {"lines", "1 0 0 RG\n10 20 m\n30 -40 l\nS\n", "1 0 0 RG\n10 20 m\n30 -40 l\nS\n"},
+        {"empty", "", 0, 0},
+        {"lines", "1 0 0 RG\n10 20 m\n30 -40 l\nS\n", 0, 0},
         {"all operators of paths",
-         "q 1 0 0 1 .5 -.5 cm 2 w 1 J 0 j 10 M 0 G .5 g 0 0 1 rg 1 2 m 1 2 3 4 5 6 c h f f* W n W* n Q",
-         "q 1 0 0 1 .5 -.5 cm 2 w 1 J 0 j 10 M 0 G .5 g 0 0 1 rg 1 2 m 1 2 3 4 5 6 c h f f* W n W* n Q"},
-        {"text is put between q and Q", "BT\n/F1 1 Tf\n8 0 0 8 1 2 Tm\n<4142> Tj\n[<43> -20 <44>] TJ\nET\nS",
-         "q BT\n/F1 1 Tf\n8 0 0 8 1 2 Tm\n<4142> Tj\n[<43> -20 <44>] TJ\nET Q\nS"},
-        {"text that doesn't show", "BT 3 Tr /F12 1 Tf <> Tj ET", "q BT 3 Tr /F12 1 Tf <> Tj ET Q"},
+         "q 1 0 0 1 .5 -.5 cm 2 w 1 J 0 j 10 M 0 G .5 g 0 0 1 rg 1 2 m 1 2 3 4 5 6 c h f f* W n W* n Q", 0, 0},
+        {"upright text", "BT\n/F1 8 Tf\n1 2 Td\n(A B) Tj\nET\nS", 0, 0},
+        {"other text", "BT /F1 1 Tf 8 0 0 8 1 2 Tm [(ab)-20<43> -3.5 <44>] TJ ET", 0, 0},
+        {"text that doesn't show", "q BT 3 Tr /F12 1 Tf 1 2 Td <> Tj ET Q", 0, 0},
+        {"states left open", "q q 0 G Q q", 2, 0},
+        {"states closed", "Q Q q", -1, -2},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(TranslateDialectBody(row.body).value_or("(refused)"), row.content) << row.name;
+    for (const auto& row : rows) {
+        const auto facts = CheckDialectBody(row.body);
+        ASSERT_TRUE(facts) << row.name;
+        EXPECT_EQ(facts->depth, row.depth) << row.name;
+        EXPECT_EQ(facts->lowest, row.lowest) << row.name;
+    }
 }
 
 TEST(DialectBody, ShowsOnlyPicturesOfItsPage)
@@ -44,7 +50,7 @@ TEST(DialectBody, ShowsOnlyPicturesOfItsPage)
         {"no operand", "Do", 2, false},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(TranslateDialectBody(row.body, row.pictures).has_value(), row.taken) << row.name;
+        EXPECT_EQ(CheckDialectBody(row.body, row.pictures).has_value(), row.taken) << row.name;
 }
 
 TEST(DialectBody, RefusesEverythingElse)
@@ -52,7 +58,10 @@ TEST(DialectBody, RefusesEverythingElse)
     const std::pair<const char*, const char*> rows[] = {
         {"an unknown operator", "1 2 moveto"},
         {"a procedure", "{1 2 m} exec"},
-        {"a literal string", "(text) Tj"},
+        {"a string outside a text", "(text) Tj"},
+        {"a string with a backslash", "BT /F1 1 Tf 1 2 Td (a\\050) Tj ET"},
+        {"a string in a string", "BT /F1 1 Tf 1 2 Td (a(b) Tj ET"},
+        {"a string beyond ASCII", "BT /F1 1 Tf 1 2 Td (\xC3\xA4) Tj ET"},
         {"another name", "/Helvetica 1 Tf"},
         {"a name without number", "/F 1 Tf"},
         {"too few operands", "1 m"},
@@ -64,15 +73,24 @@ TEST(DialectBody, RefusesEverythingElse)
         {"a string with another digit", "BT <4G> Tj ET"},
         {"an array in an array", "BT [[<41>]] TJ ET"},
         {"an array that doesn't end", "BT [<41>"},
-        {"Q without q", "Q q"},
-        {"q without Q", "q"},
+        {"text without a font", "BT 1 2 Td (a) Tj ET"},
+        {"text without a place", "BT /F1 1 Tf (a) Tj ET"},
+        {"text placed twice", "BT /F1 1 Tf 1 2 Td 1 2 Td (a) Tj ET"},
+        {"text shown twice", "BT /F1 1 Tf 1 2 Td (a) Tj (b) Tj ET"},
+        {"text without a string", "BT /F1 1 Tf 1 2 Td ET"},
+        {"glyphs moved by parts of another size", "BT /F1 8 Tf 1 2 Td [(a) 5 (b)] TJ ET"},
+        {"a colour in a text", "BT 0 g /F1 1 Tf 1 2 Td (a) Tj ET"},
+        {"hidden text without q", "BT 3 Tr /F1 1 Tf 1 2 Td (a) Tj ET"},
+        {"hidden text after a pen in q", "q 1 w BT 3 Tr /F1 1 Tf 1 2 Td (a) Tj ET Q"},
+        {"lines after hidden text", "q BT 3 Tr /F1 1 Tf 1 2 Td (a) Tj ET 0 0 m Q"},
+        {"hidden text without Q", "q BT 3 Tr /F1 1 Tf 1 2 Td (a) Tj ET"},
         {"text in text", "BT BT ET ET"},
         {"text that doesn't end", "BT"},
         {"text that never began", "ET"},
         {"a NUL", "1 2 m\v"},
     };
     for (const auto& [name, body] : rows)
-        EXPECT_FALSE(TranslateDialectBody(body)) << name;
+        EXPECT_FALSE(CheckDialectBody(body)) << name;
 }
 
 TEST(DialectPage, RefusesFilesThatOnlyLookLikeIt)

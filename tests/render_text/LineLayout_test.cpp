@@ -37,9 +37,6 @@ protected:
         for (const GlyphPart& part : laid.glyphs) {
             texts.push_back(part.run.text);
         }
-        for (const StrokePart& part : laid.strokes) {
-            texts.push_back(part.run.text);
-        }
         return texts;
     }
     plotter::FakeDrawing drawing;
@@ -58,11 +55,6 @@ Box2 BoxOfGlyphs(const LaidText& laid)
             for (const Vec2 point : path.points) {
                 box.Add(part.run.toPaper.Apply(point + part.run.positions[i]));
             }
-        }
-    }
-    for (const StrokePart& part : laid.strokes) {
-        for (const Vec2 point : part.path.points) {
-            box.Add(point);
         }
     }
     return box;
@@ -218,18 +210,27 @@ TEST_F(TextTest, DecodesTheCodes)
     }
 }
 
-TEST_F(TextTest, StrokesCarryTheirTextInvisibly)
+TEST_F(TextTest, StrokesAreGlyphsOfAStrokedFont)
 {
     const LaidText& laid = engine->Lay(drawing, Text("Ab 1", kStroke));
-    ASSERT_EQ(laid.strokes.size(), 1U);
-    const StrokePart& part = laid.strokes[0];
-    EXPECT_EQ(part.run.text, "Ab 1");
-    EXPECT_TRUE(part.run.invisible);
-    EXPECT_EQ(part.run.font, nullptr);
-    EXPECT_EQ(part.run.clusters, (std::vector<std::uint32_t>{0, 1, 2, 3}));
-    EXPECT_FALSE(part.path.Empty());
+    ASSERT_EQ(laid.glyphs.size(), 1U);
+    const TextRun& run = laid.glyphs[0].run;
+    EXPECT_EQ(run.text, "Ab 1");
+    EXPECT_FALSE(run.invisible);
+    ASSERT_NE(run.font, nullptr);
+    EXPECT_TRUE(run.font->IsStroked());
+    EXPECT_EQ(run.font->Name(), "romans");
+    EXPECT_EQ(run.glyphs, (std::vector<std::uint32_t>{'A', 'b', ' ', '1'}));
+    EXPECT_EQ(run.clusters, (std::vector<std::uint32_t>{0, 1, 2, 3}));
+    Path path;
+    run.font->Outline('A', path);
+    EXPECT_FALSE(path.Empty());
+    EXPECT_EQ(std::count(path.verbs.begin(), path.verbs.end(), Verb::Close), 0);
+    for (std::size_t i = 0; i + 1 < run.positions.size(); ++i) { // glyphs stand behind each other
+        EXPECT_NEAR(run.positions[i + 1].x - run.positions[i].x, run.font->Advance(run.glyphs[i]) / 10000.0, 1e-4);
+    }
     // The box ends with the last letter, the text with the gap behind it (a third of the height).
-    EXPECT_NEAR(part.run.toPaper.Apply({part.run.advance, 0}).x, laid.outline[1].x + 10.0 / 3 * 1.04, 1e-9);
+    EXPECT_NEAR(run.toPaper.Apply({run.advance, 0}).x, laid.outline[1].x + 10.0 / 3 * 1.04, 1e-9);
 }
 
 TEST_F(TextTest, EveryCharacterIsDrawnBySomeFont)
@@ -265,9 +266,14 @@ TEST_F(TextTest, EveryCharacterIsDrawnBySomeFont)
 TEST_F(TextTest, ACharacterThatNoFontHasIsABox)
 {
     const LaidText& laid = engine->Lay(drawing, Text("\xF3\xB0\x80\x80", kOutline)); // private use
-    ASSERT_EQ(laid.strokes.size(), 1U);
-    EXPECT_EQ(laid.strokes[0].path.points.size(), 5U);
-    EXPECT_EQ(laid.strokes[0].run.text, "\xF3\xB0\x80\x80");
+    ASSERT_EQ(laid.glyphs.size(), 1U);
+    const TextRun& run = laid.glyphs[0].run;
+    EXPECT_EQ(run.text, "\xF3\xB0\x80\x80");
+    ASSERT_EQ(run.glyphs.size(), 1U);
+    EXPECT_TRUE(run.font->IsStroked());
+    Path path;
+    run.font->Outline(run.glyphs[0], path);
+    EXPECT_EQ(path.points.size(), 5U);
 }
 
 TEST_F(TextTest, JoinsArabicAndReadsItFromTheRight)
@@ -296,7 +302,7 @@ TEST_F(TextTest, VerticalStyleRunsDown)
 {
     drawing.styles[kStroke].vertical = true;
     const LaidText& laid = engine->Lay(drawing, Text("HI", kStroke));
-    ASSERT_EQ(laid.strokes.size(), 2U);
+    ASSERT_EQ(laid.glyphs.size(), 2U);
     const Box2 box = BoxOfGlyphs(laid);
     EXPECT_NEAR(box.max.y, 0, 1e-9);
     EXPECT_NEAR(box.min.y, -25, 1e-9);
@@ -322,7 +328,7 @@ TEST_F(TextTest, WorksWithoutAnyTable)
 {
     const auto bare = TextEngine::Create({"", ""});
     const LaidText& laid = bare->Lay(drawing, Text("Ab", kOutline));
-    EXPECT_EQ(laid.glyphs.size() + laid.strokes.size(), 1U);
+    EXPECT_EQ(laid.glyphs.size(), 1U);
 }
 
 TEST_F(TextTest, NumbersOutOfRangeDoNoHarm)
@@ -334,7 +340,7 @@ TEST_F(TextTest, NumbersOutOfRangeDoNoHarm)
     text.widthFactor = -1;
     text.style = 99;
     const LaidText& laid = engine->Lay(drawing, text);
-    EXPECT_EQ(laid.strokes.size(), 1U);
+    EXPECT_EQ(laid.glyphs.size(), 1U);
     EXPECT_TRUE(std::isfinite(laid.outline.at(2).x));
 }
 

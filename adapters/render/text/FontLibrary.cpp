@@ -222,18 +222,18 @@ GlyphSource FontLibrary::Find(const Font& font, char32_t character)
 {
     if (font.face != nullptr) {
         if (const std::uint32_t glyph = font.face->GlyphOf(character); glyph != 0) {
-            return {font.face, glyph, nullptr};
+            return {font.face, glyph, nullptr, nullptr};
         }
         return FindElsewhere(character);
     }
     if (font.stroke != nullptr) {
         if (const StrokeGlyph* strokes = font.stroke->Find(character)) {
-            return {nullptr, 0, strokes};
+            return {nullptr, character, font.stroke, strokes};
         }
         for (const std::string& file : m_map.StrokeFallbacks()) {
             StrokeFont* other = StrokeAt(file);
             if (const StrokeGlyph* strokes = other != nullptr ? other->Find(character) : nullptr) {
-                return {nullptr, 0, strokes};
+                return {nullptr, character, other, strokes};
             }
         }
     }
@@ -254,13 +254,13 @@ GlyphSource FontLibrary::FindInFallbacks(char32_t character)
     for (const std::string& file : m_map.Fallbacks()) {
         const OutlineFace* face = FaceByName(file);
         if (const std::uint32_t glyph = face != nullptr ? face->GlyphOf(character) : 0; glyph != 0) {
-            return {face, glyph, nullptr};
+            return {face, glyph, nullptr, nullptr};
         }
     }
     const auto place = m_folders.ForCharacter(character);
     const OutlineFace* face = place ? FaceAt(*place) : nullptr;
     if (const std::uint32_t glyph = face != nullptr ? face->GlyphOf(character) : 0; glyph != 0) {
-        return {face, glyph, nullptr};
+        return {face, glyph, nullptr, nullptr};
     }
     return {};
 }

@@ -23,11 +23,12 @@ struct Font {
     [[nodiscard]] double Descent() const { return face != nullptr ? face->Descent() / face->CapHeight() : 1.0 / 3; }
 };
 
-/// Where a character's glyph comes from. Both null: nowhere.
+/// Where a character's glyph comes from. Both fonts null: nowhere.
 struct GlyphSource {
     const OutlineFace* face = nullptr;
     std::uint32_t glyph = 0;
-    const StrokeGlyph* strokes = nullptr;
+    const StrokeFont* strokeFont = nullptr;
+    const StrokeGlyph* strokes = nullptr; ///< of `strokeFont`
 };
 
 class FontLibrary {

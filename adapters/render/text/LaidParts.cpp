@@ -33,6 +33,7 @@ void Clear(TextRun& run)
     run.advance = 0;
     run.toPaper = {};
     run.color = 0;
+    run.penWidth = 0;
     run.invisible = false;
 }
 
@@ -48,7 +49,6 @@ void Map(Path& path, const Matrix2& map)
 void LaidParts::Begin()
 {
     PutAside(m_result.glyphs, m_spareGlyphs);
-    PutAside(m_result.strokes, m_spareStrokes);
     PutAside(m_result.rules, m_spareRules);
     m_result.outline.clear();
     m_result.elevation = 0;
@@ -60,16 +60,6 @@ GlyphPart& LaidParts::AddGlyphs()
     GlyphPart& part = Take(m_result.glyphs, m_spareGlyphs);
     Clear(part.run);
     part.color.reset();
-    return part;
-}
-
-StrokePart& LaidParts::AddStrokes()
-{
-    StrokePart& part = Take(m_result.strokes, m_spareStrokes);
-    Clear(part.run);
-    part.path.Clear();
-    part.color.reset();
-    part.run.invisible = true;
     return part;
 }
 
@@ -85,10 +75,6 @@ void LaidParts::Place(const Matrix2& map, const Box2& box)
 {
     for (GlyphPart& part : m_result.glyphs) {
         part.run.toPaper = Compose(map, part.run.toPaper);
-    }
-    for (StrokePart& part : m_result.strokes) {
-        part.run.toPaper = Compose(map, part.run.toPaper);
-        Map(part.path, map);
     }
     for (RulePart& part : m_result.rules) {
         Map(part.path, map);

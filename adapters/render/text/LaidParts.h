@@ -10,7 +10,6 @@ public:
     /// Empties the result.
     void Begin();
     GlyphPart& AddGlyphs();
-    StrokePart& AddStrokes();
     RulePart& AddRule();
     [[nodiscard]] LaidText& Result() { return m_result; }
     /// Maps everything from the plane it was set in, and gives the outline as the map's image of `box`.
@@ -19,7 +18,6 @@ public:
 private:
     LaidText m_result;
     std::vector<GlyphPart> m_spareGlyphs;
-    std::vector<StrokePart> m_spareStrokes;
     std::vector<RulePart> m_spareRules;
 };
 

@@ -1,5 +1,6 @@
 #include "render/text/StrokeFont.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <fstream>
@@ -82,6 +83,58 @@ void AddArc(Path& path, Vec2 from, Vec2 to, double bulge)
     }
 }
 
+void ReadPolyline(std::string_view line, Path& path)
+{
+    bool first = true;
+    Vec2 last;
+    while (!line.empty()) {
+        std::string_view field = TakeField(line, ';');
+        const auto x = Number(TakeField(field, ','));
+        const auto y = Number(TakeField(field, ','));
+        if (!x || !y) {
+            continue;
+        }
+        const std::string_view extra = TakeField(field, ',');
+        const auto bulge = extra.starts_with("A") ? Number(extra.substr(1)) : std::nullopt;
+        const Vec2 point{*x, *y};
+        if (first) {
+            path.MoveTo(point);
+        } else if (bulge && *bulge != 0) {
+            AddArc(path, last, point, *bulge);
+        } else {
+            path.LineTo(point);
+        }
+        first = false;
+        last = point;
+    }
+}
+
+/// A file's name as fonts are named: letters, digits and hyphens.
+std::string SafeName(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    std::string name;
+    for (const char c : path.substr(slash == std::string::npos ? 0 : slash + 1)) {
+        const bool kept = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-';
+        if (c == '.' || name.size() >= 60) {
+            break;
+        }
+        name += kept ? c : '-';
+    }
+    return name.empty() ? "strokes" : name;
+}
+
+StrokeGlyph Box()
+{
+    StrokeGlyph box;
+    box.path.MoveTo({0.1, 0});
+    for (const Vec2 corner : {Vec2{0.7, 0}, Vec2{0.7, 1}, Vec2{0.1, 1}, Vec2{0.1, 0}}) {
+        box.path.LineTo(corner);
+    }
+    box.advance = 0.9;
+    return box;
+}
+
 } // namespace
 
 std::unique_ptr<StrokeFont> StrokeFont::Open(const std::string& path)
@@ -91,14 +144,42 @@ std::unique_ptr<StrokeFont> StrokeFont::Open(const std::string& path)
     if (!file || !(text << file.rdbuf())) {
         return nullptr;
     }
-    return FromText(std::move(text).str());
+    return FromText(std::move(text).str(), SafeName(path));
 }
 
-std::unique_ptr<StrokeFont> StrokeFont::FromText(std::string text)
+std::unique_ptr<StrokeFont> StrokeFont::FromText(std::string text, std::string name)
 {
     auto font = std::make_unique<StrokeFont>();
     font->m_text = std::move(text);
+    font->m_name = std::move(name);
     return font->Index() ? std::move(font) : nullptr;
+}
+
+const StrokeFont& StrokeFont::Boxes()
+{
+    static const StrokeFont kBoxes;
+    return kBoxes;
+}
+
+const StrokeGlyph& StrokeFont::At(std::uint32_t glyph) const
+{
+    static const StrokeGlyph kBox = Box();
+    const StrokeGlyph* found = glyph != kMissing ? Find(glyph) : nullptr;
+    return found != nullptr ? *found : kBox;
+}
+
+std::uint16_t StrokeFont::Advance(std::uint32_t glyph) const
+{
+    return static_cast<std::uint16_t>(
+        std::clamp(std::round(At(glyph).advance * kCapHeight * UnitsPerEm()), 0.0, 65535.0));
+}
+
+void StrokeFont::Outline(std::uint32_t glyph, Path& out) const
+{
+    out = At(glyph).path;
+    for (Vec2& point : out.points) {
+        point = point * kCapHeight;
+    }
 }
 
 bool StrokeFont::Index()
@@ -140,7 +221,7 @@ void StrokeFont::ReadHead(std::string_view line)
     }
 }
 
-const StrokeGlyph* StrokeFont::Find(char32_t character)
+const StrokeGlyph* StrokeFont::Find(char32_t character) const
 {
     if (const auto known = m_glyphs.find(character); known != m_glyphs.end()) {
         return &known->second;
@@ -166,7 +247,7 @@ const StrokeGlyph* StrokeFont::Find(char32_t character)
     return &glyph;
 }
 
-void StrokeFont::ReadSection(std::string_view section, StrokeGlyph& glyph, int depth)
+void StrokeFont::ReadSection(std::string_view section, StrokeGlyph& glyph, int depth) const
 {
     while (!section.empty()) {
         const std::string_view line = TakeLine(section);
@@ -179,32 +260,6 @@ void StrokeFont::ReadSection(std::string_view section, StrokeGlyph& glyph, int d
         if (other != m_sections.end() && depth < kDeepest) {
             ReadSection(other->second, glyph, depth + 1);
         }
-    }
-}
-
-void StrokeFont::ReadPolyline(std::string_view line, Path& path)
-{
-    bool first = true;
-    Vec2 last;
-    while (!line.empty()) {
-        std::string_view field = TakeField(line, ';');
-        const auto x = Number(TakeField(field, ','));
-        const auto y = Number(TakeField(field, ','));
-        if (!x || !y) {
-            continue;
-        }
-        const std::string_view extra = TakeField(field, ',');
-        const auto bulge = extra.starts_with("A") ? Number(extra.substr(1)) : std::nullopt;
-        const Vec2 point{*x, *y};
-        if (first) {
-            path.MoveTo(point);
-        } else if (bulge && *bulge != 0) {
-            AddArc(path, last, point, *bulge);
-        } else {
-            path.LineTo(point);
-        }
-        first = false;
-        last = point;
     }
 }
 

@@ -5,7 +5,7 @@
 // 6.75" give the gap between letters and the width of a blank.
 #pragma once
 
-#include "render/Canvas.h"
+#include "render/FontFace.h"
 
 #include <cstdint>
 #include <memory>
@@ -22,24 +22,37 @@ struct StrokeGlyph {
     double gap = 0; ///< the part of the advance that only keeps the next letter off
 };
 
-class StrokeFont {
+/// As a face its glyphs are the characters' own numbers, and capitals are `kCapHeight` em high.
+class StrokeFont final : public FontFace {
 public:
+    static constexpr double kCapHeight = 0.7;    ///< as in most outline fonts, so that found text has its size
+    static constexpr std::uint32_t kMissing = 0; ///< the glyph that stands for a character no font has: a box
     /// The font in the file, or null when it can't be read or holds no character.
     static std::unique_ptr<StrokeFont> Open(const std::string& path);
     /// The same over the text of a file.
-    static std::unique_ptr<StrokeFont> FromText(std::string text);
+    static std::unique_ptr<StrokeFont> FromText(std::string text, std::string name = "strokes");
+    /// A font that has but the box for missing characters.
+    static const StrokeFont& Boxes();
     /// Null when the font has none.
-    [[nodiscard]] const StrokeGlyph* Find(char32_t character);
+    [[nodiscard]] const StrokeGlyph* Find(char32_t character) const;
+    /// The box when the font has none.
+    [[nodiscard]] const StrokeGlyph& At(std::uint32_t glyph) const;
+
+    [[nodiscard]] const std::string& Name() const override { return m_name; }
+    [[nodiscard]] bool IsStroked() const override { return true; }
+    [[nodiscard]] std::uint16_t UnitsPerEm() const override { return 10000; }
+    [[nodiscard]] std::uint16_t Advance(std::uint32_t glyph) const override;
+    void Contours(std::uint32_t, GlyphContours& out) const override { out.Clear(); }
+    void Outline(std::uint32_t glyph, Path& out) const override;
 
 private:
     bool Index();
     void ReadHead(std::string_view line);
-    void ReadSection(std::string_view section, StrokeGlyph& glyph, int depth);
-    void ReadPolyline(std::string_view line, Path& path);
+    void ReadSection(std::string_view section, StrokeGlyph& glyph, int depth) const;
 
-    std::string m_text;
+    std::string m_name = "strokes", m_text;
     std::unordered_map<char32_t, std::string_view> m_sections; ///< into m_text
-    std::unordered_map<char32_t, StrokeGlyph> m_glyphs;
+    mutable std::unordered_map<char32_t, StrokeGlyph> m_glyphs;
     double m_letterSpacing = 3, m_wordSpacing = 6.75; ///< font units
 };
 

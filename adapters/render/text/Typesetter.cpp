@@ -9,25 +9,6 @@ namespace sm::render {
 
 namespace {
 
-/// Invisible text below strokes: capitals are 0.7 em high as in most fonts.
-constexpr double kCapitalOfEm = 0.7;
-
-/// What stands for a character that no font has.
-const StrokeGlyph& MissingGlyph()
-{
-    static const StrokeGlyph kBox = [] {
-        StrokeGlyph box;
-        box.path.MoveTo({0.1, 0});
-        box.path.LineTo({0.7, 0});
-        box.path.LineTo({0.7, 1});
-        box.path.LineTo({0.1, 1});
-        box.path.LineTo({0.1, 0});
-        box.advance = 0.9;
-        return box;
-    }();
-    return kBox;
-}
-
 double Shear(const TypeStyle& style)
 {
     const double degrees = std::clamp(style.oblique, -85.0, 85.0);
@@ -76,17 +57,21 @@ double Typesetter::Run(const Job& job)
         const GlyphSource source = m_fonts.Find(font, c);
         const bool letter = (c >= U'0' && c <= U'9') || (c >= U'A' && c <= U'z') || c >= 0xC0;
         const bool complex = source.face != nullptr && (IsComplex(c) || (m_segment.complex && !letter));
-        const bool goesOn = m_segment.open && m_segment.face == source.face && m_segment.complex == complex &&
+        const StrokeFont* strokes = source.face != nullptr         ? nullptr
+                                    : source.strokeFont != nullptr ? source.strokeFont
+                                                                   : &StrokeFont::Boxes();
+        const bool goesOn = m_segment.open && m_segment.face == source.face && m_segment.strokes == strokes &&
+                            m_segment.complex == complex &&
                             (!complex || !letter || m_segment.rightToLeft == IsRightToLeft(c));
         if (!goesOn) {
             x += EndSegment(job);
-            m_segment = {source.face, complex, complex && IsRightToLeft(c), true, x, from, from};
+            m_segment = {source.face, strokes, complex, complex && IsRightToLeft(c), true, x, from, from};
             m_advance = 0;
             m_glyphs.clear();
         }
         m_segment.to = at;
         if (source.face == nullptr) {
-            AddStroke(job, source.strokes != nullptr ? *source.strokes : MissingGlyph(), from);
+            AddStroke(job, source, from);
         } else if (!complex) {
             m_glyphs.push_back({source.glyph, static_cast<std::uint32_t>(from - m_segment.from), {m_advance, 0}});
             m_advance += job.style.tracking * source.face->Advance(source.glyph) / source.face->UnitsPerEm();
@@ -113,53 +98,41 @@ double Typesetter::EndOutlines(const Job& job)
     const Matrix2 scale =
         ScaleOf(job.style, 1 / m_segment.face->CapHeight(), 1, {job.pen.x + m_segment.start, job.pen.y});
     if (job.shows) {
-        GlyphPart& part = m_parts.AddGlyphs();
-        part.color = job.style.color;
-        part.run.font = m_segment.face;
-        part.run.text = text;
-        part.run.advance = m_advance;
-        part.run.toPaper = scale;
-        for (const ShapedGlyph& glyph : m_glyphs) {
-            part.run.glyphs.push_back(glyph.glyph);
-            part.run.positions.push_back(glyph.position);
-            part.run.clusters.push_back(glyph.cluster);
-        }
+        AddPart(job, *m_segment.face, scale);
     }
     return m_advance * scale.a;
 }
 
-void Typesetter::AddStroke(const Job& job, const StrokeGlyph& glyph, std::size_t from)
+void Typesetter::AddPart(const Job& job, const FontFace& face, const Matrix2& scale)
 {
-    if (job.shows) {
-        if (m_segment.from == from || m_strokes == nullptr) {
-            m_strokes = &m_parts.AddStrokes();
-            m_strokes->color = job.style.color;
-        }
-        const Matrix2 scale = ScaleOf(job.style, 1, StrokeWidth(job.style), {job.pen.x + m_segment.start, job.pen.y});
-        Path& path = m_strokes->path;
-        path.verbs.insert(path.verbs.end(), glyph.path.verbs.begin(), glyph.path.verbs.end());
-        for (const Vec2 point : glyph.path.points) {
-            path.points.push_back(scale.Apply({point.x + m_advance, point.y}));
-        }
-        TextRun& run = m_strokes->run;
-        run.positions.push_back({m_advance * kCapitalOfEm, 0});
-        run.clusters.push_back(static_cast<std::uint32_t>(from - m_segment.from));
-        run.glyphs.push_back(0);
+    GlyphPart& part = m_parts.AddGlyphs();
+    part.color = job.style.color;
+    part.run.font = &face;
+    part.run.text = job.text.substr(m_segment.from, m_segment.to - m_segment.from);
+    part.run.advance = m_advance;
+    part.run.toPaper = scale;
+    for (const ShapedGlyph& glyph : m_glyphs) {
+        part.run.glyphs.push_back(glyph.glyph);
+        part.run.positions.push_back(glyph.position);
+        part.run.clusters.push_back(glyph.cluster);
     }
-    m_advance += glyph.advance * job.style.tracking;
+}
+
+void Typesetter::AddStroke(const Job& job, const GlyphSource& source, std::size_t from)
+{
+    m_glyphs.push_back({source.glyph, static_cast<std::uint32_t>(from - m_segment.from), {m_advance, 0}});
+    const StrokeGlyph& glyph = source.strokes != nullptr ? *source.strokes : m_segment.strokes->At(StrokeFont::kMissing);
+    m_advance += glyph.advance * StrokeFont::kCapHeight * job.style.tracking;
 }
 
 double Typesetter::EndStrokes(const Job& job)
 {
-    const double wider = StrokeWidth(job.style);
-    if (job.shows && m_strokes != nullptr) {
-        TextRun& run = m_strokes->run;
-        run.text = job.text.substr(m_segment.from, m_segment.to - m_segment.from);
-        run.advance = m_advance * kCapitalOfEm;
-        run.toPaper = ScaleOf(job.style, 1 / kCapitalOfEm, wider, {job.pen.x + m_segment.start, job.pen.y});
-        m_strokes = nullptr;
+    const Matrix2 scale = ScaleOf(job.style, 1 / StrokeFont::kCapHeight, StrokeWidth(job.style),
+                                  {job.pen.x + m_segment.start, job.pen.y});
+    if (job.shows) {
+        AddPart(job, *m_segment.strokes, scale);
     }
-    return m_advance * job.style.height * job.style.width * wider;
+    return m_advance * scale.a;
 }
 
 void Typesetter::AddRules(const Job& job, double width)

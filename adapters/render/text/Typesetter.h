@@ -1,4 +1,4 @@
-// Sets pieces of one line: characters become glyphs and strokes along the x axis.
+// Sets pieces of one line: characters become glyphs along the x axis.
 #pragma once
 
 #include "render/text/FontLibrary.h"
@@ -37,6 +37,7 @@ private:
     /// Characters that go into one run.
     struct Segment {
         const OutlineFace* face = nullptr; ///< null: strokes
+        const StrokeFont* strokes = nullptr;
         bool complex = false, rightToLeft = false;
         bool open = false;
         double start = 0;             ///< drawing units from the pen
@@ -52,15 +53,15 @@ private:
     double EndSegment(const Job& job);
     double EndOutlines(const Job& job);
     double EndStrokes(const Job& job);
-    void AddStroke(const Job& job, const StrokeGlyph& glyph, std::size_t from);
+    void AddStroke(const Job& job, const GlyphSource& source, std::size_t from);
+    void AddPart(const Job& job, const FontFace& face, const Matrix2& scale);
     void AddRules(const Job& job, double width);
 
     FontLibrary& m_fonts;
     LaidParts& m_parts;
     Segment m_segment;
     std::vector<ShapedGlyph> m_glyphs;
-    double m_advance = 0; ///< of the open segment: em, or heights of capitals
-    StrokePart* m_strokes = nullptr;
+    double m_advance = 0; ///< of the open segment, em
 };
 
 } // namespace sm::render
