@@ -22,6 +22,7 @@ public:
     bool opensDocuments = true;
     int beeps = 0;
     std::vector<std::string> calls; ///< everything but messages and beeps
+    std::vector<FileDialog> fileDialogs;
 
     /// The messages shown so far, which then count as looked at.
     [[nodiscard]] std::vector<Message> TakeMessages() { return std::exchange(m_messages, {}); }
@@ -68,6 +69,7 @@ private:
     std::optional<std::string> File(const std::string& operation, const FileDialog& dialog)
     {
         calls.push_back(operation + " " + dialog.defaultName);
+        fileDialogs.push_back(dialog);
         if (filesChosen.empty())
             return {};
         const std::string file = filesChosen.front();
