@@ -12,22 +12,11 @@ constexpr std::int32_t kLoaded = 0;
 constexpr std::int32_t kLoadFailed = -1;
 constexpr std::int32_t kNoPlotSettings = -2;
 
-std::vector<std::string> PlotStyles(CallContext& context, IAcadLayout& layout)
-{
-    // A host lists its tables as of the last refresh; without one the list may be empty.
-    CarryPast(context, "PlotStyles", [&] { layout.RefreshPlotDeviceInfo(); });
-    const auto names = CarryPast(context, "PlotStyles", [&] { return layout.GetPlotStyleTableNames(); });
-    std::vector<std::string> styles = {"None"};
-    if (names)
-        styles.insert(styles.end(), names->begin(), names->end());
-    return styles;
-}
-
 void FillLists(CallContext& context, IAcadDocument& document, IAcadLayout& layout, DataKeg& keg)
 {
     LoadPaperTable(keg.PaperSizes);
     keg.LoginName = LoginName(context, document);
-    keg.PlotStyles = PlotStyles(context, layout);
+    keg.PlotStyles = PlotStyleNames(context, layout);
     keg.General = ReadGeneralSettings(context.surroundings);
     keg.Stamps = ReadStampList(context.surroundings);
 }
@@ -67,6 +56,17 @@ std::int32_t LoadDialogRecords(CallContext& context, IAcadDocument& document, IA
 }
 
 } // namespace
+
+std::vector<std::string> PlotStyleNames(CallContext& context, IAcadLayout& layout)
+{
+    // A host lists its tables as of the last refresh; without one the list may be empty.
+    CarryPast(context, "PlotStyles", [&] { layout.RefreshPlotDeviceInfo(); });
+    const auto names = CarryPast(context, "PlotStyles", [&] { return layout.GetPlotStyleTableNames(); });
+    std::vector<std::string> styles = {"None"};
+    if (names)
+        styles.insert(styles.end(), names->begin(), names->end());
+    return styles;
+}
 
 bool LoadForConversion(CallContext& context, IAcadDocument& document, DataKeg& keg)
 {

@@ -63,6 +63,9 @@ std::int32_t LoadForDialog(CallContext& context, IAcadDocument& document, DataKe
 /// layout entry; false when there is none.
 bool SaveFromDialog(CallContext& context, const DataKeg& keg, IAcadDocument& document);
 
+/// "None" and the style tables that the host offers for the layout; "None" alone when they can't be listed.
+std::vector<std::string> PlotStyleNames(CallContext& context, IAcadLayout& layout);
+
 /// The value of the host's "LOGINNAME"; empty when it can't be read.
 std::string LoginName(CallContext& context, IAcadDocument& document);
 

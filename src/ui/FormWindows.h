@@ -1,0 +1,16 @@
+// The windows that lower floors open, as forms on a toolkit.
+#pragma once
+
+#include "plugin/CallContext.h"
+#include "ports/IFormToolkit.h"
+
+#include <memory>
+
+namespace sm {
+
+/// Both outlive the windows; `context` is the one that the plug-in object works in, and need not be made yet. The page
+/// setup dialog lists the views and style tables of the drawing that `context` holds; without one it lets the user type
+/// their names. Confirmed edits go into the page setup object, whose Update stores them.
+std::unique_ptr<IWindows> CreateFormWindows(CallContext& context, IFormToolkit& toolkit);
+
+} // namespace sm

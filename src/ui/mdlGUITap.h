@@ -1,0 +1,64 @@
+// The settings dialog from the outside: the routine that shows it, and the routines that carry values between the
+// records and the tabs.
+#pragma once
+
+#include "settings/DataKeg.h"
+#include "ui/PageSetupControls.h"
+
+#include <string>
+#include <vector>
+
+namespace sm {
+
+class StampControls;
+
+/// Why the settings dialog was closed.
+inline constexpr std::int32_t kActionCancel = 0;
+inline constexpr std::int32_t kActionOk = 1;
+inline constexpr std::int32_t kActionPickPlotWindow = 2;
+inline constexpr std::int32_t kActionPickStampPoint = 3;
+inline constexpr std::int32_t kActionPickAttachPoint = 4;
+inline constexpr std::int32_t kActionPickDigSigRectangle = 5;
+inline constexpr std::int32_t kActionCreatePdf = 6;
+
+/// Shows the settings dialog for the drawing of `context`, with picking in the drawing, and saves what the user
+/// confirmed. 1 when the user chose "Create PDF" and everything was saved, else 0. Never throws.
+std::int32_t ShowConversionSettings(CallContext& context, IFormToolkit& toolkit);
+
+// The tab routines. Each returns success; a failure is logged as "RUNTIME ERROR: <routine> -<description>". They
+// address the controls by name. None throws.
+
+bool SetConversionSettingsTab(Form& form, const DataKeg& keg);
+bool SaveConversionSettingsTab(Form& form, DataKeg& keg);
+
+/// What SetPageSetupTab fills the controls from.
+struct PageSetupSource {
+    const PageSetupRecord& record;
+    const std::vector<PaperSize>& papers;
+    const std::vector<std::string>& plotStyles; ///< "None" first
+    /// The drawing's page setup selection; only the settings dialog has a control for it.
+    std::int32_t selection = 0;
+};
+/// The named views are those of the drawing in hand; the settings dialog must have one.
+bool SetPageSetupTab(PageSetupControls& controls, const PageSetupSource& source);
+/// Writes the controls into `record` and the switch into `selection`. The settings dialog's controls are saved only
+/// while "Use Custom PDF Page Setup" is ticked; `layout` says what the choice Layout means there.
+bool SavePageSetupTab(const PageSetupControls& controls, const LayoutSettings& layout, PageSetupRecord& record,
+                      std::int32_t& selection);
+/// The page setup selection once the custom page setup is switched on or off: only 1 is ever taken away.
+std::int32_t SelectionOf(bool custom, std::int32_t before);
+
+bool SetStampTab(StampControls& controls, const DataKeg& keg);
+bool SaveStampTab(const StampControls& controls, DataKeg& keg);
+
+/// `rowForm` is the dialog that edits one row of the tab's list: its layout list is filled, too.
+bool SetAttachTab(Form& form, Form& rowForm, const DataKeg& keg);
+bool SaveAttachTab(Form& form, DataKeg& keg);
+/// The same for the signature fields.
+bool SetDigSigTab(Form& form, Form& rowForm, const DataKeg& keg);
+bool SaveDigSigTab(Form& form, DataKeg& keg);
+
+/// Runs `body` and gives true; a failure is logged under the routine's name and gives false.
+bool RunTabRoutine(CallContext& context, const char* routine, const std::function<void()>& body);
+
+} // namespace sm
