@@ -121,11 +121,11 @@ void JoinRecords(Model& model)
         model.blocks[*index].handle = record.handle;
         model.blocks[*index].units = record.units;
         if (record.handle != 0)
-            model.blockOfHandle.emplace(record.handle, *index);
+            model.source.blockOfHandle.emplace(record.handle, *index);
     });
     for (std::uint32_t i = 0; i < model.blocks.size(); ++i)
         if (model.blocks[i].handle != 0)
-            model.blockOfHandle.emplace(model.blocks[i].handle, i);
+            model.source.blockOfHandle.emplace(model.blocks[i].handle, i);
 }
 
 std::uint32_t EnsureSpace(Model& model, std::uint32_t found, const char* name)

@@ -63,8 +63,8 @@ void BuildDrawOrder(Model& model)
 {
     ForEachObject(model, "SORTENTSTABLE", [&](const Slice& slice) {
         const DrawOrder order = ReadOrder(model, slice);
-        const auto block = model.blockOfHandle.find(order.block);
-        if (block != model.blockOfHandle.end() && !order.keys.empty())
+        const auto block = model.source.blockOfHandle.find(order.block);
+        if (block != model.source.blockOfHandle.end() && !order.keys.empty())
             Apply(model, order, model.spans[block->second]);
     });
 }

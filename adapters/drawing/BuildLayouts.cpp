@@ -109,8 +109,8 @@ std::uint32_t BlockNaming(const Model& model, Handle layout)
             else if (tag.Code() == 340)
                 named = tag.HandleValue();
         });
-        const auto found = model.blockOfHandle.find(handle);
-        if (named == layout && layout != 0 && found != model.blockOfHandle.end())
+        const auto found = model.source.blockOfHandle.find(handle);
+        if (named == layout && layout != 0 && found != model.source.blockOfHandle.end())
             block = found->second;
     });
     return block;
@@ -142,8 +142,8 @@ std::uint32_t FreePaperBlock(Model& model)
 
 void AddReadLayout(Model& model, ReadLayout& read, bool repair)
 {
-    const auto linked = model.blockOfHandle.find(read.block);
-    std::uint32_t block = linked == model.blockOfHandle.end() ? kNoBlock : linked->second;
+    const auto linked = model.source.blockOfHandle.find(read.block);
+    std::uint32_t block = linked == model.source.blockOfHandle.end() ? kNoBlock : linked->second;
     if (!IsSpace(model, block) || IsTaken(model, block))
         block = BlockNaming(model, read.layout.handle);
     if (!IsSpace(model, block) || IsTaken(model, block)) {

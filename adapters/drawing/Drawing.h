@@ -6,6 +6,7 @@
 
 #include "drawing/Entities.h"
 #include "drawing/Layouts.h"
+#include "drawing/Notes.h"
 
 #include <cstdint>
 #include <memory>

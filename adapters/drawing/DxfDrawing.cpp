@@ -37,6 +37,7 @@ std::unique_ptr<Model> ReadModel(FileBytes bytes, const std::string& path)
     BuildLayers(*model);
     BuildViews(*model);
     BuildBlocks(*model);
+    BuildNotes(*model);
     BuildObjects(*model);
     BuildLayouts(*model);
     BuildDrawOrder(*model);

@@ -186,13 +186,6 @@ struct InsertData : Entity { // OCS
     std::vector<EntityRecord> attributes; ///< its ATTRIBs
 };
 inline constexpr std::uint32_t kNoBlock = 0xFFFFFFFF;
-struct DimensionData : Entity {
-    std::uint32_t block = kNoBlock; ///< the anonymous block that holds its picture
-    std::string blockName;
-    Vec3 definitionPoint, textMidpoint;
-    std::string text;
-    std::int32_t type = 0;
-};
 struct HatchEdge {
     enum class Kind : std::uint8_t { Line, Arc, EllipticArc, Spline } kind = Kind::Line;
     Vec2 start, end;                                            ///< Line
@@ -242,11 +235,6 @@ struct ViewportData : Entity {
     Handle clipEntity = 0;                   ///< 340
     [[nodiscard]] bool Off() const { return (flags & 0x20000) != 0; }
 };
-struct LeaderData : Entity {
-    std::vector<Vec3> vertices;
-    bool spline = false;
-    bool arrowHead = true;
-};
 /// IMAGE, WIPEOUT, PDF/DWF/DGN UNDERLAY.
 struct ImageData : Entity {
     Vec3 insertion, u, v; ///< vectors of one pixel
@@ -269,10 +257,8 @@ void Read(const Drawing&, const EntityRecord&, QuadData&);
 void Read(const Drawing&, const EntityRecord&, TextData&);
 void Read(const Drawing&, const EntityRecord&, MTextData&);
 void Read(const Drawing&, const EntityRecord&, InsertData&);
-void Read(const Drawing&, const EntityRecord&, DimensionData&);
 void Read(const Drawing&, const EntityRecord&, HatchData&);
 void Read(const Drawing&, const EntityRecord&, ViewportData&);
-void Read(const Drawing&, const EntityRecord&, LeaderData&);
 void Read(const Drawing&, const EntityRecord&, ImageData&);
 
 /// A point among an entity's own tags: its x stands in group `code` (10 to 18), y and z in those 10 and 20 above.

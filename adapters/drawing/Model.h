@@ -42,7 +42,6 @@ struct Model {
     std::vector<NamedView> views;
     std::vector<std::string> applications;
     std::optional<ModelView> modelView;
-    std::unordered_map<Handle, std::uint32_t> blockOfHandle;
 
     std::vector<Block> blocks;
     std::vector<RecordSpan> spans; ///< one for each block
@@ -70,6 +69,7 @@ void BuildLinetypes(Model& model);
 void BuildLayers(Model& model);
 void BuildViews(Model& model);
 void BuildBlocks(Model& model);
+void BuildNotes(Model& model);
 void BuildObjects(Model& model);
 void BuildLayouts(Model& model);
 void BuildDrawOrder(Model& model);

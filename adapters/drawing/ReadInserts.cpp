@@ -103,33 +103,4 @@ void Read(const Drawing& drawing, const EntityRecord& record, InsertData& data)
         ReadAttributes(rest, record, data.attributes);
 }
 
-void Read(const Drawing& drawing, const EntityRecord& record, DimensionData& data)
-{
-    std::string name = std::move(data.blockName), text = std::move(data.text);
-    data = {};
-    name.clear();
-    text.clear();
-    data.blockName = std::move(name);
-    data.text = std::move(text);
-    EntityTags tags(drawing.Tags(), record);
-    while (tags.Next()) {
-        if (tags.Take(10, data.definitionPoint) || tags.Take(11, data.textMidpoint))
-            continue;
-        switch (tags.Code()) {
-        case 1:
-            DecodeText(tags.Source(), tags.RawText(), data.text);
-            break;
-        case 2:
-            data.block = tags.Source().BlockOf(tags.Name());
-            tags.Source().text->Decode(tags.Name(), data.blockName);
-            break;
-        case 70:
-            data.type = tags.Integer();
-            break;
-        default:
-            tags.TakeCommon(data);
-        }
-    }
-}
-
 } // namespace sm::drawing

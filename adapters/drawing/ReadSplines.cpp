@@ -77,27 +77,4 @@ void Read(const Drawing& drawing, const EntityRecord& record, SplineData& data)
     }
 }
 
-void Read(const Drawing& drawing, const EntityRecord& record, LeaderData& data)
-{
-    std::vector<Vec3> vertices = std::move(data.vertices);
-    data = {};
-    vertices.clear();
-    data.vertices = std::move(vertices);
-    EntityTags tags(drawing.Tags(), record);
-    while (tags.Next()) {
-        if (TakePoint(tags, 10, data.vertices))
-            continue;
-        switch (tags.Code()) {
-        case 71:
-            data.arrowHead = tags.Integer() != 0;
-            break;
-        case 72:
-            data.spline = tags.Integer() == 1;
-            break;
-        default:
-            tags.TakeCommon(data);
-        }
-    }
-}
-
 } // namespace sm::drawing

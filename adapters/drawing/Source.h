@@ -19,7 +19,14 @@ public:
     std::unique_ptr<TextDecoder> text;
     NameTable layers, linetypes, styles, blocks;
     std::unordered_map<Handle, std::uint32_t> layerOfHandle;
-    std::unordered_map<Handle, std::uint32_t> styleOfHandle;
+    std::unordered_map<Handle, std::uint32_t> styleOfHandle, linetypeOfHandle, blockOfHandle;
+    /// Dimension styles by name: into `dimensionStyles`. Their values are read with the entities that use them.
+    NameTable dimensionStyleNames;
+    std::vector<Slice> dimensionStyles;
+    /// The MLEADERSTYLE and MLINESTYLE objects; those of multilines also by name.
+    std::unordered_map<Handle, Slice> noteStyles;
+    NameTable multilineStyleNames;
+    std::vector<Slice> multilineStyles;
     /// The FIELD objects, and the dictionaries that lead to them: empty in a drawing without fields.
     std::unordered_map<Handle, Slice> fields, dictionaries;
 
@@ -31,6 +38,21 @@ public:
         return linetypes.Find(raw, *text).value_or(0);
     }
     [[nodiscard]] std::uint32_t StyleOf(std::string_view raw) const { return styles.Find(raw, *text).value_or(0); }
+    [[nodiscard]] std::uint32_t BlockOfHandle(Handle handle) const
+    {
+        const auto found = blockOfHandle.find(handle);
+        return found == blockOfHandle.end() ? kNoBlock : found->second;
+    }
+    [[nodiscard]] std::uint32_t LinetypeOfHandle(Handle handle) const
+    {
+        const auto found = linetypeOfHandle.find(handle);
+        return found == linetypeOfHandle.end() ? 0 : found->second;
+    }
+    [[nodiscard]] std::uint32_t StyleOfHandle(Handle handle) const
+    {
+        const auto found = styleOfHandle.find(handle);
+        return found == styleOfHandle.end() ? 0 : found->second;
+    }
     [[nodiscard]] std::uint32_t BlockOf(std::string_view raw) const
     {
         return blocks.Find(raw, *text).value_or(kNoBlock);

@@ -7,7 +7,8 @@ namespace {
 
 constexpr std::size_t kDeepestNesting = 64;
 
-// Block coordinates to those of the insert's owner, for the copy at `row` and `column`.
+} // namespace
+
 Matrix3 Placing(const drawing::InsertData& insert, Vec3 base, std::int32_t row, std::int32_t column)
 {
     const double c = std::cos(Radians(insert.rotation));
@@ -19,8 +20,6 @@ Matrix3 Placing(const drawing::InsertData& insert, Vec3 base, std::int32_t row, 
     inOcs.origin = inOcs.Apply(base * -1);
     return IsPlanExtrusion(insert.extrusion) ? inOcs : Compose(OcsAxes(insert.extrusion), inOcs);
 }
-
-} // namespace
 
 bool Painter::CanEnter(std::uint32_t block)
 {

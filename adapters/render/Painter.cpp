@@ -117,7 +117,9 @@ Outcome Painter::Dispatch(const drawing::EntityRecord& record, const Frame& fram
     case EntityKind::MPolygon:
         return Leaf(buffers.hatch, record, frame);
     case EntityKind::Leader:
-        return Leaf(buffers.leader, record, frame);
+        return PaintLeader(record, frame);
+    case EntityKind::MultiLeader:
+        return PaintMultiLeader(record, frame);
     case EntityKind::Insert:
         return PaintInsert(record, frame);
     case EntityKind::Dimension:
@@ -133,8 +135,13 @@ Outcome Painter::Dispatch(const drawing::EntityRecord& record, const Frame& fram
 
 Outcome Painter::PaintAttribute(const drawing::EntityRecord& record, const Frame& frame)
 {
-    drawing::TextData& text = m_buffers->text;
-    Read(m_drawing, record, text);
+    Read(m_drawing, record, m_buffers->text);
+    return PaintReadAttribute(record, frame);
+}
+
+Outcome Painter::PaintReadAttribute(const drawing::EntityRecord& record, const Frame& frame)
+{
+    const drawing::TextData& text = m_buffers->text;
     constexpr std::int32_t kInvisible = 1;
     const std::int32_t mode = m_drawing.HeaderInteger("$ATTMODE", 1); // 0 none shows, 1 as marked, 2 all show
     const bool shown = mode == 2 || (mode != 0 && (text.attributeFlags & kInvisible) == 0);

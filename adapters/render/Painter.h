@@ -5,6 +5,7 @@
 #include "render/Arcs.h"
 #include "render/FrontEnd.h"
 #include "render/Ink.h"
+#include "render/NotePicture.h"
 #include "render/Projection.h"
 #include "render/Style.h"
 
@@ -63,7 +64,6 @@ private:
     bool Draw(const drawing::TextData& text, drawing::EntityKind kind);
     bool Draw(const drawing::MTextData& text, drawing::EntityKind kind);
     bool Draw(const drawing::HatchData& hatch, drawing::EntityKind kind);
-    bool Draw(const drawing::LeaderData& leader, drawing::EntityKind kind);
 
     void DrawEndlessLine(const drawing::LineData& line, bool bothWays);
     void DrawSpacePolyline(const drawing::PolylineData& polyline);
@@ -83,9 +83,17 @@ private:
     Outcome PaintCopies(const drawing::InsertData& insert, const Frame& frame, const Style& style);
     Outcome PaintAttributes(const drawing::InsertData& insert, const Frame& frame, const Style& style);
     Outcome PaintDimension(const drawing::EntityRecord& record, const Frame& frame);
+    Outcome PaintLeader(const drawing::EntityRecord& record, const Frame& frame);
+    Outcome PaintMultiLeader(const drawing::EntityRecord& record, const Frame& frame);
+    Outcome PaintPicture(const NotePicture& picture, const drawing::Entity& entity, const drawing::EntityRecord& record,
+                         const Frame& frame);
+    void PaintNoteShapes(const NotePicture& picture, const Frame& frame, const Inherited& inherited);
+    Outcome PaintNoteCopy(const NotePicture::Copy& copy, const Frame& frame, const Inherited& inherited);
+    Outcome PaintNoteAttributes(const NotePicture::Copy& copy, const Frame& inner);
     Outcome PaintViewport(const drawing::EntityRecord& record, const Frame& frame);
     bool ViewportIsOff(const drawing::ViewportData& viewport) const;
     Outcome PaintAttribute(const drawing::EntityRecord& record, const Frame& frame);
+    Outcome PaintReadAttribute(const drawing::EntityRecord& record, const Frame& frame);
     Outcome PaintAttdef(const drawing::EntityRecord& record, const Frame& frame);
     Outcome PaintViewportContent(const drawing::ViewportData& viewport, const Frame& frame);
     bool MakeClipPath(const drawing::ViewportData& viewport, const Frame& frame);

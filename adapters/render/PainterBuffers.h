@@ -21,11 +21,13 @@ struct Painter::Buffers {
     drawing::TextData text;
     drawing::MTextData mtext;
     drawing::HatchData hatch;
-    drawing::LeaderData leader;
     std::deque<drawing::InsertData> inserts; ///< one for each open block
     std::vector<std::uint32_t> breaks;
     TextRun run;
 };
+
+/// Block coordinates to those of the insert's owner, for the copy at `row` and `column`.
+Matrix3 Placing(const drawing::InsertData& insert, Vec3 base, std::int32_t row, std::int32_t column);
 
 /// Stands for an open block as long as it is painted.
 class OpenBlock {

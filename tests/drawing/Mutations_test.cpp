@@ -112,6 +112,14 @@ template <class Data> std::size_t Touch(const Drawing& drawing, const EntityReco
     return static_cast<std::size_t>(data.layer);
 }
 
+std::size_t TouchDimensionStyle(const Drawing& drawing, const EntityRecord& record)
+{
+    DimStyle style;
+    Read(drawing, record, style);
+    EXPECT_GT(style.scale, 0);
+    return 0;
+}
+
 /// Reads an entity as every kind there is: a mutated file may call anything anything.
 std::size_t TouchAll(const Drawing& drawing, const EntityRecord& record)
 {
@@ -124,7 +132,9 @@ std::size_t TouchAll(const Drawing& drawing, const EntityRecord& record)
            Touch<MTextData>(drawing, record) | Touch<InsertData>(drawing, record) |
            Touch<DimensionData>(drawing, record) | Touch<HatchData>(drawing, record) |
            Touch<ViewportData>(drawing, record) | Touch<LeaderData>(drawing, record) |
-           Touch<ImageData>(drawing, record);
+           Touch<ImageData>(drawing, record) | Touch<MultiLeaderData>(drawing, record) |
+           Touch<MLineData>(drawing, record) | Touch<ToleranceData>(drawing, record) |
+           Touch<TableData>(drawing, record) | TouchDimensionStyle(drawing, record);
 }
 
 /// The number of entities, or nothing when the file is refused; checks what must hold for any file.

@@ -1,0 +1,150 @@
+#include "drawing/EntityTags.h"
+
+#include <algorithm>
+
+namespace sm::drawing {
+
+namespace {
+
+/// Cells that one table may have at most: a file that asks for more is damaged.
+constexpr std::size_t kMostCells = 100'000;
+
+void TakeCellColor(std::optional<std::int16_t>& color, std::int32_t value)
+{
+    if (value >= 0 && value <= kByLayer)
+        color = static_cast<std::int16_t>(value);
+}
+
+bool TakeCellContent(const EntityTags& tags, TableData::Cell& cell)
+{
+    switch (tags.Code()) {
+    case 340:
+        cell.block = tags.Source().BlockOfHandle(tags.HandleValue());
+        break;
+    case 144:
+        cell.blockScale = tags.Real();
+        break;
+    case 145:
+        cell.rotation = tags.Real();
+        break;
+    case 331:
+        cell.attributes.push_back({.definition = tags.HandleValue(), .text = {}});
+        break;
+    case 300:
+        if (!cell.attributes.empty())
+            DecodeText(tags.Source(), tags.RawText(), cell.attributes.back().text);
+        break;
+    case 1:
+    case 2:
+        tags.Source().text->Append(tags.RawText(), cell.text);
+        break;
+    default:
+        return false;
+    }
+    return true;
+}
+
+void TakeCellTag(const EntityTags& tags, TableData::Cell& cell)
+{
+    switch (tags.Code()) {
+    case 173:
+        cell.hidden = tags.Integer() != 0;
+        break;
+    case 175:
+        cell.columns = std::max(tags.Integer(), 1);
+        break;
+    case 176:
+        cell.rows = std::max(tags.Integer(), 1);
+        break;
+    case 7:
+        cell.style = tags.Source().StyleOf(tags.Name());
+        break;
+    case 140:
+        cell.textHeight = tags.Real();
+        break;
+    case 170:
+        cell.alignment = tags.Integer();
+        break;
+    case 64:
+        TakeCellColor(cell.textColor, tags.Integer());
+        break;
+    case 63:
+        TakeCellColor(cell.fillColor, tags.Integer());
+        break;
+    case 283:
+        cell.filled = tags.Integer() != 0;
+        break;
+    default:
+        TakeCellContent(tags, cell);
+    }
+}
+
+/// Where the walk stands: in the table's own groups, in a cell, or in the value of a cell (from R2007 on).
+struct TableWalk {
+    TableData& data;
+    bool inValue = false;
+
+    void TakeTableTag(const EntityTags& tags)
+    {
+        if (tags.Take(10, data.insertion) || tags.Take(11, data.direction))
+            return;
+        switch (tags.Code()) {
+        case 2:
+            data.block = tags.Source().BlockOf(tags.Name());
+            break;
+        case 343:
+            if (const std::uint32_t block = tags.Source().BlockOfHandle(tags.HandleValue()); block != kNoBlock)
+                data.block = block;
+            break;
+        case 141:
+            data.rowHeights.push_back(std::max(tags.Real(), 0.0));
+            break;
+        case 142:
+            data.columnWidths.push_back(std::max(tags.Real(), 0.0));
+            break;
+        default:
+            tags.TakeCommon(data);
+        }
+    }
+
+    void TakeValueTag(const EntityTags& tags)
+    {
+        inValue = !(tags.Code() == 304 && tags.Name() == "ACVALUE_END");
+        if (inValue && tags.Code() == 302) // what shows of the value
+            tags.Source().text->Append(tags.RawText(), data.cells.back().text);
+    }
+
+    void Take(const EntityTags& tags)
+    {
+        if (inValue) {
+            TakeValueTag(tags);
+        } else if (tags.Code() == 171 && data.cells.size() < kMostCells) {
+            data.cells.emplace_back();
+            data.cells.back().isBlock = tags.Integer() == 2;
+        } else if (data.cells.empty()) {
+            TakeTableTag(tags);
+        } else if (tags.Code() == 301) {
+            inValue = true;
+        } else {
+            TakeCellTag(tags, data.cells.back());
+        }
+    }
+};
+
+} // namespace
+
+void Read(const Drawing& drawing, const EntityRecord& record, TableData& data)
+{
+    data = {};
+    TableWalk walk{data};
+    EntityTags tags(drawing.Tags(), record);
+    while (tags.Next())
+        walk.Take(tags);
+    const std::size_t cells = data.columnWidths.size() * data.rowHeights.size();
+    if (data.cells.size() > cells)
+        data.cells.resize(cells);
+    for (TableData::Cell& cell : data.cells)
+        DecodeCarets(cell.text);
+}
+
+} // namespace sm::drawing
