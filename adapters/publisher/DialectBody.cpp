@@ -250,4 +250,22 @@ std::optional<BodyFacts> CheckDialectBody(std::string_view body, std::size_t pic
     return BodyChecker(body, pictures).Check();
 }
 
+std::vector<std::string_view> CutDialectBody(std::string_view body, std::size_t size)
+{
+    constexpr std::string_view kStroke = "\nS\n"; // no text block holds it
+    std::vector<std::string_view> parts;
+    while (body.size() > size) {
+        const std::size_t at = body.find(kStroke, size);
+        if (at == std::string_view::npos) {
+            break;
+        }
+        parts.push_back(body.substr(0, at + kStroke.size()));
+        body.remove_prefix(parts.back().size());
+    }
+    if (!body.empty()) {
+        parts.push_back(body);
+    }
+    return parts;
+}
+
 } // namespace sm::publisher

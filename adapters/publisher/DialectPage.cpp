@@ -98,8 +98,7 @@ std::optional<DialectPage> ReadDialectPage(std::string_view file)
     file.remove_suffix(kTail.size());
     auto pictures = TakeDialectPictures(*setup);
     auto fonts = pictures ? ReadDialectFonts(*setup) : std::nullopt;
-    const auto facts = fonts ? CheckDialectBody(file, pictures->size()) : std::nullopt;
-    if (!facts || facts->depth != 0 || facts->lowest < 0) {
+    if (!fonts) {
         return std::nullopt;
     }
     return DialectPage{std::move(*fonts), std::move(*pictures), file};

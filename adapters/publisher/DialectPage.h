@@ -37,10 +37,10 @@ struct DialectFont {
 struct DialectPage {
     std::vector<DialectFont> fonts;
     std::vector<DialectPicture> pictures; ///< the body calls them I1, I2, …
-    std::string_view content;             ///< the page's content stream, in the file
+    std::string_view body;                ///< in the file; not yet checked, see CheckDialectBody
 };
 
-/// The page that `file` holds; nothing when it isn't in the dialect.
+/// The page that `file` holds; nothing when what is round its body isn't in the dialect.
 std::optional<DialectPage> ReadDialectPage(std::string_view file);
 
 /// How a body, or a part of one that ends with a complete operation, opens and closes graphics states.
@@ -53,6 +53,9 @@ struct BodyFacts {
 /// dialect's BT and ET save and restore the graphics state, PDF's don't, so that a text block has to set font and place
 /// itself, and one that hides its text has to stand between q and Q. Other pictures than I1 to I`pictures` are refused.
 std::optional<BodyFacts> CheckDialectBody(std::string_view body, std::size_t pictures = 0);
+
+/// The body in parts of at least `size` bytes, the last one smaller, that end with complete operations.
+std::vector<std::string_view> CutDialectBody(std::string_view body, std::size_t size);
 
 /// The fonts defined in `setup`, one resource after the other; nothing when it holds anything else.
 std::optional<std::vector<DialectFont>> ReadDialectFonts(std::string_view setup);

@@ -1,49 +1,12 @@
 #include "publisher/DialectPageMaker.h"
 
 #include "publisher/DialectFontObjects.h"
+#include "publisher/PackedBody.h"
 #include "publisher/PdfNumbers.h"
-
-#include <fcntl.h>
-#include <sys/mman.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace sm::publisher {
 
 namespace {
-
-/// A file's bytes, mapped; empty when it can't be read.
-class MappedFile {
-public:
-    explicit MappedFile(const std::string& path)
-    {
-        const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-        struct stat facts = {};
-        if (descriptor >= 0 && ::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode) && facts.st_size > 0) {
-            m_size = static_cast<std::size_t>(facts.st_size);
-            m_bytes = ::mmap(nullptr, m_size, PROT_READ, MAP_PRIVATE, descriptor, 0);
-        }
-        if (descriptor >= 0) {
-            ::close(descriptor);
-        }
-    }
-    ~MappedFile()
-    {
-        if (m_bytes != MAP_FAILED) {
-            ::munmap(m_bytes, m_size);
-        }
-    }
-    MappedFile(const MappedFile&) = delete;
-    MappedFile& operator=(const MappedFile&) = delete;
-    [[nodiscard]] std::string_view Bytes() const
-    {
-        return m_bytes == MAP_FAILED ? std::string_view() : std::string_view(static_cast<const char*>(m_bytes), m_size);
-    }
-
-private:
-    void* m_bytes = MAP_FAILED;
-    std::size_t m_size = 0;
-};
 
 class DialectPageMaker final : public IPageMaker {
 public:
@@ -52,14 +15,14 @@ public:
     MadePages MakePages(const std::vector<PageSource>& pages, const std::string& jobOptions,
                         const std::string& folder) override
     {
-        QPDF pdf;
-        pdf.emptyPDF();
-        DialectPictureObjects pictures(pdf);
+        auto pdf = std::make_shared<QPDF>();
+        pdf->emptyPDF();
+        DialectPictureObjects pictures(*pdf);
         bool ours = DialectRespects(jobOptions);
         for (std::size_t i = 0; i < pages.size() && ours; ++i) {
-            ours = AddPage(pdf, pages[i], jobOptions, pictures);
+            ours = AddPage(*pdf, pages[i], jobOptions, pictures);
         }
-        return ours ? MadePages{{}, Written(pdf)} : m_others->MakePages(pages, jobOptions, folder);
+        return ours ? MadePages{{}, std::move(pdf)} : m_others->MakePages(pages, jobOptions, folder);
     }
 
 private:
@@ -79,6 +42,10 @@ private:
             }
             fonts.replaceKey("/" + font.name, object);
         }
+        const auto parts = PackDialectBody(file, page->body, page->pictures.size());
+        if (!parts) {
+            return false;
+        }
         auto dictionary = QPDFObjectHandle::parse("<</Type/Page/Resources<</ProcSet[/PDF/Text]>>>>");
         const auto zero = QPDFObjectHandle::newInteger(0);
         dictionary.replaceKey(
@@ -88,21 +55,20 @@ private:
         if (!page->pictures.empty()) {
             dictionary.getKey("/Resources").replaceKey("/XObject", pictures.Resources(page->pictures));
         }
-        dictionary.replaceKey("/Contents", pdf.newStream(std::string(page->content)));
+        dictionary.replaceKey("/Contents", Contents(pdf, *parts));
         QPDFPageDocumentHelper(pdf).addPage(QPDFPageObjectHelper(pdf.makeIndirectObject(dictionary)), false);
         return true;
     }
 
-    static std::shared_ptr<const std::string> Written(QPDF& pdf)
+    static QPDFObjectHandle Contents(QPDF& pdf, const std::vector<std::shared_ptr<Buffer>>& parts)
     {
-        QPDFWriter writer(pdf);
-        writer.setOutputMemory();
-        writer.setStreamDataMode(qpdf_s_preserve);
-        writer.setObjectStreamMode(qpdf_o_disable);
-        writer.write();
-        const auto buffer = writer.getBufferSharedPointer();
-        return std::make_shared<const std::string>(reinterpret_cast<const char*>(buffer->getBuffer()),
-                                                   buffer->getSize());
+        std::vector<QPDFObjectHandle> streams;
+        for (const auto& part : parts) {
+            streams.push_back(pdf.newStream());
+            streams.back().replaceStreamData(part, QPDFObjectHandle::newName("/FlateDecode"),
+                                             QPDFObjectHandle::newNull());
+        }
+        return streams.size() == 1 ? streams.front() : QPDFObjectHandle::newArray(streams);
     }
 
     std::unique_ptr<IPageMaker> m_others;

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+class QPDF;
+
 namespace sm::publisher {
 
 /// One page to be made. `number` is its place in the document from 1, which error texts name.
@@ -17,10 +19,10 @@ struct PageSource {
     std::size_t number = 0;
 };
 
-/// A PDF whose page k is the k-th page asked for: in memory when `bytes` is set, else the file at `path`.
+/// A PDF whose page k is the k-th page asked for: in memory when `document` is set, else the file at `path`.
 struct MadePages {
     std::string path;
-    std::shared_ptr<const std::string> bytes;
+    std::shared_ptr<QPDF> document;
 };
 
 class IPageMaker {

@@ -29,15 +29,14 @@ private:
     AtomicFile& m_file;
 };
 
-std::unique_ptr<QPDF> OpenSource(const MadePages& made, std::size_t pageCount)
+std::shared_ptr<QPDF> OpenSource(const MadePages& made, std::size_t pageCount)
 {
-    auto pdf = std::make_unique<QPDF>();
-    pdf->setSuppressWarnings(true);
-    if (made.bytes) {
-        pdf->processMemoryFile("pages", made.bytes->data(), made.bytes->size());
-    } else {
-        pdf->processFile(made.path.c_str());
+    if (made.document) {
+        return made.document;
     }
+    auto pdf = std::make_shared<QPDF>();
+    pdf->setSuppressWarnings(true);
+    pdf->processFile(made.path.c_str());
     if (pdf->numWarnings() > 0 || pdf->getAllPages().size() != pageCount) {
         throw PublishFailure(PublishStatus::Internal, "The PDF pages that were made can't be read.");
     }
@@ -82,7 +81,7 @@ public:
     QPDF& Document() { return m_sources.size() == 1 ? *m_sources.front() : m_new; }
 
 private:
-    std::vector<std::unique_ptr<QPDF>> m_sources;
+    std::vector<std::shared_ptr<QPDF>> m_sources;
     QPDF m_new;
 };
 

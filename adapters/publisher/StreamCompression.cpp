@@ -1,12 +1,9 @@
 #include "publisher/StreamCompression.h"
 
-#include "publisher/Qpdf.h"
+#include "publisher/Deflater.h"
 
 #include <algorithm>
-#include <cstring>
-#include <libdeflate.h>
 #include <memory>
-#include <new>
 #include <thread>
 #include <vector>
 
@@ -14,7 +11,6 @@ namespace sm::publisher {
 
 namespace {
 
-constexpr int kLevel = 1; // twice as fast as level 6 for a few percent of size
 constexpr std::size_t kWorthIt = 64;
 constexpr std::size_t kBatchBytes = std::size_t{32} << 20;
 constexpr std::size_t kWorthAThread = std::size_t{1} << 19;
@@ -25,39 +21,15 @@ struct Job {
     std::shared_ptr<Buffer> packed;
 };
 
-class Deflater {
-public:
-    Deflater() : m_compressor(libdeflate_alloc_compressor(kLevel))
-    {
-        if (m_compressor == nullptr) {
-            throw std::bad_alloc();
-        }
-    }
-    Deflater(const Deflater&) = delete;
-    Deflater& operator=(const Deflater&) = delete;
-    ~Deflater() { libdeflate_free_compressor(m_compressor); }
-
-    void Pack(Job& job)
-    {
-        const std::size_t size = job.raw->getSize();
-        std::vector<unsigned char> packed(size); // what doesn't fit hasn't become smaller
-        const std::size_t packedSize =
-            libdeflate_zlib_compress(m_compressor, job.raw->getBuffer(), size, packed.data(), packed.size());
-        if (packedSize > 0) {
-            job.packed = std::make_shared<Buffer>(packedSize);
-            std::memcpy(job.packed->getBuffer(), packed.data(), packedSize);
-        }
-    }
-
-private:
-    libdeflate_compressor* m_compressor;
-};
-
 void PackEvery(std::vector<Job>& jobs, std::size_t first, std::size_t step)
 {
     Deflater deflater;
     for (std::size_t i = first; i < jobs.size(); i += step) {
-        deflater.Pack(jobs[i]);
+        const Buffer& raw = *jobs[i].raw;
+        auto packed = deflater.Pack({reinterpret_cast<const char*>(raw.getBuffer()), raw.getSize()});
+        if (packed->getSize() < raw.getSize()) {
+            jobs[i].packed = std::move(packed);
+        }
     }
 }
 

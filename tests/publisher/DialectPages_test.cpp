@@ -1,6 +1,7 @@
 // The plotter's own pages, made without the interpreter and with it: the same picture and the same text.
 #include "publisher/DialectPageMaker.h"
 #include "publisher/GhostscriptPageMaker.h"
+#include "publisher/Qpdf.h"
 
 #include "plotter/Plotter.h"
 
@@ -77,10 +78,10 @@ protected:
     }
     std::string Saved(const MadePages& made, const std::string& name)
     {
-        if (!made.bytes)
+        if (!made.document)
             return made.path;
         const std::string path = (m_folder / name).string();
-        std::ofstream(path, std::ios::binary) << *made.bytes;
+        QPDFWriter(*made.document, path.c_str()).write();
         return path;
     }
 

@@ -2,6 +2,7 @@
 #include "publisher/DialectPageMaker.h"
 #include "publisher/DialectPictures.h"
 #include "publisher/GhostscriptPageMaker.h"
+#include "publisher/Qpdf.h"
 
 #include "plotter/PsDocument.h"
 
@@ -184,10 +185,11 @@ protected:
     }
     std::string Saved(const MadePages& made, const std::string& name) const
     {
-        if (!made.bytes)
+        if (!made.document)
             return made.path;
-        std::ofstream(m_folder / name, std::ios::binary) << *made.bytes;
-        return (m_folder / name).string();
+        const std::string path = (m_folder / name).string();
+        QPDFWriter(*made.document, path.c_str()).write();
+        return path;
     }
 
     fs::path m_folder;

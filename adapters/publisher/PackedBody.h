@@ -1,0 +1,19 @@
+// A page body on its way into the PDF: checked and compressed part by part, on several cores where it is large.
+#pragma once
+
+#include "publisher/MappedFile.h"
+#include "publisher/Qpdf.h"
+
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace sm::publisher {
+
+/// The content streams, compressed, that together are the page; nothing when `body`, a part of `file`, isn't in the
+/// dialect or shows other pictures than I1 to I`pictures`. The file's memory is given back on the way.
+std::optional<std::vector<std::shared_ptr<Buffer>>> PackDialectBody(const MappedFile& file, std::string_view body,
+                                                                    std::size_t pictures);
+
+} // namespace sm::publisher
