@@ -206,14 +206,15 @@ void OrderTabs(Model& model)
     std::stable_sort(model.layouts.begin(), model.layouts.end(), [](const Layout& a, const Layout& b) {
         return a.isModel != b.isModel ? a.isModel : a.tabOrder < b.tabOrder;
     });
-    std::int32_t next = 0;
-    bool changed = false;
-    for (Layout& layout : model.layouts) {
-        changed = changed || layout.tabOrder != next;
-        layout.tabOrder = next++;
-    }
-    if (changed)
+    // Gaps are what deleted layouts leave behind: no damage.
+    const auto samePlace = [](const Layout& a, const Layout& b) {
+        return a.isModel == b.isModel && a.tabOrder == b.tabOrder;
+    };
+    if (std::ranges::adjacent_find(model.layouts, samePlace) != model.layouts.end())
         model.findings.Add(Damage::TabOrder, 1);
+    std::int32_t next = 0;
+    for (Layout& layout : model.layouts)
+        layout.tabOrder = next++;
 }
 
 /// The name in the dictionary variable CTAB, when the drawing keeps its current tab there.

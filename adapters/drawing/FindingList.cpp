@@ -34,7 +34,7 @@ constexpr std::array kTexts{
     DamageText{Damage::StraySequenceEnd, "a SEQEND closes nothing; it is ignored", false},
     DamageText{Damage::EntityTooLong, "an entity is longer than 4 GiB; its rest is left out", true},
     DamageText{Damage::LayoutWithoutBlock, "a layout's block is missing; another one stands in", true},
-    DamageText{Damage::TabOrder, "tab orders have gaps or doubles; renumbered", false},
+    DamageText{Damage::TabOrder, "two layouts have the same tab order; renumbered", false},
     DamageText{Damage::LayoutWithoutName, "a layout has no name, or one that is there already; renamed", false},
     DamageText{Damage::NoLayouts, "layouts are missing; a model and a paper layout are assumed", false},
 };

@@ -46,6 +46,22 @@ std::vector<std::int32_t> FindingCodes(const Drawing& drawing)
 using Strings = std::vector<std::string>;
 using Codes = std::vector<std::int32_t>;
 
+TEST(Layouts, GapsBetweenTabsAreNoDamageDoublesAre)
+{
+    const auto gaps = WithObjects(LayoutObject("32", "Second", 7, "1A") + LayoutObject("31", "First", 3, "1B") +
+                                  LayoutObject("30", "Model", 0, "1F"))
+                          .Open();
+    EXPECT_EQ(Names(*gaps), (Strings{"Model=*Model_Space:1", "First=*Paper_Space:2", "Second=*Paper_Space0:1"}));
+    EXPECT_EQ(gaps->Layouts()[2].tabOrder, 2);
+    EXPECT_TRUE(gaps->Findings().empty());
+    const auto doubles = WithObjects(LayoutObject("32", "Second", 1, "1A") + LayoutObject("31", "First", 1, "1B") +
+                                     LayoutObject("30", "Model", 0, "1F"))
+                             .Open();
+    ASSERT_EQ(doubles->Findings().size(), 1U);
+    EXPECT_EQ(doubles->Findings()[0].text, "two layouts have the same tab order; renumbered");
+    EXPECT_EQ(doubles->Layouts()[2].tabOrder, 2);
+}
+
 TEST(Layouts, HoldTheEntitiesOfEntitiesAndOfTheirBlocks)
 {
     const auto drawing = WithObjects(LayoutObject("32", "Second", 2, "1A") + LayoutObject("31", "First", 1, "1B") +
