@@ -167,13 +167,15 @@ struct MTextData : Entity {
     std::int32_t attachment = 1;                ///< 1 top left to 9 bottom right
     double lineSpacing = 1;
     std::int32_t lineSpacingStyle = 1; ///< 1 at least, 2 exact
-    std::int32_t backgroundFlags = 0;
+    std::int32_t backgroundFlags = 0; ///< 1 filled, 2 in the paper's colour, 16 framed
     double backgroundScale = 1.5;
     std::int16_t backgroundColor = 0;
     std::optional<std::uint32_t> backgroundTrueColor;
-    std::int32_t columnType = 0, columnCount = 0;
+    std::int32_t columnType = 0, columnCount = 0; ///< type: 0 none, 1 static, 2 dynamic
     double columnWidth = 0, columnGutter = 0;
-    bool columnsReversed = false;
+    bool columnsReversed = false, columnAutoHeight = false;
+    double definedHeight = 0;          ///< of each column; 0: none
+    std::vector<double> columnHeights; ///< of the columns one by one; 0: no limit
 };
 struct InsertData : Entity { // OCS
     std::uint32_t block = 0; ///< index into the blocks; kNoBlock when missing

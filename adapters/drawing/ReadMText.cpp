@@ -7,9 +7,12 @@ namespace {
 void Reset(MTextData& data)
 {
     std::string text = std::move(data.text);
+    std::vector<double> heights = std::move(data.columnHeights);
     data = {};
     data.text = std::move(text);
     data.text.clear();
+    data.columnHeights = std::move(heights);
+    data.columnHeights.clear();
 }
 
 void TakeDirection(const EntityTags& tags, MTextData& data)
@@ -31,6 +34,9 @@ bool TakeColumnTag(const EntityTags& tags, MTextData& data)
         break;
     case 78:
         data.columnsReversed = tags.Integer() != 0;
+        break;
+    case 79:
+        data.columnAutoHeight = tags.Integer() != 0;
         break;
     case 48:
         data.columnWidth = tags.Real();
@@ -81,6 +87,9 @@ bool TakeMTextTag(const EntityTags& tags, MTextData& data)
     case 41:
         data.width = tags.Real();
         break;
+    case 46:
+        data.definedHeight = tags.Real();
+        break;
     case 44:
         data.lineSpacing = tags.Real();
         break;
@@ -104,6 +113,44 @@ bool TakeMTextTag(const EntityTags& tags, MTextData& data)
     return true;
 }
 
+constexpr std::size_t kMostColumns = 1000;
+
+/// The embedded object of newer files holds the columns, with codes of its own.
+void TakeEmbeddedColumns(TagCursor tags, MTextData& data)
+{
+    while (tags.Next() && tags.Code() != 0 && tags.Code() < 1000) {
+        switch (tags.Code()) {
+        case 41:
+            data.definedHeight = tags.Real();
+            break;
+        case 44:
+            data.columnWidth = tags.Real();
+            break;
+        case 45:
+            data.columnGutter = tags.Real();
+            break;
+        case 46:
+            if (data.columnHeights.size() < kMostColumns)
+                data.columnHeights.push_back(tags.Real());
+            break;
+        case 71:
+            data.columnType = tags.Integer();
+            break;
+        case 72:
+            data.columnCount = tags.Integer();
+            break;
+        case 73:
+            data.columnAutoHeight = tags.Integer() != 0;
+            break;
+        case 74:
+            data.columnsReversed = tags.Integer() != 0;
+            break;
+        default:
+            break;
+        }
+    }
+}
+
 } // namespace
 
 void Read(const Drawing& drawing, const EntityRecord& record, MTextData& data)
@@ -113,11 +160,15 @@ void Read(const Drawing& drawing, const EntityRecord& record, MTextData& data)
     while (tags.Next()) {
         // Column heights (50 once more) follow the column properties.
         const bool columnHeight = tags.Code() == 50 && data.columnType != 0;
+        if (columnHeight && data.columnHeights.size() < kMostColumns)
+            data.columnHeights.push_back(tags.Real());
         if (columnHeight || tags.Take(10, data.insertion) || TakeMTextTag(tags, data))
             continue;
         if (!TakeColumnTag(tags, data) && !TakeBackgroundTag(tags, data))
             tags.TakeCommon(data);
     }
+    if (tags.Cursor().Code() == 101)
+        TakeEmbeddedColumns(tags.Cursor(), data);
     DecodeCarets(data.text);
 }
 

@@ -30,6 +30,20 @@ void AppendOutline(Path& path, const std::vector<Vec2>& corners, const Matrix2& 
     }
 }
 
+/// The four corners of a box, each side moved outwards.
+std::vector<Vec2> Widened(const std::vector<Vec2>& corners, double margin)
+{
+    std::vector<Vec2> wide = corners;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        for (const std::size_t other : {(i + 1) % 4, (i + 3) % 4}) {
+            const Vec2 side = corners[i] - corners[other];
+            const double length = Length(side);
+            wide[i] = wide[i] + (length > 0 ? side * (margin / length) : Vec2{});
+        }
+    }
+    return wide;
+}
+
 } // namespace
 
 bool Painter::Draw(const drawing::TextData& text, drawing::EntityKind)
@@ -46,30 +60,28 @@ bool Painter::Draw(const drawing::MTextData& text, drawing::EntityKind)
     return true;
 }
 
-// The patch behind an MTEXT: larger than its box by a part of the letters' height (DXF reference, groups 90, 45, 63).
+// The patch behind an MTEXT: larger than its box by a part of the letters' height (DXF reference, groups 90, 45, 63). A
+// frame runs at the same distance in the colour of the text.
 void Painter::DrawMask(const drawing::MTextData& text, const LaidText& laid)
 {
-    constexpr std::int32_t kFilled = 1;
-    constexpr std::int32_t kPaperColored = 2;
-    if ((text.backgroundFlags & (kFilled | kPaperColored)) == 0 || laid.outline.size() != 4) {
+    constexpr std::int32_t kFilled = 1, kPaperColored = 2, kFramed = 16;
+    const bool filled = (text.backgroundFlags & (kFilled | kPaperColored)) != 0;
+    const bool framed = (text.backgroundFlags & kFramed) != 0;
+    if ((!filled && !framed) || laid.outline.size() != 4 || laid.frame.size() != 4) {
         return;
     }
     const double margin = std::max(0.0, text.backgroundScale - 1) * text.height;
-    std::vector<Vec2> corners = laid.outline;
-    for (std::size_t i = 0; i < corners.size(); ++i) {
-        const auto away = [&](Vec2 from) {
-            const Vec2 v = laid.outline[i] - from;
-            const double length = Length(v);
-            return length > 0 ? v * (margin / length) : Vec2{};
-        };
-        corners[i] = corners[i] + away(laid.outline[(i + 1) % 4]) + away(laid.outline[(i + 3) % 4]);
+    m_path.Clear();
+    AppendOutline(m_path, Widened(laid.frame, margin), PlaneOf(m_frame->toPaper, laid.extrusion, laid.elevation));
+    if (filled) {
+        constexpr std::uint32_t kPaper = 0xFFFFFF;
+        const bool colored = (text.backgroundFlags & kPaperColored) == 0;
+        const std::uint32_t color = text.backgroundTrueColor.value_or(PaperColor(text.backgroundColor));
+        m_ink.Fill(m_path, colored ? color : kPaper, FillRule::NonZero);
     }
-    m_outline.Clear();
-    AppendOutline(m_outline, corners, PlaneOf(m_frame->toPaper, laid.extrusion, laid.elevation));
-    constexpr std::uint32_t kPaper = 0xFFFFFF;
-    const bool colored = (text.backgroundFlags & kPaperColored) == 0;
-    const std::uint32_t color = text.backgroundTrueColor.value_or(PaperColor(text.backgroundColor));
-    m_ink.Fill(m_outline, colored ? color : kPaper, FillRule::NonZero);
+    if (framed) {
+        m_ink.Stroke(m_path, StrokePen());
+    }
 }
 
 std::uint32_t Painter::TextPartColor(const std::optional<TextColor>& color) const

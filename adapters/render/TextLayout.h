@@ -37,6 +37,7 @@ struct LaidText {
     double elevation = 0; ///< z in the OCS
     Vec3 extrusion{0, 0, 1};
     std::vector<Vec2> outline; ///< the four corners of the text's box (turned with it); empty for an empty text
+    std::vector<Vec2> frame;   ///< MTEXT: the corners of its whole width and all its columns, what a mask lies behind
 };
 
 /// Where fonts.map is looked for (the user's lines count before the shipped ones) and, in `user`, a folder "fonts".

@@ -15,12 +15,12 @@ class TextTest : public testing::Test {
 protected:
     TextTest() : engine(TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""}))
     {
-        drawing::TextStyle standard, arial;
+        drawing::TextStyle standard, sans;
         standard.name = "Standard";
         standard.fontFile = "romans.shx";
-        arial.name = "Arial";
-        arial.fontFile = "arial.ttf";
-        drawing.styles = {standard, arial};
+        sans.name = "Sans";
+        sans.fontFile = "LiberationSans-Regular.ttf";
+        drawing.styles = {standard, sans};
     }
     static TextData Text(const std::string& text, std::uint32_t style)
     {
@@ -212,15 +212,15 @@ TEST_F(TextTest, DecodesTheCodes)
 
 TEST_F(TextTest, StrokesAreGlyphsOfAStrokedFont)
 {
-    const LaidText& laid = engine->Lay(drawing, Text("Ab 1", kStroke));
+    const LaidText& laid = engine->Lay(drawing, Text("1 Ab", kStroke));
     ASSERT_EQ(laid.glyphs.size(), 1U);
     const TextRun& run = laid.glyphs[0].run;
-    EXPECT_EQ(run.text, "Ab 1");
+    EXPECT_EQ(run.text, "1 Ab");
     EXPECT_FALSE(run.invisible);
     ASSERT_NE(run.font, nullptr);
     EXPECT_TRUE(run.font->IsStroked());
     EXPECT_EQ(run.font->Name(), "romans");
-    EXPECT_EQ(run.glyphs, (std::vector<std::uint32_t>{'A', 'b', ' ', '1'}));
+    EXPECT_EQ(run.glyphs, (std::vector<std::uint32_t>{'1', ' ', 'A', 'b'}));
     EXPECT_EQ(run.clusters, (std::vector<std::uint32_t>{0, 1, 2, 3}));
     Path path;
     run.font->Outline('A', path);
@@ -229,8 +229,8 @@ TEST_F(TextTest, StrokesAreGlyphsOfAStrokedFont)
     for (std::size_t i = 0; i + 1 < run.positions.size(); ++i) { // glyphs stand behind each other
         EXPECT_NEAR(run.positions[i + 1].x - run.positions[i].x, run.font->Advance(run.glyphs[i]) / 10000.0, 1e-4);
     }
-    // The box ends with the last letter, the text with the gap behind it (a third of the height).
-    EXPECT_NEAR(run.toPaper.Apply({run.advance, 0}).x, laid.outline[1].x + 10.0 / 3 * 1.04, 1e-9);
+    // The box ends with the last letter, the text with the gap behind it (as fonts.map says).
+    EXPECT_NEAR(run.toPaper.Apply({run.advance, 0}).x, laid.outline[1].x + 10 * 0.286, 1e-9);
 }
 
 TEST_F(TextTest, EveryCharacterIsDrawnBySomeFont)
@@ -310,14 +310,18 @@ TEST_F(TextTest, VerticalStyleRunsDown)
 
 TEST_F(TextTest, ListsWhatStandsForWhat)
 {
-    drawing::TextStyle odd;
+    drawing::TextStyle arial, odd;
+    arial.name = "Arial";
+    arial.fontFile = "arial.ttf";
     odd.name = "Odd";
     odd.fontFile = "C:\\Fonts\\Strange.shx";
+    drawing.styles.push_back(arial);
     drawing.styles.push_back(odd);
     engine->Lay(drawing, Text("a", kStroke));
     engine->Lay(drawing, Text("a", kOutline));
     engine->Lay(drawing, Text("a", 2));
-    engine->Lay(drawing, Text("b", 2));
+    engine->Lay(drawing, Text("a", 3));
+    engine->Lay(drawing, Text("b", 3));
     EXPECT_EQ(engine->Substitutions(),
               (std::vector<std::string>{"style Standard: font romans.shx drawn with romans.lff",
                                         "style Arial: font arial.ttf drawn with LiberationSans",

@@ -14,12 +14,12 @@ class MTextTest : public testing::Test {
 protected:
     MTextTest() : engine(TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""}))
     {
-        drawing::TextStyle standard, arial;
+        drawing::TextStyle standard, sans;
         standard.name = "Standard";
         standard.fontFile = "romans.shx";
-        arial.name = "Arial";
-        arial.fontFile = "arial.ttf";
-        drawing.styles = {standard, arial};
+        sans.name = "Sans";
+        sans.fontFile = "LiberationSans-Regular.ttf";
+        drawing.styles = {standard, sans};
     }
     static MTextData Text(const std::string& text)
     {
@@ -252,9 +252,40 @@ TEST_F(MTextTest, StacksFractions)
         EXPECT_EQ(parts, row.parts);
         EXPECT_EQ(laid.rules.size(), row.rules);
     }
-    const LaidText& laid = engine->Lay(drawing, Text("\\S3/4;"));
-    EXPECT_GT(laid.glyphs.at(0).run.toPaper.f, -5);      // above the bar at half the height
-    EXPECT_LT(laid.glyphs.at(1).run.toPaper.f, -5 - 10); // and below it, as high as the text says
+}
+
+TEST_F(MTextTest, PutsFractionsAndLowLettersWhereTheLineAlignmentSays)
+{
+    struct Row {
+        const char* text;
+        std::vector<double> baselines; ///< from the line's own base line
+        double top;                    ///< of the line over it
+    };
+    for (const Row& row : std::vector<Row>{{"H\\S3/4;", {0, 14, 0}, 24}, // two letters and a gap of 4
+                                           {"\\A1;H\\S3/4;", {0, 7, -7}, 17},
+                                           {"\\A2;H\\S3/4;", {0, 0, -14}, 10},
+                                           {"\\A1;H{\\H0.5x;\\S3/4;}", {0, 6, -1}, 11},
+                                           {"\\A1;H{\\H0.5x;\\S3^4;}", {0, 6, -1}, 11},
+                                           {"\\A1;H{\\H0.5x;\\S3#4;}", {0, 4.5, 0.5}, 10},
+                                           {"H\\H0.4x;h", {0, 0}, 10},
+                                           {"\\A1;H\\H0.4x;h", {0, 3}, 10},
+                                           {"\\A2;H\\H0.4x;h", {0, 6}, 10}}) {
+        SCOPED_TRACE(row.text);
+        const LaidText& laid = engine->Lay(drawing, Text(row.text));
+        ASSERT_EQ(laid.glyphs.size(), row.baselines.size());
+        for (std::size_t i = 0; i < row.baselines.size(); ++i) {
+            EXPECT_NEAR(laid.glyphs[i].run.toPaper.f, row.baselines[i] - row.top, 1e-9);
+        }
+    }
+}
+
+TEST_F(MTextTest, LinesBelowAHighFractionGiveItRoom)
+{
+    const LaidText& laid = engine->Lay(drawing, Text("\\A1;a\\P\\S1/2;\\Pb"));
+    ASSERT_EQ(laid.glyphs.size(), 4U);
+    // Lines 50/3 apart, and the fraction reaches 7 over its capitals and 7 below them.
+    EXPECT_NEAR(laid.glyphs[2].run.toPaper.f, -10 - 50.0 / 3 - 7 - 7, 1e-9);
+    EXPECT_NEAR(laid.glyphs[3].run.toPaper.f, -10 - 100.0 / 3 - 14, 1e-9);
 }
 
 TEST_F(MTextTest, SetsTabsAndIndents)
@@ -273,6 +304,13 @@ TEST_F(MTextTest, SetsTabsAndIndents)
     EXPECT_EQ(starts("\\pi-2,l3;aaa bbb ccc", 70), (std::vector<double>{10, 30}));
     EXPECT_EQ(starts("\\pqr;H", 100), (std::vector<double>{89.503}));
     EXPECT_EQ(starts("\\pxqc;H", 100), (std::vector<double>{44.752}));
+    EXPECT_EQ(starts("\\pxi-3,l4t4;H^IH HHHHHHHHHH", 100), (std::vector<double>{10, 40, 40}));
+    EXPECT_EQ(starts("\\pi3;a\\P\\pi*;b", 0), (std::vector<double>{30, 0}));
+    EXPECT_EQ(starts("\\ptr10;a\tH", 0), (std::vector<double>{0, 89.503}));
+    EXPECT_EQ(starts("\\ptc10;a\tH", 0), (std::vector<double>{0, 94.752}));
+    EXPECT_EQ(starts("\\pt2,d10;a\tb\tH.5", 0), (std::vector<double>{0, 20, 89.503}));
+    EXPECT_EQ(starts("\\pl5;a\\P\\pl0,i0;b", 0), (std::vector<double>{50, 0}));
+    EXPECT_EQ(starts("\\pl2,r3,qr;H", 100), (std::vector<double>{59.503}));
 }
 
 TEST_F(MTextTest, JustifiedLinesFillTheWidth)

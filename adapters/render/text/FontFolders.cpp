@@ -33,7 +33,7 @@ std::optional<FontPlace> Match(FcPattern* wanted)
 
 bool IsFontFile(const std::string& lowered)
 {
-    for (const char* ending : {".ttf", ".ttc", ".otf", ".lff"}) {
+    for (const char* ending : {".ttf", ".ttc", ".otf", ".lff", ".shx"}) {
         if (lowered.ends_with(ending)) {
             return true;
         }
@@ -88,6 +88,36 @@ const std::string* FontFolders::Named(std::string_view fileName)
     Scan();
     const auto found = m_files.find(Lowered(fileName));
     return found == m_files.end() ? nullptr : &found->second;
+}
+
+FontFolders::Files FontFolders::FilesIn(const std::string& folder)
+{
+    namespace fs = std::filesystem;
+    Files files;
+    std::error_code error;
+    fs::directory_iterator at(folder, fs::directory_options::skip_permission_denied, error), end;
+    for (; !error && at != end; at.increment(error)) {
+        const std::string name = Lowered(at->path().filename().string());
+        if (IsFontFile(name)) {
+            files.try_emplace(name, at->path().string());
+        }
+    }
+    return files;
+}
+
+const std::string* FontFolders::Named(std::string_view fileName, const std::string& folder)
+{
+    if (!folder.empty()) {
+        auto known = m_beside.find(folder);
+        if (known == m_beside.end()) {
+            known = m_beside.emplace(folder, FilesIn(folder)).first;
+        }
+        const auto found = known->second.find(Lowered(fileName));
+        if (found != known->second.end()) {
+            return &found->second;
+        }
+    }
+    return Named(fileName);
 }
 
 std::optional<FontPlace> FontFolders::ForFamily(const std::string& family, bool bold, bool italic) const

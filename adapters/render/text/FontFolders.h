@@ -21,6 +21,8 @@ public:
     explicit FontFolders(std::vector<std::string> more) : m_more(std::move(more)) {}
     /// The font file of that name, letter case aside; null when there is none.
     [[nodiscard]] const std::string* Named(std::string_view fileName);
+    /// The same, looked for in `folder` (that of a drawing; may be empty) before the others, but not below it.
+    [[nodiscard]] const std::string* Named(std::string_view fileName, const std::string& folder);
     /// The machine's best font for a family.
     [[nodiscard]] std::optional<FontPlace> ForFamily(const std::string& family, bool bold, bool italic) const;
     /// A font that has the character.
@@ -30,8 +32,12 @@ private:
     void Scan();
     void ScanFolder(const std::string& folder);
 
+    using Files = std::map<std::string, std::string>; ///< paths by name in small letters
+    static Files FilesIn(const std::string& folder);
+
     std::vector<std::string> m_more;
-    std::map<std::string, std::string> m_files;
+    Files m_files;
+    std::map<std::string, Files> m_beside; ///< by folder
     bool m_scanned = false;
 };
 

@@ -1,6 +1,6 @@
 #include "render/text/FontLibrary.h"
 
-#include "render/text/Unicode.h"
+#include "render/text/FontNames.h"
 
 #include <algorithm>
 
@@ -8,29 +8,21 @@ namespace sm::render {
 
 namespace {
 
-std::string FileNameOf(const std::string& path)
+/// A letter of `from` as wide as if it were one of `beside`.
+StrokeGlyph Fitted(const StrokeGlyph& glyph, const StrokeFont& from, const StrokeFont& beside)
 {
-    const std::size_t slash = path.find_last_of("/\\");
-    return slash == std::string::npos ? path : path.substr(slash + 1);
+    const double own = from.LetterWidth(), wanted = beside.LetterWidth();
+    const double ink = glyph.advance - glyph.gap;
+    const double model = beside.IsEven() && ink > 0.5 * own ? ink : own;
+    const double wider = own > 0 && wanted > 0 ? std::clamp(wanted / model, 0.6, 1.6) : 1;
+    StrokeGlyph fitted = glyph;
+    for (Vec2& point : fitted.path.points) {
+        point.x *= wider;
+    }
+    fitted.gap = glyph.path.Empty() || wanted <= 0 ? glyph.gap : beside.LetterGap();
+    fitted.advance = ink * wider + fitted.gap;
+    return fitted;
 }
-
-std::string EndingOf(const std::string& file)
-{
-    const std::size_t dot = file.rfind('.');
-    return dot == std::string::npos ? std::string() : Lowered(file.substr(dot));
-}
-
-std::string StemOf(const std::string& file)
-{
-    return file.substr(0, file.rfind('.'));
-}
-
-bool IsOutlineEnding(const std::string& ending)
-{
-    return ending == ".ttf" || ending == ".ttc" || ending == ".otf" || ending == ".pfb";
-}
-
-constexpr const char* kLastStroke = "standard.lff";
 
 } // namespace
 
@@ -62,16 +54,17 @@ const Font& FontLibrary::ForStyle(const drawing::Drawing& drawing, std::uint32_t
     }
     StyleEntry& entry = m_styles[slot];
     if (entry.font != nullptr && entry.fontFile == asked.fontFile && entry.family == asked.family &&
-        entry.bold == asked.bold && entry.italic == asked.italic) {
+        entry.bold == asked.bold && entry.italic == asked.italic && entry.path == drawing.Path()) {
         return *entry.font;
     }
-    const std::string key = asked.name + '\n' + asked.fontFile + '\n' + asked.family + (asked.bold ? "\nb" : "\n") +
-                            (asked.italic ? "i" : "");
+    const std::string folder = FolderOf(drawing.Path());
+    const std::string key = folder + '\n' + asked.name + '\n' + asked.fontFile + '\n' + asked.family +
+                            (asked.bold ? "\nb" : "\n") + (asked.italic ? "i" : "");
     auto& font = m_styleFonts[key];
     if (!font) {
-        font = std::make_unique<Font>(Resolve(asked));
+        font = std::make_unique<Font>(Resolve({asked, FileNameOf(asked.fontFile), folder, "style " + asked.name}));
     }
-    entry = {asked.fontFile, asked.family, asked.bold, asked.italic, font.get()};
+    entry = {asked.fontFile, asked.family, drawing.Path(), asked.bold, asked.italic, font.get()};
     return *font;
 }
 
@@ -87,105 +80,18 @@ const Font& FontLibrary::ForFamily(const std::string& family, bool bold, bool it
     style.bold = bold;
     style.italic = italic;
     const bool isShape = EndingOf(family) == ".shx" || m_map.Stroke(family) != nullptr;
-    return m_named[key] = isShape ? ResolveShape(family, "text") : ResolveOutline(style, "text");
+    return m_named[key] = isShape ? ResolveShape({style, family, {}, "text"}) : ResolveOutline({style, {}, {}, "text"});
 }
 
 const Font& FontLibrary::ForShapeFile(const std::string& file)
 {
     const std::string key = Lowered(file) + "|shx";
     const auto known = m_named.find(key);
-    return known != m_named.end() ? known->second : m_named[key] = ResolveShape(FileNameOf(file), "text");
-}
-
-Font FontLibrary::Resolve(const drawing::TextStyle& style)
-{
-    const std::string who = "style " + style.name;
-    const std::string file = FileNameOf(style.fontFile), ending = EndingOf(file);
-    const bool namesStrokes = ending.empty() && m_map.Stroke(file.empty() ? style.family : file) != nullptr;
-    if (IsOutlineEnding(ending) || (!style.family.empty() && ending != ".shx" && !namesStrokes)) {
-        return ResolveOutline(style, who);
+    if (known != m_named.end()) {
+        return known->second;
     }
-    if (ending.empty() && !file.empty() && m_map.Stroke(file) == nullptr) {
-        drawing::TextStyle named = style; // "Arial" without an ending
-        named.fontFile = file + ".ttf";
-        bool exact = false;
-        if (m_map.File(named.fontFile) != nullptr || m_folders.Named(named.fontFile) != nullptr) {
-            return {FaceFor(named, exact), nullptr, 1};
-        }
-    }
-    return ResolveShape(!file.empty() ? file : namesStrokes ? style.family : "txt", who);
-}
-
-Font FontLibrary::ResolveShape(const std::string& file, const std::string& who)
-{
-    const StrokeChoice* choice = m_map.Stroke(file);
-    std::string drawn = choice != nullptr ? choice->file : StemOf(file) + ".lff";
-    double width = choice != nullptr ? choice->width : 1;
-    StrokeFont* stroke = StrokeAt(drawn);
-    for (const char* other : {kLastStroke, "iso.lff", "unicode.lff"}) {
-        if (stroke == nullptr) {
-            drawn = other;
-            width = 1;
-            stroke = StrokeAt(drawn);
-        }
-    }
-    if (stroke == nullptr) { // no stroke fonts on this machine: outlines rather than nothing
-        const OutlineFace* face = AnyFace();
-        Note(who + ": font " + file + " drawn with " + (face != nullptr ? face->Name() : "boxes"));
-        return {face, nullptr, 1};
-    }
-    Note(who + ": font " + file + " drawn with " + drawn);
-    return {nullptr, stroke, width};
-}
-
-Font FontLibrary::ResolveOutline(const drawing::TextStyle& style, const std::string& who)
-{
-    bool exact = false;
-    const OutlineFace* face = FaceFor(style, exact);
-    if (face == nullptr) {
-        face = AnyFace();
-    }
-    const std::string asked = style.fontFile.empty() ? style.family : FileNameOf(style.fontFile);
-    if (face == nullptr) { // no outline fonts on this machine: strokes rather than nothing
-        return ResolveShape(asked, who);
-    }
-    if (!exact) {
-        Note(who + ": font " + asked + " drawn with " + face->Name());
-    }
-    return {face, nullptr, 1};
-}
-
-const OutlineFace* FontLibrary::FaceFor(const drawing::TextStyle& style, bool& exact)
-{
-    const std::string file = FileNameOf(style.fontFile);
-    const bool styled = !style.family.empty() && (style.bold || style.italic);
-    exact = !file.empty() && !styled;
-    const OutlineFace* face = exact ? FaceByName(file) : nullptr;
-    if (face != nullptr) {
-        return face;
-    }
-    exact = false;
-    const std::string* other = styled ? m_map.Family(style.family, style.bold, style.italic) : nullptr;
-    if (other == nullptr) {
-        other = m_map.File(file);
-    }
-    if (other == nullptr) {
-        const std::string family = style.family.empty() ? StemOf(file) : style.family;
-        other = m_map.Family(family, style.bold, style.italic);
-    }
-    face = other != nullptr ? FaceByName(*other) : nullptr;
-    if (face != nullptr) {
-        return face;
-    }
-    const auto place =
-        m_folders.ForFamily(style.family.empty() ? StemOf(file) : style.family, style.bold, style.italic);
-    return place ? FaceAt(*place) : nullptr;
-}
-
-const OutlineFace* FontLibrary::FaceByName(const std::string& file)
-{
-    const std::string* path = m_folders.Named(file);
-    return path != nullptr ? FaceAt({*path, 0}) : nullptr;
+    static const drawing::TextStyle kNone;
+    return m_named[key] = ResolveShape({kNone, FileNameOf(file), {}, "text"});
 }
 
 const OutlineFace* FontLibrary::FaceAt(const FontPlace& place)
@@ -208,14 +114,40 @@ const OutlineFace* FontLibrary::AnyFace()
     return place ? FaceAt(*place) : nullptr;
 }
 
-StrokeFont* FontLibrary::StrokeAt(const std::string& file)
+/// A stroke font's file with the widths of the font it stands for.
+StrokeFont* FontLibrary::StrokeAt(const std::string& file, const StrokeChoice* choice)
 {
-    auto [entry, isNew] = m_strokes.try_emplace(Lowered(file));
+    const bool own = choice == nullptr || choice->metrics.IsFile();
+    auto [entry, isNew] = m_strokes.try_emplace(Lowered(file) + (own ? "" : "|" + std::to_string(choice->number)));
     if (isNew) {
         const std::string* path = m_folders.Named(file);
-        entry->second = path != nullptr && path->ends_with(".lff") ? StrokeFont::Open(*path) : nullptr;
+        entry->second = path != nullptr && EndingOf(*path) == ".lff" ? StrokeFont::Open(*path) : nullptr;
+        if (entry->second && !own) {
+            entry->second->SetMetrics(choice->metrics, choice->width);
+        }
     }
     return entry->second.get();
+}
+
+StrokeFont* FontLibrary::StrokeIn(const std::string& path)
+{
+    auto [entry, isNew] = m_strokes.try_emplace(path);
+    if (isNew) {
+        entry->second = StrokeFont::Open(path);
+    }
+    return entry->second.get();
+}
+
+/// A letter that `beside` lacks, taken over from another stroke font.
+const StrokeGlyph* FontLibrary::FindInStrokes(StrokeFont& beside, char32_t character)
+{
+    for (const std::string& file : m_map.StrokeFallbacks()) {
+        const StrokeFont* other = StrokeAt(file, nullptr);
+        if (const StrokeGlyph* strokes = other != nullptr ? other->Find(character) : nullptr) {
+            return &beside.Adopt(character, Fitted(*strokes, *other, beside));
+        }
+    }
+    return nullptr;
 }
 
 GlyphSource FontLibrary::Find(const Font& font, char32_t character)
@@ -230,11 +162,13 @@ GlyphSource FontLibrary::Find(const Font& font, char32_t character)
         if (const StrokeGlyph* strokes = font.stroke->Find(character)) {
             return {nullptr, character, font.stroke, strokes};
         }
-        for (const std::string& file : m_map.StrokeFallbacks()) {
-            StrokeFont* other = StrokeAt(file);
-            if (const StrokeGlyph* strokes = other != nullptr ? other->Find(character) : nullptr) {
-                return {nullptr, character, other, strokes};
-            }
+        // No stroke font has all of Chinese and Japanese: a text in one font looks better than one in two.
+        const GlyphSource outline = IsEastAsian(character) ? FindElsewhere(character) : GlyphSource();
+        if (outline.face != nullptr) {
+            return outline;
+        }
+        if (const StrokeGlyph* strokes = FindInStrokes(*font.stroke, character)) {
+            return {nullptr, character, font.stroke, strokes};
         }
     }
     return FindElsewhere(character);

@@ -9,6 +9,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -20,6 +21,7 @@ struct Font {
     const OutlineFace* face = nullptr;
     StrokeFont* stroke = nullptr;
     double strokeWidth = 1; ///< stroke fonts: how much wider than the file's own letters
+    double faceWidth = 1;   ///< outline fonts: likewise
     [[nodiscard]] double Descent() const { return face != nullptr ? face->Descent() / face->CapHeight() : 1.0 / 3; }
 };
 
@@ -45,16 +47,34 @@ public:
     [[nodiscard]] const std::vector<std::string>& Substitutions() const { return m_substitutions; }
 
 private:
-    Font Resolve(const drawing::TextStyle& style);
-    Font ResolveShape(const std::string& file, const std::string& who);
-    Font ResolveOutline(const drawing::TextStyle& style, const std::string& who);
+    /// A font file and how much wider its letters are drawn; no face: none.
+    struct SizedFace {
+        const OutlineFace* face = nullptr;
+        double width = 1;
+    };
+    /// What a drawing asks for; `folder` is that of the drawing.
+    struct Wish {
+        const drawing::TextStyle& style;
+        std::string file; ///< without folders
+        std::string folder;
+        std::string who; ///< for the notes
+    };
+    Font Resolve(const Wish& wish);
+    Font ResolveShape(const Wish& wish);
+    Font ResolveOutline(const Wish& wish);
+    std::optional<Font> ResolveNamed(const Wish& wish);
+    StrokeFont* LastStroke(std::string& drawn);
     const OutlineFace* FaceByName(const std::string& file);
-    const OutlineFace* FaceFor(const drawing::TextStyle& style, bool& exact);
+    SizedFace FirstOf(const FontChoices* choices);
+    SizedFace FaceFor(const Wish& wish, bool& exact);
+    SizedFace FaceInstead(const Wish& wish);
     const OutlineFace* FaceAt(const FontPlace& place);
     const OutlineFace* AnyFace();
-    StrokeFont* StrokeAt(const std::string& file);
+    StrokeFont* StrokeAt(const std::string& file, const StrokeChoice* choice);
+    StrokeFont* StrokeIn(const std::string& path);
     GlyphSource FindElsewhere(char32_t character);
     GlyphSource FindInFallbacks(char32_t character);
+    const StrokeGlyph* FindInStrokes(StrokeFont& beside, char32_t character);
     void Note(std::string line);
 
     FontMap m_map;
@@ -64,7 +84,7 @@ private:
     std::map<std::string, Font> m_named;
     /// The last font of each style's index, with what the style asked for.
     struct StyleEntry {
-        std::string fontFile, family;
+        std::string fontFile, family, path;
         bool bold = false, italic = false;
         const Font* font = nullptr;
     };

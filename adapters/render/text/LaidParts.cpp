@@ -46,11 +46,18 @@ void Map(Path& path, const Matrix2& map)
 
 } // namespace
 
+std::vector<Vec2> CornersOf(const Box2& box, const Matrix2& map)
+{
+    return {map.Apply(box.min), map.Apply({box.max.x, box.min.y}), map.Apply(box.max),
+            map.Apply({box.min.x, box.max.y})};
+}
+
 void LaidParts::Begin()
 {
     PutAside(m_result.glyphs, m_spareGlyphs);
     PutAside(m_result.rules, m_spareRules);
     m_result.outline.clear();
+    m_result.frame.clear();
     m_result.elevation = 0;
     m_result.extrusion = {0, 0, 1};
 }
@@ -80,8 +87,7 @@ void LaidParts::Place(const Matrix2& map, const Box2& box)
         Map(part.path, map);
     }
     if (!box.Empty()) {
-        m_result.outline = {map.Apply(box.min), map.Apply({box.max.x, box.min.y}), map.Apply(box.max),
-                            map.Apply({box.min.x, box.max.y})};
+        m_result.outline = CornersOf(box, map);
     }
 }
 

@@ -5,6 +5,9 @@
 
 namespace sm::render {
 
+/// The images of a box's corners, counter-clockwise from the lower left one.
+std::vector<Vec2> CornersOf(const Box2& box, const Matrix2& map);
+
 class LaidParts {
 public:
     /// Empties the result.

@@ -61,8 +61,8 @@ void MTextParser::SetLook(char code)
     case 'p':
         SetParagraph(Argument());
         break;
-    default: // A: how fractions stand beside their line
-        Argument();
+    default:
+        SetLineAlign(Argument());
     }
 }
 
@@ -107,59 +107,16 @@ void MTextParser::SetFont(std::string_view argument)
     m_look.font = shape ? &m_fonts.ForShapeFile(name) : &m_fonts.ForFamily(name, bold, italic);
 }
 
+void MTextParser::SetLineAlign(std::string_view argument)
+{
+    const double value = LeadingNumber(argument, 0);
+    m_look.align = value == 1 ? LineAlign::Center : value == 2 ? LineAlign::Top : LineAlign::Bottom;
+}
+
 void MTextParser::SetParagraph(std::string_view argument)
 {
     m_out.paragraphs.push_back(m_out.paragraphs.back());
-    char kind = 0;
-    while (!argument.empty()) {
-        const std::size_t end = argument.find(',');
-        std::string_view item = argument.substr(0, end);
-        argument.remove_prefix(end == std::string_view::npos ? argument.size() : end + 1);
-        if (!item.empty() && (item.front() == 'x' || item.front() == 'q') && item.size() > 1 && item[1] != '*') {
-            item.remove_prefix(item.front() == 'x' ? 1 : 0);
-        }
-        const bool named = !item.empty() && ((item.front() >= 'a' && item.front() <= 'z'));
-        if (named) {
-            kind = item.front();
-            item.remove_prefix(1);
-        }
-        SetParagraphItem(kind, item);
-    }
-}
-
-void MTextParser::SetParagraphItem(char kind, std::string_view value)
-{
-    ParagraphStyle& style = m_out.paragraphs.back();
-    const double length = LeadingNumber(value, 0) * m_base.height;
-    const char letter = value.empty() ? '\0' : value.front();
-    switch (kind) {
-    case 'i':
-        style.firstIndent = length;
-        break;
-    case 'l':
-        style.leftIndent = std::max(0.0, length);
-        break;
-    case 'r':
-        style.rightIndent = std::max(0.0, length);
-        break;
-    case 't':
-        if (letter == '\0' || letter == 'z' || letter == '*') {
-            style.tabs.clear();
-        } else if (length > 0) {
-            style.tabs.push_back(length);
-        }
-        break;
-    case 'q':
-        style.align = letter == 'l'   ? ParagraphAlign::Left
-                      : letter == 'r' ? ParagraphAlign::Right
-                      : letter == 'c' ? ParagraphAlign::Center
-                      : letter == 'j' ? ParagraphAlign::Justified
-                      : letter == 'd' ? ParagraphAlign::Distributed
-                                      : ParagraphAlign::Default;
-        break;
-    default:
-        break;
-    }
+    ReadParagraphCode(argument, m_base.height, m_out.paragraphs.back());
 }
 
 void MTextParser::Stack(std::string_view argument)

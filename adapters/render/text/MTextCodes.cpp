@@ -39,10 +39,10 @@ void MTextParser::EndWord()
     }
 }
 
-void MTextParser::EndParagraph()
+void MTextParser::EndParagraph(MTextToken::Kind kind)
 {
     EndWord();
-    Add(MTextToken::Kind::Paragraph, {});
+    Add(kind, {});
     m_out.tokens.back().paragraph = static_cast<std::uint32_t>(m_out.paragraphs.size() - 1);
     m_joins = false;
 }
@@ -140,7 +140,7 @@ void MTextParser::Code()
 {
     const char code = m_text[m_at++];
     if (code == 'P' || code == 'X' || code == 'N') {
-        EndParagraph();
+        EndParagraph(code == 'N' ? MTextToken::Kind::Column : MTextToken::Kind::Paragraph);
         return;
     }
     if (code == '~') {

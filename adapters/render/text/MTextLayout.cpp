@@ -1,7 +1,10 @@
 #include "render/text/MTextLayout.h"
 
+#include "render/text/TextColumns.h"
+#include "render/text/TextPlane.h"
+
+#include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace sm::render {
 
@@ -10,7 +13,6 @@ namespace {
 using Kind = MTextToken::Kind;
 
 constexpr double kLineStep = 5.0 / 3; ///< base line to base line, in heights (DXF reference, MTEXT group 44)
-constexpr double kTabStep = 4;        ///< default tab stops, in heights
 
 bool Positive(double value)
 {
@@ -22,51 +24,6 @@ double HeightOf(const drawing::Drawing& drawing, const drawing::MTextData& text)
     const auto& styles = drawing.TextStyles();
     const double fixed = text.style < styles.size() ? styles[text.style].fixedHeight : 0;
     return Positive(text.height) ? text.height : Positive(fixed) ? fixed : 2.5;
-}
-
-/// Axes of the OCS of an extrusion direction (DXF reference, arbitrary axis algorithm).
-struct Ocs {
-    Vec3 x{1, 0, 0}, y{0, 1, 0}, z{0, 0, 1};
-};
-
-double Dot(Vec3 a, Vec3 b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-Vec3 Cross(Vec3 a, Vec3 b)
-{
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
-Vec3 Unit(Vec3 v)
-{
-    const double length = std::sqrt(Dot(v, v));
-    return Positive(length) ? v * (1 / length) : Vec3{0, 0, 1};
-}
-
-Ocs OcsOf(Vec3 extrusion)
-{
-    Ocs ocs;
-    ocs.z = Unit(extrusion);
-    const bool nearZ = std::fabs(ocs.z.x) < 1.0 / 64 && std::fabs(ocs.z.y) < 1.0 / 64;
-    ocs.x = Unit(Cross(nearZ ? Vec3{0, 1, 0} : Vec3{0, 0, 1}, ocs.z));
-    ocs.y = Cross(ocs.z, ocs.x);
-    return ocs;
-}
-
-/// From the text's own axes, origin at the insertion point, to the OCS plane. Insertion and direction are in the WCS.
-Matrix2 PlaneOf(const drawing::MTextData& text)
-{
-    const Ocs ocs = OcsOf(text.extrusion);
-    double angle = text.rotation * std::numbers::pi / 180;
-    if (text.hasDirection) {
-        const Vec2 along{Dot(text.direction, ocs.x), Dot(text.direction, ocs.y)};
-        angle = along == Vec2{} ? 0 : std::atan2(along.y, along.x);
-    }
-    angle = std::isfinite(angle) ? angle : 0;
-    return {std::cos(angle),           std::sin(angle), -std::sin(angle), std::cos(angle), Dot(text.insertion, ocs.x),
-            Dot(text.insertion, ocs.y)};
 }
 
 /// A filled bar from `a` to `b`, `half` to either side.
@@ -81,134 +38,84 @@ void AddBar(Path& path, Vec2 a, Vec2 b, Vec2 half)
 
 } // namespace
 
-TypeStyle MTextLayout::PartStyle(const MTextToken& token) const
+/// From the base line of the line before to that of `line`.
+double MTextLayout::StepTo(const TextLine& line, const TextLine& before, const drawing::MTextData& text) const
 {
-    TypeStyle style = m_parsed.styles[token.style];
-    if (token.kind == Kind::Stack) {
-        style.under = style.over = style.strike = false;
+    constexpr std::int32_t kExact = 2;
+    const ParagraphStyle& style = m_parsed.paragraphs[line.paragraph];
+    const double usual = text.lineSpacing >= 0.25 && text.lineSpacing <= 4 ? text.lineSpacing : 1;
+    const double factor = style.lineRule == LineRule::Multiple ? style.lineValue : usual;
+    const bool exact = text.lineSpacingStyle == kExact;
+    double step = (exact ? m_height : line.height) * kLineStep * factor;
+    step += exact ? 0 : line.above - line.height + before.below;
+    if (style.lineRule == LineRule::Exact) {
+        step = style.lineValue;
+    } else if (style.lineRule == LineRule::AtLeast) {
+        step = std::max(step, style.lineValue);
     }
-    return style;
+    const double between =
+        (line.first ? style.before : 0) + (before.last ? m_parsed.paragraphs[before.paragraph].after : 0);
+    return step + between;
 }
 
-double MTextLayout::WidthOf(const MTextToken& token)
-{
-    const TypeStyle style = PartStyle(token);
-    if (token.kind == Kind::Stack) {
-        const double above = m_setter.Measure(token.text, style), below = m_setter.Measure(token.below, style);
-        return token.bar == '#' ? above + below + 0.6 * style.height : std::max(above, below) + 0.2 * style.height;
-    }
-    return m_setter.Measure(token.text, style);
-}
-
-double MTextLayout::TabWidth(const ParagraphStyle& style, double x) const
-{
-    for (const double stop : style.tabs) {
-        if (stop > x + 1e-9) {
-            return stop - x;
-        }
-    }
-    const double step = kTabStep * m_height;
-    return (std::floor(x / step + 1e-9) + 1) * step - x;
-}
-
-/// The end of the tokens from `begin` on between which a line can't break.
-std::size_t MTextLayout::UnbreakableEnd(std::size_t begin, std::size_t end) const
-{
-    std::size_t to = begin + 1;
-    while (to < end && m_parsed.tokens[to].joined) {
-        ++to;
-    }
-    return to;
-}
-
-void MTextLayout::EndLine(Line& line, bool last, double next)
-{
-    line.last = last;
-    line.end = m_items.size();
-    while (line.end > line.begin && m_parsed.tokens[m_items[line.end - 1].token].kind == Kind::Blank) {
-        --line.end;
-    }
-    line.width = line.end > line.begin ? m_items[line.end - 1].x + m_items[line.end - 1].width : 0;
-    line.height = line.height > 0 ? line.height : m_blankLine;
-    m_lines.push_back(line);
-    line = {m_items.size(), m_items.size(), next, 0, line.room, 0, 0, line.paragraph, false};
-}
-
-void MTextLayout::BreakParagraph(std::size_t begin, std::size_t end, std::uint32_t paragraph, double width)
-{
-    const ParagraphStyle& style = m_parsed.paragraphs[paragraph];
-    Line line;
-    line.begin = m_items.size();
-    line.paragraph = paragraph;
-    line.indent = std::max(0.0, style.leftIndent + style.firstIndent);
-    line.room = width > 0 ? std::max(0.0, width - style.rightIndent) : 0;
-    double x = line.indent;
-    for (std::size_t at = begin; at < end;) {
-        const std::size_t to = UnbreakableEnd(at, end);
-        double wide = 0;
-        for (std::size_t i = at; i < to; ++i) {
-            wide += m_parsed.tokens[i].kind == Kind::Tab ? 0 : WidthOf(m_parsed.tokens[i]);
-        }
-        const bool blank = m_parsed.tokens[at].kind == Kind::Blank;
-        if (line.room > 0 && !blank && m_items.size() > line.begin && x + wide > line.room * (1 + 1e-9)) {
-            EndLine(line, false, style.leftIndent);
-            x = style.leftIndent;
-        }
-        for (; at < to; ++at) {
-            const MTextToken& token = m_parsed.tokens[at];
-            const double own = token.kind == Kind::Tab ? TabWidth(style, x) : WidthOf(token);
-            if (blank && m_items.size() == line.begin && !m_lines.empty() && !m_lines.back().last) {
-                continue; // the blank at which the line before was broken
-            }
-            m_items.push_back({at, x, own});
-            line.height = std::max(line.height, m_parsed.styles[token.style].height);
-            x += own;
-        }
-    }
-    m_blankLine = m_parsed.styles[m_parsed.tokens[end].style].height;
-    EndLine(line, true, 0);
-}
-
-void MTextLayout::BreakLines(double width)
-{
-    m_items.clear();
-    m_lines.clear();
-    std::size_t begin = 0;
-    for (std::size_t i = 0; i < m_parsed.tokens.size(); ++i) {
-        if (m_parsed.tokens[i].kind == Kind::Paragraph) {
-            BreakParagraph(begin, i, m_parsed.tokens[i].paragraph, width);
-            begin = i + 1;
-        }
-    }
-    while (m_lines.size() > 1 && m_lines.back().begin == m_lines.back().end) {
-        m_lines.pop_back(); // empty paragraphs at the end take no room
-    }
-}
-
+/// Gives each line its column and, from the column's top, its base line.
 void MTextLayout::StackLines(const drawing::MTextData& text)
 {
-    const double factor = text.lineSpacing >= 0.25 && text.lineSpacing <= 4 ? text.lineSpacing : 1;
-    constexpr std::int32_t kExact = 2;
+    std::vector<TextLine>& lines = m_breaker.Lines();
     double y = 0;
-    for (std::size_t i = 0; i < m_lines.size(); ++i) {
-        const double height = text.lineSpacingStyle == kExact ? m_height : m_lines[i].height;
-        y -= i == 0 ? m_lines[i].height : height * kLineStep * factor;
-        m_lines[i].baseline = y;
+    int column = 0;
+    bool top = true;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        TextLine& line = lines[i];
+        const double step = top ? line.above : StepTo(line, lines[i - 1], text);
+        const double limit = ColumnHeight(text, column);
+        if (!top && limit > 0 && step - y > limit * (1 + 1e-9) && column + 1 < ColumnLimit(text)) {
+            ++column;
+            y = -line.above;
+        } else {
+            y -= step;
+        }
+        line.column = column;
+        line.baseline = y;
+        top = line.endsColumn && column + 1 < ColumnLimit(text);
+        column += top ? 1 : 0;
+        y = top ? 0 : y;
     }
 }
 
-std::size_t MTextLayout::GapsIn(const Line& line) const
+void MTextLayout::PlaceColumns(const drawing::MTextData& text, double lineWidth)
+{
+    const std::vector<TextLine>& lines = m_breaker.Lines();
+    const int used = lines.back().column + 1;
+    const int count = std::max(used, ColumnsShown(text));
+    const double gutter = count > 1 && Positive(text.columnGutter) ? text.columnGutter : 0;
+    m_columnWidth = lineWidth;
+    m_boxWidth = count * lineWidth + (count - 1) * gutter;
+    m_columnStarts.clear();
+    for (int i = 0; i < count; ++i) {
+        const int at = text.columnsReversed ? count - 1 - i : i;
+        m_columnStarts.push_back(at * (lineWidth + gutter));
+    }
+    m_boxBottom = 0;
+    for (const TextLine& line : lines) {
+        m_boxBottom = std::min(m_boxBottom, line.baseline);
+    }
+}
+
+std::size_t MTextLayout::GapsIn(const TextLine& line) const
 {
     std::size_t gaps = 0;
     for (std::size_t i = line.begin; i < line.end; ++i) {
-        gaps += m_parsed.tokens[m_items[i].token].kind == Kind::Blank ? 1 : 0;
+        const Kind kind = m_parsed.tokens[m_breaker.Items()[i].token].kind;
+        gaps = kind == Kind::Tab ? 0 : gaps + (kind == Kind::Blank ? 1 : 0);
     }
     return gaps;
 }
 
-double MTextLayout::LineStart(const Line& line, double boxWidth, int column, double& spread) const
+/// Where the line's x = 0 comes to stand in its column.
+double MTextLayout::LineStart(const TextLine& line, int column, double& spread) const
 {
-    const double room = line.room > 0 ? line.room : boxWidth;
+    const double room = line.room > 0 ? line.room : m_columnWidth;
     const ParagraphAlign align = m_parsed.paragraphs[line.paragraph].align;
     if (align == ParagraphAlign::Justified || align == ParagraphAlign::Distributed) {
         const std::size_t gaps = GapsIn(line);
@@ -218,75 +125,74 @@ double MTextLayout::LineStart(const Line& line, double boxWidth, int column, dou
     }
     const bool right = align == ParagraphAlign::Right || (align == ParagraphAlign::Default && column == 2);
     const bool center = align == ParagraphAlign::Center || (align == ParagraphAlign::Default && column == 1);
-    const double left = center ? line.indent : 0;
-    return right ? room - line.width : center ? (room - left - (line.width - left)) / 2 : 0;
+    return right ? room - line.width : center ? (room - line.width) / 2 : 0;
 }
 
-void MTextLayout::SetLines(double boxWidth, int column)
+void MTextLayout::SetLines(int column)
 {
-    for (const Line& line : m_lines) {
+    for (const TextLine& line : m_breaker.Lines()) {
         double spread = 0;
-        const double start = LineStart(line, boxWidth, column, spread);
-        SetLine(line, start, spread);
+        const double start = LineStart(line, column, spread);
+        SetLine(line, m_columnStarts[static_cast<std::size_t>(line.column)] + start, spread);
     }
 }
 
-/// Neighbours of one look are set as one piece, so that a line stays one text.
-void MTextLayout::SetLine(const Line& line, double x, double spread)
+void MTextLayout::SetLine(const TextLine& line, double x, double spread)
 {
+    std::size_t lastTab = line.begin;
+    for (std::size_t i = line.begin; i < line.end; ++i) {
+        lastTab = m_parsed.tokens[m_breaker.Items()[i].token].kind == Kind::Tab ? i : lastTab;
+    }
     for (std::size_t i = line.begin; i < line.end;) {
-        const Item& first = m_items[i];
-        const MTextToken& token = m_parsed.tokens[first.token];
-        const Vec2 pen{x + first.x, line.baseline};
+        const LineItem& item = m_breaker.Items()[i];
+        const MTextToken& token = m_parsed.tokens[item.token];
         if (token.kind == Kind::Stack) {
-            SetStack(token, pen, line.height);
+            SetStack(token, {x + item.x, line.baseline}, line.height);
         }
         if (token.kind == Kind::Stack || token.kind == Kind::Tab) {
             ++i;
-            continue;
+        } else {
+            i = SetPiece(line, i, x, i >= lastTab ? spread : 0);
         }
-        m_joined.clear();
-        for (; i < line.end; ++i) {
-            const MTextToken& next = m_parsed.tokens[m_items[i].token];
-            const bool text = next.kind == Kind::Word || next.kind == Kind::Blank;
-            if (!text || next.style != token.style) {
-                break;
-            }
-            m_joined += next.text;
-            if (spread > 0 && next.kind == Kind::Blank) {
-                ++i;
-                x += spread;
-                break;
-            }
-        }
-        m_setter.Set(m_joined, m_parsed.styles[token.style], pen);
     }
 }
 
-/// A fraction round the middle of its line's capitals.
+/// Neighbours of one look are set as one piece, so that a line stays one text. Returns the first item behind it.
+std::size_t MTextLayout::SetPiece(const TextLine& line, std::size_t first, double& x, double spread)
+{
+    const std::uint32_t look = m_parsed.tokens[m_breaker.Items()[first].token].style;
+    const TypeStyle& style = m_parsed.styles[look];
+    const double lower = line.height - style.height;
+    const double rise = style.align == LineAlign::Center ? lower / 2 : style.align == LineAlign::Top ? lower : 0;
+    const Vec2 pen{x + m_breaker.Items()[first].x, line.baseline + rise};
+    m_joined.clear();
+    std::size_t i = first;
+    for (; i < line.end; ++i) {
+        const MTextToken& next = m_parsed.tokens[m_breaker.Items()[i].token];
+        if ((next.kind != Kind::Word && next.kind != Kind::Blank) || next.style != look) {
+            break;
+        }
+        m_joined += next.text;
+        if (spread > 0 && next.kind == Kind::Blank) {
+            ++i;
+            x += spread;
+            break;
+        }
+    }
+    m_setter.Set(m_joined, style, pen);
+    return i;
+}
+
 void MTextLayout::SetStack(const MTextToken& token, Vec2 pen, double lineHeight)
 {
-    const TypeStyle style = PartStyle(token);
-    const double small = style.height, thin = 0.04 * small;
-    const double above = m_setter.Measure(token.text, style), below = m_setter.Measure(token.below, style);
-    const double wide = std::max(above, below);
-    if (token.bar == '#') { // slanted: raised beside lowered
-        m_setter.Set(token.text, style, {pen.x, pen.y + 0.4 * small});
-        m_setter.Set(token.below, style, {pen.x + above + 0.6 * small, pen.y - 0.4 * small});
+    const TypeStyle style = m_breaker.PartStyle(token);
+    const StackShape shape = m_breaker.ShapeOf(token, lineHeight);
+    m_setter.Set(token.text, style, pen + shape.above);
+    m_setter.Set(token.below, style, pen + shape.below);
+    if (shape.barHalf != Vec2{}) {
         RulePart& bar = m_parts.AddRule();
         bar.color = style.color;
-        const double left = pen.x + above, right = left + 0.6 * small;
-        AddBar(bar.path, {left, pen.y - 0.4 * small}, {right, pen.y + 1.4 * small}, {thin, 0});
-        return;
-    }
-    const bool limits = token.bar == '^';
-    const double middle = pen.y + lineHeight / 2, gap = 0.2 * small;
-    m_setter.Set(token.text, style, {pen.x + (limits ? 0 : (wide - above) / 2), middle + gap});
-    m_setter.Set(token.below, style, {pen.x + (limits ? 0 : (wide - below) / 2), middle - gap - small});
-    if (!limits) {
-        RulePart& bar = m_parts.AddRule();
-        bar.color = style.color;
-        AddBar(bar.path, {pen.x, middle}, {pen.x + wide, middle}, {0, thin});
+        AddBar(bar.path, pen + shape.barFrom, pen + shape.barTo, shape.barHalf);
     }
 }
 
@@ -305,18 +211,18 @@ TypeStyle MTextLayout::BaseStyle(const drawing::Drawing& drawing, const drawing:
 }
 
 /// The box that the lines fill, its top at 0.
-Box2 MTextLayout::Filled(double boxWidth, int column, double descent) const
+Box2 MTextLayout::Filled(double descent, int column) const
 {
     Box2 box;
-    const double bottom = m_lines.back().baseline - descent * m_lines.back().height;
-    for (const Line& line : m_lines) {
-        double spread = 0;
-        const double start = LineStart(line, boxWidth, column, spread);
-        if (line.end > line.begin) {
-            const double wide = line.width + spread * static_cast<double>(GapsIn(line));
-            box.Add(Vec2{start + m_items[line.begin].x, bottom});
-            box.Add(Vec2{start + wide, 0});
+    for (const TextLine& line : m_breaker.Lines()) {
+        if (line.end == line.begin) {
+            continue;
         }
+        double spread = 0;
+        const double start = m_columnStarts[static_cast<std::size_t>(line.column)] + LineStart(line, column, spread);
+        const double wide = line.width + spread * static_cast<double>(GapsIn(line));
+        box.Add(Vec2{start + m_breaker.Items()[line.begin].x, m_boxBottom - descent});
+        box.Add(Vec2{start + wide, 0});
     }
     return box;
 }
@@ -327,24 +233,31 @@ void MTextLayout::Lay(const drawing::Drawing& drawing, const drawing::MTextData&
     const TypeStyle base = BaseStyle(drawing, text);
     m_height = base.height;
     ParseMText(text.text, base, m_fonts, m_parsed);
-    const double wrap = Positive(text.width) ? text.width : 0;
-    BreakLines(wrap);
+    const double asked = HasColumns(text) && Positive(text.columnWidth) ? text.columnWidth : text.width;
+    const double wrap = Positive(asked) ? asked : 0;
+    m_breaker.Break(m_parsed, wrap, m_height);
     StackLines(text);
-
-    double boxWidth = wrap;
-    for (const Line& line : m_lines) {
-        boxWidth = std::max(boxWidth, wrap > 0 ? 0 : line.width);
+    double lineWidth = wrap;
+    for (const TextLine& line : m_breaker.Lines()) {
+        lineWidth = std::max(lineWidth, wrap > 0 ? 0 : line.width);
     }
+    PlaceColumns(text, lineWidth);
+
     const int place = text.attachment >= 1 && text.attachment <= 9 ? text.attachment - 1 : 0;
     const int column = place % 3, row = place / 3;
-    SetLines(boxWidth, column);
-
-    const double bottom = m_lines.back().baseline;
-    const Matrix2 toAnchor{1, 0, 0, 1, -boxWidth * column / 2, -bottom * row / 2};
-    const Box2 filled = Filled(boxWidth, column, base.font->Descent());
-    m_parts.Place(Compose(PlaneOf(text), toAnchor), filled.Width() > 0 ? filled : Box2{});
-    m_parts.Result().elevation = Dot(text.insertion, OcsOf(text.extrusion).z);
-    m_parts.Result().extrusion = text.extrusion;
+    SetLines(column);
+    const Matrix2 toAnchor{1, 0, 0, 1, -m_boxWidth * column / 2, -m_boxBottom * row / 2};
+    const Matrix2 map = Compose(PlaneOf(text), toAnchor);
+    const double descent = base.font->Descent() * m_breaker.Lines().back().height;
+    const Box2 filled = Filled(descent, column);
+    m_parts.Place(map, filled.Width() > 0 ? filled : Box2{});
+    LaidText& result = m_parts.Result();
+    result.elevation = ElevationOf(text);
+    result.extrusion = text.extrusion;
+    Box2 frame;
+    frame.Add(Vec2{0, 0});
+    frame.Add(Vec2{m_boxWidth, m_boxBottom - descent});
+    result.frame = CornersOf(frame, map);
 }
 
 } // namespace sm::render

@@ -1,53 +1,40 @@
-// MTEXT: paragraphs broken into lines within a width and put where the attachment says.
+// MTEXT: paragraphs broken into lines within a width, stacked in columns and put where the attachment says.
 #pragma once
 
-#include "render/text/MTextCodes.h"
+#include "render/text/TextLines.h"
 
 namespace sm::render {
 
 class MTextLayout {
 public:
-    MTextLayout(FontLibrary& fonts, LaidParts& parts) : m_fonts(fonts), m_parts(parts), m_setter(fonts, parts) {}
+    MTextLayout(FontLibrary& fonts, LaidParts& parts)
+        : m_fonts(fonts), m_parts(parts), m_setter(fonts, parts), m_breaker(m_setter)
+    {
+    }
     void Lay(const drawing::Drawing& drawing, const drawing::MTextData& text);
 
 private:
-    /// A token on its line.
-    struct Item {
-        std::size_t token = 0;
-        double x = 0, width = 0;
-    };
-    struct Line {
-        std::size_t begin = 0, end = 0; ///< of m_items; blanks at the end are left out
-        double indent = 0, width = 0, room = 0;
-        double height = 0; ///< of its highest capitals
-        double baseline = 0;
-        std::uint32_t paragraph = 0;
-        bool last = false; ///< of its paragraph
-    };
     TypeStyle BaseStyle(const drawing::Drawing& drawing, const drawing::MTextData& text);
-    Box2 Filled(double boxWidth, int column, double descent) const;
-    void BreakLines(double width);
-    void BreakParagraph(std::size_t begin, std::size_t end, std::uint32_t paragraph, double width);
-    std::size_t UnbreakableEnd(std::size_t begin, std::size_t end) const;
-    void EndLine(Line& line, bool last, double next);
-    double WidthOf(const MTextToken& token);
-    double TabWidth(const ParagraphStyle& style, double x) const;
+    [[nodiscard]] Box2 Filled(double descent, int column) const;
     void StackLines(const drawing::MTextData& text);
-    void SetLines(double boxWidth, int column);
-    void SetLine(const Line& line, double x, double spread);
+    [[nodiscard]] double StepTo(const TextLine& line, const TextLine& before, const drawing::MTextData& text) const;
+    void PlaceColumns(const drawing::MTextData& text, double lineWidth);
+    void SetLines(int column);
+    void SetLine(const TextLine& line, double x, double spread);
+    std::size_t SetPiece(const TextLine& line, std::size_t first, double& x, double spread);
     void SetStack(const MTextToken& token, Vec2 pen, double lineHeight);
-    double LineStart(const Line& line, double boxWidth, int column, double& spread) const;
-    std::size_t GapsIn(const Line& line) const;
-    TypeStyle PartStyle(const MTextToken& token) const;
+    [[nodiscard]] double LineStart(const TextLine& line, int column, double& spread) const;
+    [[nodiscard]] std::size_t GapsIn(const TextLine& line) const;
 
     FontLibrary& m_fonts;
     LaidParts& m_parts;
     Typesetter m_setter;
+    LineBreaker m_breaker;
     ParsedMText m_parsed;
-    std::vector<Item> m_items;
-    std::vector<Line> m_lines;
-    double m_height = 0;    ///< of the text before any code
-    double m_blankLine = 0; ///< height of a line without anything on it
+    double m_height = 0;      ///< of the text before any code
+    double m_columnWidth = 0; ///< of the one or each column
+    double m_boxWidth = 0, m_boxBottom = 0;
+    std::vector<double> m_columnStarts; ///< x of each column
     std::string m_joined;
 };
 

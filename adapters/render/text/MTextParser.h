@@ -29,7 +29,7 @@ private:
     void SetLook(char code);
     void Caret();
     void EndWord();
-    void EndParagraph();
+    void EndParagraph(MTextToken::Kind kind = MTextToken::Kind::Paragraph);
     void Add(MTextToken::Kind kind, std::string text);
     void AppendPlain();
     std::string_view Argument();
@@ -37,7 +37,7 @@ private:
     void SetHeight(std::string_view argument);
     void SetColor(std::string_view argument, bool trueColor);
     void SetParagraph(std::string_view argument);
-    void SetParagraphItem(char kind, std::string_view value);
+    void SetLineAlign(std::string_view argument);
     void Stack(std::string_view argument);
     double Factor(std::string_view argument, double now, double low, double high) const;
     std::uint32_t Look();
@@ -53,6 +53,10 @@ private:
     std::string m_word;
     bool m_joins = false; ///< the next token must stay with the last one
 };
+
+/// Changes a style by the argument of a paragraph code ("i-3,l4,t4,c8;qc;sm1.5"); lengths in it are multiplied by
+/// `height`.
+void ReadParagraphCode(std::string_view argument, double height, ParagraphStyle& style);
 
 /// The number at the text's start; `fallback` when there is none.
 double LeadingNumber(std::string_view text, double fallback);

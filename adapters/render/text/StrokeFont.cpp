@@ -235,16 +235,62 @@ const StrokeGlyph* StrokeFont::Find(char32_t character) const
     if (section != m_sections.end()) {
         ReadSection(section->second, glyph, 0);
     }
-    double right = 0;
-    for (const Vec2 point : glyph.path.points) {
-        right = std::max(right, point.x);
-    }
-    glyph.advance = (glyph.path.Empty() ? m_wordSpacing : right + m_letterSpacing) / kCapital;
-    glyph.gap = glyph.path.Empty() ? 0 : m_letterSpacing / kCapital;
+    SetWidth(character, glyph);
     for (Vec2& point : glyph.path.points) {
         point = point * (1 / kCapital);
     }
     return &glyph;
+}
+
+double StrokeFont::LetterWidth() const
+{
+    const StrokeGlyph* glyph = Find(U'H');
+    return glyph != nullptr ? glyph->advance - glyph->gap : 0;
+}
+
+double StrokeFont::LetterGap() const
+{
+    const StrokeGlyph* glyph = Find(U'H');
+    return glyph != nullptr ? glyph->gap : 0;
+}
+
+const StrokeGlyph& StrokeFont::Adopt(char32_t character, StrokeGlyph glyph)
+{
+    return m_glyphs[character] = std::move(glyph);
+}
+
+void StrokeFont::SetMetrics(const StrokeMetrics& metrics, double width)
+{
+    const double unit = kCapital / width;
+    m_letterSpacing = metrics.gap ? *metrics.gap * unit : m_letterSpacing;
+    m_wordSpacing = metrics.space ? *metrics.space * unit : m_wordSpacing;
+    for (const auto& [character, advance] : metrics.advances) {
+        m_advances[character] = advance * unit;
+    }
+}
+
+/// Letters are fitted into the width laid down for them; what is much narrower is put in its middle.
+void StrokeFont::SetWidth(char32_t character, StrokeGlyph& glyph) const
+{
+    double right = 0;
+    for (const Vec2 point : glyph.path.points) {
+        right = std::max(right, point.x);
+    }
+    const bool blank = glyph.path.Empty();
+    const auto known = m_advances.find(character);
+    const double advance = known != m_advances.end() ? known->second : blank ? m_wordSpacing : right + m_letterSpacing;
+    glyph.advance = advance / kCapital;
+    glyph.gap = blank ? 0 : m_letterSpacing / kCapital;
+    const double room = advance - m_letterSpacing;
+    if (known == m_advances.end() || blank || room < 0) {
+        return;
+    }
+    const double wider = right > 0 ? room / right : 0;
+    const bool fits = wider > 0.5 && wider < 1.7;
+    glyph.gap += fits ? 0 : (room - right) / 2 / kCapital;
+    for (Vec2& point : glyph.path.points) {
+        point.x = fits ? point.x * wider : point.x + (room - right) / 2;
+    }
 }
 
 void StrokeFont::ReadSection(std::string_view section, StrokeGlyph& glyph, int depth) const

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "render/FontFace.h"
+#include "render/text/FontMap.h"
 
 #include <cstdint>
 #include <memory>
@@ -33,6 +34,16 @@ public:
     static std::unique_ptr<StrokeFont> FromText(std::string text, std::string name = "strokes");
     /// A font that has but the box for missing characters.
     static const StrokeFont& Boxes();
+    /// The widths of the font it stands for; `width` is how much wider than the file's its letters will be drawn. To
+    /// be set before the first Find.
+    void SetMetrics(const StrokeMetrics& metrics, double width);
+    /// Of its "H", and the gap behind it, in heights of capitals; 0 without one.
+    [[nodiscard]] double LetterWidth() const;
+    [[nodiscard]] double LetterGap() const;
+    /// All its capitals are equally wide.
+    [[nodiscard]] bool IsEven() const { return m_advances.contains(U'H'); }
+    /// Takes over a letter that it lacks.
+    const StrokeGlyph& Adopt(char32_t character, StrokeGlyph glyph);
     /// Null when the font has none.
     [[nodiscard]] const StrokeGlyph* Find(char32_t character) const;
     /// The box when the font has none.
@@ -49,11 +60,13 @@ private:
     bool Index();
     void ReadHead(std::string_view line);
     void ReadSection(std::string_view section, StrokeGlyph& glyph, int depth) const;
+    void SetWidth(char32_t character, StrokeGlyph& glyph) const;
 
     std::string m_name = "strokes", m_text;
     std::unordered_map<char32_t, std::string_view> m_sections; ///< into m_text
     mutable std::unordered_map<char32_t, StrokeGlyph> m_glyphs;
     double m_letterSpacing = 3, m_wordSpacing = 6.75; ///< font units
+    std::unordered_map<char32_t, double> m_advances;  ///< those laid down, font units
 };
 
 } // namespace sm::render

@@ -95,8 +95,9 @@ double Typesetter::EndOutlines(const Job& job)
     if (m_segment.complex) {
         m_advance = m_segment.face->Shape(text, m_segment.rightToLeft, m_glyphs);
     }
-    const Matrix2 scale =
-        ScaleOf(job.style, 1 / m_segment.face->CapHeight(), 1, {job.pen.x + m_segment.start, job.pen.y});
+    const bool own = job.style.font != nullptr && job.style.font->face == m_segment.face;
+    const Matrix2 scale = ScaleOf(job.style, 1 / m_segment.face->CapHeight(), own ? job.style.font->faceWidth : 1,
+                                  {job.pen.x + m_segment.start, job.pen.y});
     if (job.shows) {
         AddPart(job, *m_segment.face, scale);
     }
@@ -121,7 +122,8 @@ void Typesetter::AddPart(const Job& job, const FontFace& face, const Matrix2& sc
 void Typesetter::AddStroke(const Job& job, const GlyphSource& source, std::size_t from)
 {
     m_glyphs.push_back({source.glyph, static_cast<std::uint32_t>(from - m_segment.from), {m_advance, 0}});
-    const StrokeGlyph& glyph = source.strokes != nullptr ? *source.strokes : m_segment.strokes->At(StrokeFont::kMissing);
+    const StrokeGlyph& glyph =
+        source.strokes != nullptr ? *source.strokes : m_segment.strokes->At(StrokeFont::kMissing);
     m_advance += glyph.advance * StrokeFont::kCapHeight * job.style.tracking;
 }
 

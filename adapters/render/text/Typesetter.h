@@ -10,6 +10,9 @@
 
 namespace sm::render {
 
+/// Where lower letters stand beside higher ones of their line (DXF reference, MTEXT code \A).
+enum class LineAlign : std::uint8_t { Bottom, Center, Top };
+
 /// How a piece of text looks.
 struct TypeStyle {
     const Font* font = nullptr;
@@ -19,6 +22,7 @@ struct TypeStyle {
     double tracking = 1; ///< letters stand that much further apart
     std::optional<TextColor> color;
     bool under = false, over = false, strike = false;
+    LineAlign align = LineAlign::Bottom;
 };
 
 class Typesetter {

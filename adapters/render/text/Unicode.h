@@ -71,6 +71,12 @@ inline bool BreaksAnywhere(char32_t c)
            (c >= 0x20000 && c < 0x40000);
 }
 
+/// Chinese, Japanese, Korean.
+inline bool IsEastAsian(char32_t c)
+{
+    return BreaksAnywhere(c) || (c >= 0x1100 && c < 0x1200) || (c >= 0xAC00 && c < 0xD7B0);
+}
+
 inline char LowerAscii(char c)
 {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;

@@ -1,0 +1,66 @@
+#include "render/text/TextPlane.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace sm::render {
+
+namespace {
+
+bool Positive(double value)
+{
+    return std::isfinite(value) && value > 0;
+}
+
+/// Axes of the OCS of an extrusion direction (DXF reference, arbitrary axis algorithm).
+struct Ocs {
+    Vec3 x{1, 0, 0}, y{0, 1, 0}, z{0, 0, 1};
+};
+
+double Dot(Vec3 a, Vec3 b)
+{
+    return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+
+Vec3 Cross(Vec3 a, Vec3 b)
+{
+    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+
+Vec3 Unit(Vec3 v)
+{
+    const double length = std::sqrt(Dot(v, v));
+    return Positive(length) ? v * (1 / length) : Vec3{0, 0, 1};
+}
+
+Ocs OcsOf(Vec3 extrusion)
+{
+    Ocs ocs;
+    ocs.z = Unit(extrusion);
+    const bool nearZ = std::fabs(ocs.z.x) < 1.0 / 64 && std::fabs(ocs.z.y) < 1.0 / 64;
+    ocs.x = Unit(Cross(nearZ ? Vec3{0, 1, 0} : Vec3{0, 0, 1}, ocs.z));
+    ocs.y = Cross(ocs.z, ocs.x);
+    return ocs;
+}
+
+} // namespace
+
+Matrix2 PlaneOf(const drawing::MTextData& text)
+{
+    const Ocs ocs = OcsOf(text.extrusion);
+    double angle = text.rotation * std::numbers::pi / 180;
+    if (text.hasDirection) {
+        const Vec2 along{Dot(text.direction, ocs.x), Dot(text.direction, ocs.y)};
+        angle = along == Vec2{} ? 0 : std::atan2(along.y, along.x);
+    }
+    angle = std::isfinite(angle) ? angle : 0;
+    return {std::cos(angle),           std::sin(angle), -std::sin(angle), std::cos(angle), Dot(text.insertion, ocs.x),
+            Dot(text.insertion, ocs.y)};
+}
+
+double ElevationOf(const drawing::MTextData& text)
+{
+    return Dot(text.insertion, OcsOf(text.extrusion).z);
+}
+
+} // namespace sm::render
