@@ -46,6 +46,7 @@ private:
     Handle m_styleHandle = 0;
     std::int32_t m_flags = 0; ///< which of its own values count
     bool m_inClass = false;   ///< behind the marker of the class: 330 is no owner any more
+    bool m_paperBackground = false;
     bool m_hasText = false, m_hasBlock = false;
     double m_arrowSize = 0;
     std::vector<LineChanges> m_lines; ///< in the order of the lines

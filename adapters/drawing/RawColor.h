@@ -26,6 +26,12 @@ inline void SetRawColor(Entity& entity, std::int32_t raw)
     }
 }
 
+/// True for the colour of the paper, which stands for that of the window.
+inline bool IsPaperColor(std::int32_t raw)
+{
+    return static_cast<std::uint32_t>(raw) >> 24 == 0xC8;
+}
+
 /// Hundredths of a millimetre, or -1 to -3.
 inline std::int16_t BoundLineweight(std::int32_t value)
 {

@@ -10,6 +10,9 @@ namespace {
 
 constexpr double kDegrees = 180 / std::numbers::pi;
 
+/// Of an MTEXT's background.
+constexpr std::int32_t kFilled = 1, kPaperColored = 2;
+
 /// Gaps come as pairs of points, whose x have the codes `first` and the one after it.
 bool TakeGap(const EntityTags& tags, int first, std::vector<MultiLeaderData::Gap>& gaps)
 {
@@ -106,16 +109,17 @@ void MultiLeaderReader::TakeContextTag(const EntityTags& tags)
         SetRawColor(color, tags.Integer());
         text.backgroundColor = color.color;
         text.backgroundTrueColor = color.trueColor;
+        m_paperBackground = IsPaperColor(tags.Integer());
         break;
     }
     case 141:
         text.backgroundScale = tags.Real();
         break;
-    case 291: // the window's colour
-        text.backgroundFlags |= tags.Integer() != 0 ? 2 : 0;
+    case 291:
+        text.backgroundFlags |= tags.Integer() == 0 ? 0 : m_paperBackground ? kPaperColored : kFilled;
         break;
     case 292:
-        text.backgroundFlags |= tags.Integer() != 0 ? 1 : 0;
+        text.backgroundFlags |= tags.Integer() == 0 ? 0 : kPaperColored;
         break;
     default:
         TakeTextTag(tags);

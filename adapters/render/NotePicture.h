@@ -62,7 +62,14 @@ double AddArrow(NotePicture& picture, const NoteTools& tools, const drawing::Arr
 
 void Build(const drawing::LeaderData& leader, const drawing::DimStyle& style, const NoteTools& tools,
            NotePicture& picture);
+void Build(const drawing::DimensionData& dimension, const drawing::DimStyle& style, const NoteTools& tools,
+           NotePicture& picture);
+void Build(const drawing::ToleranceData& tolerance, const drawing::DimStyle& style, const NoteTools& tools,
+           NotePicture& picture);
 void Build(const drawing::MultiLeaderData& leader, const NoteTools& tools, NotePicture& picture);
+void Build(const drawing::MLineData& mline, const NoteTools& tools, NotePicture& picture);
+/// By the table's own block where that holds anything, else by the cells.
+void Build(const drawing::TableData& table, const NoteTools& tools, NotePicture& picture);
 
 /// `v` at length 1; nothing stays nothing.
 inline Vec2 Unit(Vec2 v)

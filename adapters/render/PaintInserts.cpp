@@ -96,9 +96,8 @@ Outcome Painter::PaintDimension(const drawing::EntityRecord& record, const Frame
     if (Hidden(dimension, frame)) {
         return Outcome::Hidden;
     }
-    if (dimension.block == drawing::kNoBlock) {
-        Remark("a dimension without a picture left out");
-        return Outcome::NotDrawn;
+    if (m_drawing.EntitiesOf(dimension.block).empty()) { // no picture: the measurements themselves
+        return PaintNote(record, frame);
     }
     if (!CanEnter(dimension.block)) {
         return Outcome::NotDrawn;

@@ -75,30 +75,51 @@ Outcome Painter::PaintPicture(const NotePicture& picture, const drawing::Entity&
     return picture.Empty() ? Outcome::NotDrawn : best;
 }
 
-Outcome Painter::PaintLeader(const drawing::EntityRecord& record, const Frame& frame)
+template <class Data> Outcome Painter::PaintNote(const drawing::EntityRecord& record, const Frame& frame)
 {
-    drawing::LeaderData leader;
-    Read(m_drawing, record, leader);
-    if (Hidden(leader, frame)) {
+    Data note;
+    Read(m_drawing, record, note);
+    if (Hidden(note, frame)) {
+        return Outcome::Hidden;
+    }
+    NotePicture picture;
+    Build(note, {m_drawing, m_text}, picture);
+    return PaintPicture(picture, note, record, frame);
+}
+
+template <class Data> Outcome Painter::PaintStyledNote(const drawing::EntityRecord& record, const Frame& frame)
+{
+    Data note;
+    Read(m_drawing, record, note);
+    if (Hidden(note, frame)) {
         return Outcome::Hidden;
     }
     drawing::DimStyle style;
     Read(m_drawing, record, style);
     NotePicture picture;
-    Build(leader, style, {m_drawing, m_text}, picture);
-    return PaintPicture(picture, leader, record, frame);
+    Build(note, style, {m_drawing, m_text}, picture);
+    return PaintPicture(picture, note, record, frame);
 }
 
-Outcome Painter::PaintMultiLeader(const drawing::EntityRecord& record, const Frame& frame)
+Outcome Painter::PaintNote(const drawing::EntityRecord& record, const Frame& frame)
 {
-    drawing::MultiLeaderData leader;
-    Read(m_drawing, record, leader);
-    if (Hidden(leader, frame)) {
-        return Outcome::Hidden;
+    using drawing::EntityKind;
+    switch (record.kind) {
+    case EntityKind::Leader:
+        return PaintStyledNote<drawing::LeaderData>(record, frame);
+    case EntityKind::Dimension:
+        return PaintStyledNote<drawing::DimensionData>(record, frame);
+    case EntityKind::Tolerance:
+        return PaintStyledNote<drawing::ToleranceData>(record, frame);
+    case EntityKind::MultiLeader:
+        return PaintNote<drawing::MultiLeaderData>(record, frame);
+    case EntityKind::MLine:
+        return PaintNote<drawing::MLineData>(record, frame);
+    case EntityKind::Table:
+        return PaintNote<drawing::TableData>(record, frame);
+    default:
+        return Outcome::NotDrawn;
     }
-    NotePicture picture;
-    Build(leader, {m_drawing, m_text}, picture);
-    return PaintPicture(picture, leader, record, frame);
 }
 
 } // namespace sm::render

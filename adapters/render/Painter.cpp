@@ -117,9 +117,11 @@ Outcome Painter::Dispatch(const drawing::EntityRecord& record, const Frame& fram
     case EntityKind::MPolygon:
         return Leaf(buffers.hatch, record, frame);
     case EntityKind::Leader:
-        return PaintLeader(record, frame);
     case EntityKind::MultiLeader:
-        return PaintMultiLeader(record, frame);
+    case EntityKind::Tolerance:
+    case EntityKind::MLine:
+    case EntityKind::Table:
+        return PaintNote(record, frame);
     case EntityKind::Insert:
         return PaintInsert(record, frame);
     case EntityKind::Dimension:

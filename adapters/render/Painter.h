@@ -83,8 +83,9 @@ private:
     Outcome PaintCopies(const drawing::InsertData& insert, const Frame& frame, const Style& style);
     Outcome PaintAttributes(const drawing::InsertData& insert, const Frame& frame, const Style& style);
     Outcome PaintDimension(const drawing::EntityRecord& record, const Frame& frame);
-    Outcome PaintLeader(const drawing::EntityRecord& record, const Frame& frame);
-    Outcome PaintMultiLeader(const drawing::EntityRecord& record, const Frame& frame);
+    Outcome PaintNote(const drawing::EntityRecord& record, const Frame& frame);
+    template <class Data> Outcome PaintNote(const drawing::EntityRecord& record, const Frame& frame);
+    template <class Data> Outcome PaintStyledNote(const drawing::EntityRecord& record, const Frame& frame);
     Outcome PaintPicture(const NotePicture& picture, const drawing::Entity& entity, const drawing::EntityRecord& record,
                          const Frame& frame);
     void PaintNoteShapes(const NotePicture& picture, const Frame& frame, const Inherited& inherited);

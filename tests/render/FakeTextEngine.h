@@ -1,6 +1,7 @@
 // A text engine without fonts: one run a text, each letter 0.6 em wide, no formatting read.
 #pragma once
 
+#include "render/Projection.h"
 #include "render/TextLayout.h"
 
 #include <numbers>
@@ -19,7 +20,11 @@ public:
     }
     const LaidText& Lay(const drawing::Drawing&, const drawing::MTextData& text) override
     {
-        return Lay(text.text, {text.insertion.x, text.insertion.y}, text.insertion.z, text.height, text.rotation,
+        const Matrix3 axes = OcsAxes(text.extrusion);
+        const auto along = [&](Vec3 axis) {
+            return axis.x * text.insertion.x + axis.y * text.insertion.y + axis.z * text.insertion.z;
+        };
+        return Lay(text.text, {along(axes.x), along(axes.y)}, along(axes.z), text.height, text.rotation,
                    text.extrusion);
     }
     [[nodiscard]] std::vector<std::string> Substitutions() const override { return {}; }
