@@ -16,6 +16,7 @@ namespace sm::cadhost {
 struct HostOptions {
     std::string shareFolder; ///< holds Drivers, PC3, Plotters, PlotStyles
     std::string loginName;   ///< what "LOGINNAME" gives
+    drawing::DwgOptions dwg{};
 };
 
 /// The run's layer over a document: seen through the automation model, never saved.

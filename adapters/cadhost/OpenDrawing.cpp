@@ -32,8 +32,8 @@ std::optional<std::size_t> FindLayout(const drawing::Drawing& drawing, const std
 
 } // namespace
 
-OpenDrawing::OpenDrawing(const std::string& path, DocumentOverlay overlay)
-    : m_fullName(AbsolutePath(path)), m_file(drawing::Drawing::Open(path)), m_active(m_file->ActiveLayout())
+OpenDrawing::OpenDrawing(const std::string& path, DocumentOverlay overlay, const drawing::DwgOptions& dwg)
+    : m_fullName(AbsolutePath(path)), m_file(drawing::Drawing::Open(path, dwg)), m_active(m_file->ActiveLayout())
 {
     m_configurations.resize(m_file->Layouts().size());
     SetOverlay(std::move(overlay));

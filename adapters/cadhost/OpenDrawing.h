@@ -9,7 +9,7 @@ namespace sm::cadhost {
 class OpenDrawing {
 public:
     /// Throws drawing::DrawingError.
-    OpenDrawing(const std::string& path, DocumentOverlay overlay);
+    OpenDrawing(const std::string& path, DocumentOverlay overlay, const drawing::DwgOptions& dwg);
 
     /// Throws HostError once the drawing is closed; so does everything below that needs the file.
     [[nodiscard]] drawing::Drawing& File() const;

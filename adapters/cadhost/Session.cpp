@@ -50,7 +50,7 @@ std::shared_ptr<OpenDrawing> Session::Open(const std::string& path, const Docume
         m_active = *known;
         return m_active;
     }
-    auto open = std::make_shared<OpenDrawing>(path, overlay);
+    auto open = std::make_shared<OpenDrawing>(path, overlay, m_options.dwg);
     m_drawings.push_back(open);
     m_active = open;
     return open;

@@ -105,24 +105,44 @@ void SyncFolder(const std::string& path)
     close(file);
 }
 
+/// What the umask leaves of the usual rights.
+mode_t RightsOfNewFile()
+{
+    const mode_t mask = umask(0);
+    umask(mask);
+    return 0666 & ~mask;
+}
+
+void RequireWritable(const std::string& path, const std::string& target, const FileStamp& stamp,
+                     const struct stat& state)
+{
+    if (FileBytes::StampOf(target) != stamp)
+        throw DrawingError(path +
+                           ": somebody else changed the file since it was opened; open it again and repeat the change");
+    if (stamp != FileStamp{} && (state.st_mode & 0222) == 0)
+        throw DrawingError(path + ": the drawing was not saved and is as it was: the file is read-only; " +
+                           "take the write protection off");
+}
+
 } // namespace
 
 FileStamp ReplaceFile(const std::string& path, const std::vector<std::string_view>& pieces, const FileStamp& stamp,
                       bool keepBackup)
 {
     const std::string target = RealPath(path);
+    const bool isNew = stamp == FileStamp{};
     struct stat state {};
-    if (stat(target.c_str(), &state) != 0 || FileBytes::StampOf(target) != stamp)
-        throw DrawingError(path +
-                           ": somebody else changed the file since it was opened; open it again and repeat the change");
-    if ((state.st_mode & 0222) == 0)
-        throw DrawingError(path + ": the drawing was not saved and is as it was: the file is read-only; " +
-                           "take the write protection off");
+    if (stat(target.c_str(), &state) != 0) {
+        state.st_mode = RightsOfNewFile();
+        state.st_uid = geteuid();
+        state.st_gid = getegid();
+    }
+    RequireWritable(path, target, stamp, state);
     Temporary temporary(target);
     for (const std::string_view piece : pieces)
         temporary.Write(piece);
     temporary.Own(state);
-    if (keepBackup)
+    if (keepBackup && !isNew)
         KeepBackup(target);
     temporary.Rename();
     SyncFolder(target);

@@ -1,9 +1,11 @@
-// A drawing file (DXF), memory-mapped and read in one pass: tables, blocks, entities and objects.
+// A drawing file (DXF, or DWG through a converter), memory-mapped and read in one pass: tables, blocks, entities and
+// objects.
 //
 // Reading is safe for files from outside: everything readable is used, and what was mended or skipped is reported once
 // a kind with its first line number. Only a file that holds no drawing at all is an error.
 #pragma once
 
+#include "drawing/DwgConverter.h"
 #include "drawing/Entities.h"
 #include "drawing/Layouts.h"
 #include "drawing/Notes.h"
@@ -61,9 +63,10 @@ struct ImageDefinition {
 
 class Drawing {
 public:
-    /// Opens `path`. Throws DrawingError: missing, unreadable, empty, not DXF, a DWG (until a converter is there), cut
-    /// off before anything usable.
-    static std::unique_ptr<Drawing> Open(const std::string& path);
+    /// Opens `path`. A DWG is read through the converter that `dwg` asks for; its records stand in a file of their own
+    /// beside it (`path` + ".sheetmaker"), over those in the DWG. Throws DrawingError: missing, unreadable, empty, not
+    /// a drawing, cut off before anything usable, a DWG that can't be converted, a records file that can't be read.
+    static std::unique_ptr<Drawing> Open(const std::string& path, const DwgOptions& dwg = {});
     /// The same over bytes in memory, for tests; `name` stands for the path in messages.
     static std::unique_ptr<Drawing> FromBytes(std::string bytes, const std::string& name);
     virtual ~Drawing() = default;
@@ -113,12 +116,13 @@ public:
     /// The record of `application`, the 1001 item first; empty when there is none.
     [[nodiscard]] virtual std::vector<XDataItem> RecordOf(const std::string& application) const = 0;
     /// Replaces the record in memory; the application name is registered when the drawing is saved. Throws DrawingError
-    /// when the file can't hold one (no named-object dictionary: R12 and older), naming the remedy.
+    /// when the file can't hold one (a DXF without named-object dictionary: R12 and older), naming the remedy.
     virtual void SetRecord(const std::string& application, const std::vector<XDataItem>& items) = 0;
     [[nodiscard]] virtual bool Modified() const = 0;
     /// Writes the changed records: only their own tags, the application's entry in the APPID table and the handle seed
     /// differ from the file as read. Atomic (written beside, synced, renamed); with `keepBackup` the former file stays
-    /// as `path` + ".bak". Throws DrawingError and leaves the file as it was.
+    /// as `path` + ".bak". Throws DrawingError and leaves the file as it was. A DWG is never
+    /// written: its records file is.
     virtual void Save(bool keepBackup) = 0;
 
     // For the readers of Entities.h; not for others.

@@ -49,12 +49,16 @@ std::vector<XDataItem> DxfDrawing::RecordOf(const std::string& application) cons
     for (const auto& [name, items] : m_changes)
         if (FoldName(name) == folded)
             return items;
+    if (m_records)
+        if (const auto* const items = m_records->Find(application))
+            return *items;
     return StoredRecord(*m_model, application);
 }
 
 void DxfDrawing::SetRecord(const std::string& application, const std::vector<XDataItem>& items)
 {
-    RequireRoot(*m_model);
+    if (!m_records)
+        RequireRoot(*m_model);
     CheckItems(Path(), application, items);
     std::vector<XDataItem> record = Normalised(application, items);
     if (record == RecordOf(application))
@@ -69,6 +73,11 @@ void DxfDrawing::Save(bool keepBackup)
 {
     if (!m_modified)
         return;
+    if (m_records) {
+        m_records->Save(m_changes, keepBackup);
+        m_modified = false;
+        return;
+    }
     if (m_stamp == FileStamp{})
         throw DrawingError(Path() + ": this drawing is not a file; it can't be saved");
     const std::vector<Edit> edits = PatchRecords(*m_model, m_changes);

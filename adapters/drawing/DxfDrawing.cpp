@@ -1,5 +1,6 @@
 #include "drawing/DxfDrawing.h"
 
+#include "drawing/DwgConversion.h"
 #include "drawing/EntityTags.h"
 #include "drawing/FileKind.h"
 
@@ -44,9 +45,16 @@ std::unique_ptr<Model> ReadModel(FileBytes bytes, const std::string& path)
     return model;
 }
 
-std::unique_ptr<Drawing> Drawing::Open(const std::string& path)
+std::unique_ptr<Drawing> Drawing::Open(const std::string& path, const DwgOptions& dwg)
 {
-    return std::make_unique<DxfDrawing>(ReadModel(FileBytes::Map(path), path));
+    FileBytes bytes = FileBytes::Map(path);
+    if (DwgRelease(bytes.View()).empty())
+        return std::make_unique<DxfDrawing>(ReadModel(std::move(bytes), path));
+    RecordsFile records(path);
+    FindingList lost;
+    auto model = ReadModel(ConvertDwg(bytes, path, dwg, lost), path);
+    model->findings.Join(lost);
+    return std::make_unique<DxfDrawing>(std::move(model), std::move(records));
 }
 
 std::unique_ptr<Drawing> Drawing::FromBytes(std::string bytes, const std::string& name)
@@ -56,7 +64,8 @@ std::unique_ptr<Drawing> Drawing::FromBytes(std::string bytes, const std::string
     return std::make_unique<DxfDrawing>(ReadModel(FileBytes::Keep(std::move(bytes)), name));
 }
 
-DxfDrawing::DxfDrawing(std::unique_ptr<Model> model) : m_model(std::move(model)), m_stamp(m_model->source.bytes.Stamp())
+DxfDrawing::DxfDrawing(std::unique_ptr<Model> model, std::optional<RecordsFile> records)
+    : m_model(std::move(model)), m_records(std::move(records)), m_stamp(m_model->source.bytes.Stamp())
 {
 }
 

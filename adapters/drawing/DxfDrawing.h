@@ -1,7 +1,8 @@
-// The drawing over a DXF file. For this room only; others see Drawing.h.
+// The drawing over a DXF file, or over the DXF that a DWG was turned into. For this room only; others see Drawing.h.
 #pragma once
 
 #include "drawing/RecordPatch.h"
+#include "drawing/RecordsFile.h"
 
 #include <memory>
 #include <mutex>
@@ -10,7 +11,8 @@ namespace sm::drawing {
 
 class DxfDrawing final : public Drawing {
 public:
-    explicit DxfDrawing(std::unique_ptr<Model> model);
+    /// With `records`, these stand over those of the model, and `Save` writes them instead of the drawing.
+    explicit DxfDrawing(std::unique_ptr<Model> model, std::optional<RecordsFile> records = std::nullopt);
 
     [[nodiscard]] const std::string& Path() const override { return m_model->path; }
     [[nodiscard]] Version FileVersion() const override { return m_model->version; }
@@ -54,6 +56,7 @@ private:
     void IndexPlaces() const;
 
     std::unique_ptr<Model> m_model;
+    std::optional<RecordsFile> m_records;
     RecordChanges m_changes; ///< since the file was read, saved or not
     FileStamp m_stamp;       ///< of the file as it was read or saved last
     bool m_modified = false;

@@ -76,7 +76,8 @@ void EntityTags::TakeCommon(Entity& entity) const
         entity.linetype = m_source.LinetypeOf(Name());
         break;
     case 8:
-        entity.layer = m_source.LayerOf(Name());
+        if (!Name().empty()) // some converters write an empty one in front of an embedded object
+            entity.layer = m_source.LayerOf(Name());
         break;
     case 38:
         entity.elevation = Real();

@@ -46,7 +46,7 @@ constexpr std::array kDwgReleases{
 
 [[noreturn]] void ThrowIsOther(const std::string& path, const std::string& what)
 {
-    throw DrawingError(path + ": the first bytes are those of " + what + ", not of a drawing; name a DXF file");
+    throw DrawingError(path + ": the first bytes are those of " + what + ", not of a drawing; name a DXF or DWG file");
 }
 
 bool StartsLikeMarkup(std::string_view bytes)
@@ -62,15 +62,8 @@ bool IsUtf16(std::string_view bytes)
 
 void RefuseDwg(std::string_view bytes, const std::string& path)
 {
-    for (const Magic& release : kDwgReleases)
-        if (bytes.starts_with(release.bytes))
-            throw DrawingError(path + ": this is a DWG of release " + release.what +
-                               ", which this version can't open yet; save it as DXF");
-    const bool numbered =
-        bytes.size() >= 6 && bytes.starts_with("AC10") && std::isdigit(static_cast<unsigned char>(bytes[4]));
-    if (numbered)
-        throw DrawingError(path + ": this is a DWG of an unknown release (" + std::string(bytes.substr(0, 6)) +
-                           "), which this version can't open; save it as DXF");
+    if (const std::string release = DwgRelease(bytes); !release.empty())
+        throw DrawingError(path + ": this is a DWG of " + release + ", not a DXF; save it as DXF");
 }
 
 DxfKind BinaryKind(std::string_view bytes, const std::string& path)
@@ -83,6 +76,17 @@ DxfKind BinaryKind(std::string_view bytes, const std::string& path)
 }
 
 } // namespace
+
+std::string DwgRelease(std::string_view bytes)
+{
+    for (const Magic& release : kDwgReleases)
+        if (bytes.starts_with(release.bytes))
+            return std::string("release ") + release.what;
+    const auto isDigit = [&](std::size_t at) { return std::isdigit(static_cast<unsigned char>(bytes[at])) != 0; };
+    if (bytes.size() >= 6 && bytes.starts_with("AC10") && isDigit(4) && isDigit(5))
+        return "an unknown release (" + std::string(bytes.substr(0, 6)) + ")";
+    return {};
+}
 
 DxfKind RecogniseDxf(std::string_view bytes, const std::string& path)
 {
@@ -109,7 +113,7 @@ void ThrowNothingUsable(std::string_view bytes, const std::string& path, std::ui
     const std::size_t probe = std::min<std::size_t>(bytes.size(), 4096);
     const bool text = bytes.substr(0, probe).find('\0') == std::string_view::npos;
     throw DrawingError(path + ": line 1 is no DXF group code: this is " +
-                       (text ? "some other text" : "some other file") + ", not a drawing; name a DXF file");
+                       (text ? "some other text" : "some other file") + ", not a drawing; name a DXF or DWG file");
 }
 
 } // namespace sm::drawing

@@ -13,6 +13,9 @@ struct DxfKind {
     std::uint64_t begin = 0; ///< of the first tag
 };
 
+/// What writes files that begin like `bytes`: "release 2018", "an unknown release (AC1099)"; empty for no DWG.
+std::string DwgRelease(std::string_view bytes);
+
 /// How the DXF in `bytes` is written. Throws DrawingError for what is plainly something else; `path` names it.
 DxfKind RecogniseDxf(std::string_view bytes, const std::string& path);
 

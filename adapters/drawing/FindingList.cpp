@@ -37,6 +37,9 @@ constexpr std::array kTexts{
     DamageText{Damage::TabOrder, "two layouts have the same tab order; renumbered", false},
     DamageText{Damage::LayoutWithoutName, "a layout has no name, or one that is there already; renamed", false},
     DamageText{Damage::NoLayouts, "layouts are missing; a model and a paper layout are assumed", false},
+    DamageText{Damage::TablesLost, "the DWG converter lost a table; save the drawing as DXF to see it", true},
+    DamageText{Damage::ProxiesLost, "the DWG converter lost a proxy entity; save the drawing as DXF to see it", true},
+    DamageText{Damage::NotCorrected, "the DWG converter's mistakes could not be corrected; layers may be wrong", true},
 };
 
 } // namespace
@@ -59,6 +62,12 @@ bool FindingList::Has(Damage kind) const
 {
     return std::ranges::any_of(m_findings,
                                [&](const Finding& finding) { return finding.code == static_cast<std::int32_t>(kind); });
+}
+
+void FindingList::Join(const FindingList& others)
+{
+    for (const Finding& finding : others.m_findings)
+        Add(static_cast<Damage>(finding.code), finding.line, finding.count);
 }
 
 } // namespace sm::drawing

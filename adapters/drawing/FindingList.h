@@ -9,7 +9,7 @@
 namespace sm::drawing {
 
 /// Stable numbers, grouped by hundreds: 1xx the file, 2xx header and text, 3xx tables, 4xx blocks, 5xx entities,
-/// 6xx objects and layouts.
+/// 6xx objects and layouts, 7xx the conversion of a DWG.
 enum class Damage : std::int32_t {
     NotATag = 101,
     NoEnd = 102,
@@ -34,6 +34,9 @@ enum class Damage : std::int32_t {
     TabOrder = 602,
     LayoutWithoutName = 603,
     NoLayouts = 604,
+    TablesLost = 701,
+    ProxiesLost = 702,
+    NotCorrected = 703,
 };
 
 class FindingList {
@@ -41,6 +44,8 @@ public:
     /// Counts one more of that kind; the first one's line is kept.
     void Add(Damage kind, std::uint32_t line, std::uint32_t count = 1);
     [[nodiscard]] bool Has(Damage kind) const;
+    /// Counts all of another list.
+    void Join(const FindingList& others);
     [[nodiscard]] const std::vector<Finding>& All() const { return m_findings; }
 
 private:

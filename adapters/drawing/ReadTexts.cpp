@@ -1,5 +1,7 @@
 #include "drawing/EntityTags.h"
 
+#include <utility>
+
 namespace sm::drawing {
 
 namespace {
@@ -103,7 +105,11 @@ void Read(const Drawing& drawing, const EntityRecord& record, TextData& data)
     Reset(data);
     EntityTags tags(drawing.Tags(), record);
     const bool attribute = record.kind != EntityKind::Text;
+    bool hasFlags = false;
     while (tags.Next()) {
+        // Converters write the kind of an embedded text as a second group 70.
+        if (attribute && tags.Code() == 70 && std::exchange(hasFlags, true))
+            continue;
         if (tags.Take(10, data.insertion))
             continue;
         if (tags.Take(11, data.alignment))

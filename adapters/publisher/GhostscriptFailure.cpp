@@ -145,15 +145,15 @@ void FailMissingInterpreter(const std::string& program)
                                      program));
 }
 
-void CheckRun(const ChildResult& result, const DriverReport& report, const std::vector<PageSource>& pages,
+void CheckRun(const process::ChildResult& result, const DriverReport& report, const std::vector<PageSource>& pages,
               const std::string& folder, const std::string& outputPath)
 {
     const std::size_t done = report.pagesMade.size();
-    if (result.end == ChildResult::End::NotStarted) {
+    if (result.end == process::ChildResult::End::NotStarted) {
         throw PublishFailure(PublishStatus::Internal,
                              fmt::format("Ghostscript could not be started: {}.", std::strerror(result.code)));
     }
-    if (result.end == ChildResult::End::PastDeadline) {
+    if (result.end == process::ChildResult::End::PastDeadline) {
         throw PublishFailure(PublishStatus::TimeLimit,
                              fmt::format("Page {}: its PostScript took more time than allowed.",
                                          pages[std::min(done, pages.size() - 1)].number));
@@ -161,7 +161,7 @@ void CheckRun(const ChildResult& result, const DriverReport& report, const std::
     if (report.error) {
         FailOnError(report, pages, folder, outputPath);
     }
-    if (result.end == ChildResult::End::Signalled) {
+    if (result.end == process::ChildResult::End::Signalled) {
         FailSignalled(result.code, pages, done);
     }
     if (result.code != 0 && RoomHasRunOut(folder, outputPath)) {

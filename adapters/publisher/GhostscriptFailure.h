@@ -1,7 +1,7 @@
 // Judges a finished run of the PostScript interpreter: its exit code, its report lines, and the room on the disk.
 #pragma once
 
-#include "publisher/ChildProcess.h"
+#include "process/ChildProcess.h"
 #include "publisher/GhostscriptDriver.h"
 
 #include <string>
@@ -13,7 +13,7 @@ namespace sm::publisher {
 
 /// Returns when every page was made exactly once; else throws PublishFailure that names the first page at fault.
 /// `folder` is where the interpreter wrote, `outputPath` its PDF.
-void CheckRun(const ChildResult& result, const DriverReport& report, const std::vector<PageSource>& pages,
+void CheckRun(const process::ChildResult& result, const DriverReport& report, const std::vector<PageSource>& pages,
               const std::string& folder, const std::string& outputPath);
 
 /// The line of the file's byte `position`, from 1; 0 when the file can't be read so far.

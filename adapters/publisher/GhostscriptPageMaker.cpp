@@ -1,7 +1,7 @@
 #include "publisher/GhostscriptPageMaker.h"
 
+#include "process/ChildProcess.h"
 #include "publisher/AtomicFile.h"
-#include "publisher/ChildProcess.h"
 #include "publisher/GhostscriptDriver.h"
 #include "publisher/GhostscriptFailure.h"
 #include "publisher/PublishStatus.h"
@@ -129,8 +129,8 @@ public:
     MadePages MakePages(const std::vector<PageSource>& pages, const std::string& jobOptions,
                         const std::string& folder) override
     {
-        ChildCommand command;
-        command.program = FindProgram(m_options.program);
+        process::ChildCommand command;
+        command.program = process::FindProgram(m_options.program);
         if (command.program.empty()) {
             FailMissingInterpreter(m_options.program);
         }
@@ -147,15 +147,15 @@ public:
         command.workingFolder = folder;
         command.keptLines = nonce;
         command.limits = Limits(bytes);
-        const ChildResult result = RunChild(command);
+        const process::ChildResult result = process::RunChild(command);
         CheckRun(result, ReadDriverOutput(result.output, nonce), pages, folder, (place / kOutputName).string());
         return {(place / kOutputName).string(), nullptr};
     }
 
 private:
-    [[nodiscard]] ChildLimits Limits(std::uintmax_t inputBytes) const
+    [[nodiscard]] process::ChildLimits Limits(std::uintmax_t inputBytes) const
     {
-        ChildLimits limits;
+        process::ChildLimits limits;
         const auto megabytes = static_cast<long long>(inputBytes / 1000000);
         limits.deadline = m_options.deadline + m_options.deadlinePerMegabyte * megabytes;
         limits.cpuSeconds = static_cast<std::uint64_t>(limits.deadline.count() / 1000 + 2);

@@ -25,6 +25,10 @@ inline constexpr const char* kConvertFooter = R"(Examples:
   sheetmaker convert site.dxf --layouts model --page-setup global
   sheetmaker convert *.dxf -o pdf/ --jobs 4 --report json  a folder of PDFs, a report on stdout
 
+A DWG is read through a converter that "sheetmaker doctor" shows; --dwg-converter takes another one, in which
+{in} and {out} stand for the files:
+  sheetmaker convert plan.dwg --dwg-converter "my-converter --to dxf {in} {out}"
+
 "auto" takes every paper layout that holds something, and the model when none does.)";
 
 inline constexpr const char* kLayoutsFooter = R"(Examples:
@@ -37,7 +41,8 @@ inline constexpr const char* kGetFooter = R"(Examples:
 inline constexpr const char* kSetFooter = R"(Examples:
   sheetmaker set OpenInViewer 0
   sheetmaker set JobOptionsFile "Print [1200 dpi]"
-  sheetmaker set Stamp1 "FOR REVIEW")";
+  sheetmaker set Stamp1 "FOR REVIEW"
+  sheetmaker set DwgConverter "my-converter --to dxf {in} {out}")";
 
 inline constexpr const char* kListFooter = R"(Examples:
   sheetmaker list              every setting; "*" marks those that were changed

@@ -1,5 +1,6 @@
 #include "sheetmaker/CommandLine.h"
 
+#include "drawing/DwgConverter.h"
 #include "sheetmaker/CommandHelp.h"
 #include "sheetmaker/ExitCodes.h"
 #include "sheetmaker/MarkCommandLine.h"
@@ -74,7 +75,7 @@ void AddConvert(CLI::App& program, ConvertJob& job)
 {
     CLI::App& command = *program.add_subcommand("convert", "Convert drawings to PDF");
     command.footer(kConvertFooter);
-    command.add_option("DRAWING", job.drawings, "The drawings (DXF)")->required()->type_name("");
+    command.add_option("DRAWING", job.drawings, "The drawings (DXF or DWG)")->required()->type_name("");
     command.add_option("-o,--output", job.output, "The PDF; with several drawings, the folder for the PDFs")
         ->type_name("PATH");
     AddLayoutOptions(command, job.options);
@@ -100,6 +101,7 @@ struct Jobs {
     SetJob set;
     ListJob list;
     MarkJobs marks;
+    std::string dwgConverter;
 };
 
 void AddSettings(CLI::App& program, Jobs& jobs)
@@ -116,18 +118,34 @@ void AddSettings(CLI::App& program, Jobs& jobs)
     list.add_option("PART", jobs.list.part, "Only names that contain this")->type_name("");
 }
 
+/// The same for every command that opens drawings.
+void AddDwgConverter(CLI::App& program, std::string& converter)
+{
+    for (const char* name : {"convert", "publish", "layouts", "stamp", "attach", "sign", "doctor"})
+        program.get_subcommand(name)
+            ->add_option("--dwg-converter", converter,
+                         "What turns a DWG into DXF: a command with {in} and {out}, or node, dwg2dxf, oda "
+                         "(default: the setting DwgConverter, else node, else dwg2dxf)")
+            ->type_name("COMMAND")
+            ->check([](const std::string& command) {
+                const std::string error = drawing::DwgConverterError(command);
+                return error.empty() ? error : "\"" + command + "\" " + error;
+            });
+}
+
 void AddCommands(CLI::App& program, Jobs& jobs)
 {
     AddConvert(program, jobs.convert);
     CLI::App& layouts = *program.add_subcommand("layouts", "Show the layouts of a drawing");
     layouts.footer(kLayoutsFooter);
-    layouts.add_option("DRAWING", jobs.layouts.drawing, "The drawing (DXF)")->required()->type_name("");
+    layouts.add_option("DRAWING", jobs.layouts.drawing, "The drawing (DXF or DWG)")->required()->type_name("");
     layouts.add_flag("--json", jobs.layouts.json, "As JSON");
     AddMarkCommands(program, jobs.marks);
     AddSettings(program, jobs);
     program.add_subcommand("log", "Print the log of the last conversion")->footer(kLogFooter);
     program.add_subcommand("doctor", "Say what is installed, what is missing and how to mend it")
         ->footer(kDoctorFooter);
+    AddDwgConverter(program, jobs.dwgConverter);
 }
 
 Job ChosenJob(const CLI::App& program, const Jobs& jobs)
@@ -188,7 +206,7 @@ ParsedCommand ParseCommandLine(const std::vector<std::string>& words, const std:
     try {
         std::vector<std::string> reversed(words.rbegin(), words.rend());
         program.parse(reversed);
-        return {ChosenJob(program, jobs), kExitDone, {}, {}};
+        return {ChosenJob(program, jobs), kExitDone, {}, {}, jobs.dwgConverter};
     } catch (const CLI::CallForHelp&) {
         return {{}, kExitDone, program.help(), {}}; // that of the chosen command, when there is one
     } catch (const CLI::CallForVersion& call) {

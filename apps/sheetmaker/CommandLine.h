@@ -15,6 +15,7 @@ struct ParsedCommand {
     int exitCode = 0;
     std::string output; ///< for stdout, with its line ends
     std::string error;  ///< for stderr, with its line ends
+    std::string dwgConverter{};
 };
 
 /// `words` are the arguments without the program's name. `version` is "1.2.3".

@@ -58,7 +58,10 @@ int RunProgram(const std::vector<std::string>& words, const Install& install, st
     const ParsedCommand parsed = ParseCommandLine(words, install.version);
     out << parsed.output;
     err << parsed.error;
-    return parsed.job ? std::visit(Runner(install, out, err), *parsed.job) : parsed.exitCode;
+    Install forThisRun = install;
+    if (!parsed.dwgConverter.empty())
+        forThisRun.dwgConverter = parsed.dwgConverter;
+    return parsed.job ? std::visit(Runner(forThisRun, out, err), *parsed.job) : parsed.exitCode;
 }
 
 } // namespace sm::app

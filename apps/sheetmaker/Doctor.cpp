@@ -1,5 +1,6 @@
 #include "sheetmaker/Doctor.h"
 
+#include "sheetmaker/DwgSetup.h"
 #include "sheetmaker/ExitCodes.h"
 
 #include <algorithm>
@@ -114,6 +115,14 @@ Finding Viewer(const Install& install)
             {}};
 }
 
+Finding DwgConverter(const Install& install)
+{
+    const auto registry = OpenSettings(install, [](const std::string&) {}); // told of the settings already
+    const drawing::DwgReadiness found = drawing::ExamineDwgConverter(DwgOptionsOf(install, *registry));
+    return {found.ready ? State::Good : State::Optional, "DWG converter",
+            found.ready ? found.what : found.what + " (DWG files need one, DXF files don't)", found.remedy};
+}
+
 const char* Mark(State state)
 {
     return state == State::Good ? "ok      " : state == State::Optional ? "optional" : "MISSING ";
@@ -134,7 +143,7 @@ std::vector<Finding> Examine(const Install& install)
             WritableFolder("log folder", install.places.stateFolder, "give yourself the right to write there"),
             WritableFolder("temporary folder", unset ? fs::path(P_tmpdir) : temporary, "set TMPDIR to another folder"),
             Viewer(install),
-            {State::Optional, "DWG converter", "DWG files can't be read by this version", "save the drawing as DXF"}};
+            DwgConverter(install)};
 }
 
 std::string FindingText(const std::vector<Finding>& findings)

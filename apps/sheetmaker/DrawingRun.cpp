@@ -2,6 +2,7 @@
 
 #include "cadhost/CadHost.h"
 #include "plugin/cPlugin.h"
+#include "sheetmaker/DwgSetup.h"
 #include "sheetmaker/ExitCodes.h"
 #include "sheetmaker/HostReport.h"
 #include "sheetmaker/LayoutSelection.h"
@@ -35,7 +36,8 @@ class DrawingRun {
 public:
     DrawingRun(const DrawingTask& task, const Install& install, terminal::Console& console, DrawingReport& report)
         : m_task(task), m_report(report), m_surrounded(task, install, console, report),
-          m_host(cadhost::CadHost::Create({install.places.shareFolder.string(), install.LoginName()}))
+          m_host(cadhost::CadHost::Create(
+              HostOptionsOf(install, m_surrounded.Context().surroundings.registry, task.workFolder)))
     {
     }
 

@@ -16,7 +16,8 @@ namespace sm::app {
 struct Install {
     system::Environment environment;
     system::Places places;
-    std::string version; ///< "1.2.3"
+    std::string version;        ///< "1.2.3"
+    std::string dwgConverter{}; ///< of this run; empty: the stored setting
 
     [[nodiscard]] std::string JobOptionsFolder() const { return (places.shareFolder / "Settings").string(); }
     [[nodiscard]] std::string LoginName() const;

@@ -1,5 +1,6 @@
 #include "sheetmaker/LayoutsCommand.h"
 
+#include "sheetmaker/DwgSetup.h"
 #include "sheetmaker/ExitCodes.h"
 
 #include <algorithm>
@@ -88,7 +89,9 @@ std::string LayoutJson(const std::vector<cadhost::LayoutFacts>& layouts)
 int RunLayouts(const LayoutsJob& job, const Install& install, std::ostream& out, std::ostream& err)
 {
     try {
-        const auto host = cadhost::CadHost::Create({install.places.shareFolder.string(), install.LoginName()});
+        const auto settings =
+            OpenSettings(install, [&](const std::string& text) { err << "warning: " << text << "\n"; });
+        const auto host = cadhost::CadHost::Create(HostOptionsOf(install, *settings, {}));
         const auto document = host->Open(job.drawing);
         const std::vector<cadhost::LayoutFacts> layouts = host->Layouts(document);
         out << (job.json ? LayoutJson(layouts) : LayoutTable(layouts));

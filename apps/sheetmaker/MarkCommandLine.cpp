@@ -32,7 +32,9 @@ CLI::Option* AddParsed(CLI::App& command, const std::string& option, std::option
 
 void AddDrawing(CLI::App& command, std::string& drawing)
 {
-    command.add_option("DRAWING", drawing, "The drawing (DXF, release 2000 or later)")->required()->type_name("");
+    command.add_option("DRAWING", drawing, "The drawing (DWG, or DXF of release 2000 or later)")
+        ->required()
+        ->type_name("");
 }
 
 void AddAction(CLI::App& command, RecordAction& action, bool required)

@@ -13,7 +13,8 @@ inline constexpr const char* kStampFooter = R"(Examples:
 A drawing has one stamp and keeps the number of its text only: the texts are the settings Stamp1 to Stamp15 of
 whoever converts it. A new text takes the first of Stamp11 to Stamp15 that is still free.
 Points are mapped without regard to centring and rotation of the plot; a sheet that plots the display has no marks.
-The former drawing stays as plan.dxf.bak.)";
+The former drawing stays as plan.dxf.bak. A DWG is never written: what belongs to plan.dwg stands in
+plan.dwg.sheetmaker beside it, and moves with it only when you move both.)";
 
 inline constexpr const char* kAttachFooter = R"(Examples:
   sheetmaker attach plan.dxf add report.pdf --at 250,20 --layout "Ground floor"
@@ -23,7 +24,8 @@ inline constexpr const char* kAttachFooter = R"(Examples:
   sheetmaker attach plan.dxf remove 1
 
 The file is read when the drawing is converted. Points are mapped without regard to centring and rotation of the plot.
-The former drawing stays as plan.dxf.bak.)";
+The former drawing stays as plan.dxf.bak. A DWG is never written: what belongs to plan.dwg stands in
+plan.dwg.sheetmaker beside it, and moves with it only when you move both.)";
 
 inline constexpr const char* kSignFooter = R"(Examples:
   sheetmaker sign plan.dxf add Approval --label "Site engineer" --rect 200,20,260,35
@@ -31,7 +33,9 @@ inline constexpr const char* kSignFooter = R"(Examples:
   sheetmaker sign plan.dxf change Approval --rect 200,25,260,40
   sheetmaker sign plan.dxf remove Approval
 
-Points are mapped without regard to centring and rotation of the plot. The former drawing stays as plan.dxf.bak.)";
+Points are mapped without regard to centring and rotation of the plot. The former drawing stays as plan.dxf.bak.
+A DWG is never written: what belongs to plan.dwg stands in plan.dwg.sheetmaker beside it, and moves with it only when
+you move both.)";
 
 inline constexpr const char* kPublishFooter = R"(Examples:
   sheetmaker publish -o set.pdf plan.dxf site.dxf

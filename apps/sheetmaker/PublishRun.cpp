@@ -5,6 +5,7 @@
 #include "plugin/cPlugin.h"
 #include "plugin/mdlAcadHelper.h"
 #include "settings/mdlWinReg.h"
+#include "sheetmaker/DwgSetup.h"
 #include "sheetmaker/ExitCodes.h"
 #include "sheetmaker/HostReport.h"
 #include "sheetmaker/NativeDocuments.h"
@@ -41,7 +42,8 @@ public:
            DrawingReport& report)
         : m_task(task), m_install(install), m_report(report), m_log(log),
           m_surrounded(WithLog(task, log.SheetLogName()), install, console, report),
-          m_host(cadhost::CadHost::Create({install.places.shareFolder.string(), install.LoginName()}))
+          m_host(cadhost::CadHost::Create(
+              HostOptionsOf(install, m_surrounded.Context().surroundings.registry, task.workFolder)))
     {
     }
 

@@ -1,6 +1,7 @@
 #include "sheetmaker/RecordEditor.h"
 
 #include "settings/mdlDataKegIO.h"
+#include "sheetmaker/DwgSetup.h"
 #include "sheetmaker/HostReport.h"
 #include "sheetmaker/MarkValues.h"
 #include "sheetmaker/Refusal.h"
@@ -27,7 +28,7 @@ Install WithDecimalPoint(const Install& install)
 RecordEditor::RecordEditor(const std::string& drawing, const Install& install, terminal::Console& console)
     : m_task{drawing, {}, {}, {}, {}}, m_install(WithDecimalPoint(install)),
       m_surrounded(m_task, m_install, console, m_report),
-      m_host(cadhost::CadHost::Create({install.places.shareFolder.string(), install.LoginName()})),
+      m_host(cadhost::CadHost::Create(HostOptionsOf(install, m_surrounded.Context().surroundings.registry, {}))),
       m_document(m_host->Open(drawing))
 {
 }

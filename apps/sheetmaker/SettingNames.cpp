@@ -1,5 +1,6 @@
 #include "sheetmaker/SettingNames.h"
 
+#include "drawing/DwgConverter.h"
 #include "sheetmaker/Suggest.h"
 
 #include <charconv>
@@ -59,6 +60,10 @@ CheckedValue CheckValue(const SettingName& setting, const std::string& value,
         return CheckNumber(setting, value);
     case SettingKind::JobOptions:
         return CheckJobOptions(value, jobOptionNames);
+    case SettingKind::DwgConverter: {
+        const std::string error = drawing::DwgConverterError(value);
+        return error.empty() ? CheckedValue{value, {}} : CheckedValue{{}, "\"" + value + "\" " + error};
+    }
     case SettingKind::Text:
         break;
     }

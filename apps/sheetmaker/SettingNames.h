@@ -8,7 +8,7 @@
 
 namespace sm::app {
 
-enum class SettingKind { Switch, WholeNumber, Number, Text, JobOptions };
+enum class SettingKind { Switch, WholeNumber, Number, Text, JobOptions, DwgConverter };
 
 struct SettingName {
     const char* name;

@@ -85,6 +85,7 @@ constexpr SettingName kSettings[] = {
     Number("WinUpperRightX", "0"),
     Number("WinUpperRightY", "0"),
     Text("ViewToPlot", ""),
+    {"DwgConverter", SettingKind::DwgConverter, "", 0, 0},
 };
 
 } // namespace

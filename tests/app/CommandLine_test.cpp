@@ -145,6 +145,30 @@ TEST(CommandLine, ExplainsEveryCommandWithExamples)
     }
 }
 
+TEST(CommandLine, TakesADwgConverterForEveryCommandThatOpensDrawings)
+{
+    for (Words words : {Words{"convert", "a.dwg"},
+                        {"publish", "-o", "s.pdf", "a.dwg"},
+                        {"layouts", "a.dwg"},
+                        {"stamp", "a.dwg", "--at", "1,2"},
+                        {"attach", "a.dwg", "list"},
+                        {"sign", "a.dwg", "list"},
+                        {"doctor"}}) {
+        const std::string command = words[0];
+        EXPECT_EQ(ParseCommandLine(words, "1.2.3").dwgConverter, "") << command;
+        words.insert(words.end(), {"--dwg-converter", "conv {in} {out}"});
+        const ParsedCommand parsed = ParseCommandLine(words, "1.2.3");
+        EXPECT_TRUE(parsed.job) << command << parsed.error;
+        EXPECT_EQ(parsed.dwgConverter, "conv {in} {out}") << command;
+        words.back() = "conv";
+        EXPECT_EQ(ParseCommandLine(words, "1.2.3").error,
+                  "sheetmaker " + command +
+                      ": --dwg-converter: \"conv\" is none of node, dwg2dxf, oda and no command "
+                      "with {in} and {out}\n\"sheetmaker " +
+                      command + " --help\" explains it\n");
+    }
+}
+
 TEST(CommandLine, KeepsCommandsThatAreNotThereOutOfTheHelp)
 {
     const std::string help = ParseCommandLine({"--help"}, "1.2.3").output;

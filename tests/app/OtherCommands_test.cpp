@@ -81,9 +81,30 @@ TEST_F(Commands, DoctorNamesTheCommandThatMends)
           "MISSING   job options: none installed\n          -> install sheetmaker-pdf anew\n",
           "optional  PDF viewer: xdg-open is not installed (--open needs it)\n          -> sudo apt-get install "
           "xdg-utils\n",
-          "optional  DWG converter: DWG files can't be read by this version\n          -> save the drawing as DXF\n"})
+          "optional  DWG converter: the script to-dxf.mjs is missing (DWG files need one, DXF files don't)\n          "
+          "-> "
+          "install sheetmaker-pdf anew\n"})
         EXPECT_NE(text.find(line), std::string::npos) << line << "in\n" << text;
     EXPECT_NE(text.find("MISSING   settings: The settings file "), std::string::npos) << text;
+}
+
+TEST_F(Commands, DoctorShowsTheDwgConverter)
+{
+    m_machine.MakeShare();
+    m_machine.MakeFile("share/dwg/to-dxf.mjs");
+    EXPECT_EQ(Examine(m_machine.Here()).back().remedy,
+              "sudo apt-get install nodejs npm && '" + m_machine.In("share/dwg/install") + "'");
+    m_machine.MakeProgram("node", "true");
+    EXPECT_EQ(Examine(m_machine.Here()).back().remedy, "'" + m_machine.In("share/dwg/install") + "'");
+    m_machine.MakeFile("home/.cache/sheetmaker-pdf/dwg/node_modules/@mlightcad/libredwg-web/wasm/libredwg-web.js");
+    EXPECT_EQ(Examine(m_machine.Here()).back().state, Finding::State::Good);
+    EXPECT_EQ(Run({"set", "DwgConverter", "my-own {in} {out}"}), 0);
+    EXPECT_EQ(Examine(m_machine.Here()).back().detail,
+              "the program of \"my-own {in} {out}\" can't be found (DWG files need one, DXF files don't)");
+    m_machine.MakeProgram("my-own", "true");
+    EXPECT_EQ(Examine(m_machine.Here()).back().detail, "your own command, " + m_machine.In("bin/my-own"));
+    EXPECT_EQ(Run({"doctor", "--dwg-converter", "oda"}), 3);
+    EXPECT_NE(m_out.str().find("optional  DWG converter: ODAFileConverter is not installed"), std::string::npos);
 }
 
 TEST_F(Commands, DoctorSeesAShareFolderWithoutItsParts)

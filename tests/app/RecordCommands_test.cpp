@@ -191,5 +191,26 @@ TEST_F(Records, ADrawingThatCanHoldNoneSaysTheRemedy)
     EXPECT_EQ(Out(), "STAMP 11\n");
 }
 
+TEST_F(Records, OfADwgStandBesideIt)
+{
+    const std::string dwg = m_machine.MakeFile("site.dwg", "AC1032 and more");
+    m_machine.MakeProgram("conv", "cp '" + Drawing() + "' \"$2\"");
+    const auto run = [&](std::vector<std::string> words) {
+        words.insert(words.end(), {"--dwg-converter", m_machine.In("bin/conv") + " {in} {out}"});
+        m_out.str("");
+        m_err.str("");
+        return RunProgram(words, m_machine.Here(), m_out, m_err);
+    };
+    EXPECT_EQ(run({"stamp", dwg, "--text", "2", "--at", "10,10"}), 0) << m_err.str();
+    EXPECT_EQ(Contents(dwg), "AC1032 and more");
+    EXPECT_EQ(run({"stamp", dwg, "list"}), 0);
+    EXPECT_EQ(Out(), "stamp 2 \"FOR REVIEW\", Helvetica, 24 pt, #FF0000, left, at 10,10, on All Layouts\n");
+    EXPECT_EQ(run({"sign", dwg, "add", "Approval", "--rect", "1,1,5,5"}), 0) << m_err.str();
+    EXPECT_TRUE(fs::exists(dwg + ".sheetmaker"));
+    EXPECT_EQ(run({"stamp", dwg, "remove"}), 0) << m_err.str();
+    EXPECT_EQ(run({"stamp", dwg, "list"}), 0);
+    EXPECT_EQ(Out(), "site.dwg has no stamp\n");
+}
+
 } // namespace
 } // namespace sm::app

@@ -70,6 +70,11 @@ const SetRow kSetRows[] = {
     {"PaperWidth", "nan", 2, "(absent)", "sheetmaker set: PaperWidth takes a number, with \".\" for the decimals\n"},
     {"Stamp3", "NOT FOR SALE", 0, "NOT FOR SALE", ""},
     {"JobOptionsFile", "print [1200 DPI]", 0, "Print [1200 dpi]", ""},
+    {"DwgConverter", "dwg2dxf", 0, "dwg2dxf", ""},
+    {"DwgConverter", "my-converter {in} {out}", 0, "my-converter {in} {out}", ""},
+    {"DwgConverter", "my-converter", 2, "(absent)",
+     "sheetmaker set: DwgConverter \"my-converter\" is none of node, dwg2dxf, oda and no command with {in} and "
+     "{out}\n"},
     {"JobOptionsFile", "Web", 2, "(absent)",
      "sheetmaker set: JobOptionsFile takes the name of installed job options: \"Graphics [600 dpi]\", \"Print [1200 "
      "dpi]\"\n"},
@@ -164,6 +169,7 @@ TEST_F(SettingCommands, ListShowsEverySettingWithItsDefault)
   WinUpperRightX = 0
   WinUpperRightY = 0
   ViewToPlot = 
+  DwgConverter = 
 )");
 }
 

@@ -14,11 +14,12 @@ import sys
 # What each room may include besides itself and the standard library: prefixes of project headers and library headers.
 PLUGIN = {"ports", "settings", "plotting", "annotations", "hostobjects", "ui", "plugin"}
 ROOMS = {
-    "adapters/drawing": {"drawing"},
+    "adapters/process": {"process"},
+    "adapters/drawing": {"drawing", "process"},
     "adapters/render": {"render", "drawing"},
     "adapters/plotter": {"plotter", "render", "drawing"},
     "adapters/cadhost": {"cadhost", "plotter", "render", "drawing", "ports"},
-    "adapters/publisher": {"publisher", "ports"},
+    "adapters/publisher": {"publisher", "process", "ports"},
     "adapters/store": {"store", "ports"},
     "adapters/system": {"system", "ports"},
     "adapters/terminal": {"terminal", "ports"},

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace sm::publisher {
+namespace sm::process {
 
 struct ChildLimits {
     std::chrono::milliseconds deadline{60000};
@@ -33,9 +33,11 @@ struct ChildResult {
 
 /// The absolute path of `program` (looked up on $PATH unless it holds a slash); empty when it isn't there.
 std::string FindProgram(const std::string& program);
+/// The same with `folders` for $PATH.
+std::string FindProgram(const std::string& program, const std::string& folders);
 
 /// Waits for the end; past the deadline the whole process group is killed. Nothing of the group outlives the call,
 /// and the child doesn't outlive a killed parent.
 ChildResult RunChild(const ChildCommand& command);
 
-} // namespace sm::publisher
+} // namespace sm::process

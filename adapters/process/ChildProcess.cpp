@@ -1,4 +1,4 @@
-#include "publisher/ChildProcess.h"
+#include "process/ChildProcess.h"
 
 #include <algorithm>
 #include <array>
@@ -15,7 +15,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace sm::publisher {
+namespace sm::process {
 
 namespace {
 
@@ -205,6 +205,12 @@ ChildResult Reap(pid_t child, bool endedItself, ChildResult result)
 
 std::string FindProgram(const std::string& program)
 {
+    const char* variable = std::getenv("PATH");
+    return FindProgram(program, variable != nullptr ? variable : "/usr/local/bin:/usr/bin:/bin");
+}
+
+std::string FindProgram(const std::string& program, const std::string& folders)
+{
     const auto usable = [](const std::filesystem::path& path) {
         std::error_code error;
         return std::filesystem::is_regular_file(path, error) && ::access(path.c_str(), X_OK) == 0;
@@ -213,8 +219,6 @@ std::string FindProgram(const std::string& program)
         std::error_code error;
         return usable(program) ? std::filesystem::absolute(program, error).string() : std::string();
     }
-    const char* variable = std::getenv("PATH");
-    std::string folders = variable != nullptr ? variable : "/usr/local/bin:/usr/bin:/bin";
     for (std::size_t begin = 0; begin <= folders.size();) {
         const std::size_t end = std::min(folders.find(':', begin), folders.size());
         const auto candidate = std::filesystem::path(folders.substr(begin, end - begin)) / program;
@@ -260,4 +264,4 @@ ChildResult RunChild(const ChildCommand& command)
     return result;
 }
 
-} // namespace sm::publisher
+} // namespace sm::process

@@ -1,0 +1,44 @@
+#include "sheetmaker/DwgSetup.h"
+
+#include "settings/mdlWinReg.h"
+#include "sheetmaker/SettingCommands.h"
+
+namespace sm::app {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Where the converter's package goes when the share folder may not be written.
+fs::path CacheFolder(const Install& install)
+{
+    const std::string given = install.environment("XDG_CACHE_HOME").value_or("");
+    if (given.starts_with('/'))
+        return fs::path(given) / "sheetmaker-pdf" / "dwg";
+    return fs::path(install.environment("HOME").value_or("/nonexistent")) / ".cache" / "sheetmaker-pdf" / "dwg";
+}
+
+} // namespace
+
+drawing::DwgOptions DwgOptionsOf(const Install& install, IRegistry& registry)
+{
+    const fs::path scripts = install.places.shareFolder / "dwg";
+    drawing::DwgOptions options;
+    options.converter = install.dwgConverter;
+    if (options.converter.empty())
+        options.converter =
+            RegReadString(registry, RegistryRoot::CurrentUser, kSettingsKey, "DwgConverter").value_or("");
+    options.scriptFolder = install.places.shareFolder.empty() ? "" : scripts.string();
+    options.packageFolders = {scripts.string(), CacheFolder(install).string()};
+    options.searchPath = install.environment("PATH");
+    return options;
+}
+
+cadhost::HostOptions HostOptionsOf(const Install& install, IRegistry& registry, const std::string& workFolder)
+{
+    cadhost::HostOptions options{install.places.shareFolder.string(), install.LoginName(),
+                                 DwgOptionsOf(install, registry)};
+    options.dwg.workFolder = workFolder;
+    return options;
+}
+
+} // namespace sm::app

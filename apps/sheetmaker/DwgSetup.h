@@ -1,0 +1,18 @@
+// How this machine and its user read DWG files.
+#pragma once
+
+#include "cadhost/CadHost.h"
+#include "ports/IRegistry.h"
+#include "sheetmaker/Install.h"
+
+#include <string>
+
+namespace sm::app {
+
+/// The converter of this run, else that of the stored setting "DwgConverter", else the first that is there.
+drawing::DwgOptions DwgOptionsOf(const Install& install, IRegistry& registry);
+
+/// `workFolder` is for temporary files; empty: the system's.
+cadhost::HostOptions HostOptionsOf(const Install& install, IRegistry& registry, const std::string& workFolder);
+
+} // namespace sm::app
