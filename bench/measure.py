@@ -40,8 +40,8 @@ def tree_memory(root):
 
 
 def run(command, output, timeout=900, sample=True):
-    """Runs `command` in an empty folder; `output` is the file it must leave."""
-    if os.path.exists(output):
+    """Runs `command` in an empty folder; `output` is the file it must leave, None when it leaves none."""
+    if output and os.path.exists(output):
         os.remove(output)
     peak = [0]
     stop = threading.Event()
@@ -65,7 +65,7 @@ def run(command, output, timeout=900, sample=True):
         stop.set()
         if sample:
             watcher.join()
-    size = os.path.getsize(output) if os.path.exists(output) else 0
+    size = os.path.getsize(output) if output and os.path.exists(output) else 0
     largest = usage.ru_maxrss
-    return Result(process.returncode == 0 and size > 0, wall, usage.ru_utime + usage.ru_stime, largest / 1024,
+    return Result(process.returncode == 0 and (size > 0 or not output), wall, usage.ru_utime + usage.ru_stime, largest / 1024,
                   max(peak[0], largest if not peak[0] else 0) / 1024, size)

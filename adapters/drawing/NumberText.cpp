@@ -17,25 +17,16 @@ bool IsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-/// Powers of ten that a double holds exactly.
-constexpr std::array<double, 23> kPowers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                         1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+/// Decimal digits that a double holds exactly; both the digits and the power of ten being exact, so is one division.
+constexpr std::ptrdiff_t kExactDigits = 15;
+constexpr std::array<double, kExactDigits + 1> kPowers{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                       1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
-/// Digits of a plain decimal number: value = mantissa / 10^decimals.
-struct Decimal {
-    std::uint64_t mantissa = 0;
-    int digits = 0;
-    int decimals = 0;
-};
-
-const char* ReadDigits(const char* at, const char* end, Decimal& number, bool fraction)
+/// Takes digits into `mantissa`, which may overflow: the caller counts them.
+const char* TakeDigits(const char* at, const char* end, std::uint64_t& mantissa)
 {
-    while (at < end && IsDigit(*at)) {
-        number.mantissa = number.mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
-        number.digits += number.mantissa != 0;
-        number.decimals += fraction;
-        ++at;
-    }
+    for (; at < end && IsDigit(*at); ++at)
+        mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
     return at;
 }
 
@@ -68,14 +59,20 @@ double ParseReal(std::string_view text)
     const char* const start = at;
     const bool negative = at < end && *at == '-';
     at += negative;
-    Decimal number;
-    at = ReadDigits(at, end, number, false);
-    if (at < end && *at == '.')
-        at = ReadDigits(at + 1, end, number, true);
+    std::uint64_t mantissa = 0;
+    const char* const whole = at;
+    at = TakeDigits(at, end, mantissa);
+    std::ptrdiff_t digits = at - whole, decimals = 0;
+    if (at < end && *at == '.') {
+        const char* const fraction = at + 1;
+        at = TakeDigits(fraction, end, mantissa);
+        decimals = at - fraction;
+        digits += decimals;
+    }
     const bool plain = at == end || (*at != 'e' && *at != 'E');
-    if (!plain || number.digits > 15 || number.decimals > 22)
+    if (!plain || digits > kExactDigits)
         return ParseGeneral(start, end);
-    const double value = static_cast<double>(number.mantissa) / kPowers[static_cast<std::size_t>(number.decimals)];
+    const double value = static_cast<double>(mantissa) / kPowers[static_cast<std::size_t>(decimals)];
     return negative ? -value : value;
 }
 

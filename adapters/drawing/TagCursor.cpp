@@ -1,7 +1,5 @@
 #include "drawing/TagCursor.h"
 
-#include "drawing/LineScan.h"
-
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -35,11 +33,6 @@ TagCursor::TagCursor(std::string_view file, TagFormat format, std::uint64_t begi
     m_tag = m_value = m_at;
 }
 
-bool TagCursor::Next()
-{
-    return m_format == TagFormat::Ascii ? NextAscii() : NextBinary();
-}
-
 bool TagCursor::Damage()
 {
     m_damaged = true;
@@ -53,7 +46,7 @@ bool TagCursor::Cut()
     return false;
 }
 
-bool TagCursor::ReadCode()
+bool TagCursor::ReadAnyCode()
 {
     const char* at = m_at;
     while (at < m_end && (*at == ' ' || *at == '\t'))
@@ -71,22 +64,6 @@ bool TagCursor::ReadCode()
         return false;
     m_code = negative ? -code : code;
     m_value = SkipLineEnd(at, m_end);
-    return true;
-}
-
-bool TagCursor::NextAscii()
-{
-    m_tag = m_at;
-    if (m_at >= m_end)
-        return false;
-    if (!ReadCode())
-        return Damage();
-    if (m_value >= m_end)
-        return Cut();
-    const char* const lineEnd = FindLineEnd(m_value, m_end);
-    m_text = {m_value, static_cast<std::size_t>(lineEnd - m_value)};
-    m_at = SkipLineEnd(lineEnd, m_end);
-    m_line += 2;
     return true;
 }
 
