@@ -29,6 +29,7 @@ std::unique_ptr<Model> ReadModel(FileBytes bytes, const std::string& path)
     model->path = path;
     const std::string_view file = model->source.File();
     model->structure = ScanStructure(file, kind.format, kind.begin, model->findings);
+    model->source.objectList = &model->structure.objects;
     if (!IsUsable(*model))
         ThrowNothingUsable(file, path, model->structure.tags);
     BuildHeader(*model);
@@ -36,6 +37,7 @@ std::unique_ptr<Model> ReadModel(FileBytes bytes, const std::string& path)
     BuildStyles(*model);
     BuildLinetypes(*model);
     BuildLayers(*model);
+    BuildLayerOverrides(*model);
     BuildViews(*model);
     BuildBlocks(*model);
     BuildNotes(*model);

@@ -204,6 +204,7 @@ struct HatchPath {
     std::vector<PolyVertex> polyline; ///< when flag 2 is set
     bool closed = true;
     std::vector<HatchEdge> edges;
+    std::vector<Handle> sources; ///< 330: the objects that an associative boundary was made of
 };
 struct HatchLine {
     double angle = 0;
@@ -222,6 +223,7 @@ struct HatchData : Entity {
     bool gradient = false;
     std::string gradientName;
     double gradientAngle = 0, gradientShift = 0; ///< radians; 0 to 1
+    double gradientTint = 0.5;                   ///< of the second colour when there is one alone
     std::vector<std::uint32_t> gradientColors;   ///< 0xRRGGBB
 };
 struct ViewportData : Entity {
@@ -273,6 +275,10 @@ struct TaggedPoint {
 void ReadPoints(const Drawing&, const EntityRecord&, std::vector<TaggedPoint>& points);
 /// Width and height of an ACAD_TABLE: the sums of its columns (group 142) and rows (141).
 Vec2 ReadTableSize(const Drawing&, const EntityRecord&);
+
+/// The boundary that clips an insert's block (its extension dictionary's spatial filter), in the block's coordinates;
+/// false, and `boundary` not to be used, when nothing is clipped.
+bool ReadInsertClip(const Drawing&, const EntityRecord&, std::vector<Vec3>& boundary);
 
 /// One hyperlink of an entity: extended data of application "PE_URL", of the entity itself or of its text's fields.
 struct Hyperlink {

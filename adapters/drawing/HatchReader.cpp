@@ -78,6 +78,7 @@ void HatchReader::StartPath(std::int32_t flags)
     path.flags = flags;
     path.closed = true;
     path.polyline.clear();
+    path.sources.clear();
     m_edges = 0;
 }
 
@@ -96,7 +97,9 @@ void HatchReader::TakePath(const EntityTags& tags)
     if (m_paths == 0)
         return;
     HatchPath& path = m_data.paths[m_paths - 1];
-    if ((path.flags & 2) != 0)
+    if (tags.Code() == 330)
+        path.sources.push_back(tags.HandleValue());
+    else if ((path.flags & 2) != 0)
         TakePolyline(tags, path);
     else
         TakeEdge(tags, path);
@@ -192,6 +195,9 @@ bool HatchReader::TakeGradient(const EntityTags& tags)
         break;
     case 461:
         m_data.gradientShift = tags.Real();
+        break;
+    case 462:
+        m_data.gradientTint = tags.Real();
         break;
     case 470:
         tags.Source().text->Decode(tags.Name(), m_data.gradientName);

@@ -67,6 +67,7 @@ void BuildDictionaries(Model& model);
 void BuildStyles(Model& model);
 void BuildLinetypes(Model& model);
 void BuildLayers(Model& model);
+void BuildLayerOverrides(Model& model);
 void BuildViews(Model& model);
 void BuildBlocks(Model& model);
 void BuildNotes(Model& model);

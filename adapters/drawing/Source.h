@@ -6,7 +6,9 @@
 #include "drawing/NameTable.h"
 #include "drawing/Structure.h"
 
+#include <mutex>
 #include <unordered_map>
+#include <vector>
 
 namespace sm::drawing {
 
@@ -29,6 +31,14 @@ public:
     std::vector<Slice> multilineStyles;
     /// The FIELD objects, and the dictionaries that lead to them: empty in a drawing without fields.
     std::unordered_map<Handle, Slice> fields, dictionaries;
+
+    /// The objects of the kinds that are read; set once, before entities are read.
+    const std::vector<NamedSlice>* objectList = nullptr;
+    /// An object by its handle; null when it is of a kind that isn't read. May be asked by several threads.
+    [[nodiscard]] const NamedSlice* FindObject(Handle handle) const;
+    [[nodiscard]] bool HasSpatialFilters() const;
+    /// What the file's data section (ACDSDATA, from R2013) holds for an entity.
+    [[nodiscard]] const std::vector<NamedSlice>& DataRecordsOf(Handle entity) const;
 
     [[nodiscard]] std::string_view File() const { return bytes.View(); }
     /// 0, "ByLayer" or "Standard" for names that aren't there.
@@ -57,6 +67,12 @@ public:
     {
         return blocks.Find(raw, *text).value_or(kNoBlock);
     }
+
+private:
+    void IndexObjects() const;
+    mutable std::once_flag m_objectsOnce;
+    mutable std::unordered_map<Handle, std::vector<NamedSlice>> m_objects, m_dataRecords;
+    mutable bool m_hasFilters = false;
 };
 
 } // namespace sm::drawing

@@ -14,7 +14,7 @@ constexpr std::array<std::string_view, 14> kTableEntries{"LAYER", "LTYPE",      
                                                          "APPID", "BLOCK_RECORD", "DIMSTYLE",    "UCS",      "VX",
                                                          "TABLE", "ENDTAB",       "VPORTHEADER", "VIEWPORTS"};
 
-constexpr std::array<std::string_view, 17> kReadObjects{"DICTIONARY",
+constexpr std::array<std::string_view, 21> kReadObjects{"DICTIONARY",
                                                         "ACDBDICTIONARYWDFLT",
                                                         "LAYOUT",
                                                         "PLOTSETTINGS",
@@ -30,7 +30,17 @@ constexpr std::array<std::string_view, 17> kReadObjects{"DICTIONARY",
                                                         "FIELD",
                                                         "ACDBPLACEHOLDER",
                                                         "DWFUNDERLAYDEFINITION",
-                                                        "DGNUNDERLAYDEFINITION"};
+                                                        "DGNUNDERLAYDEFINITION",
+                                                        "XRECORD",
+                                                        "SPATIAL_FILTER",
+                                                        "SCALE",
+                                                        "ACDSRECORD"};
+
+/// How an annotative entity looks at one of its scales: one kind of object for each kind of entity.
+bool IsContextData(std::string_view name)
+{
+    return name.ends_with("OBJECTCONTEXTDATA_CLASS");
+}
 
 template <class List> bool Contains(const List& list, std::string_view name)
 {
@@ -115,6 +125,8 @@ void StructureScan::NameSection(std::string_view name)
         m_section = Section::Entities;
     else if (name == "OBJECTS")
         m_section = Section::Objects;
+    else if (name == "ACDSDATA")
+        m_section = Section::Data;
     else
         m_section = Section::Other;
     m_found.hasObjects = m_found.hasObjects || m_section == Section::Objects;
@@ -145,7 +157,7 @@ void StructureScan::OnName(std::string_view name)
         OnBlockName(name);
     } else if (m_section == Section::Tables) {
         OnTableName(name);
-    } else if (m_section == Section::Objects) {
+    } else if (m_section == Section::Objects || m_section == Section::Data) {
         OnObjectName(name);
     } else if (OnStrayName(name)) {
         m_findings.Add(Damage::RecordOutsideSection, m_tags.Line());
@@ -177,7 +189,7 @@ void StructureScan::OnTableName(std::string_view name)
 
 void StructureScan::OnObjectName(std::string_view name)
 {
-    if (Contains(kReadObjects, name))
+    if (Contains(kReadObjects, name) || IsContextData(name))
         OpenSlice(m_found.objects, Open::Object, name);
 }
 

@@ -14,7 +14,7 @@ public:
     Structure Run();
 
 private:
-    enum class Section : std::uint8_t { None, Header, Classes, Tables, Blocks, Entities, Objects, Other };
+    enum class Section : std::uint8_t { None, Header, Classes, Tables, Blocks, Entities, Objects, Data, Other };
     enum class Open : std::uint8_t { Nothing, Variable, TableEntry, Object, BlockHeader, Entity };
     enum class Sequence : std::uint8_t { None, Polyline, Insert, Ended };
 

@@ -20,6 +20,16 @@ inline constexpr std::int16_t kLineweightByLayer = -1;
 inline constexpr std::int16_t kLineweightByBlock = -2;
 inline constexpr std::int16_t kLineweightDefault = -3;
 
+/// What a layer looks like in one viewport, where that differs.
+struct LayerOverride {
+    Handle viewport = 0;
+    std::optional<std::int16_t> color;      ///< 1 to 255
+    std::optional<std::uint32_t> trueColor; ///< 0xRRGGBB
+    std::optional<std::uint32_t> linetype;  ///< index into the linetypes
+    std::optional<std::int16_t> lineweight;
+    std::optional<std::uint8_t> transparency; ///< 0 clear to 255 opaque
+};
+
 struct Layer {
     std::string name;
     Handle handle = 0;
@@ -31,6 +41,7 @@ struct Layer {
     bool frozen = false;
     bool plotted = true;
     std::string plotStyle; ///< named plot style; empty in drawings with colour-dependent styles
+    std::vector<LayerOverride> overrides;
 };
 
 /// One dash (length > 0), gap (< 0) or dot (0) of a linetype; with text or shape when `kind` says so.

@@ -1,3 +1,4 @@
+#include "render/ClipBox.h"
 #include "render/Cubic.h"
 #include "render/FrontEnd.h"
 #include "render/Painter.h"
@@ -10,14 +11,28 @@ namespace {
 class BoundsCanvas final : public ICanvas {
 public:
     [[nodiscard]] const Box2& Box() const { return m_box; }
-    void PushClip(const Path&, FillRule) override {}
-    void PopClip() override {}
+    void PushClip(const Path& path, FillRule) override
+    {
+        const Box2 hull = HullOf(path);
+        m_clips.push_back(m_clips.empty() ? hull : Intersection(m_clips.back(), hull));
+    }
+    void PopClip() override { m_clips.pop_back(); }
     void Stroke(const Path& path, const StrokeStyle&) override { Add(path); }
     void Fill(const Path& path, std::uint32_t, FillRule) override { Add(path); }
     void Text(const TextRun&) override {}
 
 private:
     void Add(const Path& path)
+    {
+        if (m_clips.empty()) {
+            AddTo(m_box, path);
+            return;
+        }
+        Box2 box;
+        AddTo(box, path);
+        m_box.Add(box.Empty() ? box : Intersection(box, m_clips.back()));
+    }
+    static void AddTo(Box2& box, const Path& path)
     {
         Vec2 at;
         const Vec2* point = path.points.data();
@@ -26,10 +41,10 @@ private:
             case Verb::Move:
             case Verb::Line:
                 at = *point++;
-                m_box.Add(at);
+                box.Add(at);
                 break;
             case Verb::Cubic:
-                Cubic{{at, point[0], point[1], point[2]}}.AddTo(m_box);
+                Cubic{{at, point[0], point[1], point[2]}}.AddTo(box);
                 at = point[2];
                 point += 3;
                 break;
@@ -39,6 +54,7 @@ private:
         }
     }
     Box2 m_box;
+    std::vector<Box2> m_clips;
 };
 
 PaintOptions BoxOptions()

@@ -9,6 +9,7 @@ namespace {
 
 constexpr double kDotLength = 0.02; // mm; a stroke without length shows nowhere with a butt end
 constexpr double kTiny = 1e-9;
+constexpr std::size_t kMostSymbols = 50'000;  // on one path
 constexpr std::size_t kMostVerbs = 4'000'000; // a path with more dashes than that is drawn through from there on
 
 } // namespace
@@ -22,6 +23,7 @@ void Dasher::Cut(const Path& path, std::span<const std::uint32_t> breaks, const 
     m_out = &out;
     m_run.clear();
     m_runLength = 0;
+    m_symbols.clear();
     Vec2 start, at;
     const Vec2* point = path.points.data();
     std::size_t nextBreak = 0;
@@ -72,6 +74,9 @@ void Dasher::FlushRun()
     double begin = 0;
     for (const Piece& piece : m_run) {
         CutPiece(piece, begin);
+        if (!m_pattern->symbols.empty() && m_periods >= 1) {
+            PlaceSymbols(piece, begin);
+        }
         begin += piece.length;
     }
     m_run.clear();
@@ -179,6 +184,50 @@ void Dasher::CutCurve(const Cubic& curve, double length, double begin, int depth
         Start(dash.p[0]);
         m_out->CubicTo(dash.p[1], dash.p[2], dash.p[3]);
     });
+}
+
+void Dasher::PlaceSymbols(const Piece& piece, double begin)
+{
+    const double period = m_pattern->period * m_scale;
+    const double end = begin + piece.length;
+    const bool last = end >= m_runLength - kTiny;
+    double from = std::floor((begin - m_shift) / period) - 1;
+    double to = std::min(m_periods, std::floor((end - m_shift) / period));
+    double t0 = 0;
+    double t1 = 1;
+    if (piece.straight) { // of a long line, only what shows
+        const Box2 shown = Grown(m_visible, m_pattern->reach * m_scale);
+        if (!ClipLine(shown, piece.curve.p[0], piece.curve.p[3], t0, t1)) {
+            return;
+        }
+        from = std::max(from, std::floor((begin + t0 * piece.length - m_shift) / period) - 1);
+        to = std::min(to, std::floor((begin + t1 * piece.length - m_shift) / period));
+    }
+    for (double k = std::max(0.0, from); k <= to && m_symbols.size() < kMostSymbols; ++k) {
+        for (const DashPattern::Symbol& symbol : m_pattern->symbols) {
+            const double at = m_shift + k * period + symbol.at * m_scale;
+            if (at >= begin && (at < end || (last && at <= m_runLength + kTiny))) {
+                PlaceSymbol(piece, std::min(at - begin, piece.length), symbol.element);
+            }
+        }
+    }
+}
+
+void Dasher::PlaceSymbol(const Piece& piece, double along, std::uint32_t element)
+{
+    const auto& p = piece.curve.p;
+    Vec2 at = p[0] + (p[3] - p[0]) * (along / piece.length);
+    Vec2 direction = p[3] - p[0];
+    if (!piece.straight) {
+        const double t = CubicLength(piece.curve).ParameterAt(along);
+        at = piece.curve.At(t);
+        direction = piece.curve.Derivative(t);
+    }
+    const double length = Length(direction);
+    const double reach = m_pattern->reach * m_scale;
+    if (length > 0 && Overlaps(Grown(m_visible, reach), {at, at})) {
+        m_symbols.push_back({element, at, direction * (1 / length)});
+    }
 }
 
 } // namespace sm::render

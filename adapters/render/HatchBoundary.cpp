@@ -85,33 +85,7 @@ void AppendEdges(Path& path, const std::vector<drawing::HatchEdge>& edges, const
             pieces.push_back(std::move(piece));
         }
     }
-    const auto first = [](const Path& p) { return p.points.front(); };
-    const auto last = [](const Path& p) { return p.points.back(); };
-    for (std::size_t i = 0; i < pieces.size(); ++i) {
-        if (i == 0 && pieces.size() > 1) {
-            const auto gap = [&](Vec2 p) {
-                return std::min(Length(p - first(pieces[1])), Length(p - last(pieces[1])));
-            };
-            if (gap(first(pieces[0])) < gap(last(pieces[0]))) {
-                pieces[0] = Reversed(pieces[0]);
-            }
-        } else if (i > 0) {
-            const Vec2 at = path.points.back();
-            if (Length(last(pieces[i]) - at) < Length(first(pieces[i]) - at)) {
-                pieces[i] = Reversed(pieces[i]);
-            }
-        }
-        constexpr double kJoined = 1e-6;
-        const bool joined = i > 0 && Length(first(pieces[i]) - path.points.back()) < kJoined;
-        path.verbs.insert(path.verbs.end(), pieces[i].verbs.begin() + (joined ? 1 : 0), pieces[i].verbs.end());
-        path.points.insert(path.points.end(), pieces[i].points.begin() + (joined ? 1 : 0), pieces[i].points.end());
-        if (!joined && i > 0) { // a gap between edges is bridged
-            path.verbs[path.verbs.size() - pieces[i].verbs.size()] = Verb::Line;
-        }
-    }
-    if (!pieces.empty()) {
-        path.Close();
-    }
+    AppendJoined(path, std::move(pieces));
 }
 
 void AppendPolyline(Path& path, const std::vector<drawing::PolyVertex>& vertices, const Matrix2& plane)
@@ -142,7 +116,50 @@ bool Inside(Vec2 p, const std::vector<Vec2>& polygon)
     return inside;
 }
 
+// A piece that is closed already, as it is; true when it was one.
+bool AppendWhole(Path& path, const Path& piece)
+{
+    const bool closed = !piece.verbs.empty() && piece.verbs.back() == Verb::Close;
+    if (closed) {
+        path.verbs.insert(path.verbs.end(), piece.verbs.begin(), piece.verbs.end());
+        path.points.insert(path.points.end(), piece.points.begin(), piece.points.end());
+    }
+    return closed || piece.verbs.size() < 2;
+}
+
 } // namespace
+
+void AppendJoined(Path& path, std::vector<Path> pieces)
+{
+    std::erase_if(pieces, [&](const Path& piece) { return AppendWhole(path, piece); });
+    const auto first = [](const Path& p) { return p.points.front(); };
+    const auto last = [](const Path& p) { return p.points.back(); };
+    for (std::size_t i = 0; i < pieces.size(); ++i) {
+        if (i == 0 && pieces.size() > 1) {
+            const auto gap = [&](Vec2 p) {
+                return std::min(Length(p - first(pieces[1])), Length(p - last(pieces[1])));
+            };
+            if (gap(first(pieces[0])) < gap(last(pieces[0]))) {
+                pieces[0] = Reversed(pieces[0]);
+            }
+        } else if (i > 0) {
+            const Vec2 at = path.points.back();
+            if (Length(last(pieces[i]) - at) < Length(first(pieces[i]) - at)) {
+                pieces[i] = Reversed(pieces[i]);
+            }
+        }
+        constexpr double kJoined = 1e-6;
+        const bool joined = i > 0 && Length(first(pieces[i]) - path.points.back()) < kJoined;
+        path.verbs.insert(path.verbs.end(), pieces[i].verbs.begin() + (joined ? 1 : 0), pieces[i].verbs.end());
+        path.points.insert(path.points.end(), pieces[i].points.begin() + (joined ? 1 : 0), pieces[i].points.end());
+        if (!joined && i > 0) { // a gap between edges is bridged
+            path.verbs[path.verbs.size() - pieces[i].verbs.size()] = Verb::Line;
+        }
+    }
+    if (!pieces.empty()) {
+        path.Close();
+    }
+}
 
 void AppendHatchPath(Path& path, const drawing::HatchPath& boundary, const Matrix2& plane)
 {

@@ -12,6 +12,13 @@ namespace sm::render {
 /// file's order and turned round where they run against it. Nothing is appended for a path without an edge.
 void AppendHatchPath(Path& path, const drawing::HatchPath& boundary, const Matrix2& plane);
 
+/// Appends lines and curves that follow each other as one closed sub-path, each turned round where it runs against the
+/// others, gaps bridged; pieces that are closed already stand for themselves. Each piece is one sub-path.
+void AppendJoined(Path& path, std::vector<Path> pieces);
+
+/// Each sub-path for itself.
+std::vector<Path> PiecesOf(const Path& path);
+
 /// The corners of each sub-path; curves as chords that stray less than 0.02 mm.
 std::vector<std::vector<Vec2>> PolygonsOf(const Path& path);
 

@@ -27,7 +27,7 @@ bool ReachesFar(const Box2& hull)
 
 bool IsDashed(const Pen& pen)
 {
-    if (pen.pattern == nullptr || pen.pattern->marks.empty()) {
+    if (pen.pattern == nullptr || pen.pattern->Continuous()) {
         return false;
     }
     const double period = pen.pattern->period * pen.dashScale;
@@ -70,6 +70,7 @@ bool Ink::Shows(const Path& path, double margin)
 
 void Ink::Stroke(const Path& path, const Pen& pen, std::span<const std::uint32_t> breaks)
 {
+    m_dasher.ForgetSymbols();
     if (!Shows(path, pen.width)) {
         return;
     }

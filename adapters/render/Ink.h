@@ -30,11 +30,15 @@ public:
 
     /// `breaks`: verbs where the line type starts anew, see Dasher.
     void Stroke(const Path& path, const Pen& pen, std::span<const std::uint32_t> breaks = {});
+    /// Where the line type's texts and shapes stand on the path stroked last.
+    [[nodiscard]] const std::vector<SymbolPlace>& Symbols() const { return m_dasher.Symbols(); }
     void Fill(const Path& path, std::uint32_t color, FillRule rule);
     /// `outline`: a path round the text, for culling alone.
     void Text(const TextRun& run, const Path& outline);
 
     [[nodiscard]] const Box2& Clip() const { return m_clip; }
+    /// True when something was drawn since `Begin`.
+    [[nodiscard]] bool Drawn() const { return m_announced; }
     [[nodiscard]] bool Bounded() const { return m_bounded; }
 
     /// Narrows the clip for its lifetime, whatever happens meanwhile.

@@ -5,34 +5,35 @@
 
 namespace sm::render {
 
-namespace {
-
-std::uint32_t Average(const std::vector<std::uint32_t>& colors)
+// A boundary that the file gives by its source objects alone (DXF reference, HATCH groups 97 and 330).
+void Painter::AppendSources(const drawing::HatchData& hatch)
 {
-    std::uint32_t result = 0;
-    for (const int shift : {16, 8, 0}) {
-        std::uint64_t sum = 0;
-        for (const std::uint32_t color : colors) {
-            sum += color >> shift & 0xFF;
+    for (const drawing::HatchPath& path : hatch.paths) {
+        std::vector<Path> pieces;
+        for (const drawing::Handle source : path.sources) {
+            const drawing::EntityRecord* const record = m_drawing.FindEntity(source);
+            Path piece;
+            if (record != nullptr && CatchPath(*record, *m_frame, piece) && !piece.Empty()) {
+                pieces.push_back(std::move(piece));
+            }
         }
-        result |= static_cast<std::uint32_t>(sum / colors.size()) << shift;
+        AppendJoined(m_path, std::move(pieces));
     }
-    return result;
 }
-
-} // namespace
 
 bool Painter::Draw(const drawing::HatchData& hatch, drawing::EntityKind)
 {
     const Matrix2 plane = PlaneOf(m_frame->toPaper, hatch.extrusion, hatch.elevation);
     m_path = FilledBoundary(hatch, plane);
     if (m_path.Empty()) {
+        AppendSources(hatch);
+    }
+    if (m_path.Empty()) {
         Remark("a hatch without a boundary left out");
         return false;
     }
     if (hatch.gradient && !hatch.gradientColors.empty()) {
-        Remark("a gradient filled with its middle colour");
-        m_ink.Fill(m_path, Average(hatch.gradientColors), FillRule::EvenOdd);
+        DrawGradient(hatch, plane);
         return true;
     }
     if (hatch.solid || hatch.gradient || m_options.boxesOnly) {
@@ -54,10 +55,17 @@ void Painter::DrawPatternHatch(const drawing::HatchData& hatch, const Matrix2& p
     if (!Overlaps(hull, visible) || !std::isfinite(hull.Width() + hull.Height())) {
         return;
     }
+    std::vector<drawing::HatchLine> families = hatch.lines;
+    if (hatch.patternDouble && families.size() == 1) {
+        drawing::HatchLine across = families.front();
+        across.angle += 90;
+        across.offset = {-across.offset.y, across.offset.x};
+        families.push_back(across);
+    }
     HatchLines lines(m_path, visible);
     m_path.Clear();
     bool thinned = false;
-    for (const drawing::HatchLine& family : hatch.lines) {
+    for (const drawing::HatchLine& family : families) {
         thinned = lines.Append(family, plane, m_path) || thinned;
     }
     if (thinned) {
@@ -66,6 +74,8 @@ void Painter::DrawPatternHatch(const drawing::HatchData& hatch, const Matrix2& p
     Pen pen = StrokePen();
     pen.pattern = nullptr;
     pen.cap = LineCap::Butt;
+    constexpr double kHairline = 0.05; // mm; lines as close as paper can hold them stay grey
+    pen.width = thinned ? std::min(pen.width, kHairline) : pen.width;
     m_ink.Stroke(m_path, pen);
 }
 

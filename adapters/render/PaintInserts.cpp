@@ -1,3 +1,4 @@
+#include "render/ClipBox.h"
 #include "render/Painter.h"
 #include "render/PainterBuffers.h"
 
@@ -49,13 +50,16 @@ Outcome Painter::PaintInsert(const drawing::EntityRecord& record, const Frame& f
         return Outcome::Hidden;
     }
     const Style style = Resolve(insert, layer, frame.inherited);
-    const Outcome copies = PaintCopies(insert, frame, style);
+    std::vector<Vec3> clip;
+    const bool clipped = ReadInsertClip(m_drawing, record, clip);
+    const Outcome copies = PaintCopies(insert, clipped ? clip : std::vector<Vec3>{}, frame, style);
     const Outcome attributes = PaintAttributes(insert, frame, style);
     const Outcome best = std::max(copies, attributes);
     return best == Outcome::NotReached ? Outcome::OffPage : best;
 }
 
-Outcome Painter::PaintCopies(const drawing::InsertData& insert, const Frame& frame, const Style& style)
+Outcome Painter::PaintCopies(const drawing::InsertData& insert, const std::vector<Vec3>& clip, const Frame& frame,
+                             const Style& style)
 {
     if (!CanEnter(insert.block)) {
         return Outcome::NotDrawn;
@@ -69,13 +73,34 @@ Outcome Painter::PaintCopies(const drawing::InsertData& insert, const Frame& fra
     for (std::int32_t row = 0; row < insert.rows; ++row) {
         for (std::int32_t column = 0; column < insert.columns; ++column) {
             inner.toPaper = Compose(frame.toPaper, Placing(insert, base, row, column));
-            best = std::max(best, PaintBlock(insert.block, inner));
+            best = std::max(best, clip.empty() ? PaintBlock(insert.block, inner)
+                                               : PaintClippedBlock(insert.block, clip, inner));
             if (m_budget == 0) {
                 return best;
             }
         }
     }
     return best;
+}
+
+// What of a block lies within a boundary of its own coordinates.
+Outcome Painter::PaintClippedBlock(std::uint32_t block, const std::vector<Vec3>& clip, const Frame& frame)
+{
+    Path path;
+    for (const Vec3 corner : clip) {
+        const Vec2 at = frame.toPaper.Apply(corner);
+        path.Empty() ? path.MoveTo(at) : path.LineTo(at);
+    }
+    path.Close();
+    const Box2 hull = HullOf(path);
+    if (!std::isfinite(hull.Width() + hull.Height())) {
+        return PaintBlock(block, frame);
+    }
+    if (m_ink.Bounded() && !Overlaps(hull, m_ink.Clip())) {
+        return Outcome::OffPage;
+    }
+    const Ink::ClipGuard guard(m_ink, path, FillRule::EvenOdd);
+    return PaintBlock(block, frame);
 }
 
 Outcome Painter::PaintAttributes(const drawing::InsertData& insert, const Frame& frame, const Style& style)

@@ -169,7 +169,7 @@ void Painter::DrawSpacePolyline(const drawing::PolylineData& polyline)
 void Painter::DrawPlainPolyline(const drawing::PolylineData& polyline, const Matrix2& plane)
 {
     Pen pen = StrokePen();
-    const bool broken = !polyline.plinegen && pen.pattern != nullptr && !pen.pattern->marks.empty();
+    const bool broken = !polyline.plinegen && pen.pattern != nullptr && !pen.pattern->Continuous();
     SegmentPath line(m_path, plane, broken ? &m_buffers->breaks : nullptr);
     for (const drawing::PolyVertex& vertex : polyline.vertices) {
         if (IsDrawnVertex(polyline, vertex)) {
@@ -184,7 +184,7 @@ void Painter::DrawPlainPolyline(const drawing::PolylineData& polyline, const Mat
         pen.width = WidthsOf(polyline.vertices.front()).start * ScaleOf(plane);
         pen.cap = LineCap::Butt;
         pen.join = LineJoin::Miter;
-        m_ink.Stroke(m_path, pen, breaks);
+        StrokePath(m_path, pen, breaks);
     } else {
         StrokePath(breaks);
     }
@@ -211,7 +211,7 @@ void Painter::DrawWidePolyline(const drawing::PolylineData& polyline, const Matr
         }
     }
     m_ink.Fill(m_path, m_style.color, FillRule::NonZero);
-    m_ink.Stroke(thin, StrokePen());
+    StrokePath(thin, StrokePen());
 }
 
 } // namespace sm::render

@@ -122,7 +122,11 @@ void Painter::DrawTextPath(const Path& path, const Matrix2& plane, std::uint32_t
 
 void Painter::DrawText(const LaidText& text)
 {
-    const Matrix2 plane = PlaneOf(m_frame->toPaper, text.extrusion, text.elevation);
+    DrawText(text, PlaneOf(m_frame->toPaper, text.extrusion, text.elevation));
+}
+
+void Painter::DrawText(const LaidText& text, const Matrix2& plane)
+{
     m_outline.Clear();
     AppendOutline(m_outline, text.outline, plane);
     if (m_options.boxesOnly) {

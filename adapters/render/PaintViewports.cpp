@@ -1,4 +1,5 @@
 #include "render/ClipBox.h"
+#include "render/HatchBoundary.h"
 #include "render/Painter.h"
 #include "render/PainterBuffers.h"
 
@@ -109,8 +110,15 @@ bool Painter::MakeClipPath(const drawing::ViewportData& viewport, const Frame& f
 {
     m_path.Clear();
     const drawing::EntityRecord* clip = viewport.clipEntity != 0 ? m_drawing.FindEntity(viewport.clipEntity) : nullptr;
-    if (clip != nullptr && AppendBoundary(*clip, frame, m_path)) {
-        return true;
+    if (clip != nullptr) {
+        Path boundary;
+        if (CatchPath(*clip, frame, boundary)) {
+            AppendJoined(m_path, PiecesOf(boundary));
+        }
+        if (m_path.verbs.size() > 2) {
+            return true;
+        }
+        Remark("a viewport clipped by an unknown shape shows its rectangle");
     }
     m_path.Clear();
     const Matrix2 plane = PlaneOf(frame.toPaper, {0, 0, 1}, 0);
@@ -119,57 +127,6 @@ bool Painter::MakeClipPath(const drawing::ViewportData& viewport, const Frame& f
         point = plane.Apply(point);
     }
     return viewport.width > 0 && viewport.height > 0;
-}
-
-namespace {
-
-/// Takes the first path that is drawn.
-class PathCatcher final : public ICanvas {
-public:
-    explicit PathCatcher(Path& path) : m_path(path) {}
-    void PushClip(const Path&, FillRule) override {}
-    void PopClip() override {}
-    void Stroke(const Path& path, const StrokeStyle&) override { Take(path); }
-    void Fill(const Path& path, std::uint32_t, FillRule) override { Take(path); }
-    void Text(const TextRun&) override {}
-
-private:
-    void Take(const Path& path)
-    {
-        if (m_path.Empty()) {
-            m_path = path;
-        }
-    }
-    Path& m_path;
-};
-
-} // namespace
-
-// The shape of a clip entity, wherever it is visible or not.
-bool Painter::AppendBoundary(const drawing::EntityRecord& record, const Frame& frame, Path& path)
-{
-    using drawing::EntityKind;
-    switch (record.kind) {
-    case EntityKind::Circle:
-    case EntityKind::Ellipse:
-    case EntityKind::LwPolyline:
-    case EntityKind::Polyline:
-    case EntityKind::Spline:
-        break;
-    default:
-        Remark("a viewport clipped by an unknown shape shows its rectangle");
-        return false;
-    }
-    PathCatcher catcher(path);
-    PaintOptions options = m_options;
-    options.boxesOnly = true;
-    options.lineweights = false;
-    Painter painter(m_drawing, catcher, m_text, nullptr, Box2{}, options, false);
-    painter.PaintEntity(record, frame);
-    if (!path.Empty() && path.verbs.back() != Verb::Close) {
-        path.Close();
-    }
-    return path.verbs.size() > 2;
 }
 
 Outcome Painter::PaintViewportContent(const drawing::ViewportData& viewport, const Frame& frame)
@@ -198,7 +155,7 @@ Outcome Painter::PaintViewportContent(const drawing::ViewportData& viewport, con
     inner.inherited = Inherited{};
     inner.dashScale =
         m_options.scaleLinetypesWithPaper ? frame.dashScale : frame.dashScale * ScaleOf(ViewToPaper(viewport));
-    const LayerStates layers(m_drawing, viewport.frozenLayers, m_hideLayers);
+    const LayerStates layers(m_drawing, viewport.frozenLayers, m_hideLayers, viewport.handle);
     m_layers = &layers;
     Outcome best = Outcome::NotReached;
     {

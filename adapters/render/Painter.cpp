@@ -10,6 +10,24 @@ namespace {
 constexpr std::uint64_t kLargestExpansion = 2'000'000;
 constexpr std::uint64_t kExpansionPerEntity = 8;
 
+// Kinds that a thickness makes upright walls of.
+bool HasSides(drawing::EntityKind kind)
+{
+    using drawing::EntityKind;
+    switch (kind) {
+    case EntityKind::Line:
+    case EntityKind::Circle:
+    case EntityKind::Arc:
+    case EntityKind::LwPolyline:
+    case EntityKind::Polyline:
+    case EntityKind::Solid:
+    case EntityKind::Trace:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 Painter::Painter(const drawing::Drawing& drawing, ICanvas& canvas, TextEngine& text, RenderReport* report,
@@ -19,7 +37,7 @@ Painter::Painter(const drawing::Drawing& drawing, ICanvas& canvas, TextEngine& t
       m_budget(kLargestExpansion + kExpansionPerEntity * drawing.EntityCount()), m_buffers(std::make_unique<Buffers>())
 {
     for (const drawing::Linetype& linetype : drawing.Linetypes()) {
-        m_patterns.push_back(MakeDashPattern(linetype));
+        m_patterns.push_back(MakeDashPattern(linetype, CanDrawSymbols(linetype)));
     }
 }
 
@@ -74,6 +92,9 @@ template <class Data> Outcome Painter::Leaf(Data& data, const drawing::EntityRec
     }
     Enter(data, record, frame);
     const bool possible = Draw(data, record.kind);
+    if (data.thickness != 0 && HasSides(record.kind)) {
+        DrawThickness(data);
+    }
     const bool drawn = m_ink.End();
     return drawn ? Outcome::Drawn : possible ? Outcome::OffPage : Outcome::NotDrawn;
 }
@@ -122,6 +143,15 @@ Outcome Painter::Dispatch(const drawing::EntityRecord& record, const Frame& fram
     case EntityKind::MLine:
     case EntityKind::Table:
         return PaintNote(record, frame);
+    case EntityKind::Shape:
+        return Leaf(buffers.shape, record, frame);
+    case EntityKind::Mesh:
+        return Leaf(buffers.mesh, record, frame);
+    case EntityKind::Region:
+    case EntityKind::Solid3d:
+    case EntityKind::Body:
+    case EntityKind::Surface:
+        return Leaf(buffers.solid, record, frame);
     case EntityKind::Insert:
         return PaintInsert(record, frame);
     case EntityKind::Dimension:
@@ -129,10 +159,8 @@ Outcome Painter::Dispatch(const drawing::EntityRecord& record, const Frame& fram
     case EntityKind::Viewport:
         return PaintViewport(record, frame);
     default:
-        break;
+        return Leaf(buffers.graphics, record, frame);
     }
-    Read(m_drawing, record, buffers.entity);
-    return Hidden(buffers.entity, frame) ? Outcome::Hidden : Outcome::NotDrawn;
 }
 
 Outcome Painter::PaintAttribute(const drawing::EntityRecord& record, const Frame& frame)
@@ -203,11 +231,20 @@ Pen Painter::StrokePen() const
 
 void Painter::StrokePath(std::span<const std::uint32_t> breaks)
 {
-    const Pen pen = StrokePen();
-    if (pen.pattern != nullptr && pen.pattern->hasSymbols) {
-        Remark("letters and shapes of a line type left out");
+    StrokePath(m_path, StrokePen(), breaks);
+}
+
+void Painter::StrokePath(const Path& path, const Pen& pen, std::span<const std::uint32_t> breaks)
+{
+    m_ink.Stroke(path, pen, breaks);
+    if (pen.pattern == nullptr || !pen.pattern->hasSymbols) {
+        return;
     }
-    m_ink.Stroke(m_path, pen, breaks);
+    if (pen.pattern->symbols.empty()) {
+        Remark("letters and shapes of a line type left out");
+    } else if (!m_ink.Symbols().empty()) {
+        DrawSymbols(pen);
+    }
 }
 
 void Painter::Remark(std::string_view text)

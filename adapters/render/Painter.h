@@ -2,12 +2,15 @@
 #pragma once
 
 #include "drawing/Drawing.h"
+#include "drawing/Graphics.h"
+#include "drawing/Solids.h"
 #include "render/Arcs.h"
 #include "render/FrontEnd.h"
 #include "render/Ink.h"
 #include "render/NotePicture.h"
 #include "render/Projection.h"
 #include "render/Style.h"
+#include "render/shapes/ShapeLibrary.h"
 
 #include <memory>
 #include <vector>
@@ -64,6 +67,12 @@ private:
     bool Draw(const drawing::TextData& text, drawing::EntityKind kind);
     bool Draw(const drawing::MTextData& text, drawing::EntityKind kind);
     bool Draw(const drawing::HatchData& hatch, drawing::EntityKind kind);
+    bool Draw(const drawing::ShapeData& shape, drawing::EntityKind kind);
+    bool Draw(const drawing::SolidData& solid, drawing::EntityKind kind);
+    bool Draw(const drawing::MeshData& mesh, drawing::EntityKind kind);
+    void DrawThickness(const drawing::Entity& entity);
+    bool Draw(const drawing::GraphicsData& graphics, drawing::EntityKind kind);
+    friend class GraphicsPainter;
 
     void DrawEndlessLine(const drawing::LineData& line, bool bothWays);
     void DrawSpacePolyline(const drawing::PolylineData& polyline);
@@ -73,14 +82,23 @@ private:
     void DrawPlainPolyline(const drawing::PolylineData& polyline, const Matrix2& plane);
     void DrawWidePolyline(const drawing::PolylineData& polyline, const Matrix2& plane);
     void DrawText(const LaidText& text);
+    void DrawText(const LaidText& text, const Matrix2& plane);
+    void DrawSymbols(const Pen& pen);
+    [[nodiscard]] LaidText LaySymbol(const drawing::LinetypeElement& element);
+    [[nodiscard]] bool CanDrawSymbols(const drawing::Linetype& linetype);
+    [[nodiscard]] ShapeLibrary& Shapes();
     void DrawRun(const TextRun& from, const Matrix2& plane, std::uint32_t color);
     void DrawTextPath(const Path& path, const Matrix2& plane, std::uint32_t color, bool filled);
     [[nodiscard]] std::uint32_t TextPartColor(const std::optional<TextColor>& color) const;
     void DrawMask(const drawing::MTextData& text, const LaidText& laid);
+    void DrawGradient(const drawing::HatchData& hatch, const Matrix2& plane);
+    void AppendSources(const drawing::HatchData& hatch);
     void DrawPatternHatch(const drawing::HatchData& hatch, const Matrix2& plane);
 
     Outcome PaintInsert(const drawing::EntityRecord& record, const Frame& frame);
-    Outcome PaintCopies(const drawing::InsertData& insert, const Frame& frame, const Style& style);
+    Outcome PaintCopies(const drawing::InsertData& insert, const std::vector<Vec3>& clip, const Frame& frame,
+                        const Style& style);
+    Outcome PaintClippedBlock(std::uint32_t block, const std::vector<Vec3>& clip, const Frame& frame);
     Outcome PaintAttributes(const drawing::InsertData& insert, const Frame& frame, const Style& style);
     Outcome PaintDimension(const drawing::EntityRecord& record, const Frame& frame);
     Outcome PaintNote(const drawing::EntityRecord& record, const Frame& frame);
@@ -98,7 +116,7 @@ private:
     Outcome PaintAttdef(const drawing::EntityRecord& record, const Frame& frame);
     Outcome PaintViewportContent(const drawing::ViewportData& viewport, const Frame& frame);
     bool MakeClipPath(const drawing::ViewportData& viewport, const Frame& frame);
-    bool AppendBoundary(const drawing::EntityRecord& record, const Frame& frame, Path& path);
+    bool CatchPath(const drawing::EntityRecord& record, const Frame& frame, Path& path);
     void FindSheetViewport(std::uint32_t block);
     [[nodiscard]] bool CanEnter(std::uint32_t block);
 
@@ -107,6 +125,7 @@ private:
     [[nodiscard]] Pen StrokePen() const;
     [[nodiscard]] double PenWidth(double lineweight) const;
     void StrokePath(std::span<const std::uint32_t> breaks = {});
+    void StrokePath(const Path& path, const Pen& pen, std::span<const std::uint32_t> breaks = {});
     void Remark(std::string_view text);
 
     struct Buffers;

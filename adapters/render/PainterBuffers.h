@@ -5,6 +5,7 @@
 #include "render/Painter.h"
 
 #include <deque>
+#include <optional>
 
 namespace sm::render {
 
@@ -21,9 +22,14 @@ struct Painter::Buffers {
     drawing::TextData text;
     drawing::MTextData mtext;
     drawing::HatchData hatch;
+    drawing::ShapeData shape;
+    drawing::SolidData solid;
+    drawing::MeshData mesh;
+    drawing::GraphicsData graphics;
     std::deque<drawing::InsertData> inserts; ///< one for each open block
     std::vector<std::uint32_t> breaks;
     TextRun run;
+    std::optional<ShapeLibrary> shapes;
 };
 
 /// Block coordinates to those of the insert's owner, for the copy at `row` and `column`.

@@ -1,3 +1,4 @@
+#include "drawing/Annotation.h"
 #include "render/ClipBox.h"
 #include "render/FrontEnd.h"
 #include "render/Painter.h"
@@ -35,7 +36,8 @@ void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderRe
     options.scaleLinetypesWithPaper = LinetypesScaleWithPaper(scene);
     Frame frame;
     frame.toPaper = Flatten(scene.view, scene.toPaper);
-    frame.dashScale = LinetypeScale(scene.drawing) * scene.linetypeUnit * ScaleOf(scene.toPaper);
+    const double annotation = scene.paperSpace ? 1 : drawing::ModelLinetypeUnit(scene.drawing);
+    frame.dashScale = annotation * LinetypeScale(scene.drawing) * scene.linetypeUnit * ScaleOf(scene.toPaper);
     Painter painter(scene.drawing, canvas, text, &report, scene.clip, options);
     if (scene.clip.Empty()) {
         painter.PaintSpace(scene.block, frame);

@@ -37,6 +37,23 @@ Style StyleOf(const drawing::Layer& layer)
     return style;
 }
 
+/// The layer as a viewport shows it.
+drawing::Layer Overridden(drawing::Layer layer, drawing::Handle viewport)
+{
+    for (const drawing::LayerOverride& own : layer.overrides) {
+        if (own.viewport != viewport) {
+            continue;
+        }
+        if (own.color || own.trueColor) {
+            layer.trueColor = own.trueColor;
+            layer.color = own.color.value_or(layer.color);
+        }
+        layer.linetype = own.linetype.value_or(layer.linetype);
+        layer.lineweight = own.lineweight.value_or(layer.lineweight);
+    }
+    return layer;
+}
+
 } // namespace
 
 double LineweightMillimetres(std::int16_t lineweight)
@@ -44,11 +61,12 @@ double LineweightMillimetres(std::int16_t lineweight)
     return lineweight < 0 ? kDefaultLineweight : lineweight / 100.0;
 }
 
-LayerStates::LayerStates(const drawing::Drawing& drawing, std::span<const std::uint32_t> frozen, bool hideLayers)
+LayerStates::LayerStates(const drawing::Drawing& drawing, std::span<const std::uint32_t> frozen, bool hideLayers,
+                         drawing::Handle viewport)
 {
     for (const drawing::Layer& layer : drawing.Layers()) {
         LayerState state;
-        state.style = StyleOf(layer);
+        state.style = StyleOf(viewport == 0 || layer.overrides.empty() ? layer : Overridden(layer, viewport));
         state.frozen = layer.frozen && hideLayers;
         state.shown = !hideLayers || (!layer.off && !layer.frozen && layer.plotted && !NeverPlots(layer.name));
         m_states.push_back(state);

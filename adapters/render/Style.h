@@ -39,7 +39,9 @@ struct Inherited {
 class LayerStates {
 public:
     /// `frozen`: layers frozen in this view alone. `hidden` false: every layer shows.
-    LayerStates(const drawing::Drawing& drawing, std::span<const std::uint32_t> frozen, bool hideLayers = true);
+    /// `viewport`: its handle, for what layers look like in it alone; 0: none.
+    LayerStates(const drawing::Drawing& drawing, std::span<const std::uint32_t> frozen, bool hideLayers = true,
+                drawing::Handle viewport = 0);
     [[nodiscard]] const LayerState& Of(std::uint32_t layer) const
     {
         return m_states[layer < m_states.size() ? layer : 0];

@@ -107,6 +107,52 @@ const ReportRow kReportRows[] = {
 INSTANTIATE_TEST_SUITE_P(Entities, HatchReportsTest, testing::ValuesIn(kReportRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
+/// 40 x 10, two colours so close that there are four bands.
+std::string Gradient(const std::string& name, const std::string& more = "460 0 | 461 0")
+{
+    return Hatch(1,
+                 "92 3 | 72 0 | 73 1 | 93 4 | 10 10 | 20 10 | 10 50 | 20 10 | 10 50 | 20 20 | 10 10 | 20 20 | 97 0 |",
+                 "75 0 | 76 1 | 98 0 | 450 1 | 451 0 | 452 0 | 462 1 |" + more +
+                     "| 453 2 | 463 0 | 63 5 | 421 0 | 463 1 | 63 2 | 421 197379 | 470 " + name);
+}
+
+const Row kGradientRows[] = {
+    {"Linear",
+     Gradient("LINEAR"),
+     {"fill 000000 evenodd box 10 10 50 20", "clip evenodd box 10 10 50 20", "fill 010101 nonzero box 20 10 50 20",
+      "fill 020202 nonzero box 30 10 50 20", "fill 030303 nonzero box 40 10 50 20", "pop"}},
+    {"LinearUpwards",
+     Gradient("LINEAR", "460 1.5707963267948966 | 461 0"),
+     {"fill 000000 evenodd box 10 10 50 20", "clip evenodd box 10 10 50 20",
+      "fill 010101 nonzero m 50 12.5 l 50 20 l 10 20 l 10 12.5 h",
+      "fill 020202 nonzero m 50 15 l 50 20 l 10 20 l 10 15 h",
+      "fill 030303 nonzero m 50 17.5 l 50 20 l 10 20 l 10 17.5 h", "pop"}},
+    {"Cylinder",
+     Gradient("CYLINDER"),
+     {"fill 000000 evenodd box 10 10 50 20", "clip evenodd box 10 10 50 20",
+      "fill 010101 nonzero m 15 10 l 45 10 l 45 20 l 15 20 h", "fill 020202 nonzero box 20 10 40 20",
+      "fill 030303 nonzero box 25 10 35 20", "pop"}},
+    {"InverseCylinder",
+     Gradient("INVCYLINDER"),
+     {"fill 030303 evenodd box 10 10 50 20", "clip evenodd box 10 10 50 20",
+      "fill 020202 nonzero m 15 10 l 45 10 l 45 20 l 15 20 h", "fill 010101 nonzero box 20 10 40 20",
+      "fill 000000 nonzero box 25 10 35 20", "pop"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Gradients, HatchesTest, testing::ValuesIn(kGradientRows),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(HatchSourcesTest, StandInForAPathWithoutEdges)
+{
+    SmallDrawing drawing;
+    drawing.layers = "0 LAYER | 2 Off | 70 0 | 62 -1 | 6 Continuous";
+    drawing.entities =
+        "0 LINE | 5 E1 | 8 Off | 10 0 | 20 0 | 11 10 | 21 0 | 0 LINE | 5 E2 | 8 Off | 10 10 | 20 10 | 11 10 | "
+        "21 0 | 0 LINE | 5 E3 | 8 Off | 10 10 | 20 10 | 11 0 | 21 0 |" +
+        Hatch(1, "92 1 | 93 0 | 97 3 | 330 E1 | 330 E2 | 330 E3 |", "75 0 | 76 1");
+    EXPECT_EQ(LinesOf(drawing), Lines{"fill 000000 evenodd m 0 0 l 10 0 l 10 10 l 0 0 h"});
+}
+
 TEST(DenseHatchTest, LengthensDashesAndKeepsTheirShare)
 {
     // Dash 0.01, gap 0.03: five times longer is 0.1 on average.
@@ -116,7 +162,7 @@ TEST(DenseHatchTest, LengthensDashesAndKeepsTheirShare)
         "75 0 | 76 1 | 52 0 | 41 1 | 77 0 | 78 1 | 53 0 | 43 0 | 44 0.25 | 45 0 | 46 1 | 79 2 | 49 0.01 | 49 -0.03",
         false);
     EXPECT_EQ(LinesOf(drawing),
-              Lines{"stroke 000000 0.25 butt m 0 0.25 l 0.05 0.25 m 0.2 0.25 l 0.25 0.25 m 0.4 0.25 l "
+              Lines{"stroke 000000 0.05 butt m 0 0.25 l 0.05 0.25 m 0.2 0.25 l 0.25 0.25 m 0.4 0.25 l "
                     "0.45 0.25"});
 }
 
@@ -128,7 +174,7 @@ TEST(DenseHatchTest, KeepsLinesATenthOfAMillimetreApart)
               "75 0 | 76 1 | 52 0 | 41 1 | 77 0 | 78 1 | 53 0 | 43 0 | 44 0 | 45 0 | 46 0.025 | 79 0", false);
     EXPECT_EQ(
         LinesOf(drawing),
-        Lines{"stroke 000000 0.25 butt m 0 0 l 1 0 m 0 0.1 l 1 0.1 m 0 0.2 l 1 0.2 m 0 0.3 l 1 0.3 m 0 0.4 l 1 0.4 m 0 "
+        Lines{"stroke 000000 0.05 butt m 0 0 l 1 0 m 0 0.1 l 1 0.1 m 0 0.2 l 1 0.2 m 0 0.3 l 1 0.3 m 0 0.4 l 1 0.4 m 0 "
               "0.5 l 1 0.5 m 0 0.6 l 1 0.6 m 0 0.7 l 1 0.7 m 0 0.8 l 1 0.8 m 0 0.9 l 1 0.9"});
 }
 

@@ -17,7 +17,17 @@ constexpr const char* kLinetypes =
     "45 0 | 9 GAS | 49 -2 | 74 0 |"
     "0 LTYPE | 2 BATTING | 70 0 | 3 d | 72 65 | 73 2 | 40 10 | 49 0.01 | 74 0 | 49 -9.99 | 74 4 | 75 132 | 340 0 | 46 "
     "1 |"
-    "50 0 | 44 0 | 45 0";
+    "50 0 | 44 0 | 45 0 |"
+    "0 LTYPE | 2 UPRIGHT | 70 0 | 3 d | 72 65 | 73 3 | 40 9 | 49 5 | 74 0 | 49 -2 | 74 3 | 75 0 | 340 0 | 46 1 | 50 0 "
+    "| 44 -1 | 45 -0.5 | 9 GAS | 49 -2 | 74 0 |"
+    "0 LTYPE | 2 TURNED | 70 0 | 3 d | 72 65 | 73 3 | 40 9 | 49 5 | 74 0 | 49 -2 | 74 2 | 75 0 | 340 0 | 46 1 | 50 90 "
+    "| 44 0 | 45 0 | 9 GAS | 49 -2 | 74 0 |"
+    "0 LTYPE | 2 FENCE | 70 0 | 3 d | 72 65 | 73 3 | 40 9 | 49 5 | 74 0 | 49 -2 | 74 4 | 75 132 | 340 51 | 46 1 | 50 0 "
+    "| 44 -2 | 45 0 | 49 -2 | 74 0 |"
+    "0 LTYPE | 2 TRACKS | 70 0 | 3 d | 72 65 | 73 2 | 40 4 | 49 2 | 74 4 | 75 130 | 340 51 | 46 0.5 | 50 0 | 44 0 | 45 "
+    "0 | 49 2 | 74 0";
+
+constexpr const char* kStyles = "0 STYLE | 5 51 | 2 | 70 1 | 40 0 | 41 1 | 50 0 | 3 ltypeshp.shx";
 
 constexpr const char* kLayers = "0 LAYER | 2 Dashes | 70 0 | 62 7 | 6 DASHED";
 
@@ -36,6 +46,7 @@ TEST_P(LinetypesTest, CutsDashes)
     drawing.header = GetParam().header;
     drawing.linetypes = kLinetypes;
     drawing.layers = kLayers;
+    drawing.styles = kStyles;
     drawing.entities = GetParam().entities;
     EXPECT_EQ(LinesOf(drawing), GetParam().lines);
 }
@@ -90,10 +101,35 @@ const Row kRows[] = {
      "",
      "0 LINE | 8 0 | 6 BATTING | 10 0 | 20 0 | 11 30 | 21 0",
      {"stroke 000000 0.25 m 0 0 l 30 0"}},
-    {"SymbolsLeaveTheirGap", // (12 - 9 + 5) / 2 = 4
+    {"TextStandsBehindItsGap", // (12 - 9 + 5) / 2 = 4, the text 2 further on
      "",
      "0 LINE | 8 0 | 6 GAS | 10 0 | 20 0 | 11 12 | 21 0",
-     {"stroke 000000 0.25 m 0 0 l 4 0 m 8 0 l 12 0"}},
+     {"stroke 000000 0.25 m 0 0 l 4 0 m 8 0 l 12 0", "text 000000 [1 0 0 1 6 0] GAS"}},
+    {"TextFollowsTheLine",
+     "",
+     "0 LINE | 8 0 | 6 GAS | 10 20 | 20 0 | 11 20 | 21 12",
+     {"stroke 000000 0.25 m 20 0 l 20 4 m 20 8 l 20 12", "text 000000 [0 1 -1 0 20 6] GAS"}},
+    {"TextGrowsWithTheScale", // period 18, dash 10: (24 - 18 + 10) / 2 = 8, the text 4 further on
+     "",
+     "0 LINE | 8 0 | 6 GAS | 48 2 | 10 0 | 20 0 | 11 24 | 21 0",
+     {"stroke 000000 0.25 m 0 0 l 8 0 m 16 0 l 24 0", "text 000000 [2 0 0 2 12 0] GAS"}},
+    {"AbsoluteRotationAndOffset", // the offset runs along the line, the text stands upright
+     "",
+     "0 LINE | 8 0 | 6 UPRIGHT | 10 20 | 20 0 | 11 20 | 21 12",
+     {"stroke 000000 0.25 m 20 0 l 20 4 m 20 8 l 20 12", "text 000000 [1 0 0 1 20.5 5] GAS"}},
+    {"RotationOfItsOwn",
+     "",
+     "0 LINE | 8 0 | 6 TURNED | 10 0 | 20 0 | 11 12 | 21 0",
+     {"stroke 000000 0.25 m 0 0 l 4 0 m 8 0 l 12 0", "text 000000 [0 1 -1 0 6 0] GAS"}},
+    {"CommonShapeWithoutItsFile",
+     "",
+     "0 LINE | 8 0 | 6 FENCE | 10 0 | 20 10 | 11 14 | 21 10",
+     {"stroke 000000 0.25 m 0 10 l 5 10 m 9 10 l 14 10", "stroke 000000 0.25 box 5 9 7 11"}},
+    {"ShapesOnEachSegment", // sleepers every 4; the first dash is cut to its half
+     "",
+     "0 LWPOLYLINE | 8 0 | 6 TRACKS | 90 3 | 70 0 | 10 10 | 20 10 | 10 18 | 20 10 | 10 18 | 20 14",
+     {"stroke 000000 0.25 m 10 10 l 11 10 l 13 10 l 15 10 l 17 10 l 18 10 l 18 11 l 18 13 l 18 14",
+      "stroke 000000 0.25 m 11 9.5 l 11 10.5 m 15 9.5 l 15 10.5 m 18.5 11 l 17.5 11"}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Entities, LinetypesTest, testing::ValuesIn(kRows),
@@ -130,11 +166,11 @@ TEST(LinetypesOnCurvesTest, FollowTheArc)
     EXPECT_THAT(angles, testing::Pointwise(testing::DoubleNear(0.02), expected));
 }
 
-TEST(LinetypeSymbolsTest, AreReported)
+TEST(LinetypeSymbolsTest, AreReportedWithoutTheirFile)
 {
     SmallDrawing drawing;
     drawing.linetypes = kLinetypes;
-    drawing.entities = "0 LINE | 8 0 | 6 GAS | 10 0 | 20 0 | 11 12 | 21 0";
+    drawing.entities = "0 LINE | 8 0 | 6 BATTING | 10 0 | 20 0 | 11 30 | 21 0";
     EXPECT_EQ(Render(drawing).remarks, Lines{"letters and shapes of a line type left out 1"});
 }
 

@@ -34,16 +34,20 @@ inline std::string Tags(const std::string& line)
 
 /// The parts of a small drawing, each as tags on lines.
 struct SmallDrawing {
-    std::string header, layers, linetypes, blocks, entities, objects;
+    std::string header, layers, linetypes, blocks, entities, objects, styles;
+    std::string raw; ///< entities as DXF text
 
     [[nodiscard]] std::unique_ptr<drawing::Drawing> Open() const
     {
         std::string text = Tags("0 SECTION | 2 HEADER | 9 $ACADVER | 1 AC1015 |" + header + "| 0 ENDSEC");
         text += Tags("0 SECTION | 2 TABLES");
+        if (!styles.empty()) {
+            text += Tags("0 TABLE | 2 STYLE |" + styles + "| 0 ENDTAB");
+        }
         text += Tags("0 TABLE | 2 LTYPE |" + linetypes + "| 0 ENDTAB");
         text += Tags("0 TABLE | 2 LAYER | 0 LAYER | 2 0 | 70 0 | 62 7 | 6 Continuous |" + layers + "| 0 ENDTAB");
         text += Tags("0 ENDSEC | 0 SECTION | 2 BLOCKS |" + blocks + "| 0 ENDSEC");
-        text += Tags("0 SECTION | 2 ENTITIES |" + entities + "| 0 ENDSEC");
+        text += Tags("0 SECTION | 2 ENTITIES |" + entities) + raw + Tags("0 ENDSEC");
         text += Tags("0 SECTION | 2 OBJECTS |" + objects + "| 0 ENDSEC | 0 EOF");
         return drawing::Drawing::FromBytes(text, "small.dxf");
     }

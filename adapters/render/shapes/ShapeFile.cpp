@@ -1,0 +1,132 @@
+#include "render/shapes/ShapeFile.h"
+
+#include "render/shapes/ShapePen.h"
+
+#include <fstream>
+#include <iterator>
+
+namespace sm::render {
+
+namespace {
+
+constexpr std::size_t kLargestFile = 16'000'000;
+constexpr char kHeadEnd = '\x1A';
+
+std::string Capitals(std::string_view name)
+{
+    std::string result(name);
+    for (char& c : result) {
+        c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
+    }
+    return result;
+}
+
+} // namespace
+
+std::unique_ptr<ShapeFile> ShapeFile::Open(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    if (!file) {
+        return nullptr;
+    }
+    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    return bytes.size() > kLargestFile ? nullptr : FromBytes(std::move(bytes));
+}
+
+std::unique_ptr<ShapeFile> ShapeFile::FromBytes(std::string bytes)
+{
+    auto file = std::make_unique<ShapeFile>();
+    file->m_bytes = std::move(bytes);
+    return file->Index() ? std::move(file) : nullptr;
+}
+
+std::uint16_t ShapeFile::Word(std::size_t at) const
+{
+    if (at + 2 > m_bytes.size()) {
+        return 0;
+    }
+    const auto low = static_cast<std::uint8_t>(m_bytes[at]);
+    const auto high = static_cast<std::uint8_t>(m_bytes[at + 1]);
+    return static_cast<std::uint16_t>(low | high << 8);
+}
+
+void ShapeFile::Add(std::uint16_t number, std::size_t at, std::size_t length)
+{
+    if (at >= m_bytes.size()) {
+        return;
+    }
+    const std::string_view shape = std::string_view(m_bytes).substr(at, length);
+    const std::size_t end = shape.find('\0');
+    if (end == std::string_view::npos) {
+        return;
+    }
+    m_codes.emplace(number, shape.substr(end + 1));
+    if (end > 0) {
+        m_names.emplace(Capitals(shape.substr(0, end)), number);
+    }
+}
+
+bool ShapeFile::Index()
+{
+    constexpr std::size_t kLongestHead = 64;
+    const std::size_t end = m_bytes.find(kHeadEnd);
+    if (end == std::string::npos || end > kLongestHead) {
+        return false;
+    }
+    const std::string_view head = std::string_view(m_bytes).substr(0, end);
+    if (head.starts_with("AutoCAD-86 shapes")) {
+        return IndexShapes(end + 1);
+    }
+    m_unifont = head.starts_with("AutoCAD-86 unifont");
+    return m_unifont && IndexUnifont(end + 1);
+}
+
+bool ShapeFile::IndexShapes(std::size_t at)
+{
+    constexpr std::size_t kHead = 6;  // lowest and highest number, count
+    constexpr std::size_t kEntry = 4; // number, length
+    const std::size_t count = Word(at + 4);
+    std::size_t shape = at + kHead + count * kEntry;
+    for (std::size_t i = 0; i < count && shape < m_bytes.size(); ++i) {
+        const std::size_t entry = at + kHead + i * kEntry;
+        Add(Word(entry), shape, Word(entry + 2));
+        shape += Word(entry + 2);
+    }
+    return !m_codes.empty();
+}
+
+bool ShapeFile::IndexUnifont(std::size_t at)
+{
+    const std::size_t count = Word(at);
+    at += 2;
+    for (std::size_t i = 0; i < count && at + 4 <= m_bytes.size(); ++i) {
+        const std::size_t length = Word(at + 2);
+        Add(Word(at), at + 4, length);
+        at += 4 + length;
+    }
+    return !m_codes.empty();
+}
+
+std::uint16_t ShapeFile::NumberOf(std::string_view name) const
+{
+    const auto found = m_names.find(Capitals(name));
+    return found == m_names.end() ? std::uint16_t{0} : found->second;
+}
+
+std::string_view ShapeFile::Codes(std::uint16_t number) const
+{
+    const auto found = m_codes.find(number);
+    return found == m_codes.end() ? std::string_view{} : found->second;
+}
+
+bool ShapeFile::Append(std::uint16_t number, Path& path) const
+{
+    if (m_codes.find(number) == m_codes.end()) {
+        return false;
+    }
+    ShapePen pen(*this, path);
+    pen.Draw(number, 0);
+    return true;
+}
+
+} // namespace sm::render

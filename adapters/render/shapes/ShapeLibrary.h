@@ -1,0 +1,41 @@
+// Where the shapes of a drawing come from: shape files beside it or in the font folders, else our own strokes for the
+// symbols that line types commonly use.
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "render/shapes/ShapeFile.h"
+
+#include <map>
+#include <memory>
+
+namespace sm::render {
+
+class ShapeLibrary {
+public:
+    explicit ShapeLibrary(const drawing::Drawing& drawing) : m_drawing(drawing) {}
+    /// The strokes of a shape in shape units, of the file that text style `style` names; null when unknown. The result
+    /// lives as long as the library.
+    const Path* Find(std::uint32_t style, std::uint16_t number);
+    /// The same by name, in all shape files that the drawing loads (SHAPE entities don't say which).
+    const Path* Find(std::string_view name);
+
+private:
+    struct Key {
+        std::string file;
+        std::uint16_t number = 0;
+        friend auto operator<=>(const Key&, const Key&) = default;
+    };
+    const ShapeFile* FileOf(const std::string& name);
+    const Path* Keep(const Key& key, const ShapeFile* file);
+
+    const drawing::Drawing& m_drawing;
+    std::map<std::string, std::unique_ptr<ShapeFile>> m_files;
+    std::map<Key, Path> m_paths; ///< empty: unknown
+};
+
+/// Our own strokes of a symbol of the common shape file for line types; false for other numbers.
+bool AppendCommonShape(std::uint16_t number, Path& path);
+/// Its number: "BOX" 132 and so on; 0 for other names. Capitals.
+std::uint16_t CommonShapeNumber(std::string_view name);
+
+} // namespace sm::render

@@ -1,0 +1,48 @@
+// The pen that follows the codes of a shape.
+#pragma once
+
+#include "render/shapes/ShapeFile.h"
+
+#include <vector>
+
+namespace sm::render {
+
+class ShapePen {
+public:
+    ShapePen(const ShapeFile& file, Path& path) : m_file(file), m_path(path) {}
+    /// `depth`: how many shapes deep this one lies in another.
+    void Draw(std::uint16_t number, int depth);
+
+private:
+    /// Reads one shape's bytes; 0 behind their end.
+    struct Reader {
+        std::string_view bytes;
+        std::size_t at = 0;
+        [[nodiscard]] bool AtEnd() const { return at >= bytes.size(); }
+        std::uint8_t Byte() { return AtEnd() ? std::uint8_t{0} : static_cast<std::uint8_t>(bytes[at++]); }
+        double Signed() { return static_cast<std::int8_t>(Byte()); }
+    };
+    void Obey(std::uint8_t code, Reader& reader, int depth);
+    void Arc(std::uint8_t code, Reader& reader);
+    static Vec2 StepOf(Reader& reader);
+    void Skip(Reader& reader);
+    void Nested(Reader& reader, int depth);
+    void Vector(std::uint8_t code);
+    void Step(Vec2 by);
+    void OctantArc(Reader& reader);
+    void FractionalArc(Reader& reader);
+    void Turn(double radius, double startDegrees, double sweepDegrees);
+    void Bulge(Vec2 by, double bulge);
+    void Reach();
+
+    const ShapeFile& m_file;
+    Path& m_path;
+    Vec2 m_at;
+    double m_unit = 1;
+    bool m_down = true;
+    bool m_started = false; ///< the path stands where the pen is
+    int m_budget = 20000;   ///< codes that may still be obeyed
+    std::vector<Vec2> m_kept;
+};
+
+} // namespace sm::render
