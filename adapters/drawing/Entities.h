@@ -237,6 +237,7 @@ struct ViewportData : Entity {
     double twist = 0;                        ///< degrees
     std::vector<std::uint32_t> frozenLayers; ///< indexes into the layers
     Handle clipEntity = 0;                   ///< 340
+    [[nodiscard]] bool Perspective() const { return (flags & 1) != 0; }
     [[nodiscard]] bool Off() const { return (flags & 0x20000) != 0; }
 };
 /// IMAGE, WIPEOUT, PDF/DWF/DGN UNDERLAY.

@@ -12,6 +12,7 @@ struct Graphic {
         Circle,        ///< points[0], radius, normal
         Arc,           ///< the same, direction of its start, sweep
         Polyline,      ///< points
+        LwPolyline,    ///< plane
         Polygon,       ///< points, filled when filling is on
         Mesh,          ///< points of `rows` rows
         Shell,         ///< points; `faces`: a count (negative: a hole), then positions
@@ -34,6 +35,7 @@ struct Graphic {
     std::int32_t index = 0, rows = 0;
     std::int16_t color = kByLayer;
     std::optional<std::uint32_t> trueColor;
+    std::optional<PolylineData> plane;
     std::string text;
     std::uint32_t style = 0; ///< of a text, by its font
 };

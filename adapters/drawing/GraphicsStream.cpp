@@ -1,5 +1,6 @@
 #include "drawing/GraphicsStream.h"
 
+#include "drawing/PackedPolyline.h"
 #include "drawing/TextDecoder.h"
 
 #include <cstring>
@@ -53,7 +54,7 @@ enum Step : std::int32_t {
 /// Steps that change nothing on paper.
 bool IsSilent(std::int32_t kind)
 {
-    return kind != kCircleByPoints && kind != kArcByPoints && kind != kPushClip && kind != kLwPolyline;
+    return kind != kPushClip;
 }
 
 double Dot(Vec3 a, Vec3 b)
@@ -262,6 +263,10 @@ bool GraphicsStream::Take(std::int32_t kind, Graphic& step)
     case kPolylineWithNormal:
         step.kind = kind == kPolygon ? Kind::Polygon : Kind::Polyline;
         TakePoints(step);
+        return true;
+    case kLwPolyline:
+        step.kind = Kind::LwPolyline;
+        m_short = !ReadPackedPolyline(m_bytes.substr(m_at, Left()), step.plane.emplace());
         return true;
     case kMesh:
         step.kind = Kind::Mesh;

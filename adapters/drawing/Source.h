@@ -37,6 +37,8 @@ public:
     /// An object by its handle; null when it is of a kind that isn't read. May be asked by several threads.
     [[nodiscard]] const NamedSlice* FindObject(Handle handle) const;
     [[nodiscard]] bool HasSpatialFilters() const;
+    /// Forms of annotative entities for their scales.
+    [[nodiscard]] bool HasContextData() const;
     /// What the file's data section (ACDSDATA, from R2013) holds for an entity.
     [[nodiscard]] const std::vector<NamedSlice>& DataRecordsOf(Handle entity) const;
 
@@ -72,7 +74,7 @@ private:
     void IndexObjects() const;
     mutable std::once_flag m_objectsOnce;
     mutable std::unordered_map<Handle, std::vector<NamedSlice>> m_objects, m_dataRecords;
-    mutable bool m_hasFilters = false;
+    mutable bool m_hasFilters = false, m_hasContexts = false;
 };
 
 } // namespace sm::drawing

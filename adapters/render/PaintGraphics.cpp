@@ -96,6 +96,9 @@ void GraphicsPainter::DrawStep(const drawing::Graphic& step)
     case Kind::Polygon:
         DrawPoints(step);
         break;
+    case Kind::LwPolyline:
+        m_painter.Draw(*step.plane, drawing::EntityKind::LwPolyline);
+        break;
     case Kind::Mesh:
         DrawMesh(step);
         break;

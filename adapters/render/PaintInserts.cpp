@@ -1,3 +1,4 @@
+#include "drawing/AnnotationContexts.h"
 #include "render/ClipBox.h"
 #include "render/Painter.h"
 #include "render/PainterBuffers.h"
@@ -49,6 +50,9 @@ Outcome Painter::PaintInsert(const drawing::EntityRecord& record, const Frame& f
     if ((insert.invisible && m_hideLayers) || layer.frozen) {
         return Outcome::Hidden;
     }
+    if (m_annotationScale != 0) {
+        drawing::AdaptTo(m_drawing, record, m_annotationScale, insert);
+    }
     const Style style = Resolve(insert, layer, frame.inherited);
     std::vector<Vec3> clip;
     const bool clipped = ReadInsertClip(m_drawing, record, clip);
@@ -99,8 +103,17 @@ Outcome Painter::PaintClippedBlock(std::uint32_t block, const std::vector<Vec3>&
     if (m_ink.Bounded() && !Overlaps(hull, m_ink.Clip())) {
         return Outcome::OffPage;
     }
-    const Ink::ClipGuard guard(m_ink, path, FillRule::EvenOdd);
-    return PaintBlock(block, frame);
+    Outcome best = Outcome::OffPage;
+    {
+        const Ink::ClipGuard guard(m_ink, path, FillRule::EvenOdd);
+        best = PaintBlock(block, frame);
+    }
+    constexpr std::int32_t kPlotted = 1; // 0 unseen, 2 seen on the screen alone
+    if (m_drawing.HeaderInteger("$XCLIPFRAME", 0) == kPlotted) {
+        const Style& style = frame.inherited.byBlock;
+        m_ink.Stroke(path, {.color = style.color, .width = PenWidth(style.width)});
+    }
+    return best;
 }
 
 Outcome Painter::PaintAttributes(const drawing::InsertData& insert, const Frame& frame, const Style& style)

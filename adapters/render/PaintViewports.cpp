@@ -1,3 +1,4 @@
+#include "drawing/AnnotationContexts.h"
 #include "render/ClipBox.h"
 #include "render/HatchBoundary.h"
 #include "render/Painter.h"
@@ -94,7 +95,7 @@ Outcome Painter::PaintViewport(const drawing::EntityRecord& record, const Frame&
     }
     Outcome best = Outcome::OffPage;
     if (!m_options.boxesOnly) {
-        best = std::max(best, PaintViewportContent(viewport, frame));
+        best = std::max(best, PaintViewportContent(record, viewport, frame));
     }
     if (m_options.boxesOnly || (m_options.viewportBorders && !Hidden(viewport, frame))) {
         Enter(viewport, record, frame);
@@ -129,7 +130,8 @@ bool Painter::MakeClipPath(const drawing::ViewportData& viewport, const Frame& f
     return viewport.width > 0 && viewport.height > 0;
 }
 
-Outcome Painter::PaintViewportContent(const drawing::ViewportData& viewport, const Frame& frame)
+Outcome Painter::PaintViewportContent(const drawing::EntityRecord& record, const drawing::ViewportData& viewport,
+                                      const Frame& frame)
 {
     if (!(viewport.viewHeight > 0) || !MakeClipPath(viewport, frame)) {
         return Outcome::OffPage;
@@ -147,6 +149,9 @@ Outcome Painter::PaintViewportContent(const drawing::ViewportData& viewport, con
         Remark("too many viewports for so large a model, the rest left out");
         return Outcome::NotDrawn;
     }
+    if (viewport.Perspective()) {
+        Remark("a perspective view drawn in parallel");
+    }
     m_viewportBudget -= m_drawing.EntitiesOf(model->block).size();
     const Matrix2 sheet = PlaneOf(frame.toPaper, {0, 0, 1}, 0);
     const Matrix2 toPaper = Compose(sheet, ViewToPaper(viewport));
@@ -157,6 +162,7 @@ Outcome Painter::PaintViewportContent(const drawing::ViewportData& viewport, con
         m_options.scaleLinetypesWithPaper ? frame.dashScale : frame.dashScale * ScaleOf(ViewToPaper(viewport));
     const LayerStates layers(m_drawing, viewport.frozenLayers, m_hideLayers, viewport.handle);
     m_layers = &layers;
+    m_annotationScale = drawing::AnnotationScaleOf(m_drawing, record);
     Outcome best = Outcome::NotReached;
     {
         const Ink::ClipGuard guard(m_ink, clip, FillRule::NonZero);
@@ -164,6 +170,7 @@ Outcome Painter::PaintViewportContent(const drawing::ViewportData& viewport, con
         best = PaintAll(model->block, inner);
     }
     m_layers = &m_ownLayers;
+    m_annotationScale = 0;
     return best == Outcome::Drawn ? Outcome::Drawn : Outcome::OffPage;
 }
 

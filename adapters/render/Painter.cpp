@@ -1,5 +1,6 @@
 #include "render/Painter.h"
 
+#include "drawing/AnnotationContexts.h"
 #include "render/PainterBuffers.h"
 
 namespace sm::render {
@@ -89,6 +90,9 @@ template <class Data> Outcome Painter::Leaf(Data& data, const drawing::EntityRec
     Read(m_drawing, record, data);
     if (Hidden(data, frame)) {
         return Outcome::Hidden;
+    }
+    if (m_annotationScale != 0) {
+        drawing::AdaptTo(m_drawing, record, m_annotationScale, data);
     }
     Enter(data, record, frame);
     const bool possible = Draw(data, record.kind);

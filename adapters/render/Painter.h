@@ -114,7 +114,8 @@ private:
     Outcome PaintAttribute(const drawing::EntityRecord& record, const Frame& frame);
     Outcome PaintReadAttribute(const drawing::EntityRecord& record, const Frame& frame);
     Outcome PaintAttdef(const drawing::EntityRecord& record, const Frame& frame);
-    Outcome PaintViewportContent(const drawing::ViewportData& viewport, const Frame& frame);
+    Outcome PaintViewportContent(const drawing::EntityRecord& record, const drawing::ViewportData& viewport,
+                                 const Frame& frame);
     bool MakeClipPath(const drawing::ViewportData& viewport, const Frame& frame);
     bool CatchPath(const drawing::EntityRecord& record, const Frame& frame, Path& path);
     void FindSheetViewport(std::uint32_t block);
@@ -137,6 +138,7 @@ private:
     Ink m_ink;
     LayerStates m_ownLayers;
     const LayerStates* m_layers;
+    drawing::Handle m_annotationScale = 0; ///< of the viewport at hand; 0: entities keep their own form
     std::vector<DashPattern> m_patterns;
     // The entity at hand.
     const Frame* m_frame = nullptr;

@@ -104,6 +104,11 @@ const Row kRows[] = {
          Step(31, "") + kLine,
      {"stroke 000000 0.25 m 5 5 l 25 5", "stroke 000000 0.25 m 7 5 l 27 5", "stroke 000000 0.25 m 0 0 l 10 0"}},
     {"Ray", Step(13, Reals({90, 50, 0, 95, 50, 0})), {"stroke 000000 0.25 m 90 50 l 101 50"}},
+    {"PackedPolyline", // 16: bulges follow; the points (1, 2), (5, 2), (5, 9) in full where they differ
+     Step(33, std::string("\x44\x10\x34\x0C\x00\x00\x00\x00\x00\x03\xC0\xFC\x00\x00\x00\x00\x00\x00\x01\x03\x00\x00\x00"
+                          "\x00\x00\x00\x14\x40\x0C\x00\x00\x00\x00\x00\x00\x89\x02\x60",
+                          38)),
+     {"stroke 000000 0.25 m 1 2 l 5 2 c 6.933 2 8.5 3.567 8.5 5.5 c 8.5 7.433 6.933 9 5 9"}},
     {"UnknownStepsAreSkipped", Step(51, Int(0)) + kLine, {"stroke 000000 0.25 m 0 0 l 10 0"}},
     {"CountBeyondItsBytes", Step(6, Int(2000000000) + Reals({0, 0, 0})) + kLine, {"stroke 000000 0.25 m 0 0 l 10 0"}},
     {"SizeBeyondTheEnd", kLine + Int(2000000000) + Int(6), {"stroke 000000 0.25 m 0 0 l 10 0"}},
@@ -130,7 +135,7 @@ TEST(UnknownEntitiesTest, AreReportedWithoutOne)
 TEST(PicturesTest, AreReportedWhenAPartIsMissing)
 {
     SmallDrawing drawing;
-    drawing.raw = Proxy(kLine + Step(33, Int(0)));
+    drawing.raw = Proxy(kLine + Step(27, Int(0)));
     EXPECT_EQ(Render(drawing).remarks, Lines{"a part of an entity's own picture left out 1"});
 }
 
