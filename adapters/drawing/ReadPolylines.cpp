@@ -48,6 +48,12 @@ void TakePolylineTag(const EntityTags& tags, PolylineData& data)
     case 72:
         data.meshN = tags.Integer();
         break;
+    case 73: // a smoothed mesh is as fine as these say
+        data.meshM = data.splineFitted && data.isMesh ? tags.Integer() : data.meshM;
+        break;
+    case 74:
+        data.meshN = data.splineFitted && data.isMesh ? tags.Integer() : data.meshN;
+        break;
     case 75:
         data.curveType = tags.Integer();
         break;

@@ -35,13 +35,16 @@ void AppendMapped(Path& out, const Path& path, const Matrix2& map)
 // True when all that the line type's elements name can be drawn.
 bool Painter::CanDrawSymbols(const drawing::Linetype& linetype)
 {
+    if (m_options.boxesOnly) {
+        return false;
+    }
     for (const drawing::LinetypeElement& element : linetype.elements) {
         const bool shape = element.kind == drawing::LinetypeElement::Kind::Shape;
         if (shape && Shapes().Find(element.style, element.shape) == nullptr) {
             return false;
         }
     }
-    return !m_options.boxesOnly;
+    return true;
 }
 
 ShapeLibrary& Painter::Shapes()

@@ -72,6 +72,13 @@ const Row kRows[] = {
      "64 |"
      "0 SEQEND",
      {"stroke 000000 0.25 m 0 0 l 5 0 m 0 5 l 5 5 m 0 0 l 0 5 m 5 0 l 5 5"}},
+    {"SmoothedMeshHoldsMoreRows", // 3 rows of 2; what it was made of is left out
+     "0 POLYLINE | 8 0 | 66 1 | 70 20 | 71 2 | 72 2 | 73 3 | 74 2 | 75 6 | 10 0 | 20 0 |0 VERTEX | 8 0 | 10 1 | 20 1 | "
+     "70 80 |0 VERTEX | 8 0 | 10 2 | 20 1 | 70 80 |0 VERTEX | 8 0 | 10 1 | 20 2 | 70 80 |0 VERTEX | 8 0 | 10 2 | 20 2 "
+     "| 70 80 |0 VERTEX | 8 0 | 10 0 | 20 0 | 70 72 |0 VERTEX | 8 0 | 10 5 | 20 0 | 70 72 |0 VERTEX | 8 0 | 10 0 | 20 "
+     "5 | 70 72 |0 VERTEX | 8 0 | 10 5 | 20 5 | 70 72 |0 VERTEX | 8 0 | 10 0 | 20 9 | 70 72 |0 VERTEX | 8 0 | 10 5 | "
+     "20 9 | 70 72 | 0 SEQEND",
+     {"stroke 000000 0.25 m 0 0 l 5 0 m 0 5 l 5 5 m 0 9 l 5 9 m 0 0 l 0 5 l 0 9 m 5 0 l 5 5 l 5 9"}},
     {"PolyfaceWithAHiddenEdge",
      "0 POLYLINE | 8 0 | 66 1 | 70 64 | 71 3 | 72 1 | 10 0 | 20 0 | 0 VERTEX | 8 0 | 10 0 | 20 0 | 70 192 |"
      "0 VERTEX | 8 0 | 10 5 | 20 0 | 70 192 | 0 VERTEX | 8 0 | 10 5 | 20 5 | 70 192 |"
