@@ -39,7 +39,7 @@ protected:
         strokes.name = "Standard";
         strokes.fontFile = "txt";
         outlines.name = "Arial";
-        outlines.fontFile = "arial.ttf";
+        outlines.fontFile = "LiberationSans-Regular.ttf";
         drawing.styles = {strokes, outlines};
     }
     ~DistilledTest() override
