@@ -24,7 +24,7 @@ struct Message {
 
 struct FileDialog {
     std::string title;
-    std::string defaultName;
+    std::string defaultName;     ///< a name or full path; "<folder>\*.*" starts in the folder, with no name
     std::string filterName;      ///< "PDF files"
     std::string filterExtension; ///< "pdf"
     bool warnOnOverwrite = true;

@@ -57,6 +57,7 @@ void frmAttach::Browse()
 {
     Surroundings& surroundings = Session().context.surroundings;
     FileDialog dialog;
+    dialog.title = "Select File";
     dialog.filterName = "All Files (*.*)";
     dialog.filterExtension = "*";
     const std::string folder = FolderPart(surroundings.locale, Text("txtAttachFile"));

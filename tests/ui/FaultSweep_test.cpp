@@ -2,6 +2,7 @@
 #include "doubles/FaultSweep.h"
 
 #include "doubles/ScriptedToolkit.h"
+#include "hostobjects/cAcadPageSetup.h"
 #include "ui/FormWindows.h"
 
 #include <algorithm>
@@ -99,6 +100,27 @@ TEST_P(FormFaultSweep, TheSettingsDialogEndsAsLaidDown)
                                  EXPECT_EQ(house.library.TakeLog(),
                                            (std::vector<std::string>{"SHOW CONVERSION SETTINGS FORM"}));
                              }});
+}
+
+TEST(PageSetupFaultSweep, ThePageSetupDialogIsConfirmedOrTold)
+{
+    SweepFaults(FaultySide::Everything, {Prepare,
+                                         [](HouseParts& house) {
+                                             ScriptedToolkit toolkit;
+                                             toolkit.Whenever("frmPageSetup", [](FormDriver& it) {
+                                                 it.Choose("cmbPaperSize", "ISO A4 (210.00 x 297.00 MM)");
+                                                 it.Click("btnOK");
+                                             });
+                                             cAcadPageSetup setup(house.context);
+                                             std::shared_ptr<IAcadDocument> none;
+                                             (void)setup.Initialize(2, none);
+                                             const auto forms = CreateFormWindows(house.context, toolkit);
+                                             const bool confirmed = forms->ShowPageSetup(setup, "Global Page Setup");
+                                             EXPECT_EQ(confirmed, house.desktop.TakeMessages().empty());
+                                             EXPECT_EQ(setup.IsChanged(), confirmed);
+                                             setup.Update();
+                                         },
+                                         [](HouseParts& house) { (void)house.library.TakeLog(); }});
 }
 
 INSTANTIATE_TEST_SUITE_P(Sides, FormFaultSweep,
