@@ -13,6 +13,7 @@ namespace {
 constexpr double kMillimetresPerInch = 25.4;
 constexpr std::int32_t kMillimeters = 1;
 constexpr std::int32_t kCustomSelected = 1;
+constexpr std::int32_t kLastStandardScale = 31; ///< "100:1"
 
 enum PlotType : std::int32_t { kDisplay, kExtents, kLimits, kView, kWindow, kLayout };
 
@@ -66,7 +67,11 @@ void FillScale(PageSetupControls& controls, const PageSetupRecord& record)
     Form& form = controls.GetForm();
     controls.CustomScaleNumer = record.ScaleNumer;
     controls.CustomScaleDenom = record.ScaleDenom;
-    form.Select("cmbScale", record.UseStandardScale != 0 ? record.StandardScale + 1 : 0);
+    const bool listed = record.StandardScale >= -1 && record.StandardScale <= kLastStandardScale;
+    if (record.UseStandardScale == 0)
+        form.Select("cmbScale", 0);
+    else
+        form.Select("cmbScale", listed ? record.StandardScale + 1 : kNothingSelected);
     form.SetText("txtScaleNumer", NumberText(record.ScaleNumer));
     form.SetText("txtScaleDenom", NumberText(record.ScaleDenom));
 }

@@ -218,9 +218,10 @@ TEST_F(PageSetupLoad, TheStandardScaleStandsOnePlaceFurtherDown)
     const struct {
         std::int32_t use, scale;
         const char* shown;
-    } rows[] = {{1, 0, "Scale to Fit"}, {1, 1, "1/128\"= 1'"}, {1, 6, "1/8\" = 1'"}, {1, 15, "1'= 1'"},
-                {1, 16, "1:1"},         {1, 26, "1:100"},      {1, 27, "2:1"},       {1, 31, "100:1"},
-                {0, 31, "Custom"},      {1, 32, "(none)"}};
+    } rows[] = {
+        {1, 0, "Scale to Fit"},    {1, 1, "1/128\"= 1'"}, {1, 6, "1/8\" = 1'"}, {1, 15, "1'= 1'"}, {1, 16, "1:1"},
+        {1, 26, "1:100"},          {1, 27, "2:1"},        {1, 31, "100:1"},     {0, 31, "Custom"}, {1, 32, "(none)"},
+        {1, 2147483647, "(none)"}, {1, -2, "(none)"},     {1, -1, "Custom"}};
     for (const auto& row : rows) {
         record.UseStandardScale = row.use;
         record.StandardScale = row.scale;

@@ -196,6 +196,13 @@ TEST_F(StampTab, KeepsWhatItsListsDontOffer)
     EXPECT_EQ(Entry().Stamp, before);
 }
 
+TEST_F(StampTab, LayoutsStandInTheOrderOfTheirTabs)
+{
+    drawing->Layouts = {upper, model, ground};
+    ASSERT_TRUE(Set());
+    EXPECT_EQ(user.Items("cmbStampLayout"), (Texts{"All Layouts", "Model", "Ground", "Upper"}));
+}
+
 TEST_F(StampTab, FillingTwiceShowsEachTextOnce)
 {
     ASSERT_TRUE(Set());

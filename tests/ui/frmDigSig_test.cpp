@@ -68,6 +68,7 @@ TEST_F(DigSigTab, ANameIsTakenOnce)
     };
     refused([&] { user.Click("btnDigSigAdd"); }, "Owner");
     user.ChooseAt("lstDigSig", 0);
+    refused([&] { user.Click("btnDigSigAdd"); }, "Client"); // a new row has no name of its own
     refused([&] { user.Click("btnDigSigModify"); }, "Owner");
     EXPECT_EQ(user.Rows("lstDigSig")[0], "Client |  | 0.00 | 0.00 | 1.00 | 1.00 | Ground");
 }
