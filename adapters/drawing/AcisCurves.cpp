@@ -1,5 +1,6 @@
 #include "drawing/AcisCurves.h"
 
+#include "drawing/SpaceVectors.h"
 #include "drawing/SplinePoints.h"
 
 #include <numbers>
@@ -12,18 +13,6 @@ using Kind = AcisToken::Kind;
 constexpr double kTurn = 2 * std::numbers::pi;
 constexpr double kSame = 1e-6;
 
-double Dot(Vec3 a, Vec3 b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-Vec3 Cross(Vec3 a, Vec3 b)
-{
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-double Length(Vec3 v)
-{
-    return std::sqrt(Dot(v, v));
-}
 bool Near(Vec3 a, Vec3 b)
 {
     return Length(a - b) <= kSame * (1 + Length(a));
@@ -32,14 +21,6 @@ Vec3 At(const std::vector<double>& numbers, std::size_t first)
 {
     return {numbers[first], numbers[first + 1], numbers[first + 2]};
 }
-/// At right angles to `v`, of length 1.
-Vec3 AnyNormal(Vec3 v)
-{
-    const Vec3 axis = std::abs(v.x) < std::abs(v.y) ? Vec3{1, 0, 0} : Vec3{0, 1, 0};
-    const Vec3 normal = Cross(v, axis);
-    return normal * (1 / std::max(Length(normal), 1e-300));
-}
-
 bool IsEdge(const AcisRecord& record)
 {
     return record.name == "edge" || record.name == "tedge-edge";
@@ -54,8 +35,10 @@ bool AcisCurves::Append(std::vector<SolidEdge>& edges)
     for (const AcisRecord& record : m_records.All()) {
         if (IsEdge(record))
             complete = AppendEdge(record, edges) && complete;
-        else if (record.name == "face")
+        else if (record.name == "face") {
             AppendWhole(record, edges);
+            AppendWall(record, edges);
+        }
     }
     return complete;
 }
@@ -218,44 +201,6 @@ bool AcisCurves::AppendSpline(const AcisRecord& curve, Vec3 from, Vec3 to, std::
         point = m_map.Point(point);
     edges.push_back(std::move(edge));
     return true;
-}
-
-void AcisCurves::AppendCircle(Vec3 center, Vec3 u, Vec3 v, std::vector<SolidEdge>& edges) const
-{
-    SolidEdge edge;
-    edge.kind = SolidEdge::Kind::Arc;
-    edge.center = m_map.Point(center);
-    edge.u = m_map.Vector(u);
-    edge.v = m_map.Vector(v);
-    edge.sweep = kTurn;
-    edges.push_back(edge);
-}
-
-// A whole sphere or torus is a face without a loop: circles show where it lies.
-void AcisCurves::AppendWhole(const AcisRecord& face, std::vector<SolidEdge>& edges) const
-{
-    const AcisRecord* surface = nullptr;
-    for (std::size_t i = face.first; i < face.end; ++i) {
-        const AcisRecord* const target = m_records.Target(m_records.Token(i));
-        if (target != nullptr && target->name == "loop")
-            return;
-        if (target != nullptr && target->name.ends_with("-surface"))
-            surface = target;
-    }
-    const std::vector<double> n = surface != nullptr ? m_records.Numbers(*surface) : std::vector<double>{};
-    if (n.size() >= 4 && surface->name == "sphere-surface") {
-        const double r = std::abs(n[3]);
-        for (const auto& [u, v] : {std::pair{Vec3{r, 0, 0}, Vec3{0, r, 0}}, std::pair{Vec3{r, 0, 0}, Vec3{0, 0, r}},
-                                   std::pair{Vec3{0, r, 0}, Vec3{0, 0, r}}})
-            AppendCircle(At(n, 0), u, v, edges);
-    } else if (n.size() >= 8 && surface->name == "torus-surface" && Length(At(n, 3)) > 0) {
-        const Vec3 center = At(n, 0), axis = At(n, 3) * (1 / Length(At(n, 3))), u = AnyNormal(axis), v = Cross(axis, u);
-        const double ring = n[6], tube = n[7];
-        for (const double radius : {ring + tube, ring - tube})
-            AppendCircle(center, u * radius, v * radius, edges);
-        for (const Vec3 out : {u, v, u * -1, v * -1})
-            AppendCircle(center + out * ring, out * tube, axis * tube, edges);
-    }
 }
 
 } // namespace sm::drawing

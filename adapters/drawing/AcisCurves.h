@@ -27,6 +27,9 @@ private:
     bool AppendArc(const AcisRecord& curve, Vec3 from, Vec3 to, std::vector<SolidEdge>& edges) const;
     bool AppendSpline(const AcisRecord& curve, Vec3 from, Vec3 to, std::vector<SolidEdge>& edges) const;
     [[nodiscard]] bool ReadSpline(std::size_t at, SolidEdge& edge) const;
+    void AppendWall(const AcisRecord& face, std::vector<SolidEdge>& edges) const;
+    [[nodiscard]] std::vector<SolidEdge> CirclesOf(const AcisRecord& face) const;
+    [[nodiscard]] const AcisRecord* First(const AcisRecord& record, std::string_view name) const;
     void AppendWhole(const AcisRecord& face, std::vector<SolidEdge>& edges) const;
     void AppendCircle(Vec3 center, Vec3 u, Vec3 v, std::vector<SolidEdge>& edges) const;
 

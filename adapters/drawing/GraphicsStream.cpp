@@ -1,6 +1,7 @@
 #include "drawing/GraphicsStream.h"
 
 #include "drawing/PackedPolyline.h"
+#include "drawing/SpaceVectors.h"
 #include "drawing/TextDecoder.h"
 
 #include <cstring>
@@ -55,16 +56,6 @@ enum Step : std::int32_t {
 bool IsSilent(std::int32_t kind)
 {
     return kind != kPushClip;
-}
-
-double Dot(Vec3 a, Vec3 b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-Vec3 Cross(Vec3 a, Vec3 b)
-{
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
 
 } // namespace

@@ -44,10 +44,31 @@ Painter::Painter(const drawing::Drawing& drawing, ICanvas& canvas, TextEngine& t
 
 Painter::~Painter() = default;
 
+template <class Data> Outcome Painter::Leaf(Data& data, const drawing::EntityRecord& record, const Frame& frame)
+{
+    Read(m_drawing, record, data);
+    if (Hidden(data, frame)) {
+        return Outcome::Hidden;
+    }
+    if (m_annotationScale != 0) {
+        drawing::AdaptTo(m_drawing, record, m_annotationScale, data);
+    }
+    Enter(data, record, frame);
+    const bool possible = Draw(data, record.kind);
+    if (data.thickness != 0 && HasSides(record.kind)) {
+        DrawThickness(data);
+    }
+    const bool drawn = m_ink.End();
+    return drawn ? Outcome::Drawn : possible ? Outcome::OffPage : Outcome::NotDrawn;
+}
+
 Outcome Painter::Try(const drawing::EntityRecord& record, const Frame& frame)
 {
     try {
-        return Dispatch(record, frame);
+        const Outcome outcome = Dispatch(record, frame);
+        // What can't be drawn may bring a picture of itself along.
+        const bool missing = outcome == Outcome::NotDrawn;
+        return missing ? std::max(outcome, Leaf(m_buffers->graphics, record, frame)) : outcome;
     } catch (...) { // one entity that can't be drawn never ends the drawing
         m_ink.End();
         Remark("an entity gave up half-way");
@@ -83,24 +104,6 @@ Outcome Painter::PaintBlock(std::uint32_t block, const Frame& frame)
     }
     m_budget -= records.size() + 1; // an empty block costs something as well
     return PaintAll(block, frame);
-}
-
-template <class Data> Outcome Painter::Leaf(Data& data, const drawing::EntityRecord& record, const Frame& frame)
-{
-    Read(m_drawing, record, data);
-    if (Hidden(data, frame)) {
-        return Outcome::Hidden;
-    }
-    if (m_annotationScale != 0) {
-        drawing::AdaptTo(m_drawing, record, m_annotationScale, data);
-    }
-    Enter(data, record, frame);
-    const bool possible = Draw(data, record.kind);
-    if (data.thickness != 0 && HasSides(record.kind)) {
-        DrawThickness(data);
-    }
-    const bool drawn = m_ink.End();
-    return drawn ? Outcome::Drawn : possible ? Outcome::OffPage : Outcome::NotDrawn;
 }
 
 Outcome Painter::Dispatch(const drawing::EntityRecord& record, const Frame& frame)

@@ -78,6 +78,18 @@ const Row kRows[] = {
      "edge $-1 -1 $-1 $2 0 $3 5 $-1 $7 forward @7 unknown #\nstraight-curve $-1 -1 $-1 0 0 0 1 0 0 I I #\n",
      {"stroke 000000 0.25 m 10 20 l 15 20"},
      {}},
+    {"WallOfAPipe", // leaning, so that its four lines show
+     "edge $-1 $2 $2 $-1 $7 forward #\nellipse-curve $-1 1 0 0 0 0 1 1 0 0 1 I I #\n"
+     "edge $-1 $3 $3 $-1 $9 forward #\nellipse-curve $-1 6 0 0 0 0 1 1 0 0 1 I I #\n"
+     "coedge $-1 $10 $10 $-1 $6 forward $12 $-1 #\ncoedge $-1 $11 $11 $-1 $8 forward $13 $-1 #\n"
+     "loop $-1 $13 $10 $14 #\nloop $-1 $-1 $11 $14 #\nface $-1 $-1 $12 $-1 $-1 $15 forward single #\n"
+     "cone-surface $-1 0 0 0 0 0 1 1 0 0 1 I I 0 1 forward I I I I #\n",
+     {"stroke 000000 0.25 m 12 20 c 12 20.552 11.552 21 11 21 c 10.448 21 10 20.552 10 20 c 10 19.448 10.448 19 11 19 "
+      "c "
+      "11.552 19 12 19.448 12 20 h m 17 20 c 17 20.552 16.552 21 16 21 c 15.448 21 15 20.552 15 20 c 15 19.448 15.448 "
+      "19 "
+      "16 19 c 16.552 19 17 19.448 17 20 h m 12 20 l 17 20 m 11 21 l 16 21 m 10 20 l 15 20 m 11 19 l 16 19"},
+     {}},
     {"WholeSphere", // as circles, two of them seen from the side
      "face $-1 $-1 $-1 $-1 $-1 $7 forward single #\nsphere-surface $-1 0 0 0 2 1 0 0 0 0 1 forward_v I I I I #\n",
      {"stroke 000000 0.25 m 12 20 c 12 21.105 11.105 22 10 22 c 8.895 22 8 21.105 8 20 c 8 18.895 8.895 18 10 18 c "
