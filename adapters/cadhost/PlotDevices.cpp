@@ -4,26 +4,39 @@
 #include "cadhost/PaperRules.h"
 
 #include <algorithm>
+#include <dirent.h>
 #include <filesystem>
 #include <functional>
+#include <memory>
+#include <strings.h>
 
 namespace sm::cadhost {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// Names of the folder's files with one of the extensions, sorted; none when it can't be read.
+/// Follows links; only for entries of which the folder doesn't tell what they are.
+bool IsFile(const std::string& path)
+{
+    std::error_code ignored;
+    return fs::is_regular_file(path, ignored);
+}
+
+/// Names of the folder's files with one of the extensions, sorted; none when it can't be read. Drawings lie by the
+/// thousand in one folder, which is listed for each of them: names alone are looked at.
 std::vector<std::string> ListFiles(const std::string& folder, std::initializer_list<std::string_view> extensions)
 {
     std::vector<std::string> names;
-    std::error_code error;
-    for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-        const std::string name = entry->path().filename().string();
-        std::error_code ignored;
-        const bool listed = std::any_of(extensions.begin(), extensions.end(),
-                                        [&](std::string_view extension) { return HasExtension(name, extension); });
-        if (listed && entry->is_regular_file(ignored))
-            names.push_back(name);
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.empty() ? "." : folder.c_str()), closedir);
+    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
+        const std::string_view name = entry->d_name;
+        const auto ends = [name](std::string_view extension) {
+            return name.size() > extension.size() &&
+                   strncasecmp(name.data() + name.size() - extension.size(), extension.data(), extension.size()) == 0;
+        };
+        const bool listed = std::any_of(extensions.begin(), extensions.end(), ends);
+        if (listed && (entry->d_type == DT_REG || IsFile(folder + "/" + entry->d_name)))
+            names.emplace_back(name);
     }
     std::sort(names.begin(), names.end());
     return names;

@@ -87,8 +87,10 @@ std::int32_t PubDoc::AddPsFile(const std::string& psPath, double width, double h
         const std::size_t number = m_pages.size() + 1;
         CheckPostScriptFile(psPath, number);
         CheckPageSize(width, height, resolution, number);
-        JobOptions options = ReadJobOptionsFile(jobOptionsPath);
-        m_pages.push_back({{psPath, width, height, resolution, number}, std::move(options.text), {}});
+        if (!m_jobOptions || m_jobOptions->first != jobOptionsPath) {
+            m_jobOptions.emplace(jobOptionsPath, ReadJobOptionsFile(jobOptionsPath).text);
+        }
+        m_pages.push_back({{psPath, width, height, resolution, number}, m_jobOptions->second, {}});
         return PublishStatus::Done;
     });
 }

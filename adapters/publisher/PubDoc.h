@@ -11,7 +11,9 @@
 #include "publisher/TemporaryFolder.h"
 
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace sm::publisher {
@@ -64,6 +66,7 @@ private:
     std::unique_ptr<IPageMaker> m_pageMaker;
     std::unique_ptr<TemporaryFolder> m_folder;
     std::vector<DocumentPage> m_pages;
+    std::optional<std::pair<std::string, std::string>> m_jobOptions; ///< the last page's: path and clean text
     DocumentInfo m_info;
     std::string m_lastError;
     std::size_t m_namesGiven = 0;

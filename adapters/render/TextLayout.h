@@ -51,6 +51,8 @@ public:
     /// With the shipped fonts.map ("SHEETMAKER_PDF_SHARE", or share/sheetmaker-pdf above the program) and the user's.
     static std::unique_ptr<TextEngine> Create();
     static std::unique_ptr<TextEngine> Create(const TextFolders& folders);
+    /// Reads what all engines of this process and of those that it forks share: many drawings need it but once.
+    static void Prepare();
     virtual ~TextEngine() = default;
     /// TEXT, ATTRIB, ATTDEF. The result is valid until the next call.
     virtual const LaidText& Lay(const drawing::Drawing&, const drawing::TextData&) = 0;

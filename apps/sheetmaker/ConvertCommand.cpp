@@ -1,5 +1,6 @@
 #include "sheetmaker/ConvertCommand.h"
 
+#include "render/TextLayout.h"
 #include "sheetmaker/ExitCodes.h"
 #include "sheetmaker/LogFiles.h"
 #include "sheetmaker/OutputPlan.h"
@@ -49,6 +50,8 @@ public:
         if (m_job.output)
             for (const PlannedDrawing& planned : plan.drawings)
                 MakeFolderOf(planned.pdfPath);
+        if (plan.drawings.size() > 1)
+            render::TextEngine::Prepare();
         const LogFiles logs(m_install.places.stateFolder, plan.drawings.size());
         const bool ended = RunPool(Tasks(plan, logs), Workers(), work, Callbacks());
         m_console.ClearProgress();

@@ -4,6 +4,8 @@
 #include "render/TextLayout.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace sm::render {
 namespace {
@@ -333,6 +335,22 @@ TEST_F(TextTest, WorksWithoutAnyTable)
     const auto bare = TextEngine::Create({"", ""});
     const LaidText& laid = bare->Lay(drawing, Text("Ab", kOutline));
     EXPECT_EQ(laid.glyphs.size(), 1U);
+}
+
+TEST_F(TextTest, WhatIsPreparedServesForkedProcesses)
+{
+    TextEngine::Prepare();
+    const pid_t child = fork();
+    if (child == 0) {
+        const auto own = TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""});
+        const bool outlines = own->Lay(drawing, Text("Ab", kOutline)).glyphs.at(0).run.font->Name() == "LiberationSans";
+        const bool strokes = own->Lay(drawing, Text("Ab", kStroke)).glyphs.at(0).run.font->Name() == "romans";
+        const bool others = own->Lay(drawing, Text("图", kOutline)).glyphs.at(0).run.glyphs.at(0) != 0;
+        _exit(outlines && strokes && others ? 0 : 1);
+    }
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
 }
 
 TEST_F(TextTest, NumbersOutOfRangeDoNoHarm)

@@ -3,6 +3,8 @@
 #include "render/text/Unicode.h"
 
 #include <cstdlib>
+#include <cstring>
+#include <dirent.h>
 #include <filesystem>
 #include <fontconfig/fontconfig.h>
 #include <memory>
@@ -47,9 +49,9 @@ std::string Home(const char* below)
     return home != nullptr && *home == '/' ? std::string(home) + below : std::string();
 }
 
-} // namespace
+using Files = std::map<std::string, std::string>;
 
-void FontFolders::ScanFolder(const std::string& folder)
+void ScanFolder(const std::string& folder, Files& files)
 {
     namespace fs = std::filesystem;
     std::error_code error;
@@ -60,9 +62,39 @@ void FontFolders::ScanFolder(const std::string& folder)
         }
         const std::string name = Lowered(at->path().filename().string());
         if (IsFontFile(name)) {
-            m_files.try_emplace(name, at->path().string());
+            files.try_emplace(name, at->path().string());
         }
     }
+}
+
+/// The user's own folders first.
+Files ScanMachine()
+{
+    const char* data = std::getenv("XDG_DATA_HOME");
+    Files files;
+    for (const std::string& folder :
+         {data != nullptr && *data == '/' ? std::string(data) + "/fonts" : Home("/.local/share/fonts"), Home("/.fonts"),
+          std::string("/usr/local/share/fonts"), std::string("/usr/share/fonts"),
+          std::string("/usr/share/librecad/fonts")}) {
+        if (!folder.empty()) {
+            ScanFolder(folder, files);
+        }
+    }
+    return files;
+}
+
+const Files& MachineFiles()
+{
+    static const Files kFiles = ScanMachine();
+    return kFiles;
+}
+
+} // namespace
+
+void FontFolders::Prepare()
+{
+    MachineFiles();
+    FcInit();
 }
 
 void FontFolders::Scan()
@@ -71,14 +103,9 @@ void FontFolders::Scan()
         return;
     }
     m_scanned = true;
-    std::vector<std::string> folders = m_more;
-    const char* data = std::getenv("XDG_DATA_HOME");
-    folders.push_back(data != nullptr && *data == '/' ? std::string(data) + "/fonts" : Home("/.local/share/fonts"));
-    folders.push_back(Home("/.fonts"));
-    folders.insert(folders.end(), {"/usr/local/share/fonts", "/usr/share/fonts", "/usr/share/librecad/fonts"});
-    for (const std::string& folder : folders) {
+    for (const std::string& folder : m_more) {
         if (!folder.empty()) {
-            ScanFolder(folder);
+            ScanFolder(folder, m_files);
         }
     }
 }
@@ -86,21 +113,25 @@ void FontFolders::Scan()
 const std::string* FontFolders::Named(std::string_view fileName)
 {
     Scan();
-    const auto found = m_files.find(Lowered(fileName));
-    return found == m_files.end() ? nullptr : &found->second;
+    const std::string name = Lowered(fileName);
+    if (const auto own = m_files.find(name); own != m_files.end()) {
+        return &own->second;
+    }
+    const auto found = MachineFiles().find(name);
+    return found == MachineFiles().end() ? nullptr : &found->second;
 }
 
 FontFolders::Files FontFolders::FilesIn(const std::string& folder)
 {
-    namespace fs = std::filesystem;
     Files files;
-    std::error_code error;
-    fs::directory_iterator at(folder, fs::directory_options::skip_permission_denied, error), end;
-    for (; !error && at != end; at.increment(error)) {
-        const std::string name = Lowered(at->path().filename().string());
-        if (IsFontFile(name)) {
-            files.try_emplace(name, at->path().string());
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
+    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
+        // Drawings lie by the thousand in one folder: most names are passed over before they are copied.
+        const std::size_t length = std::strlen(entry->d_name);
+        if (length < 5 || !IsFontFile(Lowered({entry->d_name + length - 4, 4}))) {
+            continue;
         }
+        files.try_emplace(Lowered(entry->d_name), folder + "/" + entry->d_name);
     }
     return files;
 }

@@ -19,6 +19,9 @@ class FontFolders {
 public:
     /// `more` is searched before the machine's folders.
     explicit FontFolders(std::vector<std::string> more) : m_more(std::move(more)) {}
+    /// Reads what all folders share, once for this process and those that it forks: the machine's font files, and
+    /// fontconfig's settings.
+    static void Prepare();
     /// The font file of that name, letter case aside; null when there is none.
     [[nodiscard]] const std::string* Named(std::string_view fileName);
     /// The same, looked for in `folder` (that of a drawing; may be empty) before the others, but not below it.
@@ -30,13 +33,12 @@ public:
 
 private:
     void Scan();
-    void ScanFolder(const std::string& folder);
 
     using Files = std::map<std::string, std::string>; ///< paths by name in small letters
     static Files FilesIn(const std::string& folder);
 
     std::vector<std::string> m_more;
-    Files m_files;
+    Files m_files;                         ///< of the folders that come before the machine's
     std::map<std::string, Files> m_beside; ///< by folder
     bool m_scanned = false;
 };

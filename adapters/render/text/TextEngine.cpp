@@ -76,6 +76,11 @@ std::string UserFolder()
 
 } // namespace
 
+void TextEngine::Prepare()
+{
+    FontFolders::Prepare();
+}
+
 std::unique_ptr<TextEngine> TextEngine::Create()
 {
     return Create({ShippedFolder(), UserFolder()});
