@@ -3,6 +3,8 @@
 #include "render/PainterBuffers.h"
 #include "render/Palette.h"
 
+#include <cmath>
+
 namespace sm::render {
 
 namespace {
@@ -42,6 +44,38 @@ std::vector<Vec2> Widened(const std::vector<Vec2>& corners, double margin)
         }
     }
     return wide;
+}
+
+/// Mirrored so that letters follow each other to the left.
+bool ReadsBackwards(const Matrix2& m)
+{
+    return m.a * m.d - m.b * m.c < 0 && m.a < 1e-6 * std::fabs(m.b);
+}
+
+/// The shapes of a run's glyphs where they stand on the sheet.
+Path GlyphsOf(const TextRun& run)
+{
+    Path all, glyph;
+    for (std::size_t i = 0; i < run.glyphs.size() && i < run.positions.size(); ++i) {
+        run.font->Outline(run.glyphs[i], glyph);
+        for (Vec2& point : glyph.points) {
+            point = point + run.positions[i];
+        }
+        AppendMapped(all, glyph, run.toPaper);
+    }
+    return all;
+}
+
+/// Makes an invisible run of a mirrored one that is drawn as a path: in its place, but readable, so that it is found.
+void TurnRound(TextRun& run)
+{
+    const Matrix2 m = run.toPaper;
+    const Vec2 end = m.Apply({run.advance, 0});
+    run.toPaper = {-m.a, -m.b, m.c, m.d, end.x, end.y};
+    run.font = nullptr;
+    run.glyphs.clear();
+    run.penWidth = 0;
+    run.invisible = true;
 }
 
 } // namespace
@@ -103,6 +137,10 @@ void Painter::DrawRun(const TextRun& from, const Matrix2& plane, std::uint32_t c
     run.toPaper = Compose(plane, from.toPaper);
     run.color = color;
     run.penWidth = run.font != nullptr && run.font->IsStroked() ? StrokePen().width : 0;
+    if (run.font != nullptr && ReadsBackwards(run.toPaper)) {
+        DrawTextPath(GlyphsOf(run), {}, color, !run.font->IsStroked());
+        TurnRound(run);
+    }
     m_ink.Text(run, m_outline);
 }
 

@@ -121,11 +121,18 @@ std::string_view ShapeFile::Codes(std::uint16_t number) const
 
 bool ShapeFile::Append(std::uint16_t number, Path& path) const
 {
+    Vec2 end;
+    return Append(number, path, end);
+}
+
+bool ShapeFile::Append(std::uint16_t number, Path& path, Vec2& end) const
+{
     if (m_codes.find(number) == m_codes.end()) {
         return false;
     }
     ShapePen pen(*this, path);
     pen.Draw(number, 0);
+    end = pen.At();
     return true;
 }
 

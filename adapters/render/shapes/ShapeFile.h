@@ -27,6 +27,8 @@ public:
     [[nodiscard]] std::uint16_t NumberOf(std::string_view name) const;
     /// Appends the strokes in shape units, from the shape's own origin; false when the file has no such shape.
     bool Append(std::uint16_t number, Path& path) const;
+    /// The same; `end` is where the pen stands afterwards: the next letter's origin in a font.
+    bool Append(std::uint16_t number, Path& path, Vec2& end) const;
     /// The bytes of a shape, its name left out; empty when there is none.
     [[nodiscard]] std::string_view Codes(std::uint16_t number) const;
     [[nodiscard]] bool IsUnifont() const { return m_unifont; }

@@ -12,6 +12,7 @@ public:
     ShapePen(const ShapeFile& file, Path& path) : m_file(file), m_path(path) {}
     /// `depth`: how many shapes deep this one lies in another.
     void Draw(std::uint16_t number, int depth);
+    [[nodiscard]] Vec2 At() const { return m_at; }
 
 private:
     /// Reads one shape's bytes; 0 behind their end.

@@ -1,5 +1,7 @@
 #include "render/text/StrokeFont.h"
 
+#include "render/text/FontNames.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -139,6 +141,9 @@ StrokeGlyph Box()
 
 std::unique_ptr<StrokeFont> StrokeFont::Open(const std::string& path)
 {
+    if (EndingOf(path) == ".shx") {
+        return FromShapes(ShapeFile::Open(path), SafeName(path));
+    }
     std::ifstream file(path, std::ios::binary);
     std::ostringstream text;
     if (!file || !(text << file.rdbuf())) {
@@ -225,6 +230,9 @@ const StrokeGlyph* StrokeFont::Find(char32_t character) const
 {
     if (const auto known = m_glyphs.find(character); known != m_glyphs.end()) {
         return &known->second;
+    }
+    if (m_shapes) {
+        return FindShape(character);
     }
     const bool blank = character == U' ' || character == 0xA0;
     const auto section = m_sections.find(character);

@@ -1,11 +1,13 @@
-// Fonts of strokes in the LFF text format: capitals 9 units high, one section a character.
+// Fonts of strokes: compiled shape files (SHX, see ShapeFile) and the LFF text format.
 //
+// LFF: capitals 9 units high, one section a character.
 // A section is "[hex] c", then lines: "x,y;x,y,Ab;..." is an open polyline whose points may carry the bulge b of the
 // segment that ends in them; "Chex" repeats another character's strokes. Heads "# LetterSpacing: 3" and "# WordSpacing:
 // 6.75" give the gap between letters and the width of a blank.
 #pragma once
 
 #include "render/FontFace.h"
+#include "render/shapes/ShapeFile.h"
 #include "render/text/FontMap.h"
 
 #include <cstdint>
@@ -32,6 +34,8 @@ public:
     static std::unique_ptr<StrokeFont> Open(const std::string& path);
     /// The same over the text of a file.
     static std::unique_ptr<StrokeFont> FromText(std::string text, std::string name = "strokes");
+    /// The letters of a compiled shape file; null when it is none or holds shapes that are no letters.
+    static std::unique_ptr<StrokeFont> FromShapes(std::unique_ptr<ShapeFile> shapes, std::string name = "strokes");
     /// A font that has but the box for missing characters.
     static const StrokeFont& Boxes();
     /// The widths of the font it stands for; `width` is how much wider than the file's its letters will be drawn. To
@@ -58,11 +62,15 @@ public:
 
 private:
     bool Index();
+    bool ReadShape(char32_t character, StrokeGlyph& glyph) const;
+    const StrokeGlyph* FindShape(char32_t character) const;
     void ReadHead(std::string_view line);
     void ReadSection(std::string_view section, StrokeGlyph& glyph, int depth) const;
     void SetWidth(char32_t character, StrokeGlyph& glyph) const;
 
     std::string m_name = "strokes", m_text;
+    std::unique_ptr<ShapeFile> m_shapes;                       ///< null: LFF
+    double m_above = 1;                                        ///< height of the shapes' capitals
     std::unordered_map<char32_t, std::string_view> m_sections; ///< into m_text
     mutable std::unordered_map<char32_t, StrokeGlyph> m_glyphs;
     double m_letterSpacing = 3, m_wordSpacing = 6.75; ///< font units
