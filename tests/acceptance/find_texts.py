@@ -3,12 +3,15 @@
 
     find_texts.py PROGRAM FOLDER [PATTERN]
 
-The drawings of FOLDER and small ones of our own are converted with `--layouts model --page-setup global`: the extents of the
-model, so that nothing is cut away. Another reader (ezdxf) says which texts are visible (TEXT, MTEXT, ATTRIB, texts in blocks,
-layers that are on, thawed and plotted); pdftotext (words in the order of the page) must give each of them, blanks and line ends counted
-alike. A text with spread letters or a stack is compared without its blanks. Left out: empty texts, attribute definitions.
+The drawings of FOLDER and small ones of our own are converted with `--layouts model --page-setup global`: the extents of
+the model, so that nothing is cut away. Another reader (ezdxf) says which texts are visible (TEXT, MTEXT, ATTRIB, texts in
+blocks, layers that are on, thawed and plotted); pdftotext -raw must give each of them, or its word boxes must (raw lines
+have no blank where letters are very narrow), in reading order and as often as the drawing has it, blanks and line ends
+counted alike. A text with spread letters or a stack is compared without its blanks. Left out: empty texts, attribute
+definitions, and bytes that the drawing's code page leaves undefined.
 Prints a table drawing / texts / found / missing; fails when one is missing.
 """
+import collections
 import glob
 import html
 import os
@@ -85,22 +88,28 @@ class Texts:
             self.walk((part for part in block if part.dxftype() != "ATTDEF"), depth + 1)
 
 
-def text_of(program, drawing, folder):
+def texts_of(program, drawing, folder):
     pdf = os.path.join(folder, "texts.pdf")
     run = subprocess.run([program, "convert", drawing, "--layouts", "model", "--page-setup", "global", "-o", pdf],
                          capture_output=True, text=True)
     if run.returncode not in (0, 4):
         raise RuntimeError(f"{drawing}: {run.stderr.strip()}")
     boxes = pdf_tools.output_of("pdftotext", "-raw", "-bbox", "-enc", "UTF-8", pdf, "-")
-    return " ".join(html.unescape(word) for word in re.findall(r"<word [^>]*>(.*?)</word>", boxes))
+    words = " ".join(html.unescape(word) for word in re.findall(r"<word [^>]*>(.*?)</word>", boxes))
+    return [pdf_tools.output_of("pdftotext", "-raw", "-enc", "UTF-8", pdf, "-"), words]
 
 
 def check(program, drawing, texts, folder):
     """(wanted, missing) of a drawing."""
-    got = text_of(program, drawing, folder)
-    line, letters = normalised(got), packed(got)
+    readings = [(normalised(got), packed(got)) for got in texts_of(program, drawing, folder)]
     wanted = [(text, spread) for text, spread in texts if packed(text)]
-    missing = [text for text, spread in wanted if (packed(text) not in letters if spread else normalised(text) not in line)]
+
+    def times(text, spread):
+        return max(letters.count(packed(text)) if spread else line.count(normalised(text)) for line, letters in readings)
+
+    missing = []
+    for (text, spread), count in collections.Counter(wanted).items():
+        missing += [text] * max(0, count - times(text, spread))
     return wanted, missing
 
 
