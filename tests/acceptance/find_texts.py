@@ -5,10 +5,9 @@
 
 The drawings of FOLDER and small ones of our own are converted with `--layouts model --page-setup global`: the extents of
 the model, so that nothing is cut away. Another reader (ezdxf) says which texts are visible (TEXT, MTEXT, ATTRIB, texts in
-blocks, layers that are on, thawed and plotted); pdftotext -raw must give each of them, or its word boxes must (raw lines
-have no blank where letters are very narrow), in reading order and as often as the drawing has it, blanks and line ends
-counted alike. A text with spread letters or a stack is compared without its blanks. Left out: empty texts, attribute
-definitions, and bytes that the drawing's code page leaves undefined.
+blocks, layers that are on, thawed and plotted); pdftotext -raw must give each of them in reading order and as often as the
+drawing has it, blanks and line ends counted alike. A text with spread letters, with a stack or at half its width is compared
+without its blanks. Left out: empty texts, attribute definitions, and bytes that the code page leaves undefined.
 Prints a table drawing / texts / found / missing; fails when one is missing.
 """
 import collections
@@ -29,6 +28,8 @@ import pdf_tools  # noqa: E402
 import text_drawings  # noqa: E402
 
 DEEPEST = 8
+NARROWEST = 0.6  # raw lines have no blank between words whose letters are narrower
+UNEVEN = re.compile("track|upper|narrow")
 SPREAD = re.compile(r"\\[TS]")
 
 
@@ -64,7 +65,7 @@ class Texts:
                 continue
             kind = entity.dxftype()
             if kind == "TEXT":
-                self.found.append((entity.plain_text(), False))
+                self.found.append((entity.plain_text(), entity.dxf.width <= NARROWEST))
             elif kind == "MTEXT":
                 self.add_mtext(entity)
             elif kind == "INSERT":
@@ -88,28 +89,24 @@ class Texts:
             self.walk((part for part in block if part.dxftype() != "ATTDEF"), depth + 1)
 
 
-def texts_of(program, drawing, folder):
+def text_of(program, drawing, folder):
     pdf = os.path.join(folder, "texts.pdf")
     run = subprocess.run([program, "convert", drawing, "--layouts", "model", "--page-setup", "global", "-o", pdf],
                          capture_output=True, text=True)
     if run.returncode not in (0, 4):
         raise RuntimeError(f"{drawing}: {run.stderr.strip()}")
-    boxes = pdf_tools.output_of("pdftotext", "-raw", "-bbox", "-enc", "UTF-8", pdf, "-")
-    words = " ".join(html.unescape(word) for word in re.findall(r"<word [^>]*>(.*?)</word>", boxes))
-    return [pdf_tools.output_of("pdftotext", "-raw", "-enc", "UTF-8", pdf, "-"), words]
+    return pdf_tools.output_of("pdftotext", "-raw", "-enc", "UTF-8", pdf, "-")
 
 
 def check(program, drawing, texts, folder):
     """(wanted, missing) of a drawing."""
-    readings = [(normalised(got), packed(got)) for got in texts_of(program, drawing, folder)]
+    got = text_of(program, drawing, folder)
+    line, letters = normalised(got), packed(got)
     wanted = [(text, spread) for text, spread in texts if packed(text)]
-
-    def times(text, spread):
-        return max(letters.count(packed(text)) if spread else line.count(normalised(text)) for line, letters in readings)
-
     missing = []
     for (text, spread), count in collections.Counter(wanted).items():
-        missing += [text] * max(0, count - times(text, spread))
+        times = letters.count(packed(text)) if spread else line.count(normalised(text))
+        missing += [text] * max(0, count - times)
     return wanted, missing
 
 
@@ -120,7 +117,7 @@ def main():
     with tempfile.TemporaryDirectory() as folder:
         os.environ["XDG_CONFIG_HOME"] = os.environ["XDG_STATE_HOME"] = folder
         own = text_drawings.all_drawings(folder)
-        rows = [(path, [(text, "track" in text or "upper" in text) for text in texts]) for path, texts in own]
+        rows = [(path, [(text, bool(UNEVEN.search(text))) for text in texts]) for path, texts in own]
         rows += [(path, Texts(path).found) for path in sorted(glob.glob(os.path.join(shared, pattern)))]
         print(f"{'drawing':44} {'texts':>6} {'found':>6} {'missing':>8}")
         for path, texts in rows:

@@ -46,10 +46,10 @@ void Map(Path& path, const Matrix2& map)
 
 } // namespace
 
-std::vector<Vec2> CornersOf(const Box2& box, const Matrix2& map)
+void SetCorners(const Box2& box, const Matrix2& map, std::vector<Vec2>& corners)
 {
-    return {map.Apply(box.min), map.Apply({box.max.x, box.min.y}), map.Apply(box.max),
-            map.Apply({box.min.x, box.max.y})};
+    corners = {map.Apply(box.min), map.Apply({box.max.x, box.min.y}), map.Apply(box.max),
+               map.Apply({box.min.x, box.max.y})};
 }
 
 void LaidParts::Begin()
@@ -87,7 +87,7 @@ void LaidParts::Place(const Matrix2& map, const Box2& box)
         Map(part.path, map);
     }
     if (!box.Empty()) {
-        m_result.outline = CornersOf(box, map);
+        SetCorners(box, map, m_result.outline);
     }
 }
 

@@ -5,8 +5,8 @@
 
 namespace sm::render {
 
-/// The images of a box's corners, counter-clockwise from the lower left one.
-std::vector<Vec2> CornersOf(const Box2& box, const Matrix2& map);
+/// Fills `corners` with the images of a box's corners, counter-clockwise from the lower left one.
+void SetCorners(const Box2& box, const Matrix2& map, std::vector<Vec2>& corners);
 
 class LaidParts {
 public:

@@ -257,7 +257,7 @@ void MTextLayout::Lay(const drawing::Drawing& drawing, const drawing::MTextData&
     Box2 frame;
     frame.Add(Vec2{0, 0});
     frame.Add(Vec2{m_boxWidth, m_boxBottom - descent});
-    result.frame = CornersOf(frame, map);
+    SetCorners(frame, map, result.frame);
 }
 
 } // namespace sm::render
