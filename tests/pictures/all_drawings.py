@@ -1,0 +1,174 @@
+#!/usr/bin/python3
+"""Every layout with content of every drawing, beside the picture that ezdxf makes of it; and what we leave out.
+
+    all_drawings.py PROGRAM FOLDER OUT_FOLDER [PATTERN]
+
+FOLDER holds DXF and DWG drawings ("broken" aside). For each layout that holds something, OUT_FOLDER gets a picture: ours on
+the left, ezdxf's on the right, both cut to their ink. `differences.txt` lists the shares of differing ink, the worst first.
+DWGs go to ezdxf through the DXF of our converter. The second list names each kind of entity that isn't drawn, and says why
+where that is known (NOT_DRAWN); one without a reason ends the run with exit code 1. The pictures judge nothing by
+themselves: look at the worst. Takes many minutes; needs python3-matplotlib besides what compare_pictures.py needs.
+"""
+import collections
+import glob
+import json
+import os
+import re
+import subprocess
+import sys
+import tempfile
+
+sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import compare_pictures as pictures  # noqa: E402
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+DWG = os.path.join(HERE, "..", "..", "share", "sheetmaker-pdf", "dwg")
+DEADLINE = 240  # seconds for one drawing in ezdxf
+NO_PICTURE = "holds no picture of itself: "
+NOT_DRAWN = {
+    "LIGHT": "is seen in rendered views only",
+    "SUN": "is seen in rendered views only",
+    "CAMERA": "is never plotted",
+    "ACDBPOINTCLOUD": NO_PICTURE + "the points stand in another file",
+    "SECTIONOBJECT": NO_PICTURE + "a section line of a 3-D model",
+    "OLE2FRAME": NO_PICTURE + "the object of another program",
+    "OLEFRAME": NO_PICTURE + "the object of another program",
+    "DWFUNDERLAY": "needs a reader of DWF files",
+    "DGNUNDERLAY": "needs a reader of DGN files",
+    "PDFUNDERLAY": "its file isn't there",
+    "IMAGE": "its file isn't there",
+    "ACAD_PROXY_ENTITY": NO_PICTURE + "written without graphics",
+    "ACAD_TABLE": "lost by the DWG converter: from R2010 on its DXF has neither cells nor block",
+    "3DSOLID": "its body is written in the compressed form, which holds no edges to read",
+    "BODY": "its body is written in the compressed form, which holds no edges to read",
+    "REGION": "its body is written in the compressed form, which holds no edges to read",
+    "PLANESURFACE": "its body is written in the compressed form, which holds no edges to read",
+    "EXTRUDEDSURFACE": "its body is written in the compressed form, which holds no edges to read",
+    "LOFTEDSURFACE": "its body is written in the compressed form, which holds no edges to read",
+    "REVOLVEDSURFACE": "its body is written in the compressed form, which holds no edges to read",
+    "SWEPTSURFACE": "its body is written in the compressed form, which holds no edges to read",
+    "INSERT": "of a block that isn't there, or an external reference whose file isn't there",
+}
+
+
+def drawings_in(folder, pattern):
+    paths = [path for ending in ("dxf", "dwg", "dwt")
+             for path in glob.glob(os.path.join(folder, "**", pattern + "." + ending), recursive=True)]
+    return sorted(path for path in paths if os.sep + "broken" + os.sep not in path)
+
+
+def reference_dxf(drawing, folder):
+    """What ezdxf reads: the drawing itself, or the DXF of a DWG."""
+    if drawing.lower().endswith(".dxf"):
+        return drawing
+    dxf = os.path.join(folder, "converted.dxf")
+    package = os.path.join(DWG, "node_modules", "@mlightcad", "libredwg-web")
+    subprocess.run(["node", "--liftoff-only", os.path.join(DWG, "to-dxf.mjs"), package, drawing, dxf], check=True,
+                   capture_output=True)
+    return dxf
+
+
+def draw_references(dxf, names, folder):
+    """Pictures 0.png, 1.png, ... of those layouts; run in a process of its own, so that it can be stopped."""
+    document, _ = pictures.recover.readfile(dxf)
+    for index, name in enumerate(names):
+        layout = document.modelspace() if name == "" else document.layouts.get(name)
+        figure = pictures.pyplot.figure(figsize=(14, 14))
+        axes = figure.add_axes([0, 0, 1, 1])
+        paper = pictures.LayoutProperties.from_layout(layout)
+        paper.set_colors("#ffffff")
+        backend = pictures.MatplotlibBackend(axes)
+        pictures.Frontend(pictures.RenderContext(document), backend).draw_layout(layout, finalize=True,
+                                                                                  layout_properties=paper)
+        figure.savefig(os.path.join(folder, f"{index}.png"), dpi=150, facecolor="white")
+        pictures.pyplot.close(figure)
+
+
+def our_page(program, drawing, layout, folder):
+    """The page's picture and the report's kinds that aren't drawn."""
+    pdf = os.path.join(folder, "ours.pdf")
+    which = ["--layouts", "model"] if layout["model"] else ["--layout", layout["name"]]
+    run = subprocess.run([program, "convert", drawing, "-o", pdf, "--report", "json", *which], capture_output=True, text=True)
+    if run.returncode not in (0, 4):
+        return None, {}, (run.stderr.strip().splitlines() or ["?"])[-1]
+    subprocess.run(["pdftoppm", "-r", "200", "-png", "-singlefile", pdf, os.path.join(folder, "ours")], check=True)
+    report = json.loads(run.stdout)[0]
+    return pictures.Image.open(os.path.join(folder, "ours.png")).convert("L"), report["entities"]["notDrawnByKind"], ""
+
+
+def file_name(drawing, layout):
+    return re.sub(r"[^\w.-]+", "_", os.path.basename(drawing) + "." + layout["name"]) + ".png"
+
+
+class Survey:
+    def __init__(self, program, out):
+        self.program, self.out = program, out
+        self.differences, self.not_drawn = [], collections.defaultdict(collections.Counter)
+
+    def take(self, drawing):
+        listed = subprocess.run([self.program, "layouts", drawing, "--json"], capture_output=True, text=True)
+        if listed.returncode != 0:
+            self.differences.append((9.0, drawing, "", listed.stderr.strip()))
+            return
+        layouts = [layout for layout in json.loads(listed.stdout) if layout["entities"] > 0]
+        with tempfile.TemporaryDirectory() as folder:
+            why = self.references(drawing, layouts, folder)
+            for index, layout in enumerate(layouts):
+                theirs = os.path.join(folder, f"{index}.png")
+                self.take_layout(drawing, layout, theirs if os.path.exists(theirs) else None, why, folder)
+
+    def references(self, drawing, layouts, folder):
+        names = ["" if layout["model"] else layout["name"] for layout in layouts]
+        try:
+            run = subprocess.run([sys.executable, os.path.abspath(__file__), "--references", reference_dxf(drawing, folder),
+                                  folder, json.dumps(names)], capture_output=True, text=True, timeout=DEADLINE)
+        except (subprocess.SubprocessError, OSError) as error:
+            return f"ezdxf: {type(error).__name__}"
+        return "" if run.returncode == 0 else "ezdxf: " + (run.stderr.strip().splitlines() or ["?"])[-1]
+
+    def take_layout(self, drawing, layout, theirs, why, folder):
+        page, kinds, failure = our_page(self.program, drawing, layout, folder)
+        for kind, count in kinds.items():
+            self.not_drawn[kind][os.path.basename(drawing)] = max(count, self.not_drawn[kind][os.path.basename(drawing)])
+        boxes = [pictures.ink_box(page) if page else None,
+                 pictures.ink_box(pictures.Image.open(theirs).convert("L")) if theirs else None]
+        name = file_name(drawing, layout)
+        if None in boxes:
+            missing = [text for text, box in (("ours is empty", boxes[0]), ("ezdxf's is empty", boxes[1])) if box is None]
+            self.differences.append((8.0, drawing, layout["name"], failure or why or " and ".join(missing)))
+            return
+        pictures.pair(*boxes, os.path.join(self.out, name))
+        share = pictures.difference(*boxes)
+        self.differences.append((share, drawing, layout["name"], name))
+        print(f"{share:.3f}  {name}", flush=True)
+
+    def tell(self):
+        rows = [f"{share:.3f}  {os.path.basename(drawing)} [{layout}]  {text}" if share < 8 else
+                f"  -    {os.path.basename(drawing)} [{layout}]  not compared: {text}"
+                for share, drawing, layout, text in sorted(self.differences, key=lambda row: -row[0])]
+        with open(os.path.join(self.out, "differences.txt"), "w", encoding="utf-8") as file:
+            file.write("\n".join(rows) + "\n")
+        print("\nThe worst:\n" + "\n".join([row for row in rows if not row.startswith("  -")][:10]))
+        print("\nNot compared:\n" + "\n".join(row for row in rows if row.startswith("  -")))
+        print("\nNot drawn:")
+        for kind, counts in sorted(self.not_drawn.items()):
+            where = ", ".join(f"{count} in {drawing}" for drawing, count in counts.most_common(3))
+            print(f"  {kind}: {where}; {NOT_DRAWN.get(kind, 'NO REASON IS KNOWN')}")
+        return 1 if any(kind not in NOT_DRAWN for kind in self.not_drawn) else 0
+
+
+def main(program, folder, out, pattern="*"):
+    os.makedirs(out, exist_ok=True)
+    survey = Survey(os.path.abspath(program), out)
+    for drawing in drawings_in(folder, pattern):
+        survey.take(drawing)
+    return survey.tell()
+
+
+if __name__ == "__main__":
+    if len(sys.argv) == 5 and sys.argv[1] == "--references":
+        draw_references(sys.argv[2], json.loads(sys.argv[4]), sys.argv[3])
+        sys.exit(0)
+    if len(sys.argv) not in (4, 5):
+        sys.exit(__doc__)
+    sys.exit(main(*sys.argv[1:]))
