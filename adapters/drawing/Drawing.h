@@ -27,6 +27,12 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// A DWG that can't be opened since what converts it isn't installed.
+class DwgConverterMissing : public DrawingError {
+public:
+    using DrawingError::DrawingError;
+};
+
 enum class Version : std::uint8_t { Unknown, R2_6, R9, R10, R12, R13, R14, R2000, R2004, R2007, R2010, R2013, R2018 };
 
 /// A kind of damage that was mended or skipped.
@@ -72,6 +78,8 @@ public:
     virtual ~Drawing() = default;
 
     [[nodiscard]] virtual const std::string& Path() const = 0;
+    /// As given to `Open`: the drawings that this one refers to are opened with the same.
+    [[nodiscard]] virtual const DwgOptions& Dwg() const = 0;
     [[nodiscard]] virtual Version FileVersion() const = 0;
     [[nodiscard]] virtual bool IsBinary() const = 0;
     [[nodiscard]] virtual const std::string& CodePage() const = 0; ///< as in the file; "UTF-8" from R2007

@@ -191,9 +191,9 @@ FileBytes ConvertDwg(const FileBytes& bytes, const std::string& path, const DwgO
 {
     const DwgCommand command = ChooseDwgCommand(options);
     if (!command.readiness.ready)
-        throw DrawingError(path + ": this is a DWG of " + DwgRelease(bytes.View()) + ", and " + command.readiness.what +
-                           "; " + (command.readiness.remedyIsCommand ? "run: " : "") + command.readiness.remedy +
-                           "; or save the drawing as DXF");
+        throw DwgConverterMissing(path + ": this is a DWG of " + DwgRelease(bytes.View()) + ", and " +
+                                  command.readiness.what + "; " + (command.readiness.remedyIsCommand ? "run: " : "") +
+                                  command.readiness.remedy + "; or save the drawing as DXF");
     try {
         const process::PrivateFolder folder(options.workFolder);
         const Files files(folder.Path());

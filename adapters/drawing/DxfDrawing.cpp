@@ -51,12 +51,12 @@ std::unique_ptr<Drawing> Drawing::Open(const std::string& path, const DwgOptions
 {
     FileBytes bytes = FileBytes::Map(path);
     if (DwgRelease(bytes.View()).empty())
-        return std::make_unique<DxfDrawing>(ReadModel(std::move(bytes), path));
+        return std::make_unique<DxfDrawing>(ReadModel(std::move(bytes), path), dwg);
     RecordsFile records(path);
     FindingList lost;
     auto model = ReadModel(ConvertDwg(bytes, path, dwg, lost), path);
     model->findings.Join(lost);
-    return std::make_unique<DxfDrawing>(std::move(model), std::move(records));
+    return std::make_unique<DxfDrawing>(std::move(model), dwg, std::move(records));
 }
 
 std::unique_ptr<Drawing> Drawing::FromBytes(std::string bytes, const std::string& name)
@@ -66,8 +66,9 @@ std::unique_ptr<Drawing> Drawing::FromBytes(std::string bytes, const std::string
     return std::make_unique<DxfDrawing>(ReadModel(FileBytes::Keep(std::move(bytes)), name));
 }
 
-DxfDrawing::DxfDrawing(std::unique_ptr<Model> model, std::optional<RecordsFile> records)
-    : m_model(std::move(model)), m_records(std::move(records)), m_stamp(m_model->source.bytes.Stamp())
+DxfDrawing::DxfDrawing(std::unique_ptr<Model> model, DwgOptions dwg, std::optional<RecordsFile> records)
+    : m_model(std::move(model)), m_dwg(std::move(dwg)), m_records(std::move(records)),
+      m_stamp(m_model->source.bytes.Stamp())
 {
 }
 

@@ -12,9 +12,11 @@ namespace sm::drawing {
 class DxfDrawing final : public Drawing {
 public:
     /// With `records`, these stand over those of the model, and `Save` writes them instead of the drawing.
-    explicit DxfDrawing(std::unique_ptr<Model> model, std::optional<RecordsFile> records = std::nullopt);
+    explicit DxfDrawing(std::unique_ptr<Model> model, DwgOptions dwg = {},
+                        std::optional<RecordsFile> records = std::nullopt);
 
     [[nodiscard]] const std::string& Path() const override { return m_model->path; }
+    [[nodiscard]] const DwgOptions& Dwg() const override { return m_dwg; }
     [[nodiscard]] Version FileVersion() const override { return m_model->version; }
     [[nodiscard]] bool IsBinary() const override { return m_model->source.format != TagFormat::Ascii; }
     [[nodiscard]] const std::string& CodePage() const override { return m_model->codePage; }
@@ -56,6 +58,7 @@ private:
     void IndexPlaces() const;
 
     std::unique_ptr<Model> m_model;
+    DwgOptions m_dwg;
     std::optional<RecordsFile> m_records;
     RecordChanges m_changes; ///< since the file was read, saved or not
     FileStamp m_stamp;       ///< of the file as it was read or saved last

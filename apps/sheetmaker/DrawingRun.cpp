@@ -118,6 +118,8 @@ DrawingReport ConvertDrawing(const DrawingTask& task, const Install& install, te
         DrawingRun(task, install, console, report).Run();
     } catch (const std::bad_alloc&) {
         Fail(report, kExitFailed, "there is not enough memory");
+    } catch (const drawing::DwgConverterMissing& error) {
+        Fail(report, kExitToolMissing, WithoutName(error.what(), task.drawing));
     } catch (const std::exception& error) {
         Fail(report, kExitFailed, WithoutName(error.what(), task.drawing));
     }

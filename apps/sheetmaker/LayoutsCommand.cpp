@@ -96,6 +96,9 @@ int RunLayouts(const LayoutsJob& job, const Install& install, std::ostream& out,
         const std::vector<cadhost::LayoutFacts> layouts = host->Layouts(document);
         out << (job.json ? LayoutJson(layouts) : LayoutTable(layouts));
         return kExitDone;
+    } catch (const drawing::DwgConverterMissing& error) {
+        err << "sheetmaker layouts: " << error.what() << "\n";
+        return kExitToolMissing;
     } catch (const std::exception& error) {
         err << "sheetmaker layouts: " << error.what() << "\n";
         return kExitFailed;

@@ -80,6 +80,9 @@ int RunEdit(const std::string& command, std::ostream& err, const std::function<v
     } catch (const Refusal& refusal) {
         err << "sheetmaker " << command << ": " << refusal.text << "\n";
         return refusal.exitCode;
+    } catch (const drawing::DwgConverterMissing& error) {
+        err << "sheetmaker " << command << ": " << error.what() << "\n";
+        return kExitToolMissing;
     } catch (const std::exception& error) {
         err << "sheetmaker " << command << ": " << error.what() << "\n";
         return kExitFailed;

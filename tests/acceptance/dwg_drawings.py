@@ -30,7 +30,8 @@ DEADLINE = 150    # seconds, beyond every limit of the program itself
 SAME = 0.02
 # The twin, the DWG, the share of ink that may differ on the page of each paper layout and on that of the model, and why.
 TWINS = [
-    ("layouts/acadsharp/sample_AC1032_ascii.dxf", "dwg/sample_AC1032.dwg", [SAME, SAME, SAME], SAME, ""),
+    ("layouts/acadsharp/sample_AC1032_ascii.dxf", "dwg/sample_AC1032.dwg", [SAME, SAME, SAME], 0.06,
+     "(the converter loses two tables)"),
     ("layouts/acadsharp/sample_AC1032_ascii.dxf", "dwg/sample_AC1021.dwg", [SAME, SAME, SAME], SAME, ""),
     ("layouts/acadsharp/sample_AC1032_ascii.dxf", "dwg/sample_AC1014.dwg", [SAME, SAME, SAME], 0.45,
      "(R14 has no multileaders, tables and meshes)"),

@@ -191,6 +191,26 @@ TEST_F(Records, ADrawingThatCanHoldNoneSaysTheRemedy)
     EXPECT_EQ(Out(), "STAMP 11\n");
 }
 
+TEST_F(Records, OfADwgNeedAConverter)
+{
+    const std::string dwg = m_machine.MakeFile("site.dwg", "AC1032 and more");
+    m_machine.MakeFile("share/dwg/to-dxf.mjs");
+    for (const char* command : {"stamp", "layouts", "convert"}) {
+        m_err.str("");
+        m_machine.MakeProgram("gs", "true");
+        std::vector<std::string> words{command, dwg};
+        if (words[0] == "stamp")
+            words.insert(words.end(), {"--at", "1,2"});
+        EXPECT_EQ(RunProgram(words, m_machine.Here(), m_out, m_err), 3) << command;
+        if (words[0] != "convert") { // whose lines go to the process's own stderr
+            EXPECT_EQ(Err(),
+                      "sheetmaker " + words[0] +
+                          ": site.dwg: this is a DWG of release 2018, and no DWG converter is installed; run: sudo "
+                          "apt-get install nodejs npm && 'share/dwg/install'; or save the drawing as DXF\n");
+        }
+    }
+}
+
 TEST_F(Records, OfADwgStandBesideIt)
 {
     const std::string dwg = m_machine.MakeFile("site.dwg", "AC1032 and more");

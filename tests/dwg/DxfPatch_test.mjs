@@ -249,6 +249,38 @@ const rows = [
          1001 APP
          1000 x
          0 EOF`],
+    ['a table whose direction is no unit vector lies straight',
+        `0 ACAD_TABLE
+         5 75
+         8 0
+         2 *T9
+         11 1.76849008290125E-186
+         21 1.0
+         31 6.253747198571662E+180
+         0 ACAD_TABLE
+         5 76
+         8 0
+         2 *T10
+         11 0.6
+         21 0.8
+         31 0.0
+         0 EOF`,
+        {},
+        `0 ACAD_TABLE
+         5 75
+         8 0
+         2 *T9
+         11 1.0
+         21 0.0
+         31 0.0
+         0 ACAD_TABLE
+         5 76
+         8 0
+         2 *T10
+         11 0.6
+         21 0.8
+         31 0.0
+         0 EOF`],
     ['spatial indexes go',
         `0 LAYER
          5 80

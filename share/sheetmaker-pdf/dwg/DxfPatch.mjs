@@ -81,6 +81,16 @@ function correctViewport(groups, numbers) {
     return valueOf(67) === undefined ? insertCommon(corrected, [67, '1']) : corrected;
 }
 
+/** A table's direction is a unit vector; what is none was read from the wrong place, and tables seldom lie askew. */
+function correctTable(groups) {
+    const partOf = code => Number(groups.find(group => group[0] === code)?.[1] ?? 0);
+    const length = Math.hypot(partOf(11), partOf(21), partOf(31));
+    if (Math.abs(length - 1) < 1e-6)
+        return groups;
+    const straight = { 11: '1.0', 21: '0.0', 31: '0.0' };
+    return groups.map(([code, text]) => [code, straight[code] ?? text]);
+}
+
 /** 24-bit values only; that of a colour book's colour is unknown, and its index counts. */
 function correctTrueColors(groups) {
     const fromBook = groups.some(([code]) => code === 430);
@@ -92,6 +102,8 @@ function correctEntry(kind, groups, correction, numbers) {
     let corrected = correctTrueColors(groups);
     if (kind === 'VIEWPORT')
         corrected = correctViewport(corrected, numbers);
+    if (kind === 'ACAD_TABLE')
+        corrected = correctTable(corrected);
     if (correction?.layerOff !== undefined)
         corrected = correctLayer(corrected, correction);
     if (correction?.widths !== undefined)
