@@ -23,7 +23,7 @@ import compare_pictures as pictures  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 DWG = os.path.join(HERE, "..", "..", "share", "sheetmaker-pdf", "dwg")
-DEADLINE = 240  # seconds for one drawing in ezdxf
+DEADLINE = 60  # seconds for one drawing in ezdxf
 NO_PICTURE = "holds no picture of itself: "
 NOT_DRAWN = {
     "LIGHT": "is seen in rendered views only",
