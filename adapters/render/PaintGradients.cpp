@@ -155,19 +155,25 @@ void Painter::DrawGradient(const drawing::HatchData& hatch, const Matrix2& plane
         m_ink.Fill(m_path, Mixed(colors.first, colors.second, 0.5), FillRule::EvenOdd);
         return;
     }
-    m_ink.Fill(m_path, colors.first, FillRule::EvenOdd);
-    if (!m_ink.Drawn()) {
-        return;
+    // Bands that are laid over each other leave no seams; where one shows what lies behind, each keeps to itself.
+    const bool opaque = hatch.transparency.value_or(255) == 255;
+    if (opaque) {
+        m_ink.Fill(m_path, colors.first, FillRule::EvenOdd);
+        if (!m_ink.Drawn()) {
+            return;
+        }
     }
     const Path boundary = m_path;
     const Ink::ClipGuard guard(m_ink, boundary, FillRule::EvenOdd);
-    for (int band = 1; band < bands; ++band) {
-        const double t = static_cast<double>(band) / bands;
+    for (int band = opaque ? 1 : 0; band < bands; ++band) {
         const double even = static_cast<double>(band) / (bands - 1);
         const double part = course.curved ? std::sin(even * kTurn / 4) : even;
         m_path.Clear();
-        AppendAhead(m_path, field, course, t);
-        m_ink.Fill(m_path, Mixed(colors.first, colors.second, part), FillRule::NonZero);
+        AppendAhead(m_path, field, course, static_cast<double>(band) / bands);
+        if (!opaque && band + 1 < bands) {
+            AppendAhead(m_path, field, course, static_cast<double>(band + 1) / bands);
+        }
+        m_ink.Fill(m_path, Mixed(colors.first, colors.second, part), opaque ? FillRule::NonZero : FillRule::EvenOdd);
     }
 }
 

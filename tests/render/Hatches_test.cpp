@@ -127,6 +127,13 @@ const Row kGradientRows[] = {
       "fill 010101 nonzero m 50 12.5 l 50 20 l 10 20 l 10 12.5 h",
       "fill 020202 nonzero m 50 15 l 50 20 l 10 20 l 10 15 h",
       "fill 030303 nonzero m 50 17.5 l 50 20 l 10 20 l 10 17.5 h", "pop"}},
+    {"LinearThatIsSeenThrough", // each band for itself
+     "0 HATCH | 440 33554559 |" + Gradient("LINEAR").substr(9),
+     {"clip evenodd box 10 10 50 20",
+      "fill 000000 evenodd m 10 10 l 50 10 l 50 20 l 10 20 h m 20 10 l 50 10 l 50 20 l 20 20 h",
+      "fill 010101 evenodd m 20 10 l 50 10 l 50 20 l 20 20 h m 30 10 l 50 10 l 50 20 l 30 20 h",
+      "fill 020202 evenodd m 30 10 l 50 10 l 50 20 l 30 20 h m 40 10 l 50 10 l 50 20 l 40 20 h",
+      "fill 030303 evenodd box 40 10 50 20", "pop"}},
     {"Cylinder",
      Gradient("CYLINDER"),
      {"fill 000000 evenodd box 10 10 50 20", "clip evenodd box 10 10 50 20",
