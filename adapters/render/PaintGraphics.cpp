@@ -14,6 +14,13 @@ std::uint32_t Position(std::int32_t face, std::size_t points)
     return face >= 0 && static_cast<std::size_t>(face) < points ? static_cast<std::uint32_t>(face) : 0;
 }
 
+// Kinds whose own picture is but a frame, or a patch in the colour of a screen.
+bool IsPatch(drawing::EntityKind kind)
+{
+    using drawing::EntityKind;
+    return kind == EntityKind::Image || kind == EntityKind::Wipeout || kind == EntityKind::Underlay;
+}
+
 } // namespace
 
 GraphicsPainter::GraphicsPainter(Painter& painter, const drawing::GraphicsData& data)
@@ -221,9 +228,9 @@ void GraphicsPainter::DrawText(const drawing::Graphic& step)
 }
 
 // An entity of a kind that isn't known, by the picture that it brings along.
-bool Painter::Draw(const drawing::GraphicsData& graphics, drawing::EntityKind)
+bool Painter::Draw(const drawing::GraphicsData& graphics, drawing::EntityKind kind)
 {
-    if (graphics.steps.empty()) {
+    if (graphics.steps.empty() || IsPatch(kind)) {
         return false;
     }
     if (!graphics.complete) {

@@ -125,6 +125,15 @@ TEST(UnknownEntitiesTest, AreDrawnByTheirPicture)
     EXPECT_EQ(Render(drawing).counts, "drawn 1");
 }
 
+TEST(UnknownEntitiesTest, PatchesAreNotDrawnByTheirFrame)
+{
+    SmallDrawing drawing;
+    drawing.raw = Proxy(Step(20, Int(1)) + Step(7, Int(3) + Reals({0, 0, 0, 4, 0, 0, 4, 4, 0})), "OLE2FRAME");
+    EXPECT_EQ(LinesOf(drawing), Lines{"fill 000000 evenodd m 0 0 l 4 0 l 4 4 h"});
+    drawing.raw.replace(2, 9, "PDFUNDERLAY");
+    EXPECT_EQ(LinesOf(drawing), Lines{});
+}
+
 TEST(UnknownEntitiesTest, AreReportedWithoutOne)
 {
     SmallDrawing drawing;
