@@ -6,6 +6,7 @@ namespace sm::drawing::testing {
 namespace {
 
 using ::testing::ElementsAre;
+using namespace std::string_literals;
 
 TEST(Entities, ShareTheirCommonProperties)
 {
@@ -177,6 +178,29 @@ TEST(Entities, MultiLineAttributesCarryTheirOwnText)
     Read(*drawing, *text.embeddedMText, lines);
     EXPECT_EQ(lines.text, "first\\Psecond");
     EXPECT_EQ(lines.insertion, (Vec3{3, 4, 0}));
+}
+
+TEST(Entities, MTextHasItsColumnsInAnEmbeddedObjectOrInItsOwnTags)
+{
+    const std::string own = "0\nMTEXT\n10\n1\n40\n2.5\n41\n80\n46\n90\n1\nwords\n";
+    for (
+        const std::string& columns :
+        {"75\n2\n76\n3\n78\n1\n79\n0\n48\n30\n49\n4\n50\n20\n50\n0\n"s,
+         "101\nEmbedded Object\n70\n1\n10\n1\n11\n7\n40\n30\n41\n90\n71\n2\n72\n3\n44\n30\n45\n4\n73\n0\n74\n1\n46\n20\n46\n0\n"s}) {
+        const auto text = ReadOnly<MTextData>(own + columns);
+        EXPECT_EQ(text.text, "words");
+        EXPECT_EQ(text.insertion.x, 1);
+        EXPECT_EQ(text.height, 2.5);
+        EXPECT_EQ(text.width, 80);
+        EXPECT_EQ(text.columnType, 2);
+        EXPECT_EQ(text.columnCount, 3);
+        EXPECT_EQ(text.columnWidth, 30);
+        EXPECT_EQ(text.columnGutter, 4);
+        EXPECT_EQ(text.columnHeights, (std::vector<double>{20, 0}));
+        EXPECT_EQ(text.definedHeight, 90);
+        EXPECT_TRUE(text.columnsReversed);
+        EXPECT_FALSE(text.columnAutoHeight);
+    }
 }
 
 TEST(Entities, MTextJoinsItsParts)
