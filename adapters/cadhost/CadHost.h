@@ -6,6 +6,7 @@
 #include "render/FrontEnd.h"
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,6 +18,8 @@ struct HostOptions {
     std::string shareFolder; ///< holds Drivers, PC3, Plotters, PlotStyles
     std::string loginName;   ///< what "LOGINNAME" gives
     drawing::DwgOptions dwg{};
+    std::string userStyleFolder = {}; ///< the user's own plot style tables; may be missing
+    bool keepLayers = false;          ///< plots tell which layer shows what, hidden ones included
 };
 
 /// The run's layer over a document: seen through the automation model, never saved.
@@ -38,9 +41,10 @@ struct DocumentReport {
     std::uint64_t read = 0, drawn = 0, hidden = 0, offPage = 0, notReached = 0, notDrawn = 0; ///< entities; they sum up
     std::vector<render::RenderReport::NotDrawnKind> notDrawnKinds;
     std::vector<drawing::Finding> findings;
-    std::vector<std::string> substitutions; ///< fonts
-    std::optional<DocumentAudit> audited;   ///< the last audit; none before the first
-    std::string plotFailure;                ///< why the last plot failed; empty when it didn't
+    std::vector<std::string> substitutions;                    ///< fonts
+    std::map<std::string, std::uint64_t, std::less<>> remarks; ///< what was drawn otherwise, and how often
+    std::optional<DocumentAudit> audited;                      ///< the last audit; none before the first
+    std::string plotFailure;                                   ///< why the last plot failed; empty when it didn't
 };
 
 /// A layout as the command line lists it.

@@ -39,7 +39,7 @@ public:
     std::shared_ptr<IAcadDictionaries> Dictionaries() override { return MakeDictionaries(Checked()); }
     std::shared_ptr<IAcadViews> Views() override { return MakeViews(Checked()); }
     std::shared_ptr<IAcadUtility> Utility() override { return MakeUtility(Checked()); }
-    std::shared_ptr<IAcadPlot> Plot() override { return MakePlot(Checked()); }
+    std::shared_ptr<IAcadPlot> Plot() override { return MakePlot(m_session, Checked()); }
 
     AcadVariant GetVariable(const std::string& name) override { return SystemVariable(*m_session, Open(), name); }
     std::array<double, 4> Limits() override { return LimitsOf(Open()); }

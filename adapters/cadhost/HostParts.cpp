@@ -97,12 +97,16 @@ private:
 
 class HostPlot final : public IAcadPlot {
 public:
-    explicit HostPlot(OpenDrawingRef open) : m_open(std::move(open)) {}
+    HostPlot(SessionRef session, OpenDrawingRef open) : m_session(std::move(session)), m_open(std::move(open)) {}
     // Errors of this host are quiet always: there is no window to show them in.
     void SetQuietErrorMode(bool) override {}
-    bool PlotToFile(const std::string& path) override { return m_open->Plot(path); }
+    bool PlotToFile(const std::string& path) override
+    {
+        return m_open->Plot(path, m_session->FoldersFor(*m_open), m_session->Options().keepLayers);
+    }
 
 private:
+    SessionRef m_session;
     OpenDrawingRef m_open;
 };
 
@@ -123,9 +127,9 @@ std::shared_ptr<IAcadUtility> MakeUtility(const OpenDrawingRef& open)
     return std::make_shared<HostUtility>(open);
 }
 
-std::shared_ptr<IAcadPlot> MakePlot(const OpenDrawingRef& open)
+std::shared_ptr<IAcadPlot> MakePlot(const SessionRef& session, const OpenDrawingRef& open)
 {
-    return std::make_shared<HostPlot>(open);
+    return std::make_shared<HostPlot>(session, open);
 }
 
 } // namespace sm::cadhost

@@ -137,11 +137,11 @@ render::TextEngine& OpenDrawing::Text()
     return *m_text;
 }
 
-bool OpenDrawing::Plot(const std::string& path)
+bool OpenDrawing::Plot(const std::string& path, const PlotFolders& folders, bool keepLayers)
 {
     static_cast<void>(File());
     try {
-        PlotActive(path);
+        PlotActive(path, folders, keepLayers);
         m_plotFailure.clear();
         return true;
     } catch (const std::exception& error) {
@@ -150,7 +150,28 @@ bool OpenDrawing::Plot(const std::string& path)
     }
 }
 
-void OpenDrawing::PlotActive(const std::string& path)
+// A table that is missing or broken is no reason not to plot: the report names it.
+const render::PlotStyleTable* OpenDrawing::StylesFor(const drawing::PlotSettings& settings, const PlotFolders& folders)
+{
+    if (settings.styleSheet.empty() || !settings.Has(drawing::PlotSettings::kPlotStyles))
+        return nullptr;
+    const std::string path = FindPlotStyle({folders.drawing, folders.userStyles, folders.styles}, settings.styleSheet);
+    if (path.empty()) {
+        m_report->Remark("plot style table \"" + settings.styleSheet + "\" not found, plotted without it");
+        return nullptr;
+    }
+    try {
+        auto known = m_plotStyles.find(path);
+        if (known == m_plotStyles.end())
+            known = m_plotStyles.emplace(path, render::ReadPlotStyleTable(path)).first;
+        return &known->second;
+    } catch (const render::PlotStyleError& error) {
+        m_report->Remark("plotted without plot styles: " + std::string(error.what()));
+        return nullptr;
+    }
+}
+
+void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders, bool keepLayers)
 {
     const drawing::Layout& layout = LayoutAt(m_active);
     const PlotConfiguration& configuration = Configuration(m_active);
@@ -159,9 +180,16 @@ void OpenDrawing::PlotActive(const std::string& path)
                         "' can't plot to a file; choose one of the plotter configurations (.pc3) of the host");
     if (m_report == nullptr)
         m_report = std::make_unique<render::RenderReport>(File());
-    const plotter::PlotJob job{
-        File(),      layout,           configuration.Settings(), static_cast<double>(configuration.Resolution()),
-        layout.name, "Sheetmaker PDF", ExtentsOf(m_active)};
+    const drawing::PlotSettings settings = configuration.Settings();
+    const plotter::PlotJob job{File(),
+                               layout,
+                               settings,
+                               static_cast<double>(configuration.Resolution()),
+                               layout.name,
+                               "Sheetmaker PDF",
+                               ExtentsOf(m_active),
+                               StylesFor(settings, folders),
+                               keepLayers};
     plotter::PlotToPostScript(job, path, Text(), *m_report);
 }
 
@@ -183,6 +211,7 @@ DocumentReport OpenDrawing::Report() const
     report.notReached = m_report->Count(render::Outcome::NotReached);
     report.notDrawn = m_report->Count(render::Outcome::NotDrawn);
     report.notDrawnKinds = m_report->NotDrawn();
+    report.remarks = m_report->Remarks();
     return report;
 }
 

@@ -39,8 +39,9 @@ public:
     [[nodiscard]] ExtentsSource ExtentsOf(std::size_t index);
     render::TextEngine& Text();
 
-    /// Plots the active layout; false when that failed, and why is kept in `PlotFailure`.
-    bool Plot(const std::string& path);
+    /// Plots the active layout; false when that failed, and why is kept in `PlotFailure`. Plot style tables come from
+    /// `folders`: the drawing's, the user's, then ours.
+    bool Plot(const std::string& path, const PlotFolders& folders, bool keepLayers);
     [[nodiscard]] const std::string& PlotFailure() const { return m_plotFailure; }
     [[nodiscard]] DocumentReport Report() const;
 
@@ -53,7 +54,9 @@ public:
     std::int32_t windowState = 3;
 
 private:
-    void PlotActive(const std::string& path);
+    void PlotActive(const std::string& path, const PlotFolders& folders, bool keepLayers);
+    [[nodiscard]] const render::PlotStyleTable* StylesFor(const drawing::PlotSettings& settings,
+                                                          const PlotFolders& folders);
     [[nodiscard]] bool IsLandscape(std::size_t index);
 
     struct KnownExtents {
@@ -70,6 +73,7 @@ private:
     std::vector<KnownExtents> m_extents;
     std::unique_ptr<render::TextEngine> m_text;
     std::unique_ptr<render::RenderReport> m_report;
+    std::map<std::string, render::PlotStyleTable> m_plotStyles; ///< by path, as far as they were asked for
     std::optional<DocumentAudit> m_audit;
     std::string m_plotFailure;
 };

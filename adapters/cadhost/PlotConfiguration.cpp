@@ -115,7 +115,7 @@ void PlotConfiguration::SetWindow(const drawing::Box2& window)
 void PlotConfiguration::Refresh(const PlotFolders& folders)
 {
     m_devices = ListDevices(folders.plotters, m_drawing);
-    m_styles = ListPlotStyles(folders.styles, folders.drawing, m_drawing);
+    m_styles = ListPlotStyles({folders.styles, folders.userStyles, folders.drawing}, m_drawing);
     try {
         if (auto pc3 = LoadDevice(folders.plotters, m_device); pc3 != nullptr)
             m_pc3 = std::move(pc3);

@@ -11,6 +11,7 @@ namespace sm::cadhost {
 /// Where devices and plot style tables come from.
 struct PlotFolders {
     std::string plotters, styles, drawing;
+    std::string userStyles = {};
 };
 
 struct PlotScale {

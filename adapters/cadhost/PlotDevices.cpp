@@ -2,6 +2,7 @@
 
 #include "cadhost/HostText.h"
 #include "cadhost/PaperRules.h"
+#include "drawing/TextDecoder.h"
 
 #include <algorithm>
 #include <dirent.h>
@@ -40,6 +41,11 @@ std::vector<std::string> ListFiles(const std::string& folder, std::initializer_l
     }
     std::sort(names.begin(), names.end());
     return names;
+}
+
+std::vector<std::string> ListPlotStyleFiles(const std::string& folder)
+{
+    return ListFiles(folder, {".ctb", ".stb"});
 }
 
 void AddOnce(std::vector<std::string>& list, const std::string& name)
@@ -96,16 +102,31 @@ std::vector<Medium> ListDrawingMedia(const drawing::Drawing& drawing)
     return media;
 }
 
-std::vector<std::string> ListPlotStyles(const std::string& styleFolder, const std::string& drawingFolder,
-                                        const drawing::Drawing& drawing)
+std::vector<std::string> ListPlotStyles(const std::vector<std::string>& folders, const drawing::Drawing& drawing)
 {
     std::vector<std::string> styles;
-    for (const std::string* folder : {&styleFolder, &drawingFolder}) {
-        for (const std::string& name : ListFiles(*folder, {".ctb", ".stb"}))
+    for (const std::string& folder : folders) {
+        for (const std::string& name : ListPlotStyleFiles(folder))
             AddOnce(styles, name);
     }
     ForEachPlotSettings(drawing, [&](const drawing::PlotSettings& settings) { AddOnce(styles, settings.styleSheet); });
     return styles;
+}
+
+std::string FindPlotStyle(const std::vector<std::string>& folders, const std::string& name)
+{
+    const std::string file = name.substr(name.find_last_of("/\\") + 1);
+    const std::string folded = drawing::FoldName(file);
+    for (const std::string& folder : folders) {
+        std::error_code ignored;
+        if (const fs::path exact = fs::path(folder) / file; !file.empty() && fs::is_regular_file(exact, ignored))
+            return exact.string();
+        for (const std::string& other : ListPlotStyleFiles(folder)) {
+            if (drawing::FoldName(other) == folded)
+                return (fs::path(folder) / other).string();
+        }
+    }
+    return {};
 }
 
 } // namespace sm::cadhost

@@ -26,8 +26,11 @@ std::shared_ptr<const Pc3File> LoadDevice(const std::string& plotterFolder, cons
 /// The sheets that the drawing's layouts and page setups use; the first of each name counts.
 std::vector<Medium> ListDrawingMedia(const drawing::Drawing& drawing);
 
-/// The tables (.ctb, .stb) of both folders, then what the drawing's layouts and page setups use.
-std::vector<std::string> ListPlotStyles(const std::string& styleFolder, const std::string& drawingFolder,
-                                        const drawing::Drawing& drawing);
+/// The tables (.ctb, .stb) of the folders, then what the drawing's layouts and page setups use.
+std::vector<std::string> ListPlotStyles(const std::vector<std::string>& folders, const drawing::Drawing& drawing);
+
+/// The file of the table that `name` calls, letter case and what folder it stood in aside: from the first of `folders`
+/// that has one. Empty when none has.
+std::string FindPlotStyle(const std::vector<std::string>& folders, const std::string& name);
 
 } // namespace sm::cadhost

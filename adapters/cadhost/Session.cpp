@@ -38,7 +38,8 @@ void Session::SetPrinterConfigPath(const std::string& path)
 
 PlotFolders Session::FoldersFor(const OpenDrawing& open) const
 {
-    return {m_printerConfigPath, (fs::path(m_options.shareFolder) / "PlotStyles").string(), open.Folder()};
+    return {m_printerConfigPath, (fs::path(m_options.shareFolder) / "PlotStyles").string(), open.Folder(),
+            m_options.userStyleFolder};
 }
 
 std::shared_ptr<OpenDrawing> Session::Open(const std::string& path, const DocumentOverlay& overlay)

@@ -66,16 +66,21 @@ ReadLayer ReadEntry(const Model& model, const Slice& slice)
     return read;
 }
 
-/// Names of the placeholders in ACAD_PLOTSTYLENAME: drawings with named plot styles.
-std::string PlotStyleName(const Model& model, Handle handle)
+std::string PlotStyleOf(const Model& model, Handle handle)
 {
-    const Dictionary* const names = model.RootEntry("ACAD_PLOTSTYLENAME");
-    if (names == nullptr || handle == 0 || model.header.Integer("$PSTYLEMODE", 1) != 0)
-        return {};
-    for (const auto& [name, entry] : names->entries)
-        if (entry == handle)
-            return model.Text(name);
+    for (const PlotStyleName& style : model.plotStyles)
+        if (style.handle == handle)
+            return style.name;
     return {};
+}
+
+/// Extended data of AcCmTransparency: the opacity in the low byte, as in group 440 of entities.
+void TakeTransparency(const Model& model, const Slice& slice, Layer& layer)
+{
+    ForEachExtended(model, slice, "AcCmTransparency", [&](const TagCursor& tag) {
+        if (tag.Code() == 1071 && (tag.Long() >> 24 & 0xFF) == 2)
+            layer.transparency = static_cast<std::uint8_t>(tag.Long() & 0xFF);
+    });
 }
 
 /// One converter writes the colour of every layer with the sign that means "off".
@@ -88,7 +93,7 @@ bool SignsMeanNothing(const Model& model)
 
 void AddEntry(Model& model, ReadLayer&& read, std::uint32_t index)
 {
-    read.layer.plotStyle = PlotStyleName(model, read.plotStyle);
+    read.layer.plotStyle = PlotStyleOf(model, read.plotStyle);
     model.source.layers.Add(read.rawName, read.layer.name, index);
     if (read.layer.handle != 0)
         model.source.layerOfHandle.emplace(read.layer.handle, index);
@@ -99,6 +104,17 @@ void AddEntry(Model& model, ReadLayer&& read, std::uint32_t index)
 }
 
 } // namespace
+
+/// Names of the placeholders in ACAD_PLOTSTYLENAME: drawings with named plot styles.
+void BuildPlotStyles(Model& model)
+{
+    const Dictionary* const names = model.RootEntry("ACAD_PLOTSTYLENAME");
+    if (names == nullptr || model.header.Integer("$PSTYLEMODE", 1) != 0)
+        return;
+    for (const auto& [name, entry] : names->entries)
+        if (entry != 0)
+            model.plotStyles.push_back({entry, model.Text(name)});
+}
 
 void BuildLayers(Model& model)
 {
@@ -112,6 +128,7 @@ void BuildLayers(Model& model)
             model.findings.Add(Damage::NamelessEntry, slice.line);
             return;
         }
+        TakeTransparency(model, slice, read.layer);
         const bool zero = read.layer.name == "0" && !hasZero;
         hasZero = hasZero || zero;
         AddEntry(model, std::move(read), zero ? 0 : static_cast<std::uint32_t>(model.layers.size()));

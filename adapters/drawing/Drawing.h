@@ -118,6 +118,8 @@ public:
     [[nodiscard]] virtual std::size_t ActiveLayout() const = 0;
     [[nodiscard]] virtual const std::vector<PlotSettings>& PageSetups() const = 0;
     [[nodiscard]] virtual const std::vector<ImageDefinition>& ImageDefinitions() const = 0;
+    /// The named plot styles; empty in drawings with colour-dependent ones.
+    [[nodiscard]] virtual const std::vector<PlotStyleName>& PlotStyleNames() const = 0;
     [[nodiscard]] virtual const std::vector<Finding>& Findings() const = 0;
 
     // Extended data of the named-object dictionary.

@@ -36,6 +36,7 @@ std::unique_ptr<Model> ReadModel(FileBytes bytes, const std::string& path)
     BuildDictionaries(*model);
     BuildStyles(*model);
     BuildLinetypes(*model);
+    BuildPlotStyles(*model);
     BuildLayers(*model);
     BuildLayerOverrides(*model);
     BuildViews(*model);

@@ -91,6 +91,10 @@ struct Entity {
     double thickness = 0;
     double elevation = 0;                     ///< group 38
     std::optional<std::uint8_t> transparency; ///< 0 clear to 255 opaque, when given by value
+    bool transparencyByBlock = false;
+    /// Where the named plot style comes from (DXF reference, common group 380).
+    enum class StyleSource : std::uint8_t { Layer, Block, Default, Own } plotStyleSource = StyleSource::Layer;
+    Handle plotStyle = 0; ///< when it is its own
 };
 
 struct LineData : Entity {

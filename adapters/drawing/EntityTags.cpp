@@ -4,12 +4,15 @@ namespace sm::drawing {
 
 namespace {
 
-/// Transparency by value: the high byte is 2 (DXF reference, common group 440).
-std::optional<std::uint8_t> TransparencyOf(std::int64_t value)
+/// The high byte tells the kind: 0 by layer, 1 by block, 2 by value (DXF reference, common group 440).
+void TakeTransparency(Entity& entity, std::int64_t value)
 {
-    if ((value >> 24 & 0xFF) != 2)
-        return std::nullopt;
-    return static_cast<std::uint8_t>(value & 0xFF);
+    const std::int64_t kind = value >> 24 & 0xFF;
+    entity.transparencyByBlock = kind == 1;
+    if (kind == 2)
+        entity.transparency = static_cast<std::uint8_t>(value & 0xFF);
+    else
+        entity.transparency.reset();
 }
 
 void TakeColor(Entity& entity, std::int32_t value)
@@ -66,6 +69,17 @@ bool EntityTags::Take(int base, Vec2& point) const
     return part == 0 || part == 10;
 }
 
+void EntityTags::TakePlotStyle(Entity& entity) const
+{
+    using Source = Entity::StyleSource;
+    if (Code() == 390) {
+        entity.plotStyle = HandleValue();
+        entity.plotStyleSource = Source::Own;
+    } else if (const std::int32_t source = Integer(); source >= 0 && source <= static_cast<std::int32_t>(Source::Own)) {
+        entity.plotStyleSource = static_cast<Source>(source);
+    }
+}
+
 void EntityTags::TakeCommon(Entity& entity) const
 {
     switch (Code()) {
@@ -110,6 +124,10 @@ void EntityTags::TakeCommon(Entity& entity) const
     case 370:
         entity.lineweight = static_cast<std::int16_t>(Integer());
         break;
+    case 380:
+    case 390:
+        TakePlotStyle(entity);
+        break;
     case 420:
         entity.trueColor = static_cast<std::uint32_t>(m_tags.Long() & 0xFFFFFF);
         break;
@@ -119,7 +137,7 @@ void EntityTags::TakeCommon(Entity& entity) const
             entity.trueColor.reset();
         break;
     case 440:
-        entity.transparency = TransparencyOf(m_tags.Long());
+        TakeTransparency(entity, m_tags.Long());
         break;
     default:
         break;

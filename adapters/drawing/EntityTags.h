@@ -29,6 +29,7 @@ public:
     void TakeCommon(Entity& entity) const;
 
 private:
+    void TakePlotStyle(Entity& entity) const;
     const Drawing::Source& m_source;
     TagCursor m_tags;
 };

@@ -54,6 +54,7 @@ struct Model {
     std::size_t activeLayout = 0;
     std::vector<PlotSettings> pageSetups;
     std::vector<ImageDefinition> images;
+    std::vector<PlotStyleName> plotStyles;
 
     [[nodiscard]] TagCursor Tags(const Slice& slice) const { return TagsOf(source.File(), source.format, slice); }
     [[nodiscard]] std::string Text(std::string_view raw) const { return source.text->Decode(raw); }
@@ -66,6 +67,7 @@ void BuildHeader(Model& model);
 void BuildDictionaries(Model& model);
 void BuildStyles(Model& model);
 void BuildLinetypes(Model& model);
+void BuildPlotStyles(Model& model);
 void BuildLayers(Model& model);
 void BuildLayerOverrides(Model& model);
 void BuildViews(Model& model);

@@ -42,6 +42,13 @@ struct Layer {
     bool plotted = true;
     std::string plotStyle; ///< named plot style; empty in drawings with colour-dependent styles
     std::vector<LayerOverride> overrides;
+    std::optional<std::uint8_t> transparency; ///< 0 clear to 255 opaque
+};
+
+/// A named plot style that entities and layers may refer to (entries of dictionary ACAD_PLOTSTYLENAME).
+struct PlotStyleName {
+    Handle handle = 0;
+    std::string name;
 };
 
 /// One dash (length > 0), gap (< 0) or dot (0) of a linetype; with text or shape when `kind` says so.

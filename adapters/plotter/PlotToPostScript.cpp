@@ -26,7 +26,19 @@ render::Scene SceneOf(const PlotJob& job, const Placement& placement)
     }
     scene.viewportsFirst = job.settings.Has(PlotSettings::kDrawViewportsFirst);
     scene.viewportBorders = job.settings.Has(PlotSettings::kViewportBorders);
+    scene.plotStyles = job.plotStyles;
+    scene.everyLayer = job.keepLayers;
     return scene;
+}
+
+std::vector<PsDocument::Layer> LayersOf(const PlotJob& job, const PsWriter& writer)
+{
+    std::vector<PsDocument::Layer> layers;
+    for (const std::uint32_t number : writer.Layers()) {
+        const drawing::Layer& layer = job.drawing.Layers().at(number);
+        layers.push_back({number, layer.name, render::SightOf(layer)});
+    }
+    return layers;
 }
 
 } // namespace
@@ -39,11 +51,14 @@ void PlotToPostScript(const PlotJob& job, const std::string& path, render::TextE
     });
     try {
         PsWriter writer(job.resolution, FolderOf(path));
+        if (job.keepLayers) {
+            writer.KeepLayers();
+        }
         if (!placement.clip.Empty()) {
             render::RenderScene(SceneOf(job, placement), writer, text, report);
         }
-        const PsDocument document{job.title,      job.creator,          placement.sheetWidth, placement.sheetHeight,
-                                  job.resolution, job.settings.rotation};
+        const PsDocument document{job.title,      job.creator,           placement.sheetWidth, placement.sheetHeight,
+                                  job.resolution, job.settings.rotation, LayersOf(job, writer)};
         WriteDocument(document, writer, path);
     } catch (const std::system_error& error) {
         throw PlotError("The plot file " + path + " can't be written: " + error.code().message() + ".");

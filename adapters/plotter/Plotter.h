@@ -15,6 +15,8 @@ struct PlotJob {
     std::string creator;            ///< %%Creator
     /// Gives what the layout's space plots, for callers that know it already; computed when not set.
     std::function<drawing::Box2(const render::Matrix3& view)> extents = {};
+    const render::PlotStyleTable* plotStyles = nullptr; ///< the table of `settings`; null: plotted without
+    bool keepLayers = false;                            ///< the page says what each layer shows, hidden ones included
 };
 
 /// Plots to `path`, which appears whole or not at all. Throws PlotError with a line that names file and cause.

@@ -47,6 +47,9 @@ dup/Space get dup null eq{pop imagemask}{setcolorspace image}ifelse}bind def
 /Tj/show load def
 /TJ{{dup type/stringtype eq{show}{-.001 mul 0 rmoveto}ifelse}forall}bind def
 /d1/setcachedevice load def
+/BDC{pop pop}bind def
+/EMC{}def
+/gs/pop load def
 %%EndResource
 )";
 
@@ -92,6 +95,24 @@ const char* ViewingOrientation(std::int32_t rotation)
     return kTurns[rotation >= 0 && rotation < 4 ? rotation : 0];
 }
 
+std::string LayerComments(const PsDocument& d)
+{
+    constexpr const char* kSights[] = {"on", "off", "unplotted"};
+    constexpr const char* kDigits = "0123456789ABCDEF";
+    std::string out;
+    for (const PsDocument::Layer& layer : d.layers) {
+        out += "%SheetmakerLayer: " + std::to_string(layer.number) + " " +
+               kSights[static_cast<std::size_t>(layer.sight)] + " <";
+        for (const char c : layer.name) {
+            const auto byte = static_cast<unsigned char>(c);
+            out += kDigits[byte >> 4];
+            out += kDigits[byte & 0xF];
+        }
+        out += ">\n";
+    }
+    return out;
+}
+
 std::string Comments(const PsDocument& d, const FontBook& fonts, const char* level)
 {
     const std::string width = Decimal(Points(d.width), 4), height = Decimal(Points(d.height), 4);
@@ -106,7 +127,7 @@ std::string Comments(const PsDocument& d, const FontBook& fonts, const char* lev
     if (!fonts.Empty()) {
         out += "%%+ font " + fonts.Names() + "\n";
     }
-    return out + "%%EndComments\n";
+    return out + "%%EndComments\n" + LayerComments(d);
 }
 
 std::string TemporaryBeside(const std::string& path, int& fd)

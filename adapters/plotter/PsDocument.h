@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plotter/PsWriter.h"
+#include "render/Style.h"
 
 #include <string>
 
@@ -13,6 +14,14 @@ struct PsDocument {
     double width = 0, height = 0; ///< millimetres
     double resolution = 1200;     ///< dots per inch
     std::int32_t rotation = 0;    ///< quarter turns counter-clockwise that make the page readable
+    /// The layers that the body marks. They stand in comments of the head: "%SheetmakerLayer: 3 on <57616C6C73>", with
+    /// on, off or unplotted and the name's UTF-8 in hexadecimal.
+    struct Layer {
+        std::uint32_t number = 0;
+        std::string name; ///< UTF-8
+        render::LayerSight sight = render::LayerSight::Plots;
+    };
+    std::vector<Layer> layers = {};
 };
 
 /// Everything before the page's operators, fonts included.

@@ -117,11 +117,13 @@ std::size_t PsPictures::Add(const render::Picture& picture)
 
 void PsWriter::Image(const render::Picture& picture, const render::Matrix2& toPaper, std::uint32_t color)
 {
+    EnterLayer();
     EndStroke();
     const std::size_t number = m_pictures.Add(picture);
     if (picture.form == Form::Mask) {
         SetColor(color, false);
     }
+    SetTransparency(color);
     Write("q");
     for (const double value : {toPaper.a, toPaper.b, toPaper.c, toPaper.d, toPaper.e, toPaper.f}) {
         WriteNumber(value * m_dots, 3);

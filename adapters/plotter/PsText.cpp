@@ -201,6 +201,7 @@ void PsWriter::WritePieces(const render::TextRun& run, std::size_t count)
     if (count == 0) {
         return;
     }
+    EnterLayer();
     EndStroke();
     if (!run.invisible && run.font != nullptr) {
         SetColor(run.color, false);

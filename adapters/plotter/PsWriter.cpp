@@ -78,8 +78,30 @@ void PsWriter::WriteNumber(double value, int digits)
     m_body.Advance(at);
 }
 
+void PsWriter::SetTransparency(std::uint32_t color)
+{
+    if (color >> 24 != m_state.transparency) {
+        m_state.transparency = color >> 24;
+        m_body.Append("/A" + std::to_string(255 - m_state.transparency) + " gs\n");
+    }
+}
+
+void PsWriter::EnterLayer()
+{
+    if (!m_keepsLayers || m_layer == m_wantedLayer) {
+        return;
+    }
+    EndStroke();
+    m_body.Append(m_layer ? "EMC\n/OC /L" : "/OC /L");
+    m_body.Append(std::to_string(m_wantedLayer) + " BDC\n");
+    m_layer = m_wantedLayer;
+    m_layers.insert(m_wantedLayer);
+}
+
 void PsWriter::SetColor(std::uint32_t color, bool strokes)
 {
+    SetTransparency(color);
+    color &= 0xFFFFFF;
     // PostScript has one colour where PDF has two: one of them is written whenever either reading needs it.
     std::uint32_t& inPdf = strokes ? m_state.stroke : m_state.fill;
     if (m_state.color == color && inPdf == color) {
@@ -219,6 +241,7 @@ void PsWriter::Draw(const render::Path& path, bool chains)
 
 void PsWriter::Stroke(const render::Path& path, const render::StrokeStyle& style)
 {
+    EnterLayer();
     if (m_openSegments == 0 || m_openSegments >= kLongStroke || !(m_pen == style)) {
         EndStroke();
         m_pen = style;
@@ -230,6 +253,7 @@ void PsWriter::Stroke(const render::Path& path, const render::StrokeStyle& style
 
 void PsWriter::Fill(const render::Path& path, std::uint32_t color, render::FillRule rule)
 {
+    EnterLayer();
     EndStroke();
     SetColor(color, false);
     Draw(path, false);
@@ -270,6 +294,10 @@ void PsWriter::Finish()
     EndStroke();
     while (!m_saved.empty()) {
         PopClip();
+    }
+    if (m_layer) {
+        Write("EMC");
+        m_layer.reset();
     }
 }
 

@@ -4,6 +4,8 @@
 //   x y m   x y l   x1 y1 x2 y2 x3 y3 c   h   S  f  f*  q  Q  W  W*  n
 //   width w   cap J   join j   gray G|g   r g b RG|rg
 //   q a b c d e f cm /In Do Q
+//   /An gs                        opacity n of 255
+//   /OC /Ln BDC ... EMC           what layer n shows, when layers are kept
 //   BT /Fn size Tf x y Td (text) Tj ET              upright text
 //   BT /Fn 1 Tf a b c d e f Tm (text) Tj ET         any other; [(text) n (text)] TJ where glyphs are moved
 //   q BT 3 Tr ... ET Q                              text that doesn't show
@@ -16,6 +18,7 @@
 #include "render/Canvas.h"
 
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,7 +29,10 @@ class PsWriter final : public render::ICanvas {
 public:
     /// `resolution` in dots per inch; a very long page waits in a file in `folder`.
     PsWriter(double resolution, std::string folder);
+    /// From here on the marks of layers are written.
+    void KeepLayers() { m_keepsLayers = true; }
 
+    void BeginEntity(const render::EntityMark& mark) override { m_wantedLayer = mark.shownBy; }
     void PushClip(const render::Path& path, render::FillRule rule) override;
     void PopClip() override;
     void Stroke(const render::Path& path, const render::StrokeStyle& style) override;
@@ -39,6 +45,8 @@ public:
     [[nodiscard]] BodyText& Body() { return m_body; }
     [[nodiscard]] const FontBook& Fonts() const { return m_fonts; }
     [[nodiscard]] PsPictures& Pictures() { return m_pictures; }
+    /// Layers that something was written for.
+    [[nodiscard]] const std::set<std::uint32_t>& Layers() const { return m_layers; }
 
 private:
     struct Dot {
@@ -57,6 +65,7 @@ private:
         int cap = -1, join = -1;
         std::uint32_t color = kNoColor;                   ///< as PostScript has it, for both
         std::uint32_t stroke = kNoColor, fill = kNoColor; ///< as PDF has them
+        std::uint32_t transparency = 0;
     };
     static constexpr std::uint32_t kNoColor = 0xFFFFFFFF;
 
@@ -67,6 +76,8 @@ private:
     void WriteNumber(double value, int digits);
     void SetPen(const render::StrokeStyle& style);
     void SetColor(std::uint32_t color, bool strokes);
+    void SetTransparency(std::uint32_t color);
+    void EnterLayer();
     void EndStroke();
     /// Writes the path's segments; `chains`: a sub-path may go on where the last one ended.
     void Draw(const render::Path& path, bool chains);
@@ -98,6 +109,10 @@ private:
     std::optional<std::size_t> m_cut; ///< of the stroked font in use
     render::TextRun m_cutRun;
     render::Path m_glyph, m_strokes;
+    bool m_keepsLayers = false;
+    std::uint32_t m_wantedLayer = 0;
+    std::optional<std::uint32_t> m_layer; ///< that is open
+    std::set<std::uint32_t> m_layers;
 };
 
 } // namespace sm::plotter

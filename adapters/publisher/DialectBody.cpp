@@ -36,6 +36,8 @@ constexpr std::uint32_t Code(char first, char second = 0)
     return static_cast<std::uint32_t>(first) << 8 | static_cast<std::uint32_t>(second);
 }
 
+constexpr std::uint32_t kBeginLayer = Code('B', 'D'), kEndLayer = Code('E', 'M'); ///< BDC and EMC
+
 /// Where a text block stands: its operators come once each and in this order.
 enum class TextStep : std::uint8_t { None, Begun, Hidden, Font, Placed, Turned, Shown };
 
@@ -89,13 +91,15 @@ private:
         Skip(Sign::Letter);
         const std::ptrdiff_t length = m_at - begin;
         const std::uint32_t code = Code(begin[0], length > 1 ? begin[1] : '\0');
-        if (length > 2 || (m_mustRestore && code != Code('Q'))) {
+        const bool marks = code == kBeginLayer || code == kEndLayer; // the only ones of three letters
+        if (length != (marks ? 3 : std::min<std::ptrdiff_t>(length, 2)) || (marks && begin[2] != 'C') ||
+            (m_mustRestore && code != Code('Q'))) {
             return false;
         }
-        const bool named = m_namesPicture == (code == Code('D', 'o'));
+        const bool named = m_names == NamesOf(code);
         const bool right = m_step == TextStep::None ? OutsideText(code) : InText(code);
         m_operands = 0;
-        m_namesPicture = false;
+        m_names = 0;
         m_last = code;
         return right && named;
     }
@@ -120,7 +124,14 @@ private:
         case Code('g'):
         case Code('G'):
         case Code('D', 'o'):
+        case Code('g', 's'):
             return m_operands == 1;
+        case kBeginLayer:
+            m_facts.highestLayer = std::max(m_facts.highestLayer, ++m_facts.layerDepth);
+            return m_operands == 2;
+        case kEndLayer:
+            m_facts.lowestLayer = std::min(m_facts.lowestLayer, --m_facts.layerDepth);
+            return m_operands == 0;
         case Code('B', 'T'):
             m_step = TextStep::Begun;
             m_beforeText = m_last;
@@ -177,23 +188,50 @@ private:
         }
     }
 
-    /// "/F12", or "/I3" for one of the page's pictures.
+    /// What kinds of names the operands of an operator are.
+    static std::uint32_t NamesOf(std::uint32_t code)
+    {
+        switch (code) {
+        case Code('T', 'f'):
+            return 'F';
+        case Code('D', 'o'):
+            return 'I';
+        case Code('g', 's'):
+            return 'A';
+        case kBeginLayer:
+            return Code('O', 'L');
+        default:
+            return 0;
+        }
+    }
+
+    /// "/F12" (a font), "/I3" (one of the page's pictures), "/L3" (a layer), "/A128" (an opacity), "/OC".
     bool Name()
     {
         const char kind = m_end - m_at > 1 ? m_at[1] : ' ';
-        if (kind != 'F' && kind != 'I') {
-            return false;
+        m_names = m_names << 8 | static_cast<unsigned char>(kind);
+        m_at += m_end - m_at > 1 ? 2 : 1;
+        if (kind == 'O') {
+            return m_at != m_end && *m_at++ == 'C';
         }
-        m_at += 2;
         std::size_t number = 0;
         const auto [end, error] = std::from_chars(m_at, m_end, number);
         if (error != std::errc() || end - m_at >= 6) {
             return false;
         }
-        m_namesPicture = kind == 'I';
         const bool there = m_operands == 1 && number > 0 && number <= m_pictures && *m_at != '0';
         m_at = end;
-        return kind == 'F' || there;
+        return kind == 'I' ? there : Uses(kind, static_cast<std::uint32_t>(number));
+    }
+
+    bool Uses(char kind, std::uint32_t number)
+    {
+        if (kind == 'L') {
+            m_facts.layers.insert(number);
+        } else if (kind == 'A') {
+            m_facts.opacities.insert(number);
+        }
+        return kind == 'F' || kind == 'L' || (kind == 'A' && number <= 255);
     }
 
     /// "(abc)", plain characters without a backslash; or "<0041>".
@@ -236,7 +274,7 @@ private:
     const char* m_end;
     std::size_t m_pictures;
     BodyFacts m_facts;
-    bool m_namesPicture = false; ///< an operand names one
+    std::uint32_t m_names = 0; ///< first letters of the operands that are names
     std::uint32_t m_operands = 0;
     std::uint32_t m_last = 0, m_beforeText = 0; ///< operators
     TextStep m_step = TextStep::None;

@@ -39,6 +39,9 @@ dup/Space get dup null eq{pop imagemask}{setcolorspace image}ifelse}bind def
 /Tj/show load def
 /TJ{{dup type/stringtype eq{show}{-.001 mul 0 rmoveto}ifelse}forall}bind def
 /d1/setcachedevice load def
+/BDC{pop pop}bind def
+/EMC{}def
+/gs/pop load def
 %%EndResource
 %%EndProlog
 %%BeginSetup
@@ -98,10 +101,11 @@ std::optional<DialectPage> ReadDialectPage(std::string_view file)
     file.remove_suffix(kTail.size());
     auto pictures = TakeDialectPictures(*setup);
     auto fonts = pictures ? ReadDialectFonts(*setup) : std::nullopt;
-    if (!fonts) {
+    auto layers = ReadDialectLayers(*head);
+    if (!fonts || !layers) {
         return std::nullopt;
     }
-    return DialectPage{std::move(*fonts), std::move(*pictures), file};
+    return DialectPage{std::move(*fonts), std::move(*pictures), std::move(*layers), file};
 }
 
 } // namespace sm::publisher

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,10 +35,18 @@ struct DialectFont {
     std::array<double, 4> box{};                  ///< strokes: of all glyphs, thousandths of the em
 };
 
+/// A layer of the drawing that parts of the page belong to.
+struct DialectLayer {
+    enum class State : std::uint8_t { On, Off, NotPlotted } state = State::On;
+    std::string name; ///< UTF-8
+    friend bool operator==(const DialectLayer&, const DialectLayer&) = default;
+};
+
 struct DialectPage {
     std::vector<DialectFont> fonts;
-    std::vector<DialectPicture> pictures; ///< the body calls them I1, I2, …
-    std::string_view body;                ///< in the file; not yet checked, see CheckDialectBody
+    std::vector<DialectPicture> pictures;         ///< the body calls them I1, I2, …
+    std::map<std::uint32_t, DialectLayer> layers; ///< by the number that the body calls them by: "/L3"
+    std::string_view body;                        ///< in the file; not yet checked, see CheckDialectBody
 };
 
 /// The page that `file` holds; nothing when what is round its body isn't in the dialect.
@@ -47,6 +56,9 @@ std::optional<DialectPage> ReadDialectPage(std::string_view file);
 struct BodyFacts {
     std::int32_t depth = 0;  ///< more were opened than closed
     std::int32_t lowest = 0; ///< the smallest depth on the way, at most 0
+    /// The same of layers (/OC /L3 BDC ... EMC), and the largest depth on the way.
+    std::int32_t layerDepth = 0, lowestLayer = 0, highestLayer = 0;
+    std::set<std::uint32_t> layers, opacities; ///< that it names (opacities: /A128 gs)
 };
 
 /// Nothing when the body holds anything else than the dialect, which means the same as a PDF content stream: the
@@ -56,6 +68,10 @@ std::optional<BodyFacts> CheckDialectBody(std::string_view body, std::size_t pic
 
 /// The body in parts of at least `size` bytes, the last one smaller, that end with complete operations.
 std::vector<std::string_view> CutDialectBody(std::string_view body, std::size_t size);
+
+/// The layers that comments of a page's head declare: "%SheetmakerLayer: 3 on <57616C6C73>", with on, off or unplotted
+/// and the name's UTF-8 in hexadecimal. Nothing when such a comment is of another form.
+std::optional<std::map<std::uint32_t, DialectLayer>> ReadDialectLayers(std::string_view head);
 
 /// The fonts defined in `setup`, one resource after the other; nothing when it holds anything else.
 std::optional<std::vector<DialectFont>> ReadDialectFonts(std::string_view setup);

@@ -2,7 +2,10 @@
 
 #include "publisher/DialectFontObjects.h"
 #include "publisher/PackedBody.h"
+#include "publisher/PdfLayers.h"
 #include "publisher/PdfNumbers.h"
+
+#include <algorithm>
 
 namespace sm::publisher {
 
@@ -10,7 +13,10 @@ namespace {
 
 class DialectPageMaker final : public IPageMaker {
 public:
-    explicit DialectPageMaker(std::unique_ptr<IPageMaker> others) : m_others(std::move(others)) {}
+    DialectPageMaker(std::unique_ptr<IPageMaker> others, NoteTaker note)
+        : m_others(std::move(others)), m_note(std::move(note))
+    {
+    }
 
     MadePages MakePages(const std::vector<PageSource>& pages, const std::string& jobOptions,
                         const std::string& folder) override
@@ -22,7 +28,13 @@ public:
         for (std::size_t i = 0; i < pages.size() && ours; ++i) {
             ours = AddPage(*pdf, pages[i], jobOptions, pictures);
         }
-        return ours ? MadePages{{}, std::move(pdf)} : m_others->MakePages(pages, jobOptions, folder);
+        if (ours) {
+            return {{}, std::move(pdf)};
+        }
+        for (const PageSource& page : pages) {
+            TellLosses(page);
+        }
+        return m_others->MakePages(pages, jobOptions, folder);
     }
 
 private:
@@ -42,8 +54,9 @@ private:
             }
             fonts.replaceKey("/" + font.name, object);
         }
-        const auto parts = PackDialectBody(file, page->body, page->pictures.size());
-        if (!parts) {
+        const auto packed = PackDialectBody(file, page->body, page->pictures.size());
+        const auto declared = [&](std::uint32_t layer) { return page->layers.contains(layer); };
+        if (!packed || !std::all_of(packed->layers.begin(), packed->layers.end(), declared)) {
             return false;
         }
         auto dictionary = QPDFObjectHandle::parse("<</Type/Page/Resources<</ProcSet[/PDF/Text]>>>>");
@@ -55,7 +68,8 @@ private:
         if (!page->pictures.empty()) {
             dictionary.getKey("/Resources").replaceKey("/XObject", pictures.Resources(page->pictures));
         }
-        dictionary.replaceKey("/Contents", Contents(pdf, *parts));
+        AddNamedResources(pdf, dictionary.getKey("/Resources"), page->layers, packed->opacities);
+        dictionary.replaceKey("/Contents", Contents(pdf, packed->parts));
         QPDFPageDocumentHelper(pdf).addPage(QPDFPageObjectHelper(pdf.makeIndirectObject(dictionary)), false);
         return true;
     }
@@ -71,7 +85,21 @@ private:
         return streams.size() == 1 ? streams.front() : QPDFObjectHandle::newArray(streams);
     }
 
+    /// What an interpreter does not take over from a page of the plotter.
+    void TellLosses(const PageSource& source) const
+    {
+        const MappedFile file(source.psPath);
+        const std::string page = "Page " + std::to_string(source.number) + " was made by the PostScript interpreter: ";
+        if (m_note && file.Bytes().find("\n%SheetmakerLayer: ") != std::string_view::npos) {
+            m_note(page + "the drawing's layers are not kept in it");
+        }
+        if (m_note && file.Bytes().find(" gs\n") != std::string_view::npos) {
+            m_note(page + "what is transparent in the drawing is opaque in it");
+        }
+    }
+
     std::unique_ptr<IPageMaker> m_others;
+    NoteTaker m_note;
 };
 
 } // namespace
@@ -85,9 +113,9 @@ bool DialectRespects(const std::string& jobOptions)
     return colorsStay && jobOptions.find("/EmbedAllFonts false") == std::string::npos;
 }
 
-std::unique_ptr<IPageMaker> CreateDialectPageMaker(std::unique_ptr<IPageMaker> others)
+std::unique_ptr<IPageMaker> CreateDialectPageMaker(std::unique_ptr<IPageMaker> others, NoteTaker note)
 {
-    return std::make_unique<DialectPageMaker>(std::move(others));
+    return std::make_unique<DialectPageMaker>(std::move(others), std::move(note));
 }
 
 } // namespace sm::publisher

@@ -36,7 +36,15 @@ public:
         }
         return !m_stop && StatesMatch();
     }
-    std::vector<std::shared_ptr<Buffer>> Take() { return std::move(m_packed); }
+    PackedBody Take()
+    {
+        PackedBody packed{std::move(m_packed), {}, {}};
+        for (BodyFacts& facts : m_facts) {
+            packed.layers.merge(facts.layers);
+            packed.opacities.merge(facts.opacities);
+        }
+        return packed;
+    }
 
 private:
     void Work() noexcept
@@ -60,17 +68,18 @@ private:
         }
     }
 
-    /// Every graphics state that is restored was saved, across the parts.
+    /// Every graphics state that is restored was saved, across the parts; and there is one layer at a time.
     bool StatesMatch() const
     {
-        std::int32_t depth = 0;
+        std::int32_t depth = 0, layers = 0;
         for (const BodyFacts& facts : m_facts) {
-            if (depth + facts.lowest < 0) {
+            if (depth + facts.lowest < 0 || layers + facts.lowestLayer < 0 || layers + facts.highestLayer > 1) {
                 return false;
             }
             depth += facts.depth;
+            layers += facts.layerDepth;
         }
-        return depth == 0;
+        return depth == 0 && layers == 0;
     }
 
     const MappedFile& m_file;
@@ -85,8 +94,7 @@ private:
 
 } // namespace
 
-std::optional<std::vector<std::shared_ptr<Buffer>>> PackDialectBody(const MappedFile& file, std::string_view body,
-                                                                    std::size_t pictures)
+std::optional<PackedBody> PackDialectBody(const MappedFile& file, std::string_view body, std::size_t pictures)
 {
     BodyPacker packer(file, body, pictures);
     if (!packer.Run()) {

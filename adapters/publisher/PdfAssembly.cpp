@@ -2,6 +2,7 @@
 
 #include "publisher/AtomicFile.h"
 #include "publisher/MarkWriter.h"
+#include "publisher/PdfLayers.h"
 #include "publisher/PdfNumbers.h"
 #include "publisher/PublishStatus.h"
 #include "publisher/Qpdf.h"
@@ -144,6 +145,7 @@ MarkTally AssemblePdf(const Assembly& assembly, AtomicFile& target)
         DocumentInfo info = assembly.info;
         const MarkTally tally = WriteMarks(pdf, sheets, info, assembly.note);
         WriteNavigation(pdf, sheets, assembly.navigation, info.Value("Title").has_value());
+        WriteLayers(pdf);
         CompressStreams(pdf);
         SetInformation(pdf, info);
         WriteOut(pdf, target);

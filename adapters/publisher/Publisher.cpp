@@ -17,8 +17,9 @@ public:
     {
         return std::make_shared<PubDoc>(
             m_options, m_desktop,
-            CreateDialectPageMaker(CreateGhostscriptPageMaker(
-                {m_options.interpreter, m_options.deadline, m_options.deadlinePerMegabyte})));
+            CreateDialectPageMaker(
+                CreateGhostscriptPageMaker({m_options.interpreter, m_options.deadline, m_options.deadlinePerMegabyte}),
+                m_options.observer.note));
     }
 
     std::shared_ptr<IConversionLog> CreateConversionLog() override

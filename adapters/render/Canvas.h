@@ -1,9 +1,10 @@
 // The seam between what an entity means and how it is written: finished 2-D shapes on a sheet of paper.
 //
-// Coordinates are millimetres on the sheet, from its lower-left corner, x to the right, y up. Colours are 0xRRGGBB as
-// they shall appear on white paper. Line types are already cut into dashes, lineweights are millimetres, clips are
-// nested. A back end must write Stroke, Fill, Text, PushClip and PopClip; the rest have fallbacks. Calls between
-// BeginEntity and EndEntity belong to one entity of the drawing.
+// Coordinates are millimetres on the sheet, from its lower-left corner, x to the right, y up. Colours are 0xTTRRGGBB as
+// they shall appear on white paper, TT the transparency: 0 opaque to 254 all but clear; a back end may draw all opaque.
+// Line types are already cut into dashes, lineweights are millimetres, clips are nested. A back end must write Stroke,
+// Fill, Text, PushClip and PopClip; the rest have fallbacks. Calls between BeginEntity and EndEntity belong to one
+// entity of the drawing.
 #pragma once
 
 #include "render/Matrix.h"
@@ -79,8 +80,9 @@ struct TextRun {
 /// Names the entity that the next calls belong to.
 struct EntityMark {
     std::uint64_t handle = 0;
-    std::string_view kind;  ///< "LINE"
-    std::string_view layer; ///< its own, not that of the block it stands in
+    std::string_view kind;     ///< "LINE"
+    std::string_view layer;    ///< its own, not that of the block it stands in
+    std::uint32_t shownBy = 0; ///< index of the layer that shows or hides it: the insert's where its own is "0"
 };
 
 class ICanvas {

@@ -3,6 +3,7 @@
 
 #include "drawing/Drawing.h"
 #include "render/Canvas.h"
+#include "render/PlotStyleTable.h"
 #include "render/TextLayout.h"
 
 #include <cstdint>
@@ -29,7 +30,10 @@ public:
     explicit RenderReport(const drawing::Drawing& drawing);
     void Note(const drawing::EntityRecord& record, Outcome outcome);
     [[nodiscard]] std::uint64_t Count(Outcome outcome) const;
-    struct NotDrawnKind { std::string kind, layer; std::uint64_t count = 0; };
+    struct NotDrawnKind {
+        std::string kind, layer;
+        std::uint64_t count = 0;
+    };
     /// Entities whose best outcome is NotDrawn, by kind and layer.
     [[nodiscard]] std::vector<NotDrawnKind> NotDrawn() const;
     /// Something drawn otherwise than the drawing has it ("hatch pattern too dense, lines left out").
@@ -46,16 +50,18 @@ private:
 /// A space of the drawing, looked at and placed on a sheet.
 struct Scene {
     const drawing::Drawing& drawing;
-    std::uint32_t block = 0;  ///< the space
-    Matrix3 view;             ///< world to display plane (z dropped); identity for paper space and plan views
-    Matrix2 toPaper;          ///< display plane to millimetres on the sheet
-    Box2 clip;                ///< millimetres on the sheet; what lies outside isn't drawn
-    bool paperSpace = false;  ///< draw the viewports' contents
-    bool lineweights = true;  ///< false: every line gets the thinnest pen
+    std::uint32_t block = 0; ///< the space
+    Matrix3 view;            ///< world to display plane (z dropped); identity for paper space and plan views
+    Matrix2 toPaper;         ///< display plane to millimetres on the sheet
+    Box2 clip;               ///< millimetres on the sheet; what lies outside isn't drawn
+    bool paperSpace = false; ///< draw the viewports' contents
+    bool lineweights = true; ///< false: every line gets the thinnest pen
     double lineweightScale = 1;
     bool viewportsFirst = true;
     bool viewportBorders = false;
-    double linetypeUnit = 1;  ///< drawing units of this space for one unit of a line type, scales aside
+    double linetypeUnit = 1; ///< drawing units of this space for one unit of a line type, scales aside
+    const PlotStyleTable* plotStyles = nullptr; ///< null: everything is drawn as it is
+    bool everyLayer = false;                    ///< also what layers hide: the marks tell what shows it
 };
 
 void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderReport& report);

@@ -15,7 +15,7 @@ bool Painter::Draw(const drawing::QuadData& quad, drawing::EntityKind kind)
         m_path.Empty() ? m_path.MoveTo(at) : m_path.LineTo(at);
     }
     m_path.Close();
-    m_ink.Fill(m_path, m_style.color, FillRule::NonZero);
+    FillArea(m_path, FillRule::NonZero);
     return true;
 }
 

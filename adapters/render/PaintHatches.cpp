@@ -37,7 +37,7 @@ bool Painter::Draw(const drawing::HatchData& hatch, drawing::EntityKind)
         return true;
     }
     if (hatch.solid || hatch.gradient || m_options.boxesOnly) {
-        m_ink.Fill(m_path, m_style.color, FillRule::EvenOdd);
+        FillArea(m_path, FillRule::EvenOdd);
         return true;
     }
     if (hatch.lines.empty()) {

@@ -23,6 +23,19 @@ Matrix3 Placing(const drawing::InsertData& insert, Vec3 base, std::int32_t row, 
     return IsPlanExtrusion(insert.extrusion) ? inOcs : Compose(OcsAxes(insert.extrusion), inOcs);
 }
 
+// The layer that hides all of an insert or dimension where its marks say so: the outermost counts.
+std::optional<std::uint32_t> Painter::HidingLayer(const drawing::Entity& entity, const Frame& frame,
+                                                  bool ofFrozen) const
+{
+    if (!m_options.everyLayer || frame.inherited.hiddenBy) {
+        return frame.inherited.hiddenBy;
+    }
+    const std::uint32_t layer = EffectiveLayer(entity, frame.inherited);
+    const auto& layers = m_drawing.Layers();
+    const bool hides = layer < layers.size() && (ofFrozen ? layers[layer].frozen : !m_layers->Of(layer).plots);
+    return hides ? std::optional(layer) : std::nullopt;
+}
+
 bool Painter::CanEnter(std::uint32_t block)
 {
     if (block >= m_drawing.Blocks().size()) {
@@ -71,7 +84,7 @@ Outcome Painter::PaintCopies(const drawing::InsertData& insert, const std::vecto
     const OpenBlock open(m_openBlocks, insert.block);
     const Vec3 base = m_drawing.Blocks()[insert.block].base;
     Frame inner;
-    inner.inherited = {style, EffectiveLayer(insert, frame.inherited)};
+    inner.inherited = {style, EffectiveLayer(insert, frame.inherited), HidingLayer(insert, frame, true)};
     inner.dashScale = frame.dashScale * std::abs(insert.scale.x);
     Outcome best = Outcome::NotReached;
     for (std::int32_t row = 0; row < insert.rows; ++row) {
@@ -119,7 +132,7 @@ Outcome Painter::PaintClippedBlock(std::uint32_t block, const std::vector<Vec3>&
 Outcome Painter::PaintAttributes(const drawing::InsertData& insert, const Frame& frame, const Style& style)
 {
     Frame own = frame;
-    own.inherited = {style, EffectiveLayer(insert, frame.inherited)};
+    own.inherited = {style, EffectiveLayer(insert, frame.inherited), HidingLayer(insert, frame, true)};
     Outcome best = Outcome::NotReached;
     for (const drawing::EntityRecord& attribute : insert.attributes) {
         best = std::max(best, Try(attribute, own)); // attributes don't count on their own
@@ -143,7 +156,7 @@ Outcome Painter::PaintDimension(const drawing::EntityRecord& record, const Frame
     // The block holds the dimension's picture where it stands, in world coordinates.
     Frame inner = frame;
     inner.inherited = {Resolve(dimension, m_layers->Of(EffectiveLayer(dimension, frame.inherited)), frame.inherited),
-                       EffectiveLayer(dimension, frame.inherited)};
+                       EffectiveLayer(dimension, frame.inherited), HidingLayer(dimension, frame, false)};
     const OpenBlock open(m_openBlocks, dimension.block);
     const Outcome best = PaintBlock(dimension.block, inner);
     return best == Outcome::NotReached ? Outcome::OffPage : best;

@@ -127,7 +127,10 @@ std::uint32_t Painter::TextPartColor(const std::optional<TextColor>& color) cons
     drawing::Entity asked;
     asked.color = color->index;
     asked.trueColor = color->trueColor;
-    return Resolve(asked, *m_layer, m_frame->inherited).color;
+    Style style = Resolve(asked, *m_layer, m_frame->inherited);
+    style.plotStyle = m_style.plotStyle;
+    style.transparency = m_style.transparency;
+    return InkOf(style);
 }
 
 void Painter::DrawRun(const TextRun& from, const Matrix2& plane, std::uint32_t color)

@@ -160,7 +160,7 @@ Outcome Painter::PaintViewportContent(const drawing::EntityRecord& record, const
     inner.inherited = Inherited{};
     inner.dashScale =
         m_options.scaleLinetypesWithPaper ? frame.dashScale : frame.dashScale * ScaleOf(ViewToPaper(viewport));
-    const LayerStates layers(m_drawing, viewport.frozenLayers, m_hideLayers, viewport.handle);
+    const LayerStates layers(m_drawing, viewport.frozenLayers, m_hideLayers && !m_options.everyLayer, viewport.handle);
     m_layers = &layers;
     m_annotationScale = drawing::AnnotationScaleOf(m_drawing, record);
     Outcome best = Outcome::NotReached;

@@ -1,7 +1,10 @@
 #include "render/Painter.h"
 
 #include "drawing/AnnotationContexts.h"
+#include "render/ClipBox.h"
+#include "render/HatchLines.h"
 #include "render/PainterBuffers.h"
+#include "render/plotstyle/PlotPens.h"
 
 namespace sm::render {
 
@@ -34,7 +37,7 @@ bool HasSides(drawing::EntityKind kind)
 Painter::Painter(const drawing::Drawing& drawing, ICanvas& canvas, TextEngine& text, RenderReport* report,
                  const Box2& clip, const PaintOptions& options, bool hideLayers)
     : m_drawing(drawing), m_text(text), m_report(report), m_options(options), m_hideLayers(hideLayers),
-      m_ink(canvas, clip), m_ownLayers(drawing, {}, hideLayers), m_layers(&m_ownLayers),
+      m_ink(canvas, clip), m_ownLayers(drawing, {}, hideLayers && !options.everyLayer), m_layers(&m_ownLayers),
       m_budget(kLargestExpansion + kExpansionPerEntity * drawing.EntityCount()), m_buffers(std::make_unique<Buffers>())
 {
     for (const drawing::Linetype& linetype : drawing.Linetypes()) {
@@ -59,6 +62,9 @@ template <class Data> Outcome Painter::Leaf(Data& data, const drawing::EntityRec
         DrawThickness(data);
     }
     const bool drawn = m_ink.End();
+    if (drawn && !m_layer->plots && m_hideLayers) {
+        return Outcome::Hidden; // it is there for those who show its layer
+    }
     return drawn ? Outcome::Drawn : possible ? Outcome::OffPage : Outcome::NotDrawn;
 }
 
@@ -214,10 +220,13 @@ void Painter::Enter(const drawing::Entity& entity, const drawing::EntityRecord& 
     m_frame = &frame;
     m_layer = &m_layers->Of(EffectiveLayer(entity, frame.inherited));
     m_style = Resolve(entity, *m_layer, frame.inherited);
+    m_pen = m_options.pens != nullptr ? &m_options.pens->Of(m_style) : nullptr;
+    m_style.color = InkOf(m_style);
     m_linetypeScale = entity.linetypeScale > 0 ? entity.linetypeScale : 1;
     const auto& layers = m_drawing.Layers();
     const std::string_view layer = entity.layer < layers.size() ? std::string_view(layers[entity.layer].name) : "0";
-    m_ink.Begin({entity.handle, drawing::KindName(record.kind), layer});
+    const std::uint32_t shownBy = frame.inherited.hiddenBy.value_or(EffectiveLayer(entity, frame.inherited));
+    m_ink.Begin({entity.handle, drawing::KindName(record.kind), layer, shownBy});
     m_path.Clear();
 }
 
@@ -233,7 +242,46 @@ Pen Painter::StrokePen() const
     pen.width = PenWidth(m_style.width);
     pen.pattern = m_style.linetype < m_patterns.size() ? &m_patterns[m_style.linetype] : nullptr;
     pen.dashScale = m_frame->dashScale * m_linetypeScale;
+    if (m_pen == nullptr) {
+        return pen;
+    }
+    if (m_pen->width) { // a table's lineweights hold whether or not the objects' are plotted
+        pen.width = *m_pen->width * m_options.lineweightScale;
+    }
+    if (m_pen->ownLinetype) {
+        pen.pattern = &m_pen->pattern;
+        pen.dashScale = m_pen->patternUnit;
+    }
+    pen.cap = m_pen->cap.value_or(pen.cap);
+    pen.join = m_pen->join.value_or(pen.join);
     return pen;
+}
+
+std::uint32_t Painter::InkOf(const Style& style) const
+{
+    const std::uint32_t color = style.color | std::uint32_t{style.transparency} << 24;
+    return m_options.pens != nullptr ? m_options.pens->Of(style).ColorOf(color) : color;
+}
+
+void Painter::FillArea(const Path& path, FillRule rule)
+{
+    const FillLines pattern = m_pen != nullptr ? LinesOf(m_pen->fill) : FillLines{};
+    const Box2 hull = HullOf(path);
+    if (pattern.families.empty() || !m_ink.Bounded() || !std::isfinite(hull.Width() + hull.Height())) {
+        m_ink.Fill(path, m_style.color, rule);
+        return;
+    }
+    const Ink::ClipGuard guard(m_ink, path, rule);
+    if (m_ink.Clip().Empty()) {
+        return;
+    }
+    Path area, lines;
+    AppendBox(area, Grown(m_ink.Clip(), pattern.width));
+    HatchLines cutter(area, HullOf(area));
+    for (const drawing::HatchLine& family : pattern.families) {
+        cutter.Append(family, Matrix2{}, lines);
+    }
+    m_ink.Stroke(lines, {m_style.color, pattern.width, nullptr, 1, LineCap::Butt, LineJoin::Miter});
 }
 
 void Painter::StrokePath(std::span<const std::uint32_t> breaks)

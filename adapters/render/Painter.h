@@ -17,6 +17,9 @@
 
 namespace sm::render {
 
+class PlotPens;
+struct PlotPen;
+
 /// How the entities of one block land on the sheet, and what they take over from their insert.
 struct Frame {
     Projection toPaper;
@@ -33,6 +36,8 @@ struct PaintOptions {
     bool viewportBorders = false;
     bool scaleLinetypesWithPaper = true; ///< PSLTSCALE
     double paperDashScale = 1;           ///< of the sheet, for viewports under PSLTSCALE
+    const PlotPens* pens = nullptr;      ///< null: plot styles change nothing
+    bool everyLayer = false;             ///< draw what layers hide as well
     bool boxesOnly = false;              ///< text and viewports as their outlines, continuous lines: for bounds
 };
 
@@ -122,11 +127,15 @@ private:
     [[nodiscard]] bool CanEnter(std::uint32_t block);
 
     [[nodiscard]] bool Hidden(const drawing::Entity& entity, const Frame& frame) const;
+    [[nodiscard]] std::optional<std::uint32_t> HidingLayer(const drawing::Entity& entity, const Frame& frame,
+                                                           bool ofFrozen) const;
     void Enter(const drawing::Entity& entity, const drawing::EntityRecord& record, const Frame& frame);
     [[nodiscard]] Pen StrokePen() const;
     [[nodiscard]] double PenWidth(double lineweight) const;
+    [[nodiscard]] std::uint32_t InkOf(const Style& style) const;
     void StrokePath(std::span<const std::uint32_t> breaks = {});
     void StrokePath(const Path& path, const Pen& pen, std::span<const std::uint32_t> breaks = {});
+    void FillArea(const Path& path, FillRule rule);
     void Remark(std::string_view text);
 
     struct Buffers;
@@ -143,7 +152,8 @@ private:
     // The entity at hand.
     const Frame* m_frame = nullptr;
     const LayerState* m_layer = nullptr;
-    Style m_style;
+    Style m_style;                  ///< its colour as the plot style turns it, with its transparency
+    const PlotPen* m_pen = nullptr; ///< of the entity; null: plot styles change nothing
     double m_linetypeScale = 1;
     Path m_path;
     Path m_outline;

@@ -2,6 +2,7 @@
 #include "render/ClipBox.h"
 #include "render/FrontEnd.h"
 #include "render/Painter.h"
+#include "render/plotstyle/PlotPens.h"
 
 namespace sm::render {
 
@@ -23,11 +24,31 @@ double LinetypeScale(const drawing::Drawing& drawing)
     return scale > 0 && std::isfinite(scale) ? scale : 1;
 }
 
+std::optional<PlotPens> PensOf(const Scene& scene, RenderReport& report)
+{
+    if (scene.plotStyles == nullptr) {
+        return std::nullopt;
+    }
+    const std::string codePage = scene.drawing.HeaderText("$DWGCODEPAGE", "");
+    PlotPens pens(*scene.plotStyles, scene.drawing.PlotStyleNames(), codePage);
+    if (pens.HasDiamonds()) {
+        report.Remark("diamond ends and joins of a plot style table drawn round");
+    }
+    for (const std::string& name : pens.Missing()) {
+        report.Remark("plot style \"" + name +
+                      "\" is not in the plot style table, its objects plotted like \"Normal\"");
+    }
+    return pens;
+}
+
 } // namespace
 
 void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderReport& report)
 {
+    const std::optional<PlotPens> pens = PensOf(scene, report);
     PaintOptions options;
+    options.pens = pens ? &*pens : nullptr;
+    options.everyLayer = scene.everyLayer;
     options.lineweights = scene.lineweights;
     options.lineweightScale = scene.lineweightScale;
     options.paperSpace = scene.paperSpace;

@@ -4,6 +4,7 @@
 #include "drawing/Drawing.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -11,10 +12,12 @@ namespace sm::render {
 
 /// What an entity is drawn with.
 struct Style {
-    std::uint32_t color = 0;    ///< 0xRRGGBB on paper
-    std::int16_t index = 7;     ///< the colour index behind it; 0 for a true colour
-    double width = 0;           ///< mm, unscaled
-    std::uint32_t linetype = 0; ///< index into the linetypes
+    std::uint32_t color = 0;       ///< 0xRRGGBB on paper
+    std::int16_t index = 7;        ///< the colour index behind it; 0 for a true colour
+    double width = 0;              ///< mm, unscaled
+    std::uint32_t linetype = 0;    ///< index into the linetypes
+    std::uint32_t plotStyle = 0;   ///< named plot style: its place in the drawing's from 1; 0: "Normal"
+    std::uint8_t transparency = 0; ///< 0 opaque to 254 all but clear
 };
 
 /// Line type indexes that the drawing fixes.
@@ -26,14 +29,21 @@ inline constexpr std::uint32_t kContinuous = 2;
 struct LayerState {
     Style style;
     bool frozen = false;
-    bool shown = true; ///< neither off nor frozen nor left out of plots
+    bool plots = true;                                               ///< neither off nor frozen nor left out of plots
+    bool shown = true;                                               ///< the same, or every layer shows
+    const std::vector<drawing::PlotStyleName>* plotStyles = nullptr; ///< of the drawing
 };
 
 /// What the contents of a block take over from its insert.
 struct Inherited {
-    Style byBlock{0, 7, 0.25, kContinuous}; ///< of no insert: black, default lineweight
-    std::uint32_t layer = 0;                ///< stands in for layer "0"
+    Style byBlock{0, 7, 0.25, kContinuous};     ///< of no insert: black, default lineweight
+    std::uint32_t layer = 0;                    ///< stands in for layer "0"
+    std::optional<std::uint32_t> hiddenBy = {}; ///< where every layer shows: the insert's that hides all it holds
 };
+
+/// What a layer's own flags say.
+enum class LayerSight : std::uint8_t { Plots, Off, NotPlotted };
+LayerSight SightOf(const drawing::Layer& layer);
 
 /// The layers of a drawing for one view, ready to be asked per entity.
 class LayerStates {

@@ -20,6 +20,8 @@ struct Install {
     std::string dwgConverter{}; ///< of this run; empty: the stored setting
 
     [[nodiscard]] std::string JobOptionsFolder() const { return (places.shareFolder / "Settings").string(); }
+    /// The user's own plot style tables.
+    [[nodiscard]] std::string PlotStyleFolder() const { return (places.settingsFolder / "PlotStyles").string(); }
     [[nodiscard]] std::string LoginName() const;
 };
 

@@ -50,6 +50,7 @@ Json ToObject(const DrawingReport& report)
             {"entities", EntitiesToJson(report.entities, report.notDrawn)},
             {"damage", DamageToJson(report.damage)},
             {"substitutions", report.substitutions},
+            {"remarks", report.remarks},
             {"notes", report.notes},
             {"milliseconds",
              {{"open", times.open},
@@ -68,6 +69,7 @@ void ReadLists(const Json& object, DrawingReport& report)
     for (const auto& [kind, count] : object.at("entities").at("notDrawnByKind").items())
         report.notDrawn.push_back({kind, count});
     report.substitutions = object.at("substitutions").get<std::vector<std::string>>();
+    report.remarks = object.at("remarks").get<std::vector<std::string>>();
     report.notes = object.at("notes").get<std::vector<std::string>>();
 }
 

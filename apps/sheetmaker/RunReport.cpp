@@ -56,6 +56,8 @@ std::vector<std::string> RemarkLines(const DrawingReport& report)
         lines.push_back(NotDrawnLine(report.notDrawn));
     if (!report.substitutions.empty())
         lines.push_back(fmt::format("fonts: {}", fmt::join(report.substitutions, "; ")));
+    for (const std::string& remark : report.remarks)
+        lines.push_back("note: " + remark);
     lines.insert(lines.end(), report.notes.begin(), report.notes.end());
     if (!report.Converted())
         lines.push_back("failed: " + report.failure);

@@ -54,6 +54,7 @@ struct DrawingReport {
     std::vector<NotDrawn> notDrawn;
     std::vector<Damage> damage;
     std::vector<std::string> substitutions; ///< fonts that stood in for others
+    std::vector<std::string> remarks;       ///< what was drawn otherwise than the drawing has it
     std::vector<std::string> notes;         ///< what is not done or was carried past, in plain words
     RunTimes times;
     friend bool operator==(const DrawingReport&, const DrawingReport&) = default;

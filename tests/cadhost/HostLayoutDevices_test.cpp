@@ -107,7 +107,10 @@ TEST_F(HostLayoutTest, ListsStyleTablesOfTheDrawingsFolderAndOfTheDrawing)
     Write("named.STB", "x");
     Write("plot.txt", "x");
     const auto layout = OpenSheet(drawing);
-    EXPECT_THAT(layout->GetPlotStyleTableNames(), ElementsAre("beside.ctb", "named.STB", "Florida.ctb"));
+    EXPECT_THAT(layout->GetPlotStyleTableNames(),
+                ElementsAre("Screening 100%.ctb", "Screening 25%.ctb", "Screening 50%.ctb", "Screening 75%.ctb",
+                            "acad.ctb", "acad.stb", "grayscale.ctb", "monochrome.ctb", "monochrome.stb", "beside.ctb",
+                            "named.STB", "Florida.ctb"));
     layout->SetStyleSheet("beside.ctb");
     EXPECT_EQ(layout->StyleSheet(), "beside.ctb");
     layout->SetStyleSheet("None");

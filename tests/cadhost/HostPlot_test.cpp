@@ -48,6 +48,62 @@ TEST_F(HostPlotTest, WritesTheActiveLayoutAsPostScript)
     EXPECT_EQ(host->Report(document).plotFailure, "");
 }
 
+constexpr const char* kRedIsBlue = "plot_style{\n 0{\n  color=-1040187137\n }\n}\n"; // 0xC20000FF
+
+TEST_F(HostPlotTest, FindsThePlotStyleTableBesideTheDrawingThenTheUsersThenOurs)
+{
+    const auto plotted = [&](const char* table) {
+        DxfDrawing drawing = House();
+        drawing.sheets[0].styleSheet = table;
+        drawing.sheets[0].entities = LineTags(0, 0, 100, 50, Tag(67, 1) + Tag(62, 1));
+        const auto document = Open(drawing);
+        Choose(*document, "Tarnwick PS8 HighRes.pc3", "ISO_A3_(420.00_x_297.00_MM)");
+        document->ActiveLayout()->SetPlotWithPlotStyles(true);
+        EXPECT_TRUE(document->Plot()->PlotToFile((folder / "out.ps").string())) << host->Report(document).plotFailure;
+        std::string found = ReadAll("out.ps");
+        found = found.substr(found.find(" cm\n") + 4);
+        found = found.substr(0, found.find("RG\n") < found.find("G\n") ? found.find("RG\n") : found.find("G\n"));
+        for (const auto& [remark, count] : host->Report(document).remarks)
+            found += "| " + remark + " " + std::to_string(count);
+        return found.substr(found.rfind('\n') + 1);
+    };
+    std::filesystem::create_directory(folder / "user");
+    host = CadHost::Create({kShare, "", {}, (folder / "user").string()});
+    EXPECT_EQ(plotted(""), "1 0 0 ");
+    EXPECT_EQ(plotted("MonoChrome.CTB"), "0 ");
+    EXPECT_EQ(plotted("W:\\Office\\Styles\\monochrome.ctb"), "0 ");
+    EXPECT_EQ(plotted("Florida.ctb"), "1 0 0 | plot style table \"Florida.ctb\" not found, plotted without it 1");
+    Write("user/monochrome.ctb", kRedIsBlue);
+    EXPECT_EQ(plotted("monochrome.ctb"), "0 0 1 ");
+    const std::string broken = Write("Monochrome.ctb", "}");
+    EXPECT_EQ(plotted("monochrome.ctb"), "1 0 0 | plotted without plot styles: " + broken +
+                                             ", line 1: a group ends that never began. Save the plot style table "
+                                             "again or choose another one. 1");
+}
+
+TEST_F(HostPlotTest, LeavesPlotStylesAsideWhereTheLayoutPlotsWithoutThem)
+{
+    DxfDrawing drawing = House();
+    drawing.sheets[0].styleSheet = "Florida.ctb";
+    const auto document = Open(drawing);
+    Choose(*document, "Tarnwick PS8 HighRes.pc3", "ISO_A3_(420.00_x_297.00_MM)");
+    document->ActiveLayout()->SetPlotWithPlotStyles(false);
+    ASSERT_TRUE(document->Plot()->PlotToFile((folder / "out.ps").string()));
+    EXPECT_TRUE(host->Report(document).remarks.empty());
+}
+
+TEST_F(HostPlotTest, KeepsLayersWhenItIsToldTo)
+{
+    host = CadHost::Create({kShare, "", {}, {}, true});
+    const auto document = Open(House());
+    Choose(*document, "Tarnwick PS8 HighRes.pc3", "ISO_A3_(420.00_x_297.00_MM)");
+    ASSERT_TRUE(document->Plot()->PlotToFile((folder / "out.ps").string()));
+    const std::string text = ReadAll("out.ps");
+    EXPECT_THAT(text, HasSubstr("%SheetmakerLayer: 0 on <30>\n"));
+    EXPECT_THAT(text, HasSubstr("/OC /L0 BDC\n"));
+    EXPECT_THAT(text, HasSubstr("EMC\nQ\n"));
+}
+
 TEST_F(HostPlotTest, CountsWhatBecameOfEachEntity)
 {
     const auto document = Open(House());

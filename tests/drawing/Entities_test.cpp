@@ -42,6 +42,33 @@ TEST(Entities, HaveDefaultsForWhatIsNotGiven)
     EXPECT_FALSE(line.trueColor || line.transparency || line.invisible);
 }
 
+TEST(Entities, TellWhereTransparencyAndPlotStyleComeFrom)
+{
+    using Source = Entity::StyleSource;
+    const struct {
+        const char *name, *tags;
+        bool byBlock, byValue;
+        Source source;
+        Handle style;
+    } rows[] = {
+        {"nothing said", "", false, false, Source::Layer, 0},
+        {"by layer", "440\n0\n380\n0\n", false, false, Source::Layer, 0},
+        {"by block", "440\n16777216\n380\n1\n", true, false, Source::Block, 0},
+        {"default style", "380\n2\n", false, false, Source::Default, 0},
+        {"a style of its own", "380\n3\n390\nA1\n", false, false, Source::Own, 0xA1},
+        {"a style without its kind", "390\nA1\n", false, false, Source::Own, 0xA1},
+        {"no such kind", "380\n7\n", false, false, Source::Layer, 0},
+        {"by value", "440\n33554432\n", false, true, Source::Layer, 0},
+    };
+    for (const auto& row : rows) {
+        const auto line = ReadOnly<LineData>(std::string("0\nLINE\n8\n0\n") + row.tags);
+        EXPECT_EQ(line.transparencyByBlock, row.byBlock) << row.name;
+        EXPECT_EQ(line.transparency.has_value(), row.byValue) << row.name;
+        EXPECT_EQ(line.plotStyleSource, row.source) << row.name;
+        EXPECT_EQ(line.plotStyle, row.style) << row.name;
+    }
+}
+
 TEST(Entities, ColoursOfColourBooksWithoutAValueFallBackToTheirIndex)
 {
     EXPECT_EQ(ReadOnly<LineData>("0\nLINE\n62\n5\n420\n0\n430\nRAL 9005\n").trueColor, std::nullopt);

@@ -48,6 +48,7 @@ public:
     std::size_t ActiveLayout() const override { return 0; }
     const std::vector<drawing::PlotSettings>& PageSetups() const override { return m_setups; }
     const std::vector<drawing::ImageDefinition>& ImageDefinitions() const override { return m_images; }
+    const std::vector<drawing::PlotStyleName>& PlotStyleNames() const override { return m_plotStyles; }
     const std::vector<drawing::Finding>& Findings() const override { return m_findings; }
     std::vector<drawing::XDataItem> RecordOf(const std::string&) const override { return {}; }
     void SetRecord(const std::string&, const std::vector<drawing::XDataItem>&) override {}
@@ -64,6 +65,7 @@ private:
     std::vector<drawing::Layout> m_layouts;
     std::vector<drawing::PlotSettings> m_setups;
     std::vector<drawing::ImageDefinition> m_images;
+    std::vector<drawing::PlotStyleName> m_plotStyles;
     std::vector<drawing::Finding> m_findings;
 };
 

@@ -1,4 +1,4 @@
-#include "plotter/PsDocument.h"
+#include "PsWritten.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
@@ -34,31 +34,6 @@ public:
 private:
     std::string m_name = "Two-Glyphs";
 };
-
-/// What is written for a page of 254 dots an inch: ten dots a millimetre.
-std::string Written(auto draw)
-{
-    PsWriter writer(254, testing::TempDir());
-    draw(writer);
-    writer.Finish();
-    std::FILE* file = std::tmpfile();
-    writer.Body().WriteTo(fileno(file));
-    std::string text(static_cast<std::size_t>(std::ftell(file) < 0 ? 0 : lseek(fileno(file), 0, SEEK_CUR)), '\0');
-    EXPECT_EQ(pread(fileno(file), text.data(), text.size(), 0), static_cast<ssize_t>(text.size()));
-    std::fclose(file);
-    return text;
-}
-
-Path Line(double x0, double y0, double x1, double y1)
-{
-    Path path;
-    path.MoveTo({x0, y0});
-    path.LineTo({x1, y1});
-    return path;
-}
-
-constexpr StrokeStyle kThin{0x000000, 0.25, LineCap::Round, LineJoin::Round};
-const std::string kThinPen = "0 G\n2.5 w\n1 J\n1 j\n";
 
 TEST(PsWriter, WritesALine)
 {
@@ -304,6 +279,9 @@ dup/Space get dup null eq{pop imagemask}{setcolorspace image}ifelse}bind def
 /Tj/show load def
 /TJ{{dup type/stringtype eq{show}{-.001 mul 0 rmoveto}ifelse}forall}bind def
 /d1/setcachedevice load def
+/BDC{pop pop}bind def
+/EMC{}def
+/gs/pop load def
 %%EndResource
 %%EndProlog
 %%BeginSetup

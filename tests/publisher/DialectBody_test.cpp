@@ -20,6 +20,8 @@ TEST(DialectBody, AllowsWhatMeansTheSameInAContentStream)
         {"upright text", "BT\n/F1 8 Tf\n1 2 Td\n(A B) Tj\nET\nS", 0, 0},
         {"other text", "BT /F1 1 Tf 8 0 0 8 1 2 Tm [(ab)-20<43> -3.5 <44>] TJ ET", 0, 0},
         {"text that doesn't show", "q BT 3 Tr /F12 1 Tf 1 2 Td <> Tj ET Q", 0, 0},
+        {"layers", "/OC /L3 BDC\n1 2 m S\nEMC", 0, 0},
+        {"opacities", "/A128 gs f", 0, 0},
         {"states left open", "q q 0 G Q q", 2, 0},
         {"states closed", "Q Q q", -1, -2},
     };
@@ -87,10 +89,49 @@ TEST(DialectBody, RefusesEverythingElse)
         {"text in text", "BT BT ET ET"},
         {"text that doesn't end", "BT"},
         {"text that never began", "ET"},
+        {"marked content of another kind", "/OD /L3 BDC EMC"},
+        {"a layer by the name of a font", "/OC /F3 BDC EMC"},
+        {"a font by the name of a layer", "BT /L3 1 Tf 1 2 Td (a) Tj ET"},
+        {"a layer in a text", "BT /OC /L3 BDC /F1 1 Tf 1 2 Td (a) Tj ET EMC"},
+        {"half an operator of layers", "/OC /L3 BD"},
+        {"an opacity beyond 255", "/A256 gs"},
+        {"an opacity without number", "/A gs"},
+        {"a name of nothing", "/"},
         {"a NUL", "1 2 m\v"},
     };
     for (const auto& [name, body] : rows)
         EXPECT_FALSE(CheckDialectBody(body)) << name;
+}
+
+TEST(DialectBody, TellsWhichLayersAndOpacitiesItNames)
+{
+    const auto facts = CheckDialectBody("/OC /L3 BDC /A128 gs EMC /OC /L12 BDC /A255 gs EMC");
+    ASSERT_TRUE(facts);
+    EXPECT_EQ(facts->layers, (std::set<std::uint32_t>{3, 12}));
+    EXPECT_EQ(facts->opacities, (std::set<std::uint32_t>{128, 255}));
+    EXPECT_EQ(facts->highestLayer, 1);
+    const auto odd = CheckDialectBody("EMC /OC /L3 BDC /OC /L4 BDC");
+    ASSERT_TRUE(odd);
+    EXPECT_EQ(odd->layerDepth, 1);
+    EXPECT_EQ(odd->lowestLayer, -1);
+    EXPECT_EQ(odd->highestLayer, 1);
+}
+
+TEST(DialectLayers, AreReadFromTheHead)
+{
+    const auto layers = ReadDialectLayers("%!PS-Adobe-3.0\n%SheetmakerLayer: 3 on <57616C6C73>\n%%EndComments\n"
+                                          "%SheetmakerLayer: 4 off <C3A4>\n%SheetmakerLayer: 7 unplotted <>\n");
+    ASSERT_TRUE(layers);
+    using State = DialectLayer::State;
+    EXPECT_EQ(*layers, (std::map<std::uint32_t, DialectLayer>{
+                           {3, {State::On, "Walls"}}, {4, {State::Off, "\xC3\xA4"}}, {7, {State::NotPlotted, ""}}}));
+}
+
+TEST(DialectLayers, RefuseOtherForms)
+{
+    for (const char* line : {"%SheetmakerLayer: x on <57>", "%SheetmakerLayer: 3 dim <57>", "%SheetmakerLayer: 3 on 57",
+                             "%SheetmakerLayer: 3 on <5>", "%SheetmakerLayer: 3 on <5G>", "%SheetmakerLayer: "})
+        EXPECT_FALSE(ReadDialectLayers(line)) << line;
 }
 
 TEST(DialectPage, RefusesFilesThatOnlyLookLikeIt)

@@ -1,5 +1,7 @@
 #include "PublisherStand.h"
 
+#include "publisher/JobOptions.h"
+
 #include <chrono>
 #include <filesystem>
 #include <sys/stat.h>
@@ -103,15 +105,18 @@ TEST_F(SaveToPdf, EveryShippedJobOptionsFileMakesAPageWithItsFontInside)
 {
     const auto doc = Library()->CreatePubDoc();
     int pages = 0;
+    std::set<std::string> settings; // that differ: one run each
     for (const auto& entry : std::filesystem::directory_iterator(kSettings)) {
+        settings.insert(ReadJobOptionsFile(entry.path().string()).text);
         ASSERT_EQ(doc->AddPsFile(NewPage(*doc), 300, 400, 600, 1, entry.path().string()), 0) << doc->LastErrorText();
         ++pages;
     }
     ASSERT_EQ(doc->SaveToPdf(Out("plan.pdf"), 0, false, true), 0) << doc->LastErrorText();
     const std::string fonts = RunTool("pdffonts " + Out("plan.pdf")).output;
-    EXPECT_EQ(Count(fonts, "Helvetica"), pages) << fonts;
-    EXPECT_EQ(Count(fonts, "Type 1C           WinAnsi          yes yes"), pages) << fonts;
-    EXPECT_EQ(m_reports.at(0).interpreterRuns, static_cast<std::size_t>(pages));
+    EXPECT_EQ(m_reports.at(0).pages, static_cast<std::size_t>(pages));
+    EXPECT_EQ(Count(fonts, "Helvetica"), static_cast<int>(settings.size())) << fonts;
+    EXPECT_EQ(Count(fonts, "Type 1C           WinAnsi          yes yes"), static_cast<int>(settings.size())) << fonts;
+    EXPECT_EQ(m_reports.at(0).interpreterRuns, settings.size());
 }
 
 TEST_F(SaveToPdf, PageLargerThanAPdfUnitAllowsGetsAUnitOfItsOwn)

@@ -164,7 +164,26 @@ TEST(MarksTest, NameTheEntityBehindEachCall)
     drawing.entities = "0 INSERT | 5 2A | 8 0 | 2 B | 10 0 | 20 0 | 0 LINE | 5 2B | 8 0 | 10 900 | 11 901";
     SmallScene look;
     look.marks = true;
-    EXPECT_EQ(LinesOf(drawing, look), (Lines{"begin 1f LINE Walls", "stroke FF0000 0.25 m 1 0 l 2 0", "end"}));
+    EXPECT_EQ(LinesOf(drawing, look), (Lines{"begin 1f LINE Walls by 1", "stroke FF0000 0.25 m 1 0 l 2 0", "end"}));
+}
+
+TEST(MarksTest, TellWhichLayerShowsAnEntityWhereEveryLayerIsDrawn)
+{
+    SmallDrawing drawing;
+    drawing.layers = "0 LAYER | 2 Off | 70 0 | 62 -1 | 6 Continuous | 0 LAYER | 2 Cold | 70 1 | 62 2 | 6 Continuous |"
+                     "0 LAYER | 2 On | 70 0 | 62 3 | 6 Continuous";
+    drawing.blocks = "0 BLOCK | 8 0 | 2 B | 70 0 | 10 0 | 20 0 | 3 B | 0 LINE | 5 1E | 8 0 | 10 1 | 11 2 |"
+                     "0 LINE | 5 1F | 8 On | 10 2 | 11 3 | 0 ENDBLK | 8 0";
+    drawing.entities = "0 LINE | 5 20 | 8 Off | 10 3 | 11 4 | 0 INSERT | 5 2A | 8 Off | 2 B | 10 10 | 20 0 |"
+                       "0 INSERT | 5 2B | 8 Cold | 2 B | 10 20 | 20 0 | 0 LINE | 5 21 | 8 On | 60 1 | 10 5 | 11 6";
+    SmallScene look;
+    look.marks = true;
+    look.everyLayer = true;
+    EXPECT_EQ(LinesOf(drawing, look), (Lines{"begin 20 LINE Off by 1", "stroke FF0000 0.25 m 3 0 l 4 0", "end",  //
+                                             "begin 1e LINE 0 by 1", "stroke FF0000 0.25 m 11 0 l 12 0", "end",  //
+                                             "begin 1f LINE On by 3", "stroke 00FF00 0.25 m 12 0 l 13 0", "end", //
+                                             "begin 1e LINE 0 by 2", "stroke FFFF00 0.25 m 21 0 l 22 0", "end",  //
+                                             "begin 1f LINE On by 2", "stroke 00FF00 0.25 m 22 0 l 23 0", "end"}));
 }
 
 } // namespace

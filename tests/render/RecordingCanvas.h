@@ -3,6 +3,7 @@
 //   begin 2A LINE Walls                      (only with marks)
 //   clip box 0 0 100 100 | clip m 0 0 l ...
 //   stroke 000000 0.25 m 0 0 l 10 0          colour, width, path; ends that aren't round follow the width
+//   stroke 000000~128 ...                    the same half transparent
 //   fill FF0000 nonzero m 0 0 l 10 0 l 10 10 h
 //   text 000000 [2 0 0 2 5 5] Hello          colour, em to paper, text
 //   pop
@@ -31,7 +32,7 @@ public:
             std::array<char, 17> hex{};
             const auto end = std::to_chars(hex.data(), hex.data() + hex.size(), mark.handle, 16).ptr;
             lines.push_back("begin " + std::string(hex.data(), end) + " " + std::string(mark.kind) + " " +
-                            std::string(mark.layer));
+                            std::string(mark.layer) + (mark.shownBy == 0 ? "" : " by " + std::to_string(mark.shownBy)));
         }
     }
     void EndEntity() override
@@ -77,13 +78,14 @@ public:
         }
         return text == "-0" ? "0" : text;
     }
-    static std::string Color(std::uint32_t rgb)
+    static std::string Color(std::uint32_t color)
     {
         std::string text = "000000";
+        std::uint32_t rgb = color;
         for (std::size_t i = 6; i-- > 0; rgb >>= 4) {
             text[i] = "0123456789ABCDEF"[rgb & 15];
         }
-        return text;
+        return color >> 24 == 0 ? text : text + "~" + std::to_string(color >> 24);
     }
     static std::string Points(const Path& path)
     {

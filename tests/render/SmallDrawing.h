@@ -64,6 +64,8 @@ struct SmallScene {
     bool viewportsFirst = true;
     bool viewportBorders = false;
     bool marks = false;
+    const PlotStyleTable* plotStyles = nullptr;
+    bool everyLayer = false;
 };
 
 struct Drawn {
@@ -108,6 +110,8 @@ inline Drawn Render(const SmallDrawing& small, const SmallScene& look = {})
     scene.lineweightScale = look.lineweightScale;
     scene.viewportsFirst = look.viewportsFirst;
     scene.viewportBorders = look.viewportBorders;
+    scene.plotStyles = look.plotStyles;
+    scene.everyLayer = look.everyLayer;
     RecordingCanvas canvas(look.marks);
     FakeTextEngine text;
     RenderReport report(*drawing);

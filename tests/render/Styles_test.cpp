@@ -104,6 +104,21 @@ const Row kRows[] = {
      "drawn 3 hidden 2 not reached 1"},
 };
 
+TEST(TransparencyTest, ComesFromTheEntityItsLayerOrItsInsert)
+{
+    SmallDrawing drawing;
+    drawing.layers = "0 LAYER | 2 Glass | 70 0 | 62 1 | 6 Continuous | 1001 AcCmTransparency | 1071 33554482";
+    drawing.blocks = "0 BLOCK | 8 0 | 2 B | 70 0 | 10 0 | 20 0 | 3 B | 0 LINE | 8 0 | 440 16777216 | 10 0 | 11 1 |"
+                     "0 ENDBLK | 8 0";
+    drawing.entities =
+        "0 LINE | 8 Glass | 10 1 | 11 2 | 0 LINE | 8 Glass | 440 33554559 | 10 2 | 11 3 |"
+        "0 LINE | 8 0 | 440 33554432 | 10 3 | 11 4 | 0 LINE | 8 Glass | 440 33554687 | 10 4 | 11 5 |"
+        "0 INSERT | 8 0 | 440 33554559 | 2 B | 10 6 | 20 0 | 0 TEXT | 8 Glass | 10 1 | 20 1 | 40 2 | 1 T";
+    EXPECT_EQ(LinesOf(drawing), (Lines{"stroke FF0000~205 0.25 m 1 0 l 2 0", "stroke FF0000~128 0.25 m 2 0 l 3 0",
+                                       "stroke 000000~254 0.25 m 3 0 l 4 0", "stroke FF0000 0.25 m 4 0 l 5 0",
+                                       "stroke 000000~128 0.25 m 6 0 l 7 0", "text FF0000~205 [2 0 0 2 1 1] T"}));
+}
+
 INSTANTIATE_TEST_SUITE_P(Entities, StylesTest, testing::ValuesIn(kRows),
                          [](const auto& row) { return std::string(row.param.name); });
 

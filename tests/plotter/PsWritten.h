@@ -1,0 +1,36 @@
+// What the PostScript canvas writes for a few calls.
+#pragma once
+
+#include "plotter/PsDocument.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace sm::plotter {
+
+/// What is written for a page of 254 dots an inch: ten dots a millimetre.
+inline std::string Written(auto draw)
+{
+    PsWriter writer(254, testing::TempDir());
+    draw(writer);
+    writer.Finish();
+    std::FILE* file = std::tmpfile();
+    writer.Body().WriteTo(fileno(file));
+    std::string text(static_cast<std::size_t>(std::ftell(file) < 0 ? 0 : lseek(fileno(file), 0, SEEK_CUR)), '\0');
+    EXPECT_EQ(pread(fileno(file), text.data(), text.size(), 0), static_cast<ssize_t>(text.size()));
+    std::fclose(file);
+    return text;
+}
+
+inline render::Path Line(double x0, double y0, double x1, double y1)
+{
+    render::Path path;
+    path.MoveTo({x0, y0});
+    path.LineTo({x1, y1});
+    return path;
+}
+
+inline constexpr render::StrokeStyle kThin{0x000000, 0.25, render::LineCap::Round, render::LineJoin::Round};
+inline const std::string kThinPen = "0 G\n2.5 w\n1 J\n1 j\n";
+
+} // namespace sm::plotter
