@@ -22,6 +22,7 @@ namespace {
 using Kind = JobOptionsValue::Kind;
 
 constexpr std::size_t kLargestFile = 1 << 20;
+constexpr JobOptionsRule kLayersRule{"SheetmakerLayers", JobOptionsRule::Kind::Boolean};
 
 bool IsWholeWithin(const JobOptionsValue& value, const JobOptionsRule& rule)
 {
@@ -152,6 +153,10 @@ public:
     {
         for (std::size_t i = 0; i + 1 < dictionary.items.size(); i += 2) {
             const std::string& name = dictionary.items[i].text;
+            if (name == kLayersRule.name) {
+                m_result.layers = Checker(scanner).Clean(kLayersRule, dictionary.items[i + 1]) == "true";
+                continue;
+            }
             const JobOptionsRule* rule = FindRule(JobOptionsRules(), name);
             const std::string clean =
                 rule != nullptr ? Checker(scanner).Clean(*rule, dictionary.items[i + 1]) : std::string();
@@ -255,6 +260,15 @@ JobOptions ReadJobOptionsFile(const std::string& path)
         FailFile(path, "is larger than 1 MB");
     }
     return ParseJobOptions(bytes, path);
+}
+
+bool AsksForLayers(const std::string& path) noexcept
+{
+    try {
+        return ReadJobOptionsFile(path).layers;
+    } catch (...) {
+        return false;
+    }
 }
 
 } // namespace sm::publisher

@@ -15,6 +15,9 @@ struct JobOptions {
     std::string text;
     /// Names of settings that were left out: unknown ones, and those that would spoil the pages' size or order.
     std::vector<std::string> leftOut;
+    /// A setting of our own, /SheetmakerLayers true: the drawing's layers become layers of the PDF. Whoever plots the
+    /// pages asks for it; it isn't part of `text`.
+    bool layers = false;
 };
 
 /// Reads settings from the bytes of a file. Throws PublishFailure(JobOptionsUnusable) whose text names `path`, the
@@ -24,5 +27,8 @@ JobOptions ParseJobOptions(std::string_view bytes, const std::string& path);
 /// Reads the file at `path`; an empty path gives no settings. Throws as above, also when the file is missing,
 /// unreadable, a folder, or larger than 1 MB.
 JobOptions ReadJobOptionsFile(const std::string& path);
+
+/// The file asks for layers; false also for a file that can't be used, which is told when its pages are added.
+bool AsksForLayers(const std::string& path) noexcept;
 
 } // namespace sm::publisher

@@ -58,6 +58,7 @@ void AddQualityOptions(CLI::App& command, ConvertOptions& options)
               "1200 dpi or 600 dpi");
     command.add_option("--job-options", options.jobOptions, "Name of the job options, without extension")
         ->type_name("NAME");
+    command.add_flag("--pdf-layers", options.pdfLayers, "Make the drawing's layers layers of the PDF");
     command.add_flag("--keep-ps", options.keepPs, "Keep the PostScript files beside the PDF");
     command.add_flag("--open", options.open, "Show the PDF afterwards");
     command.add_flag("--as-set", options.asSet, "Take what no option says from the stored settings");

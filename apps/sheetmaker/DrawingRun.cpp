@@ -36,8 +36,8 @@ class DrawingRun {
 public:
     DrawingRun(const DrawingTask& task, const Install& install, terminal::Console& console, DrawingReport& report)
         : m_task(task), m_report(report), m_surrounded(task, install, console, report),
-          m_host(cadhost::CadHost::Create(
-              HostOptionsOf(install, m_surrounded.Context().surroundings.registry, task.workFolder)))
+          m_host(cadhost::CadHost::Create(HostOptionsOf(install, m_surrounded.Context().surroundings.registry,
+                                                        task.workFolder, m_surrounded.KeepsLayers(task.options))))
     {
     }
 

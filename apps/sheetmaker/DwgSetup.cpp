@@ -33,10 +33,11 @@ drawing::DwgOptions DwgOptionsOf(const Install& install, IRegistry& registry)
     return options;
 }
 
-cadhost::HostOptions HostOptionsOf(const Install& install, IRegistry& registry, const std::string& workFolder)
+cadhost::HostOptions HostOptionsOf(const Install& install, IRegistry& registry, const std::string& workFolder,
+                                   bool keepLayers)
 {
     cadhost::HostOptions options{install.places.shareFolder.string(), install.LoginName(),
-                                 DwgOptionsOf(install, registry)};
+                                 DwgOptionsOf(install, registry), install.PlotStyleFolder(), keepLayers};
     options.dwg.workFolder = workFolder;
     return options;
 }

@@ -13,6 +13,7 @@ namespace sm::app {
 drawing::DwgOptions DwgOptionsOf(const Install& install, IRegistry& registry);
 
 /// `workFolder` is for temporary files; empty: the system's.
-cadhost::HostOptions HostOptionsOf(const Install& install, IRegistry& registry, const std::string& workFolder);
+cadhost::HostOptions HostOptionsOf(const Install& install, IRegistry& registry, const std::string& workFolder,
+                                   bool keepLayers = false);
 
 } // namespace sm::app

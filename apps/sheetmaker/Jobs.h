@@ -21,6 +21,7 @@ struct ConvertOptions {
     bool keepPs = false;
     bool open = false;
     bool asSet = false;
+    bool pdfLayers = false;
     friend bool operator==(const ConvertOptions&, const ConvertOptions&) = default;
 };
 

@@ -42,8 +42,8 @@ public:
            DrawingReport& report)
         : m_task(task), m_install(install), m_report(report), m_log(log),
           m_surrounded(WithLog(task, log.SheetLogName()), install, console, report),
-          m_host(cadhost::CadHost::Create(
-              HostOptionsOf(install, m_surrounded.Context().surroundings.registry, task.workFolder)))
+          m_host(cadhost::CadHost::Create(HostOptionsOf(install, m_surrounded.Context().surroundings.registry,
+                                                        task.workFolder, m_surrounded.KeepsLayers(task.options))))
     {
     }
 

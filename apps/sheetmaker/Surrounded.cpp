@@ -1,7 +1,10 @@
 #include "sheetmaker/Surrounded.h"
 
+#include "plotting/JobOptions.h"
 #include "plugin/Attempt.h"
+#include "publisher/JobOptions.h"
 #include "settings/mdlDataKegIO.h"
+#include "settings/mdlWinReg.h"
 #include "sheetmaker/SettingCommands.h"
 #include "system/DocumentOpener.h"
 #include "system/SystemPorts.h"
@@ -83,6 +86,12 @@ void Surrounded::LayOptions(const DrawingTask& task)
         LaySetting("Optimization", std::to_string(*options.lineQuality));
     if (options.jobOptions)
         LaySetting("JobOptionsFile", *options.jobOptions);
+}
+
+bool Surrounded::KeepsLayers(const ConvertOptions& options)
+{
+    const std::string name = ReadTextSetting(m_surroundings, "JobOptionsFile", "Graphics [600 dpi]");
+    return options.pdfLayers || publisher::AsksForLayers(JobOptionsPath(m_surroundings, name));
 }
 
 publisher::PublisherOptions Surrounded::PublishingOptions(const DrawingTask& task, const Install& install)

@@ -23,6 +23,8 @@ public:
     [[nodiscard]] SheetWatcher& Watcher() { return m_watcher; }
     [[nodiscard]] const SheetWatcher& Watcher() const { return m_watcher; }
     [[nodiscard]] AnnotationPass& Annotations() { return m_annotations; }
+    /// The PDF is to have the drawing's layers: asked for by option or by the job options in force.
+    [[nodiscard]] bool KeepsLayers(const ConvertOptions& options);
     /// Lays an option over a stored setting for this run.
     void LaySetting(const std::string& name, const std::string& value);
 

@@ -46,6 +46,7 @@ const JobRow kJobs[] = {
      {"convert", "a.dxf", "--job-options", "Print [1200 dpi]"},
      Convert({{}, {}, {}, {}, "Print [1200 dpi]", false, false, false})},
     {"Flags", {"convert", "a.dxf", "--keep-ps", "--open", "--as-set"}, Convert({{}, {}, {}, {}, {}, true, true, true})},
+    {"PdfLayers", {"convert", "a.dxf", "--pdf-layers"}, Convert({{}, {}, {}, {}, {}, false, false, false, true})},
     {"Run",
      {"convert", "a.dxf", "--jobs", "4", "--strict", "--report", "json"},
      ConvertJob{{"a.dxf"}, {}, {}, 4, true, true}},

@@ -182,6 +182,17 @@ TEST_F(JobOptionsFiles, WhatIsNoReadableFileIsRefused)
     EXPECT_EQ(ReadJobOptionsFile("").text, "");
 }
 
+TEST(JobOptions, TakesTheSettingOfLayersForItself)
+{
+    const JobOptions options =
+        ParseJobOptions("<< /SheetmakerLayers true /DetectBlends true >> setdistillerparams", "x");
+    EXPECT_TRUE(options.layers);
+    EXPECT_EQ(options.text, "/DetectBlends true\n");
+    EXPECT_EQ(options.leftOut, std::vector<std::string>{});
+    EXPECT_FALSE(ParseJobOptions("<< /SheetmakerLayers false >> setdistillerparams", "x").layers);
+    EXPECT_THROW(ParseJobOptions("<< /SheetmakerLayers 1 >> setdistillerparams", "x"), PublishFailure);
+}
+
 TEST_F(JobOptionsFiles, EveryShippedFileIsAcceptedWhole)
 {
     std::vector<std::string> names;
@@ -191,10 +202,15 @@ TEST_F(JobOptionsFiles, EveryShippedFileIsAcceptedWhole)
             EXPECT_EQ(ReadJobOptionsFile(entry.path().string()).leftOut, std::vector<std::string>{}) << entry.path();
         }
     }
+    const std::string settings = SM_SOURCE_DIR "/share/sheetmaker-pdf/Settings/";
+    EXPECT_TRUE(AsksForLayers(settings + "Graphics with layers [600 dpi].joboptions"));
+    EXPECT_FALSE(AsksForLayers(settings + "Graphics [600 dpi].joboptions"));
+    EXPECT_FALSE(AsksForLayers(settings + "no such file"));
     std::ranges::sort(names);
-    EXPECT_EQ(names, (std::vector<std::string>{"Check Print [300 dpi]", "Graphics [600 dpi]", "Greyscale [600 dpi]",
-                                               "Lossless Archive [600 dpi]", "Print [1200 dpi]",
-                                               "Screen and E-mail [150 dpi]"}));
+    EXPECT_EQ(names,
+              (std::vector<std::string>{"Check Print [300 dpi]", "Graphics [600 dpi]", "Graphics with layers [600 dpi]",
+                                        "Greyscale [600 dpi]", "Lossless Archive [600 dpi]", "Print [1200 dpi]",
+                                        "Screen and E-mail [150 dpi]"}));
 }
 
 } // namespace
