@@ -36,9 +36,9 @@ public:
         }
         return !m_stop && StatesMatch();
     }
-    PackedBody Take()
+    PackedDialectBody Take()
     {
-        PackedBody packed{std::move(m_packed), {}, {}};
+        PackedDialectBody packed{std::move(m_packed), {}, {}};
         for (BodyFacts& facts : m_facts) {
             packed.layers.merge(facts.layers);
             packed.opacities.merge(facts.opacities);
@@ -94,7 +94,7 @@ private:
 
 } // namespace
 
-std::optional<PackedBody> PackDialectBody(const MappedFile& file, std::string_view body, std::size_t pictures)
+std::optional<PackedDialectBody> PackDialectBody(const MappedFile& file, std::string_view body, std::size_t pictures)
 {
     BodyPacker packer(file, body, pictures);
     if (!packer.Run()) {

@@ -12,13 +12,13 @@
 
 namespace sm::publisher {
 
-struct PackedBody {
+struct PackedDialectBody {
     std::vector<std::shared_ptr<Buffer>> parts; ///< content streams, compressed, that together are the page
     std::set<std::uint32_t> layers, opacities;  ///< that it names
 };
 
 /// Nothing when `body`, a part of `file`, isn't in the dialect or shows other pictures than I1 to I`pictures`. The
 /// file's memory is given back on the way.
-std::optional<PackedBody> PackDialectBody(const MappedFile& file, std::string_view body, std::size_t pictures);
+std::optional<PackedDialectBody> PackDialectBody(const MappedFile& file, std::string_view body, std::size_t pictures);
 
 } // namespace sm::publisher

@@ -69,7 +69,7 @@ def read_lines(pdf):
     text = subprocess.run(["qpdf", "--qdf", "--object-streams=disable", pdf, "-"], capture_output=True,
                           check=True).stdout.decode("latin-1")
     body = max(re.findall(r"stream\n(.*?)endstream", text, re.S), key=lambda part: part.count(" l\n"))
-    operands, state, scale, at, found = [], {}, 1, None, {}
+    operands, state, scale, at, segments, found = [], {}, 1, None, [], {}
     for token in body.split():
         if re.fullmatch(r"[-+.\d]+", token):
             operands.append(float(token))
@@ -82,13 +82,18 @@ def read_lines(pdf):
             state[token] = operands[0]
         elif token == "m":
             at = operands
-        elif token == "l" and at:
-            x, y = at[0] * scale, at[1] * scale
-            number = round((x - 10) // 20 + round((y - 10) / 12) * 16)
-            color = tuple(round(part * 255) for part in state["color"])
-            dashes = found[number].dashes + 1 if number in found else 1
-            found[number] = Line(color, round(state["w"] * scale, 2), state["J"], state["j"], dashes)
+        elif token == "l":
+            segments.append(at)
             at = operands
+        elif token == "n":
+            segments = []
+        elif token == "S":
+            color = tuple(round(part * 255) for part in state["color"])
+            for x, y in segments:
+                number = int((x * scale - 10) // 20 + round((y * scale - 10) / 12) * 16)
+                dashes = found[number].dashes + 1 if number in found else 1
+                found[number] = Line(color, round(state["w"] * scale, 2), state["J"], state["j"], dashes)
+            segments = []
         operands = []
     return found
 

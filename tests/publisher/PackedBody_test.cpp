@@ -35,20 +35,20 @@ protected:
     {
         std::ofstream(m_path, std::ios::binary) << body;
         const MappedFile file(m_path);
-        const auto parts = PackDialectBody(file, file.Bytes(), 0);
-        if (!parts)
+        const auto packed = PackDialectBody(file, file.Bytes(), 0);
+        if (!packed)
             return "(refused)";
         QPDF pdf;
         pdf.emptyPDF();
         std::string all;
-        for (const auto& part : *parts) {
+        for (const auto& part : packed->parts) {
             auto stream = pdf.newStream();
             stream.replaceStreamData(part, QPDFObjectHandle::newName("/FlateDecode"), QPDFObjectHandle::newNull());
             const auto data = stream.getStreamData();
             all.append(reinterpret_cast<const char*>(data->getBuffer()), data->getSize());
         }
         if (count != nullptr)
-            *count = parts->size();
+            *count = packed->parts.size();
         return all;
     }
 

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <set>
 #include <sys/stat.h>
 
 namespace sm::publisher {
