@@ -90,7 +90,7 @@ def read_lines(pdf):
         elif token == "S":
             color = tuple(round(part * 255) for part in state["color"])
             for x, y in segments:
-                number = int((x * scale - 10) // 20 + round((y * scale - 10) / 12) * 16)
+                number = int((x * scale - 9) // 20 + round((y * scale - 10) / 12) * 16)
                 dashes = found[number].dashes + 1 if number in found else 1
                 found[number] = Line(color, round(state["w"] * scale, 2), state["J"], state["j"], dashes)
             segments = []
@@ -140,7 +140,7 @@ def check_by_color(program, share, folder, source, plain):
 
 def check_by_name(program, share, folder, source, plain):
     table = acadctb.load(source)
-    styles = [table[name] for name in table.styles]
+    styles = [table[name] for name in table]
     names = [style.name for style in styles]
     drawing = os.path.join(folder, os.path.basename(source)[:-4] + " names.dxf")
     lines = {number: {"color": 1 + number, "style": name} for number, name in enumerate(names)}

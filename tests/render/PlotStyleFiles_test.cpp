@@ -134,6 +134,14 @@ TEST(PlotStyleFile, SizesOfTheHeadAreNotTrusted)
     }
 }
 
+TEST(PlotStyleFile, WordsOfEightBytesAreTakenToo)
+{
+    const std::string bytes = Shipped("acad.ctb");
+    const std::string zeros(4, '\0');
+    const std::string wide = bytes.substr(0, 52) + zeros + bytes.substr(52, 4) + zeros + bytes.substr(56, 4) + zeros;
+    EXPECT_EQ(ParsePlotStyleTable(wide + bytes.substr(60), "x.ctb").styles.size(), 255u);
+}
+
 TEST(PlotStyleFile, FilesThatCannotBeReadAreNamed)
 {
     const struct {

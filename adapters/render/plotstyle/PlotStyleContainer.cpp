@@ -26,15 +26,23 @@ std::size_t WordAt(std::string_view bytes, std::size_t at)
     return word;
 }
 
+/// Some programs wrote words of eight bytes.
+std::size_t StreamBegin(std::string_view bytes)
+{
+    constexpr std::size_t kWords = 12;
+    constexpr char kZlib = 0x78;
+    return bytes.size() > 2 * kWords && bytes[kWords] != kZlib && bytes[2 * kWords] == kZlib ? 2 * kWords : kWords;
+}
+
 /// The words' sizes are hints: a stream tells its own end, and its own sum.
 std::string Inflate(std::string_view bytes, const std::string& path)
 {
-    constexpr std::size_t kWords = 12;
-    if (bytes.size() <= kWords) {
+    const std::size_t begin = StreamBegin(bytes);
+    if (bytes.size() <= begin) {
         FailPlotStyle(path, 0, "the file ends before its contents");
     }
     std::size_t room = std::min(std::max<std::size_t>(WordAt(bytes, 4), 1024), kLargestText);
-    bytes.remove_prefix(kWords);
+    bytes.remove_prefix(begin);
     const std::unique_ptr<libdeflate_decompressor, void (*)(libdeflate_decompressor*)> inflater(
         libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
     if (!inflater) {
