@@ -38,8 +38,9 @@ void BuildNotes(Model& model)
     ForEachEntry(model, "DIMSTYLE", [&](const Slice& slice) {
         AddNamed(model, ReadEntry(model, slice).rawName, slice, source.dimensionStyleNames, source.dimensionStyles);
     });
-    ForEachObject(model, "MLEADERSTYLE",
-                  [&](const Slice& slice) { source.noteStyles.emplace(ReadEntry(model, slice).handle, slice); });
+    for (const char* kind : {"MLEADERSTYLE", "TABLESTYLE"})
+        ForEachObject(model, kind,
+                      [&](const Slice& slice) { source.noteStyles.emplace(ReadEntry(model, slice).handle, slice); });
     ForEachObject(model, "MLINESTYLE", [&](const Slice& slice) {
         const NamedEntry entry = ReadEntry(model, slice);
         source.noteStyles.emplace(entry.handle, slice);

@@ -25,7 +25,7 @@ public:
     /// Dimension styles by name: into `dimensionStyles`. Their values are read with the entities that use them.
     NameTable dimensionStyleNames;
     std::vector<Slice> dimensionStyles;
-    /// The MLEADERSTYLE and MLINESTYLE objects; those of multilines also by name.
+    /// The MLEADERSTYLE, MLINESTYLE and TABLESTYLE objects; those of multilines also by name.
     std::unordered_map<Handle, Slice> noteStyles;
     NameTable multilineStyleNames;
     std::vector<Slice> multilineStyles;

@@ -39,15 +39,18 @@ void AddOutsideArrow(DimensionParts& parts, bool second, Vec2 tip, Vec2 inwards)
         parts.AddDimensionLine(from, tip - inwards * (3 * size));
         return;
     }
-    if (parts.Style().textAbove != 0) { // the line runs on below the text
+    if (parts.Style().textAbove != 0 && parts.Style().textOutsideLevel == 0) { // the line runs on below the text
         const double reach = Dot(text - tip, inwards * -1) + parts.TextSize().x / 2;
         parts.AddDimensionLine(from, tip - inwards * std::max(reach, 2 * size));
         return;
     }
-    const Vec2 landing{text.x - side * (parts.TextSize().x / 2 + parts.Gap()), text.y};
-    const Vec2 corner = landing - Vec2{side * size, 0};
+    const bool above = parts.Style().textAbove != 0;
+    const double reach = parts.TextSize().x / 2 + parts.Gap();
+    const Vec2 before{text.x - side * reach, text.y - (above ? parts.TextSize().y / 2 + parts.Gap() : 0)};
+    const Vec2 landing = above ? before + Vec2{side * 2 * reach, 0} : before;
+    const Vec2 corner = above ? before : before - Vec2{side * size, 0};
     constexpr double kInLine = 1e-3;
-    if (std::abs(Cross(Unit(text - tip), inwards)) < kInLine) {
+    if (!above && std::abs(Cross(Unit(text - tip), inwards)) < kInLine) {
         parts.AddDimensionLine(from, text);
     } else {
         parts.AddDimensionLine(from, corner);
@@ -186,9 +189,11 @@ void BuildRadial(DimensionParts& parts)
     const Vec2 out = Unit(on - center);
     const double measured = diameter ? 2 * radius : radius;
     const std::string prefix = diameter ? "%%c" : "R";
-    parts.SetText(LengthText(measured, parts.Style()), prefix, on + out * (4 * parts.ArrowSize()), out);
+    const Vec2 fallback = on + out * (4 * parts.ArrowSize());
+    const bool outside = Length(parts.GivenPlace(fallback) - center) > radius;
+    const std::int32_t level = outside ? parts.Style().textOutsideLevel : parts.Style().textInsideLevel;
+    parts.SetText(LengthText(measured, parts.Style()), prefix, fallback, out, level != 0);
     const Vec2 text = parts.TextAt();
-    const bool outside = Length(text - center) > radius;
     if (outside) {
         const bool atOther = diameter && Length(text - other) < Length(text - on);
         AddOutsideArrow(parts, atOther, atOther ? other : on, atOther ? out : out * -1);
@@ -220,7 +225,7 @@ void BuildAngular(DimensionParts& parts)
     const bool arc = data.form == Form::Arc;
     const double arcLength = Length(sector.firstEnd - sector.center) * sector.sweep;
     parts.SetText(arc ? LengthText(arcLength, parts.Style()) : AngleText(sector.sweep / kTurn * 360, parts.Style()),
-                  arc ? "⌒" : "", at, Left(sector.At(middle)));
+                  arc ? "⌒" : "", at, Left(sector.At(middle)), parts.Style().textInsideLevel != 0);
     AddRay(parts, sector, sector.start, sector.firstEnd, parts.Style().hideFirstExtension != 0);
     AddRay(parts, sector, sector.start + sector.sweep, sector.secondEnd, parts.Style().hideSecondExtension != 0);
     AddArcWithHeads(parts, sector);

@@ -73,7 +73,10 @@ void BuildLinear(DimensionParts& parts)
     const Vec2 way = data.oblique != 0 ? Direction(AngleOf(along) + data.oblique) : Left(along);
     const Vec2 a = Meet(first, way, on, along), b = Meet(second, way, on, along);
     const double measured = std::abs(Dot(second - first, along));
-    parts.SetText(LengthText(measured, parts.Style()), "", (a + b) * 0.5, along);
+    const Vec2 middle = (a + b) * 0.5;
+    const bool outside = std::abs(Dot(parts.GivenPlace(middle) - middle, along)) > Length(b - a) / 2;
+    const std::int32_t level = outside ? parts.Style().textOutsideLevel : parts.Style().textInsideLevel;
+    parts.SetText(LengthText(measured, parts.Style()), "", middle, along, level != 0);
     const Vec2 side = Dot(b - second, way) + Dot(a - first, way) < 0 ? way * -1 : way;
     AddExtension(parts, first, a, side, parts.Style().hideFirstExtension != 0);
     AddExtension(parts, second, b, side, parts.Style().hideSecondExtension != 0);
@@ -96,7 +99,7 @@ void BuildOrdinate(DimensionParts& parts)
     const double size = parts.ArrowSize();
     const double measured = Dot(feature - origin, measuredAlong);
     const Vec2 textAt = end + out * (parts.Gap() + parts.Length(parts.Style().textHeight));
-    parts.SetText(LengthText(measured, parts.Style()), "", textAt, out);
+    parts.SetText(LengthText(measured, parts.Style()), "", textAt, out, false);
     const Vec2 start = feature + out * parts.Length(parts.Style().extensionGap);
     const double shift = Dot(end - feature, measuredAlong);
     Path& path = parts.Picture().Add(parts.LinePen());
@@ -106,7 +109,8 @@ void BuildOrdinate(DimensionParts& parts)
         path.LineTo(before - measuredAlong * shift - out * (2 * size));
         path.LineTo(before);
     }
-    path.LineTo(end);
+    const bool below = parts.HasText() && parts.Style().textAbove != 0;
+    path.LineTo(below ? end + out * (parts.TextSize().x + parts.Gap()) : end);
     parts.Finish();
 }
 

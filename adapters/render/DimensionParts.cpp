@@ -49,7 +49,12 @@ DimensionParts::DimensionParts(const drawing::DimensionData& dimension, const dr
 {
 }
 
-void DimensionParts::SetText(const std::string& measured, const std::string& prefix, Vec2 at, Vec2 along)
+Vec2 DimensionParts::GivenPlace(Vec2 fallback) const
+{
+    return m_dimension.textMidpoint == Vec3{} ? fallback : Vec2{m_dimension.textMidpoint.x, m_dimension.textMidpoint.y};
+}
+
+void DimensionParts::SetText(const std::string& measured, const std::string& prefix, Vec2 at, Vec2 along, bool level)
 {
     m_text = {};
     static_cast<drawing::Entity&>(m_text) = NotePen(m_style.textColor);
@@ -62,9 +67,8 @@ void DimensionParts::SetText(const std::string& measured, const std::string& pre
     constexpr std::int32_t kMiddle = 5;
     m_text.attachment = kMiddle;
     m_size = m_hasText ? m_tools.Measure(m_text) : Vec2{};
-    const double level = -m_dimension.horizontal;
-    const bool turns = m_style.textInsideLevel == 0 || m_style.textAbove != 0;
-    m_text.rotation = turns ? Readable(AngleOf(along) - level) + level : level;
+    const double horizon = -m_dimension.horizontal;
+    m_text.rotation = level ? horizon : Readable(AngleOf(along) - horizon) + horizon;
     m_text.rotation = m_dimension.textRotation != 0 ? m_dimension.textRotation : m_text.rotation;
     m_at = at;
     if (m_style.textAbove != 0) {
@@ -72,9 +76,7 @@ void DimensionParts::SetText(const std::string& measured, const std::string& pre
         const double shift = (m_size.y / 2 + Gap()) * (m_style.textAbove == kBelow ? -1 : 1);
         m_at = at + Turned({0, shift}, m_text.rotation);
     }
-    if (!(m_dimension.textMidpoint == Vec3{})) {
-        m_at = {m_dimension.textMidpoint.x, m_dimension.textMidpoint.y};
-    }
+    m_at = GivenPlace(m_at);
 }
 
 void DimensionParts::AddDimensionLine(Vec2 from, Vec2 to)

@@ -189,11 +189,13 @@ std::string DimensionText(const std::string& own, const std::string& measured, c
     if (!own.empty() && own.find_first_not_of(' ') == std::string::npos) {
         return {};
     }
+    // Some writers put the prefix in front of "<>" themselves.
+    const bool twice = !prefix.empty() && own.find(prefix + "<>") != std::string::npos;
     std::string text = WithTolerance(measured, style);
     if (style.form.find("<>") != std::string::npos) {
         text = Replaced(style.form, "<>", text);
     } else {
-        text = prefix + text + style.form;
+        text = (twice ? "" : prefix) + text + style.form;
     }
     text = own.empty() ? text : Replaced(own, "<>", text);
     return Replaced(Replaced(std::move(text), "[]", ""), "\\X", "\\P");

@@ -95,11 +95,16 @@ TEST_F(HostEntityTest, GivesThePlaceOfWhatDrawsNothingItself)
               "{ 40, 35, 0, 60, 45, 0 }");
     EXPECT_EQ(BoxOf(*First(Plain("INSERT", Tag(2, "GONE") + Tag(10, 5) + Tag(20, 6) + Tag(230, -1)))),
               "{ -5, 6, 0, -5, 6, 0 }");
-    EXPECT_EQ(BoxOf(*First(Plain("DIMENSION", Tag(2, "*D9") + Tag(10, 1) + Tag(20, 2) + Tag(11, 30) + Tag(21, 4)))),
-              "{ 1, 2, 0, 30, 4, 0 }");
     EXPECT_EQ(BoxOf(*First(Plain("IMAGE", Tag(10, 1) + Tag(20, 2) + Tag(11, 0.5) + Tag(21, 0) + Tag(12, 0) +
                                               Tag(22, 0.5) + Tag(13, 100) + Tag(23, 60)))),
               "{ 1, 2, 0, 51, 32, 0 }");
+}
+
+TEST_F(HostEntityTest, GivesTheBoxOfADimensionWithoutAPicture)
+{
+    const std::string points = Tag(10, 20) + Tag(20, 10) + Tag(13, 0) + Tag(23, 0) + Tag(14, 20) + Tag(24, 0);
+    EXPECT_EQ(BoxOf(*First(Plain("DIMENSION", Tag(2, "*D9") + Tag(1, " ") + points))),
+              "{ 0, 0.0625, 0, 20, 10.18, 0 }");
 }
 
 TEST_F(HostEntityTest, LeavesTheCornersAloneWhereThereIsNoBox)

@@ -110,6 +110,7 @@ const TextRow kTexts[] = {
     {"OnlyMeasured", "", "", 0, 0, "R12"},
     {"OwnText", "wide", "", 0, 0, "wide"},
     {"OwnTextRoundTheMeasurement", "ca. <> net", "", 0, 0, "ca. R12 net"},
+    {"ThePrefixStandsInTheOwnText", "R<>", "", 0, 0, "R12"},
     {"ABlankIsNoText", " ", "", 0, 0, ""},
     {"Suffix", "", " mm", 0, 0, "R12 mm"},
     {"FormInPlaceOfThePrefix", "", "<> mm", 0, 0, "12 mm"},

@@ -20,7 +20,8 @@ SmallDrawing Styled(const std::string& entities)
     drawing.layers = "0 DIMSTYLE | 105 D1 | 2 A" + common +
                      "| 0 DIMSTYLE | 105 D2 | 2 T | 142 1 | 46 2 | 176 1 | 177 "
                      "3 | 178 5" +
-                     common + "| 0 DIMSTYLE | 105 D3 | 2 U | 77 1 | 3 <> mm | 278 44 | 78 8" + common;
+                     common + "| 0 DIMSTYLE | 105 D3 | 2 U | 77 1 | 3 <> mm | 278 44 | 78 8" + common +
+                     "| 0 DIMSTYLE | 105 D4 | 2 L" + common + "| 74 1 | 77 1";
     drawing.blocks = "0 BLOCK | 8 0 | 2 *D1 | 70 1 | 10 0 | 20 0 | 0 ENDBLK";
     drawing.entities = entities;
     return drawing;
@@ -84,6 +85,20 @@ const Row kRows[] = {
     {"OrdinateOfX",
      "0 DIMENSION | 8 0 | 3 A | 70 70 | 10 0 | 20 0 | 13 40 | 23 10 | 14 45 | 24 50 | 11 45 | 21 54",
      {"stroke 000000 0.25 m 40 11 l 40 42 l 45 46 l 45 50", "text 000000 [0 2 -2 0 45 54] 40.0"}},
+    {"RadiusWithALevelTextOutside",
+     "0 DIMENSION | 8 0 | 3 L | 70 4 | 10 50 | 20 50 | 15 53 | 25 54 | 11 70 | 21 70",
+     {"fill 000000 nonzero m 53 54 l 53.933 55.8 l 54.467 55.4 h", "stroke 000000 0.25 m 54.2 55.6 l 66.6 68",
+      "stroke 000000 0.25 m 66.6 68 l 73.4 68", "stroke 000000 0.25 m 49 50 l 51 50",
+      "stroke 000000 0.25 m 50 49 l 50 51", "text 000000 [2 0 0 2 70 70] R5.0"}},
+    {"ArcLength",
+     "0 ARC_DIMENSION | 8 0 | 3 A | 70 8 | 15 10 | 25 10 | 13 60 | 23 10 | 14 10 | 24 60 | 10 52.426 | 20 52.426 | 1 "
+     "<>",
+     {"stroke 000000 0.25 m 61 10 l 70.999 10", "stroke 000000 0.25 m 10 61 l 10 70.999",
+      "fill 000000 nonzero m 69.999 10 l 69.633 11.994 l 70.299 12.005 h",
+      "fill 000000 nonzero m 10 69.999 l 12.005 70.299 l 11.994 69.633 h",
+      "stroke 000000 0.25 m 69.966 12 c 69.518 25.424 64.579 38.31 55.939 48.594",
+      "stroke 000000 0.25 m 48.594 55.939 c 38.31 64.579 25.424 69.518 12 69.966",
+      "text 000000 [1.414 -1.414 1.414 1.414 52.426 52.426] ⌒78.5"}},
     {"SeenFromBelow",
      "0 DIMENSION | 8 0 | 3 A | 70 0 | 10 50 | 20 30 | 11 -30 | 21 30 | 13 10 | 23 10 | 14 50 | 24 10 | 50 0 | 210 0 | "
      "220 0 | 230 -1",

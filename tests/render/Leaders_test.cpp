@@ -23,7 +23,11 @@ SmallDrawing Styled(const std::string& entities)
     drawing.blocks =
         "0 BLOCK | 8 0 | 2 _TEST | 70 0 | 10 0 | 20 0 | 0 LINE | 8 0 | 62 0 | 10 -1 | 20 0 | 11 0 | 21 0 | 0 ENDBLK |"
         "0 BLOCK | 8 0 | 2 BALLOON | 70 2 | 10 0 | 20 0 | 0 LINE | 8 0 | 62 0 | 10 0 | 20 0 | 11 2 | 21 0 |"
-        "0 ATTDEF | 5 A1 | 8 0 | 10 1 | 20 1 | 40 1 | 1 default | 3 p | 2 T | 70 0 | 0 ENDBLK";
+        "0 ATTDEF | 5 A1 | 8 0 | 10 1 | 20 1 | 40 1 | 1 default | 3 p | 2 T | 70 0 | 0 ENDBLK |"
+        "0 BLOCK | 8 0 | 2 NOTED | 70 0 | 10 0 | 20 0 | 0 MULTILEADER | 8 0 | 62 0 | 100 AcDbMLeader | 300 "
+        "CONTEXT_DATA{ "
+        "| 41 2 | 140 0 | 290 1 | 304 deep | 12 10 | 22 10 | 32 0 | 90 -1056964608 | 302 LEADER{ | 290 1 | 10 10 | 20 "
+        "10 | 40 0 | 304 LEADER_LINE{ | 10 0 | 20 10 | 305 } | 303 } | 301 } | 170 1 | 91 -1056964608 | 0 ENDBLK";
     drawing.objects = "0 MLEADERSTYLE | 5 E1 | 173 2 | 91 -1023410173 | 340 0 | 92 -2 | 290 1 | 291 0 |"
                       "0 MLEADERSTYLE | 5 E2 | 173 1 | 91 -1056964608 | 92 -2 | 290 1 | 291 1 | 341 B1";
     drawing.entities = entities;
@@ -112,6 +116,9 @@ const Row kMultiLeaders[] = {
      MultiLeader(kBlock, kOwnLook + "| 330 A1 | 177 1 | 44 0 | 302 7"),
      {"fill 0000FF nonzero m 10 20 l 13 20.5 l 13 19.5 h", "stroke 0000FF 0.25 m 13 20 l 20 20",
       "stroke 0000FF 0.25 m 20 20 l 25 20", "stroke 000000 0.25 m 30 20 l 34 20", "text 000000 [2 0 0 2 32 22] 7"}},
+    {"InABlockTwiceAsLarge",
+     "0 INSERT | 8 0 | 62 6 | 2 NOTED | 10 10 | 20 0 | 41 2 | 42 2",
+     {"stroke FF00FF 0.25 m 10 20 l 30 20", "text FF00FF [4 0 0 4 30 20] deep"}},
     {"BlockThatIsMissing", MultiLeader("290 0 | 296 1 | 341 FFFF | 15 30 | 25 20", "90 0 | 170 0"), {}},
 };
 
@@ -121,7 +128,7 @@ INSTANTIATE_TEST_SUITE_P(MultiLeaders, LeadersTest, testing::ValuesIn(kMultiLead
 TEST(LeadersReportTest, WhatHoldsNothingIsReported)
 {
     const Drawn drawn = Render(Styled("0 MULTILEADER | 8 0 | 100 AcDbMLeader | 0 LEADER | 8 0 | 10 1 | 20 1"));
-    EXPECT_EQ(drawn.counts, "not drawn 2 not reached 3");
+    EXPECT_EQ(drawn.counts, "not drawn 2 not reached 4");
     EXPECT_EQ(drawn.notDrawn, (Lines{"LEADER 0 1", "MULTILEADER 0 1"}));
 }
 

@@ -25,6 +25,9 @@ SmallDrawing Styled(const std::string& entities)
     drawing.objects = "0 MLINESTYLE | 5 E1 | 2 LINES | 70 0 | 62 256 | 51 90 | 52 90 | 71 2 | 49 0.5 | 62 256 | 6 "
                       "BYLAYER | 49 -0.5 | 62 1 | 6 BYLAYER |"
                       "0 MLINESTYLE | 5 E2 | 2 CAPS | 70 1042 | 62 256 | 71 2 | 49 0.5 | 62 256 | 49 -0.5 | 62 256 |"
+                      "0 TABLESTYLE | 5 E4 | 40 1 | 41 1 | 280 1 | 281 0 | 7 S | 140 1.5 | 170 9 | 62 3 | 63 2 | 283 0 "
+                      "| 7 S | 140 9 | "
+                      "170 1 | 7 S | 140 2 | 170 5 | 62 4 | 63 6 | 283 1 |"
                       "0 MLINESTYLE | 5 E3 | 2 FULL | 70 1 | 62 2 | 71 2 | 49 0.5 | 62 256 | 49 -0.5 | 62 256";
     drawing.entities = entities;
     return drawing;
@@ -110,17 +113,46 @@ const Row kTables[] = {
     {"HollowBlock",
      "0 ACAD_TABLE | 8 0 | 62 5 | 2 *T2 | 343 B2 | 10 10 | 20 50 | 11 1 | 21 0 | 91 2 | 92 2 | 141 4 | 141 5 | 142 8 | "
      "142 6 | 171 1 | 173 0 | 175 2 | 176 1 | 140 2 | 170 5 | 301 CELL_VALUE | 1 raw | 302 Title | 304 ACVALUE_END | "
-     "171 1 | 173 1 | 171 1 | 173 0 | 1 old | 140 1 | 170 1 | 64 1 | 63 2 | 283 1 | 171 2 | 340 B3 | 144 2 | 170 1",
-     {"stroke 0000FF 0.25 box 10 46 24 50", "fill FFFF00 nonzero box 10 41 18 46", "stroke 0000FF 0.25 box 10 41 18 46",
-      "stroke 0000FF 0.25 box 18 41 24 46", "text 0000FF [2 0 0 2 17 48] Title",
+     "171 1 | 173 1 | 65 1 | 171 1 | 173 0 | 1 old | 140 1 | 170 1 | 64 1 | 63 2 | 283 1 | 171 2 | 340 B3 | 144 2 | "
+     "170 1",
+     {"stroke 0000FF 0.25 m 10 50 l 24 50", "stroke 0000FF 0.25 m 24 46 l 10 46", "stroke 0000FF 0.25 m 10 46 l 10 50",
+      "fill FFFF00 nonzero box 10 41 18 46", "stroke 0000FF 0.25 m 10 46 l 18 46", "stroke 0000FF 0.25 m 18 46 l 18 41",
+      "stroke 0000FF 0.25 m 18 41 l 10 41", "stroke 0000FF 0.25 m 10 41 l 10 46", "stroke 0000FF 0.25 m 18 46 l 24 46",
+      "stroke 0000FF 0.25 m 24 46 l 24 41", "stroke 0000FF 0.25 m 24 41 l 18 41", "stroke 0000FF 0.25 m 18 41 l 18 46",
+      "stroke FF0000 0.25 m 24 50 l 24 46", "text 0000FF [2 0 0 2 17 48] Title",
       "text FF0000 [1 0 0 1 10.06 45.94] old", "stroke 000000 0.25 m 18.06 45.94 l 20.06 45.94"}},
+    {"StyleOfItsCells",
+     "0 ACAD_TABLE | 8 0 | 342 E4 | 10 10 | 20 50 | 11 1 | 21 0 | 141 10 | 141 10 | 142 20 | 171 1 | 1 head | 171 1 | "
+     "1 "
+     "data | 66 1 | 276 50 | 288 0",
+     {"fill FF00FF nonzero box 10 40 30 50", "stroke 000000 0.25 m 10 50 l 30 50", "stroke 000000 0.25 m 30 50 l 30 40",
+      "stroke 000000 0.25 m 30 40 l 10 40", "stroke 000000 0.25 m 10 40 l 10 50", "stroke 000000 0.25 m 10 40 l 30 40",
+      "stroke 000000 0.25 m 30 40 l 30 30", "stroke FF0000 0.5 m 30 30 l 10 30", "text 00FFFF [2 0 0 2 20 45] head",
+      "text 00FF00 [1.5 0 0 1.5 29 31] data"}},
+    {"TurnedTable",
+     "0 ACAD_TABLE | 8 0 | 342 E4 | 10 10 | 20 50 | 11 0 | 21 1 | 141 10 | 142 20 | 171 1 | 1 up",
+     {"fill FF00FF nonzero m 20 50 l 20 70 l 10 70 l 10 50 h", "stroke 000000 0.25 m 10 50 l 10 70",
+      "stroke 000000 0.25 m 10 70 l 20 70", "stroke 000000 0.25 m 20 70 l 20 50", "stroke 000000 0.25 m 20 50 l 10 50",
+      "text 00FFFF [0 2 -2 0 15 60] up"}},
     {"MoreCellsThanRows",
      "0 ACAD_TABLE | 8 0 | 10 10 | 20 50 | 141 4 | 142 8 | 171 1 | 171 1 | 171 1",
-     {"stroke 000000 0.25 box 10 46 18 50"}},
+     {"stroke 000000 0.25 m 10 50 l 18 50", "stroke 000000 0.25 m 18 50 l 18 46", "stroke 000000 0.25 m 18 46 l 10 46",
+      "stroke 000000 0.25 m 10 46 l 10 50"}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Tables, NoteFramesTest, testing::ValuesIn(kTables),
                          [](const auto& row) { return std::string(row.param.name); });
+
+TEST(MultiLineAttributeTest, DrawsItsOwnMText)
+{
+    SmallDrawing drawing;
+    drawing.blocks = "0 BLOCK | 8 0 | 2 B | 70 2 | 10 0 | 20 0 | 0 ENDBLK";
+    drawing.entities =
+        "0 INSERT | 8 0 | 2 B | 66 1 | 10 10 | 20 10 | 0 ATTRIB | 8 0 | 62 1 | 10 5 | 20 5 | 40 2 | 1 first "
+        "| 2 T | 70 0 | 101 Embedded Object | 10 12 | 20 30 | 30 0 | 40 3 | 41 0 | 71 1 | 1 first\\Psecond | "
+        "0 SEQEND | 8 0";
+    EXPECT_EQ(LinesOf(drawing), (Lines{"text FF0000 [3 0 0 3 12 30] first\\Psecond"}));
+}
 
 } // namespace
 } // namespace sm::render
