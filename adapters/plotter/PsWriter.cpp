@@ -211,6 +211,9 @@ void PsWriter::Close()
 
 void PsWriter::Draw(const render::Path& path, bool chains)
 {
+    // A closed sub-path that went on from another one would close to where that one began.
+    const bool closes = std::find(path.verbs.begin(), path.verbs.end(), render::Verb::Close) != path.verbs.end();
+    chains = chains && !closes;
     std::size_t next = 0;
     for (const render::Verb verb : path.verbs) {
         const std::size_t needs = verb == render::Verb::Cubic ? 3 : verb == render::Verb::Close ? 0 : 1;

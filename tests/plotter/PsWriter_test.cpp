@@ -51,6 +51,18 @@ TEST(PsWriter, PaintsStrokesOfOnePenTogether)
               kThinPen + "10 10 m\n20 20 l\n30 30 l\n50 50 m\n60 60 l\nS\n");
 }
 
+TEST(PsWriter, BeginsAClosedPathAnewWhereAnOpenOneEnded)
+{
+    EXPECT_EQ(Written([](PsWriter& w) {
+                  Path corner = Line(1, 1, 2, 1);
+                  corner.LineTo({1, 2});
+                  corner.Close();
+                  w.Stroke(Line(0, 0, 1, 1), kThin);
+                  w.Stroke(corner, kThin);
+              }),
+              kThinPen + "0 0 m\n10 10 l\n10 10 m\n20 10 l\n10 20 l\nh\nS\n");
+}
+
 TEST(PsWriter, ChangesOnlyWhatDiffersInThePen)
 {
     EXPECT_EQ(Written([](PsWriter& w) {
