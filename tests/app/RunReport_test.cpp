@@ -22,7 +22,7 @@ DrawingReport Full()
     report.notDrawn = {{"IMAGE", 2}, {"3DSOLID", 1}};
     report.damage = {{"a bad handle was skipped", 3, 120, true}, {"line ends were mixed", 1, 0, false}};
     report.substitutions = {"romans.shx by a stroke font"};
-    report.remarks = {"plot style table \"Florida.ctb\" not found, plotted without it (2 times)"};
+    report.remarks = {"diamond ends of a plot style table drawn round (2 times), which is told"};
     report.notes = {"annotations are not added by this version"};
     report.times = {1.5, 2.25, 3, 4, 11};
     return report;
@@ -90,13 +90,17 @@ TEST(RunReport, IsReadableJson)
       "romans.shx by a stroke font"
     ],
     "remarks": [
-      "plot style table \\"Florida.ctb\\" not found, plotted without it (2 times)"
+      "diamond ends of a plot style table drawn round (2 times), which is told"
     ],
     "notes": [
       "annotations are not added by this version"
     ],
     "milliseconds": {
-    "open" : 1.5, "plot" : 2.25, "pages" : 3.0, "assemble" : 4.0, "total" : 11.0
+      "open": 1.5,
+      "plot": 2.25,
+      "pages": 3.0,
+      "assemble": 4.0,
+      "total": 11.0
     }
   }
 ])");
@@ -114,11 +118,11 @@ TEST(RunReport, BecomesLines)
 {
     EXPECT_EQ(ResultLine(Full()), "plan.dxf -> /out/plan.pdf, 3 pages");
     EXPECT_EQ(RemarkLines(Full()),
-              (std::vector<std::string>{
-                  "damaged: a bad handle was skipped (line 120, 3 times)", "mended: line ends were mixed",
-                  "not drawn: 2 IMAGE, 1 3DSOLID", "fonts: romans.shx by a stroke font",
-                  "note: plot style table \"Florida.ctb\" not found, plotted without it (2 times)",
-                  "annotations are not added by this version"}));
+              (std::vector<std::string>{"damaged: a bad handle was skipped (line 120, 3 times)",
+                                        "mended: line ends were mixed", "not drawn: 2 IMAGE, 1 3DSOLID",
+                                        "fonts: romans.shx by a stroke font",
+                                        "note: diamond ends of a plot style table drawn round (2 times), which is told",
+                                        "annotations are not added by this version"}));
     DrawingReport failed;
     failed.drawing = "plan.dxf";
     failed.failure = "sheet \"A\": it was cancelled or could not be plotted";

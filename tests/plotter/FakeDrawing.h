@@ -50,6 +50,7 @@ public:
     const std::vector<drawing::ImageDefinition>& ImageDefinitions() const override { return m_images; }
     const std::vector<drawing::PlotStyleName>& PlotStyleNames() const override { return m_plotStyles; }
     const std::vector<drawing::Finding>& Findings() const override { return m_findings; }
+    const drawing::DwgOptions& Dwg() const override { return m_dwg; }
     std::vector<drawing::XDataItem> RecordOf(const std::string&) const override { return {}; }
     void SetRecord(const std::string&, const std::vector<drawing::XDataItem>&) override {}
     bool Modified() const override { return false; }
@@ -67,6 +68,7 @@ private:
     std::vector<drawing::ImageDefinition> m_images;
     std::vector<drawing::PlotStyleName> m_plotStyles;
     std::vector<drawing::Finding> m_findings;
+    drawing::DwgOptions m_dwg;
 };
 
 } // namespace sm::plotter
