@@ -38,28 +38,48 @@ Dictionary ReadDictionary(const Model& model, const Slice& slice)
     return dictionary;
 }
 
-ImageDefinition ReadImage(const Model& model, const Slice& slice)
+using Kind = ImageDefinition::Kind;
+
+void TakeImageTag(const Model& model, const TagCursor& tag, ImageDefinition& image)
+{
+    switch (tag.Code()) {
+    case 1:
+        image.path = model.Text(tag.Name());
+        break;
+    case 2:
+        image.page = model.Text(tag.Name());
+        break;
+    case 5:
+        image.handle = tag.HandleValue();
+        break;
+    case 10:
+        image.pixels.x = tag.Real();
+        break;
+    case 20:
+        image.pixels.y = tag.Real();
+        break;
+    case 280:
+        image.loaded = tag.Integer() != 0 || image.kind != Kind::Image;
+        break;
+    default:
+        break;
+    }
+}
+
+ImageDefinition ReadImage(const Model& model, const Slice& slice, Kind kind)
 {
     ImageDefinition image;
-    ForEachTag(model, slice, [&](const TagCursor& tag) {
-        switch (tag.Code()) {
-        case 1:
-            image.path = model.Text(tag.Name());
-            break;
-        case 5:
-            image.handle = tag.HandleValue();
-            break;
-        case 10:
-            image.pixels.x = tag.Real();
-            break;
-        case 20:
-            image.pixels.y = tag.Real();
-            break;
-        default:
-            break;
-        }
-    });
+    image.kind = kind;
+    ForEachTag(model, slice, [&](const TagCursor& tag) { TakeImageTag(model, tag, image); });
     return image;
+}
+
+/// Group 70 of the objects that hold frame settings (DXF reference, RASTERVARIABLES and WIPEOUTVARIABLES).
+void ReadFrame(const Model& model, std::string_view object, std::int32_t& frame)
+{
+    ForEachObject(model, object, [&](const Slice& slice) {
+        ForEachTag(model, slice, [&](const TagCursor& tag) { frame = tag.Code() == 70 ? tag.Integer() : frame; });
+    });
 }
 
 Handle HandleOf(const Model& model, const Slice& slice)
@@ -81,13 +101,17 @@ void IndexFields(Model& model)
         model.source.dictionaries.emplace(dictionary.handle, dictionary.slice);
 }
 
-constexpr std::array kImageObjects{"IMAGEDEF",
-                                   "PDFDEFINITION",
-                                   "DWFDEFINITION",
-                                   "DGNDEFINITION",
-                                   "PDFUNDERLAYDEFINITION",
-                                   "DWFUNDERLAYDEFINITION",
-                                   "DGNUNDERLAYDEFINITION"};
+struct ImageObject {
+    const char* name;
+    Kind kind;
+};
+constexpr std::array kImageObjects{ImageObject{"IMAGEDEF", Kind::Image},
+                                   ImageObject{"PDFDEFINITION", Kind::Pdf},
+                                   ImageObject{"DWFDEFINITION", Kind::Dwf},
+                                   ImageObject{"DGNDEFINITION", Kind::Dgn},
+                                   ImageObject{"PDFUNDERLAYDEFINITION", Kind::Pdf},
+                                   ImageObject{"DWFUNDERLAYDEFINITION", Kind::Dwf},
+                                   ImageObject{"DGNUNDERLAYDEFINITION", Kind::Dgn}};
 
 bool SameName(std::string_view a, std::string_view b)
 {
@@ -131,8 +155,12 @@ void BuildDictionaries(Model& model)
 
 void BuildObjects(Model& model)
 {
-    for (const char* kind : kImageObjects)
-        ForEachObject(model, kind, [&](const Slice& slice) { model.images.push_back(ReadImage(model, slice)); });
+    for (const ImageObject& object : kImageObjects)
+        ForEachObject(model, object.name,
+                      [&](const Slice& slice) { model.images.push_back(ReadImage(model, slice, object.kind)); });
+    ReadFrame(model, "RASTERVARIABLES", model.frames.image);
+    ReadFrame(model, "WIPEOUTVARIABLES", model.frames.wipeout);
+    model.frames.underlay = model.header.Integer("$PDFFRAME", model.frames.underlay);
     ForEachObject(model, "PLOTSETTINGS", [&](const Slice& slice) {
         PlotSettings settings;
         ForEachTag(model, slice, [&](const TagCursor& tag) { TakePlotSettingsTag(model, tag, settings); });

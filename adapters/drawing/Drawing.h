@@ -61,10 +61,19 @@ struct XDataItem {
     friend bool operator==(const XDataItem&, const XDataItem&) = default;
 };
 
+/// A file that IMAGE and UNDERLAY entities show.
 struct ImageDefinition {
     Handle handle = 0;
     std::string path;
     Vec2 pixels;
+    enum class Kind : std::uint8_t { Image, Pdf, Dwf, Dgn } kind = Kind::Image;
+    std::string page;   ///< of an underlay: "1", or a sheet's name
+    bool loaded = true; ///< false: unloaded by the user, not shown
+};
+
+/// Frames of images and wipeouts: 0 none, 1 shown and plotted, 2 shown and not plotted.
+struct FrameSettings {
+    std::int32_t image = 1, wipeout = 1, underlay = 1;
 };
 
 class Drawing {
@@ -120,6 +129,7 @@ public:
     [[nodiscard]] virtual const std::vector<ImageDefinition>& ImageDefinitions() const = 0;
     /// The named plot styles; empty in drawings with colour-dependent ones.
     [[nodiscard]] virtual const std::vector<PlotStyleName>& PlotStyleNames() const = 0;
+    [[nodiscard]] virtual FrameSettings Frames() const { return {}; }
     [[nodiscard]] virtual const std::vector<Finding>& Findings() const = 0;
 
     // Extended data of the named-object dictionary.

@@ -244,14 +244,16 @@ struct ViewportData : Entity {
     [[nodiscard]] bool Perspective() const { return (flags & 1) != 0; }
     [[nodiscard]] bool Off() const { return (flags & 0x20000) != 0; }
 };
-/// IMAGE, WIPEOUT, PDF/DWF/DGN UNDERLAY.
+/// IMAGE, WIPEOUT (WCS); PDF/DWF/DGN UNDERLAY (OCS).
 struct ImageData : Entity {
-    Vec3 insertion, u, v; ///< vectors of one pixel
-    Vec2 size;            ///< pixels
+    Vec3 insertion, u, v; ///< lower-left corner; vectors of one pixel, of one inch of an underlay's page
+    Vec2 size;            ///< pixels; 0 for underlays
     Handle definition = 0;
-    std::int32_t flags = 0, clipType = 0;
-    std::vector<Vec2> clip; ///< pixels
-    bool clipping = false;
+    std::int32_t flags = 0, clipType = 0; ///< IMAGE 70: 1 shown, 8 transparent; UNDERLAY 280: 2 shown, 4 monochrome
+    std::vector<Vec2> clip;    ///< images: pixels from the middle of the first one, y down; underlays: inches, y up
+    bool clipping = false;     ///< IMAGE, WIPEOUT: group 280 and flag 4; UNDERLAY: flag 1
+    bool clipInverted = false; ///< group 290: what the boundary holds is left out
+    std::int32_t brightness = 50, contrast = 50, fade = 0; ///< 0 to 100; an underlay's contrast is 100 as it is
 };
 
 void Read(const Drawing&, const EntityRecord&, Entity&);

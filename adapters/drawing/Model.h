@@ -55,6 +55,7 @@ struct Model {
     std::vector<PlotSettings> pageSetups;
     std::vector<ImageDefinition> images;
     std::vector<PlotStyleName> plotStyles;
+    FrameSettings frames;
 
     [[nodiscard]] TagCursor Tags(const Slice& slice) const { return TagsOf(source.File(), source.format, slice); }
     [[nodiscard]] std::string Text(std::string_view raw) const { return source.text->Decode(raw); }

@@ -1,5 +1,7 @@
 #include "drawing/EntityTags.h"
 
+#include <algorithm>
+
 namespace sm::drawing {
 
 namespace {
@@ -19,6 +21,11 @@ bool TakeClipPoint(const EntityTags& tags, int base, ImageData& data)
     return !data.clip.empty() && tags.Take(base, data.clip.back());
 }
 
+std::int32_t Percent(const EntityTags& tags)
+{
+    return std::clamp<std::int32_t>(tags.Integer(), 0, 100);
+}
+
 void TakeImageTag(const EntityTags& tags, ImageData& data)
 {
     switch (tags.Code()) {
@@ -30,6 +37,18 @@ void TakeImageTag(const EntityTags& tags, ImageData& data)
         break;
     case 280:
         data.clipping = tags.Integer() != 0;
+        break;
+    case 281:
+        data.brightness = Percent(tags);
+        break;
+    case 282:
+        data.contrast = Percent(tags);
+        break;
+    case 283:
+        data.fade = Percent(tags);
+        break;
+    case 290:
+        data.clipInverted = tags.Integer() != 0;
         break;
     case 340:
         data.definition = tags.HandleValue();
@@ -58,6 +77,15 @@ void TakeUnderlayTag(const EntityTags& tags, ImageData& data, Vec3& scale, doubl
     case 280:
         data.flags = tags.Integer();
         break;
+    case 281:
+        data.contrast = Percent(tags);
+        break;
+    case 282:
+        data.fade = Percent(tags);
+        break;
+    case 290:
+        data.clipInverted = tags.Integer() != 0;
+        break;
     case 340:
         data.definition = tags.HandleValue();
         break;
@@ -70,6 +98,7 @@ void ReadUnderlay(EntityTags& tags, ImageData& data)
 {
     Vec3 scale{1, 1, 1};
     double rotation = 0;
+    data.contrast = 100;
     while (tags.Next())
         if (!tags.Take(10, data.insertion) && !TakeClipPoint(tags, 11, data))
             TakeUnderlayTag(tags, data, scale, rotation);
@@ -95,6 +124,8 @@ void Read(const Drawing& drawing, const EntityRecord& record, ImageData& data)
         if (!tags.Take(13, data.size) && !TakeClipPoint(tags, 14, data))
             TakeImageTag(tags, data);
     }
+    constexpr std::int32_t kUseClip = 4;
+    data.clipping = data.clipping && (data.flags & kUseClip) != 0 && data.clip.size() >= 2;
 }
 
 } // namespace sm::drawing

@@ -1,0 +1,156 @@
+#include "drawing/FindReferenced.h"
+
+#include "drawing/TextDecoder.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace sm::drawing {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kLongestName = 4096;
+constexpr std::size_t kMostParts = 32;
+constexpr std::size_t kMostEntries = 20'000; ///< of one folder that are looked at for a name in another letter case
+
+/// A name as its parts, without what Windows puts before them.
+struct NamedPath {
+    bool rooted = false; ///< begins at the root of this system
+    std::vector<std::string> parts;
+};
+
+bool IsLetter(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+/// Nothing for what is no path of this machine.
+std::optional<NamedPath> Parse(std::string name)
+{
+    if (name.empty() || name.size() > kLongestName || name.find('\0') != std::string::npos ||
+        name.find("://") != std::string::npos) {
+        return std::nullopt;
+    }
+    std::replace(name.begin(), name.end(), '\\', '/');
+    NamedPath path;
+    const bool drive = name.size() > 1 && name[1] == ':' && IsLetter(name[0]);
+    const bool share = name.starts_with("//");
+    path.rooted = !drive && !share && name.front() == '/';
+    const fs::path rest(drive ? name.substr(2) : name);
+    for (const fs::path& part : rest.relative_path()) {
+        if (!part.empty() && part != "." && part != "/") {
+            path.parts.push_back(part.string());
+        }
+    }
+    return path.parts.empty() || path.parts.size() > kMostParts ? std::nullopt : std::optional(std::move(path));
+}
+
+bool IsOfTheSystem(const fs::path& path)
+{
+    constexpr std::array kFolders{"/dev/", "/proc/", "/sys/", "/net/"};
+    const std::string text = path.lexically_normal().string();
+    return std::any_of(kFolders.begin(), kFolders.end(), [&](const char* folder) { return text.starts_with(folder); });
+}
+
+/// The entry of `folder` that is `name` but for letter case; empty when there is none.
+fs::path EntryLike(const fs::path& folder, const std::string& name)
+{
+    std::error_code error;
+    fs::path exact = folder / name;
+    if (fs::exists(exact, error) || name == "..") {
+        return exact;
+    }
+    const std::string wanted = FoldName(name);
+    std::size_t looked = 0;
+    for (fs::directory_iterator at(folder, fs::directory_options::skip_permission_denied, error), end;
+         !error && at != end && looked < kMostEntries; at.increment(error), ++looked) {
+        if (FoldName(at->path().filename().string()) == wanted) {
+            return at->path();
+        }
+    }
+    return {};
+}
+
+std::string FileBelow(fs::path at, const std::vector<std::string>& parts, std::size_t first)
+{
+    for (std::size_t i = first; i < parts.size() && !at.empty(); ++i) {
+        at = IsOfTheSystem(at / "") ? fs::path() : EntryLike(at, parts[i]);
+    }
+    std::error_code error;
+    return !at.empty() && !IsOfTheSystem(at) && fs::is_regular_file(at, error) ? at.lexically_normal().string() : "";
+}
+
+/// The path as it is, then without its first parts; ".." leads up only at the beginning of the whole path.
+std::string FileInPlace(const std::string& folder, const NamedPath& path)
+{
+    for (std::size_t first = 0; first < path.parts.size(); ++first) {
+        const bool leadsUp = std::find(path.parts.begin() + static_cast<std::ptrdiff_t>(first), path.parts.end(),
+                                       "..") != path.parts.end();
+        if (first > 0 && leadsUp) {
+            continue;
+        }
+        if (std::string found = FileBelow(folder.empty() ? "." : folder, path.parts, first); !found.empty()) {
+            return found;
+        }
+    }
+    return {};
+}
+
+} // namespace
+
+std::string FindReferenced(const std::string& name, const SearchPlaces& places)
+{
+    const auto path = Parse(name);
+    if (!path) {
+        return {};
+    }
+    std::string found = path->rooted ? FileBelow("/", path->parts, 0) : std::string();
+    if (found.empty()) {
+        found = FileInPlace(places.folder, *path);
+    }
+    for (std::size_t i = 0; i < places.supportFolders.size() && found.empty(); ++i) {
+        if (!places.supportFolders[i].empty()) {
+            found = FileInPlace(places.supportFolders[i], *path);
+        }
+    }
+    return found;
+}
+
+std::string ReferencedFileName(const std::string& name)
+{
+    const std::size_t slash = name.find_last_of("/\\");
+    return slash == std::string::npos ? name : name.substr(slash + 1);
+}
+
+std::optional<std::string> ReadRegularFile(const std::string& path, std::uint64_t largest)
+{
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    struct stat facts = {};
+    std::optional<std::string> bytes;
+    if (descriptor >= 0 && ::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode) &&
+        static_cast<std::uint64_t>(facts.st_size) <= largest) {
+        bytes.emplace(static_cast<std::size_t>(facts.st_size), '\0');
+        std::size_t filled = 0;
+        while (filled < bytes->size()) {
+            const ssize_t got = ::read(descriptor, bytes->data() + filled, bytes->size() - filled);
+            if (got == 0 || (got < 0 && errno != EINTR)) {
+                break;
+            }
+            filled += got > 0 ? static_cast<std::size_t>(got) : 0;
+        }
+        bytes->resize(filled);
+    }
+    if (descriptor >= 0) {
+        ::close(descriptor);
+    }
+    return bytes;
+}
+
+} // namespace sm::drawing

@@ -1,0 +1,29 @@
+// Finds the files that a drawing names: pictures, underlays, other drawings.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sm::drawing {
+
+/// Where named files are looked for besides the place that the name itself tells.
+struct SearchPlaces {
+    std::string folder;                      ///< the drawing's own
+    std::vector<std::string> supportFolders; ///< asked after it, in this order
+};
+
+/// Path of the regular file that `name` means; empty when there is none. Separators and drive letters of Windows are
+/// mended, and letter case is where no file is written exactly so. Asked in this order: the full path as written; below
+/// each of the places the path, then its parts from the longest to the bare file name. Nothing on a network share, in
+/// the folders of the system's devices and processes, or behind an address ("http://…") is touched.
+std::string FindReferenced(const std::string& name, const SearchPlaces& places);
+
+/// The file name at the end of a path with separators of either kind.
+std::string ReferencedFileName(const std::string& name);
+
+/// The bytes of a regular file of at most `largest` bytes; nothing when it can't be read or is anything else.
+std::optional<std::string> ReadRegularFile(const std::string& path, std::uint64_t largest);
+
+} // namespace sm::drawing
