@@ -4,6 +4,7 @@
 #include "drawing/Drawing.h"
 #include "ports/IAcadApplication.h"
 #include "render/FrontEnd.h"
+#include "render/References.h"
 
 #include <functional>
 #include <map>
@@ -20,6 +21,9 @@ struct HostOptions {
     drawing::DwgOptions dwg{};
     std::string userStyleFolder = {}; ///< the user's own plot style tables; may be missing
     bool keepLayers = false;          ///< plots tell which layer shows what, hidden ones included
+    /// Where pictures, underlays and drawings are looked for that a drawing refers to, and what shows pages of PDF
+    /// files.
+    render::ReferenceOptions references = {};
 };
 
 /// The run's layer over a document: seen through the automation model, never saved.

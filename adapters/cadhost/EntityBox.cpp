@@ -166,11 +166,12 @@ Box2 PlaceOf(const drawing::Drawing& drawing, const drawing::EntityRecord& recor
 
 } // namespace
 
-Box2 BoxOf(const drawing::Drawing& drawing, const drawing::EntityRecord& record, render::TextEngine& text)
+Box2 BoxOf(const drawing::Drawing& drawing, const drawing::EntityRecord& record, render::TextEngine& text,
+           render::References* references)
 {
     if (record.kind == drawing::EntityKind::Viewport)
         return FrameOf(ReadAs<drawing::ViewportData>(drawing, record));
-    const Box2 drawn = render::BoundsOf(drawing, record, text);
+    const Box2 drawn = render::BoundsOf(drawing, record, text, references);
     return drawn.Empty() ? PlaceOf(drawing, record) : drawn;
 }
 

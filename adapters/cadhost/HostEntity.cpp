@@ -151,7 +151,8 @@ public:
     }
     void GetBoundingBox(AcadPoint& lowerLeft, AcadPoint& upperRight) override
     {
-        const drawing::Box2 box = AsHost([&] { return BoxOf(m_open->File(), m_record, m_open->Text()); });
+        const drawing::Box2 box =
+            AsHost([&] { return BoxOf(m_open->File(), m_record, m_open->Text(), &m_open->References()); });
         if (box.Empty())
             throw HostError("GetBoundingBox: the " + std::string(m_open->File().EntityName(m_record)) + " of line " +
                             std::to_string(m_record.line) + " has no extents");

@@ -32,8 +32,10 @@ std::optional<std::size_t> FindLayout(const drawing::Drawing& drawing, const std
 
 } // namespace
 
-OpenDrawing::OpenDrawing(const std::string& path, DocumentOverlay overlay, const drawing::DwgOptions& dwg)
-    : m_fullName(AbsolutePath(path)), m_file(drawing::Drawing::Open(path, dwg)), m_active(m_file->ActiveLayout())
+OpenDrawing::OpenDrawing(const std::string& path, DocumentOverlay overlay, const drawing::DwgOptions& dwg,
+                         render::ReferenceOptions references)
+    : m_fullName(AbsolutePath(path)), m_file(drawing::Drawing::Open(path, dwg)), m_active(m_file->ActiveLayout()),
+      m_referenceOptions(std::move(references))
 {
     m_configurations.resize(m_file->Layouts().size());
     SetOverlay(std::move(overlay));
@@ -120,7 +122,7 @@ drawing::Box2 OpenDrawing::Extents(std::uint32_t block, const render::Matrix3& v
         if (known.block == block && known.view == view)
             return known.box;
     }
-    const drawing::Box2 box = AsHost([&] { return render::ExtentsOf(File(), block, view, Text()); });
+    const drawing::Box2 box = AsHost([&] { return render::ExtentsOf(File(), block, view, Text(), &References()); });
     m_extents.push_back({block, view, box});
     return box;
 }
@@ -135,6 +137,13 @@ render::TextEngine& OpenDrawing::Text()
     if (m_text == nullptr)
         m_text = AsHost([] { return render::TextEngine::Create(); });
     return *m_text;
+}
+
+render::References& OpenDrawing::References()
+{
+    if (m_references == nullptr)
+        m_references = AsHost([this] { return std::make_unique<render::References>(File(), m_referenceOptions); });
+    return *m_references;
 }
 
 bool OpenDrawing::Plot(const std::string& path, const PlotFolders& folders, bool keepLayers)
@@ -189,29 +198,58 @@ void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders
                                "Sheetmaker PDF",
                                ExtentsOf(m_active),
                                StylesFor(settings, folders),
-                               keepLayers};
+                               keepLayers,
+                               &References()};
     plotter::PlotToPostScript(job, path, Text(), *m_report);
 }
+
+namespace {
+
+void AddCounts(const render::RenderReport& from, DocumentReport& report)
+{
+    report.drawn += from.Count(render::Outcome::Drawn);
+    report.hidden += from.Count(render::Outcome::Hidden);
+    report.offPage += from.Count(render::Outcome::OffPage);
+    report.notReached += from.Count(render::Outcome::NotReached);
+    report.notDrawn += from.Count(render::Outcome::NotDrawn);
+}
+
+/// Drawings that are shown in place of blocks count with theirs, under the names that their layers have in the host.
+void AddReferences(const render::References& references, DocumentReport& report)
+{
+    for (const drawing::Finding& finding : references.Findings())
+        report.findings.push_back(finding);
+    for (const render::References::GuestReport& guest : references.Guests()) {
+        report.read += guest.file->EntityCount();
+        AddCounts(*guest.report, report);
+        for (render::RenderReport::NotDrawnKind kind : guest.report->NotDrawn()) {
+            kind.layer = guest.prefix + "|" + kind.layer;
+            report.notDrawnKinds.push_back(std::move(kind));
+        }
+    }
+}
+
+} // namespace
 
 DocumentReport OpenDrawing::Report() const
 {
     DocumentReport report;
     report.read = File().EntityCount();
-    report.notReached = report.read;
     report.findings = File().Findings();
     report.audited = m_audit;
     report.plotFailure = m_plotFailure;
     if (m_text != nullptr)
         report.substitutions = m_text->Substitutions();
     if (m_report == nullptr)
-        return report;
-    report.drawn = m_report->Count(render::Outcome::Drawn);
-    report.hidden = m_report->Count(render::Outcome::Hidden);
-    report.offPage = m_report->Count(render::Outcome::OffPage);
-    report.notReached = m_report->Count(render::Outcome::NotReached);
-    report.notDrawn = m_report->Count(render::Outcome::NotDrawn);
-    report.notDrawnKinds = m_report->NotDrawn();
-    report.remarks = m_report->Remarks();
+        report.notReached = report.read;
+    else
+        AddCounts(*m_report, report);
+    if (m_report != nullptr)
+        report.notDrawnKinds = m_report->NotDrawn();
+    if (m_report != nullptr)
+        report.remarks = m_report->Remarks();
+    if (m_references != nullptr)
+        AddReferences(*m_references, report);
     return report;
 }
 
@@ -227,6 +265,7 @@ void OpenDrawing::Close(bool saveChanges)
         AsHost([&] { file.Save(true); });
     m_audit.reset();
     m_report.reset();
+    m_references.reset();
     m_configurations.clear();
     m_file.reset();
 }

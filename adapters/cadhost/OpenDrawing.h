@@ -9,7 +9,8 @@ namespace sm::cadhost {
 class OpenDrawing {
 public:
     /// Throws drawing::DrawingError.
-    OpenDrawing(const std::string& path, DocumentOverlay overlay, const drawing::DwgOptions& dwg);
+    OpenDrawing(const std::string& path, DocumentOverlay overlay, const drawing::DwgOptions& dwg,
+                render::ReferenceOptions references = {});
 
     /// Throws HostError once the drawing is closed; so does everything below that needs the file.
     [[nodiscard]] drawing::Drawing& File() const;
@@ -38,6 +39,8 @@ public:
     drawing::Box2 Extents(std::uint32_t block, const render::Matrix3& view);
     [[nodiscard]] ExtentsSource ExtentsOf(std::size_t index);
     render::TextEngine& Text();
+    /// What the drawing brings along from other files.
+    render::References& References();
 
     /// Plots the active layout; false when that failed, and why is kept in `PlotFailure`. Plot style tables come from
     /// `folders`: the drawing's, the user's, then ours.
@@ -72,6 +75,8 @@ private:
     std::vector<std::unique_ptr<PlotConfiguration>> m_configurations;
     std::vector<KnownExtents> m_extents;
     std::unique_ptr<render::TextEngine> m_text;
+    render::ReferenceOptions m_referenceOptions;
+    std::unique_ptr<render::References> m_references;
     std::unique_ptr<render::RenderReport> m_report;
     std::map<std::string, render::PlotStyleTable> m_plotStyles; ///< by path, as far as they were asked for
     std::optional<DocumentAudit> m_audit;

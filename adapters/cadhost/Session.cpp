@@ -51,7 +51,9 @@ std::shared_ptr<OpenDrawing> Session::Open(const std::string& path, const Docume
         m_active = *known;
         return m_active;
     }
-    auto open = std::make_shared<OpenDrawing>(path, overlay, m_options.dwg);
+    render::ReferenceOptions references = m_options.references;
+    references.dwg = m_options.dwg;
+    auto open = std::make_shared<OpenDrawing>(path, overlay, m_options.dwg, std::move(references));
     m_drawings.push_back(open);
     m_active = open;
     return open;

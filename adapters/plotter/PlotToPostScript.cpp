@@ -19,6 +19,8 @@ render::Scene SceneOf(const PlotJob& job, const Placement& placement)
 {
     render::Scene scene{job.drawing, job.layout.block, placement.view, placement.toPaper, placement.clip};
     scene.paperSpace = !job.layout.isModel;
+    scene.references = job.references;
+    scene.resolution = job.resolution;
     scene.lineweights = job.settings.Has(PlotSettings::kLineweights);
     // Lineweights are paper measures unless a paper layout is asked to scale them with its plot.
     if (scene.paperSpace && job.settings.Has(PlotSettings::kScaleLineweights)) {
@@ -47,7 +49,8 @@ void PlotToPostScript(const PlotJob& job, const std::string& path, render::TextE
                       render::RenderReport& report)
 {
     const Placement placement = Place(job.drawing, job.layout, job.settings, [&](const render::Matrix3& view) {
-        return job.extents ? job.extents(view) : render::ExtentsOf(job.drawing, job.layout.block, view, text);
+        return job.extents ? job.extents(view)
+                           : render::ExtentsOf(job.drawing, job.layout.block, view, text, job.references);
     });
     try {
         PsWriter writer(job.resolution, FolderOf(path));

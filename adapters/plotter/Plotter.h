@@ -17,6 +17,7 @@ struct PlotJob {
     std::function<drawing::Box2(const render::Matrix3& view)> extents = {};
     const render::PlotStyleTable* plotStyles = nullptr; ///< the table of `settings`; null: plotted without
     bool keepLayers = false;                            ///< the page says what each layer shows, hidden ones included
+    render::References* references = nullptr;           ///< as in render::Scene
 };
 
 /// Plots to `path`, which appears whole or not at all. Throws PlotError with a line that names file and cause.

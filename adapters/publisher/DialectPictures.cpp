@@ -232,9 +232,11 @@ QPDFObjectHandle DialectPictureObjects::Resources(std::vector<DialectPicture>& p
 bool JobOptionsKeepPictures(const std::string& jobOptions, const std::vector<DialectPicture>& pictures)
 {
     for (const DialectPicture& picture : pictures) {
+        if (picture.form == Form::ClearGray || picture.form == Form::ClearRgb) {
+            continue; // its white must stay exactly white: the interpreter is told to leave it as well
+        }
         const std::size_t bits = RowOf(picture.form).bitsPerPixel;
-        const bool gray =
-            picture.form == Form::Gray || picture.form == Form::ClearGray || picture.form == Form::JpegGray;
+        const bool gray = picture.form == Form::Gray || picture.form == Form::JpegGray;
         const std::string kind = bits == 1 ? "Mono" : gray ? "Gray" : "Color";
         const bool reencodes = bits > 1 && !Asks(jobOptions, "/Encode" + kind + "Images false") &&
                                (Asks(jobOptions, "/AutoFilter" + kind + "Images true") ||

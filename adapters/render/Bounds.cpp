@@ -57,9 +57,10 @@ private:
     std::vector<Box2> m_clips;
 };
 
-PaintOptions BoxOptions()
+PaintOptions BoxOptions(References* references)
 {
     PaintOptions options;
+    options.references = references;
     options.lineweights = false;
     options.boxesOnly = true;
     options.paperSpace = true;
@@ -68,18 +69,20 @@ PaintOptions BoxOptions()
 
 } // namespace
 
-Box2 BoundsOf(const drawing::Drawing& drawing, const drawing::EntityRecord& record, TextEngine& text)
+Box2 BoundsOf(const drawing::Drawing& drawing, const drawing::EntityRecord& record, TextEngine& text,
+              References* references)
 {
     BoundsCanvas canvas;
-    Painter painter(drawing, canvas, text, nullptr, Box2{}, BoxOptions(), false);
+    Painter painter(drawing, canvas, text, nullptr, Box2{}, BoxOptions(references), false);
     painter.PaintEntity(record, Frame{});
     return canvas.Box();
 }
 
-Box2 ExtentsOf(const drawing::Drawing& drawing, std::uint32_t block, const Matrix3& view, TextEngine& text)
+Box2 ExtentsOf(const drawing::Drawing& drawing, std::uint32_t block, const Matrix3& view, TextEngine& text,
+               References* references)
 {
     BoundsCanvas canvas;
-    Painter painter(drawing, canvas, text, nullptr, Box2{}, BoxOptions());
+    Painter painter(drawing, canvas, text, nullptr, Box2{}, BoxOptions(references));
     Frame frame;
     frame.toPaper = Flatten(view, {});
     painter.PaintSpace(block, frame);

@@ -15,6 +15,8 @@
 
 namespace sm::render {
 
+class References;
+
 /// What became of each entity of the drawing over a run; the best outcome counts.
 enum class Outcome : std::uint8_t {
     NotReached, ///< in a space or block that no plotted page shows
@@ -62,15 +64,20 @@ struct Scene {
     double linetypeUnit = 1; ///< drawing units of this space for one unit of a line type, scales aside
     const PlotStyleTable* plotStyles = nullptr; ///< null: everything is drawn as it is
     bool everyLayer = false;                    ///< also what layers hide: the marks tell what shows it
+    References* references = nullptr;           ///< kept over several scenes; null: made for this one
+    double resolution = 600;                    ///< dots per inch of the sheet: finer pictures are made coarser
 };
 
 void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderReport& report);
 
 /// The box of what one entity draws in world x and y, text and nested blocks included; empty when it draws nothing.
-Box2 BoundsOf(const drawing::Drawing& drawing, const drawing::EntityRecord& record, TextEngine& text);
+/// `references` as in Scene.
+Box2 BoundsOf(const drawing::Drawing& drawing, const drawing::EntityRecord& record, TextEngine& text,
+              References* references = nullptr);
 
 /// The box of a whole space as it plots (hidden layers left out), in the display plane of `view`.
-Box2 ExtentsOf(const drawing::Drawing& drawing, std::uint32_t block, const Matrix3& view, TextEngine& text);
+Box2 ExtentsOf(const drawing::Drawing& drawing, std::uint32_t block, const Matrix3& view, TextEngine& text,
+               References* references = nullptr);
 
 /// World to display plane of a view: looking along -`direction` at `target`, turned by `twist` degrees (DXF reference,
 /// VPORT and VIEWPORT groups 16, 17 and 51). The display plane's origin is the target's image.

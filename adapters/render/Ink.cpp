@@ -123,6 +123,20 @@ void Ink::Text(const TextRun& run, const Path& outline)
     }
 }
 
+void Ink::Image(const Picture& picture, const Matrix2& toPaper, std::uint32_t color)
+{
+    m_cut.Clear();
+    AppendBox(m_cut, {{0, 0}, {1, 1}});
+    for (Vec2& point : m_cut.points) {
+        point = toPaper.Apply(point);
+    }
+    constexpr double kFarthest = 10 * kFarAway; // beyond it interpreters lose their way
+    if (Shows(m_cut, 0) && Contains({{-kFarthest, -kFarthest}, {kFarthest, kFarthest}}, m_hull)) {
+        Announce();
+        m_canvas.Image(picture, toPaper, color);
+    }
+}
+
 Ink::ClipGuard::ClipGuard(Ink& ink, const Path& path, FillRule rule)
     : m_ink(ink), m_former(ink.m_clip), m_bounded(ink.m_bounded)
 {

@@ -35,6 +35,9 @@ public:
     void Fill(const Path& path, std::uint32_t color, FillRule rule);
     /// `outline`: a path round the text, for culling alone.
     void Text(const TextRun& run, const Path& outline);
+    void Image(const Picture& picture, const Matrix2& toPaper, std::uint32_t color);
+
+    [[nodiscard]] ICanvas& Canvas() { return m_canvas; }
 
     [[nodiscard]] const Box2& Clip() const { return m_clip; }
     /// True when something was drawn since `Begin`.

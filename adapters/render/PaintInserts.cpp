@@ -9,16 +9,22 @@ namespace {
 
 constexpr std::size_t kDeepestNesting = 64;
 
+// Programs that convert units write the factor into the insert's scale; where nobody did, it is done here.
+double UnitOf(const References::Guest& guest, const drawing::InsertData& insert)
+{
+    return std::abs(insert.scale.x) == 1 && std::abs(insert.scale.y) == 1 ? guest.unit : 1;
+}
+
 } // namespace
 
-Matrix3 Placing(const drawing::InsertData& insert, Vec3 base, std::int32_t row, std::int32_t column)
+Matrix3 Placing(const drawing::InsertData& insert, Vec3 base, std::int32_t row, std::int32_t column, double unit)
 {
     const double c = std::cos(Radians(insert.rotation));
     const double s = std::sin(Radians(insert.rotation));
     const Vec3 right{c, s, 0};
     const Vec3 up{-s, c, 0};
     const Vec3 at = insert.insertion + right * (column * insert.columnSpacing) + up * (row * insert.rowSpacing);
-    Matrix3 inOcs{right * insert.scale.x, up * insert.scale.y, {0, 0, insert.scale.z}, at};
+    Matrix3 inOcs{right * (insert.scale.x * unit), up * (insert.scale.y * unit), {0, 0, insert.scale.z * unit}, at};
     inOcs.origin = inOcs.Apply(base * -1);
     return IsPlanExtrusion(insert.extrusion) ? inOcs : Compose(OcsAxes(insert.extrusion), inOcs);
 }
@@ -81,15 +87,24 @@ Outcome Painter::PaintCopies(const drawing::InsertData& insert, const std::vecto
     if (!CanEnter(insert.block)) {
         return Outcome::NotDrawn;
     }
+    References::Guest* guest = nullptr;
+    if (Referenced().IsXref(insert.block)) {
+        guest = Referenced().GuestOf(insert.block);
+        if (guest == nullptr && m_drawing.EntitiesOf(insert.block).empty()) {
+            return Outcome::NotDrawn;
+        }
+    }
     const OpenBlock open(m_openBlocks, insert.block);
-    const Vec3 base = m_drawing.Blocks()[insert.block].base;
+    const Vec3 base = guest != nullptr ? guest->base : m_drawing.Blocks()[insert.block].base;
+    const double unit = guest != nullptr ? UnitOf(*guest, insert) : 1;
     Frame inner;
     inner.inherited = {style, EffectiveLayer(insert, frame.inherited), HidingLayer(insert, frame, true)};
-    inner.dashScale = frame.dashScale * std::abs(insert.scale.x);
+    inner.dashScale = frame.dashScale * std::abs(insert.scale.x) * unit;
     Outcome best = Outcome::NotReached;
     for (std::int32_t row = 0; row < insert.rows; ++row) {
         for (std::int32_t column = 0; column < insert.columns; ++column) {
-            inner.toPaper = Compose(frame.toPaper, Placing(insert, base, row, column));
+            inner.toPaper = Compose(frame.toPaper, Placing(insert, base, row, column, unit));
+            m_insert = insert.handle;
             best = std::max(best, clip.empty() ? PaintBlock(insert.block, inner)
                                                : PaintClippedBlock(insert.block, clip, inner));
             if (m_budget == 0) {

@@ -85,6 +85,7 @@ Outcome Painter::Try(const drawing::EntityRecord& record, const Frame& frame)
 Outcome Painter::PaintEntity(const drawing::EntityRecord& record, const Frame& frame)
 {
     const Outcome outcome = Try(record, frame);
+    m_best = std::max(m_best, outcome);
     if (m_report != nullptr) {
         m_report->Note(record, outcome);
     }
@@ -102,6 +103,9 @@ Outcome Painter::PaintAll(std::uint32_t block, const Frame& frame)
 
 Outcome Painter::PaintBlock(std::uint32_t block, const Frame& frame)
 {
+    if (References::Guest* guest = Referenced().IsXref(block) ? Referenced().GuestOf(block) : nullptr) {
+        return PaintGuest(*guest, m_insert, frame);
+    }
     const std::span<const drawing::EntityRecord> records = m_drawing.EntitiesOf(block);
     if (m_budget <= records.size() + 1) {
         m_budget = 0;
@@ -165,6 +169,10 @@ Outcome Painter::Dispatch(const drawing::EntityRecord& record, const Frame& fram
     case EntityKind::Body:
     case EntityKind::Surface:
         return Leaf(buffers.solid, record, frame);
+    case EntityKind::Image:
+    case EntityKind::Wipeout:
+    case EntityKind::Underlay:
+        return PaintImage(record, frame);
     case EntityKind::Insert:
         return PaintInsert(record, frame);
     case EntityKind::Dimension:
@@ -224,9 +232,13 @@ void Painter::Enter(const drawing::Entity& entity, const drawing::EntityRecord& 
     m_style.color = InkOf(m_style);
     m_linetypeScale = entity.linetypeScale > 0 ? entity.linetypeScale : 1;
     const auto& layers = m_drawing.Layers();
-    const std::string_view layer = entity.layer < layers.size() ? std::string_view(layers[entity.layer].name) : "0";
+    const bool isGuest = entity.layer < m_guest.layers.size();
+    const std::string_view layer = isGuest                        ? std::string_view(m_guest.layers[entity.layer])
+                                   : entity.layer < layers.size() ? std::string_view(layers[entity.layer].name)
+                                                                  : "0";
     const std::uint32_t shownBy = frame.inherited.hiddenBy.value_or(EffectiveLayer(entity, frame.inherited));
-    m_ink.Begin({entity.handle, drawing::KindName(record.kind), layer, shownBy});
+    m_ink.Begin(
+        {isGuest ? m_guest.handle : entity.handle, drawing::KindName(record.kind), layer, m_guest.InHost(shownBy)});
     m_path.Clear();
 }
 

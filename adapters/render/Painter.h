@@ -9,6 +9,7 @@
 #include "render/Ink.h"
 #include "render/NotePicture.h"
 #include "render/Projection.h"
+#include "render/References.h"
 #include "render/Style.h"
 #include "render/shapes/ShapeLibrary.h"
 
@@ -38,8 +39,12 @@ struct PaintOptions {
     double paperDashScale = 1;           ///< of the sheet, for viewports under PSLTSCALE
     const PlotPens* pens = nullptr;      ///< null: plot styles change nothing
     bool everyLayer = false;             ///< draw what layers hide as well
+    References* references = nullptr;    ///< null: made when they are needed
+    double dotsPerMillimetre = 24;       ///< finer pictures are made coarser
     bool boxesOnly = false;              ///< text and viewports as their outlines, continuous lines: for bounds
 };
+
+struct ImagePlace;
 
 class Painter {
 public:
@@ -105,6 +110,16 @@ private:
                         const Style& style);
     Outcome PaintClippedBlock(std::uint32_t block, const std::vector<Vec3>& clip, const Frame& frame);
     Outcome PaintAttributes(const drawing::InsertData& insert, const Frame& frame, const Style& style);
+    Outcome PaintGuest(References::Guest& guest, std::uint64_t insert, const Frame& frame);
+    void BeGuest(const Painter& host, const References::Guest& guest, std::uint64_t insert, const Frame& frame);
+    Outcome PaintImage(const drawing::EntityRecord& record, const Frame& frame);
+    bool DrawImage(const drawing::ImageData& image);
+    bool DrawUnderlay(const drawing::ImageData& image);
+    bool DrawWipeout(const drawing::ImageData& image);
+    void DrawPicture(const Picture& picture, const drawing::ImageData& image, const ImagePlace& place, bool opaque);
+    void DrawMissing(const std::string& name, const ImagePlace& place);
+    void StrokeFrame(const drawing::ImageData& image, const ImagePlace& place, std::int32_t setting);
+    [[nodiscard]] References& Referenced();
     Outcome PaintDimension(const drawing::EntityRecord& record, const Frame& frame);
     Outcome PaintNote(const drawing::EntityRecord& record, const Frame& frame);
     template <class Data> Outcome PaintNote(const drawing::EntityRecord& record, const Frame& frame);
@@ -139,6 +154,18 @@ private:
     void Remark(std::string_view text);
 
     struct Buffers;
+    /// Of a painter that draws a guest: what its entities count as in the host drawing.
+    struct GuestMarks {
+        std::uint64_t handle = 0;              ///< of the insert
+        std::vector<std::string> layers;       ///< by the guest's own index; none: the painter draws no guest
+        std::vector<std::uint32_t> shownBy;    ///< index in the outermost drawing's layers, by the guest's own
+        std::optional<std::uint32_t> hiddenBy; ///< the outermost drawing's layer that hides the whole guest
+        /// The outermost drawing's index of a layer of the drawing that is painted.
+        [[nodiscard]] std::uint32_t InHost(std::uint32_t layer) const
+        {
+            return hiddenBy ? *hiddenBy : layer < shownBy.size() ? shownBy[layer] : layer;
+        }
+    };
     const drawing::Drawing& m_drawing;
     TextEngine& m_text;
     RenderReport* m_report;
@@ -163,6 +190,10 @@ private:
     std::uint64_t m_viewportBudget = 100'000'000;           ///< entities that viewports may still look at
     const drawing::EntityRecord* m_sheetViewport = nullptr; ///< the one that stands for the sheet itself
     std::unique_ptr<Buffers> m_buffers;
+    std::unique_ptr<References> m_ownReferences;
+    GuestMarks m_guest;
+    std::uint64_t m_insert = 0;           ///< handle of the insert whose block is painted next
+    Outcome m_best = Outcome::NotReached; ///< of all entities painted so far
 };
 
 } // namespace sm::render

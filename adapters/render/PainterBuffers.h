@@ -26,14 +26,16 @@ struct Painter::Buffers {
     drawing::SolidData solid;
     drawing::MeshData mesh;
     drawing::GraphicsData graphics;
+    drawing::ImageData image;
     std::deque<drawing::InsertData> inserts; ///< one for each open block
     std::vector<std::uint32_t> breaks;
     TextRun run;
     std::optional<ShapeLibrary> shapes;
 };
 
-/// Block coordinates to those of the insert's owner, for the copy at `row` and `column`.
-Matrix3 Placing(const drawing::InsertData& insert, Vec3 base, std::int32_t row, std::int32_t column);
+/// Block coordinates to those of the insert's owner, for the copy at `row` and `column`; `unit`: what a unit of the
+/// block counts besides.
+Matrix3 Placing(const drawing::InsertData& insert, Vec3 base, std::int32_t row, std::int32_t column, double unit = 1);
 
 /// Stands for an open block as long as it is painted.
 class OpenBlock {

@@ -54,6 +54,8 @@ void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderRe
     options.paperSpace = scene.paperSpace;
     options.viewportsFirst = scene.viewportsFirst;
     options.viewportBorders = scene.viewportBorders;
+    options.references = scene.references;
+    options.dotsPerMillimetre = scene.resolution / 25.4;
     options.scaleLinetypesWithPaper = LinetypesScaleWithPaper(scene);
     Frame frame;
     frame.toPaper = Flatten(scene.view, scene.toPaper);

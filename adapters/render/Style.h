@@ -52,6 +52,7 @@ public:
     /// `viewport`: its handle, for what layers look like in it alone; 0: none.
     LayerStates(const drawing::Drawing& drawing, std::span<const std::uint32_t> frozen, bool hideLayers = true,
                 drawing::Handle viewport = 0);
+    explicit LayerStates(std::vector<LayerState> states) : m_states(std::move(states)) {}
     [[nodiscard]] const LayerState& Of(std::uint32_t layer) const
     {
         return m_states[layer < m_states.size() ? layer : 0];

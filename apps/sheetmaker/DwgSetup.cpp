@@ -2,6 +2,9 @@
 
 #include "settings/mdlWinReg.h"
 #include "sheetmaker/SettingCommands.h"
+#include "sheetmaker/UnderlayPages.h"
+
+#include <sstream>
 
 namespace sm::app {
 namespace {
@@ -15,6 +18,17 @@ fs::path CacheFolder(const Install& install)
     if (given.starts_with('/'))
         return fs::path(given) / "sheetmaker-pdf" / "dwg";
     return fs::path(install.environment("HOME").value_or("/nonexistent")) / ".cache" / "sheetmaker-pdf" / "dwg";
+}
+
+/// Folders of the search path for files that drawings refer to, with colons between them.
+std::vector<std::string> SupportFolders(const Install& install)
+{
+    std::vector<std::string> folders;
+    std::istringstream parts(install.environment("SHEETMAKER_PDF_SUPPORT").value_or(""));
+    for (std::string folder; std::getline(parts, folder, ':');)
+        if (!folder.empty())
+            folders.push_back(folder);
+    return folders;
 }
 
 } // namespace
@@ -39,6 +53,8 @@ cadhost::HostOptions HostOptionsOf(const Install& install, IRegistry& registry, 
     cadhost::HostOptions options{install.places.shareFolder.string(), install.LoginName(),
                                  DwgOptionsOf(install, registry), install.PlotStyleFolder(), keepLayers};
     options.dwg.workFolder = workFolder;
+    options.references.supportFolders = SupportFolders(install);
+    options.references.pages = CreateUnderlayPages("gs");
     return options;
 }
 

@@ -1,0 +1,109 @@
+// What a drawing brings along from other files: pictures, pages of PDF files, other drawings. Found and opened once for
+// all its sheets.
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "drawing/DwgConverter.h"
+#include "render/FrontEnd.h"
+
+#include <compare>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace sm::render {
+
+/// Pages of PDF files as pixels. Both operations throw std::runtime_error with a reason that completes "the page …".
+class IPageRasterizer {
+public:
+    /// Three bytes a pixel, from the top.
+    struct Pixels {
+        std::int32_t width = 0, height = 0;
+        std::string rgb;
+    };
+    virtual ~IPageRasterizer() = default;
+    /// Width and height in inches as shown; `page` counts from 1.
+    virtual Vec2 SizeOf(const std::string& path, std::int32_t page) = 0;
+    virtual Pixels Show(const std::string& path, std::int32_t page, double dotsPerInch) = 0;
+};
+
+struct ReferenceOptions {
+    std::vector<std::string> supportFolders;          ///< asked after the drawing's own folder
+    std::shared_ptr<IPageRasterizer> pages = nullptr; ///< null: PDF underlays can't be drawn
+    drawing::DwgOptions dwg = {};                     ///< for drawings that are DWG files
+};
+
+/// How an entity shows a picture. Values as in the drawing.
+struct PictureLook {
+    std::int32_t brightness = 50, contrast = 50, fade = 0; ///< 0 to 100; 50, 50, 0 leave it as it is
+    std::int32_t reduce = 1;                               ///< this many pixels each way become one
+    bool monochrome = false;                               ///< in shades of gray
+    bool clear = false;                                    ///< what was transparent shows what is beneath
+    friend auto operator<=>(const PictureLook&, const PictureLook&) = default;
+    [[nodiscard]] bool KeepsColors() const { return brightness == 50 && contrast == 50 && fade == 0 && !monochrome; }
+};
+
+class References {
+public:
+    /// `drawing` must outlive it.
+    References(const drawing::Drawing& drawing, ReferenceOptions options);
+    ~References();
+    References(const References&) = delete;
+    References& operator=(const References&) = delete;
+
+    /// Another drawing that stands in for a block of this one.
+    struct Guest {
+        std::string prefix; ///< the block's name, which the guest's layers bear in the host drawing: "PREFIX|LAYER"
+        std::unique_ptr<drawing::Drawing> file;
+        std::unique_ptr<References> references;
+        std::unique_ptr<RenderReport> report;
+        std::uint32_t space = drawing::kNoBlock; ///< its model space
+        Vec3 base;                               ///< $INSBASE
+        double unit = 1; ///< of the host for one of the guest, where both name theirs ($INSUNITS)
+    };
+    /// True when another drawing is to be shown in place of the block.
+    [[nodiscard]] bool IsXref(std::uint32_t block) const;
+    /// Null when that drawing can't be shown: missing, unloaded, in a circle, too many.
+    Guest* GuestOf(std::uint32_t block);
+
+    [[nodiscard]] const drawing::ImageDefinition* Definition(drawing::Handle handle) const;
+    /// The picture of an IMAGE that takes `size` mm on paper, made coarser when it has far more than `dots` pixels a
+    /// mm. Null when it can't be shown.
+    std::shared_ptr<const Picture> PictureOf(const drawing::ImageDefinition& definition, PictureLook look, Vec2 size,
+                                             double dots);
+    /// A page of which an inch takes `inch` mm on paper; 0: its size is wanted alone.
+    struct PagePicture {
+        std::shared_ptr<const Picture> picture;
+        Vec2 size; ///< inches; {0, 0} when the page can't be shown
+    };
+    PagePicture PageOf(const drawing::ImageDefinition& definition, const PictureLook& look, double inch);
+
+    /// What could not be found or used, each once, guests' included.
+    [[nodiscard]] std::vector<drawing::Finding> Findings() const;
+    /// The guests that were opened, theirs included; prefixes from the host on ("SITE|TREES").
+    struct GuestReport {
+        std::string prefix;
+        const drawing::Drawing* file = nullptr;
+        const RenderReport* report = nullptr;
+    };
+    [[nodiscard]] std::vector<GuestReport> Guests() const;
+
+private:
+    struct Shared;
+    struct Parts;
+    References(const drawing::Drawing& drawing, std::shared_ptr<Shared> shared, const References* host,
+               std::string path);
+    void Report(std::int32_t code, const std::string& text, bool contentLost = true);
+    bool IsLoaded(const drawing::ImageDefinition& definition);
+    std::string PagePath(const drawing::ImageDefinition& definition);
+    PagePicture ShowPage(const drawing::ImageDefinition& definition, const PictureLook& look, const std::string& path,
+                         double inch);
+    std::unique_ptr<Guest> OpenGuest(const drawing::Block& block);
+    std::unique_ptr<Guest> OpenGuestFile(const drawing::Block& block, const std::string& path);
+    [[nodiscard]] bool IsOpenAbove(const std::string& path) const;
+    [[nodiscard]] std::string Find(const std::string& name) const;
+    std::unique_ptr<Parts> m_parts;
+};
+
+} // namespace sm::render

@@ -1,0 +1,142 @@
+#include "render/images/ReferenceParts.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+
+namespace sm::render {
+
+namespace {
+
+constexpr std::size_t kMostGuests = 100;
+constexpr std::uint64_t kMostGuestBytes = std::uint64_t{2} << 30;
+constexpr std::size_t kDeepest = 16;
+
+// Group 70 of BLOCK (DXF reference).
+constexpr std::int32_t kIsXref = 4, kIsOverlay = 8;
+
+/// Metres of one $INSUNITS unit; 0 for none.
+double Metres(std::int32_t unit)
+{
+    constexpr std::array kUnits{0.0,
+                                0.0254,
+                                0.3048,
+                                1609.344,
+                                0.001,
+                                0.01,
+                                1.0,
+                                1000.0,
+                                2.54e-8,
+                                2.54e-5,
+                                0.9144,
+                                1e-10,
+                                1e-9,
+                                1e-6,
+                                0.1,
+                                10.0,
+                                100.0,
+                                1e9,
+                                1.495978707e11,
+                                9.4607304725808e15,
+                                3.0856775814914e16,
+                                0.3048006096012192,
+                                0.0254000508001016,
+                                0.9144018288036576,
+                                1609.3472186944374};
+    return unit > 0 && static_cast<std::size_t>(unit) < kUnits.size() ? kUnits[static_cast<std::size_t>(unit)] : 0;
+}
+
+double UnitOf(const drawing::Drawing& guest, const drawing::Drawing& host)
+{
+    const double its = Metres(guest.HeaderInteger("$INSUNITS", 0)), ours = Metres(host.HeaderInteger("$INSUNITS", 0));
+    return its > 0 && ours > 0 ? its / ours : 1;
+}
+
+std::uint32_t ModelOf(const drawing::Drawing& drawing)
+{
+    const auto& layouts = drawing.Layouts();
+    const auto model = std::find_if(layouts.begin(), layouts.end(), [](const auto& one) { return one.isModel; });
+    return model == layouts.end() ? drawing::kNoBlock : model->block;
+}
+
+} // namespace
+
+bool References::IsXref(std::uint32_t block) const
+{
+    const auto& blocks = m_parts->drawing.Blocks();
+    return block < blocks.size() && !blocks[block].xrefPath.empty() &&
+           (blocks[block].flags & (kIsXref | kIsOverlay)) != 0;
+}
+
+bool References::IsOpenAbove(const std::string& path) const
+{
+    std::error_code error;
+    const std::string canonical = std::filesystem::weakly_canonical(path, error).string();
+    for (const References* at = this; at != nullptr; at = at->m_parts->host) {
+        if (at->m_parts->path == (error ? path : canonical)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+References::Guest* References::GuestOf(std::uint32_t block)
+{
+    const auto known = m_parts->guests.find(block);
+    if (known != m_parts->guests.end()) {
+        return known->second.get();
+    }
+    std::unique_ptr<Guest> guest = IsXref(block) ? OpenGuest(m_parts->drawing.Blocks()[block]) : nullptr;
+    return (m_parts->guests[block] = std::move(guest)).get();
+}
+
+std::unique_ptr<References::Guest> References::OpenGuest(const drawing::Block& block)
+{
+    const std::string name = "the drawing \"" + block.xrefPath + "\" ";
+    if (m_parts->host != nullptr && (block.flags & kIsOverlay) != 0) {
+        return nullptr; // an overlay shows in its own host alone
+    }
+    const std::string path = Find(block.xrefPath);
+    if (path.empty()) {
+        Report(ReferenceFinding::kMissing, name + "is not found; put it beside the drawing");
+        return nullptr;
+    }
+    std::size_t depth = 0;
+    for (const References* at = m_parts->host; at != nullptr; at = at->m_parts->host) {
+        ++depth;
+    }
+    if (IsOpenAbove(path) || depth >= kDeepest) {
+        Report(ReferenceFinding::kLeftOut, name + "refers back to itself; it is shown once", false);
+        return nullptr;
+    }
+    std::error_code error;
+    const std::uint64_t size = std::filesystem::file_size(path, error);
+    Shared& shared = *m_parts->shared;
+    if (error || shared.guests >= kMostGuests || size > kMostGuestBytes - shared.guestBytes) {
+        Report(ReferenceFinding::kLeftOut, name + "is left out: too many drawings are referred to");
+        return nullptr;
+    }
+    ++shared.guests;
+    shared.guestBytes += size;
+    try {
+        return OpenGuestFile(block, path);
+    } catch (const std::exception& failure) {
+        Report(ReferenceFinding::kUnusable, name + "can't be read: " + failure.what());
+        return nullptr;
+    }
+}
+
+std::unique_ptr<References::Guest> References::OpenGuestFile(const drawing::Block& block, const std::string& path)
+{
+    auto guest = std::make_unique<Guest>();
+    guest->prefix = block.name;
+    guest->file = drawing::Drawing::Open(path, m_parts->shared->options.dwg);
+    guest->references.reset(new References(*guest->file, m_parts->shared, this, path));
+    guest->report = std::make_unique<RenderReport>(*guest->file);
+    guest->space = ModelOf(*guest->file);
+    guest->base = guest->file->HeaderPoint("$INSBASE").value_or(Vec3{});
+    guest->unit = UnitOf(*guest->file, m_parts->drawing);
+    return guest;
+}
+
+} // namespace sm::render

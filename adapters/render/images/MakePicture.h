@@ -1,0 +1,17 @@
+// Turns the rows of a picture into what a drawing wants to see of it.
+#pragma once
+
+#include "render/References.h"
+#include "render/images/PictureFile.h"
+
+#include <array>
+
+namespace sm::render {
+
+/// What each value becomes.
+std::array<unsigned char, 256> ToneTable(const PictureLook& look);
+
+/// The picture without its id. Black-and-white ones become masks of their black. Throws PictureError.
+Picture MakePicture(std::unique_ptr<PictureFile> file, const PictureLook& look);
+
+} // namespace sm::render

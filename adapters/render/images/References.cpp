@@ -1,0 +1,124 @@
+#include "render/References.h"
+
+#include "render/images/ReferenceParts.h"
+
+#include <algorithm>
+#include <atomic>
+#include <filesystem>
+
+namespace sm::render {
+
+namespace {
+
+constexpr std::size_t kMostKept = std::size_t{128} << 20; ///< bytes of pictures kept for further places and sheets
+
+std::string FolderOf(const std::string& path)
+{
+    return std::filesystem::path(path).parent_path().string();
+}
+
+} // namespace
+
+std::uint64_t References::Parts::IdOf(const Key& key)
+{
+    static std::atomic<std::uint64_t> last{0};
+    const auto [at, isNew] = ids.emplace(key, 0);
+    if (isNew) {
+        at->second = ++last;
+    }
+    return at->second;
+}
+
+std::shared_ptr<const Picture> References::Parts::Known(const Key& key) const
+{
+    const auto known = pictures.find(key);
+    return known == pictures.end() ? nullptr : known->second;
+}
+
+std::shared_ptr<const Picture> References::Parts::Keep(const Key& key, Picture picture)
+{
+    picture.id = IdOf(key);
+    if (pictureBytes + picture.bytes.size() > kMostKept) {
+        pictures.clear();
+        pictureBytes = 0;
+    }
+    pictureBytes += picture.bytes.size();
+    return pictures[key] = std::make_shared<const Picture>(std::move(picture));
+}
+
+References::References(const drawing::Drawing& drawing, ReferenceOptions options)
+    : References(drawing, std::make_shared<Shared>(Shared{std::move(options)}), nullptr, drawing.Path())
+{
+}
+
+References::References(const drawing::Drawing& drawing, std::shared_ptr<Shared> shared, const References* host,
+                       std::string path)
+    : m_parts(std::make_unique<Parts>(drawing, std::move(shared)))
+{
+    std::error_code error;
+    const std::filesystem::path canonical = std::filesystem::weakly_canonical(path, error);
+    m_parts->host = host;
+    m_parts->path = error ? path : canonical.string();
+    m_parts->places = {FolderOf(path), m_parts->shared->options.supportFolders};
+}
+
+References::~References() = default;
+
+void References::Report(std::int32_t code, const std::string& text, bool contentLost)
+{
+    auto& findings = m_parts->findings;
+    const auto known = std::find_if(findings.begin(), findings.end(), [&](const auto& f) { return f.text == text; });
+    if (known == findings.end()) {
+        findings.push_back({code, text, 1, 0, contentLost});
+    }
+}
+
+std::string References::Find(const std::string& name) const
+{
+    std::string found = drawing::FindReferenced(name, m_parts->places);
+    for (const References* host = m_parts->host; found.empty() && host != nullptr; host = host->m_parts->host) {
+        found = drawing::FindReferenced(name, {host->m_parts->places.folder, {}});
+    }
+    return found;
+}
+
+const drawing::ImageDefinition* References::Definition(drawing::Handle handle) const
+{
+    const auto& all = m_parts->drawing.ImageDefinitions();
+    const auto found = std::find_if(all.begin(), all.end(), [&](const auto& one) { return one.handle == handle; });
+    return handle == 0 || found == all.end() ? nullptr : &*found;
+}
+
+std::vector<drawing::Finding> References::Findings() const
+{
+    std::vector<drawing::Finding> all = m_parts->findings;
+    for (const auto& [block, guest] : m_parts->guests) {
+        for (const drawing::Finding& finding :
+             guest == nullptr ? std::vector<drawing::Finding>() : guest->references->Findings()) {
+            const bool known =
+                std::any_of(all.begin(), all.end(), [&](const auto& one) { return one.text == finding.text; });
+            if (!known) {
+                all.push_back(finding);
+            }
+        }
+    }
+    return all;
+}
+
+std::vector<References::GuestReport> References::Guests() const
+{
+    std::vector<GuestReport> all;
+    for (const auto& [block, guest] : m_parts->guests) {
+        if (guest == nullptr) {
+            continue;
+        }
+        all.push_back({guest->prefix, guest->file.get(), guest->report.get()});
+        for (GuestReport inner : guest->references->Guests()) {
+            inner.prefix = guest->prefix + "|" + inner.prefix;
+            all.push_back(std::move(inner));
+        }
+    }
+    return all;
+}
+
+} // namespace sm::render
