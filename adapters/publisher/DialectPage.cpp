@@ -28,11 +28,11 @@ constexpr std::string_view kProlog = R"(%%BeginProlog
 /G/setgray load def
 /rg/setrgbcolor load def
 /RG/setrgbcolor load def
-/Do{load dup/ImageType get 4 eq/setdistillerparams where{pop}{pop false}ifelse{<</AutoFilterColorImages false
-/ColorImageFilter/FlateEncode/DownsampleColorImages false/AutoFilterGrayImages false
-/GrayImageFilter/FlateEncode/DownsampleGrayImages false>>setdistillerparams}if
-dup/Data get dup 0 setfileposition 1 index/Filter get filter 1 index exch/DataSource exch put
+/Di{dup/Data get dup 0 setfileposition 1 index/Filter get filter 1 index exch/DataSource exch put
 dup/Space get dup null eq{pop imagemask}{setcolorspace image}ifelse}bind def
+/Do{load dup/ImageType get 4 eq/currentdistillerparams where{pop}{pop false}ifelse{currentdistillerparams exch
+<</AutoFilterColorImages false/ColorImageFilter/FlateEncode/DownsampleColorImages false/AutoFilterGrayImages false
+/GrayImageFilter/FlateEncode/DownsampleGrayImages false>>setdistillerparams Di setdistillerparams}{Di}ifelse}bind def
 /BT/gsave load def
 /ET/grestore load def
 /Tr/pop load def

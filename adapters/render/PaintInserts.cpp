@@ -91,7 +91,9 @@ Outcome Painter::PaintCopies(const drawing::InsertData& insert, const std::vecto
     if (Referenced().IsXref(insert.block)) {
         guest = Referenced().GuestOf(insert.block);
         if (guest == nullptr && m_drawing.EntitiesOf(insert.block).empty()) {
-            return Outcome::NotDrawn;
+            constexpr std::int32_t kOverlay = 8;
+            const bool leftOut = !m_guest.layers.empty() && (m_drawing.Blocks()[insert.block].flags & kOverlay) != 0;
+            return leftOut ? Outcome::Hidden : Outcome::NotDrawn;
         }
     }
     const OpenBlock open(m_openBlocks, insert.block);

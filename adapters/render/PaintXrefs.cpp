@@ -66,6 +66,7 @@ void Painter::BeGuest(const Painter& host, const References::Guest& guest, std::
     const auto take = [&](std::uint32_t layer) {
         LayerState state = host.m_layers->Of(layer);
         state.style.linetype = linetypes.ToGuest(state.style.linetype);
+        state.plotStyles = m_ownLayers.Of(0).plotStyles; // what the guest's entities name is the guest's
         return state;
     };
     std::vector<LayerState> states;

@@ -6,6 +6,7 @@
 //   stroke 000000~128 ...                    the same half transparent
 //   fill FF0000 nonzero m 0 0 l 10 0 l 10 10 h
 //   text 000000 [2 0 0 2 5 5] Hello          colour, em to paper, text
+//   image rgb 8x4 [20 0 0 10 5 5]            form (a mask with its colour), pixels, unit square to paper
 //   pop
 //
 // Numbers have at most three decimals, without trailing zeros.
@@ -65,6 +66,18 @@ public:
                         Number(m.b) + " " + Number(m.c) + " " + Number(m.d) + " " + Number(m.e) + " " + Number(m.f) +
                         "] " + run.text);
     }
+
+    void Image(const Picture& picture, const Matrix2& m, std::uint32_t color) override
+    {
+        static constexpr std::array<const char*, 5> kForms{"mask ", "gray", "rgb", "jpeg gray", "jpeg"};
+        lines.push_back("image " + std::string(kForms[static_cast<std::size_t>(picture.form)]) +
+                        (picture.form == Picture::Form::Mask ? Color(color) : "") +
+                        (picture.whiteIsClear ? " clear" : "") + " " + std::to_string(picture.width) + "x" +
+                        std::to_string(picture.height) + " [" + Number(m.a) + " " + Number(m.b) + " " + Number(m.c) +
+                        " " + Number(m.d) + " " + Number(m.e) + " " + Number(m.f) + "]");
+        pictures.push_back(picture);
+    }
+    std::vector<Picture> pictures;
 
     static std::string Number(double value)
     {

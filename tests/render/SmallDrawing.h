@@ -6,6 +6,7 @@
 
 #include "render/FrontEnd.h"
 
+#include <algorithm>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -13,7 +14,7 @@
 
 namespace sm::render {
 
-/// Tags on one line, "0 LINE | 8 0 | 10 1.5", as DXF text.
+/// Tags on one line, "0 LINE | 8 0 | 10 1.5", as DXF text. A '~' stands for '|' in a value.
 inline std::string Tags(const std::string& line)
 {
     std::string result;
@@ -26,7 +27,8 @@ inline std::string Tags(const std::string& line)
         }
         const std::size_t space = tag.find(' ', code);
         const std::size_t end = tag.find_last_not_of(' ');
-        const std::string value = space == std::string::npos || space > end ? "" : tag.substr(space + 1, end - space);
+        std::string value = space == std::string::npos || space > end ? "" : tag.substr(space + 1, end - space);
+        std::replace(value.begin(), value.end(), '~', '|');
         result += tag.substr(code, space - code) + "\n" + value + "\n";
     }
     return result;
