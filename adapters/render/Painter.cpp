@@ -32,6 +32,12 @@ bool HasSides(drawing::EntityKind kind)
     }
 }
 
+bool IsPicture(drawing::EntityKind kind)
+{
+    return kind == drawing::EntityKind::Image || kind == drawing::EntityKind::Wipeout ||
+           kind == drawing::EntityKind::Underlay;
+}
+
 } // namespace
 
 Painter::Painter(const drawing::Drawing& drawing, ICanvas& canvas, TextEngine& text, RenderReport* report,
@@ -169,16 +175,10 @@ Outcome Painter::Dispatch(const drawing::EntityRecord& record, const Frame& fram
     case EntityKind::Body:
     case EntityKind::Surface:
         return Leaf(buffers.solid, record, frame);
-    case EntityKind::Image:
-    case EntityKind::Wipeout:
-    case EntityKind::Underlay:
-        return PaintImage(record, frame);
     case EntityKind::Insert:
         return PaintInsert(record, frame);
     case EntityKind::Dimension:
         return PaintDimension(record, frame);
-    case EntityKind::Viewport:
-        return PaintViewport(record, frame);
     default:
         return Leaf(buffers.graphics, record, frame);
     }
