@@ -77,7 +77,11 @@ template <class Data> Outcome Painter::Leaf(Data& data, const drawing::EntityRec
 Outcome Painter::Try(const drawing::EntityRecord& record, const Frame& frame)
 {
     try {
-        const Outcome outcome = Dispatch(record, frame);
+        if (IsPicture(record.kind)) {
+            return PaintImage(record, frame);
+        }
+        const Outcome outcome =
+            record.kind == drawing::EntityKind::Viewport ? PaintViewport(record, frame) : Dispatch(record, frame);
         // What can't be drawn may bring a picture of itself along.
         const bool missing = outcome == Outcome::NotDrawn;
         return missing ? std::max(outcome, Leaf(m_buffers->graphics, record, frame)) : outcome;
