@@ -91,12 +91,12 @@ TEST_F(XrefsTest, LayersAreShownAsTheHostHasThem)
     host.layers =
         "0 LAYER | 2 house~walls | 70 0 | 62 3 | 6 Continuous | 0 LAYER | 2 Site | 70 0 | 62 5 | 6 Continuous";
     Show(host);
-    EXPECT_EQ(lines, (Lines{"begin 0 LINE house|walls", "stroke 00FF00 0.25 m 11 21 l 13 21", "begin 0 LINE Site",
-                            "stroke 0000FF 0.25 m 11 21 l 13 21"}));
+    EXPECT_EQ(lines, (Lines{"begin 0 LINE house|walls by 1", "stroke 00FF00 0.25 m 11 21 l 13 21",
+                            "begin 0 LINE Site by 2", "stroke 0000FF 0.25 m 11 21 l 13 21"}));
     host.layers =
         "0 LAYER | 2 HOUSE~Walls | 70 1 | 62 3 | 6 Continuous | 0 LAYER | 2 Site | 70 0 | 62 5 | 6 Continuous";
     Show(host);
-    EXPECT_EQ(lines, (Lines{"begin 0 LINE Site", "stroke 0000FF 0.25 m 11 21 l 13 21"}));
+    EXPECT_EQ(lines, (Lines{"begin 0 LINE Site by 2", "stroke 0000FF 0.25 m 11 21 l 13 21"}));
 }
 
 TEST_F(XrefsTest, BasePointAndUnitsCount)
