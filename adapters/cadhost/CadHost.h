@@ -15,6 +15,8 @@
 
 namespace sm::cadhost {
 
+class IPointPicker;
+
 struct HostOptions {
     std::string shareFolder; ///< holds Drivers, PC3, Plotters, PlotStyles
     std::string loginName;   ///< what "LOGINNAME" gives
@@ -24,6 +26,8 @@ struct HostOptions {
     /// Where pictures, underlays and drawings are looked for that a drawing refers to, and what shows pages of PDF
     /// files.
     render::ReferenceOptions references = {};
+    /// Asked when the user is to pick a point; outlives the host. Null: there is no window, and picking fails.
+    IPointPicker* picker = nullptr;
 };
 
 /// The run's layer over a document: seen through the automation model, never saved.

@@ -38,7 +38,7 @@ public:
     std::shared_ptr<IAcadBlocks> Blocks() override { return MakeBlocks(Checked()); }
     std::shared_ptr<IAcadDictionaries> Dictionaries() override { return MakeDictionaries(Checked()); }
     std::shared_ptr<IAcadViews> Views() override { return MakeViews(Checked()); }
-    std::shared_ptr<IAcadUtility> Utility() override { return MakeUtility(Checked()); }
+    std::shared_ptr<IAcadUtility> Utility() override { return MakeUtility(m_session, Checked()); }
     std::shared_ptr<IAcadPlot> Plot() override { return MakePlot(m_session, Checked()); }
 
     AcadVariant GetVariable(const std::string& name) override { return SystemVariable(*m_session, Open(), name); }

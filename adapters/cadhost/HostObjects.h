@@ -16,7 +16,7 @@ std::shared_ptr<IAcadEntity> MakeEntity(const OpenDrawingRef& open, const drawin
 
 std::shared_ptr<IAcadDictionaries> MakeDictionaries(const OpenDrawingRef& open);
 std::shared_ptr<IAcadViews> MakeViews(const OpenDrawingRef& open);
-std::shared_ptr<IAcadUtility> MakeUtility(const OpenDrawingRef& open);
+std::shared_ptr<IAcadUtility> MakeUtility(const SessionRef& session, const OpenDrawingRef& open);
 std::shared_ptr<IAcadPlot> MakePlot(const SessionRef& session, const OpenDrawingRef& open);
 
 /// Lower-left x and y, upper-right x and y of the active layout's limits.

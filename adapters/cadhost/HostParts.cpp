@@ -3,6 +3,7 @@
 #include "cadhost/HostErrors.h"
 #include "cadhost/HostObjects.h"
 #include "cadhost/HostText.h"
+#include "cadhost/PointPicker.h"
 #include "cadhost/Views.h"
 
 namespace sm::cadhost {
@@ -73,7 +74,7 @@ private:
 
 class HostUtility final : public IAcadUtility {
 public:
-    explicit HostUtility(OpenDrawingRef open) : m_open(std::move(open)) {}
+    HostUtility(SessionRef session, OpenDrawingRef open) : m_session(std::move(session)), m_open(std::move(open)) {}
     AcadPoint TranslateCoordinates(const AcadPoint& point, std::int32_t from, std::int32_t to,
                                    std::int32_t displacement) override
     {
@@ -84,14 +85,32 @@ public:
         const DisplayView view(*m_open);
         return from == kWorld ? view.ToDisplay(point, displacement != 0) : view.ToWorld(point, displacement != 0);
     }
-    AcadPoint GetPoint(const std::string&) override { throw HostError("there is no window to pick in"); }
-    AcadPoint GetCorner(const AcadPoint&, const std::string&) override
+    AcadPoint GetPoint(const std::string& prompt) override
     {
-        throw HostError("there is no window to pick in");
+        return Picked([&](IPointPicker& picker) { return picker.PickPoint(m_open->File(), m_open->Active(), prompt); });
+    }
+    AcadPoint GetCorner(const AcadPoint& first, const std::string& prompt) override
+    {
+        return Picked([&](IPointPicker& picker) {
+            return picker.PickCorner(m_open->File(), m_open->Active(), {first.x, first.y}, prompt);
+        });
     }
 
 private:
     static constexpr std::int32_t kWorld = 0, kDisplay = 2;
+
+    template <class Ask> AcadPoint Picked(Ask ask) const
+    {
+        IPointPicker* const picker = m_session->Options().picker;
+        if (picker == nullptr)
+            throw HostError("there is no window to pick in");
+        const std::optional<drawing::Vec2> point = AsHost([&] { return ask(*picker); });
+        if (!point)
+            throw HostError("the user cancelled picking");
+        return {point->x, point->y, 0};
+    }
+
+    SessionRef m_session;
     OpenDrawingRef m_open;
 };
 
@@ -122,9 +141,9 @@ std::shared_ptr<IAcadViews> MakeViews(const OpenDrawingRef& open)
     return std::make_shared<HostViews>(open);
 }
 
-std::shared_ptr<IAcadUtility> MakeUtility(const OpenDrawingRef& open)
+std::shared_ptr<IAcadUtility> MakeUtility(const SessionRef& session, const OpenDrawingRef& open)
 {
-    return std::make_shared<HostUtility>(open);
+    return std::make_shared<HostUtility>(session, open);
 }
 
 std::shared_ptr<IAcadPlot> MakePlot(const SessionRef& session, const OpenDrawingRef& open)

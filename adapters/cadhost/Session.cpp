@@ -1,5 +1,6 @@
 #include "cadhost/Session.h"
 
+#include "cadhost/PointPicker.h"
 #include "ports/HostError.h"
 
 #include <algorithm>
@@ -61,6 +62,8 @@ std::shared_ptr<OpenDrawing> Session::Open(const std::string& path, const Docume
 
 void Session::Close(const OpenDrawingRef& open, bool saveChanges)
 {
+    if (m_options.picker != nullptr)
+        m_options.picker->Forget(open->File());
     open->Close(saveChanges);
     std::erase(m_drawings, open);
     if (m_active == open)
