@@ -23,7 +23,7 @@ std::string NotDrawnLine(const std::vector<NotDrawn>& kinds)
 
 std::string DamageLine(const Damage& damage)
 {
-    std::string line = damage.contentLost ? "damaged: " : "mended: ";
+    std::string line = damage.contentLost ? "lost: " : "mended: ";
     line += damage.text;
     if (damage.line != 0)
         line +=

@@ -11,53 +11,11 @@ constexpr double kMillimetresPerInch = 25.4;
 constexpr std::int32_t kInches = 0;
 constexpr std::int32_t kMillimetres = 1;
 
-void CopyLengths(IAcadPageSetup& other, PageSetupRecord& record)
-{
-    record.PaperWidth = other.PaperWidth();
-    record.PaperHeight = other.PaperHeight();
-    record.PlotOriginX = other.PlotOriginX();
-    record.PlotOriginY = other.PlotOriginY();
-    record.ScaleNumer = other.ScaleNumer();
-    record.ScaleDenom = other.ScaleDenom();
-    record.WinLowerLeftX = other.WinLowerLeftX();
-    record.WinLowerLeftY = other.WinLowerLeftY();
-    record.WinUpperRightX = other.WinUpperRightX();
-    record.WinUpperRightY = other.WinUpperRightY();
-}
-
-void CopyNamesAndCodes(IAcadPageSetup& other, PageSetupRecord& record)
-{
-    record.CanonicalMediaName = other.CanonicalMediaName();
-    record.LocaleMedianame = other.LocaleMedianame();
-    record.StyleSheet = other.StyleSheet();
-    record.ViewToPlot = other.ViewToPlot();
-    record.PlotRotation = other.PlotRotation();
-    record.PlotType = other.PlotType();
-    record.StandardScale = other.StandardScale();
-    record.PaperUnits = other.PaperUnits();
-}
-
-void CopyFlags(IAcadPageSetup& other, PageSetupRecord& record)
-{
-    record.CenterPlot = BoolToBit(other.CenterPlot());
-    record.UseStandardScale = BoolToBit(other.UseStandardScale());
-    record.PlotWithPlotStyles = BoolToBit(other.PlotWithPlotStyles());
-    record.ShowPlotStyles = BoolToBit(other.ShowPlotStyles());
-    record.PlotHidden = BoolToBit(other.PlotHidden());
-    record.PlotViewportsFirst = BoolToBit(other.PlotViewportsFirst());
-    record.PlotWithLineweights = BoolToBit(other.PlotWithLineweights());
-    record.ScaleLineWeights = BoolToBit(other.ScaleLineWeights());
-    record.PlotViewportBorders = BoolToBit(other.PlotViewportBorders());
-}
-
 } // namespace
 
 void cAcadPageSetup::IAcadPageSetup_CopyFrom(IAcadPageSetup& other)
 {
-    PageSetupRecord record;
-    CopyNamesAndCodes(other, record);
-    CopyLengths(other, record);
-    CopyFlags(other, record);
+    PageSetupRecord record = RecordOf(other);
     MendScale(record);
     m_record = record;
     m_changed = true;

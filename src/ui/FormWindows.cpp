@@ -1,12 +1,12 @@
 #include "ui/FormWindows.h"
 
+#include "hostobjects/RecordPageSetup.h"
 #include "plotting/PaperTable.h"
 #include "plugin/CarryPast.h"
 #include "plugin/mdlAcadHelper.h"
 #include "settings/DrawingValues.h"
 #include "settings/mdlDataKegIO.h"
 #include "ui/Pickers.h"
-#include "ui/RecordPageSetup.h"
 #include "ui/frmPageSetup.h"
 #include "ui/frmProgress.h"
 #include "ui/mdlGUITap.h"

@@ -75,7 +75,7 @@ def check_damaged(program, drawing):
         problems = []
         if code not in (0, 1, 4):
             problems.append(f"exit code {code}: {said[:2]}")
-        said = [line for line in said if drawing in line and ": damaged: " not in line] or said
+        said = [line for line in said if drawing in line and ": lost: " not in line] or said
         if code == 1 and (len(said) != 1 or os.path.basename(drawing) not in said[0]):
             problems.append(f"not one clear line that names the file: {said[:4]}")
         if code == 1 and os.path.exists(pdf):

@@ -118,7 +118,7 @@ TEST(RunReport, BecomesLines)
 {
     EXPECT_EQ(ResultLine(Full()), "plan.dxf -> /out/plan.pdf, 3 pages");
     EXPECT_EQ(RemarkLines(Full()),
-              (std::vector<std::string>{"damaged: a bad handle was skipped (line 120, 3 times)",
+              (std::vector<std::string>{"lost: a bad handle was skipped (line 120, 3 times)",
                                         "mended: line ends were mixed", "not drawn: 2 IMAGE, 1 3DSOLID",
                                         "fonts: romans.shx by a stroke font",
                                         "note: diamond ends of a plot style table drawn round (2 times), which is told",
@@ -129,7 +129,7 @@ TEST(RunReport, BecomesLines)
     failed.damage = {{"short", 2, 0, false}, {"long", 1, 7, true}};
     EXPECT_EQ(ResultLine(failed), "");
     EXPECT_EQ(RemarkLines(failed),
-              (std::vector<std::string>{"mended: short (2 times)", "damaged: long (line 7)",
+              (std::vector<std::string>{"mended: short (2 times)", "lost: long (line 7)",
                                         "failed: sheet \"A\": it was cancelled or could not be plotted"}));
 }
 

@@ -17,9 +17,10 @@ ROOMS = {
     "adapters/process": {"process"},
     "adapters/drawing": {"drawing", "process"},
     "adapters/render": {"render", "drawing"},
-    "adapters/plotter": {"plotter", "render", "drawing"},
+    "adapters/dialect": {"dialect"},
+    "adapters/plotter": {"plotter", "dialect", "render", "drawing"},
     "adapters/cadhost": {"cadhost", "plotter", "render", "drawing", "ports"},
-    "adapters/publisher": {"publisher", "process", "ports"},
+    "adapters/publisher": {"publisher", "dialect", "process", "ports"},
     "adapters/store": {"store", "ports"},
     "adapters/system": {"system", "ports"},
     "adapters/terminal": {"terminal", "ports"},
@@ -33,7 +34,7 @@ ostream queue random ranges ratio regex scoped_allocator semaphore set shared_mu
 stdexcept stop_token streambuf string string_view syncstream system_error thread tuple type_traits typeindex typeinfo
 unordered_map unordered_set utility valarray variant vector version""".split())
 WORDS = re.compile(r"\bspecification\b|\bthe spec\b|\bparts? [1-6]\.[1-9]\b", re.I)
-PATHS = re.compile(r"/work/(main|shared)|(^|[\s\"'=])/root/|/tmp/[a-z]")  # of one machine
+PATHS = re.compile(r"(^|[\s\"'=(])/(root|work)/|/tmp/[a-z]")  # of one machine
 WORDS_ALLOWED = re.compile(r"specific|format specification|XMP specification|PDF specification", re.I)
 
 

@@ -235,7 +235,7 @@ TEST_F(SaveToPdf, ReplacesAnOlderPdfAndFollowsALink)
 
 TEST_F(SaveToPdf, PathsMayHoldAnyCharacter)
 {
-    m_options.workFolder = m_root + "/work/%d:(x) *";
+    m_options.workFolder += "/%d:(x) *";
     std::filesystem::create_directory(m_options.workFolder);
     const auto doc = Library()->CreatePubDoc();
     ASSERT_EQ(doc->AddPsFile(NewPage(*doc), 300, 400, 600, 1, ""), 0);

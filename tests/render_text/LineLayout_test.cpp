@@ -1,7 +1,4 @@
-#include "plotter/FakeDrawing.h"
-
-#include "render/FontFace.h"
-#include "render/TextLayout.h"
+#include "TextFixture.h"
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -13,17 +10,8 @@ namespace {
 using drawing::TextData;
 
 /// A drawing with a stroke style and a TrueType style.
-class TextTest : public testing::Test {
+class TextTest : public TextFixture {
 protected:
-    TextTest() : engine(TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""}))
-    {
-        drawing::TextStyle standard, sans;
-        standard.name = "Standard";
-        standard.fontFile = "romans.shx";
-        sans.name = "Sans";
-        sans.fontFile = "LiberationSans-Regular.ttf";
-        drawing.styles = {standard, sans};
-    }
     static TextData Text(const std::string& text, std::uint32_t style)
     {
         TextData data;
@@ -41,8 +29,6 @@ protected:
         }
         return texts;
     }
-    plotter::FakeDrawing drawing;
-    std::unique_ptr<TextEngine> engine;
 };
 
 constexpr std::uint32_t kStroke = 0, kOutline = 1;

@@ -1,7 +1,4 @@
-#include "plotter/FakeDrawing.h"
-#include "render/TextLayout.h"
-
-#include <gtest/gtest.h>
+#include "TextFixture.h"
 
 namespace sm::render {
 namespace {
@@ -9,28 +6,7 @@ namespace {
 using drawing::MTextData;
 
 /// Texts 10 high in Liberation Sans.
-class MTextColumnTest : public testing::Test {
-protected:
-    MTextColumnTest() : engine(TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""}))
-    {
-        drawing::TextStyle standard, sans;
-        standard.name = "Standard";
-        standard.fontFile = "romans.shx";
-        sans.name = "Sans";
-        sans.fontFile = "LiberationSans-Regular.ttf";
-        drawing.styles = {standard, sans};
-    }
-    static MTextData Text(const std::string& text)
-    {
-        MTextData data;
-        data.text = text;
-        data.style = 1;
-        data.height = 10;
-        return data;
-    }
-    plotter::FakeDrawing drawing;
-    std::unique_ptr<TextEngine> engine;
-};
+class MTextColumnTest : public TextFixture {};
 
 TEST_F(MTextColumnTest, ParagraphsHaveTheirOwnSpacing)
 {
@@ -44,7 +20,7 @@ TEST_F(MTextColumnTest, ParagraphsHaveTheirOwnSpacing)
                                            {"\\pb1,a2;a\\Pb\\P\\pb0,a0;c", {50.0 / 3 + 30, 50.0 / 3 + 20}},
                                            {"\\psq;a\\Pb", {50.0 / 3}}}) {
         SCOPED_TRACE(row.text);
-        const LaidText& laid = engine->Lay(drawing, Text(row.text));
+        const LaidText& laid = engine->Lay(drawing, MText(row.text));
         ASSERT_EQ(laid.glyphs.size(), row.steps.size() + 1);
         for (std::size_t i = 0; i < row.steps.size(); ++i) {
             EXPECT_NEAR(laid.glyphs[i].run.toPaper.f - laid.glyphs[i + 1].run.toPaper.f, row.steps[i], 1e-9);
@@ -73,7 +49,7 @@ TEST_F(MTextColumnTest, RunsOverColumns)
              {"by hand", 2, 3, false, false, 0, {20, 30, 0}, {a, in(a, 45), in(b, 45), in(a, 90)}},
              {"from the right", 1, 2, false, true, 30, {}, {in(a, 45), in(b, 45), a, b}}}) {
         SCOPED_TRACE(row.name);
-        MTextData text = Text("a\\Pb\\Pc\\Pd");
+        MTextData text = MText("a\\Pb\\Pc\\Pd");
         text.width = 40;
         text.columnType = row.type;
         text.columnCount = row.count;
@@ -94,7 +70,7 @@ TEST_F(MTextColumnTest, RunsOverColumns)
 
 TEST_F(MTextColumnTest, AColumnBreakBeginsTheNextColumn)
 {
-    MTextData text = Text("a\\Nb");
+    MTextData text = MText("a\\Nb");
     text.columnType = 1;
     text.columnCount = 3;
     text.columnWidth = 40;

@@ -1,8 +1,4 @@
-#include "plotter/FakeDrawing.h"
-#include "render/FontFace.h"
-#include "render/TextLayout.h"
-
-#include <gtest/gtest.h>
+#include "TextFixture.h"
 
 namespace sm::render {
 namespace {
@@ -10,25 +6,8 @@ namespace {
 using drawing::MTextData;
 
 /// Texts 10 high in Liberation Sans.
-class MTextTest : public testing::Test {
+class MTextTest : public TextFixture {
 protected:
-    MTextTest() : engine(TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""}))
-    {
-        drawing::TextStyle standard, sans;
-        standard.name = "Standard";
-        standard.fontFile = "romans.shx";
-        sans.name = "Sans";
-        sans.fontFile = "LiberationSans-Regular.ttf";
-        drawing.styles = {standard, sans};
-    }
-    static MTextData Text(const std::string& text)
-    {
-        MTextData data;
-        data.text = text;
-        data.style = 1;
-        data.height = 10;
-        return data;
-    }
     /// The lines of a text from top to bottom, parts of one height joined by "|".
     std::vector<std::string> Lines(const MTextData& text)
     {
@@ -45,8 +24,6 @@ protected:
         }
         return lines;
     }
-    plotter::FakeDrawing drawing;
-    std::unique_ptr<TextEngine> engine;
 };
 
 TEST_F(MTextTest, ReadsItsFormattingAsPlainText)
@@ -76,13 +53,13 @@ TEST_F(MTextTest, ReadsItsFormattingAsPlainText)
                                            {"unended \\C1", {"unended |1"}},
                                            {"", {}}}) {
         SCOPED_TRACE(row.text);
-        EXPECT_EQ(Lines(Text(row.text)), row.lines);
+        EXPECT_EQ(Lines(MText(row.text)), row.lines);
     }
 }
 
 TEST_F(MTextTest, BreaksLinesAtBlanks)
 {
-    MTextData text = Text("the quick brown fox");
+    MTextData text = MText("the quick brown fox");
     text.width = 65;
     EXPECT_EQ(Lines(text), (std::vector<std::string>{"the quick", "brown fox"}));
     text.width = 20;
@@ -113,7 +90,7 @@ TEST_F(MTextTest, LinesStandFiveThirdsOfTheHeightApart)
                                            {"an empty paragraph", "a\\P\\Pb", 1, 1, {-10, -10 - 100.0 / 3}},
                                            {"unusable factor", "a\\Pb", 0, 1, {-10, -10 - 50.0 / 3}}}) {
         SCOPED_TRACE(row.name);
-        MTextData text = Text(row.text);
+        MTextData text = MText(row.text);
         text.lineSpacing = row.factor;
         text.lineSpacingStyle = row.style;
         std::vector<double> baselines;
@@ -146,7 +123,7 @@ TEST_F(MTextTest, AttachmentPutsTheBoxAtThePoint)
                                            {9, {-two, high - 10}, {-one, 0}}}) {
         SCOPED_TRACE(row.attachment);
         for (const double width : {0.0, 100.0}) { // the width doesn't move the text
-            MTextData text = Text("HH\\PH");
+            MTextData text = MText("HH\\PH");
             text.attachment = row.attachment;
             text.insertion = {5, 6, 7};
             text.width = width;
@@ -165,7 +142,7 @@ TEST_F(MTextTest, AttachmentPutsTheBoxAtThePoint)
 
 TEST_F(MTextTest, TurnsByAngleOrDirection)
 {
-    MTextData text = Text("H");
+    MTextData text = MText("H");
     text.rotation = 90;
     Matrix2 map = engine->Lay(drawing, text).glyphs.at(0).run.toPaper;
     EXPECT_NEAR(map.e, 10, 1e-9);
@@ -179,7 +156,7 @@ TEST_F(MTextTest, TurnsByAngleOrDirection)
 
 TEST_F(MTextTest, GivesItsPlaceInThePlaneOfItsExtrusion)
 {
-    MTextData text = Text("H");
+    MTextData text = MText("H");
     text.extrusion = {0, 0, -1}; // its x axis points the other way
     text.insertion = {5, 6, 7};
     text.hasDirection = true;
@@ -208,7 +185,7 @@ TEST_F(MTextTest, FollowsCodesOfLook)
                                            {"\\H0;H", em, 0, em},
                                            {"\\H-3;H", em, 0, em}}) {
         SCOPED_TRACE(row.text);
-        const Matrix2 map = engine->Lay(drawing, Text(row.text)).glyphs.at(0).run.toPaper;
+        const Matrix2 map = engine->Lay(drawing, MText(row.text)).glyphs.at(0).run.toPaper;
         EXPECT_NEAR(map.a, row.a, 1e-9);
         EXPECT_NEAR(map.c, row.c, 1e-9);
         EXPECT_NEAR(map.d, row.d, 1e-9);
@@ -217,7 +194,7 @@ TEST_F(MTextTest, FollowsCodesOfLook)
 
 TEST_F(MTextTest, GivesColorsOnlyWhereTheTextSetsThem)
 {
-    const LaidText& laid = engine->Lay(drawing, Text("a{\\C1;b\\c255;c}d"));
+    const LaidText& laid = engine->Lay(drawing, MText("a{\\C1;b\\c255;c}d"));
     ASSERT_EQ(laid.glyphs.size(), 4U);
     EXPECT_FALSE(laid.glyphs[0].color);
     EXPECT_EQ(laid.glyphs[1].color->index, 1);
@@ -228,7 +205,7 @@ TEST_F(MTextTest, GivesColorsOnlyWhereTheTextSetsThem)
 
 TEST_F(MTextTest, DrawsLinesAtTheText)
 {
-    EXPECT_EQ(engine->Lay(drawing, Text("\\Lunder\\l \\Oover\\o \\Kthrough\\k")).rules.size(), 3U);
+    EXPECT_EQ(engine->Lay(drawing, MText("\\Lunder\\l \\Oover\\o \\Kthrough\\k")).rules.size(), 3U);
 }
 
 TEST_F(MTextTest, StacksFractions)
@@ -244,7 +221,7 @@ TEST_F(MTextTest, StacksFractions)
                                            {"\\Sup^;", {"up"}, 0},
                                            {"\\Splain;", {"plain"}, 0}}) {
         SCOPED_TRACE(row.text);
-        const LaidText& laid = engine->Lay(drawing, Text(row.text));
+        const LaidText& laid = engine->Lay(drawing, MText(row.text));
         std::vector<std::string> parts;
         for (const GlyphPart& part : laid.glyphs) {
             parts.push_back(part.run.text);
@@ -271,7 +248,7 @@ TEST_F(MTextTest, PutsFractionsAndLowLettersWhereTheLineAlignmentSays)
                                            {"\\A1;H\\H0.4x;h", {0, 3}, 10},
                                            {"\\A2;H\\H0.4x;h", {0, 6}, 10}}) {
         SCOPED_TRACE(row.text);
-        const LaidText& laid = engine->Lay(drawing, Text(row.text));
+        const LaidText& laid = engine->Lay(drawing, MText(row.text));
         ASSERT_EQ(laid.glyphs.size(), row.baselines.size());
         for (std::size_t i = 0; i < row.baselines.size(); ++i) {
             EXPECT_NEAR(laid.glyphs[i].run.toPaper.f, row.baselines[i] - row.top, 1e-9);
@@ -281,7 +258,7 @@ TEST_F(MTextTest, PutsFractionsAndLowLettersWhereTheLineAlignmentSays)
 
 TEST_F(MTextTest, LinesBelowAHighFractionGiveItRoom)
 {
-    const LaidText& laid = engine->Lay(drawing, Text("\\A1;a\\P\\S1/2;\\Pb"));
+    const LaidText& laid = engine->Lay(drawing, MText("\\A1;a\\P\\S1/2;\\Pb"));
     ASSERT_EQ(laid.glyphs.size(), 4U);
     // Lines 50/3 apart, and the fraction reaches 7 over its capitals and 7 below them.
     EXPECT_NEAR(laid.glyphs[2].run.toPaper.f, -10 - 50.0 / 3 - 7 - 7, 1e-9);
@@ -291,7 +268,7 @@ TEST_F(MTextTest, LinesBelowAHighFractionGiveItRoom)
 TEST_F(MTextTest, SetsTabsAndIndents)
 {
     const auto starts = [&](const char* text, double width) {
-        MTextData data = Text(text);
+        MTextData data = MText(text);
         data.width = width;
         std::vector<double> xs;
         for (const GlyphPart& part : engine->Lay(drawing, data).glyphs) {
@@ -315,7 +292,7 @@ TEST_F(MTextTest, SetsTabsAndIndents)
 
 TEST_F(MTextTest, JustifiedLinesFillTheWidth)
 {
-    MTextData text = Text("\\pqj;HH HH HH");
+    MTextData text = MText("\\pqj;HH HH HH");
     text.width = 60;
     const LaidText& laid = engine->Lay(drawing, text);
     ASSERT_GE(laid.glyphs.size(), 3U);
@@ -325,9 +302,9 @@ TEST_F(MTextTest, JustifiedLinesFillTheWidth)
 
 TEST_F(MTextTest, SurvivesDeepAndBrokenFormatting)
 {
-    const LaidText& deep = engine->Lay(drawing, Text(std::string(100000, '{') + "a" + std::string(100000, '}')));
+    const LaidText& deep = engine->Lay(drawing, MText(std::string(100000, '{') + "a" + std::string(100000, '}')));
     EXPECT_EQ(deep.glyphs.size(), 1U);
-    MTextData text = Text("\\H1e300;\\W1e300;\\Q1e300;\\T-5;\\C999999;\\S/;\\S^;\\pi1e300,q;\\f;\\F|;x");
+    MTextData text = MText("\\H1e300;\\W1e300;\\Q1e300;\\T-5;\\C999999;\\S/;\\S^;\\pi1e300,q;\\f;\\F|;x");
     text.lineSpacing = std::nan("");
     text.width = 1e-300;
     text.attachment = -4;
