@@ -11,6 +11,7 @@ inline constexpr const char* kProgramFooter = R"(Examples:
   sheetmaker convert *.dxf -o pdf/ --jobs 4     many drawings, four at a time
   sheetmaker publish -o set.pdf *.dxf           the sheets of many drawings in one PDF
   sheetmaker stamp plan.dxf --text 2 --at 10,10 a stamp on every sheet from now on
+  sheetmaker settings plan.dxf                  all of this in a window
   sheetmaker doctor                             what is installed, what is missing
 
 "sheetmaker COMMAND --help" explains a command.
@@ -34,6 +35,18 @@ A DWG is read through a converter that "sheetmaker doctor" shows; --dwg-converte
 inline constexpr const char* kLayoutsFooter = R"(Examples:
   sheetmaker layouts plan.dxf
   sheetmaker layouts plan.dxf --json | jq '.[].name')";
+
+inline constexpr const char* kSettingsFooter = R"(Examples:
+  sheetmaker settings plan.dxf                       settings, page setup, stamp, attachments, signature fields
+  sheetmaker settings plan.dxf --layout "Ground floor"
+
+"OK" and "Create PDF" keep what was entered: settings for the user, the rest in the drawing. The former drawing
+stays as plan.dxf.bak. "Cancel" leaves everything as it was. A DWG is never written; its entries stand in
+plan.dwg.sheetmaker beside it.)";
+
+inline constexpr const char* kPageSetupFooter = R"(Examples:
+  sheetmaker page-setup               the global page setup, for "convert --page-setup global"
+  sheetmaker page-setup plan.dxf      the drawing's own PDF page setup, for "convert --page-setup custom")";
 
 inline constexpr const char* kGetFooter = R"(Examples:
   sheetmaker get JobOptionsFile)";

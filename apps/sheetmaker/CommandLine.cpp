@@ -13,9 +13,9 @@
 namespace sm::app {
 namespace {
 
-const std::vector<std::string> kCommands = {"convert", "publish", "layouts", "stamp", "attach", "sign",
-                                            "get",     "set",     "list",    "log",   "doctor"};
-const std::vector<std::string> kLaterCommands = {"settings", "page-setup"};
+const std::vector<std::string> kCommands = {"convert", "publish", "layouts", "settings", "page-setup",
+                                            "stamp",   "attach",  "sign",    "get",      "set",
+                                            "list",    "log",     "doctor"};
 
 const std::map<std::string, LayoutChoice> kLayoutChoices = {{"auto", LayoutChoice::Auto},
                                                             {"all", LayoutChoice::All},
@@ -101,6 +101,8 @@ struct Jobs {
     GetJob get;
     SetJob set;
     ListJob list;
+    SettingsJob settings;
+    PageSetupJob pageSetup;
     MarkJobs marks;
     std::string dwgConverter;
 };
@@ -119,10 +121,27 @@ void AddSettings(CLI::App& program, Jobs& jobs)
     list.add_option("PART", jobs.list.part, "Only names that contain this")->type_name("");
 }
 
+void AddWindows(CLI::App& program, Jobs& jobs)
+{
+    CLI::App& settings = *program.add_subcommand("settings", "Show the settings dialog of a drawing");
+    settings.footer(kSettingsFooter);
+    settings
+        .add_option("DRAWING", jobs.settings.drawing, "The drawing (DXF or DWG); without one, a dialog asks for it")
+        ->type_name("");
+    settings.add_option("--layout", jobs.settings.layout, "Take this layout as the current one")->type_name("NAME");
+    CLI::App& pageSetup = *program.add_subcommand("page-setup", "Show the page setup dialog");
+    pageSetup.footer(kPageSetupFooter);
+    pageSetup
+        .add_option("DRAWING", jobs.pageSetup.drawing,
+                    "The drawing whose PDF page setup is edited; without one, the global page setup is")
+        ->type_name("");
+}
+
 /// The same for every command that opens drawings.
 void AddDwgConverter(CLI::App& program, std::string& converter)
 {
-    for (const char* name : {"convert", "publish", "layouts", "stamp", "attach", "sign", "doctor"})
+    for (const char* name :
+         {"convert", "publish", "layouts", "settings", "page-setup", "stamp", "attach", "sign", "doctor"})
         program.get_subcommand(name)
             ->add_option("--dwg-converter", converter,
                          "What turns a DWG into DXF: a command with {in} and {out}, or node, dwg2dxf, oda "
@@ -141,6 +160,7 @@ void AddCommands(CLI::App& program, Jobs& jobs)
     layouts.footer(kLayoutsFooter);
     layouts.add_option("DRAWING", jobs.layouts.drawing, "The drawing (DXF or DWG)")->required()->type_name("");
     layouts.add_flag("--json", jobs.layouts.json, "As JSON");
+    AddWindows(program, jobs);
     AddMarkCommands(program, jobs.marks);
     AddSettings(program, jobs);
     program.add_subcommand("log", "Print the log of the last conversion")->footer(kLogFooter);
@@ -162,7 +182,9 @@ Job ChosenJob(const CLI::App& program, const Jobs& jobs)
                                                {"stamp", jobs.marks.stamp},
                                                {"attach", jobs.marks.attach},
                                                {"sign", jobs.marks.sign},
-                                               {"publish", jobs.marks.publish}};
+                                               {"publish", jobs.marks.publish},
+                                               {"settings", jobs.settings},
+                                               {"page-setup", jobs.pageSetup}};
     return byName.at(name);
 }
 
@@ -177,8 +199,6 @@ std::optional<ParsedCommand> RefuseCommand(const std::vector<std::string>& words
     if (words.empty() || words[0].starts_with('-') ||
         std::find(kCommands.begin(), kCommands.end(), words[0]) != kCommands.end())
         return std::nullopt;
-    if (std::find(kLaterCommands.begin(), kLaterCommands.end(), words[0]) != kLaterCommands.end())
-        return WrongUsage("sheetmaker: \"" + words[0] + "\" isn't there yet in this version");
     const std::string suggestion = Suggestion(words[0], kCommands);
     return WrongUsage("sheetmaker: there is no command \"" + words[0] + "\"" +
                       (suggestion.empty() ? "; \"sheetmaker --help\" lists them" : suggestion));

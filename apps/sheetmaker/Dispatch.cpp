@@ -11,6 +11,7 @@
 #include "sheetmaker/SettingCommands.h"
 #include "sheetmaker/SignCommand.h"
 #include "sheetmaker/StampCommand.h"
+#include "sheetmaker/WindowsProgram.h"
 
 #include <ostream>
 
@@ -20,7 +21,10 @@ namespace {
 /// Runs the job that the visited alternative holds.
 class Runner {
 public:
-    Runner(const Install& install, std::ostream& out, std::ostream& err) : m_install(install), m_out(out), m_err(err) {}
+    Runner(const Install& install, std::ostream& out, std::ostream& err, const ShowWindows& showWindows)
+        : m_install(install), m_out(out), m_err(err), m_showWindows(showWindows)
+    {
+    }
 
     int operator()(const ConvertJob& job) const
     {
@@ -39,6 +43,8 @@ public:
     int operator()(const AttachJob& job) const { return RunAttach(job, m_install, m_out, m_err); }
     int operator()(const SignJob& job) const { return RunSign(job, m_install, m_out, m_err); }
     int operator()(const PublishJob& job) const { return RunPublish(job, m_install, m_out, m_err); }
+    int operator()(const SettingsJob& job) const { return m_showWindows(job, m_install); }
+    int operator()(const PageSetupJob& job) const { return m_showWindows(job, m_install); }
 
 private:
     [[nodiscard]] std::unique_ptr<IRegistry> Settings() const
@@ -49,11 +55,13 @@ private:
     const Install& m_install;
     std::ostream& m_out;
     std::ostream& m_err;
+    const ShowWindows& m_showWindows;
 };
 
 } // namespace
 
-int RunProgram(const std::vector<std::string>& words, const Install& install, std::ostream& out, std::ostream& err)
+int RunProgram(const std::vector<std::string>& words, const Install& install, std::ostream& out, std::ostream& err,
+               const ShowWindows& showWindows)
 {
     const ParsedCommand parsed = ParseCommandLine(words, install.version);
     out << parsed.output;
@@ -61,7 +69,13 @@ int RunProgram(const std::vector<std::string>& words, const Install& install, st
     Install forThisRun = install;
     if (!parsed.dwgConverter.empty())
         forThisRun.dwgConverter = parsed.dwgConverter;
-    return parsed.job ? std::visit(Runner(forThisRun, out, err), *parsed.job) : parsed.exitCode;
+    if (!parsed.job)
+        return parsed.exitCode;
+    const ShowWindows become = [&](const Job&, const Install& here) {
+        out << std::flush;
+        return BecomeWindowsProgram(words, here, err);
+    };
+    return std::visit(Runner(forThisRun, out, err, showWindows ? showWindows : become), *parsed.job);
 }
 
 } // namespace sm::app

@@ -2,6 +2,7 @@
 
 #include "sheetmaker/DwgSetup.h"
 #include "sheetmaker/ExitCodes.h"
+#include "sheetmaker/WindowsProgram.h"
 
 #include <algorithm>
 #include <array>
@@ -115,6 +116,19 @@ Finding Viewer(const Install& install)
             {}};
 }
 
+Finding Windows(const Install& install)
+{
+    const std::string program = system::FindProgram(install.environment, install.windowsProgram.string());
+    if (install.windowsProgram.empty() || program.empty())
+        return {State::Optional, "windows", "the program with the windows is missing (settings, page-setup need it)",
+                "sudo apt-get install qt6-base-dev, then build or install sheetmaker-pdf anew"};
+    const bool screen = HasScreen(install.environment);
+    return {screen ? State::Good : State::Optional,
+            "windows",
+            screen ? program : "there is no screen (settings, page-setup need one)",
+            {}};
+}
+
 Finding DwgConverter(const Install& install)
 {
     const auto registry = OpenSettings(install, [](const std::string&) {}); // told of the settings already
@@ -143,6 +157,7 @@ std::vector<Finding> Examine(const Install& install)
             WritableFolder("log folder", install.places.stateFolder, "give yourself the right to write there"),
             WritableFolder("temporary folder", unset ? fs::path(P_tmpdir) : temporary, "set TMPDIR to another folder"),
             Viewer(install),
+            Windows(install),
             DwgConverter(install)};
 }
 

@@ -6,6 +6,7 @@
 #include "sheetmaker/ExitCodes.h"
 #include "sheetmaker/HostReport.h"
 #include "sheetmaker/LayoutSelection.h"
+#include "sheetmaker/RunOutcome.h"
 #include "sheetmaker/Surrounded.h"
 
 #include <chrono>
@@ -47,13 +48,12 @@ public:
             return;
         Convert();
         TakeHostReport(m_host->Report(m_document), m_report);
-        Conclude();
+        Conclude(m_surrounded.Watcher(), m_host->Report(m_document).plotFailure, m_report);
     }
 
 private:
     bool Open();
     void Convert();
-    void Conclude();
 
     const DrawingTask& m_task;
     DrawingReport& m_report;
@@ -89,22 +89,6 @@ void DrawingRun::Convert()
     frontEnd.ConvertToPDF(0);
     const RunTimes& times = m_report.times;
     m_report.times.plot = MillisecondsSince(start) - times.pages - times.assemble;
-}
-
-void DrawingRun::Conclude()
-{
-    constexpr std::int32_t kSavedButNoViewer = -12;
-    const std::string sheet = m_surrounded.Watcher().FailedSheet(m_host->Report(m_document).plotFailure);
-    const auto& save = m_surrounded.Watcher().LastSave();
-    if (!sheet.empty())
-        return Fail(m_report, kExitFailed, sheet);
-    if (!save)
-        return Fail(m_report, kExitFailed, "the conversion ended before the PDF was saved");
-    m_report.saveStatus = save->status;
-    if (save->status < 0 && save->status != kSavedButNoViewer)
-        return Fail(m_report, kExitFailed, save->errorText.empty() ? "the PDF could not be saved" : save->errorText);
-    m_report.pdfPath = save->pdfPath;
-    m_report.exitCode = m_report.ContentLost() ? kExitContentLost : kExitDone;
 }
 
 } // namespace

@@ -23,7 +23,12 @@ std::string Install::LoginName() const
 Install ThisInstall()
 {
     const system::Environment environment = system::ProcessEnvironment();
-    return {environment, system::FindPlaces(environment, system::ExecutablePath(), SM_SOURCE_SHARE), SM_VERSION};
+    const std::filesystem::path executable = system::ExecutablePath();
+    return {environment,
+            system::FindPlaces(environment, executable, SM_SOURCE_SHARE),
+            SM_VERSION,
+            {},
+            executable.parent_path() / "sheetmaker-pdf-windows"};
 }
 
 std::unique_ptr<IRegistry> OpenSettings(const Install& install, const std::function<void(const std::string&)>& complain)

@@ -16,8 +16,9 @@ namespace sm::app {
 struct Install {
     system::Environment environment;
     system::Places places;
-    std::string version;        ///< "1.2.3"
-    std::string dwgConverter{}; ///< of this run; empty: the stored setting
+    std::string version;                    ///< "1.2.3"
+    std::string dwgConverter{};             ///< of this run; empty: the stored setting
+    std::filesystem::path windowsProgram{}; ///< the program with the windows; need not be there
 
     [[nodiscard]] std::string JobOptionsFolder() const { return (places.shareFolder / "Settings").string(); }
     /// The user's own plot style tables.

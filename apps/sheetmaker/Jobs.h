@@ -121,7 +121,18 @@ struct PublishJob {
     friend bool operator==(const PublishJob&, const PublishJob&) = default;
 };
 
+struct SettingsJob {
+    std::optional<std::string> drawing; ///< nothing: the user is asked for one
+    std::optional<std::string> layout;  ///< becomes the active one while the dialog is up
+    friend bool operator==(const SettingsJob&, const SettingsJob&) = default;
+};
+
+struct PageSetupJob {
+    std::optional<std::string> drawing; ///< nothing: the user's global page setup
+    friend bool operator==(const PageSetupJob&, const PageSetupJob&) = default;
+};
+
 using Job = std::variant<ConvertJob, LayoutsJob, GetJob, SetJob, ListJob, LogJob, DoctorJob, StampJob, AttachJob,
-                         SignJob, PublishJob>;
+                         SignJob, PublishJob, SettingsJob, PageSetupJob>;
 
 } // namespace sm::app

@@ -44,6 +44,8 @@ std::string StatusText(std::int32_t status)
 
 void SheetWatcher::Stage(const std::string& name) noexcept
 {
+    if (name == "settings")
+        m_settingsKept = true;
     Quietly([&] { m_console.Progress(m_report.drawing + ": " + (m_where.empty() ? "" : m_where + ", ") + name); });
 }
 
@@ -70,6 +72,8 @@ void SheetWatcher::Saved(const std::string& pdfPath, std::int32_t status, const 
 void SheetWatcher::CarriedPast(const std::string& routine, const std::string& description) noexcept
 {
     Quietly([&] {
+        if (routine == "SetDrawingData")
+            m_lostRecord = description.empty() ? "it was not taken" : description;
         if (!description.empty())
             m_carriedPast = routine + ": " + description;
     });

@@ -31,6 +31,10 @@ public:
     [[nodiscard]] const std::optional<Save>& LastSave() const { return m_save; }
     /// The last failing call that was carried past, with its routine; empty when none was.
     [[nodiscard]] const std::string& LastCarriedPast() const { return m_carriedPast; }
+    /// The settings dialog was confirmed, and everything it held was handed to the settings and the drawing.
+    [[nodiscard]] bool SettingsKept() const { return m_settingsKept; }
+    /// Why the drawing didn't take a record; empty when it took all.
+    [[nodiscard]] const std::string& LostRecord() const { return m_lostRecord; }
     /// The sheet that failed and why; empty when none did.
     [[nodiscard]] std::string FailedSheet(const std::string& plotFailure) const;
 
@@ -38,7 +42,8 @@ private:
     DrawingReport& m_report;
     terminal::Console& m_console;
     std::optional<Save> m_save;
-    std::string m_reason, m_carriedPast, m_where;
+    std::string m_reason, m_carriedPast, m_where, m_lostRecord;
+    bool m_settingsKept = false;
 };
 
 /// What a sheet's negative status means, as the end of a sentence.

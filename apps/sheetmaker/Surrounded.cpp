@@ -10,6 +10,7 @@
 #include "system/SystemPorts.h"
 #include "terminal/TerminalDesktop.h"
 #include "terminal/TerminalWindows.h"
+#include "ui/FormWindows.h"
 
 namespace sm::app {
 namespace {
@@ -46,23 +47,30 @@ std::optional<terminal::Paper> WantedPaper(CallContext& context)
 } // namespace
 
 Surrounded::Surrounded(const DrawingTask& task, const Install& install, terminal::Console& console,
-                       DrawingReport& report)
-    : m_report(report), m_watcher(report, console),
+                       DrawingReport& report, const ScreenParts* screen)
+    : m_report(report), m_screen(screen), m_watcher(report, console),
       m_stored(OpenSettings(install, [&console](const std::string& text) { console.Line("warning: " + text); })),
-      m_registry(*m_stored), m_files(system::CreateFileSystem()), m_desktop(MakeDesktop(task, install, console)),
-      m_windows(
-          terminal::CreateTerminalWindows(console, {[this] { return WantedPaper(m_context); },
-                                                    [this](const std::string& reason) { m_watcher.Reason(reason); }})),
+      m_registry(*m_stored), m_files(system::CreateFileSystem()),
+      m_terminalDesktop(MakeDesktop(task, install, console)), m_desktop(screen ? screen->desktop : *m_terminalDesktop),
+      m_windows(MakeWindows(console)),
       m_annotations([this]() -> CallContext& { return m_context; },
                     [this](const std::string& line) { m_report.notes.push_back(line); }),
-      m_library(publisher::CreatePublisher(PublishingOptions(task, install), *m_desktop)),
+      m_library(publisher::CreatePublisher(PublishingOptions(task, install), m_desktop)),
       m_locale(system::CreateLocale(install.environment)), m_clock(system::CreateClock()),
       m_component(system::CreateComponent(install.places.shareFolder.string(), system::ParseVersion(install.version))),
-      m_surroundings{m_registry, *m_files,  *m_desktop, *m_windows,   m_annotations,
-                     *m_library, *m_locale, *m_clock,   *m_component, m_watcher},
+      m_surroundings{m_registry, *m_files,  m_desktop, *m_windows,   m_annotations,
+                     *m_library, *m_locale, *m_clock,  *m_component, m_watcher},
       m_context{m_surroundings, nullptr, nullptr, nullptr}
 {
     LayOptions(task);
+}
+
+std::unique_ptr<IWindows> Surrounded::MakeWindows(terminal::Console& console)
+{
+    if (m_screen)
+        return CreateFormWindows(m_context, m_screen->toolkit);
+    return terminal::CreateTerminalWindows(console, {[this] { return WantedPaper(m_context); },
+                                                     [this](const std::string& reason) { m_watcher.Reason(reason); }});
 }
 
 void Surrounded::LaySetting(const std::string& name, const std::string& value)
@@ -75,7 +83,8 @@ void Surrounded::LayOptions(const DrawingTask& task)
     const ConvertOptions& options = task.options;
     for (const char* name : {"Profile", "PrinterConfigPath"})
         m_registry.Isolate(RegistryRoot::CurrentUser, kSettingsKey, name);
-    m_registry.KeepWrites("NoShowAcad2000PlotterMsg");
+    if (!m_screen) // the answer nobody gave isn't stored
+        m_registry.KeepWrites("NoShowAcad2000PlotterMsg");
     if (task.savePath || !options.asSet)
         LaySetting("PromptForFileName", task.savePath ? "1" : "0");
     if (options.open || !options.asSet)

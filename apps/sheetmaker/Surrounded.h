@@ -5,6 +5,7 @@
 #include "publisher/Publisher.h"
 #include "sheetmaker/AnnotationPass.h"
 #include "sheetmaker/DrawingRun.h"
+#include "sheetmaker/ScreenParts.h"
 #include "sheetmaker/SheetWatcher.h"
 #include "store/OverlayRegistry.h"
 
@@ -14,8 +15,10 @@ namespace sm::app {
 
 class Surrounded {
 public:
-    /// All references outlive this object.
-    Surrounded(const DrawingTask& task, const Install& install, terminal::Console& console, DrawingReport& report);
+    /// All references outlive this object. With a `screen`, windows and message boxes are shown there and the user
+    /// answers; without one they become lines on the console.
+    Surrounded(const DrawingTask& task, const Install& install, terminal::Console& console, DrawingReport& report,
+               const ScreenParts* screen = nullptr);
     Surrounded(const Surrounded&) = delete;
     Surrounded& operator=(const Surrounded&) = delete;
 
@@ -30,14 +33,17 @@ public:
 
 private:
     void LayOptions(const DrawingTask& task);
+    [[nodiscard]] std::unique_ptr<IWindows> MakeWindows(terminal::Console& console);
     [[nodiscard]] publisher::PublisherOptions PublishingOptions(const DrawingTask& task, const Install& install);
 
     DrawingReport& m_report;
+    const ScreenParts* m_screen; ///< null: there is none
     SheetWatcher m_watcher;
     std::unique_ptr<IRegistry> m_stored;
     store::OverlayRegistry m_registry;
     std::unique_ptr<IFileSystem> m_files;
-    std::unique_ptr<IDesktop> m_desktop;
+    std::unique_ptr<IDesktop> m_terminalDesktop;
+    IDesktop& m_desktop;
     std::unique_ptr<IWindows> m_windows;
     AnnotationPass m_annotations;
     std::unique_ptr<IPublishingLibrary> m_library;

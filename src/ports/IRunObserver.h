@@ -9,7 +9,8 @@ namespace sm {
 class IRunObserver {
 public:
     virtual ~IRunObserver() = default;
-    /// "layouts", "plot", "annotations", "save", ...
+    /// "layouts", "plot", "annotations", "save", ...; "settings" once the settings dialog was confirmed and everything
+    /// in it was kept.
     virtual void Stage(const std::string& name) noexcept = 0;
     virtual void SheetBegins(const std::string& layoutName, std::int32_t index, std::int32_t count) noexcept = 0;
     virtual void SheetEnds(const std::string& layoutName, std::int32_t status, std::int32_t markCount) noexcept = 0;

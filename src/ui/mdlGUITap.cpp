@@ -98,6 +98,7 @@ void SettingsRun::SaveTabs()
     Require(SaveAttachTab(m_gui, m_keg), "SaveAttachTab");
     Require(SaveDigSigTab(m_gui, m_keg), "SaveDigSigTab");
     Require(SaveFromDialog(m_context, m_keg, ActiveDrawing(m_context)), "SaveFromDialog");
+    m_context.surroundings.observer.Stage("settings");
 }
 
 std::int32_t SettingsRun::ShowUntilDone()

@@ -64,7 +64,7 @@ TEST_F(Commands, DoctorFindsAllThatIsNeeded)
     EXPECT_EQ(states,
               (std::vector<std::string>{"Ghostscript good", "PDF library good", "fonts good", "share folder good",
                                         "job options good", "settings good", "log folder good", "temporary folder good",
-                                        "PDF viewer good", "DWG converter not good"}));
+                                        "PDF viewer good", "windows not good", "DWG converter not good"}));
     EXPECT_EQ(Run({"doctor"}), 0);
 }
 

@@ -1,0 +1,17 @@
+// What the windows' program brings along: the toolkit itself is known there alone.
+#pragma once
+
+#include "cadhost/PointPicker.h"
+#include "ports/IDesktop.h"
+#include "ports/IFormToolkit.h"
+
+namespace sm::app {
+
+/// All outlive the run that they are handed to.
+struct ScreenParts {
+    IDesktop& desktop;
+    IFormToolkit& toolkit;
+    cadhost::IPointPicker& picker;
+};
+
+} // namespace sm::app
