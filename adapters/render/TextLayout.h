@@ -57,7 +57,7 @@ public:
     /// TEXT, ATTRIB, ATTDEF. The result is valid until the next call.
     virtual const LaidText& Lay(const drawing::Drawing&, const drawing::TextData&) = 0;
     virtual const LaidText& Lay(const drawing::Drawing&, const drawing::MTextData&) = 0;
-    /// "style STANDARD: font txt.shx drawn with ...": one line for each substitution made so far.
+    /// "txt.shx drawn with ... (style STANDARD)": one line for each substitution made so far.
     [[nodiscard]] virtual std::vector<std::string> Substitutions() const = 0;
 };
 

@@ -310,10 +310,16 @@ TEST_F(TextTest, ListsWhatStandsForWhat)
     engine->Lay(drawing, Text("a", 2));
     engine->Lay(drawing, Text("a", 3));
     engine->Lay(drawing, Text("b", 3));
+    for (std::uint32_t i = 4; i < 9; ++i) {
+        drawing.styles.push_back(arial);
+        drawing.styles.back().name = "Arial" + std::to_string(i);
+        engine->Lay(drawing, Text("a", i));
+    }
     EXPECT_EQ(engine->Substitutions(),
-              (std::vector<std::string>{"style Standard: font romans.shx drawn with romans.lff",
-                                        "style Arial: font arial.ttf drawn with LiberationSans",
-                                        "style Odd: font Strange.shx drawn with standard.lff"}));
+              (std::vector<std::string>{
+                  "romans.shx drawn with romans.lff (style Standard)",
+                  "arial.ttf drawn with LiberationSans (style Arial, style Arial4, style Arial5 and 3 more)",
+                  "Strange.shx drawn with standard.lff (style Odd)"}));
 }
 
 TEST_F(TextTest, WorksWithoutAnyTable)

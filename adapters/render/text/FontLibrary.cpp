@@ -36,13 +36,6 @@ FontLibrary::FontLibrary(const std::string& dataFolder, const std::string& userF
     }
 }
 
-void FontLibrary::Note(std::string line)
-{
-    if (std::find(m_substitutions.begin(), m_substitutions.end(), line) == m_substitutions.end()) {
-        m_substitutions.push_back(std::move(line));
-    }
-}
-
 const Font& FontLibrary::ForStyle(const drawing::Drawing& drawing, std::uint32_t style)
 {
     static const drawing::TextStyle kNone;

@@ -4,6 +4,7 @@
 #include "drawing/Drawing.h"
 #include "render/text/FontFolders.h"
 #include "render/text/FontMap.h"
+#include "render/text/FontSubstitutions.h"
 #include "render/text/OutlineFace.h"
 #include "render/text/StrokeFont.h"
 
@@ -44,7 +45,7 @@ public:
     const Font& ForShapeFile(const std::string& file);
 
     GlyphSource Find(const Font& font, char32_t character);
-    [[nodiscard]] const std::vector<std::string>& Substitutions() const { return m_substitutions; }
+    [[nodiscard]] std::vector<std::string> Substitutions() const { return m_substitutions.Lines(); }
 
 private:
     /// A font file and how much wider its letters are drawn; no face: none.
@@ -75,7 +76,6 @@ private:
     GlyphSource FindElsewhere(char32_t character);
     GlyphSource FindInFallbacks(char32_t character);
     const StrokeGlyph* FindInStrokes(StrokeFont& beside, char32_t character);
-    void Note(std::string line);
 
     FontMap m_map;
     FontFolders m_folders;
@@ -91,7 +91,7 @@ private:
     std::vector<StyleEntry> m_styles;
     std::map<std::string, std::unique_ptr<Font>> m_styleFonts;
     std::unordered_map<char32_t, GlyphSource> m_elsewhere;
-    std::vector<std::string> m_substitutions;
+    FontSubstitutions m_substitutions;
 };
 
 } // namespace sm::render

@@ -87,10 +87,10 @@ Font FontLibrary::ResolveShape(const Wish& wish)
     }
     if (stroke == nullptr) { // no stroke fonts on this machine: outlines rather than nothing
         const OutlineFace* face = AnyFace();
-        Note(wish.who + ": font " + wish.file + " drawn with " + (face != nullptr ? face->Name() : "boxes"));
+        m_substitutions.Note(wish.who, wish.file + " drawn with " + (face != nullptr ? face->Name() : "boxes"));
         return {face, nullptr, 1, 1};
     }
-    Note(wish.who + ": font " + wish.file + " drawn with " + drawn);
+    m_substitutions.Note(wish.who, wish.file + " drawn with " + drawn);
     return {nullptr, stroke, width, 1};
 }
 
@@ -106,7 +106,7 @@ Font FontLibrary::ResolveOutline(const Wish& wish)
         return ResolveShape({wish.style, asked, wish.folder, wish.who});
     }
     if (!exact) {
-        Note(wish.who + ": font " + asked + " drawn with " + sized.face->Name());
+        m_substitutions.Note(wish.who, asked + " drawn with " + sized.face->Name());
     }
     return {sized.face, nullptr, 1, sized.width};
 }
