@@ -6,6 +6,7 @@ file and function lengths, words that don't belong in the tree.
 """
 import argparse
 import concurrent.futures
+import functools
 import os
 import re
 import subprocess
@@ -24,6 +25,7 @@ ROOMS = {
     "adapters/store": {"store", "ports"},
     "adapters/system": {"system", "ports"},
     "adapters/terminal": {"terminal", "ports"},
+    "adapters/qt": {"qt", "cadhost", "render", "drawing", "ports"},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
 STANDARD = set("""algorithm array atomic bit bitset cassert cctype cerrno cfenv cfloat charconv chrono cinttypes climits
@@ -94,9 +96,15 @@ def circles(graph):
         yield from visit(node, [])
 
 
+@functools.cache
+def qt_folders():
+    run = subprocess.run(["pkg-config", "--cflags", "Qt6Widgets"], capture_output=True, text=True)
+    return [*run.stdout.split(), "-fPIC"]
+
+
 def compile_alone(source, name):
     command = ["g++", "-std=c++20", "-fsyntax-only", "-Isrc", "-Iadapters", "-Iapps", "-Itests", "-I/usr/include/freetype2",
-               "-I/usr/include/harfbuzz", "-x", "c++", "-include", name, "/dev/null"]
+               "-I/usr/include/harfbuzz", *qt_folders(), "-x", "c++", "-include", name, "/dev/null"]
     run = subprocess.run(command, cwd=source, capture_output=True, text=True)
     return None if run.returncode == 0 else f"{name}: doesn't compile alone: {run.stderr.strip().splitlines()[0]}"
 

@@ -1,0 +1,18 @@
+// Ctrl+C and its relatives while a window is up.
+#pragma once
+
+namespace sm::qt {
+
+/// While one of these lives, SIGINT, SIGTERM and SIGHUP close the front modal window as its close box would, from the
+/// event loop; what the window makes of that is its own business. A signal that comes before the former was noticed
+/// has its usual effect, so a process that hangs can be ended. The last one puts back what the signals did before; a
+/// signal that no window noticed takes its effect then. Lives on the thread of the windows, and nests.
+class ClosesOnSignal {
+public:
+    ClosesOnSignal();
+    ~ClosesOnSignal();
+    ClosesOnSignal(const ClosesOnSignal&) = delete;
+    ClosesOnSignal& operator=(const ClosesOnSignal&) = delete;
+};
+
+} // namespace sm::qt
