@@ -53,8 +53,15 @@ cadhost::HostOptions HostOptionsOf(const Install& install, IRegistry& registry, 
     cadhost::HostOptions options{install.places.shareFolder.string(), install.LoginName(),
                                  DwgOptionsOf(install, registry), install.PlotStyleFolder(), keepLayers};
     options.dwg.workFolder = workFolder;
-    options.references.supportFolders = SupportFolders(install);
-    options.references.pages = CreateUnderlayPages("gs");
+    options.references = ReferenceOptionsOf(install);
+    return options;
+}
+
+render::ReferenceOptions ReferenceOptionsOf(const Install& install)
+{
+    render::ReferenceOptions options;
+    options.supportFolders = SupportFolders(install);
+    options.pages = CreateUnderlayPages("gs");
     return options;
 }
 

@@ -17,4 +17,7 @@ drawing::DwgOptions DwgOptionsOf(const Install& install, IRegistry& registry);
 cadhost::HostOptions HostOptionsOf(const Install& install, IRegistry& registry, const std::string& workFolder,
                                    bool keepLayers = false);
 
+/// Where files that drawings refer to are looked for, and what shows pages of PDF files.
+render::ReferenceOptions ReferenceOptionsOf(const Install& install);
+
 } // namespace sm::app

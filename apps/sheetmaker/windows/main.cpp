@@ -1,0 +1,60 @@
+// The program with the windows: "settings" and "page-setup" on a screen. It knows the toolkit; the command line's own
+// program, which becomes this one for those commands, doesn't.
+#include "qt/DrawingWindow.h"
+#include "qt/Screen.h"
+#include "sheetmaker/Dispatch.h"
+#include "sheetmaker/DwgSetup.h"
+#include "sheetmaker/ExitCodes.h"
+#include "sheetmaker/HelpTopic.h"
+#include "sheetmaker/PageSetupCommand.h"
+#include "sheetmaker/SettingsCommand.h"
+#include "system/DocumentOpener.h"
+
+#include <csignal>
+#include <iostream>
+
+namespace sm::app {
+namespace {
+
+qt::ScreenOptions ScreenOptionsOf(const Install& install)
+{
+    qt::ScreenOptions options;
+    options.helpFolder = (install.places.shareFolder / "help").string();
+    options.open = [environment = install.environment](const std::string& pathOrAddress) {
+        return system::OpenOnDesktop(environment, HelpTopic(pathOrAddress));
+    };
+    return options;
+}
+
+int ShowOnScreen(const Job& job, const Install& install)
+{
+    std::string why;
+    const auto screen = qt::Screen::Open(ScreenOptionsOf(install), why);
+    if (!screen) {
+        std::cerr << "sheetmaker: " << why << "\n";
+        return kExitToolMissing;
+    }
+    const auto picker = qt::CreateDrawingWindow({ReferenceOptionsOf(install)});
+    const ScreenParts parts{screen->Desktop(), screen->Toolkit(), *picker};
+    if (const auto* const settings = std::get_if<SettingsJob>(&job))
+        return RunSettings(*settings, install, parts, std::cout, std::cerr);
+    return RunPageSetup(std::get<PageSetupJob>(job), install, parts, std::cout, std::cerr);
+}
+
+} // namespace
+} // namespace sm::app
+
+int main(int argc, char** argv)
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+    try {
+        const int code = sm::app::RunProgram({argv + 1, argv + argc}, sm::app::ThisInstall(), std::cout, std::cerr,
+                                             sm::app::ShowOnScreen);
+        std::cout << std::flush;
+        return code;
+    } catch (const std::exception& error) {
+        std::cerr << "sheetmaker: " << error.what() << "\n";
+        return sm::app::kExitFailed;
+    }
+}
