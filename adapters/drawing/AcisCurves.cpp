@@ -21,6 +21,11 @@ Vec3 At(const std::vector<double>& numbers, std::size_t first)
 {
     return {numbers[first], numbers[first + 1], numbers[first + 2]};
 }
+/// The sense of a curve stands behind it, in old releases as a number.
+bool IsReversed(const AcisToken& token)
+{
+    return token.word == "reversed" || (token.kind == Kind::Number && token.number == 1);
+}
 bool IsEdge(const AcisRecord& record)
 {
     return record.name == "edge" || record.name == "tedge-edge";
@@ -92,8 +97,8 @@ bool AcisCurves::AppendEdge(const AcisRecord& record, std::vector<SolidEdge>& ed
             ends.push_back(point);
         else if (target != nullptr && target->name.ends_with("-curve"))
             curve = target;
-        else if (curve != nullptr && token.word == "reversed")
-            reversed = true;
+        else if (curve != nullptr && m_records.Target(m_records.Token(i - 1)) == curve)
+            reversed = IsReversed(token);
     }
     if (ends.size() < 2)
         return ends.empty() && curve == nullptr; // an edge shrunk to a point draws nothing

@@ -94,8 +94,12 @@ void AcisRecords::NoteParts()
 
 void AcisRecords::ReadText(std::string_view text)
 {
+    // Release 2 began to write the program, the date and the units into two lines of their own.
+    constexpr int kLongHeadingFrom = 200;
+    int release = kLongHeadingFrom;
+    std::from_chars(text.data(), text.data() + text.size(), release);
     std::size_t at = 0;
-    for (int line = 0; line < 3; ++line) {
+    for (int line = 0; line < (release < kLongHeadingFrom ? 1 : 3); ++line) {
         at = text.find('\n', at);
         if (at == std::string_view::npos)
             return;

@@ -1,6 +1,6 @@
 // The records of a solid modeller's save, as text (SAT) or binary (SAB): names and values, without meaning yet.
 //
-// Text: three lines of heading, then records that end in "#"; "$n" points to the n-th record, "@n" leads a text of n
+// Text: three lines of heading (one before release 2), then records that end in "#"; "$n" points to the n-th record, "@n" leads a text of n
 // bytes, "{ }" embrace a part that has a name of its own. Binary: 15 bytes of name, four whole numbers, then one byte
 // of kind before each value. For this room only.
 #pragma once

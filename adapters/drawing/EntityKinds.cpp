@@ -11,8 +11,9 @@ namespace {
 using Kind = EntityKind;
 
 /// The first name of a kind is the one that KindName gives.
-constexpr std::array<std::pair<const char*, Kind>, 58> kNames{{
+constexpr std::array<std::pair<const char*, Kind>, 59> kNames{{
     {"LINE", Kind::Line},
+    {"3DLINE", Kind::Line}, // of releases before R10
     {"CIRCLE", Kind::Circle},
     {"ARC", Kind::Arc},
     {"ELLIPSE", Kind::Ellipse},

@@ -116,6 +116,28 @@ TEST(BinarySolids, StandInTheDataSection)
     EXPECT_EQ(solid.edges[0].end, (Vec3{20, 0, 0}));
 }
 
+/// Release 1 has one line of heading, edges without parameters, and the sense of a curve as a number.
+TEST(TextSolids, OfTheFirstReleaseAreRead)
+{
+    const AcisRecords records("106 8 1 0\n"
+                              "edge $-1 $2 $3 $-1 $6 0 #\n"
+                              "edge $-1 $2 $3 $-1 $7 1 #\n"
+                              "vertex $-1 $0 $4 #\n"
+                              "vertex $-1 $0 $5 #\n"
+                              "point $-1 1 0 0 #\n"
+                              "point $-1 0 1 0 #\n"
+                              "straight-curve $-1 1 0 0 -1 1 0 I I #\n"
+                              "ellipse-curve $-1 0 0 0 0 0 1 1 0 0 1 I I #\n");
+    std::vector<SolidEdge> edges;
+    EXPECT_TRUE(AcisCurves(records).Append(edges));
+    ASSERT_EQ(edges.size(), 2U);
+    EXPECT_EQ(edges[0].start, (Vec3{1, 0, 0}));
+    EXPECT_EQ(edges[0].end, (Vec3{0, 1, 0}));
+    EXPECT_EQ(edges[1].kind, SolidEdge::Kind::Arc);
+    EXPECT_NEAR(edges[1].from, 1.5707963, 1e-6); // from the second vertex, three quarters of a turn on
+    EXPECT_NEAR(edges[1].sweep, 4.7123890, 1e-6);
+}
+
 TEST(BinarySolids, EndWhereTheyAreCutOff)
 {
     const std::string whole = Body().Bytes();

@@ -25,6 +25,7 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 DWG = os.path.join(HERE, "..", "..", "share", "sheetmaker-pdf", "dwg")
 DEADLINE = 60  # seconds for one drawing in ezdxf
 NO_PICTURE = "holds no picture of itself: "
+LOST_BODY = "the DWG converter loses its body: from R2013 on all of it, in R2007 records that others point to"
 NOT_DRAWN = {
     "LIGHT": "is seen in rendered views only",
     "SUN": "is seen in rendered views only",
@@ -37,16 +38,17 @@ NOT_DRAWN = {
     "DGNUNDERLAY": "needs a reader of DGN files",
     "PDFUNDERLAY": "its file isn't there",
     "IMAGE": "its file isn't there",
+    "SHAPE": "its shape file isn't there",
     "ACAD_PROXY_ENTITY": NO_PICTURE + "written without graphics",
     "ACAD_TABLE": "lost by the DWG converter: from R2010 on its DXF has neither cells nor block",
-    "3DSOLID": "its body is written in the compressed form, which holds no edges to read",
-    "BODY": "its body is written in the compressed form, which holds no edges to read",
-    "REGION": "its body is written in the compressed form, which holds no edges to read",
-    "PLANESURFACE": "its body is written in the compressed form, which holds no edges to read",
-    "EXTRUDEDSURFACE": "its body is written in the compressed form, which holds no edges to read",
-    "LOFTEDSURFACE": "its body is written in the compressed form, which holds no edges to read",
-    "REVOLVEDSURFACE": "its body is written in the compressed form, which holds no edges to read",
-    "SWEPTSURFACE": "its body is written in the compressed form, which holds no edges to read",
+    "3DSOLID": LOST_BODY,
+    "BODY": LOST_BODY,
+    "REGION": LOST_BODY,
+    "PLANESURFACE": LOST_BODY,
+    "EXTRUDEDSURFACE": LOST_BODY,
+    "LOFTEDSURFACE": LOST_BODY,
+    "REVOLVEDSURFACE": LOST_BODY,
+    "SWEPTSURFACE": LOST_BODY,
     "INSERT": "of a block that isn't there, or an external reference whose file isn't there",
 }
 
