@@ -153,7 +153,6 @@ public:
     {
         auto* const button = new QToolButton(site.parent);
         UseButton(button, site);
-        button->setAutoRaise(true);
         button->setToolButtonStyle(Qt::ToolButtonTextOnly);
         if (site.control.tabIndex >= 0)
             button->setFocusPolicy(Qt::TabFocus);

@@ -51,11 +51,11 @@ bool ControlView::Show(const FormControl& control)
     return resize;
 }
 
-void ControlView::Place(const ControlPlace& place, const FormUnits& units)
+void ControlView::Place(const ControlPlace& place, const FormUnits& units, int further)
 {
     if (m_widget == nullptr || m_last.kind == ControlKind::TabPage) // pages fill their strip
         return;
-    m_widget->setGeometry(units.Rect(place));
+    m_widget->setGeometry(units.Rect(place).translated(further, 0));
     Placed(units);
 }
 

@@ -73,7 +73,8 @@ public:
     [[nodiscard]] virtual QMargins Border() const { return {}; }
     /// False when a caption of several lines needs more room than `size`.
     [[nodiscard]] virtual bool WrapsInto(const QSize&) const { return true; }
-    void Place(const ControlPlace& place, const FormUnits& units);
+    /// `further` pixels to the right of its place.
+    void Place(const ControlPlace& place, const FormUnits& units, int further);
 
 protected:
     void Use(QWidget* widget, const FormControl& control);

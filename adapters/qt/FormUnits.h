@@ -13,14 +13,12 @@ namespace sm::qt {
 struct FormUnits {
     double x = 0, y = 0;
 
-    [[nodiscard]] int Across(std::int32_t units) const { return static_cast<int>(std::lround(units * x)); }
-    [[nodiscard]] int Down(std::int32_t units) const { return static_cast<int>(std::lround(units * y)); }
-    /// What touches in units touches in pixels.
+    /// Rounded down: what fits into its parent in units does so in pixels.
+    [[nodiscard]] int Across(std::int32_t units) const { return static_cast<int>(std::floor(units * x)); }
+    [[nodiscard]] int Down(std::int32_t units) const { return static_cast<int>(std::floor(units * y)); }
     [[nodiscard]] QRect Rect(const ControlPlace& place) const
     {
-        const QPoint from(Across(place.left), Down(place.top));
-        const QPoint to(Across(place.left + place.width), Down(place.top + place.height));
-        return {from, QSize(to.x() - from.x(), to.y() - from.y())};
+        return {Across(place.left), Down(place.top), Across(place.width), Down(place.height)};
     }
     friend bool operator==(const FormUnits&, const FormUnits&) = default;
 };

@@ -5,7 +5,6 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QStyle>
-#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
@@ -26,6 +25,8 @@ FormWindow::FormWindow(Events events)
     m_scroller->setFrameShape(QFrame::NoFrame);
     m_scroller->setFocusPolicy(Qt::NoFocus);
     m_scroller->setWidget(m_content);
+    m_longestWait.setSingleShot(true);
+    m_longestWait.callOnTimeout(this, [this] { NoteAppearance(); });
 }
 
 void FormWindow::Resize(const QSize& content)
@@ -74,11 +75,12 @@ void FormWindow::Appear(QWidget* owner)
     show();
     raise();
     activateWindow();
-    QTimer::singleShot(kLongestWait, this, [this] { NoteAppearance(); });
+    m_longestWait.start(kLongestWait);
 }
 
 void FormWindow::NoteAppearance()
 {
+    m_longestWait.stop();
     if (std::exchange(m_isAwaited, false) && isVisible())
         m_events.appeared();
 }

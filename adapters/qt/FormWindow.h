@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QTimer>
 
 #include <functional>
 
@@ -50,6 +51,7 @@ private:
     Events m_events;
     QScrollArea* m_scroller;
     QWidget* m_content;
+    QTimer m_longestWait;
     bool m_isAwaited = false, m_hasPlace = false, m_isRestyling = false;
 };
 

@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QListWidget>
+#include <QStyledItemDelegate>
 #include <QTreeWidget>
 
 #include <algorithm>
@@ -36,6 +37,16 @@ private:
     QListWidget* m_list;
 };
 
+/// Rows with some air between them, so that they are easy to hit.
+class AiryRows final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, option.fontMetrics.height() / 3);
+    }
+};
+
 class RowsView final : public ControlView {
 public:
     explicit RowsView(const ControlSite& site)
@@ -45,6 +56,7 @@ public:
         Use(m_list, site.control);
         m_list->setRootIsDecorated(false);
         m_list->setUniformRowHeights(true);
+        m_list->setItemDelegate(new AiryRows(m_list));
         m_list->setAllColumnsShowFocus(true);
         m_list->setSelectionMode(QAbstractItemView::SingleSelection);
         m_list->setEditTriggers(QAbstractItemView::NoEditTriggers);

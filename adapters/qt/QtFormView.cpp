@@ -116,13 +116,24 @@ void QtFormView::NameControls()
     }
 }
 
+/// What lies on a tab page stands in its middle: the strip is wider than its pages ask for.
+int QtFormView::PageMargin(std::size_t page, const FormUnits& units) const
+{
+    const auto& controls = m_form.Controls();
+    if (controls[page].kind != ControlKind::TabPage)
+        return 0;
+    const std::size_t strip = controls[page].parent;
+    const int room = units.Across(controls[strip].place.width) - units.Across(controls[page].place.width);
+    return std::max(0, room / 2 - m_views[strip]->Border().left());
+}
+
 void QtFormView::LayOut()
 {
     const auto& controls = m_form.Controls();
     const FormUnits units = MeasureUnits(controls, m_views, m_window.font());
     m_window.Resize(units.Rect(controls.front().place).size());
     for (std::size_t i = 1; i < controls.size(); ++i) {
-        m_views[i]->Place(controls[i].place, units);
+        m_views[i]->Place(controls[i].place, units, PageMargin(controls[i].parent, units));
         m_views[i]->Recolor();
     }
 }

@@ -31,6 +31,7 @@ private:
     void OrderKeyboard();
     void NameControls();
     void LayOut();
+    [[nodiscard]] int PageMargin(std::size_t page, const FormUnits& units) const;
     void ShowControl(std::size_t control);
     void ShowForm();
     void OnKey(QWidget* widget, bool isEnter);

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -22,7 +24,11 @@ inline std::vector<std::string>& Opened()
 inline Screen& TheScreen()
 {
     static Screen* const screen = [] {
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+        std::filesystem::create_directories(SM_SCREENS);
+        const std::string monitor = SM_SCREENS "/monitor.json";
+        std::ofstream(monitor) << R"({"screens": [{"name": "monitor", "x": 0, "y": 0, "width": 2560, "height": 1600,
+            "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
+        setenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + monitor).c_str(), 1);
         std::string why;
         auto made = Screen::Open({"/usr/share/some help",
                                   [](const std::string& path) {

@@ -1,0 +1,202 @@
+// All nine forms in the real toolkit, at the normal and at a doubled font: nothing is cut off, and what they look like
+// is kept beside the build.
+#include "qt/QtUser.h"
+
+#include "doubles/TestHouse.h"
+#include "ui/FormListing.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTreeWidget>
+
+namespace sm::qt {
+namespace {
+
+/// Fills a form as it is filled in use, so that the pictures show something.
+void Fill(NineForms& forms)
+{
+    forms.gui.SetTicked("optAllLayouts", true);
+    forms.gui.SetTicked("optQuality", true);
+    forms.gui.SetTicked("chkDeletePs", true);
+    forms.gui.SetTicked("chkHlinkText", true);
+    forms.gui.SetItems("cmbJobOpts", {"Graphics [600 dpi]", "Proof"});
+    forms.gui.SelectText("cmbJobOpts", "Graphics [600 dpi]");
+    forms.gui.SetTicked("chkPageSetup", true);
+    forms.gui.PDFPageSetupOn();
+    for (Form* form : {static_cast<Form*>(&forms.gui), static_cast<Form*>(&forms.pageSetup)}) {
+        form->SetItems("cmbPaperSize", {"ISO A0 (841.00 x 1189.00 MM)", "ANSI expand E (34.00 x 44.00 Inches)"});
+        form->Select("cmbPaperSize", 1);
+        form->SetTicked("optLandscape", true);
+        form->SetTicked("optLayout", true);
+        form->SetText("txtScaleNumer", "1.000");
+        form->SetText("txtScaleDenom", "25.4");
+        form->SetText("txtPlotOffsetX", "0.00");
+        form->SetText("txtPlotOffsetY", "0.00");
+        form->SetItems("cmbPlotStyle", {"None", "monochrome.ctb"});
+        form->Select("cmbPlotStyle", 1);
+    }
+    forms.gui.SetItems("cmbStampText", {"(NONE)", "Plan.dwg, plotted by JS"});
+    forms.gui.Select("cmbStampText", 1);
+    forms.gui.TextStampOn();
+    forms.gui.SelectText("cmbStampFont", "Courier-BoldOblique");
+    forms.gui.SelectText("cmbStampSize", "12");
+    forms.gui.SelectText("cmbStampJustify", "Left");
+    forms.gui.SetBackColor("btnStampColor", {ColorRole::Explicit, 0x3030C0});
+    forms.gui.SetItems("cmbStampLayout", {"All Layouts", "Ground"});
+    forms.gui.Select("cmbStampLayout", 0);
+    forms.gui.SetText("txtStampX", "12.50");
+    forms.gui.SetText("txtStampY", "-3.00");
+    forms.gui.SetRows("lstAttach",
+                      {{"a.txt", {"/home/me/jobs/a.txt", "0.00", "12.50", "Ground"}},
+                       {"list of doors.ods", {"/home/me/jobs/list of doors.ods", "1.00", "2.00", "Upper"}}});
+    forms.gui.Select("lstAttach", 1);
+    forms.gui.SetRows("lstDigSig", {{"Architect", {"Signs the sheet", "1.00", "2.00", "30.00", "12.00", "Ground"}}});
+    forms.attach.SetItems("cmbAttachLayout", {"Ground"});
+    forms.attach.Select("cmbAttachLayout", 0);
+    forms.attach.SetText("txtAttachFile", "/home/me/jobs/a.txt");
+    forms.digSig.SetText("txtDigSigName", "Architect");
+    forms.customStamp.SetText("txtCustomStamp", "&[File], plotted by &[User]");
+    for (Form* picker : {static_cast<Form*>(&forms.plotStyle), static_cast<Form*>(&forms.jobOpts),
+                         static_cast<Form*>(&forms.pageSize)}) {
+        for (const FormControl& control : picker->Controls()) {
+            if (control.kind != ControlKind::ComboBox)
+                continue;
+            picker->SetItems(control.name, {"first", "second"});
+            picker->Select(control.name, 0);
+        }
+    }
+    forms.progress.SetProgress("prgStatus", 42);
+}
+
+std::string Plain(const QString& caption)
+{
+    return QString(caption).remove(QLatin1Char('&')).toStdString();
+}
+
+/// Pixels that the widget's own text takes, and those it has for it.
+std::pair<int, int> TextRoom(const QWidget& widget)
+{
+    if (const auto* const label = dynamic_cast<const QLabel*>(&widget)) {
+        if (label->wordWrap()) // height instead of width
+            return {label->heightForWidth(label->width()), label->height()};
+        return {label->sizeHint().width(), label->width()};
+    }
+    if (dynamic_cast<const QCheckBox*>(&widget) != nullptr || dynamic_cast<const QRadioButton*>(&widget) != nullptr)
+        return {widget.sizeHint().width(), widget.width()};
+    if (const auto* const button = dynamic_cast<const QAbstractButton*>(&widget))
+        return {widget.fontMetrics().horizontalAdvance(QString::fromStdString(Plain(button->text()))) + 6,
+                widget.width()};
+    if (const auto* const frame = dynamic_cast<const QGroupBox*>(&widget))
+        return {frame->minimumSizeHint().width(), frame->width()};
+    if (const auto* const bar = dynamic_cast<const QTabBar*>(&widget))
+        return {bar->sizeHint().width(), bar->parentWidget()->width()};
+    return {0, 0};
+}
+
+/// Neither cut off by its parent nor too small for what is written on it.
+void ExpectReadable(const QWidget& window, const FormControl& control)
+{
+    const auto* const widget = window.findChild<QWidget*>(QString::fromStdString(control.name));
+    if (widget == nullptr) {
+        EXPECT_EQ(control.kind, ControlKind::Timer) << control.name;
+        return;
+    }
+    if (!widget->isVisible())
+        return;
+    SCOPED_TRACE(window.objectName().toStdString() + "." + control.name);
+    const auto [needed, room] = TextRoom(*widget);
+    EXPECT_LE(needed, room) << "its text is cut off";
+    EXPECT_LE(widget->fontMetrics().height(), std::max(widget->height(), control.place.height == 0 ? 1000 : 0));
+    if (control.kind != ControlKind::TabPage) {
+        EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry())) << "it reaches beyond its parent";
+    }
+}
+
+class Screenshots : public TestHouse {
+protected:
+    Screenshots()
+    {
+        BeginCall();
+        TheScreen();
+    }
+    ~Screenshots() override { QApplication::setFont(m_font); }
+    void Double()
+    {
+        QFont font = m_font;
+        font.setPointSizeF(font.pointSizeF() * 2);
+        QApplication::setFont(font);
+    }
+    void Keep(const std::string& name)
+    {
+        const auto file =
+            QStringLiteral(SM_SCREENS "/") + QString::fromStdString(name + ".png").remove(QLatin1Char(' '));
+        EXPECT_TRUE(QtUser::Window()->grab().save(file));
+    }
+    static void ExpectAllReadable(const Form& form)
+    {
+        for (const FormControl& control : form.Controls()) {
+            if (control.kind != ControlKind::FormWindow)
+                ExpectReadable(*QtUser::Window(), control);
+        }
+    }
+    void Look(Form& form, const std::string& scale)
+    {
+        WhenShown([&] {
+            ExpectAllReadable(form);
+            if (auto* const tabs = QtUser::Window()->findChild<QTabWidget*>())
+                LookAtTabs(form, *tabs, scale);
+            else
+                Keep(form.Name() + "-" + scale);
+            form.Hide();
+        });
+        EXPECT_TRUE(form.ShowModal());
+    }
+    void LookAtTabs(Form& form, QTabWidget& tabs, const std::string& scale)
+    {
+        for (int i = 0; i < tabs.count(); ++i) {
+            tabs.setCurrentIndex(i);
+            QtUser::Rest();
+            ExpectAllReadable(form);
+            Keep(form.Name() + "-" + Plain(tabs.tabText(i)) + "-" + scale);
+        }
+    }
+    void LookAtAll(const std::string& scale)
+    {
+        FormSession session{context, TheScreen().Toolkit(), {}};
+        NineForms forms(session);
+        Fill(forms);
+        forms.gui.OnceShown = nullptr;
+        for (Form* form : forms.All()) {
+            if (form != &forms.progress)
+                Look(*form, scale);
+        }
+        forms.progress.Scan = [&] {
+            forms.progress.Advance(42);
+            Keep("frmProgress-" + scale);
+        };
+        EXPECT_TRUE(forms.progress.ShowModal());
+    }
+
+private:
+    QFont m_font = (TheScreen(), QApplication::font());
+};
+
+TEST_F(Screenshots, NothingIsCutOffAtTheNormalFont)
+{
+    LookAtAll("1x");
+    (void)Log();
+}
+
+TEST_F(Screenshots, NothingIsCutOffAtADoubledFont)
+{
+    Double();
+    LookAtAll("2x");
+    (void)Log();
+}
+
+} // namespace
+} // namespace sm::qt
