@@ -92,6 +92,9 @@ public:
     virtual void EndEntity() {}
     virtual void PushClip(const Path& path, FillRule rule) = 0;
     virtual void PopClip() = 0;
+    /// The line that the next Stroke shows pieces of, where its line type or its far ends are cut off; nothing is
+    /// drawn.
+    virtual void Course(const Path& /*path*/) {}
     virtual void Stroke(const Path& path, const StrokeStyle& style) = 0;
     virtual void Fill(const Path& path, std::uint32_t color, FillRule rule) = 0;
     virtual void Text(const TextRun& run) = 0;

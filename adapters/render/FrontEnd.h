@@ -6,6 +6,7 @@
 #include "render/PlotStyleTable.h"
 #include "render/TextLayout.h"
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -66,6 +67,7 @@ struct Scene {
     bool everyLayer = false;                    ///< also what layers hide: the marks tell what shows it
     References* references = nullptr;           ///< kept over several scenes; null: made for this one
     double resolution = 600;                    ///< dots per inch of the sheet: finer pictures are made coarser
+    const std::atomic<bool>* stop = nullptr;    ///< once true, no further entity is begun
 };
 
 void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderReport& report);

@@ -91,6 +91,7 @@ void Ink::Stroke(const Path& path, const Pen& pen, std::span<const std::uint32_t
     }
     if (!m_cut.Empty()) {
         Announce();
+        m_canvas.Course(path);
         m_canvas.Stroke(m_cut, style);
     }
 }

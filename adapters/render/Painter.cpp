@@ -106,6 +106,9 @@ Outcome Painter::PaintAll(std::uint32_t block, const Frame& frame)
 {
     Outcome best = Outcome::NotReached;
     for (const drawing::EntityRecord& record : m_drawing.EntitiesOf(block)) {
+        if (m_options.stop != nullptr && m_options.stop->load(std::memory_order_relaxed)) {
+            break;
+        }
         best = std::max(best, PaintEntity(record, frame));
     }
     return best;

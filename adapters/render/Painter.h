@@ -35,13 +35,14 @@ struct PaintOptions {
     bool paperSpace = false;
     bool viewportsFirst = true;
     bool viewportBorders = false;
-    bool scaleLinetypesWithPaper = true; ///< PSLTSCALE
-    double paperDashScale = 1;           ///< of the sheet, for viewports under PSLTSCALE
-    const PlotPens* pens = nullptr;      ///< null: plot styles change nothing
-    bool everyLayer = false;             ///< draw what layers hide as well
-    References* references = nullptr;    ///< null: made when they are needed
-    double dotsPerMillimetre = 24;       ///< finer pictures are made coarser
-    bool boxesOnly = false;              ///< text and viewports as their outlines, continuous lines: for bounds
+    bool scaleLinetypesWithPaper = true;     ///< PSLTSCALE
+    double paperDashScale = 1;               ///< of the sheet, for viewports under PSLTSCALE
+    const PlotPens* pens = nullptr;          ///< null: plot styles change nothing
+    bool everyLayer = false;                 ///< draw what layers hide as well
+    References* references = nullptr;        ///< null: made when they are needed
+    double dotsPerMillimetre = 24;           ///< finer pictures are made coarser
+    const std::atomic<bool>* stop = nullptr; ///< once true, no further entity is begun
+    bool boxesOnly = false;                  ///< text and viewports as their outlines, continuous lines: for bounds
 };
 
 struct ImagePlace;

@@ -55,6 +55,7 @@ void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderRe
     options.viewportsFirst = scene.viewportsFirst;
     options.viewportBorders = scene.viewportBorders;
     options.references = scene.references;
+    options.stop = scene.stop;
     options.dotsPerMillimetre = scene.resolution / 25.4;
     options.scaleLinetypesWithPaper = LinetypesScaleWithPaper(scene);
     Frame frame;

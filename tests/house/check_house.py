@@ -24,6 +24,7 @@ ROOMS = {
     "adapters/publisher": {"publisher", "dialect", "process", "ports"},
     "adapters/store": {"store", "ports"},
     "adapters/system": {"system", "ports"},
+    "adapters/qt": {"qt", "cadhost", "render", "drawing", "ports"},
     "adapters/terminal": {"terminal", "ports"},
     "adapters/qt": {"qt", "cadhost", "render", "drawing", "ports"},
 }
