@@ -128,6 +128,11 @@ void DrawingView::Zoom(double factor)
     SetMap(map);
 }
 
+void DrawingView::showEvent(QShowEvent*)
+{
+    Ask();
+}
+
 void DrawingView::resizeEvent(QResizeEvent*)
 {
     m_isFresh ? ShowAll() : SetMap(m_map);
