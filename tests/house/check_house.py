@@ -26,7 +26,6 @@ ROOMS = {
     "adapters/system": {"system", "ports"},
     "adapters/qt": {"qt", "cadhost", "render", "drawing", "ports"},
     "adapters/terminal": {"terminal", "ports"},
-    "adapters/qt": {"qt", "cadhost", "render", "drawing", "ports"},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
 STANDARD = set("""algorithm array atomic bit bitset cassert cctype cerrno cfenv cfloat charconv chrono cinttypes climits

@@ -1,5 +1,7 @@
 #include "WindowFixture.h"
 
+#include "QtStand.h"
+
 #include "qt/DrawingView.h"
 
 #include <QApplication>
@@ -29,13 +31,7 @@ void SendMouse(QEvent::Type type, QPointF pixel, Qt::MouseButton button, Qt::Mou
 
 DrawingWindowTest::DrawingWindowTest()
 {
-    if (QCoreApplication::instance() == nullptr) {
-        static int count = 1;
-        static char name[] = "test_qt";
-        static char* arguments[] = {name, nullptr};
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        m_application = std::make_unique<QApplication>(count, arguments);
-    }
+    TheScreen();
     picker = CreateDrawingWindow({});
 }
 
@@ -168,8 +164,8 @@ void DrawingWindowTest::Type(const QString& text)
 void DrawingWindowTest::Shoot(const std::string& name)
 {
     Settle();
-    QDir().mkpath("screens");
-    Window().grab().save(QString::fromStdString("screens/" + name + ".png"));
+    QDir().mkpath(SM_SCREENS);
+    Window().grab().save(QString::fromStdString(SM_SCREENS "/" + name + ".png"));
 }
 
 } // namespace sm::qt

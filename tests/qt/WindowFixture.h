@@ -13,8 +13,6 @@
 #include <string>
 #include <vector>
 
-class QApplication;
-
 namespace sm::qt {
 
 using Point = std::optional<drawing::Vec2>;
@@ -53,9 +51,6 @@ protected:
 
     std::unique_ptr<cadhost::IPointPicker> picker;
     std::unique_ptr<drawing::Drawing> drawing;
-
-private:
-    std::unique_ptr<QApplication> m_application;
 };
 
 } // namespace sm::qt

@@ -1,0 +1,52 @@
+// What drawings look like in the window: each is kept as a picture, and must show something.
+#include "WindowFixture.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace sm::qt {
+namespace {
+
+struct ScreenCase {
+    const char* name;
+    const char* drawing; ///< of the samples, or of the shared drawings
+    bool shared;
+    std::size_t layout;
+};
+
+class DrawingScreens : public DrawingWindowTest, public ::testing::WithParamInterface<ScreenCase> {};
+
+TEST_P(DrawingScreens, AreTaken)
+{
+    const ScreenCase& row = GetParam();
+    const char* const shared = std::getenv("SM_SHARED_DRAWINGS");
+    if (row.shared && shared == nullptr)
+        GTEST_SKIP() << "the shared drawings aren't there";
+    const std::string folder = row.shared ? shared : std::string(SM_SOURCE_DIR) + "/samples";
+    Open(folder + "/" + row.drawing);
+    PickPoint(row.layout, [&] {
+        const QImage plain = View().grab().toImage();
+        int inked = 0;
+        for (int y = 0; y < plain.height(); ++y) {
+            for (int x = 0; x < plain.width(); ++x)
+                inked += qGray(plain.pixel(x, y)) < 128 ? 1 : 0;
+        }
+        EXPECT_GT(inked, 500);
+        Shoot(std::string("drawing-") + row.name);
+        Key(Qt::Key_Escape);
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(OfDrawings, DrawingScreens,
+                         ::testing::Values(ScreenCase{"house_model", "house.dxf", false, 0},
+                                           ScreenCase{"house_ground", "house.dxf", false, 1},
+                                           ScreenCase{"site", "site.dxf", false, 1},
+                                           ScreenCase{"flange", "flange.dxf", false, 1},
+                                           ScreenCase{"hatches", "entities/hatches_1.dxf", true, 0},
+                                           ScreenCase{"images", "entities/images.dxf", true, 0},
+                                           ScreenCase{"linetypes", "entities/linetypes.dxf", true, 0},
+                                           ScreenCase{"text", "text/text_alignments.dxf", true, 0}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace
+} // namespace sm::qt
