@@ -84,13 +84,15 @@ private:
 
 std::optional<std::int32_t> TerminalWindows::PickPageSize(const std::vector<std::string>& names)
 {
+    const std::string remedy = "--page-setup global takes that of the global page setup.";
     const std::optional<Paper> wanted = m_options.wantedPaper ? m_options.wantedPaper() : std::nullopt;
     if (!wanted)
-        return Refuse("The sheet's paper isn't among the sizes of the PDF plotter, and its size isn't known.");
+        return Refuse("The sheet's paper isn't among the sizes of the PDF plotter, and its size isn't known; " +
+                      remedy);
     const std::string size = fmt::format("{:.0f} x {:.0f} mm", wanted->width, wanted->height);
     const std::optional<std::int32_t> chosen = NearestLarger(names, *wanted);
     if (!chosen)
-        return Refuse("The sheet's paper of " + size + " is larger than every size of the PDF plotter.");
+        return Refuse("The sheet's paper of " + size + " is larger than every size of the PDF plotter; " + remedy);
     m_console.Line("warning: there is no paper of " + size + "; plotting on " +
                    names[static_cast<std::size_t>(*chosen)]);
     return chosen;

@@ -96,9 +96,11 @@ TEST_F(Windows, CancelPaperThatNothingHolds)
 {
     EXPECT_EQ(Make(Paper{2000, 3000})->PickPageSize(kPapers), std::nullopt);
     EXPECT_EQ(Make()->PickPageSize(kPapers), std::nullopt);
-    EXPECT_EQ(m_refused, (std::vector<std::string>{
-                             "The sheet's paper of 2000 x 3000 mm is larger than every size of the PDF plotter.",
-                             "The sheet's paper isn't among the sizes of the PDF plotter, and its size isn't known."}));
+    EXPECT_EQ(m_refused,
+              (std::vector<std::string>{"The sheet's paper of 2000 x 3000 mm is larger than every size of the PDF "
+                                        "plotter; --page-setup global takes that of the global page setup.",
+                                        "The sheet's paper isn't among the sizes of the PDF plotter, and its size "
+                                        "isn't known; --page-setup global takes that of the global page setup."}));
 }
 
 TEST_F(Windows, NameTheCommandsThatStandForTheDialogs)
