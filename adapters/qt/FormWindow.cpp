@@ -1,5 +1,6 @@
 #include "qt/FormWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QScreen>
@@ -15,6 +16,15 @@ namespace {
 
 constexpr int kForDecoration = 48; ///< pixels that title bar and borders may take from the screen
 constexpr int kLongestWait = 500;  ///< ms, after which a window counts as painted that nobody can see
+
+/// A letter with Alt that no caption has underlined; a text box would take it for typing.
+bool IsMnemonicOfNothing(const QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    const auto* const pressed = static_cast<const QKeyEvent*>(event);
+    return pressed->modifiers() == Qt::AltModifier && !pressed->text().isEmpty();
+}
 
 } // namespace
 
@@ -75,6 +85,8 @@ void FormWindow::Appear(QWidget* owner)
     show();
     raise();
     activateWindow();
+    if (QGuiApplication::focusWindow() == window && !isActiveWindow())
+        QApplication::setActiveWindow(this); // a window system that never took the keyboard away gives no notice
     m_longestWait.start(kLongestWait);
 }
 
@@ -98,7 +110,7 @@ bool FormWindow::eventFilter(QObject* object, QEvent* event)
                 this, [this] { NoteAppearance(); }, Qt::QueuedConnection);
         return false;
     }
-    return object->isWidgetType() && TakeKey(static_cast<QWidget*>(object), event);
+    return object->isWidgetType() && (IsMnemonicOfNothing(event) || TakeKey(static_cast<QWidget*>(object), event));
 }
 
 bool FormWindow::TakeKey(QWidget* widget, QEvent* event)

@@ -28,7 +28,8 @@ inline Screen& TheScreen()
         const std::string monitor = SM_SCREENS "/monitor.json";
         std::ofstream(monitor) << R"({"screens": [{"name": "monitor", "x": 0, "y": 0, "width": 2560, "height": 1600,
             "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
-        setenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + monitor).c_str(), 1);
+        if (std::getenv("SM_SEEN") == nullptr) // to watch the tests on a real screen
+            setenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + monitor).c_str(), 1);
         std::string why;
         auto made = Screen::Open({"/usr/share/some help",
                                   [](const std::string& path) {

@@ -73,6 +73,7 @@ inline void WhenShown(std::function<void()> script)
             ADD_FAILURE() << "no window came up";
             return;
         }
+        QtUser::Rest();
         script();
     });
 }
