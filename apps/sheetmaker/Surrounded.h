@@ -1,9 +1,9 @@
 // Everything the plug-in finds around it in one run of the command line.
 #pragma once
 
+#include "annotations/AnnotationPass.h"
 #include "plugin/CallContext.h"
 #include "publisher/Publisher.h"
-#include "sheetmaker/AnnotationPass.h"
 #include "sheetmaker/DrawingRun.h"
 #include "sheetmaker/ScreenParts.h"
 #include "sheetmaker/SheetWatcher.h"

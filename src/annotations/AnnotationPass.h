@@ -7,12 +7,12 @@
 #include <functional>
 #include <string>
 
-namespace sm::app {
+namespace sm {
 
 class AnnotationPass final : public IAnnotations {
 public:
-    /// `context` gives the call's context once a conversion runs; `say` hears of a sheet whose annotations are not all
-    /// on the page.
+    /// `context` gives the call's context once a conversion runs; `say`, which may be empty, hears of a sheet whose
+    /// annotations are not all on the page.
     AnnotationPass(std::function<CallContext&()> context, std::function<void(const std::string&)> say)
         : m_context(std::move(context)), m_say(std::move(say))
     {
@@ -21,7 +21,7 @@ public:
     bool AddPdfMarks(IPubDoc& pubDoc, IAcadDocument& document, const TransferFlags& transfer, bool quiet) override
     {
         const bool added = sm::AddPdfMarks(m_context(), m_names, pubDoc, document, transfer, quiet);
-        if (!added)
+        if (!added && m_say)
             m_say("some annotations of a sheet could not be added; \"sheetmaker log\" says which");
         return added;
     }
@@ -35,4 +35,4 @@ private:
     BlockNames m_names; ///< runs on over the sheets of the drawing
 };
 
-} // namespace sm::app
+} // namespace sm
