@@ -52,6 +52,8 @@ void DrawHairline(const Raster& raster, Vec2 a, Vec2 b, std::uint32_t color, int
     b = a + along * t1;
     a = a + along * t0;
     Straighten(a, b);
+    if (a == b)
+        return DrawDot(raster, a, color, opacity);
     const bool steep = std::abs(b.y - a.y) > std::abs(b.x - a.x);
     if (steep) {
         std::swap(a.x, a.y);
