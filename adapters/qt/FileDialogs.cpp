@@ -17,6 +17,12 @@ bool IsSeparator(char character)
     return character == '/' || character == '\\';
 }
 
+/// Several stand side by side with ";" between them.
+QStringList Extensions(const FileDialog& dialog)
+{
+    return ToQt(dialog.filterExtension).split(';', Qt::SkipEmptyParts);
+}
+
 } // namespace
 
 DialogStart StartOf(const std::string& defaultName)
@@ -35,8 +41,10 @@ std::string FilterOf(const FileDialog& dialog)
 {
     if (dialog.filterExtension.empty() || dialog.filterExtension == "*")
         return dialog.filterName.substr(0, dialog.filterName.find(" (")) + " (*)";
-    const QString extension = ToQt(dialog.filterExtension);
-    return dialog.filterName + " (*." + FromQt(extension) + " *." + FromQt(extension.toUpper()) + ")";
+    QStringList patterns;
+    for (const QString& extension : Extensions(dialog))
+        patterns << "*." + extension << "*." + extension.toUpper();
+    return dialog.filterName + " (" + FromQt(patterns.join(' ')) + ")";
 }
 
 std::optional<std::string> AskFile(const FileDialog& dialog, bool toSave, QWidget* owner)
@@ -48,7 +56,7 @@ std::optional<std::string> AskFile(const FileDialog& dialog, bool toSave, QWidge
     window.setFileMode(toSave ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     window.setOption(QFileDialog::DontConfirmOverwrite, !dialog.warnOnOverwrite);
     if (toSave && dialog.filterExtension != "*")
-        window.setDefaultSuffix(ToQt(dialog.filterExtension));
+        window.setDefaultSuffix(Extensions(dialog).value(0));
     if (!start.name.empty())
         window.selectFile(ToQt(start.name));
     if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())

@@ -22,8 +22,8 @@ DialogStart StartOf(const std::string& defaultName);
 /// "PDF files (*.pdf *.PDF)"; "*" stands for every file, with a dot in its name or without.
 std::string FilterOf(const FileDialog& dialog);
 
-/// The path chosen, absolute, with the filter's extension where a name to save had none; nothing when cancelled. Modal
-/// over `owner`.
+/// The path chosen, absolute, with the filter's first extension where a name to save had none; nothing when cancelled.
+/// Modal over `owner`.
 std::optional<std::string> AskFile(const FileDialog& dialog, bool toSave, QWidget* owner);
 
 } // namespace sm::qt

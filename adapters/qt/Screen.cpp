@@ -63,7 +63,8 @@ std::unique_ptr<Screen> Screen::Open(const ScreenOptions& options, std::string& 
         why = "The screen is in use already.";
         return nullptr;
     }
-    if (!ScreenIsThere(why))
+    HeldDisplay held;
+    if (!ScreenIsThere(why, held))
         return nullptr;
     return std::make_unique<QtScreen>(options);
 }

@@ -30,7 +30,7 @@ std::string PlatformAskedFor()
 }
 
 /// Connects with the library of the X client side, which the platform plug-in itself stands on.
-Finding TryXDisplay(const std::string& display)
+Finding TryXDisplay(const std::string& display, HeldDisplay& held)
 {
     void* const library = dlopen("libxcb.so.1", RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr)
@@ -41,14 +41,10 @@ Finding TryXDisplay(const std::string& display)
     const auto connect = reinterpret_cast<Connect>(dlsym(library, "xcb_connect"));
     const auto hasError = reinterpret_cast<HasError>(dlsym(library, "xcb_connection_has_error"));
     const auto disconnect = reinterpret_cast<Disconnect>(dlsym(library, "xcb_disconnect"));
-    Finding finding = Finding::Unknown;
-    if (connect != nullptr && hasError != nullptr && disconnect != nullptr) {
-        void* const connection = connect(display.c_str(), nullptr);
-        finding = connection != nullptr && hasError(connection) == 0 ? Finding::There : Finding::Missing;
-        disconnect(connection);
-    }
-    dlclose(library);
-    return finding;
+    if (connect == nullptr || hasError == nullptr || disconnect == nullptr)
+        return Finding::Unknown;
+    held.reset(connect(display.c_str(), nullptr), disconnect); // the library stays: Qt is about to need it
+    return held != nullptr && hasError(held.get()) == 0 ? Finding::There : Finding::Missing;
 }
 
 /// The plug-in lies where Qt looks for it, and nothing sends Qt elsewhere.
@@ -91,7 +87,7 @@ bool StartsInAChild()
 
 } // namespace
 
-bool ScreenIsThere(std::string& why)
+bool ScreenIsThere(std::string& why, HeldDisplay& held)
 {
     const std::string platform = PlatformAskedFor(), display = Environment("DISPLAY");
     const bool mayBeWayland = !Environment("WAYLAND_DISPLAY").empty() || Environment("XDG_SESSION_TYPE") == "wayland";
@@ -103,7 +99,7 @@ bool ScreenIsThere(std::string& why)
         return true;
     const bool isX = platform == "xcb" || (platform.empty() && !mayBeWayland);
     if (isX && HasPlatformPlugin("xcb")) {
-        const Finding finding = TryXDisplay(display);
+        const Finding finding = TryXDisplay(display, held);
         if (finding == Finding::There)
             return true;
         if (finding == Finding::Missing) {

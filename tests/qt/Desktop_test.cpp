@@ -176,6 +176,8 @@ TEST(FileDialogs, ShowTheFilesOfTheFilter)
     dialog.filterName = "PDF files";
     dialog.filterExtension = "pdf";
     EXPECT_EQ(FilterOf(dialog), "PDF files (*.pdf *.PDF)");
+    dialog.filterExtension = "dxf;dwg";
+    EXPECT_EQ(FilterOf(dialog), "PDF files (*.dxf *.DXF *.dwg *.DWG)");
     dialog.filterName = "All Files (*.*)";
     dialog.filterExtension = "*";
     EXPECT_EQ(FilterOf(dialog), "All Files (*)");

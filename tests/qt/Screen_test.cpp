@@ -77,7 +77,8 @@ const Row kRows[] = {
     for (const Row& row : kRows) {
         const Environment environment(row.environment);
         std::string why;
-        const bool isThere = ScreenIsThere(why);
+        HeldDisplay held;
+        const bool isThere = ScreenIsThere(why, held);
         if (why == row.why && isThere == why.empty())
             continue;
         std::cerr << row.name << ": " << isThere << " " << why << "\n";
