@@ -26,6 +26,7 @@ ROOMS = {
     "adapters/system": {"system", "ports"},
     "adapters/qt": {"qt", "cadhost", "render", "drawing", "ports"},
     "adapters/terminal": {"terminal", "ports"},
+    "adapters/windows": {"windows", *PLUGIN},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
 STANDARD = set("""algorithm array atomic bit bitset cassert cctype cerrno cfenv cfloat charconv chrono cinttypes climits
@@ -103,8 +104,12 @@ def qt_folders():
 
 
 def compile_alone(source, name):
-    command = ["g++", "-std=c++20", "-fsyntax-only", "-Isrc", "-Iadapters", "-Iapps", "-Itests", "-I/usr/include/freetype2",
-               "-I/usr/include/harfbuzz", *qt_folders(), "-x", "c++", "-include", name, "/dev/null"]
+    folders = ["-Isrc", "-Iadapters", "-Iapps", "-Itests"]
+    if name.startswith("adapters/windows/"):
+        command = ["x86_64-w64-mingw32-g++-posix", "-DUNICODE", "-DNOMINMAX", *folders]
+    else:
+        command = ["g++", *folders, "-I/usr/include/freetype2", "-I/usr/include/harfbuzz", *qt_folders()]
+    command += ["-std=c++20", "-fsyntax-only", "-x", "c++", "-include", name, "/dev/null"]
     run = subprocess.run(command, cwd=source, capture_output=True, text=True)
     return None if run.returncode == 0 else f"{name}: doesn't compile alone: {run.stderr.strip().splitlines()[0]}"
 
