@@ -83,16 +83,21 @@ std::string RealPath(const std::string& path)
     return error ? path : real.string();
 }
 
+/// The former backup goes only once the new one is complete.
 void KeepBackup(const std::string& path)
 {
-    const std::string backup = path + ".bak";
+    const std::string backup = path + ".bak", fresh = backup + "~";
     std::error_code error;
-    std::filesystem::remove(backup, error);
-    if (link(path.c_str(), backup.c_str()) == 0)
-        return;
-    // File systems without hard links.
-    if (!std::filesystem::copy_file(path, backup, std::filesystem::copy_options::overwrite_existing, error))
-        ThrowWriteError(path, error ? error.value() : EIO);
+    std::filesystem::remove(fresh, error);
+    bool kept = link(path.c_str(), fresh.c_str()) == 0;
+    if (!kept) // file systems without hard links
+        kept = std::filesystem::copy_file(path, fresh, error);
+    int cause = kept ? 0 : error ? error.value() : EIO;
+    if (kept && rename(fresh.c_str(), backup.c_str()) != 0)
+        cause = errno;
+    std::filesystem::remove(fresh, error); // a link to the same file stays where it was
+    if (cause != 0)
+        ThrowWriteError(path, cause);
 }
 
 void SyncFolder(const std::string& path)

@@ -8,7 +8,6 @@
 
 #include <ostream>
 #include <stdexcept>
-#include <unistd.h>
 
 namespace sm::app {
 namespace {
@@ -50,7 +49,7 @@ int RunPageSetup(const PageSetupJob& job, const Install& install, const ScreenPa
                  std::ostream& err)
 {
     return RunOnScreen("page-setup", screen, err, [&] {
-        terminal::Console console(err, isatty(STDERR_FILENO) == 1);
+        terminal::Console console(err, screen.hasTerminal);
         ScreenRun run(job.drawing.value_or(""), install, screen, console);
         return ShowPageSetup(run, out);
     });

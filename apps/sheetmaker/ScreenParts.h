@@ -12,6 +12,7 @@ struct ScreenParts {
     IDesktop& desktop;
     IFormToolkit& toolkit;
     cadhost::IPointPicker& picker;
+    bool hasTerminal = false; ///< somebody reads the error stream
 };
 
 } // namespace sm::app

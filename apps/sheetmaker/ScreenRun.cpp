@@ -10,7 +10,6 @@
 #include <new>
 #include <ostream>
 #include <stdexcept>
-#include <unistd.h>
 
 namespace sm::app {
 namespace {
@@ -98,7 +97,7 @@ bool ScreenRun::Save()
 
 void ShowWithoutTerminal(const ScreenParts& screen, const std::string& text)
 {
-    if (isatty(STDERR_FILENO) != 1)
+    if (!screen.hasTerminal)
         screen.desktop.ShowMessage({text, kProductTitle, MessageButtons::Ok, MessageIcon::Critical, {}, 0});
 }
 

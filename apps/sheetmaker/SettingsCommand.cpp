@@ -9,7 +9,6 @@
 
 #include <fmt/format.h>
 #include <ostream>
-#include <unistd.h>
 
 namespace sm::app {
 namespace {
@@ -29,7 +28,7 @@ class SettingsRun {
 public:
     SettingsRun(const std::string& drawing, const SettingsJob& job, const Install& install, const ScreenParts& screen,
                 std::ostream& out, std::ostream& err)
-        : m_drawing(drawing), m_screen(screen), m_out(out), m_err(err), m_console(err, isatty(STDERR_FILENO) == 1),
+        : m_drawing(drawing), m_screen(screen), m_out(out), m_err(err), m_console(err, screen.hasTerminal),
           m_run(drawing, install, screen, m_console)
     {
         if (job.layout)

@@ -117,12 +117,12 @@ TEST(RunReport, MendsTextThatIsNotUtf8)
 TEST(RunReport, BecomesLines)
 {
     EXPECT_EQ(ResultLine(Full()), "plan.dxf -> /out/plan.pdf, 3 pages");
-    EXPECT_EQ(RemarkLines(Full()),
-              (std::vector<std::string>{"lost: a bad handle was skipped (line 120, 3 times)",
-                                        "mended: line ends were mixed", "not drawn: 2 IMAGE, 1 3DSOLID",
-                                        "fonts: romans.shx by a stroke font",
-                                        "note: diamond ends of a plot style table drawn round (2 times), which is told",
-                                        "annotations are not added by this version"}));
+    EXPECT_EQ(
+        RemarkLines(Full()),
+        (std::vector<std::string>{"lost: a bad handle was skipped (line 120, 3 times)", "mended: line ends were mixed",
+                                  "not drawn: 2 IMAGE, 1 3DSOLID", "fonts: romans.shx by a stroke font",
+                                  "note: diamond ends of a plot style table drawn round (2 times), which is told",
+                                  "annotations are not added by this version"}));
     DrawingReport failed;
     failed.drawing = "plan.dxf";
     failed.failure = "sheet \"A\": it was cancelled or could not be plotted";

@@ -12,6 +12,7 @@
 
 #include <csignal>
 #include <iostream>
+#include <unistd.h>
 
 namespace sm::app {
 namespace {
@@ -35,7 +36,7 @@ int ShowOnScreen(const Job& job, const Install& install)
         return kExitToolMissing;
     }
     const auto picker = qt::CreateDrawingWindow({ReferenceOptionsOf(install)});
-    const ScreenParts parts{screen->Desktop(), screen->Toolkit(), *picker};
+    const ScreenParts parts{screen->Desktop(), screen->Toolkit(), *picker, isatty(STDERR_FILENO) == 1};
     if (const auto* const settings = std::get_if<SettingsJob>(&job))
         return RunSettings(*settings, install, parts, std::cout, std::cerr);
     return RunPageSetup(std::get<PageSetupJob>(job), install, parts, std::cout, std::cerr);
