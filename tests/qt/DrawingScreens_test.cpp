@@ -1,6 +1,9 @@
 // What drawings look like in the window: each is kept as a picture, and must show something.
 #include "WindowFixture.h"
 
+#include <QApplication>
+#include <QLabel>
+#include <QToolButton>
 #include <cstdlib>
 #include <filesystem>
 
@@ -35,6 +38,27 @@ TEST_P(DrawingScreens, AreTaken)
         Shoot(std::string("drawing-") + row.name);
         Key(Qt::Key_Escape);
     });
+}
+
+/// Every part is as tall as its text and wide enough for it.
+TEST_F(DrawingWindowTest, ALargerFontFits)
+{
+    const QFont before = QApplication::font();
+    QFont larger = before;
+    larger.setPointSizeF(2 * before.pointSizeF());
+    QApplication::setFont(larger);
+    Open(std::string(SM_SOURCE_DIR) + "/samples/house.dxf");
+    PickPoint(1, [&] {
+        Move({400, 300}, Qt::ShiftModifier);
+        for (const QLabel* const label : Window().findChildren<QLabel*>())
+            EXPECT_GE(label->width(), label->sizeHint().width()) << label->text().toStdString();
+        for (const QToolButton* const button : Window().findChildren<QToolButton*>())
+            EXPECT_GE(button->width(), button->fontMetrics().horizontalAdvance(button->text()))
+                << button->text().toStdString();
+        Shoot("drawing-house_ground-large_font");
+        Key(Qt::Key_Escape);
+    });
+    QApplication::setFont(before);
 }
 
 INSTANTIATE_TEST_SUITE_P(OfDrawings, DrawingScreens,

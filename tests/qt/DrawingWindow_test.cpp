@@ -55,22 +55,24 @@ struct SnapCase {
     const char* name;
     Vec2 near, snapped;
     const char* hint;
+    const char* file;
 };
 
 TEST_F(DrawingWindowPicks, SnapsDrawTheCursor)
 {
     const SnapCase cases[] = {
-        {"an end", {1, 49}, {0, 50}, "End point"},
-        {"a crossing of the middles", {50.5, 25.5}, {50, 25}, "Middle point"},
-        {"a centre", {149, 25.5}, {150, 25}, "Centre point"},
-        {"a circle", {170.3, 25}, {150, 25}, "Centre point"},
-        {"nothing", {70, 10}, {70, 10}, "Object snaps on (F3)"},
+        {"an end", {1, 49}, {0, 50}, "End point", "end"},
+        {"a crossing of the middles", {50.5, 25.5}, {50, 25}, "Middle point", "middle"},
+        {"a centre", {149, 25.5}, {150, 25}, "Centre point", "centre"},
+        {"a circle", {170.3, 25}, {150, 25}, "Centre point", "rim"},
+        {"nothing", {70, 10}, {70, 10}, "Object snaps on (F3)", "none"},
     };
     for (const SnapCase& row : cases) {
         const Point point = PickPoint(0, [&] {
             const QPointF pixel = PixelOf(row.near);
             Move(pixel);
             EXPECT_EQ(TextOf("hint"), row.hint) << row.name;
+            Shoot(std::string("snap-") + row.file);
             Press(pixel);
         });
         ExpectNear(point, row.snapped, 0.01);
