@@ -15,6 +15,7 @@ constexpr double kSheetWidth = 0.8; ///< of its height
 
 const QColor kBlue(0x1F, 0x5A, 0x96);
 const QColor kRed(0xC0, 0x39, 0x2B);
+const QColor kAmber(0xFF, 0xC8, 0x2E);
 const QColor kPaper(0xFD, 0xFD, 0xFA);
 const QColor kFold(0xD5, 0xDD, 0xE6);
 
@@ -94,6 +95,36 @@ void PaintLogo(QPainter& painter, const QRectF& place, const QWidget& owner)
     painter.drawText(words.adjusted(0, height * 0.58, 0, -height * 0.08), Qt::AlignLeft | Qt::AlignVCenter, product);
 }
 
+/// A yellow triangle with an exclamation mark.
+void PaintOwnWarning(QPainter& painter, const QRectF& square)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(square.topLeft());
+    painter.scale(square.width(), square.height());
+    QPainterPath triangle(QPointF(0.5, 0.10));
+    triangle.lineTo(0.93, 0.88);
+    triangle.lineTo(0.07, 0.88);
+    triangle.closeSubpath();
+    painter.setPen(QPen(kAmber.darker(160), 0.06, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(kAmber);
+    painter.drawPath(triangle);
+    painter.setPen(QPen(Qt::black, 0.085, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(0.5, 0.38), QPointF(0.5, 0.60));
+    painter.drawPoint(QPointF(0.5, 0.76));
+    painter.restore();
+}
+
+/// The desktop's own sign, unless that would come out smaller than the texts beside it.
+void PaintWarning(QPainter& painter, const QRect& square, const QWidget& owner)
+{
+    const QIcon icon = owner.style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, &owner);
+    if (icon.actualSize(square.size()).height() < square.height() * 4 / 5)
+        PaintOwnWarning(painter, square);
+    else
+        icon.paint(&painter, square);
+}
+
 } // namespace
 
 void PaintPicture(QPainter& painter, const std::string& picture, const QRect& place, const QWidget& owner)
@@ -103,8 +134,7 @@ void PaintPicture(QPainter& painter, const std::string& picture, const QRect& pl
     if (picture != "warning")
         return;
     const int side = std::min(place.width(), place.height());
-    const QIcon icon = owner.style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, &owner);
-    icon.paint(&painter, QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, {side, side}, place));
+    PaintWarning(painter, QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, {side, side}, place), owner);
 }
 
 QString PictureName(const std::string& picture)

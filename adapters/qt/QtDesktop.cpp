@@ -8,9 +8,13 @@
 #include <QCloseEvent>
 #include <QColorDialog>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QUrl>
+
+#include <algorithm>
 
 namespace sm::qt {
 namespace {
@@ -27,6 +31,7 @@ public:
     }
 
 private:
+    void WidenForLines();
     void closeEvent(QCloseEvent* event) override
     {
         event->ignore();
@@ -81,7 +86,19 @@ MessageWindow::MessageWindow(const Message& message, QWidget* owner) : QMessageB
         setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         break;
     }
+    WidenForLines();
     setDefaultButton(message.buttons == MessageButtons::YesNo ? QMessageBox::Yes : QMessageBox::Ok);
+}
+
+/// Lines that the message breaks itself aren't broken again, as far as the screen allows.
+void MessageWindow::WidenForLines()
+{
+    auto* const label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    if (label == nullptr || screen() == nullptr)
+        return;
+    ensurePolished();
+    const int widest = label->fontMetrics().size(0, text()).width() + 2 * label->margin() + 2;
+    label->setMinimumWidth(std::min(widest, screen()->availableGeometry().width() * 2 / 3));
 }
 
 MessageAnswer MessageWindow::Ask()

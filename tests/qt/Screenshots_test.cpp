@@ -10,6 +10,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QRadioButton>
+#include <QStyleFactory>
 #include <QTabWidget>
 #include <QTreeWidget>
 
@@ -195,6 +196,46 @@ TEST_F(Screenshots, NothingIsCutOffAtADoubledFont)
 {
     Double();
     LookAtAll("2x");
+    (void)Log();
+}
+
+/// The program's own messages, with the texts that they have in use.
+TEST_F(Screenshots, LongMessagesAreReadable)
+{
+    const std::pair<const char*, Message> rows[] = {
+        {"reminder",
+         {"To properly transfer block attributes to PDF file properties, the block names and attribute\r\ntag strings "
+          "must only contain letters and numbers. All punctuation characters will be \r\nconverted to the '-' "
+          "character "
+          "and trailing punctuation will be removed.\r\n\r\nWould you like to be reminded of this in the future?",
+          "Tarnwick Sheetmaker PDF", MessageButtons::YesNo, MessageIcon::Question, "", 410}},
+        {"unknown",
+         {"An unknown error occurred during Sheetmaker PDF execution. It is suggested that you send an email\r\nto "
+          "Tarnwick Technical Support at support@tarnwick.example and attach the Log File that was created. "
+          "\r\n\r\nWould you like to view the log file now?",
+          "Tarnwick Sheetmaker PDF", MessageButtons::OkCancel, MessageIcon::Critical, "", 170}}};
+    for (const auto& [name, message] : rows) {
+        WhenShown([&, file = std::string("message-") + name + "-1x"] {
+            const auto* const text = QtUser::Window()->findChild<QLabel*>("qt_msgbox_label");
+            EXPECT_LE(text->heightForWidth(text->width()), text->height());
+            EXPECT_GE(text->width(), text->fontMetrics().size(0, text->text()).width()) << "its own lines stay whole";
+            Keep(file);
+            QtUser::Key(Qt::Key_Return);
+        });
+        TheScreen().Desktop().ShowMessage(message);
+    }
+}
+
+/// Styles of other desktops differ in margins, borders and the place of captions.
+TEST_F(Screenshots, NothingIsCutOffInAnyStyle)
+{
+    const QString before = QApplication::style()->name();
+    for (const QString& style : QStyleFactory::keys()) {
+        SCOPED_TRACE(style.toStdString());
+        QApplication::setStyle(style);
+        LookAtAll(style.toLower().toStdString());
+    }
+    QApplication::setStyle(before);
     (void)Log();
 }
 
