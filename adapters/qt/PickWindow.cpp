@@ -1,5 +1,6 @@
 #include "qt/PickWindow.h"
 
+#include "qt/ClosesOnSignal.h"
 #include "qt/PointText.h"
 
 #include <QAction>
@@ -133,6 +134,7 @@ std::optional<Vec2> PickWindow::Pick(const QString& prompt, std::optional<Vec2> 
     m_view->setFocus();
     QMetaObject::invokeMethod(
         this, [this] { ShowReady(); }, Qt::QueuedConnection); // once the loop runs
+    const ClosesOnSignal closesOnSignal;
     m_loop.exec();
     m_view->SetPicking(false);
     m_view->SetBand(std::nullopt);

@@ -24,8 +24,8 @@ int LinesFor(Vec2 p0, Vec2 p1, Vec2 p2, Vec2 p3)
     const Vec2 a = p0 - p1 * 2 + p2;
     const Vec2 b = p1 - p2 * 2 + p3;
     const double bend = std::max(std::hypot(a.x, a.y), std::hypot(b.x, b.y));
-    constexpr int kMost = 100;
-    return std::isfinite(bend) ? std::clamp(static_cast<int>(std::ceil(std::sqrt(bend * 6))), 1, kMost) : 1;
+    constexpr double kMost = 100;
+    return std::isfinite(bend) ? static_cast<int>(std::clamp(std::ceil(std::sqrt(bend * 6)), 1.0, kMost)) : 1;
 }
 
 void AppendCubic(Vec2 p0, Vec2 p1, Vec2 p2, Vec2 p3, Path& out)

@@ -36,6 +36,11 @@ TEST_P(DrawingScreens, AreTaken)
         }
         EXPECT_GT(inked, 500);
         Shoot(std::string("drawing-") + row.name);
+        for (const int notches : {20, 40, -30, -60}) { // as near and as far as one may get
+            Wheel({500, 350}, notches);
+            Settle();
+            EXPECT_FALSE(View().grab().isNull());
+        }
         Key(Qt::Key_Escape);
     });
 }

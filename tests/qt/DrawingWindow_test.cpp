@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QLineEdit>
 #include <QTimer>
+#include <csignal>
 
 namespace sm::qt {
 namespace {
@@ -118,6 +119,12 @@ TEST_F(DrawingWindowPicks, EscapeAndClosingCancel)
                             Key(Qt::Key_Escape);
                         }),
               std::nullopt);
+}
+
+TEST_F(DrawingWindowPicks, ASignalToEndCancels)
+{
+    EXPECT_EQ(PickPoint(0, [] { raise(SIGINT); }), std::nullopt);
+    EXPECT_EQ(PickCorner(0, {1, 1}, [] { raise(SIGTERM); }), std::nullopt);
 }
 
 TEST_F(DrawingWindowPicks, EscapeWhileTheDrawingIsReadCancels)
