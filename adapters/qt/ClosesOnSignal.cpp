@@ -1,6 +1,7 @@
 #include "qt/ClosesOnSignal.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QSocketNotifier>
 #include <QWidget>
 
@@ -17,10 +18,11 @@ constexpr std::array<int, 3> kSignals = {SIGINT, SIGTERM, SIGHUP};
 
 int s_pipe[2] = {-1, -1};
 volatile std::sig_atomic_t s_waiting = 0; ///< the signal that no window has noticed yet
+volatile std::sig_atomic_t s_refused = 0; ///< the front window has noticed one, and stayed
 
 void OnSignal(int signal)
 {
-    if (s_waiting != 0) {
+    if (s_waiting != 0 || s_refused != 0) {
         std::signal(signal, SIG_DFL);
         raise(signal); // comes as soon as this handler returns
         return;
@@ -38,8 +40,11 @@ void CloseFrontWindow()
     s_waiting = 0;
     if (QWidget* const popup = QApplication::activePopupWidget())
         popup->close();
-    if (QWidget* const window = QApplication::activeModalWidget())
-        window->close();
+    const QPointer<QWidget> window = QApplication::activeModalWidget();
+    if (window == nullptr)
+        return;
+    window->close();
+    s_refused = window != nullptr && window->isVisible() ? 1 : 0;
 }
 
 /// The handlers in force, with what stood there before.
@@ -95,6 +100,7 @@ ClosesOnSignal::ClosesOnSignal()
 
 ClosesOnSignal::~ClosesOnSignal()
 {
+    s_refused = 0;
     if (--s_depth == 0)
         s_handlers.reset();
 }

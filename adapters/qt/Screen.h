@@ -19,8 +19,8 @@ struct ScreenOptions {
 };
 
 /// While a form, message box or dialog is up, SIGINT, SIGTERM and SIGHUP are taken as a press of the front window's
-/// close box; a second one that comes before the first was noticed ends the process. At other times they do what they
-/// did before.
+/// close box; a second one ends the process when the window has stayed, or hasn't noticed the first. At other times they
+/// do what they did before.
 class Screen {
 public:
     /// Null when there is no screen; `why` then says so in one sentence. Never ends the process. One at a time in a
