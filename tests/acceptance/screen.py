@@ -21,6 +21,7 @@ class Screen:
 
     def __init__(self, folder, dpi=96, size="1700x1300"):
         self.folder, self.dpi, self.size = folder, dpi, size
+        self.scale = dpi / 96  # the toolkit tells places in units of its own
         self.processes = []
 
     def __enter__(self):
@@ -75,15 +76,18 @@ class Screen:
         self.processes.append(process)
         return process
 
-    def picture(self, path):
-        """What the whole screen shows, as a PNG."""
+    def picture(self, path, box=None):
+        """What the whole screen shows, or a box of it (left, top, width, height), as a PNG."""
         from PIL import Image
         with open(self.frame, "rb") as file:
             data = file.read()
         head = struct.unpack(">25I", data[:100])
         size, width, height, stride, colors = head[0], head[4], head[5], head[12], head[19]
         start = size + 12 * colors
-        Image.frombuffer("RGB", (width, height), data[start:], "raw", "BGRX", stride, 1).save(path)
+        image = Image.frombuffer("RGB", (width, height), data[start:], "raw", "BGRX", stride, 1)
+        if box:
+            image = image.crop((box[0], box[1], box[0] + box[2], box[1] + box[3]))
+        image.save(path)
 
     def keys(self, *names):
         subprocess.run(["xdotool", "key", "--clearmodifiers", "--delay", "20", *names], env=self.variables, check=True)
@@ -164,7 +168,7 @@ class Node:
 
     def box(self):
         extents = self.accessible.get_extents(self.screen.atspi.CoordType.SCREEN)
-        return extents.x, extents.y, extents.width, extents.height
+        return tuple(side * self.screen.scale for side in (extents.x, extents.y, extents.width, extents.height))
 
     def every(self):
         for child in children(self.accessible):
@@ -190,7 +194,7 @@ class Node:
     def tick(self, wanted=True):
         if self.has("CHECKED") != wanted:
             box = self.box()
-            self.screen.press(box[0] + 8, box[1] + box[3] / 2)
+            self.screen.press(box[0] + 8 * self.screen.scale, box[1] + box[3] / 2)
             wait(lambda: (self.accessible.clear_cache() or self.has("CHECKED") == wanted), f"{self} to change")
 
     def write(self, text):
