@@ -179,6 +179,49 @@ def page_setup(desk):
     desk.check("drawing's page setup: Cancel", end_of(process), 0)
 
 
+def opened(desk):
+    """What was handed to the desktop to be opened; the programs for it are started in the background."""
+    path = os.path.join(desk.folder, "opened.txt")
+    wait(lambda: os.path.exists(path), "something to be opened")
+    with open(path, encoding="utf-8") as file:
+        lines = file.read().split()
+    os.remove(path)
+    return lines
+
+
+def viewer_and_help(desk):
+    screen = desk.screen
+    programs = os.path.join(desk.folder, "bin")
+    os.makedirs(programs)
+    with open(os.path.join(programs, "xdg-open"), "w", encoding="utf-8") as file:
+        file.write(f"#!/bin/sh\necho \"$1\" >>'{desk.folder}/opened.new'\nmv '{desk.folder}/opened.new' '{desk.folder}/opened.txt'\n")
+    os.chmod(file.name, 0o755)
+    screen.variables["PATH"] = programs + ":" + screen.variables["PATH"]
+    process = desk.start("settings", desk.drawing, "--layout", LAYOUT)
+    dialog = screen.window(TITLE, "dialog")
+    dialog.find("push button", "Help").click()
+    page = opened(desk)[0]
+    desk.check("Help: the first page", page.startswith("file:///") and os.path.basename(page), "index.html")
+    tab(dialog, "File Attachments")
+    dialog.find("push button", "Add").click()
+    screen.window("File Attachment", "dialog").find("push button", "Help").click()
+    page = opened(desk)[0]
+    desk.check("Help: the page of the dialog", (os.path.basename(page), os.path.exists(page[7:])), ("c420.html", True))
+    screen.keys("Escape")
+    screen.gone("File Attachment")
+    screen.window(TITLE, "dialog").find("push button", "Create PDF").click()
+    screen.window("Save PDF File")
+    desk.picture("save-pdf")
+    chosen = os.path.join(desk.folder, "chosen.pdf")
+    screen.keys("ctrl+a")
+    screen.type(chosen)
+    screen.keys("Return")
+    desk.check("a name asked for: exit code", end_of(process), 0)
+    desk.check("a name asked for: the PDF has it", (os.path.exists(chosen), os.path.exists(desk.path(".pdf"))), (True, False))
+    desk.check("the PDF is opened", opened(desk), [chosen])
+    desk.check("the outcome is said", desk.has_said().splitlines()[-1], f"{desk.drawing} -> {chosen}, 1 page")
+
+
 def signature_fields(desk):
     screen = desk.screen
     desk.shell("sign", desk.drawing, "add", "Checked", "--rect", "10,10,60,30", "--layout", LAYOUT)
@@ -253,7 +296,7 @@ def at_rest(desk):
 
 
 WALKS = {"create": create_pdf, "cancel": cancel, "answer": answer_is_kept, "picks": given_up_picks, "page_setup": page_setup,
-         "fields": signature_fields, "bad_files": bad_files, "choose": choose_drawing, "rest": at_rest}
+         "viewer": viewer_and_help, "fields": signature_fields, "bad_files": bad_files, "choose": choose_drawing, "rest": at_rest}
 
 
 def run_walk(name, program, samples, output):
