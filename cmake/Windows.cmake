@@ -2,6 +2,9 @@
 enable_language(RC)
 add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
 
+# Where objects of COM are written: its interfaces have no destructors, and nobody deletes through them.
+set(SM_COM_WARNINGS ${SM_WARNINGS} -Wno-non-virtual-dtor)
+
 add_room(plugin src)
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/adapters/windows/*.cpp)
 list(FILTER sources EXCLUDE REGEX "/adapters/windows/server/")

@@ -1,7 +1,7 @@
 #include "store/Facts.h"
 
-#include "RegistryAccess.h"
 #include "TemporaryFolder.h"
+#include "doubles/RegistryAccess.h"
 #include "store/SqliteRegistry.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // Many processes on one settings file, one of them killed in the midst of its work.
-#include "RegistryAccess.h"
 #include "TemporaryFolder.h"
+#include "doubles/RegistryAccess.h"
 #include "store/DamagedFile.h"
 #include "store/SqliteRegistry.h"
 

@@ -1,8 +1,8 @@
 #include "store/OverlayRegistry.h"
 
-#include "RegistryAccess.h"
 #include "TemporaryFolder.h"
 #include "doubles/MemoryRegistry.h"
+#include "doubles/RegistryAccess.h"
 #include "store/SqliteRegistry.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "store/SqliteRegistry.h"
 
-#include "RegistryAccess.h"
 #include "TemporaryFolder.h"
+#include "doubles/RegistryAccess.h"
 #include "store/Database.h"
 
 #include <fstream>

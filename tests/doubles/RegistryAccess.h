@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace sm::store {
+namespace sm {
 
 inline bool WriteText(IRegistry& registry, const std::string& path, const std::string& name, const std::string& text,
                       RegistryRoot root = RegistryRoot::CurrentUser)
@@ -33,4 +33,4 @@ inline std::string ReadText(IRegistry& registry, const std::string& path, const 
     return read ? buffer : "(none)";
 }
 
-} // namespace sm::store
+} // namespace sm

@@ -1,0 +1,16 @@
+// A call from which nothing escapes.
+#pragma once
+
+namespace sm::windows {
+
+/// `body`'s result; `otherwise` when it throws, whatever it throws.
+template <class Result, class Body> Result Attempted(Result otherwise, const Body& body) noexcept
+{
+    try {
+        return body();
+    } catch (...) {
+        return otherwise;
+    }
+}
+
+} // namespace sm::windows
