@@ -1,0 +1,50 @@
+// What one object of the component stands on.
+#pragma once
+
+#include "annotations/AnnotationPass.h"
+#include "plugin/CallContext.h"
+#include "ports/IFormToolkit.h"
+
+#include <memory>
+
+namespace sm::windows {
+
+/// The surroundings of one object, and the context of its calls: no two objects share anything, so that each may live
+/// in an apartment of its own. Message boxes and dialogs are modal over the window of the drawing that a call works on;
+/// outside a call, over the thread's active window.
+class WindowsSurroundings {
+public:
+    WindowsSurroundings();
+    WindowsSurroundings(const WindowsSurroundings&) = delete;
+    WindowsSurroundings& operator=(const WindowsSurroundings&) = delete;
+
+    CallContext& Context() { return m_context; }
+    Surroundings& All() { return m_surroundings; }
+    /// Block names of the annotations are counted from 1 again.
+    void ForgetBlockNames() { m_annotations.ForgetBlockNames(); }
+
+private:
+    class Deaf final : public IRunObserver {
+        void Stage(const std::string&) noexcept override {}
+        void SheetBegins(const std::string&, std::int32_t, std::int32_t) noexcept override {}
+        void SheetEnds(const std::string&, std::int32_t, std::int32_t) noexcept override {}
+        void Saved(const std::string&, std::int32_t, const std::string&) noexcept override {}
+        void CarriedPast(const std::string&, const std::string&) noexcept override {}
+    };
+
+    std::unique_ptr<IRegistry> m_registry;
+    std::unique_ptr<IFileSystem> m_files;
+    std::unique_ptr<IDesktop> m_desktop;
+    std::unique_ptr<IFormToolkit> m_toolkit;
+    std::unique_ptr<IWindows> m_windows;
+    AnnotationPass m_annotations;
+    std::unique_ptr<IPublishingLibrary> m_library;
+    std::unique_ptr<ILocale> m_locale;
+    std::unique_ptr<IClock> m_clock;
+    std::unique_ptr<IComponent> m_component;
+    Deaf m_observer;
+    Surroundings m_surroundings;
+    CallContext m_context;
+};
+
+} // namespace sm::windows

@@ -1,0 +1,25 @@
+// The descriptions of the component's interfaces, by which scripts call them.
+#pragma once
+
+#include "windows/automation/ComRef.h"
+
+#include <memory>
+#include <oaidl.h>
+
+namespace sm::windows {
+
+/// The type library inside this module. Read once for all objects that use it at a time.
+class TypeInfos {
+public:
+    /// Null when the library can't be read.
+    static std::shared_ptr<TypeInfos> Shared();
+    explicit TypeInfos(ComRef<ITypeLib> library) : m_library(std::move(library)) {}
+
+    /// Null when it isn't described.
+    ComRef<ITypeInfo> Of(REFIID interfaceId);
+
+private:
+    ComRef<ITypeLib> m_library;
+};
+
+} // namespace sm::windows
