@@ -210,7 +210,10 @@ void DrawingView::mouseReleaseEvent(QMouseEvent* event)
 void DrawingView::mouseDoubleClickEvent(QMouseEvent* event)
 {
     m_grip.reset();
-    event->button() == Qt::MiddleButton ? ShowAll() : mousePressEvent(event);
+    if (event->button() == Qt::MiddleButton)
+        ShowAll();
+    else if (!m_band) // a rectangle doesn't end where it began
+        mousePressEvent(event);
 }
 
 void DrawingView::wheelEvent(QWheelEvent* event)

@@ -33,6 +33,8 @@ public:
     void Zoom(double factor);
     [[nodiscard]] const ViewMap& Map() const { return m_map; }
     void SetMap(const ViewMap& map);
+    /// The map once the user moved or zoomed.
+    [[nodiscard]] std::optional<ViewMap> OwnMap() const { return m_isFresh ? std::nullopt : std::optional(m_map); }
     /// True when everything is painted that the view shows.
     [[nodiscard]] bool IsPainted() const { return m_isWhole && m_imageMap == DeviceMap(); }
 

@@ -138,12 +138,16 @@ private:
             m_window = new PickWindow;
         m_window->SetDrawing(file + " – " + name + " – Tarnwick Sheetmaker PDF");
         if (m_picture != nullptr && m_recorded.Is(drawing, layout)) {
-            if (!m_window->isVisible())
+            if (!m_window->isVisible()) {
                 m_window->SetPicture(m_picture);
+                if (m_view)
+                    m_window->GoBackTo(*m_view);
+            }
             return m_window->Pick(prompt, first);
         }
         m_recorded = {};
         m_picture.reset();
+        m_view.reset();
         m_window->SetPicture(nullptr);
         return PickWhileRecording(drawing, layout, first, prompt);
     }
@@ -179,6 +183,7 @@ private:
         m_leaves = true;
         if (m_window == nullptr)
             return;
+        m_view = m_window->OwnView();
         QTimer::singleShot(0, m_window.data(), [this] {
             if (!m_leaves || m_window == nullptr)
                 return;
@@ -193,6 +198,7 @@ private:
     std::unique_ptr<render::TextEngine> m_text;
     std::shared_ptr<const LayoutPicture> m_picture;
     Recorded m_recorded;
+    std::optional<ViewMap> m_view; ///< of the last pick
     bool m_picking = false, m_leaves = false;
 };
 

@@ -19,6 +19,9 @@ public:
 
     void SetDrawing(const QString& name) { setWindowTitle(name); }
     void SetPicture(std::shared_ptr<const LayoutPicture> picture);
+    /// The view, to be gone back to; nothing while it is the one that shows everything.
+    [[nodiscard]] std::optional<ViewMap> OwnView() const { return m_view->OwnMap(); }
+    void GoBackTo(const ViewMap& view) { m_view->SetMap(view); }
     /// Waits for a point under `prompt`, drawing units; with `first` it is the corner opposite to it. Nothing when the
     /// user cancelled. The picture may come meanwhile.
     std::optional<Vec2> Pick(const QString& prompt, std::optional<Vec2> first);

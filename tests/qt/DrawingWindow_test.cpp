@@ -1,9 +1,8 @@
 // Picking with mouse and keyboard in the real window.
 #include "WindowFixture.h"
 
-#include <QAccessible>
-#include <QAction>
 #include <QLineEdit>
+#include <QTest>
 #include <QTimer>
 #include <csignal>
 
@@ -90,9 +89,7 @@ TEST_F(DrawingWindowPicks, ShiftAndF3LeaveSnapsOut)
 {
     ExpectNear(PickPoint(0, [&] { Press(PixelOf({1, 49}), Qt::LeftButton, Qt::ShiftModifier); }), {1, 49}, 0.01);
     const Point point = PickPoint(0, [&] {
-        auto* const toggle = Window().findChild<QAction*>("snaps");
-        ASSERT_EQ(toggle->shortcut(), QKeySequence(Qt::Key_F3));
-        toggle->trigger();
+        QTest::keyClick(&View(), Qt::Key_F3);
         Move(PixelOf({1, 49}));
         EXPECT_EQ(TextOf("hint"), "Object snaps off (F3)");
         Press(PixelOf({1, 49}));
@@ -205,12 +202,50 @@ TEST_F(DrawingWindowPicks, ARubberBandFollowsFromTheFirstCorner)
     PickCorner(0, {10, 20}, [&] {
         const QPointF first = PixelOf({10, 20});
         const QPointF middle = (first + PixelOf({60, 44})) / 2;
+        const auto look = [&] {
+            const QImage image = View().grab().toImage();
+            return image.pixel((middle * image.devicePixelRatio()).toPoint());
+        };
         Move({5, 5}, Qt::ShiftModifier);
-        const QRgb plain = View().grab().toImage().pixel(middle.toPoint());
+        const QRgb plain = look();
         Move(PixelOf({60, 44}), Qt::ShiftModifier);
-        const QRgb inside = View().grab().toImage().pixel(middle.toPoint());
+        const QRgb inside = look();
         EXPECT_NE(plain, inside);
         EXPECT_GT(qBlue(inside), qRed(inside)) << "it is tinted blue";
+        Key(Qt::Key_Escape);
+    });
+}
+
+TEST_F(DrawingWindowPicks, ADoubleClickIsNoRectangle)
+{
+    const Point other = PickCorner(0, {10, 20}, [&] {
+        QMouseEvent twice(QEvent::MouseButtonDblClick, {300, 300}, View().mapToGlobal(QPointF(300, 300)),
+                          Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&View(), &twice);
+        Type("4,5");
+        Key(Qt::Key_Return);
+    });
+    EXPECT_EQ(other, (Vec2{4, 5}));
+}
+
+TEST_F(DrawingWindowPicks, TheNextPickGoesOnWhereTheLastOneLeft)
+{
+    Vec2 before;
+    PickPoint(0, [&] {
+        Wheel({300, 300}, 4);
+        before = PointAt({200, 100});
+        Key(Qt::Key_Escape);
+    });
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    PickPoint(0, [&] {
+        EXPECT_NEAR(PointAt({200, 100}).x, before.x, 0.002);
+        EXPECT_NEAR(PointAt({200, 100}).y, before.y, 0.002);
+        Key(Qt::Key_Escape);
+    });
+    PickPoint(1, [] { Key(Qt::Key_Escape); });
+    PickPoint(0, [&] {
+        EXPECT_GT(std::abs(PointAt({200, 100}).x - before.x), 1) << "another layout was shown meanwhile";
         Key(Qt::Key_Escape);
     });
 }

@@ -20,6 +20,9 @@ void Send(QWidget& widget, QEvent& event)
     QApplication::sendEvent(&widget, &event);
 }
 
+// A timer and no posted event: from within one, what was posted along with it waits for the next one.
+constexpr int kSoon = 1; // ms
+
 void SendMouse(QEvent::Type type, QPointF pixel, Qt::MouseButton button, Qt::MouseButtons held,
                Qt::KeyboardModifiers modifiers, QWidget& view)
 {
@@ -54,7 +57,7 @@ const drawing::Drawing& DrawingWindowTest::OpenText(const std::string& dxf)
 
 Point DrawingWindowTest::PickPoint(std::size_t layout, const std::function<void()>& steps)
 {
-    QTimer::singleShot(0, qApp, [&] {
+    QTimer::singleShot(kSoon, qApp, [&] {
         Settle();
         steps();
     });
@@ -63,7 +66,7 @@ Point DrawingWindowTest::PickPoint(std::size_t layout, const std::function<void(
 
 Point DrawingWindowTest::PickCorner(std::size_t layout, drawing::Vec2 first, const std::function<void()>& steps)
 {
-    QTimer::singleShot(0, qApp, [&] {
+    QTimer::singleShot(kSoon, qApp, [&] {
         Settle();
         steps();
     });
