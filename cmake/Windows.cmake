@@ -9,7 +9,7 @@ add_room(plugin src)
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/adapters/windows/*.cpp)
 list(FILTER sources EXCLUDE REGEX "/adapters/windows/server/")
 add_library(windows STATIC ${sources})
-target_link_libraries(windows PUBLIC plugin comctl32 comdlg32 gdi32 ole32 oleaut32 shell32 uuid version)
+target_link_libraries(windows PUBLIC plugin comctl32 comdlg32 gdi32 ole32 oleaut32 shell32 uuid version uxtheme)
 target_compile_options(windows PRIVATE ${SM_WARNINGS})
 add_subdirectory(adapters/windows/server)
 

@@ -1,0 +1,18 @@
+// The forms' toolkit on the common controls of Windows.
+#pragma once
+
+#include "ports/IFormToolkit.h"
+
+#include <functional>
+#include <memory>
+
+#include <windef.h>
+
+namespace sm::windows {
+
+/// One renderer for any form. `owner` is asked at each showing for the window over which forms are modal, of whatever
+/// process; null for none. Forms are made, shown and used on one thread. The module that the renderer is linked into
+/// carries Forms.rc, without which the controls are drawn in the oldest style.
+std::unique_ptr<IFormToolkit> CreateWin32Toolkit(std::function<HWND()> owner);
+
+} // namespace sm::windows
