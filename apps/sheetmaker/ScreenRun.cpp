@@ -87,12 +87,17 @@ void ScreenRun::ConcludeConversion()
 
 bool ScreenRun::Save()
 {
-    if (!Watcher().LostRecord().empty())
-        throw std::runtime_error(m_task.drawing + " was not changed, since it can't hold what was entered for it: " +
-                                 Watcher().LostRecord());
     const bool changed = m_host->DrawingOf(m_document).Modified();
-    m_document->Close(true);
+    SaveWhole(Watcher(), *m_document, m_task.drawing);
     return changed;
+}
+
+void SaveWhole(const SheetWatcher& watcher, IAcadDocument& document, const std::string& name)
+{
+    if (!watcher.LostRecord().empty())
+        throw std::runtime_error(
+            name + " was not changed, since it can't hold what was entered for it: " + watcher.LostRecord());
+    document.Close(true);
 }
 
 void ShowWithoutTerminal(const ScreenParts& screen, const std::string& text)

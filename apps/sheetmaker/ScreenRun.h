@@ -43,6 +43,10 @@ private:
     std::shared_ptr<IAcadDocument> m_document;
 };
 
+/// Writes the drawing and closes it, unless it didn't take one of the records: a drawing that holds half of what was
+/// confirmed is never written. Throws then, and when it can't be written. `name` stands for it in messages.
+void SaveWhole(const SheetWatcher& watcher, IAcadDocument& document, const std::string& name);
+
 /// Shows a fault in a message box when there is no terminal on which somebody has read it.
 void ShowWithoutTerminal(const ScreenParts& screen, const std::string& text);
 /// Prints "sheetmaker <command>: <text>", and shows the text as above.

@@ -8,6 +8,7 @@
 #include "sheetmaker/ScreenRun.h"
 
 #include <fmt/format.h>
+#include <fstream>
 #include <ostream>
 
 namespace sm::app {
@@ -17,11 +18,21 @@ namespace fs = std::filesystem;
 
 constexpr std::int32_t kHelpSignatureFields = 440;
 
-/// The file that a save writes, and whose former state it keeps.
+/// The file that a save writes: a DWG is never written, its records stand beside it.
 std::string RecordsFileOf(const std::string& drawing)
 {
-    const std::string ending = fs::path(drawing).extension().string();
-    return ending == ".dwg" || ending == ".DWG" ? drawing + ".sheetmaker" : drawing;
+    char beginning[4] = {};
+    std::ifstream(drawing, std::ios::binary).read(beginning, sizeof beginning);
+    return std::string_view(beginning, sizeof beginning) == "AC10" ? drawing + ".sheetmaker" : drawing;
+}
+
+/// What is left of the signature fields that the dialog leaves out.
+std::string WhatStays(const std::string& drawing)
+{
+    const std::string records = RecordsFileOf(drawing);
+    if (fs::exists(records))
+        return "The drawing as it is now stays as\r\n" + records + ".bak";
+    return "The DWG itself stays as it is; what is kept for it goes into\r\n" + records;
 }
 
 class SettingsRun {
@@ -49,14 +60,13 @@ public:
         const bool converted = m_run.Watcher().LastSave().has_value();
         if (converted)
             m_run.ConcludeConversion();
-        if (m_run.Save())
-            m_out << fmt::format("{}: the settings were kept; the former file is {}.bak\n", m_drawing,
-                                 RecordsFileOf(m_drawing));
+        SaveDrawing();
         return converted ? TellConversion() : kExitDone;
     }
 
 private:
     bool MayDropSignatureFields();
+    void SaveDrawing();
     int TellConversion();
 
     std::string m_drawing;
@@ -79,13 +89,22 @@ bool SettingsRun::MayDropSignatureFields()
         names += fmt::format("    {} ({})\r\n", field.FieldName, field.LayoutName);
     const std::string text = fmt::format(
         "This drawing has {}:\r\n{}\r\nThe settings dialog begins with an empty list in their place, and OK or Create "
-        "PDF keeps what the list then holds. The drawing as it is now stays as\r\n{}.bak\r\n\r\n\"sheetmaker sign\" "
-        "changes signature fields one by one. Show the settings dialog?",
+        "PDF keeps what the list then holds. {}\r\n\r\n\"sheetmaker sign\" changes signature fields one by one. Show "
+        "the settings dialog?",
         fields.size() == 1 ? "a signature field" : fmt::format("{} signature fields", fields.size()), names,
-        RecordsFileOf(m_drawing));
+        WhatStays(m_drawing));
     return m_screen.desktop.ShowMessage({text, kProductTitle, MessageButtons::OkCancel, MessageIcon::Exclamation,
                                          HelpFilePath(m_run.Context().surroundings), kHelpSignatureFields}) ==
            MessageAnswer::Ok;
+}
+
+void SettingsRun::SaveDrawing()
+{
+    const std::string records = RecordsFileOf(m_drawing);
+    const bool isNew = !fs::exists(records);
+    if (m_run.Save())
+        m_out << fmt::format("{}: the settings were kept{}\n", m_drawing,
+                             isNew ? " in " + records : "; the former file is " + records + ".bak");
 }
 
 int SettingsRun::TellConversion()
