@@ -74,6 +74,10 @@ INSTANTIATE_TEST_SUITE_P(OfDrawings, DrawingScreens,
                                            ScreenCase{"hatches", "entities/hatches_1.dxf", true, 0},
                                            ScreenCase{"images", "entities/images.dxf", true, 0},
                                            ScreenCase{"linetypes", "entities/linetypes.dxf", true, 0},
+                                           ScreenCase{"inches", "layouts/floorplan.dxf", true, 1},
+                                           ScreenCase{"scaled", "layouts/tray-easy1.dxf", true, 1},
+                                           ScreenCase{"frozen", "layouts/viewport_frozen_layers.dxf", true, 1},
+                                           ScreenCase{"board", "large/draft1.dxf", true, 0},
                                            ScreenCase{"text", "text/text_alignments.dxf", true, 0}),
                          [](const auto& row) { return std::string(row.param.name); });
 

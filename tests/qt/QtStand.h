@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 namespace sm::qt {
@@ -25,7 +26,8 @@ inline Screen& TheScreen()
 {
     static Screen* const screen = [] {
         std::filesystem::create_directories(SM_SCREENS);
-        const std::string monitor = SM_SCREENS "/monitor.json";
+        const std::string monitor =
+            SM_SCREENS "/monitor" + std::to_string(getpid()) + ".json"; // tests run side by side
         std::ofstream(monitor) << R"({"screens": [{"name": "monitor", "x": 0, "y": 0, "width": 2560, "height": 1600,
             "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
         if (std::getenv("SM_SEEN") == nullptr) // to watch the tests on a real screen
@@ -38,6 +40,7 @@ inline Screen& TheScreen()
                                   }},
                                  why);
         EXPECT_EQ(why, "");
+        std::filesystem::remove(monitor);
         return made.release();
     }();
     return *screen;
