@@ -6,6 +6,7 @@
 #include <QToolButton>
 #include <cstdlib>
 #include <filesystem>
+#include <ostream>
 
 namespace sm::qt {
 namespace {
@@ -16,6 +17,11 @@ struct ScreenCase {
     bool shared;
     std::size_t layout;
 };
+
+void PrintTo(const ScreenCase& row, std::ostream* out)
+{
+    *out << row.drawing << ", layout " << row.layout;
+}
 
 class DrawingScreens : public DrawingWindowTest, public ::testing::WithParamInterface<ScreenCase> {};
 
