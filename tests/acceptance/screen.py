@@ -33,18 +33,26 @@ class Screen:
         self._start(["Xvfb", "-displayfd", str(writing), "-screen", "0", self.size + "x24", "-nolisten", "tcp", "-noreset",
                      "-fbdir", frame], pass_fds=[writing])
         os.close(writing)
-        number = os.fdopen(reading).readline().strip()
-        bus = self._start(["dbus-daemon", "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE)
-        self.variables = {
-            **os.environ, "DISPLAY": ":" + number, "DBUS_SESSION_BUS_ADDRESS": bus.stdout.readline().decode().strip(),
-            "HOME": home, "XDG_CONFIG_HOME": home + "/config", "XDG_STATE_HOME": home + "/state",
-            "XDG_CACHE_HOME": home + "/cache", "XDG_DATA_HOME": home + "/data", "TMPDIR": self.folder,
-            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_FONT_DPI": str(self.dpi), "LC_ALL": "C.UTF-8"}
-        for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR"):
-            self.variables.pop(name, None)
+        self.variables = self._places(home, os.fdopen(reading).readline().strip())
+        bus = self._start(["dbus-daemon", "--session", "--nofork", "--print-address=1"], stdout=subprocess.PIPE,
+                          env=self.variables)
+        self.variables["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
         self.frame = os.path.join(frame, "Xvfb_screen0")
         self._listen()
         return self
+
+    def _places(self, home, display):
+        """Nothing is shared with another screen, the sockets of the screen readers' bus included."""
+        runtime = os.path.join(self.folder, "run")
+        os.makedirs(runtime, mode=0o700, exist_ok=True)
+        variables = {
+            **os.environ, "DISPLAY": ":" + display, "HOME": home, "XDG_CONFIG_HOME": home + "/config",
+            "XDG_STATE_HOME": home + "/state", "XDG_CACHE_HOME": home + "/cache", "XDG_DATA_HOME": home + "/data",
+            "XDG_RUNTIME_DIR": runtime, "TMPDIR": self.folder, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
+            "QT_FONT_DPI": str(self.dpi), "LC_ALL": "C.UTF-8"}
+        for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR", "DBUS_SESSION_BUS_ADDRESS"):
+            variables.pop(name, None)
+        return variables
 
     def __exit__(self, *_):
         for process in reversed(self.processes):
@@ -61,7 +69,7 @@ class Screen:
         return process
 
     def _listen(self):
-        for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS"):
+        for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "XDG_CACHE_HOME"):
             os.environ[name] = self.variables[name]
         import gi
         gi.require_version("Atspi", "2.0")
@@ -171,19 +179,21 @@ class Node:
         return tuple(side * self.screen.scale for side in (extents.x, extents.y, extents.width, extents.height))
 
     def every(self):
+        """All that is on display in it, in the order of the window."""
         for child in children(self.accessible):
             node = Node(self.screen, child)
-            yield node
-            yield from node.every()
+            if node.showing():
+                yield node
+                yield from node.every()
 
     def find(self, role, name, index=0):
         """Waits for a control on display; `index` counts those of the same name from the top."""
         def look():
             self.accessible.clear_cache()
-            fitting = [one for one in self.every() if one.role == role and one.name == name and one.showing()]
+            fitting = [one for one in self.every() if one.role == role and one.name == name]
             return fitting[index] if len(fitting) > index else None
         return wait(look, f"{role} \"{name}\" in {self}",
-                    lambda: sorted({str(one) for one in self.every() if one.showing()}))
+                    lambda: sorted({str(one) for one in self.every()}))
 
     def click(self, times=1):
         x, y, width, height = self.box()
