@@ -57,7 +57,8 @@ public:
 
     // What the window tells the form's own.
     virtual void Command(int) {}
-    virtual void Notify(const NMHDR&) {}
+    /// Gives what the window wants to know; 0 when nothing.
+    virtual LRESULT Notify(const NMHDR&) { return 0; }
     virtual void Draw(const DRAWITEMSTRUCT&) {}
 
     // The keyboard.

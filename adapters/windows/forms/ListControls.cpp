@@ -55,12 +55,13 @@ public:
             SendMessageW(Window(), LVM_INSERTCOLUMNW, i, reinterpret_cast<LPARAM>(&column));
         }
     }
-    void Notify(const NMHDR& notice) override
+    LRESULT Notify(const NMHDR& notice) override
     {
         if (notice.code == LVN_ITEMCHANGED)
             NoteChange(reinterpret_cast<const NMLISTVIEW&>(notice));
         else if (notice.code == static_cast<UINT>(NM_DBLCLK))
             TellDoubleClick(reinterpret_cast<const NMITEMACTIVATE&>(notice).iItem);
+        return 0;
     }
     void UseFont(const FormFont& font) override
     {

@@ -42,10 +42,11 @@ RECT TabStripWindow::Inside() const
     return inside;
 }
 
-void TabStripWindow::Notify(const NMHDR& notice)
+LRESULT TabStripWindow::Notify(const NMHDR& notice)
 {
     if (notice.code == static_cast<UINT>(TCN_SELCHANGE))
         Reporter().Selected(Position(), static_cast<std::int32_t>(SendMessageW(Window(), TCM_GETCURSEL, 0, 0)));
+    return 0;
 }
 
 SIZE TabStripWindow::Needed(const FormFont&) const
@@ -92,9 +93,9 @@ TabPageWindow::TabPageWindow(const ControlSite& site)
         m_page = m_strip->Add(*this, site.control.caption);
 }
 
+/// The page's own window would write the caption into itself.
 void TabPageWindow::Apply(const FormControl& control, const FormControl& last)
 {
-    HolderWindow::Apply(control, last);
     if (m_strip != nullptr && control.caption != last.caption)
         m_strip->SetCaption(m_page, control.caption);
 }

@@ -26,7 +26,7 @@ public:
     /// Where the pages lie, in pixels of the strip.
     [[nodiscard]] RECT Inside() const;
 
-    void Notify(const NMHDR& notice) override;
+    LRESULT Notify(const NMHDR& notice) override;
     [[nodiscard]] SIZE Needed(const FormFont&) const override;
     [[nodiscard]] RECT Border(const FormFont&) const override;
 

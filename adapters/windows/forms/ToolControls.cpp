@@ -14,7 +14,7 @@ class ToolbarWindow final : public ControlWindow {
 public:
     explicit ToolbarWindow(const ControlSite& site) : ControlWindow(site)
     {
-        Create(TOOLBARCLASSNAMEW, TBSTYLE_FLAT | TBSTYLE_LIST | CCS_NODIVIDER | CCS_NORESIZE | CCS_NOPARENTALIGN);
+        Create(TOOLBARCLASSNAMEW, TBSTYLE_FLAT | CCS_NODIVIDER | CCS_NORESIZE | CCS_NOPARENTALIGN);
         SendMessageW(Window(), TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
         SendMessageW(Window(), TB_SETBITMAPSIZE, 0, 0);
     }
@@ -60,6 +60,22 @@ public:
         return true;
     }
     void Entered() override { Heat(-1, 1); }
+    /// A thin edge round each button, so that it is seen to be one before the mouse comes over it.
+    LRESULT Notify(const NMHDR& notice) override
+    {
+        if (notice.code != static_cast<UINT>(NM_CUSTOMDRAW))
+            return 0;
+        const auto& stage = reinterpret_cast<const NMTBCUSTOMDRAW&>(notice).nmcd;
+        if (stage.dwDrawStage == CDDS_PREPAINT)
+            return CDRF_NOTIFYITEMDRAW;
+        if (stage.dwDrawStage != CDDS_ITEMPREPAINT)
+            return CDRF_DODEFAULT;
+        RECT edge = stage.rc;
+        InflateRect(&edge, -1, -1);
+        SetDCBrushColor(stage.hdc, GetSysColor(COLOR_BTNSHADOW));
+        FrameRect(stage.hdc, &edge, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+        return CDRF_DODEFAULT;
+    }
 
 private:
     void Apply(const FormControl&, const FormControl&) override {}

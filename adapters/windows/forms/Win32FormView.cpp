@@ -198,9 +198,10 @@ std::optional<INT_PTR> Win32FormView::OnMessage(UINT message, WPARAM wide, LPARA
         return TRUE;
     case WM_NOTIFY:
         from = WithId(reinterpret_cast<const NMHDR*>(extra)->idFrom);
-        if (from != nullptr)
-            from->Notify(*reinterpret_cast<const NMHDR*>(extra));
-        return std::nullopt;
+        if (from == nullptr)
+            return std::nullopt;
+        SetWindowLongPtrW(m_dialog.Window(), DWLP_MSGRESULT, from->Notify(*reinterpret_cast<const NMHDR*>(extra)));
+        return TRUE;
     case WM_DRAWITEM:
         from = WithId(wide);
         if (from != nullptr)
@@ -246,7 +247,9 @@ bool Win32FormView::ShowModal()
 void Win32FormView::Appear()
 {
     const FormReporter::Silence silence(m_reporter);
-    if (!m_keyboard.CanStop(ControlOf(GetFocus())))
+    if (m_keyboard.CanStop(m_lastFocused))
+        SetFocus(m_windows[m_lastFocused]->Window());
+    else
         m_keyboard.GoToFirst();
     PostMessageW(m_dialog.Window(), kAppeared, 0, 0);
 }
@@ -280,6 +283,7 @@ void Win32FormView::Hide()
     if (m_showing == nullptr || m_isHidden)
         return;
     m_isHidden = true;
+    m_lastFocused = ControlOf(GetFocus());
     if (m_showing->IsInFront())
         m_showing->End();
     else

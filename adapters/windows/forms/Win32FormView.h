@@ -53,7 +53,8 @@ private:
     FormUnits m_units;
     FormKeyboard m_keyboard;
     ModalShowing* m_showing = nullptr;
-    bool m_isHidden = true; ///< the showing under way is to end
+    std::size_t m_lastFocused = 0; ///< at the end of the last showing
+    bool m_isHidden = true;        ///< the showing under way is to end
 };
 
 } // namespace sm::windows

@@ -233,6 +233,8 @@ TEST(Tabs, ShowThePageInFront)
     form.Show([&] {
         EXPECT_TRUE(form.user.IsSeen("first"));
         EXPECT_FALSE(form.user.IsSeen("second"));
+        form.user.Focus("first");
+        form.Take();
         RECT tab = {};
         form.user.Ask("tabs", TCM_GETITEMRECT, 1, reinterpret_cast<LPARAM>(&tab));
         form.user.Press("tabs", (tab.left + tab.right) / 2, (tab.top + tab.bottom) / 2);
