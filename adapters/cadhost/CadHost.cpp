@@ -28,6 +28,7 @@ public:
     {
         return ListLayouts(Behind(document));
     }
+    void KeepLayers(bool keep) override { m_session->KeepLayers(keep); }
     const drawing::Drawing& DrawingOf(const std::shared_ptr<IAcadDocument>& document) override
     {
         return Behind(document).File();

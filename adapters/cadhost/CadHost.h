@@ -73,7 +73,9 @@ public:
     virtual std::shared_ptr<IAcadApplication> Application() = 0;
     /// Opens a drawing and makes it the active one. Throws drawing::DrawingError.
     virtual std::shared_ptr<IAcadDocument> Open(const std::string& path, const DocumentOverlay& overlay = {}) = 0;
-    /// Both take a document of this host.
+    /// Whether plots tell of layers from now on, whatever the options said.
+    virtual void KeepLayers(bool keep) = 0;
+    /// These take a document of this host.
     virtual DocumentReport Report(const std::shared_ptr<IAcadDocument>& document) = 0;
     virtual std::vector<LayoutFacts> Layouts(const std::shared_ptr<IAcadDocument>& document) = 0;
     virtual const drawing::Drawing& DrawingOf(const std::shared_ptr<IAcadDocument>& document) = 0;

@@ -11,6 +11,7 @@ public:
     explicit Session(const HostOptions& options);
 
     [[nodiscard]] const HostOptions& Options() const { return m_options; }
+    void KeepLayers(bool keep) { m_options.keepLayers = keep; }
     [[nodiscard]] std::string DriversPath() const;
     [[nodiscard]] const std::string& PrinterConfigPath() const { return m_printerConfigPath; }
     /// Throws HostError for a folder that isn't there.

@@ -60,6 +60,9 @@ ScreenRun::ScreenRun(const std::string& drawing, const Install& install, const S
                                                        m_surrounded.KeepsLayers(m_task.options)))))
 {
     m_report.drawing = drawing;
+    // The dialog may have chosen job options that ask for layers, or others.
+    m_surrounded.Watcher().WhenSettingsAreKept(
+        [this] { m_host->KeepLayers(m_surrounded.KeepsLayers(m_task.options)); });
     if (!drawing.empty())
         m_document = m_host->Open(drawing);
 }

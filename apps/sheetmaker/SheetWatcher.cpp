@@ -44,9 +44,12 @@ std::string StatusText(std::int32_t status)
 
 void SheetWatcher::Stage(const std::string& name) noexcept
 {
-    m_settingsKept = m_settingsKept || name == "settings";
-    if (name == "settings")
-        return; // it is over already
+    if (name == "settings") {
+        m_settingsKept = true;
+        if (m_whenSettingsAreKept)
+            Quietly(m_whenSettingsAreKept);
+        return; // no stage to be shown: it is over already
+    }
     Quietly([&] { m_console.Progress(m_report.drawing + ": " + (m_where.empty() ? "" : m_where + ", ") + name); });
 }
 

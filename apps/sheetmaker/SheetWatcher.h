@@ -5,7 +5,9 @@
 #include "sheetmaker/RunReport.h"
 #include "terminal/Console.h"
 
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace sm::app {
 
@@ -31,6 +33,8 @@ public:
     [[nodiscard]] const std::optional<Save>& LastSave() const { return m_save; }
     /// The last failing call that was carried past, with its routine; empty when none was.
     [[nodiscard]] const std::string& LastCarriedPast() const { return m_carriedPast; }
+    /// Is called once the settings dialog was confirmed, before the conversion that it may ask for.
+    void WhenSettingsAreKept(std::function<void()> call) { m_whenSettingsAreKept = std::move(call); }
     /// The settings dialog was confirmed, and everything it held was handed to the settings and the drawing.
     [[nodiscard]] bool SettingsKept() const { return m_settingsKept; }
     /// Why the drawing didn't take a record; empty when it took all.
@@ -43,6 +47,7 @@ private:
     terminal::Console& m_console;
     std::optional<Save> m_save;
     std::string m_reason, m_carriedPast, m_where, m_lostRecord;
+    std::function<void()> m_whenSettingsAreKept;
     bool m_settingsKept = false;
 };
 

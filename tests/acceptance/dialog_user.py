@@ -47,7 +47,7 @@ def set_general(dialog):
     dialog.find("check box", "Prompt For File Name").tick(False)
     dialog.find("check box", "View Results in PDF Reader").tick(False)
     dialog.find("check box", "Text").tick()
-    combo(dialog, "Raster Image Quality").choose("Print [1200 dpi]")
+    combo(dialog, "Raster Image Quality").choose("Graphics with layers [600 dpi]")
 
 
 def set_block_attributes(screen, dialog, again):

@@ -87,7 +87,7 @@ def create_pdf(desk):
     desk.check("Create PDF: the former drawing is kept", read(desk.drawing + ".bak") == desk.before, True)
     desk.check("Create PDF: settings are stored", [desk.shell("get", name).strip() for name in
                                                    ("Optimization", "PromptForFileName", "JobOptionsFile", "TransferTextHlinks",
-                                                    "TransferAttributes")], ["1", "0", "Print [1200 dpi]", "1", "1"])
+                                                    "TransferAttributes")], ["1", "0", "Graphics with layers [600 dpi]", "1", "1"])
     desk.check("Create PDF: the drawing keeps the stamp", "FOR REVIEW" in desk.shell("stamp", desk.drawing, "list"), True)
     desk.check("Create PDF: the drawing keeps the attachment", "notes.txt" in desk.shell("attach", desk.drawing, "list"), True)
     desk.check("Create PDF: the drawing keeps the field", "Approval" in desk.shell("sign", desk.drawing, "list"), True)
@@ -101,6 +101,7 @@ def check_pdf(desk, pdf):
     desk.check("the PDF shows what lies in the window, and nothing else", ("Kitchen" in text, "A-101" in text), (True, False))
     desk.check("the PDF carries the file", "notes.txt" in output_of("pdfdetach", "-list", pdf) +
                "".join(str(note) for note in Objects(pdf).annotations(1, "/FileAttachment")), True)
+    desk.check("the PDF has layers, as the job options chosen ask for", "/OCProperties" in output_of("qpdf", "--json=1", pdf), True)
     desk.check("the PDF has the field", unsigned_fields(pdf), ["Approval"])
     desk.check("qpdf finds no fault", "No syntax or stream encoding errors" in output_of("qpdf", "--check", pdf), True)
 
