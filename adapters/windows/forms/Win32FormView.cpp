@@ -76,6 +76,15 @@ void Win32FormView::UseFont(double scale)
     m_units = {};
 }
 
+/// Font, style or colours of the desktop may be others now.
+void Win32FormView::Restyle()
+{
+    const FormReporter::Silence silence(m_reporter);
+    UseFont(1);
+    LayOut();
+    RedrawWindow(m_dialog.Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
 void Win32FormView::ShowForm()
 {
     SetWindowTextW(m_dialog.Window(), Wide(m_form.Controls().front().caption).c_str());
@@ -216,6 +225,10 @@ std::optional<INT_PTR> Win32FormView::OnMessage(UINT message, WPARAM wide, LPARA
         m_reporter.Settle();
         m_form.UserClosed();
         return TRUE;
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+        Restyle();
+        return std::nullopt;
     case kSettle:
         m_reporter.Settle();
         return TRUE;

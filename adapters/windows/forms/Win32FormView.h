@@ -30,6 +30,7 @@ private:
     void EnableWithin(std::size_t control);
     void LayOut();
     void UseFont(double scale);
+    void Restyle();
     [[nodiscard]] int PageMargin(std::size_t page, const FormUnits& units) const;
     [[nodiscard]] bool IsEnabled(std::size_t control) const;
     void Appear();

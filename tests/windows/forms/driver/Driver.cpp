@@ -1,0 +1,123 @@
+// Plays the user of another program's dialogs, by messages alone.
+//
+//     drive_forms window TITLE click ID text ID TEXT choose ID POSITION page ID POSITION expect ID TEXT close
+//
+// `window` waits for a visible window with that title that takes input, which the commands behind it are for; `text`
+// leaves the field, too. Gives 0, or the number of the command that failed.
+#include <string>
+#include <vector>
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+namespace {
+
+constexpr int kMostTries = 500; ///< of 10 ms each
+
+HWND WaitForWindow(const std::string& title)
+{
+    for (int i = 0; i < kMostTries; ++i) {
+        const HWND window = FindWindowA("#32770", title.c_str());
+        if (window != nullptr && IsWindowVisible(window) && IsWindowEnabled(window))
+            return window;
+        Sleep(10);
+    }
+    return nullptr;
+}
+
+struct Search {
+    int id;
+    HWND found;
+};
+
+BOOL CALLBACK CompareId(HWND window, LPARAM search)
+{
+    auto* const wanted = reinterpret_cast<Search*>(search);
+    if (GetDlgCtrlID(window) == wanted->id)
+        wanted->found = window;
+    return wanted->found == nullptr;
+}
+
+class Driver {
+public:
+    /// Whether the command could be carried out; moves `at` behind its arguments.
+    bool Do(const std::vector<std::string>& words, std::size_t& at)
+    {
+        const std::string command = words[at++];
+        const auto next = [&] { return at < words.size() ? words[at++] : std::string(); };
+        if (command == "window")
+            return (m_window = WaitForWindow(next())) != nullptr;
+        if (command == "close")
+            return PostMessageA(m_window, WM_CLOSE, 0, 0) != FALSE;
+        const HWND control = Find(std::atoi(next().c_str()));
+        if (control == nullptr)
+            return false;
+        if (command == "click")
+            return PostMessageA(control, BM_CLICK, 0, 0) != FALSE; // it may last as long as another dialog
+        const std::string value = next();
+        if (command == "expect")
+            return Expect(control, value);
+        if (command == "text")
+            return Type(control, value);
+        const auto position = static_cast<WPARAM>(std::atoi(value.c_str()));
+        if (command == "page")
+            return SendMessageA(control, TCM_SETCURFOCUS, position, 0) == 0;
+        return command == "choose" && Choose(control, position);
+    }
+
+private:
+    [[nodiscard]] HWND Find(int id) const
+    {
+        Search search = {id, nullptr};
+        EnumChildWindows(m_window, &CompareId, reinterpret_cast<LPARAM>(&search));
+        return search.found;
+    }
+    static void Tell(HWND control, int code)
+    {
+        const auto from = reinterpret_cast<LPARAM>(control);
+        SendMessageA(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code), from);
+    }
+    static bool Type(HWND control, const std::string& text)
+    {
+        SendMessageA(control, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
+        Tell(control, EN_KILLFOCUS);
+        return true;
+    }
+    static bool Choose(HWND control, WPARAM position)
+    {
+        if (SendMessageA(control, CB_SETCURSEL, position, 0) == CB_ERR)
+            return false;
+        Tell(control, CBN_SELCHANGE);
+        return true;
+    }
+    /// What is to come of a posted press may take a while.
+    static bool Expect(HWND control, const std::string& text)
+    {
+        for (int i = 0; i < kMostTries; ++i) {
+            char shown[300] = {};
+            SendMessageA(control, WM_GETTEXT, sizeof shown, reinterpret_cast<LPARAM>(shown));
+            if (text == shown)
+                return true;
+            Sleep(10);
+        }
+        return false;
+    }
+
+    HWND m_window = nullptr;
+};
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    const std::vector<std::string> words(arguments + 1, arguments + count);
+    Driver driver;
+    int number = 0;
+    for (std::size_t at = 0; at < words.size();) {
+        ++number;
+        if (!driver.Do(words, at))
+            return number;
+    }
+    return 0;
+}
