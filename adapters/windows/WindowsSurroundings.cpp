@@ -1,6 +1,7 @@
 #include "windows/WindowsSurroundings.h"
 
 #include "ui/FormWindows.h"
+#include "windows/forms/Win32Toolkit.h"
 #include "windows/publishing/AutomationPublisher.h"
 #include "windows/system/Attempted.h"
 #include "windows/system/WindowsSystem.h"
@@ -10,27 +11,35 @@
 namespace sm::windows {
 namespace {
 
-/// Shows nothing: every form counts as one that can't be shown.
-class NoScreen final : public IFormToolkit {
-public:
-    std::unique_ptr<IFormView> MakeView(IForm& /*form*/) override { return nullptr; }
-};
-
-/// The window that a dialog of a call is modal over.
-HWND OwnerOf(const CallContext& context)
+/// The host's window of the drawing that a call works on; null outside a call, or for a host that has none.
+HWND HostWindow(const CallContext& context)
 {
     const auto document = context.g_AcadDoc;
     const std::int32_t handle = document ? Attempted(std::int32_t{0}, [&] { return document->HWND(); }) : 0;
     // Window handles are 32 bits wide, extended by their sign.
     const auto window = reinterpret_cast<HWND>(static_cast<INT_PTR>(handle));
-    return IsWindow(window) != FALSE ? GetAncestor(window, GA_ROOT) : GetActiveWindow();
+    return IsWindow(window) != FALSE ? GetAncestor(window, GA_ROOT) : nullptr;
+}
+
+HWND OwnerOfForms(const CallContext& context)
+{
+    const HWND host = HostWindow(context);
+    return host != nullptr ? host : GetActiveWindow();
+}
+
+/// A box that a form's handler opens lies over the form in front.
+HWND OwnerOfBoxes(const CallContext& context)
+{
+    const HWND front = GetActiveWindow();
+    return front != nullptr ? front : HostWindow(context);
 }
 
 } // namespace
 
 WindowsSurroundings::WindowsSurroundings()
     : m_registry(CreateRegistry()), m_files(CreateFileSystem()),
-      m_desktop(CreateWindowsDesktop([this] { return OwnerOf(m_context); })), m_toolkit(std::make_unique<NoScreen>()),
+      m_desktop(CreateWindowsDesktop([this] { return OwnerOfBoxes(m_context); })),
+      m_toolkit(CreateWin32Toolkit([this] { return OwnerOfForms(m_context); })),
       m_windows(CreateFormWindows(m_context, *m_toolkit)),
       m_annotations([this]() -> CallContext& { return m_context; }, {}), m_library(CreateAutomationPublisher()),
       m_locale(CreateLocale()), m_clock(CreateClock()),

@@ -48,12 +48,4 @@ VisualStyles::~VisualStyles()
         DeactivateActCtx(0, m_cookie);
 }
 
-HINSTANCE OwnModule()
-{
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCWSTR>(&OwnModule), &module);
-    return module;
-}
-
 } // namespace sm::windows

@@ -1,6 +1,8 @@
 // The common controls in their styled version, whatever version the program has that the component is loaded into.
 #pragma once
 
+#include "windows/system/OwnModule.h"
+
 #include <windows.h>
 
 namespace sm::windows {
@@ -17,8 +19,5 @@ private:
     ULONG_PTR m_cookie = 0;
     bool m_isActive = false;
 };
-
-/// The module that this code is part of.
-HINSTANCE OwnModule();
 
 } // namespace sm::windows

@@ -3,6 +3,7 @@
 
 #include "windows/server/CallGuard.h"
 #include "windows/server/ModuleUse.h"
+#include "windows/server/ObjectsByReference.h"
 #include "windows/server/TypeInfos.h"
 
 #include <atomic>
@@ -81,8 +82,15 @@ public:
             return E_INVALIDARG;
         if (!Description())
             return E_FAIL;
-        return m_description->Invoke(static_cast<Interface*>(this), member, kind, arguments, result, exception,
-                                     wrongArgument);
+        if (!MayTake(*m_description.Get(), member, kind, arguments->cArgs))
+            return DISP_E_BADPARAMCOUNT;
+        HRESULT invoked = S_OK;
+        const HRESULT ready = Guarded(__uuidof(Interface), SourceName(), [&] {
+            ObjectsByReference given(*arguments);
+            invoked = m_description->Invoke(static_cast<Interface*>(this), member, kind, &given.Arguments(), result,
+                                            exception, wrongArgument);
+        });
+        return FAILED(ready) ? ready : invoked;
     }
 
 protected:

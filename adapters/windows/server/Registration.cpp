@@ -4,7 +4,7 @@
 #include "windows/server/ClassFactory.h"
 #include "windows/server/Identities.h"
 #include "windows/system/Attempted.h"
-#include "windows/system/WindowsSystem.h"
+#include "windows/system/OwnModule.h"
 
 #include <windows.h>
 
@@ -18,7 +18,7 @@
 namespace sm::windows {
 namespace {
 
-const std::wstring kClasses = L"Software\\Classes\\";
+const std::wstring kClasses = L"Software\\Classes";
 const std::wstring kLibrary = SM_BRACED(SM_LIBRARY_ID);
 const std::wstring kLibraryKey = L"TypeLib\\" + kLibrary;
 /// The system's own marshalling by type library.
@@ -33,6 +33,12 @@ const wchar_t *const kPlatform = L"win32", *const kOtherPlatform = L"win64";
 struct Entry {
     std::wstring key, name, text;
 };
+
+/// Of a key under the classes' key; of that key itself, when there is no name.
+std::wstring PathOf(const std::wstring& key)
+{
+    return key.empty() ? kClasses : kClasses + L'\\' + key;
+}
 
 std::wstring Braced(const GUID& identity)
 {
@@ -84,7 +90,7 @@ HKEY RootOf(RegisteredFor whom)
 bool Write(HKEY root, const Entry& entry)
 {
     HKEY key = nullptr;
-    if (RegCreateKeyExW(root, (kClasses + entry.key).c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &key, nullptr) !=
+    if (RegCreateKeyExW(root, PathOf(entry.key).c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &key, nullptr) !=
         ERROR_SUCCESS)
         return false;
     const auto* const bytes = reinterpret_cast<const BYTE*>(entry.text.c_str());
@@ -97,7 +103,7 @@ bool Write(HKEY root, const Entry& entry)
 bool HasKey(HKEY root, const std::wstring& path)
 {
     HKEY key = nullptr;
-    if (RegOpenKeyExW(root, (kClasses + path).c_str(), 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS)
+    if (RegOpenKeyExW(root, PathOf(path).c_str(), 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS)
         return false;
     RegCloseKey(key);
     return true;
@@ -105,7 +111,7 @@ bool HasKey(HKEY root, const std::wstring& path)
 
 bool RemoveTree(HKEY root, const std::wstring& path)
 {
-    const LSTATUS removed = RegDeleteTreeW(root, (kClasses + path).c_str());
+    const LSTATUS removed = RegDeleteTreeW(root, PathOf(path).c_str());
     return removed == ERROR_SUCCESS || removed == ERROR_FILE_NOT_FOUND;
 }
 
@@ -113,14 +119,14 @@ bool RemoveTree(HKEY root, const std::wstring& path)
 void RemoveIfEmpty(HKEY root, const std::wstring& path)
 {
     HKEY key = nullptr;
-    if (RegOpenKeyExW(root, (kClasses + path).c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS)
+    if (RegOpenKeyExW(root, PathOf(path).c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS)
         return;
     DWORD keys = 1, values = 1;
     const LSTATUS known = RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr,
                                            nullptr, nullptr, nullptr);
     RegCloseKey(key);
     if (known == ERROR_SUCCESS && keys == 0 && values == 0)
-        RegDeleteKeyW(root, (kClasses + path).c_str());
+        RegDeleteKeyW(root, PathOf(path).c_str());
 }
 
 /// The type library's key is shared with the component for the other kind of processes.
@@ -138,7 +144,7 @@ bool RemoveAll(HKEY root)
         for (const std::wstring& tree :
              {L"CLSID\\" + Braced(offered.classId), Wide(offered.progId), L"Interface\\" + Braced(offered.interfaceId)})
             removed = RemoveTree(root, tree) && removed;
-    for (const wchar_t* folder : {L"CLSID", L"Interface", L"TypeLib"})
+    for (const wchar_t* folder : {L"CLSID", L"Interface", L"TypeLib", L""})
         RemoveIfEmpty(root, folder);
     return removed;
 }

@@ -22,4 +22,8 @@ private:
     ComRef<ITypeLib> m_library;
 };
 
+/// Whether a member may be called in that way (DISPATCH_METHOD and so on) with so many arguments. A member that isn't
+/// there may: that is for the call to find out.
+bool MayTake(ITypeInfo& described, DISPID member, WORD kind, UINT arguments);
+
 } // namespace sm::windows

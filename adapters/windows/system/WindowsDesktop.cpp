@@ -1,6 +1,7 @@
 #include "windows/automation/WideText.h"
 #include "windows/system/Attempted.h"
 #include "windows/system/CommonDialogs.h"
+#include "windows/system/OwnModule.h"
 #include "windows/system/WindowsSystem.h"
 
 #include <windows.h>

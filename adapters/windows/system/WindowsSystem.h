@@ -31,9 +31,4 @@ std::unique_ptr<IComponent> CreateComponent();
 /// Message boxes, file and colour dialogs, each modal over the window that `owner` gives; it may give none.
 std::unique_ptr<IDesktop> CreateWindowsDesktop(std::function<HWND()> owner);
 
-/// The module that this code was linked into.
-HMODULE OwnModule();
-/// Its full path.
-std::wstring OwnModulePath();
-
 } // namespace sm::windows

@@ -1,3 +1,4 @@
+#include "windows/system/OwnModule.h"
 #include "windows/system/WindowsSystem.h"
 
 #include <filesystem>
