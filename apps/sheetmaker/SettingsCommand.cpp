@@ -87,12 +87,13 @@ bool SettingsRun::MayDropSignatureFields()
     std::string names;
     for (const SignatureFieldEntry& field : fields)
         names += fmt::format("    {} ({})\r\n", field.FieldName, field.LayoutName);
-    const std::string text = fmt::format(
-        "This drawing has {}:\r\n{}\r\nThe settings dialog begins with an empty list in their place, and OK or Create "
-        "PDF keeps what the list then holds. {}\r\n\r\n\"sheetmaker sign\" changes signature fields one by one. Show "
-        "the settings dialog?",
-        fields.size() == 1 ? "a signature field" : fmt::format("{} signature fields", fields.size()), names,
-        WhatStays(m_drawing));
+    const std::string text =
+        fmt::format("This drawing has {}:\r\n{}\r\n"
+                    "The settings dialog begins with an empty list in their place, and OK or Create PDF\r\n"
+                    "keeps what the list then holds. {}\r\n\r\n"
+                    "\"sheetmaker sign\" changes signature fields one by one. Show the settings dialog?",
+                    fields.size() == 1 ? "a signature field" : fmt::format("{} signature fields", fields.size()), names,
+                    WhatStays(m_drawing));
     return m_screen.desktop.ShowMessage({text, kProductTitle, MessageButtons::OkCancel, MessageIcon::Exclamation,
                                          HelpFilePath(m_run.Context().surroundings), kHelpSignatureFields}) ==
            MessageAnswer::Ok;
