@@ -16,6 +16,16 @@ std::wstring TextOf(HWND window)
     return text;
 }
 
+/// A field is as high as its one line of text needs it, up to its place, in the middle of which it lies: text stands at
+/// the top of a field that is higher.
+RECT Centred(const RECT& place, LONG height)
+{
+    const LONG room = place.bottom - place.top, top = place.top + std::max(0L, (room - height) / 2);
+    return {place.left, top, place.right, top + std::min(room, height)};
+}
+
+constexpr LONG kFieldRim = 8; ///< pixels that borders and air above and below the text take
+
 /// What of an edit field's messages may move its caret.
 bool MayMoveCaret(UINT message)
 {
@@ -32,6 +42,15 @@ public:
     }
     [[nodiscard]] COLORREF Back() const override { return ColorOf(Shown().backColor); }
     [[nodiscard]] SIZE Needed(const FormFont& font) const override { return {0, font.Height() + 6}; }
+    void UseFont(const FormFont& font) override
+    {
+        ControlWindow::UseFont(font);
+        m_textHeight = font.Height();
+    }
+    void Place(const RECT& place, const FormUnits& units) override
+    {
+        ControlWindow::Place(Centred(place, m_textHeight + kFieldRim), units);
+    }
     void Entered() override { SendMessageW(Window(), EM_SETSEL, 0, -1); }
     void Command(int code) override
     {
@@ -81,6 +100,8 @@ private:
         SendMessageW(Window(), EM_SETSEL, caret, static_cast<LPARAM>(caret));
         SendMessageW(Window(), EM_SCROLLCARET, 0, 0);
     }
+
+    LONG m_textHeight = 0;
 };
 
 class ComboWindow final : public ControlWindow {
@@ -102,14 +123,12 @@ public:
     void Place(const RECT& place, const FormUnits& units) override
     {
         constexpr int kRowsOfList = 12;
-        const auto rowHeight = static_cast<int>(SendMessageW(Window(), CB_GETITEMHEIGHT, 0, 0));
-        ControlWindow::Place({place.left, place.top, place.right, place.bottom + kRowsOfList * rowHeight}, units);
-        RECT closed = {};
-        GetWindowRect(Window(), &closed);
-        const auto field = static_cast<LONG>(SendMessageW(Window(), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0));
-        const LONG wanted = field + (place.bottom - place.top) - (closed.bottom - closed.top);
-        if (wanted > 0 && wanted != field)
-            SendMessageW(Window(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), wanted);
+        const LONG room = place.bottom - place.top, text = m_font != nullptr ? m_font->Height() : room;
+        const LONG closed = Fold(std::min(room, text + kFieldRim));
+        const auto row = static_cast<LONG>(SendMessageW(Window(), CB_GETITEMHEIGHT, 0, 0));
+        RECT whole = Centred(place, closed);
+        whole.bottom += kRowsOfList * row;
+        ControlWindow::Place(whole, units);
     }
     void UseFont(const FormFont& font) override
     {
@@ -122,6 +141,21 @@ private:
     [[nodiscard]] std::int32_t Chosen() const
     {
         return static_cast<std::int32_t>(SendMessageW(Window(), CB_GETCURSEL, 0, 0));
+    }
+    /// Makes the closed box that high; gives how high it is then.
+    LONG Fold(LONG height)
+    {
+        constexpr auto kField = static_cast<WPARAM>(-1);
+        const auto measured = [this] {
+            RECT box = {};
+            GetWindowRect(Window(), &box);
+            return box.bottom - box.top;
+        };
+        const auto field = static_cast<LONG>(SendMessageW(Window(), CB_GETITEMHEIGHT, kField, 0));
+        const LONG wanted = field + height - measured();
+        if (wanted > 0 && wanted != field)
+            SendMessageW(Window(), CB_SETITEMHEIGHT, kField, wanted);
+        return measured();
     }
     void Apply(const FormControl& control, const FormControl& last) override
     {
