@@ -131,7 +131,7 @@ TEST_F(SettingsDialog, StoredSignatureFieldsAreTalkedAboutFirst)
     EXPECT_EQ(
         Short(messages[0].text),
         "This drawing has 2 signature fields:\r\n    Approval (A-201 Section)\r\n    Check (A-201 Section)\r\n\r\n"
-        "The settings dialog begins with an empty list in their place, and OK or Create PDF keeps what the list "
+        "The settings dialog begins with an empty list in their place, and OK or Create PDF\r\nkeeps what the list "
         "then holds. The drawing as it is now stays as\r\nhouse.dxf.bak\r\n\r\n\"sheetmaker sign\" changes "
         "signature fields one by one. Show the settings dialog?");
     EXPECT_EQ(messages[0].title, "Tarnwick Sheetmaker PDF");
