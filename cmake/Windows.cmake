@@ -13,6 +13,22 @@ target_link_libraries(windows PUBLIC plugin comctl32 comdlg32 gdi32 ole32 oleaut
 target_compile_options(windows PRIVATE ${SM_WARNINGS})
 add_subdirectory(adapters/windows/server)
 
+# What is handed out: an installer, and a zip of the same files.
+set(component $<TARGET_FILE:TwAcadPdf>)
+set(share ${CMAKE_SOURCE_DIR}/share/sheetmaker-pdf)
+set(SM_SETUP ${CMAKE_BINARY_DIR}/SheetmakerPdfAutoCAD-${PROJECT_VERSION}.exe)
+set(SM_ZIP ${CMAKE_BINARY_DIR}/SheetmakerPdfAutoCAD-${PROJECT_VERSION}.zip)
+set(packaging ${CMAKE_SOURCE_DIR}/packaging/windows)
+file(GLOB_RECURSE shipped CONFIGURE_DEPENDS ${share}/PC3/* ${share}/Settings/* ${share}/help/*)
+add_custom_command(OUTPUT ${SM_SETUP}
+    COMMAND makensis -V1 -DVERSION=${PROJECT_VERSION} -DCOMPONENT=${component} -DSHARE=${share}
+            -DLICENSE=${CMAKE_SOURCE_DIR}/LICENSE -DOUTPUT=${SM_SETUP} ${packaging}/installer.nsi
+    DEPENDS TwAcadPdf ${packaging}/installer.nsi ${shipped} VERBATIM)
+add_custom_command(OUTPUT ${SM_ZIP}
+    COMMAND ${packaging}/make-zip ${SM_ZIP} ${component} ${share} ${CMAKE_SOURCE_DIR}/LICENSE
+    DEPENDS TwAcadPdf ${packaging}/make-zip ${packaging}/ReadMe.txt ${shipped} VERBATIM)
+add_custom_target(installer ALL DEPENDS ${SM_SETUP} ${SM_ZIP})
+
 # Programs are run by Wine in a prefix of the build's own.
 set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_SOURCE_DIR}/tests/windows/run-wine ${CMAKE_BINARY_DIR}/wine)
 enable_testing()

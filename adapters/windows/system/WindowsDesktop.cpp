@@ -22,13 +22,14 @@ bool OpenWithShell(HWND owner, const std::wstring& target)
     return result > 32;
 }
 
-/// The pages of the install, where they are; else the help file by the system's own viewer.
+/// The page of the install, where it is; else the help file by the system's own viewer.
 bool OpenHelp(HWND owner, const std::string& helpFile, std::int32_t context)
 {
-    std::wstring page = OwnModulePath();
-    page = page.substr(0, page.find_last_of(L'\\') + 1) + L"help\\index.html";
+    const std::wstring module = OwnModulePath();
+    const std::wstring page =
+        module.substr(0, module.find_last_of(L'\\') + 1) + L"help\\topics\\c" + std::to_wstring(context) + L".html";
     if (GetFileAttributesW(page.c_str()) != INVALID_FILE_ATTRIBUTES)
-        return OpenWithShell(owner, L"file:///" + page + (context == 0 ? L"" : L"#c" + std::to_wstring(context)));
+        return OpenWithShell(owner, page);
     if (helpFile.empty())
         return false;
     return WinHelpW(owner, Wide(helpFile).c_str(), context == 0 ? HELP_FINDER : HELP_CONTEXT,

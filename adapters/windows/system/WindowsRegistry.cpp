@@ -3,12 +3,21 @@
 
 #include <windows.h>
 
+#include <cstring>
+
 namespace sm::windows {
 namespace {
 
 HKEY RootKey(RegistryRoot root)
 {
     return root == RegistryRoot::CurrentUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
+}
+
+/// What the installer writes for the machine; who installs for one user alone may write it only there.
+bool IsInstallFact(RegistryRoot root, const std::string& path)
+{
+    constexpr const char* kProduct = "Software\\Tarnwick Software\\";
+    return root == RegistryRoot::LocalMachine && _strnicmp(path.c_str(), kProduct, std::strlen(kProduct)) == 0;
 }
 
 RegistryKey FromHandle(HKEY handle)
@@ -26,9 +35,11 @@ public:
     std::optional<RegistryKey> OpenKey(RegistryRoot root, const std::string& path) override
     {
         HKEY key = nullptr;
-        if (RegOpenKeyA(RootKey(root), Encode(path).c_str(), &key) != ERROR_SUCCESS)
-            return std::nullopt;
-        return FromHandle(key);
+        const std::string name = Encode(path);
+        if (RegOpenKeyA(RootKey(root), name.c_str(), &key) == ERROR_SUCCESS ||
+            (IsInstallFact(root, name) && RegOpenKeyA(HKEY_CURRENT_USER, name.c_str(), &key) == ERROR_SUCCESS))
+            return FromHandle(key);
+        return std::nullopt;
     }
 
     std::optional<RegistryKey> CreateKey(RegistryRoot root, const std::string& path) override

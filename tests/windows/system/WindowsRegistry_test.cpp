@@ -71,5 +71,21 @@ TEST(WindowsRegistry, ReachesTheMachinesKeys)
     EXPECT_FALSE(registry->OpenKey(kUser, "Software\\Microsoft\\Windows NT\\No such key"));
 }
 
+TEST(WindowsRegistry, FindsTheInstallersFactsOfAUser)
+{
+    constexpr auto kMachine = RegistryRoot::LocalMachine;
+    const std::string product = "Software\\Tarnwick Software\\Test";
+    const auto registry = Fresh();
+    ASSERT_TRUE(WriteText(*registry, product, "HelpFile", "of the user"));
+    EXPECT_EQ(ReadText(*registry, product, "HelpFile", kMachine), std::string("of the user\0", 12));
+    ASSERT_TRUE(WriteText(*registry, product, "HelpFile", "of the machine", kMachine));
+    EXPECT_EQ(ReadText(*registry, product, "HelpFile", kMachine), std::string("of the machine\0", 15));
+    for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
+        RegDeleteTreeA(root, product.c_str());
+        RegDeleteKeyA(root, "Software\\Tarnwick Software");
+    }
+    EXPECT_EQ(ReadText(*registry, product, "HelpFile", kMachine), "(none)");
+}
+
 } // namespace
 } // namespace sm::windows

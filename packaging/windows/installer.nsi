@@ -1,0 +1,134 @@
+; The installer of the component: for the machine or for one user, chosen on its second page or by /AllUsers and
+; /CurrentUser; silent with /S. Built by CMake's target "installer", which gives VERSION, COMPONENT, SHARE and OUTPUT.
+Target amd64-unicode
+Unicode true
+SetCompressor /SOLID lzma
+
+!define PRODUCT "Sheetmaker PDF for AutoCAD"
+!define PRODUCT_KEY "Software\Tarnwick Software\Sheetmaker PDF"
+!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\SheetmakerPdfAutoCAD"
+
+!define MULTIUSER_EXECUTIONLEVEL Highest
+!define MULTIUSER_MUI
+!define MULTIUSER_INSTALLMODE_COMMANDLINE
+!define MULTIUSER_USE_PROGRAMFILES64
+!define MULTIUSER_INSTALLMODE_INSTDIR "Tarnwick Software\Sheetmaker PDF\AutoCAD"
+!define MULTIUSER_INSTALLMODE_INSTDIR_REGISTRY_KEY "${UNINSTALL_KEY}"
+!define MULTIUSER_INSTALLMODE_INSTDIR_REGISTRY_VALUENAME "InstallLocation"
+!define MULTIUSER_INSTALLMODE_DEFAULT_REGISTRY_KEY "${UNINSTALL_KEY}"
+!define MULTIUSER_INSTALLMODE_DEFAULT_REGISTRY_VALUENAME "InstallLocation"
+!include MultiUser.nsh
+!include MUI2.nsh
+!include LogicLib.nsh
+
+Var Given
+Name "${PRODUCT}"
+OutFile "${OUTPUT}"
+VIProductVersion "${VERSION}.0"
+VIAddVersionKey ProductName "Tarnwick Sheetmaker PDF"
+VIAddVersionKey CompanyName "Tarnwick Software"
+VIAddVersionKey FileDescription "Installs ${PRODUCT}"
+VIAddVersionKey FileVersion "${VERSION}"
+VIAddVersionKey ProductVersion "${VERSION}"
+VIAddVersionKey LegalCopyright "Tarnwick Software"
+
+!insertmacro MUI_PAGE_LICENSE "${LICENSE}"
+!insertmacro MULTIUSER_PAGE_INSTALLMODE
+!insertmacro MUI_PAGE_DIRECTORY
+!insertmacro MUI_PAGE_INSTFILES
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE "English"
+
+Function .onInit
+    SetRegView 64
+    ; A folder given by /D goes before that of the chosen mode.
+    StrCpy $Given $INSTDIR
+    !insertmacro MULTIUSER_INIT
+    ${If} $Given != ""
+        StrCpy $INSTDIR $Given
+    ${EndIf}
+FunctionEnd
+
+Function un.onInit
+    SetRegView 64
+    !insertmacro MULTIUSER_UNINIT
+    ; Whose installation this is was written down beside it: the command line need not tell.
+    ReadINIStr $0 "$INSTDIR\install.ini" "Install" "Mode"
+    ${If} $0 == "CurrentUser"
+        Call un.MultiUser.InstallMode.CurrentUser
+    ${ElseIf} $0 == "AllUsers"
+        Call un.MultiUser.InstallMode.AllUsers
+    ${EndIf}
+FunctionEnd
+
+!macro Regsvr32 OPTIONS
+    ExecWait '"$SYSDIR\regsvr32.exe" /s ${OPTIONS} "$INSTDIR\TwAcadPdf.dll"' $0
+!macroend
+
+Section "Install"
+    SetOutPath "$INSTDIR"
+    File "${COMPONENT}"
+    File "/oname=License.txt" "${LICENSE}"
+    SetOutPath "$INSTDIR\PC3"
+    File "${SHARE}/PC3/*.pc3"
+    SetOutPath "$INSTDIR\Settings"
+    File "${SHARE}/Settings/*.joboptions"
+    SetOutPath "$INSTDIR\help"
+    File /r "${SHARE}/help/*.*"
+    WriteINIStr "$INSTDIR\install.ini" "Install" "Mode" "$MultiUser.InstallMode"
+    WriteUninstaller "$INSTDIR\Uninstall.exe"
+
+    WriteRegStr SHCTX "${PRODUCT_KEY}" "Version" "${VERSION}"
+    WriteRegStr SHCTX "${PRODUCT_KEY}\AutoCAD" "HelpFile" "$INSTDIR\help\index.html"
+    WriteRegStr SHCTX "${PRODUCT_KEY}\AutoCAD" "SettingsFolder" "$INSTDIR\Settings"
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayName" "${PRODUCT}"
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "Publisher" "Tarnwick Software"
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\Uninstall.exe"'
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\Uninstall.exe" /S'
+    WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoModify" 1
+    WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoRepair" 1
+
+    ${If} $MultiUser.InstallMode == "CurrentUser"
+        !insertmacro Regsvr32 "/n /i:user"
+    ${Else}
+        !insertmacro Regsvr32 ""
+    ${EndIf}
+    ${If} $0 != 0
+        SetErrorLevel 2
+        MessageBox MB_OK|MB_ICONSTOP "The component could not be registered ($0)." /SD IDOK
+    ${EndIf}
+SectionEnd
+
+; The settings that users made stay: they are theirs.
+Section "Uninstall"
+    ${If} $MultiUser.InstallMode == "CurrentUser"
+        !insertmacro Regsvr32 "/u /n /i:user"
+    ${Else}
+        !insertmacro Regsvr32 "/u"
+    ${EndIf}
+    Delete "$INSTDIR\TwAcadPdf.dll"
+    Delete "$INSTDIR\License.txt"
+    Delete "$INSTDIR\install.ini"
+    Delete "$INSTDIR\PC3\Tarnwick PS*.pc3"
+    RMDir "$INSTDIR\PC3"
+    Delete "$INSTDIR\Settings\*.joboptions"
+    RMDir "$INSTDIR\Settings"
+    RMDir /r "$INSTDIR\help"
+    Delete "$INSTDIR\Uninstall.exe"
+    RMDir "$INSTDIR"
+
+    DeleteRegValue SHCTX "${PRODUCT_KEY}\AutoCAD" "HelpFile"
+    DeleteRegValue SHCTX "${PRODUCT_KEY}\AutoCAD" "SettingsFolder"
+    DeleteRegKey /ifempty SHCTX "${PRODUCT_KEY}\AutoCAD"
+    DeleteRegValue SHCTX "${PRODUCT_KEY}" "Version"
+    DeleteRegKey /ifempty SHCTX "${PRODUCT_KEY}"
+    DeleteRegKey /ifempty SHCTX "Software\Tarnwick Software"
+    DeleteRegKey SHCTX "${UNINSTALL_KEY}"
+    ${If} $MultiUser.InstallMode == "CurrentUser"
+        ; A user's first program of this kind has made it.
+        DeleteRegKey /ifempty HKCU "Software\Microsoft\Windows\CurrentVersion\Uninstall"
+    ${EndIf}
+SectionEnd
