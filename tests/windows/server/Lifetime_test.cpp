@@ -103,5 +103,24 @@ TEST(Lifetime, TenThousandRoundsLeaveNothingBehind)
     EXPECT_EQ(component.CanUnload(), S_OK);
 }
 
+/// The suite's readers leave the key of each value that they read open.
+TEST(Lifetime, EachSettingThatIsReadKeepsOneKeyOpen)
+{
+    const Apartment apartment;
+    const LoadedComponent component;
+    const auto plugin = component.Make<::IPlugin>(__uuidof(::cPlugin));
+    LONG value = 0;
+    ASSERT_EQ(plugin->put_WhatToPlot(1), S_OK);
+    ASSERT_EQ(plugin->get_WhatToPlot(&value), S_OK);
+    const std::size_t handles = CountHandles();
+    for (int i = 0; i < 100; ++i)
+        ASSERT_EQ(plugin->get_WhatToPlot(&value), S_OK);
+    EXPECT_EQ(CountHandles(), handles + 100);
+    for (int i = 0; i < 100; ++i)
+        ASSERT_EQ(plugin->put_WhatToPlot(1), S_OK);
+    EXPECT_EQ(CountHandles(), handles + 100);
+    RegDeleteTreeA(HKEY_CURRENT_USER, "Software\\Tarnwick Software");
+}
+
 } // namespace
 } // namespace sm::windows
