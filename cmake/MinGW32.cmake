@@ -1,0 +1,3 @@
+# The component for 32-bit processes: built and packed, never run here.
+set(SM_MACHINE i686)
+include(${CMAKE_CURRENT_LIST_DIR}/MinGW.cmake)
