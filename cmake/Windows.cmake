@@ -19,14 +19,17 @@ set(share ${CMAKE_SOURCE_DIR}/share/sheetmaker-pdf)
 set(SM_SETUP ${CMAKE_BINARY_DIR}/SheetmakerPdfAutoCAD-${PROJECT_VERSION}.exe)
 set(SM_ZIP ${CMAKE_BINARY_DIR}/SheetmakerPdfAutoCAD-${PROJECT_VERSION}.zip)
 set(packaging ${CMAKE_SOURCE_DIR}/packaging/windows)
+# That of the other preset goes along, under a name of its own, when it has been built.
+set(component32 ${CMAKE_SOURCE_DIR}/build/windows32/adapters/windows/server/TwAcadPdf.dll)
+file(GLOB built32 CONFIGURE_DEPENDS ${component32})
 file(GLOB_RECURSE shipped CONFIGURE_DEPENDS ${share}/PC3/* ${share}/Settings/* ${share}/help/*)
 add_custom_command(OUTPUT ${SM_SETUP}
-    COMMAND makensis -V1 -DVERSION=${PROJECT_VERSION} -DCOMPONENT=${component} -DSHARE=${share}
+    COMMAND makensis -V1 -DVERSION=${PROJECT_VERSION} -DCOMPONENT=${component} -DCOMPONENT32=${component32} -DSHARE=${share}
             -DLICENSE=${CMAKE_SOURCE_DIR}/LICENSE -DOUTPUT=${SM_SETUP} ${packaging}/installer.nsi
-    DEPENDS TwAcadPdf ${packaging}/installer.nsi ${shipped} VERBATIM)
+    DEPENDS TwAcadPdf ${built32} ${packaging}/installer.nsi ${shipped} VERBATIM)
 add_custom_command(OUTPUT ${SM_ZIP}
-    COMMAND ${packaging}/make-zip ${SM_ZIP} ${component} ${share} ${CMAKE_SOURCE_DIR}/LICENSE
-    DEPENDS TwAcadPdf ${packaging}/make-zip ${packaging}/ReadMe.txt ${shipped} VERBATIM)
+    COMMAND ${packaging}/make-zip ${SM_ZIP} ${component} ${component32} ${share} ${CMAKE_SOURCE_DIR}/LICENSE
+    DEPENDS TwAcadPdf ${built32} ${packaging}/make-zip ${packaging}/ReadMe.txt ${shipped} VERBATIM)
 add_custom_target(installer ALL DEPENDS ${SM_SETUP} ${SM_ZIP})
 
 # Programs are run by Wine in a prefix of the build's own.

@@ -1,5 +1,6 @@
 ; The installer of the component: for the machine or for one user, chosen on its second page or by /AllUsers and
-; /CurrentUser; silent with /S. Built by CMake's target "installer", which gives VERSION, COMPONENT, SHARE and OUTPUT.
+; /CurrentUser; silent with /S. Built by CMake's target "installer", which gives VERSION, COMPONENT,
+; COMPONENT32 (which need not be there), SHARE, LICENSE and OUTPUT.
 Target amd64-unicode
 Unicode true
 SetCompressor /SOLID lzma
@@ -66,9 +67,35 @@ FunctionEnd
     ExecWait '"$SYSDIR\regsvr32.exe" /s ${OPTIONS} "$INSTDIR\TwAcadPdf.dll"' $0
 !macroend
 
+; The component of 32-bit processes lies beside the other one; their own regsvr32 makes it known to them.
+!macro Regsvr32Other OPTIONS
+    ${If} ${FileExists} "$INSTDIR\TwAcadPdf32.dll"
+    ${AndIf} ${FileExists} "$WINDIR\SysWOW64\regsvr32.exe"
+        ExecWait '"$WINDIR\SysWOW64\regsvr32.exe" /s ${OPTIONS} "$INSTDIR\TwAcadPdf32.dll"'
+    ${EndIf}
+!macroend
+
+!macro WriteFacts
+    WriteRegStr SHCTX "${PRODUCT_KEY}" "Version" "${VERSION}"
+    WriteRegStr SHCTX "${PRODUCT_KEY}\AutoCAD" "HelpFile" "$INSTDIR\help\index.html"
+    WriteRegStr SHCTX "${PRODUCT_KEY}\AutoCAD" "SettingsFolder" "$INSTDIR\Settings"
+!macroend
+
+!macro DeleteFacts
+    DeleteRegValue SHCTX "${PRODUCT_KEY}\AutoCAD" "HelpFile"
+    DeleteRegValue SHCTX "${PRODUCT_KEY}\AutoCAD" "SettingsFolder"
+    DeleteRegKey /ifempty SHCTX "${PRODUCT_KEY}\AutoCAD"
+    DeleteRegValue SHCTX "${PRODUCT_KEY}" "Version"
+    DeleteRegKey /ifempty SHCTX "${PRODUCT_KEY}"
+    DeleteRegKey /ifempty SHCTX "Software\Tarnwick Software"
+!macroend
+
 Section "Install"
     SetOutPath "$INSTDIR"
     File "${COMPONENT}"
+    !if /FileExists "${COMPONENT32}"
+        File "/oname=TwAcadPdf32.dll" "${COMPONENT32}"
+    !endif
     File "/oname=License.txt" "${LICENSE}"
     SetOutPath "$INSTDIR\PC3"
     File "${SHARE}/PC3/*.pc3"
@@ -79,9 +106,11 @@ Section "Install"
     WriteINIStr "$INSTDIR\install.ini" "Install" "Mode" "$MultiUser.InstallMode"
     WriteUninstaller "$INSTDIR\Uninstall.exe"
 
-    WriteRegStr SHCTX "${PRODUCT_KEY}" "Version" "${VERSION}"
-    WriteRegStr SHCTX "${PRODUCT_KEY}\AutoCAD" "HelpFile" "$INSTDIR\help\index.html"
-    WriteRegStr SHCTX "${PRODUCT_KEY}\AutoCAD" "SettingsFolder" "$INSTDIR\Settings"
+    !insertmacro WriteFacts
+    ; Programs of 32 bits see keys of the machine of their own.
+    SetRegView 32
+    !insertmacro WriteFacts
+    SetRegView 64
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayName" "${PRODUCT}"
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "Publisher" "Tarnwick Software"
@@ -92,8 +121,10 @@ Section "Install"
     WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoRepair" 1
 
     ${If} $MultiUser.InstallMode == "CurrentUser"
+        !insertmacro Regsvr32Other "/n /i:user"
         !insertmacro Regsvr32 "/n /i:user"
     ${Else}
+        !insertmacro Regsvr32Other ""
         !insertmacro Regsvr32 ""
     ${EndIf}
     ${If} $0 != 0
@@ -106,10 +137,13 @@ SectionEnd
 Section "Uninstall"
     ${If} $MultiUser.InstallMode == "CurrentUser"
         !insertmacro Regsvr32 "/u /n /i:user"
+        !insertmacro Regsvr32Other "/u /n /i:user"
     ${Else}
         !insertmacro Regsvr32 "/u"
+        !insertmacro Regsvr32Other "/u"
     ${EndIf}
     Delete "$INSTDIR\TwAcadPdf.dll"
+    Delete "$INSTDIR\TwAcadPdf32.dll"
     Delete "$INSTDIR\License.txt"
     Delete "$INSTDIR\install.ini"
     Delete "$INSTDIR\PC3\Tarnwick PS*.pc3"
@@ -120,12 +154,10 @@ Section "Uninstall"
     Delete "$INSTDIR\Uninstall.exe"
     RMDir "$INSTDIR"
 
-    DeleteRegValue SHCTX "${PRODUCT_KEY}\AutoCAD" "HelpFile"
-    DeleteRegValue SHCTX "${PRODUCT_KEY}\AutoCAD" "SettingsFolder"
-    DeleteRegKey /ifempty SHCTX "${PRODUCT_KEY}\AutoCAD"
-    DeleteRegValue SHCTX "${PRODUCT_KEY}" "Version"
-    DeleteRegKey /ifempty SHCTX "${PRODUCT_KEY}"
-    DeleteRegKey /ifempty SHCTX "Software\Tarnwick Software"
+    !insertmacro DeleteFacts
+    SetRegView 32
+    !insertmacro DeleteFacts
+    SetRegView 64
     DeleteRegKey SHCTX "${UNINSTALL_KEY}"
     ${If} $MultiUser.InstallMode == "CurrentUser"
         ; A user's first program of this kind has made it.
