@@ -126,6 +126,7 @@ void ModalShowing::End()
     if (m_hasDisabled)
         EnableWindow(m_owner, TRUE); // before the dialog goes: else another program would come to the front
     ShowWindow(m_dialog, SW_HIDE);
+    SetWindowLongPtrW(m_dialog, GWLP_HWNDPARENT, 0); // an owner that goes would take it along
     if (!wasActive || m_owner == nullptr || IsWindow(m_owner) == FALSE)
         return;
     SetForegroundWindow(m_owner);

@@ -1,5 +1,6 @@
 // The settings dialog driven by messages from another process.
 #include "FormWalk.h"
+#include "RecordingForm.h"
 
 #include "ui/frmAttach.h"
 #include "ui/frmGUITap.h"
@@ -80,6 +81,26 @@ TEST_F(OtherProcess, ClosesAPicker)
 {
     const DriverProcess driver("window \"Tarnwick Sheetmaker PDF\" close");
     EXPECT_EQ(windows->PickPlotStyle({"first"}), std::nullopt);
+    EXPECT_EQ(driver.Result(), 0U);
+}
+
+TEST_F(OtherProcess, WaitsWhileAFormIsUpOverItsWindow)
+{
+    const DriverProcess driver("own \"Some host\"");
+    HWND owner = nullptr;
+    for (int i = 0; i < 500 && owner == nullptr; ++i) {
+        owner = FindWindowW(nullptr, L"Some host");
+        Sleep(10);
+    }
+    ASSERT_NE(owner, nullptr);
+    RecordingForm form;
+    form.owner = owner;
+    form.Show([&] {
+        EXPECT_FALSE(IsWindowEnabled(owner));
+        EXPECT_EQ(GetWindow(form.user.Window(), GW_OWNER), owner);
+    });
+    EXPECT_TRUE(IsWindowEnabled(owner));
+    PostMessageW(owner, WM_CLOSE, 0, 0);
     EXPECT_EQ(driver.Result(), 0U);
 }
 

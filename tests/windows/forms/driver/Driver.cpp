@@ -3,7 +3,8 @@
 //     drive_forms window TITLE click ID text ID TEXT choose ID POSITION page ID POSITION expect ID TEXT close
 //
 // `window` waits for a visible window with that title that takes input, which the commands behind it are for; `text`
-// leaves the field, too. Gives 0, or the number of the command that failed.
+// leaves the field, too. `own TITLE` shows a window of this program's, until it is closed. Gives 0, or the number of
+// the command that failed.
 #include <string>
 #include <vector>
 
@@ -14,6 +15,17 @@
 namespace {
 
 constexpr int kMostTries = 500; ///< of 10 ms each
+
+/// Whether the window could be made.
+bool OwnWindow(const std::string& title)
+{
+    const HWND window = CreateWindowA("STATIC", title.c_str(), WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50, 500, 300,
+                                      nullptr, nullptr, nullptr, nullptr);
+    MSG message = {};
+    while (window != nullptr && IsWindow(window) && GetMessageA(&message, nullptr, 0, 0) > 0)
+        DispatchMessageA(&message);
+    return window != nullptr;
+}
 
 HWND WaitForWindow(const std::string& title)
 {
@@ -48,6 +60,8 @@ public:
         const auto next = [&] { return at < words.size() ? words[at++] : std::string(); };
         if (command == "window")
             return (m_window = WaitForWindow(next())) != nullptr;
+        if (command == "own")
+            return OwnWindow(next());
         if (command == "close")
             return PostMessageA(m_window, WM_CLOSE, 0, 0) != FALSE;
         const HWND control = Find(std::atoi(next().c_str()));
