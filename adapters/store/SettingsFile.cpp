@@ -132,6 +132,7 @@ bool SettingsFile::Ready(Database::Mode mode)
         if (mode == Database::Mode::Create)
             MakeFolder(m_file.parent_path());
         auto database = std::make_unique<Database>(m_file.string(), mode);
+        m_fileNumber = number != 0 ? number : FileNumber(m_file);
         const std::string damage = DamageOf(*database);
         if (!damage.empty()) {
             database.reset();
@@ -140,7 +141,6 @@ bool SettingsFile::Ready(Database::Mode mode)
         }
         database->Run("PRAGMA synchronous = NORMAL");
         m_database = std::move(database);
-        m_fileNumber = FileNumber(m_file);
     }
     const std::int64_t version = m_database->Number("PRAGMA user_version");
     if (version == 0 && mode == Database::Mode::Create) {
@@ -156,17 +156,24 @@ bool SettingsFile::Ready(Database::Mode mode)
 
 bool SettingsFile::Do(Database::Mode mode, const Work& work)
 {
+    constexpr int kAttempts = 6;
+    bool mended = false;
     try {
-        for (int attempt = 0; attempt < 2; ++attempt) {
+        for (int attempt = 1;; ++attempt) {
             try {
                 if (!Ready(mode))
                     return false;
                 work(*m_database);
                 return true;
             } catch (const DatabaseError& error) {
-                if (!error.MeansDamage() || attempt > 0)
+                // Another process has put the file aside that this one had just opened.
+                const bool moved = FileNumber(m_file) != m_fileNumber;
+                m_database.reset();
+                if (attempt == kAttempts || (!moved && (mended || !error.MeansDamage())))
                     throw;
-                PutAside("it is damaged");
+                if (!moved)
+                    PutAside("it is damaged");
+                mended = mended || !moved;
             }
         }
     } catch (const std::exception& error) {
