@@ -1,5 +1,7 @@
 #include "doubles/CallTape.h"
 
+#include "doubles/Journal.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -17,7 +19,10 @@ void CallTape::Call(const std::string& object, const std::string& objectName, co
 {
     const std::string name = object + "." + operation;
     const std::string owner = objectName.empty() ? object : object + "(" + objectName + ")";
+    if (!keepsCalls)
+        calls.clear();
     calls.push_back(owner + "." + operation + (arguments.empty() ? "" : " " + arguments));
+    NoteInJournal(calls.back());
     if (faults != nullptr && faults->ShouldFail())
         throw HostError(name + " was made to fail");
     const auto found = m_failures.find(name);

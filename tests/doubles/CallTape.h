@@ -16,6 +16,8 @@ public:
     FaultPlan* faults = nullptr;
     /// "Layout(Layout1).SetPlotType 5": object, its name in brackets when it has one, operation, arguments.
     std::vector<std::string> calls;
+    /// False: only the last call is kept, as where thousands of runs are made.
+    bool keepsCalls = true;
 
     /// Makes the call `name` ("Layout.SetPlotType") fail with `description`, after `skip` good ones, `times` times
     /// (-1: always).

@@ -1,5 +1,6 @@
 #include "doubles/RecordingLibrary.h"
 
+#include "doubles/Crossing.h"
 #include "doubles/ProducedTexts.h"
 
 #include <array>
@@ -187,13 +188,13 @@ void RecordingLibrary::NoteLine(const std::string& text)
 std::shared_ptr<IPubDoc> RecordingLibrary::CreatePubDoc()
 {
     tape.Call("Library", "", "CreatePubDoc");
-    return std::make_shared<RecordingPubDoc>(*this);
+    return CrossingInForce()->Over(Crossing::PubDoc(std::make_shared<RecordingPubDoc>(*this)));
 }
 
 std::shared_ptr<IConversionLog> RecordingLibrary::CreateConversionLog()
 {
     tape.Call("Library", "", "CreateConversionLog");
-    return std::make_shared<RecordingLog>(*this);
+    return CrossingInForce()->Over(Crossing::Log(std::make_shared<RecordingLog>(*this)));
 }
 
 } // namespace sm

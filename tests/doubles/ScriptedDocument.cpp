@@ -175,14 +175,14 @@ public:
     std::shared_ptr<IAcadLayout> Item(std::int32_t index) override
     {
         Call("Item", std::to_string(index));
-        return m_host.Layout(m_facts->Layouts[Position(index, m_facts->Layouts)]);
+        return m_host.OwnLayout(m_facts->Layouts[Position(index, m_facts->Layouts)]);
     }
     std::shared_ptr<IAcadLayout> Item(const std::string& name) override
     {
         Call("Item", name);
         for (const auto& layout : m_facts->Layouts) {
             if (SameName(layout->Name, name))
-                return m_host.Layout(layout);
+                return m_host.OwnLayout(layout);
         }
         throw HostError("Key not found");
     }
@@ -196,7 +196,7 @@ public:
         Call("Item", name);
         for (BlockFacts& block : m_facts->Blocks) {
             if (SameName(block.Name, name))
-                return m_host.Block(std::shared_ptr<BlockFacts>(m_facts, &block));
+                return m_host.OwnBlock(std::shared_ptr<BlockFacts>(m_facts, &block));
         }
         throw HostError("Key not found");
     }
@@ -209,7 +209,7 @@ public:
     std::shared_ptr<IAcadApplication> Application() override
     {
         Call("Application");
-        return m_host.Application();
+        return m_host.OwnApplication();
     }
     std::string Name() override { return Get("Name", m_facts->Name); }
     std::string FullName() override { return Get("FullName", m_facts->FullName); }
@@ -226,7 +226,7 @@ public:
     std::shared_ptr<IAcadLayout> ActiveLayout() override
     {
         Call("ActiveLayout");
-        return m_host.Layout(m_facts->ActiveLayout);
+        return m_host.OwnLayout(m_facts->ActiveLayout);
     }
     void SetActiveLayout(const std::shared_ptr<IAcadLayout>& layout) override
     {
@@ -287,7 +287,7 @@ private:
 
 } // namespace
 
-std::shared_ptr<IAcadDocument> ScriptedHost::Document(const std::shared_ptr<DocumentFacts>& document)
+std::shared_ptr<IAcadDocument> ScriptedHost::OwnDocument(const std::shared_ptr<DocumentFacts>& document)
 {
     return document == nullptr ? nullptr : std::make_shared<ScriptedDocument>(*this, document);
 }

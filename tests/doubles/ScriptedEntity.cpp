@@ -173,7 +173,7 @@ private:
 
 } // namespace
 
-std::shared_ptr<IAcadBlock> ScriptedHost::Block(const std::shared_ptr<BlockFacts>& block)
+std::shared_ptr<IAcadBlock> ScriptedHost::OwnBlock(const std::shared_ptr<BlockFacts>& block)
 {
     return block == nullptr ? nullptr : std::make_shared<ScriptedBlock>(*this, block);
 }

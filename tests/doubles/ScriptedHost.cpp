@@ -69,7 +69,7 @@ public:
         m_host.tape.Call("Documents", "", "Item", std::to_string(index));
         if (index < 0 || index >= static_cast<std::int32_t>(m_host.facts.Documents.size()))
             throw HostError("Invalid index");
-        return m_host.Document(m_host.facts.Documents[static_cast<std::size_t>(index)]);
+        return m_host.OwnDocument(m_host.facts.Documents[static_cast<std::size_t>(index)]);
     }
     std::shared_ptr<IAcadDocument> Open(const std::string& fileName) override
     {
@@ -78,7 +78,7 @@ public:
         if (found == m_host.facts.Files.end())
             throw HostError("File not found");
         m_host.facts.Documents.push_back(found->second);
-        return m_host.Document(found->second);
+        return m_host.OwnDocument(found->second);
     }
 
 private:
@@ -92,7 +92,7 @@ public:
     std::shared_ptr<IAcadDocument> ActiveDocument() override
     {
         m_host.tape.Call("Application", "", "ActiveDocument");
-        return m_host.Document(m_host.facts.ActiveDocument);
+        return m_host.OwnDocument(m_host.facts.ActiveDocument);
     }
     std::shared_ptr<IAcadDocuments> Documents() override
     {
@@ -119,7 +119,7 @@ std::shared_ptr<DocumentFacts> ScriptedHost::AddDocument(const DocumentFacts& do
     return facts.Documents.back();
 }
 
-std::shared_ptr<IAcadApplication> ScriptedHost::Application()
+std::shared_ptr<IAcadApplication> ScriptedHost::OwnApplication()
 {
     return std::make_shared<ScriptedApplication>(*this);
 }

@@ -28,7 +28,7 @@ public:
     std::shared_ptr<IAcadBlock> Block() override
     {
         Call("Block");
-        return m_host.Block(std::shared_ptr<BlockFacts>(m_facts, &m_facts->Block));
+        return m_host.OwnBlock(std::shared_ptr<BlockFacts>(m_facts, &m_facts->Block));
     }
 
     std::string ConfigName() override { return Get("ConfigName", m_facts->ConfigName); }
@@ -209,7 +209,7 @@ private:
 
 } // namespace
 
-std::shared_ptr<IAcadLayout> ScriptedHost::Layout(const std::shared_ptr<LayoutFacts>& layout)
+std::shared_ptr<IAcadLayout> ScriptedHost::OwnLayout(const std::shared_ptr<LayoutFacts>& layout)
 {
     return layout == nullptr ? nullptr : std::make_shared<ScriptedLayout>(*this, layout);
 }

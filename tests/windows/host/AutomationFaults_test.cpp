@@ -1,0 +1,79 @@
+// Every host and library call of a conversion fails in turn, in each of the ways in which automation fails.
+#include "doubles/FaultSweep.h"
+#include "plugin/cPlugin.h"
+#include "windows/testhost/TestObject.h"
+
+#include <tuple>
+
+namespace sm {
+namespace {
+
+using testhost::Failure;
+
+struct Kind {
+    const char* name;
+    Failure failure;
+    bool isTold; ///< the caller sees that the call failed, whatever it asked for
+};
+
+class AutomationFaultSweep : public testing::TestWithParam<std::tuple<Kind, FaultySide>> {
+protected:
+    ~AutomationFaultSweep() override { testhost::ShowFailuresAs(Failure::Exception); }
+};
+
+void Prepare(HouseParts& house)
+{
+    house.PutSetting("PromptForFileName", "0");
+    house.PutSetting("WhatToPlot", "1");
+    house.annotations.marksToQueue = 2;
+}
+
+void ExpectItStillWorks(HouseParts& house)
+{
+    ExpectCallEnded(house);
+    house.library.tape.calls.clear();
+    (void)house.library.TakeLog();
+    cPlugin plugin(house.context);
+    ASSERT_EQ(plugin.Initialize(house.host.Application()), kTrue);
+    plugin.ConvertToPDF(3);
+    const std::vector<std::string> log = house.library.TakeLog();
+    ASSERT_FALSE(log.empty());
+    EXPECT_EQ(log.back(), "PDF FILE SAVED");
+    EXPECT_EQ(house.library.tape.CallsOf("PubDoc.SaveToPdf").size(), 1U);
+}
+
+const auto kName = [](const auto& info) {
+    return std::string(std::get<0>(info.param).name) + "Of" + NameOf(std::get<1>(info.param));
+};
+
+TEST_P(AutomationFaultSweep, NothingEscapesAndTheObjectStillWorks)
+{
+    const auto& [kind, side] = GetParam();
+    const bool isTold = kind.isTold;
+    testhost::ShowFailuresAs(kind.failure);
+    const long before = testhost::TestObject::Alive();
+    SweepFaults(side, {Prepare,
+                       [](HouseParts& house) {
+                           cPlugin plugin(house.context);
+                           EXPECT_EQ(plugin.Initialize(house.host.Application()), kTrue);
+                           plugin.ConvertToPDF(1);
+                       },
+                       [isTold](HouseParts& house) {
+                           if (isTold)
+                               ExpectPlotterFolderKept(house);
+                           ExpectItStillWorks(house);
+                       }});
+    EXPECT_EQ(testhost::TestObject::Alive(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Conversion, AutomationFaultSweep,
+                         testing::Combine(testing::Values(Kind{"Exception", Failure::Exception, true},
+                                                          Kind{"Unspecified", Failure::Unspecified, true},
+                                                          Kind{"Disconnected", Failure::Disconnected, true},
+                                                          Kind{"WrongType", Failure::WrongType, false},
+                                                          Kind{"EmptyArray", Failure::EmptyArray, false}),
+                                          testing::Values(FaultySide::Host, FaultySide::Library)),
+                         kName);
+
+} // namespace
+} // namespace sm
