@@ -1,0 +1,137 @@
+#!/usr/bin/python3
+"""Installs the component as a user does, has scripts convert the active drawing of the test host, and takes it away again.
+
+    convert_by_script.py RUN-WINE FOLDER SETUP TEST-HOST-DLL SCRIPTS
+
+FOLDER gets a Wine prefix of its own. Of each script the log lines and the publishing calls are compared, whole. Scripts end
+with exit code 7, since the script host gives 0 for a script that failed, too.
+"""
+import os
+import re
+import shutil
+import subprocess
+import sys
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+DRIVERS = os.path.join(HERE, "..", "..", "share", "sheetmaker-pdf", "Drivers")
+SCRIPT_REACHED_ITS_END = 7
+SCENARIO = "drawing C:\\Jobs\\Plan.dwg\ndrivers C:\\Host\\Drivers\nplotters C:\\Host\\Plotters\npc3 C:\\SM\\PC3\n"
+LOG = r"""PLUGIN STARTING PDF FILE: C:\Jobs\Plan.pdf
+USE NATIVE PAGE SETUP FOR GROUND
+  Original Profile Name: Unnamed Profile
+  Original PrinterConfigPath: C:\Host\Plotters
+  Set PrinterConfigPath To: C:\SM\PC3
+  Layout Tab: Ground
+  PlotWithPlotStyles: 1
+  ShowPlotStyles: 0
+  PlotHidden: 0
+  PlotViewportBorders: 0
+  PlotWithLineWeights: 1
+  ScaleLineWeights: 0
+  PlotViewportsFirst: 1
+  StyleSheet Requested: Florida.ctb
+  StyleSheet Used: Florida.ctb
+  PrinterConfigPath: C:\SM\PC3
+  DriversPath: C:\Host\Drivers
+  ConfigName: Tarnwick PS8 HighRes.pc3
+  CanonicalMediaName: ISO_A3_(420.00_x_297.00_MM)
+  PaperWidth: 420
+  PaperHeigth: 297
+  PlotRotation: 0
+  Window LowerLeft: 0 0
+  Window UpperRight: 0 0
+  PlotType: Layout
+           [Use PlotType Window in place of Layout]
+           [Window LowerLeft: 0 0]
+           [Window UpperRight: 409 262]
+           [PlotType: Window]
+  PlotOrigin: 0 0
+  CenterPlot: Not Set
+  PaperUnits: Millimeters
+  UseStandardScale: 1
+  StandardScale: 16
+TEXT STAMP
+  [None]
+FILE ATTACHMENTS
+  [None]
+DIGITAL SIGNATURE FIELDS
+  [None]
+HYPERLINKS
+BLOCK ATTRIBUTES
+  [None]
+RESET PAGE SETUP
+  Reset PrinterConfigPath To: C:\Host\Plotters
+PDF FILE SAVED"""
+CALLS = r"""Library.CreateConversionLog
+Log.OpenLog SmPdfAcad.log | Tarnwick Sheetmaker PDF
+Library.CreatePubDoc
+PubDoc.NewPsFileName
+Plot.SetQuietErrorMode 1
+Plot.PlotToFile C:\Temp\sheet1.ps
+PubDoc.AddPsFile C:\Temp\sheet1.ps | 1190.5511811023623 | 841.8897637795276 | 1200 | 1 | C:\SM\Settings\Graphics [600 dpi].joboptions
+PubDoc.PendingMarkCount
+PubDoc.SetDocSummary Plan | R. Draughtsman | NOW | NOW
+PubDoc.SetDocInfo Creator | Tarnwick Sheetmaker PDF 0.1.0
+PubDoc.SaveToPdf C:\Jobs\Plan.pdf | 0 | 0 | 1 | 0
+Log.CloseLog"""
+LOG_LINE = "Log.WriteLogLine "
+
+
+class Desk:
+    def __init__(self, run_wine, folder):
+        self.runner = [run_wine, folder]
+        self.drive = os.path.join(folder, "prefix", "drive_c")
+        self.failures = 0
+
+    def run(self, *command, **environment):
+        done = subprocess.run([*self.runner, *command], capture_output=True, text=True, errors="replace", timeout=240,
+                              stdin=subprocess.DEVNULL, env={**os.environ, **environment})
+        return done.returncode, done.stdout.replace("\r", "").strip()
+
+    def check(self, name, got, wanted):
+        self.failures += got != wanted
+        print("ok  " if got == wanted else "FAIL", name, "" if got == wanted else f": {got!r} instead of {wanted!r}")
+
+    def prepare(self):
+        """A CAD host's folders, with its PostScript drivers."""
+        self.run("cmd", "/c", "exit")
+        shutil.rmtree(os.path.join(self.drive, "Host"), ignore_errors=True)
+        for name in ("Host/Plotters", "Jobs", "Temp"):
+            os.makedirs(os.path.join(self.drive, name), exist_ok=True)
+        shutil.copytree(DRIVERS, os.path.join(self.drive, "Host", "Drivers"))
+        with open(os.path.join(self.drive, "Host", "scenario.txt"), "w", encoding="ascii") as file:
+            file.write(SCENARIO)
+
+    def convert(self, script):
+        name = os.path.basename(script)
+        calls = os.path.join(self.drive, "Host", name + ".calls")
+        result = self.run("cscript", "//nologo", "Z:" + script.replace("/", "\\"), SM_JOURNAL="C:\\Host\\" + name + ".calls",
+                          SM_TEST_SCENARIO="C:\\Host\\scenario.txt")
+        self.check(name + ": its end", result, (SCRIPT_REACHED_ITS_END, "converted Plan.dwg"))
+        lines = []
+        if os.path.exists(calls):
+            with open(calls, encoding="utf-8", errors="replace") as file:
+                lines = file.read().splitlines()
+        log = [line[len(LOG_LINE):] for line in lines if line.startswith(LOG_LINE)]
+        other = [re.sub(r"\d{4}-\d\d-\d\d \d\d:\d\d:\d\d", "NOW", line) for line in lines
+                 if line.startswith(("Library.", "Log.", "PubDoc.", "Plot.")) and not line.startswith(LOG_LINE)]
+        self.check(name + ": log", "\n".join(log), LOG)
+        self.check(name + ": publishing calls", "\n".join(other), CALLS)
+
+
+def main(run_wine, folder, setup, test_host, scripts):
+    desk = Desk(run_wine, folder)
+    desk.prepare()
+    desk.check("setup", desk.run(setup, "/S", "/AllUsers", "/D=C:\\SM")[0], 0)
+    desk.check("test host registered", desk.run("regsvr32", "/s", "Z:" + test_host)[0], 0)
+    for script in ("Convert.vbs", "Convert.js"):
+        desk.convert(os.path.join(scripts, script))
+    desk.check("test host unregistered", desk.run("regsvr32", "/s", "/u", "Z:" + test_host)[0], 0)
+    desk.check("uninstaller", desk.run("C:\\SM\\Uninstall.exe", "/S", "_?=C:\\SM")[0], 0)
+    desk.check("no class is left", desk.run("reg", "query", "HKCR\\TarnwickSmPubAcad.cPlugin")[0], 1)
+    print(f"{desk.failures} failed")
+    return 1 if desk.failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(*sys.argv[1:]))
