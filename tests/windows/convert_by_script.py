@@ -1,9 +1,10 @@
 #!/usr/bin/python3
 """Installs the component as a user does, has scripts convert the active drawing of the test host, and takes it away again.
 
-    convert_by_script.py RUN-WINE FOLDER SETUP TEST-HOST-DLL SCRIPTS
+    convert_by_script.py RUN-WINE FOLDER SETUP TEST-HOST SCRIPTS
 
-FOLDER gets a Wine prefix of its own. Of each script the log lines and the publishing calls are compared, whole. Scripts end
+TEST-HOST is the path of the test host's DLL and program, without ending: it serves in the script's process and in one of
+its own. FOLDER gets a Wine prefix of its own. Of each script the log lines and the publishing calls are compared, whole. Scripts end
 with exit code 7, since the script host gives 0 for a script that failed, too.
 """
 import os
@@ -11,6 +12,7 @@ import re
 import shutil
 import subprocess
 import sys
+import tempfile
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 DRIVERS = os.path.join(HERE, "..", "..", "share", "sheetmaker-pdf", "Drivers")
@@ -74,38 +76,53 @@ PubDoc.SetDocSummary Plan | R. Draughtsman | NOW | NOW
 PubDoc.SetDocInfo Creator | Tarnwick Sheetmaker PDF 0.1.0
 PubDoc.SaveToPdf C:\Jobs\Plan.pdf | 0 | 0 | 1 | 0
 Log.CloseLog"""
+# The script, and where the host is.
+CONVERSIONS = [("Convert.vbs", "SmTestHost.Application"), ("Convert.js", "SmTestHost.Application"),
+               ("Convert.vbs", "SmTestHost.RemoteApplication"), ("Convert.js", "SmTestHost.RemoteApplication")]
 LOG_LINE = "Log.WriteLogLine "
 
 
 class Desk:
     def __init__(self, run_wine, folder):
         self.runner = [run_wine, folder]
+        self.folder = folder
         self.drive = os.path.join(folder, "prefix", "drive_c")
         self.failures = 0
 
     def run(self, *command, **environment):
-        done = subprocess.run([*self.runner, *command], capture_output=True, text=True, errors="replace", timeout=240,
-                              stdin=subprocess.DEVNULL, env={**os.environ, **environment})
-        return done.returncode, done.stdout.replace("\r", "").strip()
+        # To a file: a server that the command started would hold a pipe open.
+        with tempfile.TemporaryFile() as said:
+            done = subprocess.run([*self.runner, *command], stdout=said, stderr=said, stdin=subprocess.DEVNULL, timeout=120,
+                                  env={**os.environ, **environment})
+            said.seek(0)
+            return done.returncode, said.read().decode(errors="replace").replace("\r", "").strip()
 
     def check(self, name, got, wanted):
         self.failures += got != wanted
         print("ok  " if got == wanted else "FAIL", name, "" if got == wanted else f": {got!r} instead of {wanted!r}")
 
+    def end(self):
+        """A server waits a while for its next client; one that was killed can't be started again in its prefix."""
+        server = shutil.which("wineserver") or "/usr/lib/wine/wineserver"
+        subprocess.run([server, "-k"], env={**os.environ, "WINEPREFIX": os.path.join(self.folder, "prefix")}, check=False)
+        shutil.rmtree(self.folder, ignore_errors=True)
+
     def prepare(self):
         """A CAD host's folders, with its PostScript drivers."""
+        self.end()
         self.run("cmd", "/c", "exit")
-        shutil.rmtree(os.path.join(self.drive, "Host"), ignore_errors=True)
         for name in ("Host/Plotters", "Jobs", "Temp"):
             os.makedirs(os.path.join(self.drive, name), exist_ok=True)
         shutil.copytree(DRIVERS, os.path.join(self.drive, "Host", "Drivers"))
         with open(os.path.join(self.drive, "Host", "scenario.txt"), "w", encoding="ascii") as file:
             file.write(SCENARIO)
 
-    def convert(self, script):
-        name = os.path.basename(script)
-        calls = os.path.join(self.drive, "Host", name + ".calls")
-        result = self.run("cscript", "//nologo", "Z:" + script.replace("/", "\\"), SM_JOURNAL="C:\\Host\\" + name + ".calls",
+    def convert(self, script, host):
+        name = os.path.basename(script) + " with " + host
+        calls = os.path.join(self.drive, "Host", "calls.txt")
+        if os.path.exists(calls):
+            os.remove(calls)
+        result = self.run("cscript", "//nologo", "Z:" + script.replace("/", "\\"), host, SM_JOURNAL="C:\\Host\\calls.txt",
                           SM_TEST_SCENARIO="C:\\Host\\scenario.txt")
         self.check(name + ": its end", result, (SCRIPT_REACHED_ITS_END, "converted Plan.dwg"))
         lines = []
@@ -116,19 +133,24 @@ class Desk:
         other = [re.sub(r"\d{4}-\d\d-\d\d \d\d:\d\d:\d\d", "NOW", line) for line in lines
                  if line.startswith(("Library.", "Log.", "PubDoc.", "Plot.")) and not line.startswith(LOG_LINE)]
         self.check(name + ": log", "\n".join(log), LOG)
-        self.check(name + ": publishing calls", "\n".join(other), CALLS)
+        # A host in a process of its own keeps its calls for itself.
+        wanted = [line for line in CALLS.splitlines() if "Remote" not in host or not line.startswith("Plot.")]
+        self.check(name + ": publishing calls", other, wanted)
 
 
 def main(run_wine, folder, setup, test_host, scripts):
     desk = Desk(run_wine, folder)
     desk.prepare()
     desk.check("setup", desk.run(setup, "/S", "/AllUsers", "/D=C:\\SM")[0], 0)
-    desk.check("test host registered", desk.run("regsvr32", "/s", "Z:" + test_host)[0], 0)
-    for script in ("Convert.vbs", "Convert.js"):
-        desk.convert(os.path.join(scripts, script))
-    desk.check("test host unregistered", desk.run("regsvr32", "/s", "/u", "Z:" + test_host)[0], 0)
+    desk.check("test host registered", desk.run("regsvr32", "/s", "Z:" + test_host + ".dll")[0], 0)
+    desk.check("test host's program registered", desk.run(test_host + ".exe", "/RegServer")[0], 0)
+    for script, host in CONVERSIONS:
+        desk.convert(os.path.join(scripts, script), host)
+    desk.check("test host's program unregistered", desk.run(test_host + ".exe", "/UnregServer")[0], 0)
+    desk.check("test host unregistered", desk.run("regsvr32", "/s", "/u", "Z:" + test_host + ".dll")[0], 0)
     desk.check("uninstaller", desk.run("C:\\SM\\Uninstall.exe", "/S", "_?=C:\\SM")[0], 0)
     desk.check("no class is left", desk.run("reg", "query", "HKCR\\TarnwickSmPubAcad.cPlugin")[0], 1)
+    desk.end()
     print(f"{desk.failures} failed")
     return 1 if desk.failures else 0
 

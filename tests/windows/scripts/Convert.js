@@ -1,4 +1,4 @@
-var host = new ActiveXObject("SmTestHost.Application");
+var host = new ActiveXObject(WScript.Arguments(0));
 var plugin = new ActiveXObject("TarnwickSmPubAcad.cPlugin");
 if (!plugin.Initialize(host)) WScript.Quit(1);
 plugin.PromptForFileName = false;

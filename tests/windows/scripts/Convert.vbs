@@ -1,6 +1,6 @@
 Option Explicit
 Dim host, plugin
-Set host = CreateObject("SmTestHost.Application")
+Set host = CreateObject(WScript.Arguments(0))
 Set plugin = CreateObject("TarnwickSmPubAcad.cPlugin")
 If Not plugin.Initialize(host) Then WScript.Quit 1
 plugin.PromptForFileName = False

@@ -8,6 +8,8 @@
 #include "windows/testhost/server/Scenario.h"
 
 #include <array>
+#include <cstdlib>
+#include <string>
 #include <string_view>
 #include <windows.h>
 
@@ -48,6 +50,13 @@ int Serve()
     return FAILED(result);
 }
 
+/// The client, whose environment this process has, writes a journal, too.
+void KeepAJournalOfItsOwn()
+{
+    if (const char* const path = std::getenv("SM_JOURNAL"))
+        _putenv_s("SM_JOURNAL", (std::string(path) + ".host").c_str());
+}
+
 } // namespace
 } // namespace sm::testhost
 
@@ -61,5 +70,6 @@ int main(int count, char** arguments)
         UnregisterName(kProgId, kRemoteHostClass);
         return 0;
     }
+    KeepAJournalOfItsOwn();
     return Serve();
 }
