@@ -13,6 +13,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import threading
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 DRIVERS = os.path.join(HERE, "..", "..", "share", "sheetmaker-pdf", "Drivers")
@@ -79,6 +80,13 @@ Log.CloseLog"""
 # The script, and where the host is.
 CONVERSIONS = [("Convert.vbs", "SmTestHost.Application"), ("Convert.js", "SmTestHost.Application"),
                ("Convert.vbs", "SmTestHost.RemoteApplication"), ("Convert.js", "SmTestHost.RemoteApplication")]
+LOST = r"""Log.WriteLogLine HYPERLINKS
+Log.WriteLogLine ADDPDFMARK RUNTIME ERROR: RPC call failed.
+Log.WriteLogLine RESET PAGE SETUP
+Log.WriteLogLine RUNTIME ERROR: RPC server unavailable.
+Log.WriteLogLine PDF FILE SAVED
+Log.CloseLog"""
+TITLE = "Tarnwick Sheetmaker PDF"
 LOG_LINE = "Log.WriteLogLine "
 
 
@@ -117,18 +125,28 @@ class Desk:
         with open(os.path.join(self.drive, "Host", "scenario.txt"), "w", encoding="ascii") as file:
             file.write(SCENARIO)
 
-    def convert(self, script, host):
-        name = os.path.basename(script) + " with " + host
+    def install(self, setup, test_host):
+        self.prepare()
+        self.check("setup", self.run(setup, "/S", "/AllUsers", "/D=C:\\SM")[0], 0)
+        self.check("test host registered", self.run("regsvr32", "/s", "Z:" + test_host + ".dll")[0], 0)
+        self.check("test host's program registered", self.run(test_host + ".exe", "/RegServer")[0], 0)
+
+    def play(self, script, host):
+        """The script's exit code and output, and the calls that the component made."""
         calls = os.path.join(self.drive, "Host", "calls.txt")
         if os.path.exists(calls):
             os.remove(calls)
         result = self.run("cscript", "//nologo", "Z:" + script.replace("/", "\\"), host, SM_JOURNAL="C:\\Host\\calls.txt",
                           SM_TEST_SCENARIO="C:\\Host\\scenario.txt")
+        if not os.path.exists(calls):
+            return result, []
+        with open(calls, encoding="utf-8", errors="replace") as file:
+            return result, file.read().splitlines()
+
+    def convert(self, script, host):
+        name = os.path.basename(script) + " with " + host
+        result, lines = self.play(script, host)
         self.check(name + ": its end", result, (SCRIPT_REACHED_ITS_END, "converted Plan.dwg"))
-        lines = []
-        if os.path.exists(calls):
-            with open(calls, encoding="utf-8", errors="replace") as file:
-                lines = file.read().splitlines()
         log = [line[len(LOG_LINE):] for line in lines if line.startswith(LOG_LINE)]
         other = [re.sub(r"\d{4}-\d\d-\d\d \d\d:\d\d:\d\d", "NOW", line) for line in lines
                  if line.startswith(("Library.", "Log.", "PubDoc.", "Plot.")) and not line.startswith(LOG_LINE)]
@@ -137,19 +155,35 @@ class Desk:
         wanted = [line for line in CALLS.splitlines() if "Remote" not in host or not line.startswith("Plot.")]
         self.check(name + ": publishing calls", other, wanted)
 
+    def lose_the_host(self, script, driver):
+        """The host's process ends while the sheet's annotations are collected, and the user is told so."""
+        with open(os.path.join(self.drive, "Host", "scenario.txt"), "a", encoding="ascii") as file:
+            file.write("die-at 120\n")
+        user = threading.Thread(target=self.run, args=(driver, "window", TITLE, "click", "1"))
+        user.start()
+        _, lines = self.play(script, "SmTestHost.RemoteApplication")
+        user.join()
+        log = [line for line in lines if line.startswith("Log.")]
+        self.check("a host that dies: the operation ends", "\n".join(log[log.index(LOG_LINE + "HYPERLINKS"):]
+                                                               if LOG_LINE + "HYPERLINKS" in log else log), LOST)
 
-def main(run_wine, folder, setup, test_host, scripts):
-    desk = Desk(run_wine, folder)
-    desk.prepare()
-    desk.check("setup", desk.run(setup, "/S", "/AllUsers", "/D=C:\\SM")[0], 0)
-    desk.check("test host registered", desk.run("regsvr32", "/s", "Z:" + test_host + ".dll")[0], 0)
-    desk.check("test host's program registered", desk.run(test_host + ".exe", "/RegServer")[0], 0)
+
+def convert_everywhere(desk, setup, test_host, scripts):
+    desk.install(setup, test_host)
     for script, host in CONVERSIONS:
         desk.convert(os.path.join(scripts, script), host)
     desk.check("test host's program unregistered", desk.run(test_host + ".exe", "/UnregServer")[0], 0)
     desk.check("test host unregistered", desk.run("regsvr32", "/s", "/u", "Z:" + test_host + ".dll")[0], 0)
     desk.check("uninstaller", desk.run("C:\\SM\\Uninstall.exe", "/S", "_?=C:\\SM")[0], 0)
     desk.check("no class is left", desk.run("reg", "query", "HKCR\\TarnwickSmPubAcad.cPlugin")[0], 1)
+    desk.end()
+
+
+def main(run_wine, folder, setup, test_host, scripts):
+    desk = Desk(run_wine, folder)
+    convert_everywhere(desk, setup, test_host, scripts)
+    desk.install(setup, test_host)
+    desk.lose_the_host(os.path.join(scripts, "Convert.vbs"), os.path.join(os.path.dirname(test_host), "drive_forms.exe"))
     desk.end()
     print(f"{desk.failures} failed")
     return 1 if desk.failures else 0
