@@ -11,7 +11,7 @@ import subprocess
 import sys
 import tempfile
 
-ROOMS = ["plugin", "plotting", "annotations", "hostobjects", "settings"]
+ROOMS = ["plugin", "plotting", "annotations", "hostobjects", "settings", "ui"]
 LOG_LINE = "Log.WriteLogLine"
 LIBRARY = ("PubDoc.", "Log.", "Library.")
 
