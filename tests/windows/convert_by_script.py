@@ -80,6 +80,16 @@ Log.CloseLog"""
 # The script, and where the host is.
 CONVERSIONS = [("Convert.vbs", "SmTestHost.Application"), ("Convert.js", "SmTestHost.Application"),
                ("Convert.vbs", "SmTestHost.RemoteApplication"), ("Convert.js", "SmTestHost.RemoteApplication")]
+SHEETS = "true|false|2|Plan.dwg|C:\\Jobs\\Plan.dwg|true|3|Model|0|Ground|0|Upper|0|1|0 released 2"
+SHEET_CALLS = r"""PubDoc.NewPsFileName
+PubDoc.AddPsFile C:\Temp\sheet1.ps | 841.8897637795276 | 595.2755905511812 | 1200 | 1 | C:\SM\Settings\Graphics [600 dpi].joboptions
+PubDoc.PendingMarkCount
+PubDoc.NewPsFileName
+PubDoc.AddPsFile C:\Temp\sheet2.ps | 1190.5511811023623 | 841.8897637795276 | 1200 | 1 | C:\SM\Settings\Graphics [600 dpi].joboptions
+PubDoc.PendingMarkCount
+PubDoc.NewPsFileName
+PubDoc.AddPsFile C:\Temp\sheet3.ps | 1190.5511811023623 | 841.8897637795276 | 1200 | 1 | C:\SM\Settings\Graphics [600 dpi].joboptions
+PubDoc.PendingMarkCount"""
 LOST = r"""Log.WriteLogLine HYPERLINKS
 Log.WriteLogLine ADDPDFMARK RUNTIME ERROR: RPC call failed.
 Log.WriteLogLine RESET PAGE SETUP
@@ -155,6 +165,12 @@ class Desk:
         wanted = [line for line in CALLS.splitlines() if "Remote" not in host or not line.startswith("Plot.")]
         self.check(name + ": publishing calls", other, wanted)
 
+    def convert_sheets(self, script, host):
+        result, lines = self.play(script, host)
+        self.check("sheet by sheet with " + host, result, (SCRIPT_REACHED_ITS_END, SHEETS))
+        calls = [line for line in lines if line.startswith("PubDoc.")]
+        self.check("sheet by sheet with " + host + ": publishing calls", "\n".join(calls), SHEET_CALLS)
+
     def lose_the_host(self, script, driver):
         """The host's process ends while the sheet's annotations are collected, and the user is told so."""
         with open(os.path.join(self.drive, "Host", "scenario.txt"), "a", encoding="ascii") as file:
@@ -172,6 +188,8 @@ def convert_everywhere(desk, setup, test_host, scripts):
     desk.install(setup, test_host)
     for script, host in CONVERSIONS:
         desk.convert(os.path.join(scripts, script), host)
+    for host in ("SmTestHost.Application", "SmTestHost.RemoteApplication"):
+        desk.convert_sheets(os.path.join(scripts, "Sheets.js"), host)
     desk.check("test host's program unregistered", desk.run(test_host + ".exe", "/UnregServer")[0], 0)
     desk.check("test host unregistered", desk.run("regsvr32", "/s", "/u", "Z:" + test_host + ".dll")[0], 0)
     desk.check("uninstaller", desk.run("C:\\SM\\Uninstall.exe", "/S", "_?=C:\\SM")[0], 0)
