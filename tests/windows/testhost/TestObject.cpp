@@ -15,6 +15,25 @@ constexpr GUID kBehindId = {0x6b0b3c52, 0x5a6e, 0x4f0f, {0x9d, 0x1c, 0x21, 0x77,
 std::atomic<Failure> shownAs = Failure::Exception;
 std::atomic<long> objectsAlive = 0;
 std::atomic<void (*)()> beforeEveryCall = nullptr;
+std::atomic<long long> ticksInside = 0;
+
+/// Counts the ticks of one call.
+class Stopwatch {
+public:
+    Stopwatch() : m_begun(Now()) {}
+    ~Stopwatch() { ticksInside += Now() - m_begun; }
+    Stopwatch(const Stopwatch&) = delete;
+    Stopwatch& operator=(const Stopwatch&) = delete;
+
+private:
+    static long long Now()
+    {
+        LARGE_INTEGER now{};
+        QueryPerformanceCounter(&now);
+        return now.QuadPart;
+    }
+    long long m_begun;
+};
 
 bool IsInjected(const HostError& error)
 {
@@ -190,6 +209,7 @@ HRESULT STDMETHODCALLTYPE TestObject::Invoke(DISPID id, REFIID, LCID, WORD kind,
         return E_POINTER;
     if (const auto hook = beforeEveryCall.load())
         hook();
+    const Stopwatch stopwatch;
     Invocation call(*parameters);
     try {
         OwnedVariant answer;
@@ -203,6 +223,11 @@ HRESULT STDMETHODCALLTYPE TestObject::Invoke(DISPID id, REFIID, LCID, WORD kind,
     } catch (...) {
         return E_UNEXPECTED;
     }
+}
+
+long long TestObject::TicksInside()
+{
+    return ticksInside;
 }
 
 TestObject* TestObject::Behind(IDispatch* object)

@@ -70,6 +70,8 @@ public:
     static TestObject* Behind(IDispatch* object);
     /// Objects alive in this process.
     static long Alive();
+    /// How long members of test objects ran so far in this process, in ticks of the performance counter.
+    static long long TicksInside();
 
 protected:
     /// Position of the first member of that name, letter case aside; -1 when there is none.
