@@ -23,7 +23,7 @@ from dialog_walks import Desk  # noqa: E402
 from pdf_tools import output_of  # noqa: E402
 from screen import wait  # noqa: E402
 
-LINES_TO_SCAN = 60000
+LINES_TO_SCAN = 300000
 
 
 class Gallery:
@@ -208,7 +208,9 @@ def show_progress(gallery):
     process.terminate()
     os.kill(process.pid, signal.SIGCONT)
     time.sleep(0.1)
+    os.kill(process.pid, signal.SIGSTOP)  # nor is there time to count windows
     desk.check("progress: it stays", (windows_on(screen), process.poll()), ([window], None))
+    os.kill(process.pid, signal.SIGCONT)
     desk.check("progress: exit code after attempts to close it", end_of(process, 120), 0)
     desk.check("progress: the PDF was made", os.path.exists(crowded[:-4] + ".pdf"), True)
 
