@@ -2,7 +2,7 @@
 //
 //     panning DRAWING...      one line each, of the model; needs no screen
 #include "drawing/Drawing.h"
-#include "qt/DrawingView.h"
+#include "view/DrawingView.h"
 
 #include <QApplication>
 #include <chrono>

@@ -1,15 +1,36 @@
-# A room is a folder of the house: one static library from every source in it, or headers alone.
+# The headers of the standard library that most sources include are read once a target. The sanitizers' build goes
+# without, so that a source that lacks an include is found.
+option(SM_PRECOMPILED "Read the common headers once a target" ON)
+function(precompile target header)
+    if(SM_PRECOMPILED)
+        target_precompile_headers(${target} PRIVATE ${CMAKE_SOURCE_DIR}/cmake/${header})
+    endif()
+endfunction()
+
+# A room is a folder of the house: one static library from every source in it, or headers alone. Its public headers lie
+# in <folder>/include; what lies beside that folder is seen by the room itself and its own tests.
 #   add_room(<target> <folder> [<linked target>...])
 function(add_room target folder)
-    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
+    set(inside ${CMAKE_SOURCE_DIR}/${folder})
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${inside}/*.cpp)
     if(sources)
         add_library(${target} STATIC ${sources})
         target_link_libraries(${target} PUBLIC ${ARGN})
         target_compile_options(${target} PRIVATE ${SM_WARNINGS})
+        target_include_directories(${target} PUBLIC ${inside}/include PRIVATE ${inside})
+        precompile(${target} CommonHeaders.h)
     else()
         add_library(${target} INTERFACE)
         target_link_libraries(${target} INTERFACE ${ARGN})
+        target_include_directories(${target} INTERFACE ${inside}/include)
     endif()
+    set_target_properties(${target} PROPERTIES SM_INSIDE ${inside})
+endfunction()
+
+# The plug-in: its folders include each other by their names below src/.
+function(add_plugin)
+    add_room(plugin src)
+    target_include_directories(plugin PUBLIC ${CMAKE_SOURCE_DIR}/src)
 endfunction()
 
 # One test program for one room, from every source in tests/<name>/.
@@ -22,8 +43,18 @@ function(add_room_tests name)
     add_executable(test_${name} ${sources})
     target_link_libraries(test_${name} PRIVATE ${ARGN} GTest::gmock_main)
     target_include_directories(test_${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+    # Tests see the insides of the rooms that they name.
+    foreach(room ${ARGN})
+        if(TARGET ${room})
+            get_target_property(inside ${room} SM_INSIDE)
+            if(inside)
+                target_include_directories(test_${name} PRIVATE ${inside})
+            endif()
+        endif()
+    endforeach()
     # Test code is read once and run once: optimising it costs more than it gives.
     target_compile_options(test_${name} PRIVATE ${SM_WARNINGS} -O0)
     target_compile_definitions(test_${name} PRIVATE SM_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+    precompile(test_${name} TestHeaders.h)
     gtest_discover_tests(test_${name} TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)
 endfunction()

@@ -1,5 +1,5 @@
 # The plug-in and its tests on scripted hosts, built for the machine at hand with nothing but a compiler.
-add_room(plugin src)
+add_plugin()
 set(INSTALL_GTEST OFF)
 add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
 add_room(doubles tests/doubles plugin GTest::gmock)

@@ -5,12 +5,13 @@ add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WIN
 # Where objects of COM are written: its interfaces have no destructors, and nobody deletes through them.
 set(SM_COM_WARNINGS ${SM_WARNINGS} -Wno-non-virtual-dtor)
 
-add_room(plugin src)
+add_plugin()
 file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/adapters/windows/*.cpp)
-list(FILTER sources EXCLUDE REGEX "/adapters/windows/server/")
+list(FILTER sources EXCLUDE REGEX "/adapters/windows/(server|objects)/")
 add_library(windows STATIC ${sources})
 target_link_libraries(windows PUBLIC plugin comctl32 comdlg32 gdi32 ole32 oleaut32 shell32 uuid version uxtheme)
 target_compile_options(windows PRIVATE ${SM_WARNINGS})
+target_include_directories(windows PUBLIC ${CMAKE_SOURCE_DIR}/adapters)
 add_subdirectory(adapters/windows/server)
 
 # What is handed out: an installer, and a zip of the same files.

@@ -1,4 +1,4 @@
-#include "system/AnsiCodePage.h"
+#include "AnsiCodePage.h"
 
 #include <algorithm>
 #include <iterator>

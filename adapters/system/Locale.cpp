@@ -1,5 +1,5 @@
-#include "system/AnsiCodePage.h"
-#include "system/LocaleFormats.h"
+#include "AnsiCodePage.h"
+#include "LocaleFormats.h"
 #include "system/SystemPorts.h"
 
 #include <clocale>

@@ -1,4 +1,4 @@
-#include "system/LocaleFormats.h"
+#include "LocaleFormats.h"
 
 namespace sm::system {
 namespace {

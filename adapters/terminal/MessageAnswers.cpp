@@ -1,4 +1,4 @@
-#include "terminal/MessageAnswers.h"
+#include "MessageAnswers.h"
 
 #include <sstream>
 

@@ -1,6 +1,6 @@
 #include "terminal/TerminalDesktop.h"
 
-#include "terminal/MessageAnswers.h"
+#include "MessageAnswers.h"
 
 namespace sm::terminal {
 namespace {

@@ -1,9 +1,9 @@
 // From the words of the command line to the exit code.
 #pragma once
 
-#include "sheetmaker/Install.h"
+#include "run/Install.h"
 
-#include "sheetmaker/Jobs.h"
+#include "commandline/Jobs.h"
 
 #include <functional>
 #include <iosfwd>

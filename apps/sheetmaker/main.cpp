@@ -1,5 +1,5 @@
-#include "sheetmaker/Dispatch.h"
-#include "sheetmaker/ExitCodes.h"
+#include "Dispatch.h"
+#include "commandline/ExitCodes.h"
 
 #include <csignal>
 #include <iostream>

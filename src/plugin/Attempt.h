@@ -29,8 +29,7 @@ inline std::string CurrentErrorDescription() noexcept
 
 /// Carry on: runs `call`; when it fails, `report` gets the description and the caller's values stay as they were.
 /// Gives `optional<T>` for a call with a result and `bool` for one without. Nothing escapes, whatever is thrown.
-template <class Call, class Report>
-auto CarryOn(Call&& call, Report&& report) noexcept
+template <class Call, class Report> auto CarryOn(Call&& call, Report&& report) noexcept
 {
     using Result = std::invoke_result_t<Call>;
     try {
@@ -53,15 +52,13 @@ auto CarryOn(Call&& call, Report&& report) noexcept
 }
 
 /// Carry on without a word.
-template <class Call>
-auto CarryOn(Call&& call) noexcept
+template <class Call> auto CarryOn(Call&& call) noexcept
 {
     return CarryOn(std::forward<Call>(call), [](const std::string&) {});
 }
 
 /// Give up the operation: runs `body`; when anything in it fails, gives what `onError(description)` gives.
-template <class Body, class OnError>
-auto GiveUp(Body&& body, OnError&& onError) -> std::invoke_result_t<Body>
+template <class Body, class OnError> auto GiveUp(Body&& body, OnError&& onError) -> std::invoke_result_t<Body>
 {
     try {
         return std::forward<Body>(body)();

@@ -37,8 +37,7 @@ public:
                                            bool& added) = 0;
     virtual std::int32_t AddLinkMark(std::int32_t reserved, double x1, double y1, double x2, double y2,
                                      const std::string& url) = 0;
-    virtual std::int32_t AddPropertyMark(std::int32_t reserved, const std::string& name,
-                                         const std::string& value) = 0;
+    virtual std::int32_t AddPropertyMark(std::int32_t reserved, const std::string& name, const std::string& value) = 0;
 
     /// How many marks are queued for the current file.
     virtual std::int32_t PendingMarkCount() = 0;
@@ -50,8 +49,8 @@ public:
     virtual std::string PromptForPdfName(const std::string& defaultName, std::int32_t owner,
                                          const std::string& hostTitle) = 0;
     /// 0 or more saved; -12 saved but no reader to open it; other negative values not saved.
-    virtual std::int32_t SaveToPdf(const std::string& pdfPath, std::int32_t hostValue, bool openInViewer,
-                                   bool deletePs, std::int32_t reserved = 0) = 0;
+    virtual std::int32_t SaveToPdf(const std::string& pdfPath, std::int32_t hostValue, bool openInViewer, bool deletePs,
+                                   std::int32_t reserved = 0) = 0;
     virtual void SetDocSummary(const std::string& title, const std::string& author, LocalDateTime creationDate,
                                LocalDateTime modificationDate) = 0;
     virtual std::string LastErrorText() = 0;

@@ -1,7 +1,7 @@
 // The three small dialogs that let the user repair a setting by choosing from a list.
 #pragma once
 
-#include "ui/Form.h"
+#include "ui/form/Form.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 // The dialog that edits one file attachment.
 #pragma once
 
-#include "ui/RowDialog.h"
+#include "ui/form/RowDialog.h"
 
 namespace sm {
 

@@ -1,7 +1,7 @@
 // The dialog in which a stamp text is written, macros and all.
 #pragma once
 
-#include "ui/Form.h"
+#include "ui/form/Form.h"
 
 #include <optional>
 #include <string>

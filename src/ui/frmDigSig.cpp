@@ -1,8 +1,8 @@
 #include "ui/frmDigSig.h"
 
 #include "settings/mdlUtilities.h"
-#include "ui/HostLists.h"
-#include "ui/NumberFields.h"
+#include "ui/form/HostLists.h"
+#include "ui/form/NumberFields.h"
 #include "ui/mdlGUITap.h"
 
 namespace sm {

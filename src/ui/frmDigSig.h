@@ -1,7 +1,7 @@
 // The dialog that edits one digital signature field.
 #pragma once
 
-#include "ui/RowDialog.h"
+#include "ui/form/RowDialog.h"
 
 namespace sm {
 

@@ -3,8 +3,8 @@
 #include "plugin/mdlAcadHelper.h"
 #include "settings/mdlUtilities.h"
 #include "settings/mdlWinReg.h"
-#include "ui/SettingsTable.h"
 #include "ui/mdlGUITap.h"
+#include "ui/settings/SettingsTable.h"
 
 #include <utility>
 

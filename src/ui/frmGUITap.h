@@ -1,8 +1,8 @@
 // The tabbed settings dialog.
 #pragma once
 
-#include "ui/PageSetupControls.h"
-#include "ui/StampControls.h"
+#include "ui/settings/PageSetupControls.h"
+#include "ui/settings/StampControls.h"
 
 #include <functional>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "ui/frmPageSetup.h"
 
-#include "ui/PageSetupTable.h"
+#include "ui/settings/PageSetupTable.h"
 
 namespace sm {
 namespace {

@@ -1,7 +1,7 @@
 // The stand-alone page setup dialog.
 #pragma once
 
-#include "ui/PageSetupControls.h"
+#include "ui/settings/PageSetupControls.h"
 
 namespace sm {
 

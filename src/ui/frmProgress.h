@@ -1,7 +1,7 @@
 // The window that is up while the drawing is scanned for hyperlinks and block attributes.
 #pragma once
 
-#include "ui/Form.h"
+#include "ui/form/Form.h"
 
 #include <functional>
 

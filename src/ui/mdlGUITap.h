@@ -3,7 +3,7 @@
 #pragma once
 
 #include "settings/DataKeg.h"
-#include "ui/PageSetupControls.h"
+#include "ui/settings/PageSetupControls.h"
 
 #include <string>
 #include <vector>

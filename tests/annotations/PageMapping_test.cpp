@@ -1,8 +1,8 @@
 // Where drawing coordinates land on the page, for every plot type, unit, origin and margin.
 #include "annotations/MarkHouse.h"
 
-#include <cmath>
 #include "annotations/PageMapping.h"
+#include <cmath>
 
 namespace sm {
 namespace {

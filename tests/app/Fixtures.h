@@ -1,7 +1,7 @@
 // A machine of its own for one test: home, share folder, stand-ins for the tools.
 #pragma once
 
-#include "sheetmaker/Install.h"
+#include "run/Install.h"
 
 #include <cstdlib>
 #include <filesystem>

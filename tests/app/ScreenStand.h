@@ -2,12 +2,12 @@
 // the real drawing, and a toolkit without a screen.
 #pragma once
 
+#include "Dispatch.h"
 #include "Fixtures.h"
+#include "commands/PageSetupCommand.h"
+#include "commands/SettingsCommand.h"
 #include "doubles/ScriptedDesktop.h"
 #include "doubles/ScriptedToolkit.h"
-#include "sheetmaker/Dispatch.h"
-#include "sheetmaker/PageSetupCommand.h"
-#include "sheetmaker/SettingsCommand.h"
 
 #include <deque>
 #include <gtest/gtest.h>

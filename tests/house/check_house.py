@@ -7,94 +7,18 @@ file and function lengths, words that don't belong in the tree.
 import argparse
 import concurrent.futures
 import functools
+import glob
 import os
 import re
 import subprocess
 import sys
 
-# What each room may include besides itself and the standard library: prefixes of project headers and library headers.
-PLUGIN = {"ports", "settings", "plotting", "annotations", "hostobjects", "ui", "plugin"}
-ROOMS = {
-    "adapters/process": {"process"},
-    "adapters/drawing": {"drawing", "process"},
-    "adapters/render": {"render", "drawing"},
-    "adapters/dialect": {"dialect"},
-    "adapters/plotter": {"plotter", "dialect", "render", "drawing"},
-    "adapters/cadhost": {"cadhost", "plotter", "render", "drawing", "ports"},
-    "adapters/publisher": {"publisher", "dialect", "process", "ports"},
-    "adapters/store": {"store", "ports"},
-    "adapters/system": {"system", "ports"},
-    "adapters/qt": {"qt", "cadhost", "render", "drawing", "ports"},
-    "adapters/terminal": {"terminal", "ports"},
-    "adapters/windows": {"windows", *PLUGIN},
-}
-INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.M)
-STANDARD = set("""algorithm array atomic bit bitset cassert cctype cerrno cfenv cfloat charconv chrono cinttypes climits
-clocale cmath compare complex concepts condition_variable csetjmp csignal cstdarg cstddef cstdint cstdio cstdlib cstring
-ctime cwchar cwctype deque exception execution filesystem forward_list fstream functional future initializer_list iomanip
-ios iosfwd iostream istream iterator latch limits list locale map memory memory_resource mutex new numbers numeric optional
-ostream queue random ranges ratio regex scoped_allocator semaphore set shared_mutex source_location span sstream stack
-stdexcept stop_token streambuf string string_view syncstream system_error thread tuple type_traits typeindex typeinfo
-unordered_map unordered_set utility valarray variant vector version""".split())
+from arrows import check_arrows, resolve, room_of
+from sources import INCLUDE, files, read
+
 WORDS = re.compile(r"\bspecification\b|\bthe spec\b|\bparts? [1-6]\.[1-9]\b", re.I)
 PATHS = re.compile(r"(^|[\s\"'=(])/(root|work)/|/tmp/[a-z]")  # of one machine
 WORDS_ALLOWED = re.compile(r"specific|format specification|XMP specification|PDF specification", re.I)
-
-
-def files(source, folders, endings):
-    for folder in folders:
-        for path, _, names in os.walk(os.path.join(source, folder)):
-            for name in sorted(names):
-                if name.endswith(endings):
-                    yield os.path.relpath(os.path.join(path, name), source)
-
-
-def read(source, name):
-    with open(os.path.join(source, name), encoding="utf-8") as file:
-        return file.read()
-
-
-def check_arrows(source):
-    graph = {}
-    for name in files(source, ["src"], (".h", ".cpp")):
-        graph[name] = []
-        for quote, header in INCLUDE.findall(read(source, name)):
-            if quote == "<" and header not in STANDARD:
-                yield f"{name}: includes <{header}>; the plug-in stands on the standard library alone"
-            if quote == '"':
-                if header.split("/")[0] not in PLUGIN:
-                    yield f'{name}: includes "{header}", which is no part of the plug-in'
-                graph[name].append("src/" + header)
-    yield from circles(graph)
-    for room, allowed in ROOMS.items():
-        for name in files(source, [room], (".h", ".cpp")):
-            own = room.split("/")[1]
-            for quote, header in INCLUDE.findall(read(source, name)):
-                parts = header.split("/")
-                if quote != '"' or parts[0] == own:
-                    continue
-                if parts[0] not in allowed:
-                    yield f'{name}: includes "{header}"; {room} may include {", ".join(sorted(allowed))}'
-                elif len(parts) > 2:
-                    yield f'{name}: includes "{header}", an inside of another room'
-
-
-def circles(graph):
-    """A header may not reach itself; a source counts with its header's name."""
-    done = set()
-
-    def visit(node, path):
-        if node in path:
-            yield "circle of includes: " + " -> ".join(path[path.index(node):] + [node])
-            return
-        if node in done:
-            return
-        for other in graph.get(node, []):
-            yield from visit(other, path + [node])
-        done.add(node)
-
-    for node in graph:
-        yield from visit(node, [])
 
 
 @functools.cache
@@ -104,7 +28,8 @@ def qt_folders():
 
 
 def compile_alone(source, name):
-    folders = ["-Isrc", "-Iadapters", "-Iapps", "-Itests"]
+    folders = ["-Isrc", "-Itests", *sorted("-I" + folder for folder in glob.glob("adapters/*/include", root_dir=source)),
+               "-I" + room_of(name), *(["-Iadapters"] if name.startswith("adapters/windows/") else [])]
     if name.startswith("adapters/windows/"):
         command = ["x86_64-w64-mingw32-g++-posix", "-DUNICODE", "-DNOMINMAX", *folders]
     else:
@@ -116,10 +41,11 @@ def compile_alone(source, name):
 
 def leading_headers(source):
     """What some source includes before all else: the build has compiled these headers alone already."""
-    for name in files(source, ["src", "adapters", "apps"], (".cpp",)):
+    names = set(files(source, ["src", "adapters", "apps"], (".h", ".cpp")))
+    for name in names:
         first = INCLUDE.search(read(source, name))
-        if first and first.group(1) == '"':
-            yield from (f"{top}/{first.group(2)}" for top in ("src", "adapters", "apps"))
+        if name.endswith(".cpp") and first and first.group(1) == '"':
+            yield resolve(names, name, first.group(2))
 
 
 def check_headers(source):

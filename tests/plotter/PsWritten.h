@@ -1,7 +1,7 @@
 // What the PostScript canvas writes for a few calls.
 #pragma once
 
-#include "plotter/PsDocument.h"
+#include "postscript/PsDocument.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>

@@ -2,7 +2,7 @@
 
 #include "QtStand.h"
 
-#include "qt/DrawingView.h"
+#include "view/DrawingView.h"
 
 #include <QApplication>
 #include <QDir>

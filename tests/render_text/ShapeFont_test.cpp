@@ -1,6 +1,6 @@
+#include "fonts/StrokeFont.h"
 #include "plotter/FakeDrawing.h"
 #include "render/TextLayout.h"
-#include "render/text/StrokeFont.h"
 
 #include <filesystem>
 #include <fstream>

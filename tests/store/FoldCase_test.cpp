@@ -1,4 +1,4 @@
-#include "store/FoldCase.h"
+#include "database/FoldCase.h"
 
 #include <gtest/gtest.h>
 

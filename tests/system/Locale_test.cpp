@@ -1,6 +1,6 @@
+#include "AnsiCodePage.h"
 #include "Folders.h"
-#include "system/AnsiCodePage.h"
-#include "system/LocaleFormats.h"
+#include "LocaleFormats.h"
 #include "system/SystemPorts.h"
 
 #include <gtest/gtest.h>

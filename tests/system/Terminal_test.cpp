@@ -1,5 +1,5 @@
+#include "MessageAnswers.h"
 #include "terminal/Console.h"
-#include "terminal/MessageAnswers.h"
 #include "terminal/TerminalDesktop.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // The form model by itself, on forms made up for it.
-#include "ui/Form.h"
+#include "ui/form/Form.h"
 
 #include "ports/HostError.h"
 #include "ui/UiStand.h"

@@ -1,4 +1,4 @@
-#include "ui/NumberFields.h"
+#include "ui/form/NumberFields.h"
 
 #include "ui/UiStand.h"
 

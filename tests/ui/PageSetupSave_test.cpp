@@ -1,5 +1,5 @@
 #include "ui/PageSetupStand.h"
-#include "ui/PageSetupTable.h"
+#include "ui/settings/PageSetupTable.h"
 
 namespace sm {
 namespace {

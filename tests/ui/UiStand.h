@@ -3,7 +3,7 @@
 
 #include "doubles/ScriptedToolkit.h"
 #include "doubles/TestHouse.h"
-#include "ui/FormSession.h"
+#include "ui/form/FormSession.h"
 
 namespace sm {
 

@@ -1,4 +1,4 @@
-#include "render/images/PictureFile.h"
+#include "images/PictureFile.h"
 
 #include <csetjmp>
 #include <cstdio>

@@ -1,4 +1,4 @@
-#include "render/images/MakePicture.h"
+#include "images/MakePicture.h"
 
 #include <algorithm>
 #include <cmath>

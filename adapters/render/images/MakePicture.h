@@ -1,8 +1,8 @@
 // Turns the rows of a picture into what a drawing wants to see of it.
 #pragma once
 
+#include "images/PictureFile.h"
 #include "render/References.h"
-#include "render/images/PictureFile.h"
 
 #include <array>
 

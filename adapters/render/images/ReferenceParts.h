@@ -2,8 +2,8 @@
 #pragma once
 
 #include "drawing/FindReferenced.h"
+#include "images/MakePicture.h"
 #include "render/References.h"
-#include "render/images/MakePicture.h"
 
 #include <map>
 #include <optional>

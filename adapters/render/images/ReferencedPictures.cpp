@@ -1,4 +1,4 @@
-#include "render/images/ReferenceParts.h"
+#include "images/ReferenceParts.h"
 
 #include <algorithm>
 #include <charconv>

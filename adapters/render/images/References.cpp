@@ -1,6 +1,6 @@
 #include "render/References.h"
 
-#include "render/images/ReferenceParts.h"
+#include "images/ReferenceParts.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,4 +1,4 @@
-#include "render/plotstyle/PlotPens.h"
+#include "plotstyle/PlotPens.h"
 
 #include "drawing/TextDecoder.h"
 

@@ -1,8 +1,8 @@
 // A plot style table made ready for drawing: one pen for each colour index or named style.
 #pragma once
 
+#include "ink/DashPattern.h"
 #include "render/Canvas.h"
-#include "render/DashPattern.h"
 #include "render/PlotStyleTable.h"
 #include "render/Style.h"
 

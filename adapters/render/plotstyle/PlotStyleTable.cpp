@@ -1,6 +1,6 @@
 #include "render/PlotStyleTable.h"
 
-#include "render/plotstyle/PlotStyleText.h"
+#include "plotstyle/PlotStyleText.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "render/plotstyle/PlotStyleText.h"
+#include "plotstyle/PlotStyleText.h"
 
 #include "render/PlotStyleTable.h"
 

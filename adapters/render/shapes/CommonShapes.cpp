@@ -1,5 +1,5 @@
 #include "render/Arcs.h"
-#include "render/shapes/ShapeLibrary.h"
+#include "shapes/ShapeLibrary.h"
 
 #include <array>
 

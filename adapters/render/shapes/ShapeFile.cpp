@@ -1,6 +1,6 @@
-#include "render/shapes/ShapeFile.h"
+#include "shapes/ShapeFile.h"
 
-#include "render/shapes/ShapePen.h"
+#include "shapes/ShapePen.h"
 
 #include <fstream>
 #include <iterator>

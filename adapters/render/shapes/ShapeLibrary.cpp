@@ -1,6 +1,6 @@
-#include "render/shapes/ShapeLibrary.h"
+#include "shapes/ShapeLibrary.h"
 
-#include "render/text/Unicode.h"
+#include "text/Unicode.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "drawing/Drawing.h"
-#include "render/shapes/ShapeFile.h"
+#include "shapes/ShapeFile.h"
 
 #include <map>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "render/shapes/ShapePen.h"
+#include "shapes/ShapePen.h"
 
 #include "render/Arcs.h"
 

@@ -1,7 +1,7 @@
 // The pen that follows the codes of a shape.
 #pragma once
 
-#include "render/shapes/ShapeFile.h"
+#include "shapes/ShapeFile.h"
 
 #include <vector>
 

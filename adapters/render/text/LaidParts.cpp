@@ -1,4 +1,4 @@
-#include "render/text/LaidParts.h"
+#include "text/LaidParts.h"
 
 #include <iterator>
 

@@ -1,6 +1,6 @@
-#include "render/text/LineLayout.h"
+#include "text/LineLayout.h"
 
-#include "render/text/Unicode.h"
+#include "text/Unicode.h"
 
 #include <cmath>
 #include <numbers>

@@ -1,8 +1,8 @@
 // TEXT, ATTRIB and ATTDEF: one line, put where its alignment says.
 #pragma once
 
-#include "render/text/TextCodes.h"
-#include "render/text/Typesetter.h"
+#include "text/TextCodes.h"
+#include "text/Typesetter.h"
 
 namespace sm::render {
 

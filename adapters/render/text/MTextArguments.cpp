@@ -1,7 +1,7 @@
-#include "render/text/MTextParser.h"
+#include "text/MTextParser.h"
 
-#include "render/text/TextCodes.h"
-#include "render/text/Unicode.h"
+#include "text/TextCodes.h"
+#include "text/Unicode.h"
 
 #include <charconv>
 #include <cmath>

@@ -1,7 +1,7 @@
 // The formatting of MTEXT, read into words, breaks and stacks with their look.
 #pragma once
 
-#include "render/text/Typesetter.h"
+#include "text/Typesetter.h"
 
 #include <array>
 #include <string>

@@ -1,7 +1,7 @@
-#include "render/text/MTextLayout.h"
+#include "text/MTextLayout.h"
 
-#include "render/text/TextColumns.h"
-#include "render/text/TextPlane.h"
+#include "text/TextColumns.h"
+#include "text/TextPlane.h"
 
 #include <algorithm>
 #include <cmath>

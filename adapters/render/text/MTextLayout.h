@@ -1,7 +1,7 @@
 // MTEXT: paragraphs broken into lines within a width, stacked in columns and put where the attachment says.
 #pragma once
 
-#include "render/text/TextLines.h"
+#include "text/TextLines.h"
 
 namespace sm::render {
 

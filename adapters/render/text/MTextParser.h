@@ -1,7 +1,7 @@
 // Reads the text of an MTEXT code by code.
 #pragma once
 
-#include "render/text/MTextCodes.h"
+#include "text/MTextCodes.h"
 
 namespace sm::render {
 

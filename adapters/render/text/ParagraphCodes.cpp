@@ -1,5 +1,5 @@
 // Reads the argument of MTEXT's paragraph code, "xi-3,l4,t4,c8,qc,sm1.5,b1".
-#include "render/text/MTextParser.h"
+#include "text/MTextParser.h"
 
 #include <algorithm>
 #include <charconv>

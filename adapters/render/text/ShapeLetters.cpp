@@ -1,6 +1,6 @@
 // Letters of compiled shape files. The file's first shape says how high capitals are ("above") and how deep letters
 // hang below the base line; a letter ends where the next one begins.
-#include "render/text/StrokeFont.h"
+#include "fonts/StrokeFont.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
-#include "render/text/TextCodes.h"
+#include "text/TextCodes.h"
 
-#include "render/text/Unicode.h"
+#include "text/Unicode.h"
 
 #include <charconv>
 #include <cstdint>

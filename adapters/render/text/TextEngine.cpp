@@ -1,5 +1,5 @@
-#include "render/text/LineLayout.h"
-#include "render/text/MTextLayout.h"
+#include "text/LineLayout.h"
+#include "text/MTextLayout.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "render/text/TextLines.h"
+#include "text/TextLines.h"
 
 #include <algorithm>
 #include <cmath>

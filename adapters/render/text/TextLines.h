@@ -1,7 +1,7 @@
 // Breaks the tokens of an MTEXT into lines within a width.
 #pragma once
 
-#include "render/text/MTextCodes.h"
+#include "text/MTextCodes.h"
 
 namespace sm::render {
 

@@ -1,4 +1,4 @@
-#include "render/text/TextPlane.h"
+#include "text/TextPlane.h"
 
 #include <cmath>
 #include <numbers>

@@ -1,6 +1,6 @@
-#include "render/text/Typesetter.h"
+#include "text/Typesetter.h"
 
-#include "render/text/Unicode.h"
+#include "text/Unicode.h"
 
 #include <cmath>
 #include <numbers>

@@ -1,8 +1,8 @@
 // Sets pieces of one line: characters become glyphs along the x axis.
 #pragma once
 
-#include "render/text/FontLibrary.h"
-#include "render/text/LaidParts.h"
+#include "fonts/FontLibrary.h"
+#include "text/LaidParts.h"
 
 #include <optional>
 #include <string_view>

@@ -1,7 +1,7 @@
 #include "windows/forms/FormDialog.h"
 
 #include "ports/HostError.h"
-#include "windows/forms/VisualStyles.h"
+#include "windows/controls/VisualStyles.h"
 
 #include <algorithm>
 #include <utility>

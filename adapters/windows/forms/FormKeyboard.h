@@ -1,7 +1,7 @@
 // The keyboard in a form's window: from control to control, mnemonics, Enter and Escape.
 #pragma once
 
-#include "windows/forms/ControlWindow.h"
+#include "windows/controls/ControlWindow.h"
 
 namespace sm::windows {
 

@@ -1,7 +1,7 @@
 #include "windows/forms/Win32FormView.h"
 
 #include "windows/automation/WideText.h"
-#include "windows/forms/FormScale.h"
+#include "windows/controls/FormScale.h"
 
 #include <algorithm>
 #include <optional>

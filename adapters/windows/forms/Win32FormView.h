@@ -1,10 +1,10 @@
 // One form's window with all its controls.
 #pragma once
 
-#include "windows/forms/ControlWindow.h"
+#include "windows/controls/ControlWindow.h"
+#include "windows/controls/VisualStyles.h"
 #include "windows/forms/FormDialog.h"
 #include "windows/forms/FormKeyboard.h"
-#include "windows/forms/VisualStyles.h"
 
 #include <optional>
 

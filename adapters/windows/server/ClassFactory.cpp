@@ -1,10 +1,10 @@
 #include "windows/server/ClassFactory.h"
 
 #include "windows/automation/ComRef.h"
-#include "windows/server/NativeDocObject.h"
-#include "windows/server/PageSetupObject.h"
-#include "windows/server/PluginObject.h"
-#include "windows/server/TransferSettingsObject.h"
+#include "windows/objects/NativeDocObject.h"
+#include "windows/objects/PageSetupObject.h"
+#include "windows/objects/PluginObject.h"
+#include "windows/objects/TransferSettingsObject.h"
 
 namespace sm::windows {
 namespace {

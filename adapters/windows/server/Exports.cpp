@@ -1,6 +1,6 @@
 // What the system calls of the component.
+#include "windows/objects/ModuleUse.h"
 #include "windows/server/ClassFactory.h"
-#include "windows/server/ModuleUse.h"
 #include "windows/server/Registration.h"
 
 #include <windows.h>

@@ -1,8 +1,8 @@
 #include "windows/server/Registration.h"
 
 #include "windows/automation/WideText.h"
+#include "windows/objects/Identities.h"
 #include "windows/server/ClassFactory.h"
-#include "windows/server/Identities.h"
 #include "windows/system/Attempted.h"
 #include "windows/system/OwnModule.h"
 

@@ -1,13 +1,13 @@
 // The program with the windows: "settings" and "page-setup" on a screen. It knows the toolkit; the command line's own
 // program, which becomes this one for those commands, doesn't.
+#include "Dispatch.h"
+#include "commandline/ExitCodes.h"
+#include "commandline/HelpTopic.h"
+#include "commands/PageSetupCommand.h"
+#include "commands/SettingsCommand.h"
 #include "qt/DrawingWindow.h"
 #include "qt/Screen.h"
-#include "sheetmaker/Dispatch.h"
-#include "sheetmaker/DwgSetup.h"
-#include "sheetmaker/ExitCodes.h"
-#include "sheetmaker/HelpTopic.h"
-#include "sheetmaker/PageSetupCommand.h"
-#include "sheetmaker/SettingsCommand.h"
+#include "run/DwgSetup.h"
 #include "system/DocumentOpener.h"
 
 #include <csignal>

@@ -1,7 +1,7 @@
 #include "FormUser.h"
 
 #include "windows/automation/WideText.h"
-#include "windows/forms/ControlWindow.h"
+#include "windows/controls/ControlWindow.h"
 
 #include <thread>
 #include <vector>

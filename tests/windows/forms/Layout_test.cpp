@@ -1,8 +1,8 @@
 // Windows fit their texts and the screen, whatever the font.
 #include "RecordingForm.h"
 
-#include "windows/forms/FormFont.h"
-#include "windows/forms/FormUnits.h"
+#include "windows/controls/FormFont.h"
+#include "windows/controls/FormUnits.h"
 
 namespace sm::windows {
 namespace {

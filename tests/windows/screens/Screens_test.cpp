@@ -5,7 +5,7 @@
 #include "doubles/TestHouse.h"
 #include "ui/FilledForms.h"
 #include "windows/automation/WideText.h"
-#include "windows/forms/ControlWindow.h"
+#include "windows/controls/ControlWindow.h"
 #include "windows/forms/Win32Toolkit.h"
 
 #include <algorithm>

@@ -1,0 +1,81 @@
+// The plot configuration of one layout, as the run changes it.
+#pragma once
+
+#include "devices/PlotDevices.h"
+#include "plotter/Placement.h"
+
+#include <functional>
+
+namespace sm::cadhost {
+
+/// Where devices and plot style tables come from.
+struct PlotFolders {
+    std::string plotters, styles, drawing;
+    std::string userStyles = {};
+};
+
+struct PlotScale {
+    double numerator = 1, denominator = 1; ///< paper units for drawing units
+};
+
+/// What `Place` asks for: the box of what the layout's space plots, in the display plane of a view.
+using ExtentsSource = std::function<drawing::Box2(const render::Matrix3& view)>;
+
+/// Seeded from the drawing, changed in memory only. Setters throw HostError for what the layout can't have and then
+/// change nothing. The lists are as of the last refresh; the first question refreshes them.
+class PlotConfiguration {
+public:
+    /// `landscape` is asked only for a layout without paper: whether its contents are wider than high.
+    PlotConfiguration(const drawing::Drawing& drawing, const drawing::Layout& layout,
+                      const std::function<bool()>& landscape);
+
+    /// The values without a rule of their own; sizes, margins and origin in here don't count.
+    drawing::PlotSettings& Values() { return m_values; }
+    /// The plot window in world coordinates where the layout is seen in plan, in its display plane else. The file holds
+    /// it in the display plane, whose origin is the view's target.
+    [[nodiscard]] drawing::Box2 Window() const;
+    void SetWindow(const drawing::Box2& window);
+    /// Of the plot, along the drawing's axes, millimetres. The file has it along the axes of the unturned sheet.
+    [[nodiscard]] drawing::Vec2 Origin() const { return m_origin; }
+    void SetOrigin(drawing::Vec2 origin) { m_origin = origin; }
+
+    void Refresh(const PlotFolders& folders);
+    const std::vector<std::string>& Devices(const PlotFolders& folders);
+    std::vector<std::string> MediaNames(const PlotFolders& folders);
+    const std::vector<std::string>& Styles(const PlotFolders& folders);
+
+    [[nodiscard]] const std::string& Device() const { return m_device; }
+    void SetDevice(const std::string& name, const PlotFolders& folders);
+    void SetStyle(const std::string& name, const PlotFolders& folders);
+    void SetMedium(const std::string& canonicalName, const PlotFolders& folders);
+    std::string LocaleName(const std::string& canonicalName, const PlotFolders& folders);
+
+    /// The present sheet and, unturned, the margins in force.
+    [[nodiscard]] const Medium& Sheet() const { return m_sheet; }
+    [[nodiscard]] Margins SheetMargins() const;
+    /// Dots per inch of the present device; 0 when it writes no PostScript.
+    [[nodiscard]] std::int32_t Resolution() const { return m_pc3 == nullptr ? 0 : m_pc3->resolution; }
+
+    /// Everything that is in force, for the plotter.
+    [[nodiscard]] drawing::PlotSettings Settings() const;
+    /// The scale in force; `extents` is asked under scale to fit only.
+    [[nodiscard]] PlotScale Scale(const ExtentsSource& extents) const;
+
+private:
+    void RefreshOnce(const PlotFolders& folders);
+    [[nodiscard]] std::vector<Medium> Media() const;
+
+    const drawing::Drawing& m_drawing;
+    const drawing::Layout& m_layout;
+    drawing::PlotSettings m_own;    ///< as drawn; its paper is the one that keeps its margins
+    drawing::PlotSettings m_values; ///< as configured
+    std::string m_device;
+    Medium m_ownSheet, m_sheet;
+    std::shared_ptr<const Pc3File> m_pc3;
+    drawing::Vec2 m_origin, m_windowShift;
+    bool m_listed = false;
+    std::vector<std::string> m_devices, m_styles;
+    std::vector<Medium> m_media;
+};
+
+} // namespace sm::cadhost

@@ -1,0 +1,48 @@
+#include "cadhost/CadHost.h"
+
+#include "answers/HostErrors.h"
+#include "session/LayoutList.h"
+#include "session/Session.h"
+
+namespace sm::cadhost {
+namespace {
+
+OpenDrawing& Behind(const std::shared_ptr<IAcadDocument>& document)
+{
+    const OpenDrawingRef open = DrawingBehind(document);
+    if (open == nullptr)
+        throw HostError("this document belongs to another host");
+    return *open;
+}
+
+class EmbeddedHost final : public CadHost {
+public:
+    explicit EmbeddedHost(const HostOptions& options) : m_session(std::make_shared<Session>(options)) {}
+    std::shared_ptr<IAcadApplication> Application() override { return m_session->ApplicationPort(); }
+    std::shared_ptr<IAcadDocument> Open(const std::string& path, const DocumentOverlay& overlay) override
+    {
+        return m_session->DocumentPort(m_session->Open(path, overlay));
+    }
+    DocumentReport Report(const std::shared_ptr<IAcadDocument>& document) override { return Behind(document).Report(); }
+    std::vector<LayoutFacts> Layouts(const std::shared_ptr<IAcadDocument>& document) override
+    {
+        return ListLayouts(Behind(document));
+    }
+    void KeepLayers(bool keep) override { m_session->KeepLayers(keep); }
+    const drawing::Drawing& DrawingOf(const std::shared_ptr<IAcadDocument>& document) override
+    {
+        return Behind(document).File();
+    }
+
+private:
+    std::shared_ptr<Session> m_session;
+};
+
+} // namespace
+
+std::unique_ptr<CadHost> CadHost::Create(const HostOptions& options)
+{
+    return std::make_unique<EmbeddedHost>(options);
+}
+
+} // namespace sm::cadhost

@@ -1,0 +1,105 @@
+#include "session/LayoutList.h"
+
+#include "answers/HostText.h"
+
+namespace sm::cadhost {
+namespace {
+
+constexpr int kCoordinateDigits = 8, kScaleDigits = 5;
+
+std::string PointText(drawing::Vec2 p)
+{
+    return RoundedText(p.x, kCoordinateDigits) + "," + RoundedText(p.y, kCoordinateDigits);
+}
+
+/// The viewport that is the sheet itself: the one with id 1, and on sheets that keep no ids the first one.
+const drawing::EntityRecord* SheetViewport(const drawing::Drawing& drawing, std::uint32_t block)
+{
+    drawing::ViewportData viewport;
+    const drawing::EntityRecord* first = nullptr;
+    bool firstHasId = false;
+    for (const drawing::EntityRecord& record : drawing.EntitiesOf(block)) {
+        if (record.kind != drawing::EntityKind::Viewport)
+            continue;
+        drawing::Read(drawing, record, viewport);
+        if (viewport.id == 1)
+            return &record;
+        if (first == nullptr) {
+            first = &record;
+            firstHasId = viewport.id != 0;
+        }
+    }
+    return firstHasId ? nullptr : first;
+}
+
+void Count(const drawing::Drawing& drawing, const drawing::Layout& layout, LayoutFacts& facts)
+{
+    const drawing::EntityRecord* const sheet = layout.isModel ? nullptr : SheetViewport(drawing, layout.block);
+    for (const drawing::EntityRecord& record : drawing.EntitiesOf(layout.block)) {
+        if (&record == sheet)
+            continue;
+        ++facts.entities;
+        if (record.kind == drawing::EntityKind::Viewport && !layout.isModel)
+            ++facts.viewports;
+    }
+}
+
+LayoutFacts FactsOf(OpenDrawing& open, std::size_t index)
+{
+    const drawing::Layout& layout = open.LayoutAt(index);
+    const drawing::PlotSettings settings = open.Configuration(index).Settings();
+    const bool turned = (settings.rotation & 1) != 0;
+    const bool fit = settings.Has(drawing::PlotSettings::kStandardScale) && settings.standardScale == 0;
+    LayoutFacts facts;
+    facts.name = layout.name;
+    facts.isModel = layout.isModel;
+    facts.active = index == open.Active();
+    facts.tabOrder = open.TabOrder(index);
+    facts.mediaName = settings.mediaName;
+    facts.configName = settings.configName;
+    facts.styleSheet = settings.styleSheet;
+    facts.plotArea = PlotAreaText(settings);
+    facts.scale = ScaleText(open.Configuration(index).Scale(open.ExtentsOf(index)), fit);
+    facts.paperWidth = turned ? settings.paperHeight : settings.paperWidth;
+    facts.paperHeight = turned ? settings.paperWidth : settings.paperHeight;
+    Count(open.File(), layout, facts);
+    return facts;
+}
+
+} // namespace
+
+std::string PlotAreaText(const drawing::PlotSettings& settings)
+{
+    switch (settings.plotType) {
+    case 0:
+        return "display";
+    case 1:
+        return "extents";
+    case 2:
+        return "limits";
+    case 3:
+        return "view '" + settings.viewName + "'";
+    case 4:
+        return "window " + PointText(settings.window.min) + " to " + PointText(settings.window.max);
+    default:
+        return "layout";
+    }
+}
+
+std::string ScaleText(const PlotScale& scale, bool fit)
+{
+    const double ratio = scale.numerator / scale.denominator;
+    const std::string text =
+        ratio > 1 ? RoundedText(ratio, kScaleDigits) + ":1" : "1:" + RoundedText(1 / ratio, kScaleDigits);
+    return fit ? "fit (" + text + ")" : text;
+}
+
+std::vector<LayoutFacts> ListLayouts(OpenDrawing& open)
+{
+    std::vector<LayoutFacts> list;
+    for (const std::size_t index : open.Shown())
+        list.push_back(FactsOf(open, index));
+    return list;
+}
+
+} // namespace sm::cadhost

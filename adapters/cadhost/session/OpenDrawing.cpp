@@ -1,0 +1,273 @@
+#include "session/OpenDrawing.h"
+
+#include "answers/HostErrors.h"
+#include "answers/HostText.h"
+#include "plotter/Plotter.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+namespace sm::cadhost {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string AbsolutePath(const std::string& path)
+{
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error);
+    return error ? path : absolute.lexically_normal().string();
+}
+
+std::optional<std::size_t> FindLayout(const drawing::Drawing& drawing, const std::string& name)
+{
+    const auto& layouts = drawing.Layouts();
+    for (std::size_t i = 0; i < layouts.size(); ++i) {
+        if (SameName(layouts[i].name, name))
+            return i;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+OpenDrawing::OpenDrawing(const std::string& path, DocumentOverlay overlay, const drawing::DwgOptions& dwg,
+                         render::ReferenceOptions references)
+    : m_fullName(AbsolutePath(path)), m_file(drawing::Drawing::Open(path, dwg)), m_active(m_file->ActiveLayout()),
+      m_referenceOptions(std::move(references))
+{
+    m_configurations.resize(m_file->Layouts().size());
+    SetOverlay(std::move(overlay));
+}
+
+drawing::Drawing& OpenDrawing::File() const
+{
+    if (m_file == nullptr)
+        throw HostError("the drawing '" + FileName() + "' is closed");
+    return *m_file;
+}
+
+std::string OpenDrawing::Folder() const
+{
+    return (fs::path(m_fullName).parent_path() / "").string();
+}
+
+std::string OpenDrawing::FileName() const
+{
+    return fs::path(m_fullName).filename().string();
+}
+
+void OpenDrawing::SetOverlay(DocumentOverlay overlay)
+{
+    m_overlay = std::move(overlay);
+    m_shown.clear();
+    const auto& layouts = File().Layouts();
+    const auto isNamed = [&](const drawing::Layout& layout) {
+        return std::any_of(m_overlay.layouts.begin(), m_overlay.layouts.end(),
+                           [&](const std::string& name) { return SameName(name, layout.name); });
+    };
+    for (std::size_t i = 0; i < layouts.size(); ++i) {
+        if (layouts[i].isModel || m_overlay.layouts.empty() || isNamed(layouts[i]))
+            m_shown.push_back(i);
+    }
+    const auto paper = std::find_if(m_shown.begin(), m_shown.end(), [&](std::size_t i) { return !layouts[i].isModel; });
+    m_lastPaper = paper == m_shown.end() ? m_active : *paper;
+    const auto wanted = m_overlay.activeLayout ? FindLayout(File(), *m_overlay.activeLayout) : std::nullopt;
+    Activate(wanted.value_or(m_active));
+}
+
+const drawing::Layout& OpenDrawing::LayoutAt(std::size_t index) const
+{
+    const auto& layouts = File().Layouts();
+    if (index >= layouts.size())
+        throw HostError("the drawing '" + FileName() + "' has no such layout");
+    return layouts[index];
+}
+
+std::int32_t OpenDrawing::TabOrder(std::size_t index) const
+{
+    const auto place = std::find(m_shown.begin(), m_shown.end(), index);
+    return place == m_shown.end() ? LayoutAt(index).tabOrder : static_cast<std::int32_t>(place - m_shown.begin());
+}
+
+void OpenDrawing::Activate(std::size_t index)
+{
+    const bool paper = !LayoutAt(index).isModel;
+    m_active = index;
+    if (paper)
+        m_lastPaper = index;
+}
+
+bool OpenDrawing::IsLandscape(std::size_t index)
+{
+    const drawing::Layout& layout = LayoutAt(index);
+    const drawing::Box2 box = layout.extents.Empty() ? Extents(layout.block, {}) : layout.extents;
+    const bool hasSize = !box.Empty() && (box.Width() > 0 || box.Height() > 0);
+    return !hasSize || box.Width() > box.Height();
+}
+
+PlotConfiguration& OpenDrawing::Configuration(std::size_t index)
+{
+    const drawing::Layout& layout = LayoutAt(index);
+    auto& configuration = m_configurations[index];
+    if (configuration == nullptr)
+        configuration = std::make_unique<PlotConfiguration>(File(), layout, [&] { return IsLandscape(index); });
+    return *configuration;
+}
+
+drawing::Box2 OpenDrawing::Extents(std::uint32_t block, const render::Matrix3& view)
+{
+    for (const KnownExtents& known : m_extents) {
+        if (known.block == block && known.view == view)
+            return known.box;
+    }
+    const drawing::Box2 box = AsHost([&] { return render::ExtentsOf(File(), block, view, Text(), &References()); });
+    m_extents.push_back({block, view, box});
+    return box;
+}
+
+ExtentsSource OpenDrawing::ExtentsOf(std::size_t index)
+{
+    return [this, block = LayoutAt(index).block](const render::Matrix3& view) { return Extents(block, view); };
+}
+
+render::TextEngine& OpenDrawing::Text()
+{
+    if (m_text == nullptr)
+        m_text = AsHost([] { return render::TextEngine::Create(); });
+    return *m_text;
+}
+
+render::References& OpenDrawing::References()
+{
+    if (m_references == nullptr)
+        m_references = AsHost([this] { return std::make_unique<render::References>(File(), m_referenceOptions); });
+    return *m_references;
+}
+
+bool OpenDrawing::Plot(const std::string& path, const PlotFolders& folders, bool keepLayers)
+{
+    static_cast<void>(File());
+    try {
+        PlotActive(path, folders, keepLayers);
+        m_plotFailure.clear();
+        return true;
+    } catch (const std::exception& error) {
+        m_plotFailure = error.what();
+        return false;
+    }
+}
+
+// A table that is missing or broken is no reason not to plot: the report names it.
+const render::PlotStyleTable* OpenDrawing::StylesFor(const drawing::PlotSettings& settings, const PlotFolders& folders)
+{
+    if (settings.styleSheet.empty() || !settings.Has(drawing::PlotSettings::kPlotStyles))
+        return nullptr;
+    const std::string path = FindPlotStyle({folders.drawing, folders.userStyles, folders.styles}, settings.styleSheet);
+    if (path.empty()) {
+        m_report->Remark("plot style table \"" + settings.styleSheet + "\" not found, plotted without it");
+        return nullptr;
+    }
+    try {
+        auto known = m_plotStyles.find(path);
+        if (known == m_plotStyles.end())
+            known = m_plotStyles.emplace(path, render::ReadPlotStyleTable(path)).first;
+        return &known->second;
+    } catch (const render::PlotStyleError& error) {
+        m_report->Remark("plotted without plot styles: " + std::string(error.what()));
+        return nullptr;
+    }
+}
+
+void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders, bool keepLayers)
+{
+    const drawing::Layout& layout = LayoutAt(m_active);
+    const PlotConfiguration& configuration = Configuration(m_active);
+    if (configuration.Resolution() == 0)
+        throw HostError("layout '" + layout.name + "': the device '" + configuration.Device() +
+                        "' can't plot to a file; choose one of the plotter configurations (.pc3) of the host");
+    if (m_report == nullptr)
+        m_report = std::make_unique<render::RenderReport>(File());
+    const drawing::PlotSettings settings = configuration.Settings();
+    const plotter::PlotJob job{File(),
+                               layout,
+                               settings,
+                               static_cast<double>(configuration.Resolution()),
+                               layout.name,
+                               "Sheetmaker PDF",
+                               ExtentsOf(m_active),
+                               StylesFor(settings, folders),
+                               keepLayers,
+                               &References()};
+    plotter::PlotToPostScript(job, path, Text(), *m_report);
+}
+
+namespace {
+
+void AddCounts(const render::RenderReport& from, DocumentReport& report)
+{
+    report.drawn += from.Count(render::Outcome::Drawn);
+    report.hidden += from.Count(render::Outcome::Hidden);
+    report.offPage += from.Count(render::Outcome::OffPage);
+    report.notReached += from.Count(render::Outcome::NotReached);
+    report.notDrawn += from.Count(render::Outcome::NotDrawn);
+}
+
+/// Drawings that are shown in place of blocks count with theirs, under the names that their layers have in the host.
+void AddReferences(const render::References& references, DocumentReport& report)
+{
+    for (const drawing::Finding& finding : references.Findings())
+        report.findings.push_back(finding);
+    for (const render::References::GuestReport& guest : references.Guests()) {
+        report.read += guest.file->EntityCount();
+        AddCounts(*guest.report, report);
+        for (render::RenderReport::NotDrawnKind kind : guest.report->NotDrawn()) {
+            kind.layer = guest.prefix + "|" + kind.layer;
+            report.notDrawnKinds.push_back(std::move(kind));
+        }
+    }
+}
+
+} // namespace
+
+DocumentReport OpenDrawing::Report() const
+{
+    DocumentReport report;
+    report.read = File().EntityCount();
+    report.findings = File().Findings();
+    report.audited = m_audit;
+    report.plotFailure = m_plotFailure;
+    if (m_text != nullptr)
+        report.substitutions = m_text->Substitutions();
+    if (m_report == nullptr)
+        report.notReached = report.read;
+    else
+        AddCounts(*m_report, report);
+    if (m_report != nullptr)
+        report.notDrawnKinds = m_report->NotDrawn();
+    if (m_report != nullptr)
+        report.remarks = m_report->Remarks();
+    if (m_references != nullptr)
+        AddReferences(*m_references, report);
+    return report;
+}
+
+void OpenDrawing::Audit(bool fixErrors)
+{
+    m_audit = DocumentAudit{fixErrors, File().Findings()};
+}
+
+void OpenDrawing::Close(bool saveChanges)
+{
+    drawing::Drawing& file = File();
+    if (saveChanges && file.Modified())
+        AsHost([&] { file.Save(true); });
+    m_audit.reset();
+    m_report.reset();
+    m_references.reset();
+    m_configurations.clear();
+    m_file.reset();
+}
+
+} // namespace sm::cadhost

@@ -1,0 +1,73 @@
+#include "session/Session.h"
+
+#include "cadhost/PointPicker.h"
+#include "ports/HostError.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace sm::cadhost {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool IsSameFile(const std::string& left, const std::string& right)
+{
+    std::error_code error;
+    return left == right || (fs::equivalent(left, right, error) && !error);
+}
+
+} // namespace
+
+Session::Session(const HostOptions& options)
+    : m_options(options), m_printerConfigPath((fs::path(options.shareFolder) / "Plotters").string())
+{
+}
+
+std::string Session::DriversPath() const
+{
+    return (fs::path(m_options.shareFolder) / "Drivers").string();
+}
+
+void Session::SetPrinterConfigPath(const std::string& path)
+{
+    std::error_code error;
+    if (!fs::is_directory(path, error))
+        throw HostError("PrinterConfigPath: the folder '" + path + "' doesn't exist");
+    m_printerConfigPath = path;
+}
+
+PlotFolders Session::FoldersFor(const OpenDrawing& open) const
+{
+    return {m_printerConfigPath, (fs::path(m_options.shareFolder) / "PlotStyles").string(), open.Folder(),
+            m_options.userStyleFolder};
+}
+
+std::shared_ptr<OpenDrawing> Session::Open(const std::string& path, const DocumentOverlay& overlay)
+{
+    const auto known = std::find_if(m_drawings.begin(), m_drawings.end(),
+                                    [&](const OpenDrawingRef& open) { return IsSameFile(open->FullName(), path); });
+    if (known != m_drawings.end()) {
+        (*known)->SetOverlay(overlay);
+        m_active = *known;
+        return m_active;
+    }
+    render::ReferenceOptions references = m_options.references;
+    references.dwg = m_options.dwg;
+    auto open = std::make_shared<OpenDrawing>(path, overlay, m_options.dwg, std::move(references));
+    m_drawings.push_back(open);
+    m_active = open;
+    return open;
+}
+
+void Session::Close(const OpenDrawingRef& open, bool saveChanges)
+{
+    if (m_options.picker != nullptr)
+        m_options.picker->Forget(open->File());
+    open->Close(saveChanges);
+    std::erase(m_drawings, open);
+    if (m_active == open)
+        m_active = m_drawings.empty() ? nullptr : m_drawings.back();
+}
+
+} // namespace sm::cadhost

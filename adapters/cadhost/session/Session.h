@@ -1,0 +1,45 @@
+// What the objects of one host share: its options, its preferences and the drawings it has open.
+#pragma once
+
+#include "ports/IAcadApplication.h"
+#include "session/OpenDrawing.h"
+
+namespace sm::cadhost {
+
+class Session : public std::enable_shared_from_this<Session> {
+public:
+    explicit Session(const HostOptions& options);
+
+    [[nodiscard]] const HostOptions& Options() const { return m_options; }
+    void KeepLayers(bool keep) { m_options.keepLayers = keep; }
+    [[nodiscard]] std::string DriversPath() const;
+    [[nodiscard]] const std::string& PrinterConfigPath() const { return m_printerConfigPath; }
+    /// Throws HostError for a folder that isn't there.
+    void SetPrinterConfigPath(const std::string& path);
+    [[nodiscard]] PlotFolders FoldersFor(const OpenDrawing& open) const;
+
+    [[nodiscard]] const std::vector<std::shared_ptr<OpenDrawing>>& Drawings() const { return m_drawings; }
+    [[nodiscard]] const std::shared_ptr<OpenDrawing>& Active() const { return m_active; }
+    /// Opens a drawing, or takes the one that is open already, and makes it the active one. Throws DrawingError.
+    std::shared_ptr<OpenDrawing> Open(const std::string& path, const DocumentOverlay& overlay);
+    /// Throws HostError when the drawing can't be saved; it then stays open.
+    void Close(const std::shared_ptr<OpenDrawing>& open, bool saveChanges);
+
+    // The ports over what the session holds; null for null.
+    std::shared_ptr<IAcadApplication> ApplicationPort();
+    std::shared_ptr<IAcadDocument> DocumentPort(const std::shared_ptr<OpenDrawing>& open);
+
+private:
+    HostOptions m_options;
+    std::string m_printerConfigPath;
+    std::vector<std::shared_ptr<OpenDrawing>> m_drawings;
+    std::shared_ptr<OpenDrawing> m_active;
+};
+
+using SessionRef = std::shared_ptr<Session>;
+using OpenDrawingRef = std::shared_ptr<OpenDrawing>;
+
+/// The drawing behind a document port; null for another host's.
+OpenDrawingRef DrawingBehind(const std::shared_ptr<IAcadDocument>& document);
+
+} // namespace sm::cadhost

@@ -1,0 +1,156 @@
+#include "dxf/DxfDrawing.h"
+
+#include "converter/DwgConversion.h"
+#include "entities/EntityTags.h"
+#include "tags/FileKind.h"
+
+#include <stdexcept>
+
+namespace sm::drawing {
+
+namespace {
+
+/// A file that breaks off before its first block or entity would give a blank sheet, which nobody wants for an answer.
+bool IsUsable(const Model& model)
+{
+    const Structure& found = model.structure;
+    const bool drawn =
+        !found.modelEntities.empty() || !found.paperEntities.empty() || !found.blocks.empty() || !found.objects.empty();
+    const bool prepared = !found.tableEntries.empty() || !found.variables.empty();
+    return drawn || (prepared && !model.findings.Has(Damage::NoEnd));
+}
+
+} // namespace
+
+std::unique_ptr<Model> ReadModel(FileBytes bytes, const std::string& path)
+{
+    const DxfKind kind = RecogniseDxf(bytes.View(), path);
+    auto model = std::make_unique<Model>(std::move(bytes), kind.format);
+    model->path = path;
+    const std::string_view file = model->source.File();
+    model->structure = ScanStructure(file, kind.format, kind.begin, model->findings);
+    model->source.objectList = &model->structure.objects;
+    if (!IsUsable(*model))
+        ThrowNothingUsable(file, path, model->structure.tags);
+    BuildHeader(*model);
+    BuildDictionaries(*model);
+    BuildStyles(*model);
+    BuildLinetypes(*model);
+    BuildPlotStyles(*model);
+    BuildLayers(*model);
+    BuildLayerOverrides(*model);
+    BuildViews(*model);
+    BuildBlocks(*model);
+    BuildNotes(*model);
+    BuildObjects(*model);
+    BuildLayouts(*model);
+    BuildDrawOrder(*model);
+    return model;
+}
+
+std::unique_ptr<Drawing> Drawing::Open(const std::string& path, const DwgOptions& dwg)
+{
+    FileBytes bytes = FileBytes::Map(path);
+    if (DwgRelease(bytes.View()).empty())
+        return std::make_unique<DxfDrawing>(ReadModel(std::move(bytes), path), dwg);
+    RecordsFile records(path);
+    FindingList lost;
+    auto model = ReadModel(ConvertDwg(bytes, path, dwg, lost), path);
+    model->findings.Join(lost);
+    return std::make_unique<DxfDrawing>(std::move(model), dwg, std::move(records));
+}
+
+std::unique_ptr<Drawing> Drawing::FromBytes(std::string bytes, const std::string& name)
+{
+    if (bytes.empty())
+        throw DrawingError(name + ": the file is empty; save the drawing again");
+    return std::make_unique<DxfDrawing>(ReadModel(FileBytes::Keep(std::move(bytes)), name));
+}
+
+DxfDrawing::DxfDrawing(std::unique_ptr<Model> model, DwgOptions dwg, std::optional<RecordsFile> records)
+    : m_model(std::move(model)), m_dwg(std::move(dwg)), m_records(std::move(records)),
+      m_stamp(m_model->source.bytes.Stamp())
+{
+}
+
+double DxfDrawing::HeaderReal(std::string_view name, double fallback) const
+{
+    return m_model->header.Real(name, fallback);
+}
+
+std::int32_t DxfDrawing::HeaderInteger(std::string_view name, std::int32_t fallback) const
+{
+    return m_model->header.Integer(name, fallback);
+}
+
+std::string DxfDrawing::HeaderText(std::string_view name, const std::string& fallback) const
+{
+    const auto raw = m_model->header.RawText(name);
+    return raw ? m_model->Text(*raw) : fallback;
+}
+
+std::optional<Vec3> DxfDrawing::HeaderPoint(std::string_view name) const
+{
+    return m_model->header.Point(name);
+}
+
+std::uint32_t DxfDrawing::FindBlock(std::string_view name) const
+{
+    return m_model->source.blocks.FindUtf8(name).value_or(kNoBlock);
+}
+
+std::span<const EntityRecord> DxfDrawing::EntitiesOf(std::uint32_t block) const
+{
+    if (block >= m_model->spans.size())
+        return {};
+    const RecordSpan& span = m_model->spans[block];
+    return std::span(m_model->records).subspan(span.first, span.count);
+}
+
+void DxfDrawing::IndexHandles() const
+{
+    m_handles.reserve(m_model->records.size());
+    for (std::size_t i = 0; i < m_model->records.size(); ++i) {
+        EntityTags tags(m_model->source, m_model->records[i]);
+        while (tags.Next() && tags.Code() != 5) {
+        }
+        if (tags.Code() == 5 && tags.HandleValue() != 0)
+            m_handles.emplace(tags.HandleValue(), i);
+    }
+}
+
+const EntityRecord* DxfDrawing::FindEntity(Handle handle) const
+{
+    std::call_once(m_handlesOnce, [this] { IndexHandles(); });
+    const auto found = m_handles.find(handle);
+    return found == m_handles.end() ? nullptr : &m_model->records[found->second];
+}
+
+void DxfDrawing::IndexPlaces() const
+{
+    m_places.reserve(m_model->records.size());
+    for (std::size_t i = 0; i < m_model->records.size(); ++i)
+        m_places.emplace(m_model->records[i].begin, i);
+}
+
+std::uint64_t DxfDrawing::RecordIndex(const EntityRecord& record) const
+{
+    const std::vector<EntityRecord>& records = m_model->records;
+    const std::less<const EntityRecord*> before;
+    if (!records.empty() && !before(&record, records.data()) && before(&record, records.data() + records.size()))
+        return static_cast<std::uint64_t>(&record - records.data());
+    // A copy: found by its place in the file.
+    std::call_once(m_placesOnce, [this] { IndexPlaces(); });
+    const auto found = m_places.find(record.begin);
+    return found == m_places.end() ? records.size() : found->second;
+}
+
+std::string_view DxfDrawing::EntityName(const EntityRecord& record) const
+{
+    const auto& names = m_model->structure.unknownNames;
+    if (record.nameIndex != 0 && record.nameIndex < names.size())
+        return names[record.nameIndex];
+    return KindName(record.kind);
+}
+
+} // namespace sm::drawing

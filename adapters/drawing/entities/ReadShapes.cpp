@@ -1,0 +1,35 @@
+#include "drawing/Solids.h"
+#include "entities/EntityTags.h"
+
+namespace sm::drawing {
+
+void Read(const Drawing& drawing, const EntityRecord& record, ShapeData& data)
+{
+    data = {};
+    EntityTags tags(drawing.Tags(), record);
+    while (tags.Next()) {
+        if (tags.Take(10, data.insertion))
+            continue;
+        switch (tags.Code()) {
+        case 2:
+            DecodeText(tags.Source(), tags.Name(), data.name);
+            break;
+        case 40:
+            data.size = tags.Real();
+            break;
+        case 41:
+            data.widthFactor = tags.Real();
+            break;
+        case 50:
+            data.rotation = tags.Real();
+            break;
+        case 51:
+            data.oblique = tags.Real();
+            break;
+        default:
+            tags.TakeCommon(data);
+        }
+    }
+}
+
+} // namespace sm::drawing

@@ -1,0 +1,127 @@
+#include "entities/EntityTags.h"
+
+#include <utility>
+
+namespace sm::drawing {
+
+namespace {
+
+void Reset(TextData& data)
+{
+    std::string text = std::move(data.text), tag = std::move(data.tag), prompt = std::move(data.prompt);
+    data = {};
+    for (std::string* kept : {&text, &tag, &prompt})
+        kept->clear();
+    data.text = std::move(text);
+    data.tag = std::move(tag);
+    data.prompt = std::move(prompt);
+}
+
+void TakeGeneration(TextData& data, std::int32_t flags)
+{
+    data.backward = (flags & 2) != 0;
+    data.upsideDown = (flags & 4) != 0;
+}
+
+bool TakeTextTag(const EntityTags& tags, TextData& data)
+{
+    switch (tags.Code()) {
+    case 1:
+        DecodeText(tags.Source(), tags.RawText(), data.text);
+        break;
+    case 7:
+        data.style = tags.Source().StyleOf(tags.Name());
+        break;
+    case 40:
+        data.height = tags.Real();
+        break;
+    case 41:
+        data.widthFactor = tags.Real();
+        break;
+    case 50:
+        data.rotation = tags.Real();
+        break;
+    case 51:
+        data.oblique = tags.Real();
+        break;
+    case 71:
+        TakeGeneration(data, tags.Integer());
+        break;
+    case 72:
+        data.horizontal = tags.Integer();
+        break;
+    default:
+        return false;
+    }
+    return true;
+}
+
+bool TakeAttributeTag(const EntityTags& tags, TextData& data)
+{
+    switch (tags.Code()) {
+    case 2:
+        tags.Source().text->Decode(tags.Name(), data.tag);
+        break;
+    case 3:
+        tags.Source().text->Decode(tags.RawText(), data.prompt);
+        break;
+    case 70:
+        data.attributeFlags = tags.Integer();
+        break;
+    case 74:
+        data.vertical = tags.Integer();
+        break;
+    default:
+        return false;
+    }
+    return true;
+}
+
+/// The tags behind "101 Embedded Object": those of the attribute's own MTEXT.
+EntityRecord EmbeddedRecord(const TagCursor& tags, const EntityRecord& record)
+{
+    EntityRecord embedded = record;
+    embedded.kind = EntityKind::MText;
+    embedded.nameIndex = 0;
+    embedded.begin = tags.End();
+    embedded.length = static_cast<std::uint32_t>(record.begin + record.length - tags.End());
+    embedded.line = tags.Line();
+    return embedded;
+}
+
+/// Older files keep the lines of a multi-line attribute in a record of its own or leave them out; newer ones embed an
+/// MTEXT object, whose text begins with its properties (10, 11, 41, 71, ...).
+void TakeEmbedded(const EntityTags& tags, const EntityRecord& record, TextData& data)
+{
+    const TagCursor& cursor = tags.Cursor();
+    if (cursor.Code() == 101 && record.kind != EntityKind::Text)
+        data.embeddedMText = EmbeddedRecord(cursor, record);
+}
+
+} // namespace
+
+void Read(const Drawing& drawing, const EntityRecord& record, TextData& data)
+{
+    Reset(data);
+    EntityTags tags(drawing.Tags(), record);
+    const bool attribute = record.kind != EntityKind::Text;
+    bool hasFlags = false;
+    while (tags.Next()) {
+        // Converters write the kind of an embedded text as a second group 70.
+        if (attribute && tags.Code() == 70 && std::exchange(hasFlags, true))
+            continue;
+        if (tags.Take(10, data.insertion))
+            continue;
+        if (tags.Take(11, data.alignment))
+            data.hasAlignment = true;
+        else if (attribute && TakeAttributeTag(tags, data))
+            continue;
+        else if (!attribute && tags.Code() == 73)
+            data.vertical = tags.Integer();
+        else if (!TakeTextTag(tags, data))
+            tags.TakeCommon(data);
+    }
+    TakeEmbedded(tags, record, data);
+}
+
+} // namespace sm::drawing

@@ -1,0 +1,25 @@
+// What a file is by its first bytes.
+#pragma once
+
+#include "tags/TagCursor.h"
+
+#include <string>
+#include <string_view>
+
+namespace sm::drawing {
+
+struct DxfKind {
+    TagFormat format = TagFormat::Ascii;
+    std::uint64_t begin = 0; ///< of the first tag
+};
+
+/// What writes files that begin like `bytes`: "release 2018", "an unknown release (AC1099)"; empty for no DWG.
+std::string DwgRelease(std::string_view bytes);
+
+/// How the DXF in `bytes` is written. Throws DrawingError for what is plainly something else; `path` names it.
+DxfKind RecogniseDxf(std::string_view bytes, const std::string& path);
+
+/// The error for a file in which nothing usable was found.
+[[noreturn]] void ThrowNothingUsable(std::string_view bytes, const std::string& path, std::uint32_t tags);
+
+} // namespace sm::drawing

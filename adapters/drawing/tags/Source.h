@@ -1,0 +1,80 @@
+// What the readers of single entities need of a drawing. For this room only.
+#pragma once
+
+#include "drawing/Drawing.h"
+#include "tags/FileBytes.h"
+#include "tags/NameTable.h"
+#include "tags/Structure.h"
+
+#include <mutex>
+#include <unordered_map>
+#include <vector>
+
+namespace sm::drawing {
+
+class Drawing::Source {
+public:
+    Source(FileBytes fileBytes, TagFormat tagFormat) : bytes(std::move(fileBytes)), format(tagFormat) {}
+
+    FileBytes bytes;
+    TagFormat format;
+    std::unique_ptr<TextDecoder> text;
+    NameTable layers, linetypes, styles, blocks;
+    std::unordered_map<Handle, std::uint32_t> layerOfHandle;
+    std::unordered_map<Handle, std::uint32_t> styleOfHandle, linetypeOfHandle, blockOfHandle;
+    /// Dimension styles by name: into `dimensionStyles`. Their values are read with the entities that use them.
+    NameTable dimensionStyleNames;
+    std::vector<Slice> dimensionStyles;
+    /// The MLEADERSTYLE, MLINESTYLE and TABLESTYLE objects; those of multilines also by name.
+    std::unordered_map<Handle, Slice> noteStyles;
+    NameTable multilineStyleNames;
+    std::vector<Slice> multilineStyles;
+    /// The FIELD objects, and the dictionaries that lead to them: empty in a drawing without fields.
+    std::unordered_map<Handle, Slice> fields, dictionaries;
+
+    /// The objects of the kinds that are read; set once, before entities are read.
+    const std::vector<NamedSlice>* objectList = nullptr;
+    /// An object by its handle; null when it is of a kind that isn't read. May be asked by several threads.
+    [[nodiscard]] const NamedSlice* FindObject(Handle handle) const;
+    [[nodiscard]] bool HasSpatialFilters() const;
+    /// Forms of annotative entities for their scales.
+    [[nodiscard]] bool HasContextData() const;
+    /// What the file's data section (ACDSDATA, from R2013) holds for an entity.
+    [[nodiscard]] const std::vector<NamedSlice>& DataRecordsOf(Handle entity) const;
+
+    [[nodiscard]] std::string_view File() const { return bytes.View(); }
+    /// 0, "ByLayer" or "Standard" for names that aren't there.
+    [[nodiscard]] std::uint32_t LayerOf(std::string_view raw) const { return layers.Find(raw, *text).value_or(0); }
+    [[nodiscard]] std::uint32_t LinetypeOf(std::string_view raw) const
+    {
+        return linetypes.Find(raw, *text).value_or(0);
+    }
+    [[nodiscard]] std::uint32_t StyleOf(std::string_view raw) const { return styles.Find(raw, *text).value_or(0); }
+    [[nodiscard]] std::uint32_t BlockOfHandle(Handle handle) const
+    {
+        const auto found = blockOfHandle.find(handle);
+        return found == blockOfHandle.end() ? kNoBlock : found->second;
+    }
+    [[nodiscard]] std::uint32_t LinetypeOfHandle(Handle handle) const
+    {
+        const auto found = linetypeOfHandle.find(handle);
+        return found == linetypeOfHandle.end() ? 0 : found->second;
+    }
+    [[nodiscard]] std::uint32_t StyleOfHandle(Handle handle) const
+    {
+        const auto found = styleOfHandle.find(handle);
+        return found == styleOfHandle.end() ? 0 : found->second;
+    }
+    [[nodiscard]] std::uint32_t BlockOf(std::string_view raw) const
+    {
+        return blocks.Find(raw, *text).value_or(kNoBlock);
+    }
+
+private:
+    void IndexObjects() const;
+    mutable std::once_flag m_objectsOnce;
+    mutable std::unordered_map<Handle, std::vector<NamedSlice>> m_objects, m_dataRecords;
+    mutable bool m_hasFilters = false, m_hasContexts = false;
+};
+
+} // namespace sm::drawing

@@ -1,0 +1,143 @@
+#include "page/PlotArea.h"
+
+#include "render/FrontEnd.h"
+
+#include <cctype>
+
+namespace sm::plotter {
+
+namespace {
+
+using drawing::Box2;
+using drawing::Vec2;
+using drawing::Vec3;
+
+enum PlotType : std::int32_t { kDisplay, kExtents, kLimits, kView, kWindow, kLayout };
+
+Box2 BoxAround(Vec2 center, double width, double height)
+{
+    Box2 box;
+    if (width > 0 && height > 0) {
+        const Vec2 half{width / 2, height / 2};
+        box.Add(center - half);
+        box.Add(center + half);
+    }
+    return box;
+}
+
+bool IsPlan(Vec3 direction, Vec3 target, double twist)
+{
+    return direction.x == 0 && direction.y == 0 && direction.z >= 0 && target == Vec3{} && twist == 0;
+}
+
+render::Matrix3 ViewOf(Vec3 direction, Vec3 target, double twist)
+{
+    return IsPlan(direction, target, twist) ? render::Matrix3{} : render::ViewMatrix(direction, target, twist);
+}
+
+bool SameName(const std::string& a, const std::string& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
+}
+
+/// The box, in the plane of `view`, of a box in world x and y.
+Box2 Seen(const render::Matrix3& view, const Box2& world)
+{
+    Box2 seen;
+    if (!world.Empty()) {
+        for (const Vec3 corner : {Vec3{world.min.x, world.min.y, 0}, Vec3{world.max.x, world.min.y, 0},
+                                  Vec3{world.max.x, world.max.y, 0}, Vec3{world.min.x, world.max.y, 0}}) {
+            const Vec3 p = view.Apply(corner);
+            seen.Add(Vec2{p.x, p.y});
+        }
+    }
+    return seen;
+}
+
+Box2 LimitsOf(const drawing::Drawing& drawing, const drawing::Layout& layout)
+{
+    Box2 box = layout.limits;
+    const auto low = drawing.HeaderPoint(layout.isModel ? "$LIMMIN" : "$PLIMMIN");
+    const auto high = drawing.HeaderPoint(layout.isModel ? "$LIMMAX" : "$PLIMMAX");
+    if (box.Empty() && low && high && low->x < high->x && low->y < high->y) {
+        box.Add(Vec2{low->x, low->y});
+        box.Add(Vec2{high->x, high->y});
+    }
+    return box;
+}
+
+/// The sheet as its own view (viewport 1) shows it.
+Box2 SheetView(const drawing::Drawing& drawing, const drawing::Layout& layout)
+{
+    drawing::ViewportData viewport;
+    for (const drawing::EntityRecord& record : drawing.EntitiesOf(layout.block)) {
+        if (record.kind != drawing::EntityKind::Viewport) {
+            continue;
+        }
+        Read(drawing, record, viewport);
+        if (viewport.id == 1) {
+            const double aspect = viewport.height > 0 ? viewport.width / viewport.height : 0;
+            return BoxAround(viewport.viewCenter, viewport.viewHeight * aspect, viewport.viewHeight);
+        }
+    }
+    return {};
+}
+
+PlotArea NamedViewArea(const drawing::Drawing& drawing, const drawing::Layout& layout, const std::string& name)
+{
+    for (const drawing::NamedView& view : drawing.Views()) {
+        if (view.paperSpace != layout.isModel && SameName(view.name, name)) {
+            return {ViewOf(view.direction, view.target, view.twist), BoxAround(view.center, view.width, view.height)};
+        }
+    }
+    throw PlotError("The layout \"" + layout.name + "\" plots the view \"" + name +
+                    "\", which is not in the drawing. Choose another plot area.");
+}
+
+Box2 Ordered(const Box2& window)
+{
+    Box2 box;
+    const bool finite = std::isfinite(window.min.x) && std::isfinite(window.min.y) && std::isfinite(window.max.x) &&
+                        std::isfinite(window.max.y);
+    if (finite) {
+        box.Add(window.min);
+        box.Add(window.max);
+    }
+    return box;
+}
+
+} // namespace
+
+PlotArea FindPlotArea(const drawing::Drawing& drawing, const drawing::Layout& layout,
+                      const drawing::PlotSettings& settings, const std::function<Box2(const render::Matrix3&)>& extents)
+{
+    if (settings.plotType == kView) {
+        return NamedViewArea(drawing, layout, settings.viewName);
+    }
+    PlotArea area;
+    // Without an active view the plan view stands for it, and what it shows (height 0) is not known.
+    const auto active =
+        layout.isModel ? drawing.ActiveModelView().value_or(drawing::ModelView{}) : drawing::ModelView{};
+    area.view = ViewOf(active.direction, active.target, active.twist);
+    const bool showsLayout = settings.plotType == kLayout && !layout.isModel;
+    area.isSheet = showsLayout;
+    if (settings.plotType == kWindow) {
+        // The file keeps the window in world coordinates as long as one looks straight down, in the view's own else.
+        const bool plan = active.direction.x == 0 && active.direction.y == 0;
+        area.box = plan ? Seen(area.view, Ordered(settings.window)) : Ordered(settings.window);
+    } else if (settings.plotType == kDisplay && layout.isModel) {
+        area.box = BoxAround(active.center, active.height * active.aspect, active.height);
+    } else if (settings.plotType == kDisplay && !layout.isModel) {
+        area.box = SheetView(drawing, layout);
+    } else if (settings.plotType == kLimits || (settings.plotType == kLayout && layout.isModel)) {
+        area.box = Seen(area.view, LimitsOf(drawing, layout));
+    }
+    if (area.box.Empty() && !showsLayout) {
+        area.box = extents(area.view);
+        area.clips = false;
+    }
+    return area;
+}
+
+} // namespace sm::plotter

@@ -1,0 +1,71 @@
+#include "plotter/Plotter.h"
+#include "postscript/PsDocument.h"
+
+#include <system_error>
+
+namespace sm::plotter {
+
+namespace {
+
+using drawing::PlotSettings;
+
+std::string FolderOf(const std::string& path)
+{
+    const std::size_t slash = path.rfind('/');
+    return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+}
+
+render::Scene SceneOf(const PlotJob& job, const Placement& placement)
+{
+    render::Scene scene{job.drawing, job.layout.block, placement.view, placement.toPaper, placement.clip};
+    scene.paperSpace = !job.layout.isModel;
+    scene.references = job.references;
+    scene.resolution = job.resolution;
+    scene.lineweights = job.settings.Has(PlotSettings::kLineweights);
+    // Lineweights are paper measures unless a paper layout is asked to scale them with its plot.
+    if (scene.paperSpace && job.settings.Has(PlotSettings::kScaleLineweights)) {
+        scene.lineweightScale = placement.scaleNumerator / placement.scaleDenominator;
+    }
+    scene.viewportsFirst = job.settings.Has(PlotSettings::kDrawViewportsFirst);
+    scene.viewportBorders = job.settings.Has(PlotSettings::kViewportBorders);
+    scene.plotStyles = job.plotStyles;
+    scene.everyLayer = job.keepLayers;
+    return scene;
+}
+
+std::vector<PsDocument::Layer> LayersOf(const PlotJob& job, const PsWriter& writer)
+{
+    std::vector<PsDocument::Layer> layers;
+    for (const std::uint32_t number : writer.Layers()) {
+        const drawing::Layer& layer = job.drawing.Layers().at(number);
+        layers.push_back({number, layer.name, render::SightOf(layer)});
+    }
+    return layers;
+}
+
+} // namespace
+
+void PlotToPostScript(const PlotJob& job, const std::string& path, render::TextEngine& text,
+                      render::RenderReport& report)
+{
+    const Placement placement = Place(job.drawing, job.layout, job.settings, [&](const render::Matrix3& view) {
+        return job.extents ? job.extents(view)
+                           : render::ExtentsOf(job.drawing, job.layout.block, view, text, job.references);
+    });
+    try {
+        PsWriter writer(job.resolution, FolderOf(path));
+        if (job.keepLayers) {
+            writer.KeepLayers();
+        }
+        if (!placement.clip.Empty()) {
+            render::RenderScene(SceneOf(job, placement), writer, text, report);
+        }
+        const PsDocument document{job.title,      job.creator,           placement.sheetWidth, placement.sheetHeight,
+                                  job.resolution, job.settings.rotation, LayersOf(job, writer)};
+        WriteDocument(document, writer, path);
+    } catch (const std::system_error& error) {
+        throw PlotError("The plot file " + path + " can't be written: " + error.code().message() + ".");
+    }
+}
+
+} // namespace sm::plotter

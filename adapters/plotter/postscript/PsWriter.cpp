@@ -1,0 +1,307 @@
+#include "postscript/PsWriter.h"
+
+#include "fonts/PenWidth.h"
+#include "fonts/PsNumber.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace sm::plotter {
+
+namespace {
+
+/// Interpreters keep device coordinates in 24 bits; what lies further off the sheet is moved to here.
+constexpr double kFarthest = 4e6;
+/// Segments after which a stroke is painted though more of the same pen follow.
+constexpr std::size_t kLongStroke = 500;
+
+std::int32_t ToDot(double value)
+{
+    if (!(value > -kFarthest)) {
+        return value <= -kFarthest ? static_cast<std::int32_t>(-kFarthest) : 0;
+    }
+    return static_cast<std::int32_t>(std::lrint(std::min(value, kFarthest)));
+}
+
+} // namespace
+
+PsWriter::PsWriter(double resolution, std::string folder)
+    : m_body(folder), m_pictures(std::move(folder)), m_dots(resolution / 25.4)
+{
+}
+
+PsWriter::Dot PsWriter::ToDots(render::Vec2 p) const
+{
+    return {ToDot(p.x * m_dots), ToDot(p.y * m_dots)};
+}
+
+void PsWriter::Write(const char* op)
+{
+    const std::size_t length = std::strlen(op);
+    char* at = m_body.Reserve(length + 1);
+    std::memcpy(at, op, length);
+    at[length] = '\n';
+    m_body.Advance(at + length + 1);
+}
+
+void PsWriter::WritePoint(Dot p, char op)
+{
+    char* at = m_body.Reserve(2 * kNumberRoom + 4);
+    at = PutInteger(at, p.x);
+    *at++ = ' ';
+    at = PutInteger(at, p.y);
+    *at++ = ' ';
+    *at++ = op;
+    *at++ = '\n';
+    m_body.Advance(at);
+}
+
+void PsWriter::WriteCubic(Dot a, Dot b, Dot c)
+{
+    char* at = m_body.Reserve(6 * kNumberRoom + 8);
+    for (const Dot p : {a, b, c}) {
+        at = PutInteger(at, p.x);
+        *at++ = ' ';
+        at = PutInteger(at, p.y);
+        *at++ = ' ';
+    }
+    *at++ = 'c';
+    *at++ = '\n';
+    m_body.Advance(at);
+}
+
+void PsWriter::WriteNumber(double value, int digits)
+{
+    char* at = m_body.Reserve(kNumberRoom + 2);
+    at = PutDecimal(at, value, digits);
+    *at++ = ' ';
+    m_body.Advance(at);
+}
+
+void PsWriter::SetTransparency(std::uint32_t color)
+{
+    if (color >> 24 != m_state.transparency) {
+        m_state.transparency = color >> 24;
+        m_body.Append("/A" + std::to_string(255 - m_state.transparency) + " gs\n");
+    }
+}
+
+void PsWriter::EnterLayer()
+{
+    if (!m_keepsLayers || m_layer == m_wantedLayer) {
+        return;
+    }
+    EndStroke();
+    m_body.Append(m_layer ? "EMC\n/OC /L" : "/OC /L");
+    m_body.Append(std::to_string(m_wantedLayer) + " BDC\n");
+    m_layer = m_wantedLayer;
+    m_layers.insert(m_wantedLayer);
+}
+
+void PsWriter::SetColor(std::uint32_t color, bool strokes)
+{
+    SetTransparency(color);
+    color &= 0xFFFFFF;
+    // PostScript has one colour where PDF has two: one of them is written whenever either reading needs it.
+    std::uint32_t& inPdf = strokes ? m_state.stroke : m_state.fill;
+    if (m_state.color == color && inPdf == color) {
+        return;
+    }
+    m_state.color = inPdf = color;
+    const std::uint32_t red = color >> 16 & 0xFF, green = color >> 8 & 0xFF, blue = color & 0xFF;
+    WriteNumber(red / 255.0, 3);
+    if (red == green && green == blue) {
+        Write(strokes ? "G" : "g");
+        return;
+    }
+    WriteNumber(green / 255.0, 3);
+    WriteNumber(blue / 255.0, 3);
+    Write(strokes ? "RG" : "rg");
+}
+
+void PsWriter::SetPen(const render::StrokeStyle& style)
+{
+    SetColor(style.color, true);
+    const double width = std::max(style.width > 0 ? style.width : kThinnestPen, 1 / m_dots) * m_dots;
+    if (m_state.width != width) {
+        m_state.width = width;
+        WriteNumber(width, 2);
+        Write("w");
+    }
+    if (const int cap = static_cast<int>(style.cap); m_state.cap != cap) {
+        m_state.cap = cap;
+        WriteNumber(cap, 1);
+        Write("J");
+    }
+    if (const int join = static_cast<int>(style.join); m_state.join != join) {
+        m_state.join = join;
+        WriteNumber(join, 1);
+        Write("j");
+    }
+}
+
+void PsWriter::EndStroke()
+{
+    if (m_openSegments > 0) {
+        Write("S");
+        m_openSegments = 0;
+    }
+    m_pencil.onPaper = false;
+}
+
+void PsWriter::BeginSubPath()
+{
+    if (!m_pencil.drawn) {
+        if (!m_pencil.onPaper || m_pencil.at != m_pencil.start) {
+            WritePoint(m_pencil.start, 'm');
+        }
+        m_pencil.at = m_pencil.start;
+        m_pencil.onPaper = true;
+        m_pencil.drawn = true;
+    }
+}
+
+void PsWriter::LineTo(Dot p)
+{
+    m_pencil.asked = true;
+    if (p == (m_pencil.drawn ? m_pencil.at : m_pencil.start)) {
+        return;
+    }
+    BeginSubPath();
+    WritePoint(p, 'l');
+    m_pencil.at = p;
+    ++m_openSegments;
+}
+
+void PsWriter::CubicTo(Dot a, Dot b, Dot c)
+{
+    const Dot from = m_pencil.drawn ? m_pencil.at : m_pencil.start;
+    if (a == from && b == from) {
+        LineTo(c);
+        return;
+    }
+    m_pencil.asked = true;
+    BeginSubPath();
+    WriteCubic(a, b, c);
+    m_pencil.at = c;
+    ++m_openSegments;
+}
+
+void PsWriter::EndSubPath()
+{
+    if (m_pencil.asked && !m_pencil.drawn) { // of no length: a dot
+        m_pencil.onPaper = false;
+        BeginSubPath();
+        WritePoint(m_pencil.at, 'l');
+        ++m_openSegments;
+    }
+    m_pencil.asked = false;
+    m_pencil.drawn = false;
+}
+
+void PsWriter::Close()
+{
+    const bool wasDrawn = m_pencil.drawn;
+    EndSubPath();
+    if (wasDrawn) {
+        Write("h");
+        m_pencil.onPaper = false;
+    }
+}
+
+void PsWriter::Draw(const render::Path& path, bool chains)
+{
+    // A closed sub-path that went on from another one would close to where that one began.
+    const bool closes = std::find(path.verbs.begin(), path.verbs.end(), render::Verb::Close) != path.verbs.end();
+    chains = chains && !closes;
+    std::size_t next = 0;
+    for (const render::Verb verb : path.verbs) {
+        const std::size_t needs = verb == render::Verb::Cubic ? 3 : verb == render::Verb::Close ? 0 : 1;
+        if (next + needs > path.points.size()) {
+            break;
+        }
+        const render::Vec2* p = path.points.data() + next;
+        next += needs;
+        switch (verb) {
+        case render::Verb::Move:
+            EndSubPath();
+            m_pencil.start = ToDots(p[0]);
+            m_pencil.onPaper = m_pencil.onPaper && chains;
+            break;
+        case render::Verb::Line:
+            LineTo(ToDots(p[0]));
+            break;
+        case render::Verb::Cubic:
+            CubicTo(ToDots(p[0]), ToDots(p[1]), ToDots(p[2]));
+            break;
+        case render::Verb::Close:
+            Close();
+            break;
+        }
+    }
+    EndSubPath();
+}
+
+void PsWriter::Stroke(const render::Path& path, const render::StrokeStyle& style)
+{
+    EnterLayer();
+    if (m_openSegments == 0 || m_openSegments >= kLongStroke || !(m_pen == style)) {
+        EndStroke();
+        m_pen = style;
+        SetPen(style);
+    }
+    // A new stroke may go on from the last one's end where a round join looks like two round caps.
+    Draw(path, style.cap == render::LineCap::Round && style.join == render::LineJoin::Round);
+}
+
+void PsWriter::Fill(const render::Path& path, std::uint32_t color, render::FillRule rule)
+{
+    EnterLayer();
+    EndStroke();
+    SetColor(color, false);
+    Draw(path, false);
+    if (m_openSegments > 0) {
+        Write(rule == render::FillRule::EvenOdd ? "f*" : "f");
+    }
+    m_openSegments = 0;
+    m_pencil.onPaper = false;
+}
+
+void PsWriter::PushClip(const render::Path& path, render::FillRule rule)
+{
+    EndStroke();
+    m_saved.push_back(m_state);
+    Write("q");
+    Draw(path, false);
+    if (m_openSegments == 0) { // an empty clip shows nothing
+        WritePoint({}, 'm');
+    }
+    Write(rule == render::FillRule::EvenOdd ? "W*" : "W");
+    Write("n");
+    m_openSegments = 0;
+    m_pencil.onPaper = false;
+}
+
+void PsWriter::PopClip()
+{
+    EndStroke();
+    if (!m_saved.empty()) {
+        m_state = m_saved.back();
+        m_saved.pop_back();
+        Write("Q");
+    }
+}
+
+void PsWriter::Finish()
+{
+    EndStroke();
+    while (!m_saved.empty()) {
+        PopClip();
+    }
+    if (m_layer) {
+        Write("EMC");
+        m_layer.reset();
+    }
+}
+
+} // namespace sm::plotter

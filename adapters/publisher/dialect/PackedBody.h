@@ -1,0 +1,24 @@
+// A page body on its way into the PDF: checked and compressed part by part, on several cores where it is large.
+#pragma once
+
+#include "pages/MappedFile.h"
+#include "pdf/Qpdf.h"
+
+#include <memory>
+#include <optional>
+#include <set>
+#include <string_view>
+#include <vector>
+
+namespace sm::publisher {
+
+struct PackedDialectBody {
+    std::vector<std::shared_ptr<Buffer>> parts; ///< content streams, compressed, that together are the page
+    std::set<std::uint32_t> layers, opacities;  ///< that it names
+};
+
+/// Nothing when `body`, a part of `file`, isn't in the dialect or shows other pictures than I1 to I`pictures`. The
+/// file's memory is given back on the way.
+std::optional<PackedDialectBody> PackDialectBody(const MappedFile& file, std::string_view body, std::size_t pictures);
+
+} // namespace sm::publisher

@@ -1,0 +1,202 @@
+#include "document/PubDoc.h"
+
+#include "document/SavePdf.h"
+#include "pages/PageFile.h"
+#include "pdf/PdfName.h"
+#include "ports/HostError.h"
+#include "publisher/JobOptions.h"
+
+#include <algorithm>
+#include <cmath>
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace sm::publisher {
+
+namespace {
+
+bool CanBeAttached(const std::string& path)
+{
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (descriptor < 0) {
+        return false;
+    }
+    struct stat status {};
+    char first = 0;
+    const bool usable =
+        ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && ::read(descriptor, &first, 1) >= 0;
+    ::close(descriptor);
+    return usable;
+}
+
+} // namespace
+
+PubDoc::PubDoc(const PublisherOptions& options, IDesktop& desktop, std::unique_ptr<IPageMaker> pageMaker)
+    : m_options(options), m_desktop(desktop), m_pageMaker(std::move(pageMaker))
+{
+    m_info.Set("Producer", options.producer);
+}
+
+/// Runs `action`, which returns a status; what it throws becomes the error text and its status.
+template <typename Action> std::int32_t PubDoc::WithStatus(Action&& action)
+{
+    m_lastError.clear();
+    try {
+        return static_cast<std::int32_t>(action());
+    } catch (const PublishFailure& failure) {
+        m_lastError = failure.what();
+        return static_cast<std::int32_t>(failure.Status());
+    } catch (const std::exception& error) {
+        m_lastError = fmt::format("An unexpected error occurred: {}.", error.what());
+        return static_cast<std::int32_t>(PublishStatus::Internal);
+    }
+}
+
+const std::string& PubDoc::Folder()
+{
+    if (!m_folder) {
+        m_folder = std::make_unique<TemporaryFolder>(m_options.workFolder);
+    }
+    return m_folder->Path();
+}
+
+void PubDoc::Note(const std::string& line) const
+{
+    if (m_options.observer.note) {
+        m_options.observer.note(line);
+    }
+}
+
+std::string PubDoc::NewPsFileName()
+{
+    try {
+        return fmt::format("{}/page-{}.ps", Folder(), ++m_namesGiven);
+    } catch (const PublishFailure& failure) {
+        m_lastError = failure.what();
+        throw HostError(failure.what());
+    }
+}
+
+std::int32_t PubDoc::AddPsFile(const std::string& psPath, double width, double height, std::int32_t resolution,
+                               std::int32_t /*flag*/, const std::string& jobOptionsPath)
+{
+    return WithStatus([&] {
+        const std::size_t number = m_pages.size() + 1;
+        CheckPostScriptFile(psPath, number);
+        CheckPageSize(width, height, resolution, number);
+        if (!m_jobOptions || m_jobOptions->first != jobOptionsPath) {
+            m_jobOptions.emplace(jobOptionsPath, ReadJobOptionsFile(jobOptionsPath).text);
+        }
+        m_pages.push_back({{psPath, width, height, resolution, number}, m_jobOptions->second, {}});
+        return PublishStatus::Done;
+    });
+}
+
+std::int32_t PubDoc::QueueMark(Mark mark, std::initializer_list<double> coordinates)
+{
+    return WithStatus([&] {
+        if (m_pages.empty()) {
+            throw PublishFailure(PublishStatus::NoPage, "A mark can't be added before the first page.");
+        }
+        if (!std::ranges::all_of(coordinates, [](double value) { return std::isfinite(value); })) {
+            throw PublishFailure(PublishStatus::PageSizeUnusable,
+                                 fmt::format("Page {}: a mark has no place on the page.", m_pages.size()));
+        }
+        m_pages.back().marks.push_back(std::move(mark));
+        return PublishStatus::Done;
+    });
+}
+
+std::int32_t PubDoc::AddTextStampMark(std::int32_t /*reserved*/, double x, double y, const std::string& text,
+                                      const std::string& fontName, std::int32_t fontSize, std::int32_t color,
+                                      std::int32_t justification)
+{
+    return QueueMark(TextStampMark{x, y, text, fontName, fontSize, color, justification}, {x, y});
+}
+
+std::int32_t PubDoc::AddSignatureFieldMark(std::int32_t /*reserved*/, double x1, double y1, double x2, double y2,
+                                           const std::string& name, const std::string& label)
+{
+    return QueueMark(SignatureFieldMark{x1, y1, x2, y2, name, label}, {x1, y1, x2, y2});
+}
+
+std::int32_t PubDoc::AddAttachmentMark(std::int32_t /*reserved*/, double x, double y, const std::string& filePath,
+                                       bool& added)
+{
+    added = false;
+    if (!CanBeAttached(filePath)) {
+        return static_cast<std::int32_t>(PublishStatus::Done);
+    }
+    const std::int32_t status = QueueMark(AttachmentMark{x, y, filePath}, {x, y});
+    added = status == static_cast<std::int32_t>(PublishStatus::Done);
+    return status;
+}
+
+std::int32_t PubDoc::AddLinkMark(std::int32_t /*reserved*/, double x1, double y1, double x2, double y2,
+                                 const std::string& url)
+{
+    return QueueMark(LinkMark{x1, y1, x2, y2, url}, {x1, y1, x2, y2});
+}
+
+std::int32_t PubDoc::AddPropertyMark(std::int32_t /*reserved*/, const std::string& name, const std::string& value)
+{
+    return QueueMark(PropertyMark{name, value}, {});
+}
+
+std::int32_t PubDoc::PendingMarkCount()
+{
+    return m_pages.empty() ? 0 : static_cast<std::int32_t>(m_pages.back().marks.size());
+}
+
+void PubDoc::DiscardPendingMarks()
+{
+    if (!m_pages.empty()) {
+        m_pages.back().marks.clear();
+    }
+}
+
+void PubDoc::SetDocInfo(const std::string& key, const std::string& value)
+{
+    m_info.Set(key, value);
+}
+
+void PubDoc::SetDocSummary(const std::string& title, const std::string& author, LocalDateTime creationDate,
+                           LocalDateTime modificationDate)
+{
+    m_info.Set("Title", title);
+    m_info.Set("Author", author);
+    m_info.SetDates(creationDate, modificationDate);
+}
+
+std::string PubDoc::PromptForPdfName(const std::string& defaultName, std::int32_t owner, const std::string& hostTitle)
+{
+    return AskPdfName(m_desktop, defaultName, owner, hostTitle);
+}
+
+std::int32_t PubDoc::SaveToPdf(const std::string& pdfPath, std::int32_t /*hostValue*/, bool openInViewer, bool deletePs,
+                               std::int32_t /*reserved*/)
+{
+    return WithStatus([&] {
+        if (m_pages.empty()) {
+            throw PublishFailure(PublishStatus::NoPage, "There is no page to save. Plot a sheet first.");
+        }
+        const SaveRequest request{
+            m_pages, m_info, pdfPath, Folder(), m_options.navigation, [this](const std::string& line) { Note(line); }};
+        const SaveReport report = SavePages(request, *m_pageMaker);
+        DisposePostScript(request, deletePs);
+        m_pages.clear();
+        if (m_options.observer.saved) {
+            m_options.observer.saved(report);
+        }
+        if (openInViewer && !m_desktop.OpenDocument(pdfPath)) {
+            m_lastError = fmt::format("{} was saved, but there is no program to show it.", pdfPath);
+            return PublishStatus::ViewerMissing;
+        }
+        return PublishStatus::Done;
+    });
+}
+
+} // namespace sm::publisher

@@ -1,0 +1,75 @@
+// The publishing document: collects PostScript files and marks, and saves them as one PDF.
+#pragma once
+
+#include "document/DocumentInfo.h"
+#include "marks/Marks.h"
+#include "pages/IPageMaker.h"
+#include "pages/TemporaryFolder.h"
+#include "pdf/PublishStatus.h"
+#include "ports/IDesktop.h"
+#include "ports/IPubDoc.h"
+#include "publisher/Publisher.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace sm::publisher {
+
+/// One page that was accepted.
+struct DocumentPage {
+    PageSource source;
+    std::string jobOptions; ///< clean text, empty for none
+    Marks marks;
+};
+
+/// A page belongs to the document from the `AddPsFile` that accepted it to the first successful `SaveToPdf`, which
+/// empties the document. A failing save changes nothing and may be repeated.
+class PubDoc : public IPubDoc {
+public:
+    PubDoc(const PublisherOptions& options, IDesktop& desktop, std::unique_ptr<IPageMaker> pageMaker);
+
+    std::int32_t AddPsFile(const std::string& psPath, double width, double height, std::int32_t resolution,
+                           std::int32_t flag, const std::string& jobOptionsPath) override;
+    std::string NewPsFileName() override;
+    std::int32_t AddTextStampMark(std::int32_t reserved, double x, double y, const std::string& text,
+                                  const std::string& fontName, std::int32_t fontSize, std::int32_t color,
+                                  std::int32_t justification) override;
+    std::int32_t AddSignatureFieldMark(std::int32_t reserved, double x1, double y1, double x2, double y2,
+                                       const std::string& name, const std::string& label) override;
+    std::int32_t AddAttachmentMark(std::int32_t reserved, double x, double y, const std::string& filePath,
+                                   bool& added) override;
+    std::int32_t AddLinkMark(std::int32_t reserved, double x1, double y1, double x2, double y2,
+                             const std::string& url) override;
+    std::int32_t AddPropertyMark(std::int32_t reserved, const std::string& name, const std::string& value) override;
+    std::int32_t PendingMarkCount() override;
+    void DiscardPendingMarks() override;
+    void SetDocInfo(const std::string& key, const std::string& value) override;
+    std::string PromptForPdfName(const std::string& defaultName, std::int32_t owner,
+                                 const std::string& hostTitle) override;
+    std::int32_t SaveToPdf(const std::string& pdfPath, std::int32_t hostValue, bool openInViewer, bool deletePs,
+                           std::int32_t reserved) override;
+    void SetDocSummary(const std::string& title, const std::string& author, LocalDateTime creationDate,
+                       LocalDateTime modificationDate) override;
+    std::string LastErrorText() override { return m_lastError; }
+
+private:
+    template <typename Action> std::int32_t WithStatus(Action&& action);
+    std::int32_t QueueMark(Mark mark, std::initializer_list<double> coordinates);
+    const std::string& Folder();
+    void Note(const std::string& line) const;
+
+    PublisherOptions m_options;
+    IDesktop& m_desktop;
+    std::unique_ptr<IPageMaker> m_pageMaker;
+    std::unique_ptr<TemporaryFolder> m_folder;
+    std::vector<DocumentPage> m_pages;
+    std::optional<std::pair<std::string, std::string>> m_jobOptions; ///< the last page's: path and clean text
+    DocumentInfo m_info;
+    std::string m_lastError;
+    std::size_t m_namesGiven = 0;
+};
+
+} // namespace sm::publisher

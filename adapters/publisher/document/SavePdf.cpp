@@ -1,0 +1,176 @@
+#include "document/SavePdf.h"
+
+#include "pdf/AtomicFile.h"
+#include "document/PdfAssembly.h"
+#include "document/SheetTitle.h"
+#include "pages/GhostscriptDriver.h"
+
+#include <chrono>
+#include <filesystem>
+#include <fmt/format.h>
+#include <fstream>
+#include <tuple>
+
+namespace sm::publisher {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+/// Pages that one run of the page maker can make together.
+struct Group {
+    std::string jobOptions;
+    std::int32_t resolution = 0;
+    std::vector<PageSource> pages;
+};
+
+class RunFolder {
+public:
+    explicit RunFolder(fs::path path) : m_path(std::move(path))
+    {
+        std::error_code error;
+        fs::create_directory(m_path, error);
+        if (error) {
+            throw PublishFailure(error == std::errc::no_space_on_device ? PublishStatus::DiskFull
+                                                                        : PublishStatus::WorkFolderUnusable,
+                                 fmt::format("{} could not be made: {}. Free some space or set TMPDIR to a folder "
+                                             "that can be written.",
+                                             m_path.string(), error.message()));
+        }
+    }
+    RunFolder(const RunFolder&) = delete;
+    RunFolder& operator=(const RunFolder&) = delete;
+    ~RunFolder()
+    {
+        std::error_code error;
+        fs::remove_all(m_path, error);
+    }
+    [[nodiscard]] std::string Path() const { return m_path.string(); }
+
+private:
+    fs::path m_path;
+};
+
+void RefuseInputAsTarget(const SaveRequest& request)
+{
+    for (const DocumentPage& page : request.pages) {
+        std::error_code error;
+        if (fs::equivalent(page.source.psPath, request.pdfPath, error) && !error) {
+            throw PublishFailure(PublishStatus::TargetIsInput,
+                                 fmt::format("{} can't be saved: it is the PostScript file of page {}. Choose another "
+                                             "name.",
+                                             request.pdfPath, page.source.number));
+        }
+    }
+}
+
+Group& GroupFor(const DocumentPage& page, std::vector<Group>& groups)
+{
+    const std::int32_t resolution = UsableResolution(page.source.width, page.source.height, page.source.resolution);
+    for (Group& group : groups) {
+        if (group.resolution == resolution && group.jobOptions == page.jobOptions) {
+            return group;
+        }
+    }
+    return groups.emplace_back(Group{page.jobOptions, resolution, {}});
+}
+
+std::vector<Group> GroupPages(const std::vector<DocumentPage>& pages, std::vector<PagePlace>& places)
+{
+    std::vector<Group> groups;
+    for (const DocumentPage& page : pages) {
+        Group& group = GroupFor(page, groups);
+        places.push_back({static_cast<std::size_t>(&group - groups.data()), group.pages.size(), page.source.width,
+                          page.source.height, ReadSheetTitle(page.source.psPath), &page.marks});
+        group.pages.push_back(page.source);
+    }
+    return groups;
+}
+
+std::chrono::microseconds Since(Clock::time_point start)
+{
+    return std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start);
+}
+
+bool LiesIn(const std::string& path, const std::string& folder)
+{
+    return fs::path(path).parent_path() == fs::path(folder);
+}
+
+void CopyFile(const std::string& from, const std::string& to)
+{
+    std::ifstream source(from, std::ios::binary);
+    AtomicFile target(to);
+    std::string block(1 << 18, '\0');
+    while (source.read(block.data(), static_cast<std::streamsize>(block.size())), source.gcount() > 0) {
+        target.Write(block.data(), static_cast<std::size_t>(source.gcount()));
+    }
+    if (source.bad()) {
+        throw PublishFailure(PublishStatus::PostScriptMissing, fmt::format("{} could not be read to its end", from));
+    }
+    target.Commit();
+}
+
+void MoveFile(const std::string& from, const std::string& to)
+{
+    std::error_code error;
+    fs::rename(from, to, error);
+    if (error) {
+        CopyFile(from, to); // another file system
+        fs::remove(from, error);
+    }
+}
+
+} // namespace
+
+SaveReport SavePages(const SaveRequest& request, IPageMaker& pageMaker)
+{
+    RefuseInputAsTarget(request);
+    AtomicFile(request.pdfPath); // tells at once when the target can't be written
+    const auto start = Clock::now();
+    Assembly assembly{{}, {}, request.info, request.navigation, request.note};
+    std::vector<std::unique_ptr<RunFolder>> folders;
+    for (const Group& group : GroupPages(request.pages, assembly.pages)) {
+        folders.push_back(
+            std::make_unique<RunFolder>(fs::path(request.workFolder) / fmt::format("run-{}", folders.size() + 1)));
+        assembly.sources.push_back(pageMaker.MakePages(group.pages, group.jobOptions, folders.back()->Path()));
+    }
+    SaveReport report;
+    report.makingPages = Since(start);
+    const auto assembling = Clock::now();
+    AtomicFile target(request.pdfPath);
+    const MarkTally marks = AssemblePdf(assembly, target);
+    target.Commit();
+    report.assembling = Since(assembling);
+    report.pdfPath = request.pdfPath;
+    report.pages = request.pages.size();
+    report.interpreterRuns = assembly.sources.size();
+    report.marksDrawn = marks.drawn;
+    report.marksNotDrawn = marks.notDrawn;
+    report.pdfBytes = target.BytesWritten();
+    return report;
+}
+
+void DisposePostScript(const SaveRequest& request, bool deletePs)
+{
+    const fs::path pdf(request.pdfPath);
+    for (const DocumentPage& page : request.pages) {
+        const std::string& path = page.source.psPath;
+        const std::string kept =
+            (pdf.parent_path() / fmt::format("{}-{}.ps", pdf.stem().string(), page.source.number)).string();
+        try {
+            if (deletePs) {
+                fs::remove(path);
+            } else if (LiesIn(path, request.workFolder)) {
+                MoveFile(path, kept);
+                request.note(fmt::format("The PostScript of page {} was kept as {}", page.source.number, kept));
+            }
+        } catch (const std::exception& error) {
+            request.note(fmt::format("The PostScript file {} of page {} could not be {}: {}", path, page.source.number,
+                                     deletePs ? "deleted" : "kept", error.what()));
+        }
+    }
+}
+
+} // namespace sm::publisher

@@ -1,0 +1,31 @@
+// Text stamps as page content over the plot.
+#pragma once
+
+#include "document/MarkWriter.h"
+#include "marks/StampText.h"
+
+#include <map>
+#include <string>
+
+namespace sm::publisher {
+
+/// Collects the stamps of one page after the other; font objects are shared by the whole document.
+class StampWriter {
+public:
+    StampWriter(QPDF& pdf, const Note& note) : m_pdf(pdf), m_note(note) {}
+    void Add(const TextStampMark& mark, const SheetPage& sheet);
+    /// Lays the stamps added since the last call over the page's content, which keeps its own graphics state.
+    void FinishPage(const SheetPage& sheet);
+
+private:
+    QPDFObjectHandle FontObject(const StampFont& font);
+    std::string FontKey(const StampFont& font) const;
+
+    QPDF& m_pdf;
+    std::map<std::string, QPDFObjectHandle> m_fonts; ///< by the PDF's name of the font
+    std::map<std::string, QPDFObjectHandle> m_used;  ///< by resource name, on the present page
+    std::string m_content;
+    const Note& m_note;
+};
+
+} // namespace sm::publisher

@@ -1,0 +1,274 @@
+#include "publisher/JobOptions.h"
+
+#include "joboptions/JobOptionsTable.h"
+#include "joboptions/JobOptionsValue.h"
+#include "pdf/PdfNumbers.h"
+#include "pdf/PublishStatus.h"
+#include "pdf/TextDecoding.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <cstring>
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace sm::publisher {
+
+namespace {
+
+using Kind = JobOptionsValue::Kind;
+
+constexpr std::size_t kLargestFile = 1 << 20;
+constexpr JobOptionsRule kLayersRule{"SheetmakerLayers", JobOptionsRule::Kind::Boolean};
+
+bool IsWholeWithin(const JobOptionsValue& value, const JobOptionsRule& rule)
+{
+    return value.kind == Kind::Number && value.number == std::trunc(value.number) && value.number >= rule.low &&
+           value.number <= rule.high;
+}
+
+/// Checks values by their rules and writes them out clean.
+class Checker {
+public:
+    explicit Checker(const JobOptionsScanner& scanner) : m_scanner(scanner) {}
+
+    /// Empty when the setting is to be left out.
+    std::string Clean(const JobOptionsRule& rule, const JobOptionsValue& value) const
+    {
+        switch (rule.kind) {
+        case JobOptionsRule::Kind::Boolean:
+            return Boolean(rule, value);
+        case JobOptionsRule::Kind::Integer:
+        case JobOptionsRule::Kind::Real:
+            return Number(rule, value);
+        case JobOptionsRule::Kind::Choice:
+            return Choice(rule, value);
+        case JobOptionsRule::Kind::ImageDict:
+            return ImageDict(rule, value);
+        case JobOptionsRule::Kind::FontList:
+            return FontList(rule, value);
+        case JobOptionsRule::Kind::Samples:
+            return Samples(rule, value);
+        }
+        return {};
+    }
+
+private:
+    [[noreturn]] void Refuse(const JobOptionsRule& rule, const JobOptionsValue& value, const std::string& wanted) const
+    {
+        m_scanner.Fail(value.line, fmt::format("/{} must be {}", rule.name, wanted),
+                       "Correct the value or choose other job options.");
+    }
+
+    std::string Boolean(const JobOptionsRule& rule, const JobOptionsValue& value) const
+    {
+        if (value.kind != Kind::Boolean) {
+            Refuse(rule, value, "true or false");
+        }
+        return value.boolean ? "true" : "false";
+    }
+
+    std::string Number(const JobOptionsRule& rule, const JobOptionsValue& value) const
+    {
+        const bool whole = rule.kind == JobOptionsRule::Kind::Integer;
+        const bool within = value.kind == Kind::Number && value.number >= rule.low && value.number <= rule.high;
+        if (!within || (whole && !IsWholeWithin(value, rule))) {
+            Refuse(rule, value,
+                   fmt::format("a {} from {} to {}", whole ? "whole number" : "number", NumberText(rule.low),
+                               NumberText(rule.high)));
+        }
+        return NumberText(value.number);
+    }
+
+    std::string Choice(const JobOptionsRule& rule, const JobOptionsValue& value) const
+    {
+        std::string offered;
+        std::string_view rest = rule.choices;
+        while (!rest.empty()) {
+            const std::string_view entry = rest.substr(0, rest.find(' '));
+            rest.remove_prefix(std::min(entry.size() + 1, rest.size()));
+            const std::string_view name = entry.substr(0, entry.find('='));
+            if (value.kind == Kind::Name && value.text == name) {
+                const std::string_view kept = name.size() == entry.size() ? name : entry.substr(name.size() + 1);
+                return kept.empty() ? std::string() : fmt::format("/{}", kept);
+            }
+            offered += fmt::format("{}/{}", offered.empty() ? "" : ", ", name);
+        }
+        Refuse(rule, value, fmt::format("one of {}", offered));
+    }
+
+    std::string ImageDict(const JobOptionsRule& rule, const JobOptionsValue& value) const
+    {
+        if (value.kind != Kind::Dictionary) {
+            Refuse(rule, value, "a dictionary in << >>");
+        }
+        std::string text = "<<";
+        for (std::size_t i = 0; i + 1 < value.items.size(); i += 2) {
+            if (const auto* entry = FindRule(ImageDictRules(), value.items[i].text)) {
+                text += fmt::format(" /{} {}", entry->name, Clean(*entry, value.items[i + 1]));
+            }
+        }
+        return text + " >>";
+    }
+
+    std::string Samples(const JobOptionsRule& rule, const JobOptionsValue& value) const
+    {
+        std::string text = "[";
+        const bool right = value.kind == Kind::Array && (value.items.size() == 3 || value.items.size() == 4) &&
+                           std::ranges::all_of(value.items, [&](const auto& v) { return IsWholeWithin(v, rule); });
+        if (!right) {
+            Refuse(rule, value, "an array of three or four whole numbers from 1 to 4");
+        }
+        for (const JobOptionsValue& item : value.items) {
+            text += fmt::format("{}{}", text.size() > 1 ? " " : "", NumberText(item.number));
+        }
+        return text + "]";
+    }
+
+    std::string FontList(const JobOptionsRule& rule, const JobOptionsValue& value) const
+    {
+        const auto isFont = [](const JobOptionsValue& v) { return v.kind == Kind::Name || v.kind == Kind::Boolean; };
+        if (value.kind != Kind::Array || !std::ranges::all_of(value.items, isFont)) {
+            Refuse(rule, value, "an array of font names");
+        }
+        std::string text = "[";
+        for (const JobOptionsValue& item : value.items) {
+            if (item.kind == Kind::Name && !item.text.empty()) {
+                text += fmt::format("{}/{}", text.size() > 1 ? " " : "", item.text);
+            }
+        }
+        return text + "]";
+    }
+
+    const JobOptionsScanner& m_scanner;
+};
+
+/// The settings kept so far; a later one of the same name takes the earlier one's place.
+class Keeper {
+public:
+    void Add(const JobOptionsScanner& scanner, const JobOptionsValue& dictionary)
+    {
+        for (std::size_t i = 0; i + 1 < dictionary.items.size(); i += 2) {
+            const std::string& name = dictionary.items[i].text;
+            if (name == kLayersRule.name) {
+                m_result.layers = Checker(scanner).Clean(kLayersRule, dictionary.items[i + 1]) == "true";
+                continue;
+            }
+            const JobOptionsRule* rule = FindRule(JobOptionsRules(), name);
+            const std::string clean =
+                rule != nullptr ? Checker(scanner).Clean(*rule, dictionary.items[i + 1]) : std::string();
+            std::erase_if(m_kept, [&](const auto& kept) { return kept.first == name; });
+            if (clean.empty()) {
+                m_result.leftOut.push_back(name);
+            } else {
+                m_kept.emplace_back(name, clean);
+            }
+        }
+    }
+
+    void LeaveOutPageDevice() { m_result.leftOut.emplace_back("setpagedevice"); }
+
+    JobOptions Take()
+    {
+        for (const auto& [name, value] : m_kept) {
+            m_result.text += fmt::format("/{} {}\n", name, value);
+        }
+        return std::move(m_result);
+    }
+
+private:
+    std::vector<std::pair<std::string, std::string>> m_kept;
+    JobOptions m_result;
+};
+
+[[noreturn]] void FailFile(const std::string& path, const std::string& what)
+{
+    throw PublishFailure(
+        PublishStatus::JobOptionsUnusable,
+        fmt::format("The job options file {} {}. Choose other job options or put the file in place.", path, what));
+}
+
+std::string ReadWhole(int descriptor, const std::string& path)
+{
+    std::string bytes(kLargestFile + 1, '\0');
+    std::size_t size = 0;
+    while (size < bytes.size()) {
+        const ssize_t got = ::read(descriptor, bytes.data() + size, bytes.size() - size);
+        if (got < 0 && errno != EINTR) {
+            FailFile(path, fmt::format("can't be read: {}", std::strerror(errno)));
+        }
+        if (got == 0) {
+            break;
+        }
+        size += got > 0 ? static_cast<std::size_t>(got) : 0;
+    }
+    bytes.resize(size);
+    return bytes;
+}
+
+} // namespace
+
+JobOptions ParseJobOptions(std::string_view bytes, const std::string& path)
+{
+    const std::string text = DecodeText(bytes);
+    JobOptionsScanner scanner(text, path);
+    Keeper keeper;
+    bool any = false;
+    while (!scanner.AtEnd()) {
+        const JobOptionsValue dictionary = scanner.NextValue();
+        if (dictionary.kind != Kind::Dictionary) {
+            scanner.Fail(dictionary.line, "\"<<\" is expected");
+        }
+        const std::string word = scanner.NextWord();
+        if (word == "setdistillerparams") {
+            keeper.Add(scanner, dictionary);
+            any = true;
+        } else if (word == "setpagedevice") {
+            keeper.LeaveOutPageDevice();
+        } else {
+            scanner.Fail(scanner.Line(), "\"setdistillerparams\" is missing after the \">>\"");
+        }
+    }
+    if (!any) {
+        scanner.Fail(scanner.Line(), "the file holds no job options");
+    }
+    return keeper.Take();
+}
+
+JobOptions ReadJobOptionsFile(const std::string& path)
+{
+    if (path.empty()) {
+        return {};
+    }
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (descriptor < 0) {
+        FailFile(path, errno == ENOENT ? "does not exist" : fmt::format("can't be opened: {}", std::strerror(errno)));
+    }
+    struct Closer {
+        int value;
+        ~Closer() { ::close(value); }
+    } closer{descriptor};
+    struct stat status {};
+    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
+        FailFile(path, "is not an ordinary file");
+    }
+    const std::string bytes = ReadWhole(descriptor, path);
+    if (bytes.size() > kLargestFile) {
+        FailFile(path, "is larger than 1 MB");
+    }
+    return ParseJobOptions(bytes, path);
+}
+
+bool AsksForLayers(const std::string& path) noexcept
+{
+    try {
+        return ReadJobOptionsFile(path).layers;
+    } catch (...) {
+        return false;
+    }
+}
+
+} // namespace sm::publisher

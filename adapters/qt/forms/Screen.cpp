@@ -1,0 +1,72 @@
+#include "qt/Screen.h"
+
+#include "forms/Pictures.h"
+#include "forms/QtDesktop.h"
+#include "forms/QtForms.h"
+#include "screen/ScreenProbe.h"
+
+#include <QApplication>
+#include <QIcon>
+
+#include <clocale>
+#include <cstdio>
+
+namespace sm::qt {
+namespace {
+
+/// What Qt remarks on fonts, buses and styles is of no use to the user of a dialog.
+void HearQt(QtMsgType type, const QMessageLogContext&, const QString& text)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::fprintf(stderr, "%s\n", text.toUtf8().constData());
+}
+
+/// Makes the application object and leaves the process as it was besides: Qt sets the C locale from the environment,
+/// and the libraries beneath us write their numbers by it.
+class Application {
+public:
+    Application() : m_application(m_count, m_arguments)
+    {
+        std::setlocale(LC_NUMERIC, m_numeric.c_str());
+        QApplication::setApplicationName(QStringLiteral("sheetmaker-pdf"));
+        QGuiApplication::setDesktopFileName(QStringLiteral("sheetmaker-pdf"));
+        QApplication::setWindowIcon(ProgramIcon());
+        QApplication::setQuitOnLastWindowClosed(false); // between two windows a run goes on
+    }
+
+private:
+    std::string m_numeric = std::setlocale(LC_NUMERIC, nullptr);
+    QtMessageHandler m_before = qInstallMessageHandler(HearQt);
+    int m_count = 1;
+    char m_name[15] = "sheetmaker-pdf";
+    char* m_arguments[2] = {m_name, nullptr};
+    QApplication m_application;
+};
+
+class QtScreen final : public Screen {
+public:
+    explicit QtScreen(const ScreenOptions& options) : m_desktop(CreateQtDesktop(options)), m_forms(CreateQtForms()) {}
+    IFormToolkit& Toolkit() override { return *m_forms; }
+    IDesktop& Desktop() override { return *m_desktop; }
+
+private:
+    Application m_application;
+    std::unique_ptr<IDesktop> m_desktop;
+    std::unique_ptr<IFormToolkit> m_forms;
+};
+
+} // namespace
+
+std::unique_ptr<Screen> Screen::Open(const ScreenOptions& options, std::string& why)
+{
+    if (QCoreApplication::instance() != nullptr) {
+        why = "The screen is in use already.";
+        return nullptr;
+    }
+    HeldDisplay held;
+    if (!ScreenIsThere(why, held))
+        return nullptr;
+    return std::make_unique<QtScreen>(options);
+}
+
+} // namespace sm::qt

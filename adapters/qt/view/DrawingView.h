@@ -1,0 +1,83 @@
+// The part of the drawing window that shows the drawing, and follows the mouse.
+#pragma once
+
+#include "view/LayoutPicture.h"
+#include "view/ViewRenderer.h"
+
+#include <QImage>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace sm::qt {
+
+class DrawingView final : public QWidget {
+public:
+    DrawingView();
+    ~DrawingView() override;
+
+    /// Shows the picture, all of it; null shows nothing.
+    void SetPicture(std::shared_ptr<const LayoutPicture> picture);
+    /// A place of the scene that a rubber band starts from.
+    void SetBand(std::optional<Vec2> first);
+    /// Points are taken from here on, or no longer.
+    void SetPicking(bool picking);
+    void SetSnapping(bool snapping);
+    [[nodiscard]] bool Snapping() const { return m_snapping; }
+    /// The snap that is in force at the cursor.
+    [[nodiscard]] const std::optional<Snap>& AtSnap() const { return m_snap; }
+
+    void ShowAll();
+    /// About the middle of the view.
+    void Zoom(double factor);
+    [[nodiscard]] const ViewMap& Map() const { return m_map; }
+    void SetMap(const ViewMap& map);
+    /// The map once the user moved or zoomed.
+    [[nodiscard]] std::optional<ViewMap> OwnMap() const { return m_isFresh ? std::nullopt : std::optional(m_map); }
+    /// True when everything is painted that the view shows.
+    [[nodiscard]] bool IsPainted() const { return m_isWhole && m_imageMap == DeviceMap(); }
+
+    std::function<void(Vec2)> onPick;                ///< scene millimetres
+    std::function<void(std::optional<Vec2>)> onMove; ///< nothing: the cursor left
+    std::function<bool(QKeyEvent*)> onKey;           ///< keys of nobody else; true: used
+    std::function<void()> onPainted;                 ///< the view is whole
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    [[nodiscard]] ViewMap DeviceMap() const;
+    void Ask();
+    void Take(const QImage& image, const ViewMap& map, bool finished);
+    void Follow(Vec2 pixel, Qt::KeyboardModifiers modifiers);
+    void Refresh(Qt::KeyboardModifiers modifiers);
+    [[nodiscard]] Vec2 PointAtCursor() const;
+    void PaintDrawing(QPainter& painter) const;
+
+    std::shared_ptr<const LayoutPicture> m_picture;
+    ViewMap m_map;
+    bool m_isFresh = true; ///< nobody moved or zoomed: a larger window shows the whole as well
+    QImage m_image;
+    ViewMap m_imageMap; ///< device pixels
+    bool m_isWhole = false;
+    bool m_picking = false, m_snapping = true;
+    std::optional<Vec2> m_band;    ///< scene
+    std::optional<Vec2> m_cursor;  ///< pixels
+    std::optional<Vec2> m_grip;    ///< pixels, where the picture is held while it is dragged
+    std::optional<Vec2> m_pressed; ///< pixels, of a pick whose button is still down
+    std::optional<Snap> m_snap;
+    std::unique_ptr<ViewRenderer> m_renderer;
+};
+
+} // namespace sm::qt

@@ -1,0 +1,15 @@
+// What is drawn over the drawing while one picks: cross-hair, rubber band, snap marks.
+#pragma once
+
+#include "snap/SnapIndex.h"
+
+#include <QPainter>
+
+namespace sm::qt {
+
+void PaintCrossHair(QPainter& painter, Vec2 at, int width, int height);
+void PaintRubberBand(QPainter& painter, Vec2 first, Vec2 other);
+/// Square, triangle, circle or cross, with the snap's name beside it.
+void PaintSnapMark(QPainter& painter, SnapKind kind, Vec2 at, int width);
+
+} // namespace sm::qt

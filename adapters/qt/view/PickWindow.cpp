@@ -1,0 +1,251 @@
+#include "view/PickWindow.h"
+
+#include "screen/ClosesOnSignal.h"
+#include "view/PointText.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace sm::qt {
+namespace {
+
+constexpr double kStep = 1.5; // of zooming
+
+bool IsNumeric(const QString& text)
+{
+    return !text.isEmpty() && (text[0].isDigit() || text[0] == '.');
+}
+
+QString Text(const std::string& text)
+{
+    return QString::fromStdString(text);
+}
+
+} // namespace
+
+PickWindow::PickWindow() : QWidget(nullptr, Qt::Window), m_view(new DrawingView)
+{
+    setObjectName("DrawingWindow");
+    setWindowModality(Qt::ApplicationModal);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(MakeTools());
+    column->addWidget(m_view, 1);
+    column->addWidget(MakeLine());
+    setTabOrder(m_view, m_entry);
+    m_view->setObjectName("view");
+    m_view->installEventFilter(this);
+    m_view->onPick = [this](Vec2 scene) { Answer(scene); };
+    m_view->onMove = [this](std::optional<Vec2> scene) { ShowPlace(scene); };
+    m_view->onKey = [this](QKeyEvent* event) { return TakeKey(event); };
+    resize(1000, 720);
+    ShowSnapping();
+}
+
+QToolBar* PickWindow::MakeTools()
+{
+    auto* const tools = new QToolBar;
+    tools->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    tools->setAccessibleName("View and snaps");
+    const auto add = [&](const char* name, const char* tip, auto&& run) {
+        QAction* const action = tools->addAction(name);
+        action->setToolTip(tip);
+        connect(action, &QAction::triggered, this, run);
+        return action;
+    };
+    add("Zoom &In", "Zoom in (+)", [this] { m_view->Zoom(kStep); });
+    add("Zoom &Out", "Zoom out (-)", [this] { m_view->Zoom(1 / kStep); });
+    add("Zoom &All", "Show everything (Home, or double click with the middle button)", [this] { m_view->ShowAll(); });
+    tools->addSeparator();
+    m_snaps = add("Object &Snaps", "Ends, middles, centres and intersections draw the cursor (F3; Shift suspends)",
+                  [this] { ShowSnapping(); });
+    m_snaps->setObjectName("snaps");
+    m_snaps->setCheckable(true);
+    m_snaps->setChecked(true);
+    m_snaps->setShortcut(Qt::Key_F3);
+    return tools;
+}
+
+QWidget* PickWindow::MakeLine()
+{
+    auto* const line = new QWidget;
+    auto* const row = new QHBoxLayout(line);
+    row->setContentsMargins(8, 4, 8, 4);
+    m_prompt = new QLabel;
+    m_prompt->setObjectName("prompt");
+    m_entry = new QLineEdit;
+    m_entry->setObjectName("entry");
+    m_entry->setAccessibleName("Point");
+    m_entry->setPlaceholderText("x,y");
+    m_entry->setToolTip("A point in drawing units: x,y; counted from the first corner: @x,y");
+    m_entry->setMaximumWidth(24 * fontMetrics().averageCharWidth());
+    m_entry->installEventFilter(this);
+    m_prompt->setBuddy(m_entry);
+    m_place = new QLabel;
+    m_place->setObjectName("place");
+    m_place->setAccessibleName("Coordinates");
+    m_place->setMinimumWidth(28 * fontMetrics().averageCharWidth());
+    m_hint = new QLabel;
+    m_hint->setObjectName("hint");
+    m_hint->setAccessibleName("Snap");
+    row->addWidget(m_prompt);
+    row->addWidget(m_entry);
+    row->addWidget(m_place);
+    row->addStretch(1);
+    row->addWidget(m_hint);
+    connect(m_entry, &QLineEdit::returnPressed, this, [this] { TakeTyped(); });
+    return line;
+}
+
+void PickWindow::SetPicture(std::shared_ptr<const LayoutPicture> picture)
+{
+    m_picture = std::move(picture);
+    m_view->SetPicture(m_picture);
+    ShowReady();
+}
+
+void PickWindow::ShowReady()
+{
+    const bool ready = m_picture != nullptr;
+    m_view->SetBand(ready && m_first ? std::optional(m_picture->map.ToScene(*m_first)) : std::nullopt);
+    m_view->SetPicking(ready && m_loop.isRunning());
+    ShowSnapping();
+}
+
+std::optional<Vec2> PickWindow::Pick(const QString& prompt, std::optional<Vec2> first)
+{
+    m_answer.reset();
+    m_first = first;
+    m_prompt->setText(prompt);
+    m_entry->setAccessibleName(prompt);
+    m_entry->clear();
+    if (isMinimized() || !isVisible())
+        showNormal();
+    raise();
+    activateWindow();
+    m_view->setFocus();
+    QMetaObject::invokeMethod(
+        this, [this] { ShowReady(); }, Qt::QueuedConnection); // once the loop runs
+    const ClosesOnSignal closesOnSignal;
+    m_loop.exec();
+    m_view->SetPicking(false);
+    m_view->SetBand(std::nullopt);
+    return m_answer;
+}
+
+void PickWindow::Cancel()
+{
+    m_answer.reset();
+    m_loop.quit();
+}
+
+void PickWindow::Answer(Vec2 scene)
+{
+    if (!m_loop.isRunning() || m_picture == nullptr)
+        return;
+    m_answer = m_picture->map.ToDrawing(scene);
+    m_loop.quit();
+}
+
+void PickWindow::TakeTyped()
+{
+    if (!m_loop.isRunning())
+        return;
+    const auto point = ParsePoint(m_entry->text().toStdString(), m_first);
+    if (!point) {
+        m_hint->setText("Please type a point as x,y");
+        m_entry->selectAll();
+        QApplication::beep();
+        return;
+    }
+    m_answer = point;
+    m_loop.quit();
+}
+
+// Digits typed over the drawing begin a point. "-" zooms out at once, which is taken back when a number follows.
+bool PickWindow::TakeKey(QKeyEvent* event)
+{
+    QString typed = event->text();
+    if (!IsNumeric(typed) && typed != "@")
+        return false;
+    if (m_beforeMinus) {
+        m_view->SetMap(*m_beforeMinus);
+        typed.prepend('-');
+    }
+    m_beforeMinus.reset();
+    m_entry->setFocus();
+    m_entry->insert(typed);
+    return true;
+}
+
+void PickWindow::NoteMinus(const QKeyEvent& event)
+{
+    if (event.key() == Qt::Key_Minus)
+        m_beforeMinus = m_view->Map();
+    else if (!IsNumeric(event.text()))
+        m_beforeMinus.reset();
+}
+
+void PickWindow::ShowPlace(std::optional<Vec2> scene)
+{
+    if (m_picture == nullptr || !scene)
+        return m_place->clear();
+    m_place->setText(Text(PointText(m_picture->map.ToDrawing(*scene), m_picture->decimals)));
+    ShowSnapping();
+}
+
+void PickWindow::ShowSnapping()
+{
+    if (m_view->Snapping() != m_snaps->isChecked())
+        m_view->SetSnapping(m_snaps->isChecked());
+    const auto& snap = m_view->AtSnap();
+    m_hint->setText(m_picture == nullptr && m_loop.isRunning() ? "Reading the drawing …"
+                    : snap                                     ? QString::fromUtf8(SnapName(snap->kind))
+                    : m_snaps->isChecked()                     ? "Object snaps on (F3)"
+                                                               : "Object snaps off (F3)");
+}
+
+void PickWindow::closeEvent(QCloseEvent* event)
+{
+    Cancel();
+    event->accept();
+}
+
+void PickWindow::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        return Cancel();
+    QWidget::keyPressEvent(event);
+}
+
+// An empty entry leaves the keys that move the view to the view.
+bool PickWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_view && event->type() == QEvent::KeyPress)
+        NoteMinus(*static_cast<QKeyEvent*>(event));
+    if (watched == m_entry && event->type() == QEvent::KeyPress && m_entry->text().isEmpty()) {
+        auto* const key = static_cast<QKeyEvent*>(event);
+        switch (key->key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_Home:
+        case Qt::Key_Plus:
+            return QApplication::sendEvent(m_view, event);
+        default:
+            break;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace sm::qt

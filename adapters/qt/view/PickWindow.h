@@ -1,0 +1,59 @@
+// The drawing window itself: the view, what can be done with it, and a line to type points into.
+#pragma once
+
+#include "view/DrawingView.h"
+
+#include <QEventLoop>
+#include <QWidget>
+
+class QAction;
+class QLabel;
+class QLineEdit;
+class QToolBar;
+
+namespace sm::qt {
+
+class PickWindow final : public QWidget {
+public:
+    PickWindow();
+
+    void SetDrawing(const QString& name) { setWindowTitle(name); }
+    void SetPicture(std::shared_ptr<const LayoutPicture> picture);
+    /// The view, to be gone back to; nothing while it is the one that shows everything.
+    [[nodiscard]] std::optional<ViewMap> OwnView() const { return m_view->OwnMap(); }
+    void GoBackTo(const ViewMap& view) { m_view->SetMap(view); }
+    /// Waits for a point under `prompt`, drawing units; with `first` it is the corner opposite to it. Nothing when the
+    /// user cancelled. The picture may come meanwhile.
+    std::optional<Vec2> Pick(const QString& prompt, std::optional<Vec2> first);
+    /// Ends the waiting without a point.
+    void Cancel();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QToolBar* MakeTools();
+    QWidget* MakeLine();
+    void Answer(Vec2 scene);
+    void TakeTyped();
+    bool TakeKey(QKeyEvent* event);
+    void NoteMinus(const QKeyEvent& event);
+    void ShowPlace(std::optional<Vec2> scene);
+    void ShowSnapping();
+    void ShowReady();
+
+    DrawingView* m_view = nullptr;
+    QLabel* m_prompt = nullptr;
+    QLineEdit* m_entry = nullptr;
+    QLabel* m_place = nullptr;
+    QLabel* m_hint = nullptr;
+    QAction* m_snaps = nullptr;
+    std::shared_ptr<const LayoutPicture> m_picture;
+    QEventLoop m_loop;
+    std::optional<Vec2> m_answer, m_first; ///< drawing units
+    std::optional<ViewMap> m_beforeMinus;  ///< the view before "-" was pressed, which may begin a number
+};
+
+} // namespace sm::qt

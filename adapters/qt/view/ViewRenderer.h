@@ -1,0 +1,48 @@
+// Paints views of a layout in a thread of its own, the newest one asked for.
+#pragma once
+
+#include "view/ItemPainter.h"
+
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+namespace sm::qt {
+
+class ViewRenderer {
+public:
+    /// `show` is called from the renderer's thread with what is painted so far; `finished` with the whole view.
+    using Show = std::function<void(const QImage& image, const ViewMap& map, bool finished)>;
+    explicit ViewRenderer(Show show);
+    /// Waits for the thread.
+    ~ViewRenderer();
+    ViewRenderer(const ViewRenderer&) = delete;
+    ViewRenderer& operator=(const ViewRenderer&) = delete;
+
+    /// Asks for a view; what was asked for before and isn't begun is forgotten, and given up unless it is only moved.
+    /// A null picture ends what is under way, and nothing more is shown of the former one.
+    void Ask(std::shared_ptr<const LayoutPicture> picture, const ViewMap& map);
+
+private:
+    struct Request {
+        std::shared_ptr<const LayoutPicture> picture;
+        ViewMap map;
+    };
+    void Run();
+    void Paint(const Request& request);
+    bool PaintExposed(const Request& request, QImage& image);
+    bool GoOn(const Request& request);
+
+    Show m_show;
+    PaintCache m_cache;
+    Request m_last; ///< that `m_image` shows whole; null picture: none
+    QImage m_image;
+    std::mutex m_mutex;
+    std::condition_variable m_asked;
+    Request m_wanted;
+    bool m_isNew = false, m_ends = false;
+    std::thread m_thread;
+};
+
+} // namespace sm::qt

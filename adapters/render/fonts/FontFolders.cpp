@@ -1,0 +1,175 @@
+#include "fonts/FontFolders.h"
+
+#include "text/Unicode.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <dirent.h>
+#include <filesystem>
+#include <fontconfig/fontconfig.h>
+#include <memory>
+
+namespace sm::render {
+
+namespace {
+
+struct PatternEnd {
+    void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+};
+using Pattern = std::unique_ptr<FcPattern, PatternEnd>;
+
+std::optional<FontPlace> Match(FcPattern* wanted)
+{
+    FcConfigSubstitute(nullptr, wanted, FcMatchPattern);
+    FcDefaultSubstitute(wanted);
+    FcResult result = FcResultMatch;
+    const Pattern found(FcFontMatch(nullptr, wanted, &result));
+    FcChar8* file = nullptr;
+    int index = 0;
+    if (!found || FcPatternGetString(found.get(), FC_FILE, 0, &file) != FcResultMatch) {
+        return std::nullopt;
+    }
+    FcPatternGetInteger(found.get(), FC_INDEX, 0, &index);
+    return FontPlace{reinterpret_cast<const char*>(file), index & 0xFFFF};
+}
+
+bool IsFontFile(const std::string& lowered)
+{
+    for (const char* ending : {".ttf", ".ttc", ".otf", ".lff", ".shx"}) {
+        if (lowered.ends_with(ending)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::string Home(const char* below)
+{
+    const char* home = std::getenv("HOME");
+    return home != nullptr && *home == '/' ? std::string(home) + below : std::string();
+}
+
+using Files = std::map<std::string, std::string>;
+
+void ScanFolder(const std::string& folder, Files& files)
+{
+    namespace fs = std::filesystem;
+    std::error_code error;
+    fs::recursive_directory_iterator at(folder, fs::directory_options::skip_permission_denied, error), end;
+    for (; !error && at != end; at.increment(error)) {
+        if (at.depth() > 6) {
+            at.disable_recursion_pending();
+        }
+        const std::string name = Lowered(at->path().filename().string());
+        if (IsFontFile(name)) {
+            files.try_emplace(name, at->path().string());
+        }
+    }
+}
+
+/// The user's own folders first.
+Files ScanMachine()
+{
+    const char* data = std::getenv("XDG_DATA_HOME");
+    Files files;
+    for (const std::string& folder :
+         {data != nullptr && *data == '/' ? std::string(data) + "/fonts" : Home("/.local/share/fonts"), Home("/.fonts"),
+          std::string("/usr/local/share/fonts"), std::string("/usr/share/fonts"),
+          std::string("/usr/share/librecad/fonts")}) {
+        if (!folder.empty()) {
+            ScanFolder(folder, files);
+        }
+    }
+    return files;
+}
+
+const Files& MachineFiles()
+{
+    static const Files kFiles = ScanMachine();
+    return kFiles;
+}
+
+} // namespace
+
+void FontFolders::Prepare()
+{
+    MachineFiles();
+    FcInit();
+}
+
+void FontFolders::Scan()
+{
+    if (m_scanned) {
+        return;
+    }
+    m_scanned = true;
+    for (const std::string& folder : m_more) {
+        if (!folder.empty()) {
+            ScanFolder(folder, m_files);
+        }
+    }
+}
+
+const std::string* FontFolders::Named(std::string_view fileName)
+{
+    Scan();
+    const std::string name = Lowered(fileName);
+    if (const auto own = m_files.find(name); own != m_files.end()) {
+        return &own->second;
+    }
+    const auto found = MachineFiles().find(name);
+    return found == MachineFiles().end() ? nullptr : &found->second;
+}
+
+FontFolders::Files FontFolders::FilesIn(const std::string& folder)
+{
+    Files files;
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
+    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
+        // Drawings lie by the thousand in one folder: most names are passed over before they are copied.
+        const std::size_t length = std::strlen(entry->d_name);
+        if (length < 5 || !IsFontFile(Lowered({entry->d_name + length - 4, 4}))) {
+            continue;
+        }
+        files.try_emplace(Lowered(entry->d_name), folder + "/" + entry->d_name);
+    }
+    return files;
+}
+
+const std::string* FontFolders::Named(std::string_view fileName, const std::string& folder)
+{
+    if (!folder.empty()) {
+        auto known = m_beside.find(folder);
+        if (known == m_beside.end()) {
+            known = m_beside.emplace(folder, FilesIn(folder)).first;
+        }
+        const auto found = known->second.find(Lowered(fileName));
+        if (found != known->second.end()) {
+            return &found->second;
+        }
+    }
+    return Named(fileName);
+}
+
+std::optional<FontPlace> FontFolders::ForFamily(const std::string& family, bool bold, bool italic) const
+{
+    const Pattern wanted(FcPatternCreate());
+    FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family.c_str()));
+    FcPatternAddInteger(wanted.get(), FC_WEIGHT, bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
+    FcPatternAddInteger(wanted.get(), FC_SLANT, italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
+    FcPatternAddBool(wanted.get(), FC_SCALABLE, FcTrue);
+    return Match(wanted.get());
+}
+
+std::optional<FontPlace> FontFolders::ForCharacter(char32_t character) const
+{
+    FcCharSet* characters = FcCharSetCreate();
+    FcCharSetAddChar(characters, character);
+    const Pattern wanted(FcPatternCreate());
+    FcPatternAddCharSet(wanted.get(), FC_CHARSET, characters);
+    FcPatternAddBool(wanted.get(), FC_SCALABLE, FcTrue);
+    FcCharSetDestroy(characters);
+    return Match(wanted.get());
+}
+
+} // namespace sm::render

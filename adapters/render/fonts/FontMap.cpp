@@ -1,0 +1,160 @@
+#include "fonts/FontMap.h"
+
+#include "text/Unicode.h"
+
+#include <charconv>
+#include <fstream>
+#include <sstream>
+
+namespace sm::render {
+
+namespace {
+
+std::vector<std::string> WordsOf(std::string_view line)
+{
+    std::vector<std::string> words;
+    bool quoted = false, open = false;
+    for (const char c : line) {
+        if (c == '#' && !quoted) {
+            break;
+        }
+        if (c == '"') {
+            quoted = !quoted;
+            if (quoted) {
+                words.emplace_back();
+            }
+            open = quoted;
+        } else if (!quoted && (c == ' ' || c == '\t' || c == '\r')) {
+            open = false;
+        } else {
+            if (!open) {
+                words.emplace_back();
+                open = true;
+            }
+            words.back() += c;
+        }
+    }
+    return words;
+}
+
+std::string WithoutShx(std::string_view name)
+{
+    std::string key = Lowered(name);
+    if (key.ends_with(".shx")) {
+        key.resize(key.size() - 4);
+    }
+    return key;
+}
+
+/// The number, when it is one within the limits.
+std::optional<double> NumberOf(std::string_view word, double low, double high)
+{
+    double value = 0;
+    const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
+    const bool fits = error == std::errc{} && end == word.data() + word.size() && value >= low && value <= high;
+    return fits ? std::optional(value) : std::nullopt;
+}
+
+std::optional<double> NumberAt(const std::vector<std::string>& words, std::size_t at, double low, double high)
+{
+    return at < words.size() ? NumberOf(words[at], low, high) : std::nullopt;
+}
+
+/// "arial.ttf|LiberationSans-Regular.ttf*0.961"
+FontChoices ChoicesOf(std::string_view word)
+{
+    FontChoices choices;
+    while (!word.empty()) {
+        const std::size_t end = word.find('|');
+        const std::string_view one = word.substr(0, end);
+        word.remove_prefix(end == std::string_view::npos ? word.size() : end + 1);
+        const std::size_t star = one.find('*');
+        const double width = star == std::string_view::npos ? 1 : NumberOf(one.substr(star + 1), 0.1, 10).value_or(1);
+        choices.push_back({std::string(one.substr(0, star)), width});
+    }
+    return choices;
+}
+
+} // namespace
+
+void FontMap::AddLine(const std::vector<std::string>& words)
+{
+    const std::string_view kind = words.empty() ? std::string_view() : std::string_view(words[0]);
+    if (kind == "file" && words.size() >= 3) {
+        m_files.try_emplace(Lowered(words[1]), ChoicesOf(words[2]));
+    } else if (kind == "family" && words.size() >= 3) {
+        std::array<FontChoices, 4> files;
+        for (std::size_t i = 0; i < files.size(); ++i) {
+            files[i] = ChoicesOf(i + 2 < words.size() ? words[i + 2] : words[2]);
+        }
+        m_families.try_emplace(Lowered(words[1]), files);
+    } else if (kind == "stroke" && words.size() >= 3) {
+        AddStroke(words);
+    } else if (kind == "advance" && words.size() >= 4) {
+        AddAdvances(words);
+    } else if (kind == "fallback" || kind == "strokefallback") {
+        auto& list = kind == "fallback" ? m_fallbacks : m_strokeFallbacks;
+        list.insert(list.end(), words.begin() + 1, words.end());
+    }
+}
+
+void FontMap::AddStroke(const std::vector<std::string>& words)
+{
+    StrokeChoice choice{words[2], NumberAt(words, 3, 0.1, 10).value_or(1), {}, m_strokes.size()};
+    choice.metrics.gap = NumberAt(words, 4, 0, 5);
+    choice.metrics.space = NumberAt(words, 5, 0, 5);
+    m_strokes.try_emplace(WithoutShx(words[1]), std::move(choice));
+}
+
+/// Advances belong to the line before them that names the stroke font.
+void FontMap::AddAdvances(const std::vector<std::string>& words)
+{
+    const auto found = m_strokes.find(WithoutShx(words[1]));
+    const std::optional<double> advance = NumberAt(words, 2, 0, 10);
+    if (found == m_strokes.end() || !advance) {
+        return;
+    }
+    for (std::size_t at = 0; at < words[3].size();) {
+        found->second.metrics.advances.try_emplace(NextCharacter(words[3], at), *advance);
+    }
+}
+
+void FontMap::Add(std::string_view text)
+{
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n');
+        AddLine(WordsOf(text.substr(0, end)));
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    }
+}
+
+bool FontMap::AddFile(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    if (!file || !(text << file.rdbuf())) {
+        return false;
+    }
+    Add(text.view());
+    return true;
+}
+
+const FontChoices* FontMap::File(std::string_view name) const
+{
+    const auto found = m_files.find(Lowered(name));
+    return found == m_files.end() ? nullptr : &found->second;
+}
+
+const FontChoices* FontMap::Family(std::string_view name, bool bold, bool italic) const
+{
+    const auto found = m_families.find(Lowered(name));
+    return found == m_families.end() ? nullptr : &found->second[(bold ? 1U : 0U) + (italic ? 2U : 0U)];
+}
+
+const StrokeChoice* FontMap::Stroke(std::string_view name) const
+{
+    const auto found = m_strokes.find(WithoutShx(name));
+    return found == m_strokes.end() ? nullptr : &found->second;
+}
+
+} // namespace sm::render

@@ -1,0 +1,169 @@
+#include "fonts/OutlineFace.h"
+
+#include "fonts/OutlineReader.h"
+
+#include <array>
+#include <hb.h>
+#include <unordered_map>
+
+namespace sm::render {
+
+namespace {
+
+/// One library for the whole process: faces of several engines share nothing but this.
+FT_Library Library()
+{
+    static const FT_Library library = [] {
+        FT_Library made = nullptr;
+        FT_Init_FreeType(&made);
+        return made;
+    }();
+    return library;
+}
+
+std::string SafeName(FT_Face face)
+{
+    const char* name = FT_Get_Postscript_Name(face);
+    std::string safe;
+    for (const char* c = name != nullptr ? name : (face->family_name != nullptr ? face->family_name : "Font"); *c;
+         ++c) {
+        const bool kept = (*c >= 'a' && *c <= 'z') || (*c >= 'A' && *c <= 'Z') || (*c >= '0' && *c <= '9') || *c == '-';
+        if (kept && safe.size() < 60) {
+            safe += *c;
+        }
+    }
+    return safe.empty() ? "Font" : safe;
+}
+
+class FreeTypeFace final : public OutlineFace {
+public:
+    FreeTypeFace(FT_Face face, std::string path, int index)
+        : m_face(face), m_path(std::move(path)), m_index(index), m_name(SafeName(face))
+    {
+        m_capHeight = MeasuredCapHeight();
+        m_low.fill(kUnknown);
+    }
+    ~FreeTypeFace() override
+    {
+        hb_font_destroy(m_shaper);
+        FT_Done_Face(m_face);
+    }
+
+    const std::string& Name() const override { return m_name; }
+    std::uint16_t UnitsPerEm() const override { return m_face->units_per_EM; }
+    double CapHeight() const override { return m_capHeight; }
+    double Descent() const override { return std::abs(m_face->descender) / static_cast<double>(m_face->units_per_EM); }
+
+    std::uint16_t Advance(std::uint32_t glyph) const override
+    {
+        const auto [found, isNew] = m_advances.try_emplace(glyph, 0);
+        if (isNew && FT_Load_Glyph(m_face, glyph, FT_LOAD_NO_SCALE) == 0) {
+            found->second =
+                static_cast<std::uint16_t>(std::clamp<FT_Pos>(m_face->glyph->metrics.horiAdvance, 0, 65535));
+        }
+        return found->second;
+    }
+
+    std::uint32_t GlyphOf(char32_t c) const override
+    {
+        if (c >= m_low.size()) {
+            return FT_Get_Char_Index(m_face, c);
+        }
+        if (m_low[c] == kUnknown) {
+            m_low[c] = FT_Get_Char_Index(m_face, c);
+        }
+        return m_low[c];
+    }
+
+    void Contours(std::uint32_t glyph, GlyphContours& out) const override
+    {
+        out.Clear();
+        if (FT_Load_Glyph(m_face, glyph, FT_LOAD_NO_SCALE) == 0 && m_face->glyph->format == FT_GLYPH_FORMAT_OUTLINE) {
+            ReadContours(m_face->glyph->outline, out);
+        }
+    }
+
+    void Outline(std::uint32_t glyph, Path& out) const override
+    {
+        out.Clear();
+        if (FT_Load_Glyph(m_face, glyph, FT_LOAD_NO_SCALE) == 0 && m_face->glyph->format == FT_GLYPH_FORMAT_OUTLINE) {
+            ReadOutline(m_face->glyph->outline, 1.0 / m_face->units_per_EM, out);
+        }
+    }
+
+    double Shape(std::string_view text, bool rightToLeft, std::vector<ShapedGlyph>& out) const override
+    {
+        out.clear();
+        OpenShaper();
+        hb_buffer_t* buffer = hb_buffer_create();
+        hb_buffer_add_utf8(buffer, text.data(), static_cast<int>(text.size()), 0, static_cast<int>(text.size()));
+        hb_buffer_set_direction(buffer, rightToLeft ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
+        hb_buffer_guess_segment_properties(buffer);
+        hb_shape(m_shaper, buffer, nullptr, 0);
+        unsigned count = 0;
+        const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
+        const hb_glyph_position_t* places = hb_buffer_get_glyph_positions(buffer, &count);
+        const double em = 1.0 / m_face->units_per_EM;
+        double pen = 0;
+        for (unsigned i = 0; i < count; ++i) {
+            out.push_back(
+                {infos[i].codepoint, infos[i].cluster, {pen + places[i].x_offset * em, places[i].y_offset * em}});
+            pen += places[i].x_advance * em;
+        }
+        hb_buffer_destroy(buffer);
+        return pen;
+    }
+
+private:
+    static constexpr std::uint32_t kUnknown = 0xFFFFFFFF;
+
+    double MeasuredCapHeight() const
+    {
+        for (const char32_t c : {U'H', U'E', U'A', U'X'}) {
+            const std::uint32_t glyph = FT_Get_Char_Index(m_face, c);
+            if (glyph != 0 && FT_Load_Glyph(m_face, glyph, FT_LOAD_NO_SCALE) == 0 &&
+                m_face->glyph->metrics.horiBearingY > 0) {
+                return static_cast<double>(m_face->glyph->metrics.horiBearingY) / m_face->units_per_EM;
+            }
+        }
+        return 0.716; // that of most sans serif fonts
+    }
+
+    void OpenShaper() const
+    {
+        if (m_shaper == nullptr) {
+            hb_blob_t* blob = hb_blob_create_from_file(m_path.c_str());
+            hb_face_t* face = hb_face_create(blob, static_cast<unsigned>(m_index));
+            m_shaper = hb_font_create(face);
+            hb_font_set_scale(m_shaper, m_face->units_per_EM, m_face->units_per_EM);
+            hb_face_destroy(face);
+            hb_blob_destroy(blob);
+        }
+    }
+
+    FT_Face m_face;
+    std::string m_path;
+    int m_index;
+    std::string m_name;
+    double m_capHeight = 0;
+    mutable std::array<std::uint32_t, 0x500> m_low; ///< glyphs of Latin, Greek and Cyrillic
+    mutable std::unordered_map<std::uint32_t, std::uint16_t> m_advances;
+    mutable hb_font_t* m_shaper = nullptr;
+};
+
+} // namespace
+
+std::unique_ptr<OutlineFace> OutlineFace::Open(const std::string& path, int index)
+{
+    FT_Face face = nullptr;
+    if (Library() == nullptr || FT_New_Face(Library(), path.c_str(), index, &face) != 0) {
+        return nullptr;
+    }
+    if (!FT_IS_SCALABLE(face) || face->units_per_EM == 0) {
+        FT_Done_Face(face);
+        return nullptr;
+    }
+    return std::make_unique<FreeTypeFace>(face, path, index);
+}
+
+} // namespace sm::render

@@ -1,0 +1,82 @@
+#include "geometry/HatchBoundary.h"
+#include "geometry/HatchLines.h"
+#include "paint/Painter.h"
+#include "render/ClipBox.h"
+
+namespace sm::render {
+
+// A boundary that the file gives by its source objects alone (DXF reference, HATCH groups 97 and 330).
+void Painter::AppendSources(const drawing::HatchData& hatch)
+{
+    for (const drawing::HatchPath& path : hatch.paths) {
+        std::vector<Path> pieces;
+        for (const drawing::Handle source : path.sources) {
+            const drawing::EntityRecord* const record = m_drawing.FindEntity(source);
+            Path piece;
+            if (record != nullptr && CatchPath(*record, *m_frame, piece) && !piece.Empty()) {
+                pieces.push_back(std::move(piece));
+            }
+        }
+        AppendJoined(m_path, std::move(pieces));
+    }
+}
+
+bool Painter::Draw(const drawing::HatchData& hatch, drawing::EntityKind)
+{
+    const Matrix2 plane = PlaneOf(m_frame->toPaper, hatch.extrusion, hatch.elevation);
+    m_path = FilledBoundary(hatch, plane);
+    if (m_path.Empty()) {
+        AppendSources(hatch);
+    }
+    if (m_path.Empty()) {
+        Remark("a hatch without a boundary left out");
+        return false;
+    }
+    if (hatch.gradient && !hatch.gradientColors.empty()) {
+        DrawGradient(hatch, plane);
+        return true;
+    }
+    if (hatch.solid || hatch.gradient || m_options.boxesOnly) {
+        FillArea(m_path, FillRule::EvenOdd);
+        return true;
+    }
+    if (hatch.lines.empty()) {
+        Remark("a hatch without pattern lines left out");
+        return false;
+    }
+    DrawPatternHatch(hatch, plane);
+    return true;
+}
+
+void Painter::DrawPatternHatch(const drawing::HatchData& hatch, const Matrix2& plane)
+{
+    const Box2 hull = HullOf(m_path);
+    const Box2 visible = m_ink.Bounded() ? Grown(m_ink.Clip(), 1) : hull;
+    if (!Overlaps(hull, visible) || !std::isfinite(hull.Width() + hull.Height())) {
+        return;
+    }
+    std::vector<drawing::HatchLine> families = hatch.lines;
+    if (hatch.patternDouble && families.size() == 1) {
+        drawing::HatchLine across = families.front();
+        across.angle += 90;
+        across.offset = {-across.offset.y, across.offset.x};
+        families.push_back(across);
+    }
+    HatchLines lines(m_path, visible);
+    m_path.Clear();
+    bool thinned = false;
+    for (const drawing::HatchLine& family : families) {
+        thinned = lines.Append(family, plane, m_path) || thinned;
+    }
+    if (thinned) {
+        Remark("a hatch pattern too dense for paper thinned out");
+    }
+    Pen pen = StrokePen();
+    pen.pattern = nullptr;
+    pen.cap = LineCap::Butt;
+    constexpr double kHairline = 0.05; // mm; lines as close as paper can hold them stay grey
+    pen.width = thinned ? std::min(pen.width, kHairline) : pen.width;
+    m_ink.Stroke(m_path, pen);
+}
+
+} // namespace sm::render

@@ -1,0 +1,17 @@
+// "convert": checks names, plans the PDFs, runs the drawings, reports.
+#pragma once
+
+#include "commandline/Jobs.h"
+#include "run/Install.h"
+#include "workers/Worker.h"
+
+#include <iosfwd>
+
+namespace sm::app {
+
+/// Results go to `out`, everything else to `err`. `work` converts one drawing in its own process. Returns the exit
+/// code.
+int RunConvert(const ConvertJob& job, const Install& install, const WorkerWork& work, std::ostream& out,
+               std::ostream& err);
+
+} // namespace sm::app

@@ -1,0 +1,28 @@
+// "doctor": what a conversion needs, whether it is there, and the command that mends what isn't.
+#pragma once
+
+#include "run/Install.h"
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace sm::app {
+
+struct Finding {
+    enum class State { Good, Optional, Missing };
+    State state = State::Good;
+    std::string what;   ///< "Ghostscript"
+    std::string detail; ///< what was found, or what is wrong
+    std::string remedy; ///< the command or deed that mends it; empty when nothing has to be
+};
+
+std::vector<Finding> Examine(const Install& install);
+
+/// One line a finding, and one more for its remedy.
+std::string FindingText(const std::vector<Finding>& findings);
+
+/// 0 when nothing needed is missing, else 3.
+int RunDoctor(const Install& install, std::ostream& out);
+
+} // namespace sm::app

@@ -1,0 +1,108 @@
+#include "commands/LayoutsCommand.h"
+
+#include "commandline/ExitCodes.h"
+#include "run/DwgSetup.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+namespace sm::app {
+namespace {
+
+constexpr std::size_t kColumns = 6;
+using Row = std::array<std::string, kColumns>;
+
+/// At most two decimals, without zeros at the end.
+std::string Millimetres(double value)
+{
+    char text[64];
+    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 2).ptr;
+    std::string number(text, end);
+    number.erase(number.find_last_not_of('0') + 1);
+    if (number.ends_with('.'))
+        number.pop_back();
+    return number;
+}
+
+Row RowOf(const cadhost::LayoutFacts& layout)
+{
+    const bool hasPaper = layout.paperWidth > 0 && layout.paperHeight > 0;
+    return {(layout.active ? "* " : "  ") + layout.name,
+            hasPaper ? Millimetres(layout.paperWidth) + " x " + Millimetres(layout.paperHeight) + " mm" : "none",
+            layout.plotArea,
+            layout.scale,
+            std::to_string(layout.viewports),
+            std::to_string(layout.entities)};
+}
+
+/// Characters, not bytes.
+std::size_t Width(const std::string& text)
+{
+    return static_cast<std::size_t>(
+        std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xc0) != 0x80; }));
+}
+
+} // namespace
+
+std::string LayoutTable(const std::vector<cadhost::LayoutFacts>& layouts)
+{
+    std::vector<Row> rows{{"  LAYOUT", "PAPER", "AREA", "SCALE", "VIEWPORTS", "ENTITIES"}};
+    std::transform(layouts.begin(), layouts.end(), std::back_inserter(rows), RowOf);
+    std::array<std::size_t, kColumns> widths{};
+    for (const Row& row : rows)
+        for (std::size_t column = 0; column < kColumns; ++column)
+            widths[column] = std::max(widths[column], Width(row[column]));
+    std::string table;
+    for (const Row& row : rows) {
+        std::string line;
+        for (std::size_t column = 0; column < kColumns; ++column)
+            line += row[column] + std::string(widths[column] - Width(row[column]) + 2, ' ');
+        line.erase(line.find_last_not_of(' ') + 1);
+        table += line + "\n";
+    }
+    return table;
+}
+
+std::string LayoutJson(const std::vector<cadhost::LayoutFacts>& layouts)
+{
+    nlohmann::ordered_json array = nlohmann::ordered_json::array();
+    for (const cadhost::LayoutFacts& layout : layouts)
+        array.push_back({{"name", layout.name},
+                         {"model", layout.isModel},
+                         {"active", layout.active},
+                         {"tabOrder", layout.tabOrder},
+                         {"paperWidth", layout.paperWidth},
+                         {"paperHeight", layout.paperHeight},
+                         {"media", layout.mediaName},
+                         {"device", layout.configName},
+                         {"styleTable", layout.styleSheet},
+                         {"plotArea", layout.plotArea},
+                         {"scale", layout.scale},
+                         {"viewports", layout.viewports},
+                         {"entities", layout.entities}});
+    return array.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+}
+
+int RunLayouts(const LayoutsJob& job, const Install& install, std::ostream& out, std::ostream& err)
+{
+    try {
+        const auto settings =
+            OpenSettings(install, [&](const std::string& text) { err << "warning: " << text << "\n"; });
+        const auto host = cadhost::CadHost::Create(HostOptionsOf(install, *settings, {}));
+        const auto document = host->Open(job.drawing);
+        const std::vector<cadhost::LayoutFacts> layouts = host->Layouts(document);
+        out << (job.json ? LayoutJson(layouts) : LayoutTable(layouts));
+        return kExitDone;
+    } catch (const drawing::DwgConverterMissing& error) {
+        err << "sheetmaker layouts: " << error.what() << "\n";
+        return kExitToolMissing;
+    } catch (const std::exception& error) {
+        err << "sheetmaker layouts: " << error.what() << "\n";
+        return kExitFailed;
+    }
+}
+
+} // namespace sm::app

@@ -1,0 +1,20 @@
+// "layouts": what the tabs of a drawing hold and how they are plotted.
+#pragma once
+
+#include "cadhost/CadHost.h"
+#include "commandline/Jobs.h"
+#include "run/Install.h"
+
+#include <iosfwd>
+#include <vector>
+
+namespace sm::app {
+
+int RunLayouts(const LayoutsJob& job, const Install& install, std::ostream& out, std::ostream& err);
+
+/// A table with a heading, columns as wide as their longest entry.
+std::string LayoutTable(const std::vector<cadhost::LayoutFacts>& layouts);
+/// An array of objects.
+std::string LayoutJson(const std::vector<cadhost::LayoutFacts>& layouts);
+
+} // namespace sm::app

@@ -1,0 +1,12 @@
+// "log": the last conversion's log.
+#pragma once
+
+#include "run/Install.h"
+
+#include <iosfwd>
+
+namespace sm::app {
+
+int RunLog(const Install& install, std::ostream& out, std::ostream& err);
+
+} // namespace sm::app

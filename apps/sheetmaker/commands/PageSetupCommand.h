@@ -1,0 +1,16 @@
+// "page-setup": the page setup dialog, for the user's global page setup or for a drawing's own.
+#pragma once
+
+#include "commandline/Jobs.h"
+#include "run/Install.h"
+#include "run/ScreenParts.h"
+
+#include <iosfwd>
+
+namespace sm::app {
+
+/// As RunSettings: nothing is kept unless the dialog was confirmed.
+int RunPageSetup(const PageSetupJob& job, const Install& install, const ScreenParts& screen, std::ostream& out,
+                 std::ostream& err);
+
+} // namespace sm::app

@@ -1,0 +1,107 @@
+#include "commands/PublishCommand.h"
+
+#include "commandline/Refusal.h"
+#include "commands/Readiness.h"
+#include "records/RecordEditor.h"
+#include "run/PublishRun.h"
+#include "workers/OutputPlan.h"
+#include "workers/WorkerPool.h"
+
+#include <filesystem>
+#include <ostream>
+#include <unistd.h>
+
+namespace sm::app {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<SetPart> Parts(const PublishJob& job)
+{
+    std::vector<SetPart> parts;
+    for (const std::string& sheet : job.sheets)
+        parts.push_back(ParseSetPart(sheet));
+    return parts;
+}
+
+/// Where the PDF goes; it may overwrite none of the drawings.
+PlannedDrawing PlanSet(const std::string& output, const std::vector<SetPart>& parts)
+{
+    std::error_code unreadable;
+    if (output.ends_with('/') || fs::is_directory(output, unreadable))
+        throw Refusal{kExitUsage, output + " is a folder; -o takes the name of the PDF"};
+    PlannedDrawing planned;
+    for (const SetPart& part : parts) {
+        const OutputPlan plan = PlanOutput({part.drawing}, output);
+        if (!plan.error.empty())
+            throw Refusal{kExitUsage, plan.error};
+        planned = plan.drawings.front();
+    }
+    return planned;
+}
+
+class Publication {
+public:
+    Publication(const PublishJob& job, const Install& install, std::ostream& out, std::ostream& err)
+        : m_job(job), m_install(install), m_out(out), m_err(err)
+    {
+    }
+
+    /// The exit code.
+    int Run()
+    {
+        NeedTools(m_install);
+        const std::vector<SetPart> parts = Parts(m_job);
+        const PlannedDrawing planned = PlanSet(m_job.output, parts);
+        MakeFolderOf(planned.pdfPath);
+        SetLog log(m_install.places.stateFolder);
+        const auto work = [&](const DrawingTask& task, terminal::Console& console) {
+            return PublishSet(parts, m_job.keepGoing, task, log, m_install, console);
+        };
+        PoolCallbacks callbacks;
+        callbacks.done = [this](const DrawingReport& report, const std::string&) { Tell(report); };
+        const PooledTask task{{m_job.output, planned.savePath, {}, {}, {}}, planned.pdfPath};
+        if (RunPool({task}, 1, work, callbacks))
+            return m_exitCode;
+        m_err << "sheetmaker: interrupted\n";
+        return kExitInterrupted;
+    }
+
+private:
+    void Tell(const DrawingReport& report)
+    {
+        for (const std::string& line : report.notes)
+            m_err << line << "\n";
+        if (report.Converted())
+            m_out << ResultLine(report) << std::endl;
+        else
+            m_err << "sheetmaker publish: " << report.failure << "\n";
+        m_exitCode = report.exitCode;
+    }
+
+    const PublishJob& m_job;
+    const Install& m_install;
+    std::ostream& m_out;
+    std::ostream& m_err;
+    int m_exitCode = kExitFailed;
+};
+
+} // namespace
+
+SetPart ParseSetPart(const std::string& text)
+{
+    std::error_code unreadable;
+    const std::size_t colon = text.rfind(':');
+    if (colon == std::string::npos || fs::exists(text, unreadable))
+        return {text, std::nullopt};
+    return {text.substr(0, colon), text.substr(colon + 1)};
+}
+
+int RunPublish(const PublishJob& job, const Install& install, std::ostream& out, std::ostream& err)
+{
+    int exitCode = kExitFailed;
+    const int refused = RunEdit("publish", err, [&] { exitCode = Publication(job, install, out, err).Run(); });
+    return refused == kExitDone ? exitCode : refused;
+}
+
+} // namespace sm::app

@@ -1,0 +1,19 @@
+// "publish": sheets of several drawings become one PDF.
+#pragma once
+
+#include "commandline/Jobs.h"
+#include "run/Install.h"
+#include "run/PublishRun.h"
+
+#include <iosfwd>
+#include <string>
+
+namespace sm::app {
+
+/// "plan.dxf:Ground floor" is a drawing and a layout unless a file has that whole name.
+SetPart ParseSetPart(const std::string& text);
+
+/// The PDF goes to its place, its name to `out`, everything else to `err`. Returns the exit code.
+int RunPublish(const PublishJob& job, const Install& install, std::ostream& out, std::ostream& err);
+
+} // namespace sm::app

@@ -1,0 +1,26 @@
+#include "commands/Readiness.h"
+
+#include "commandline/Refusal.h"
+
+#include <filesystem>
+
+namespace sm::app {
+
+void NeedTools(const Install& install)
+{
+    if (install.places.shareFolder.empty())
+        throw Refusal{kExitToolMissing, "the install's share folder can't be found; \"sheetmaker doctor\" says more"};
+    if (system::FindProgram(install.environment, "gs").empty())
+        throw Refusal{kExitToolMissing, "Ghostscript (gs) is not installed: sudo apt-get install ghostscript"};
+}
+
+void MakeFolderOf(const std::string& pdfPath)
+{
+    const std::filesystem::path folder = std::filesystem::absolute(pdfPath).parent_path();
+    std::error_code failed;
+    std::filesystem::create_directories(folder, failed);
+    if (failed)
+        throw Refusal{kExitUsage, "the folder " + folder.string() + " can't be made: " + failed.message()};
+}
+
+} // namespace sm::app

@@ -1,0 +1,16 @@
+// What a conversion needs of its machine.
+#pragma once
+
+#include "run/Install.h"
+
+#include <string>
+
+namespace sm::app {
+
+/// Throws Refusal when the share folder or the PostScript interpreter is missing.
+void NeedTools(const Install& install);
+
+/// Makes the folder that `pdfPath` goes to. Throws Refusal.
+void MakeFolderOf(const std::string& pdfPath);
+
+} // namespace sm::app

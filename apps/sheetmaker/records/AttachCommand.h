@@ -1,0 +1,14 @@
+// "attach": the files that a drawing attaches to its PDF.
+#pragma once
+
+#include "commandline/Jobs.h"
+#include "run/Install.h"
+
+#include <iosfwd>
+
+namespace sm::app {
+
+/// Returns the exit code. What was done goes to `out`, everything else to `err`.
+int RunAttach(const AttachJob& job, const Install& install, std::ostream& out, std::ostream& err);
+
+} // namespace sm::app

@@ -1,0 +1,99 @@
+#include "records/RecordEditor.h"
+
+#include "commandline/MarkValues.h"
+#include "commandline/Refusal.h"
+#include "commandline/Suggest.h"
+#include "run/DwgSetup.h"
+#include "run/HostReport.h"
+#include "settings/mdlDataKegIO.h"
+
+#include <ostream>
+#include <stdexcept>
+
+namespace sm::app {
+namespace {
+
+/// The records' numbers are read with "." only; a decimal comma would lose what stands behind it.
+Install WithDecimalPoint(const Install& install)
+{
+    Install changed = install;
+    changed.environment = [environment = install.environment](const std::string& name) {
+        return name == "LC_ALL" ? std::optional<std::string>("C.UTF-8") : environment(name);
+    };
+    return changed;
+}
+
+} // namespace
+
+RecordEditor::RecordEditor(const std::string& drawing, const Install& install, terminal::Console& console)
+    : m_task{drawing, {}, {}, {}, {}}, m_install(WithDecimalPoint(install)),
+      m_surrounded(m_task, m_install, console, m_report),
+      m_host(cadhost::CadHost::Create(HostOptionsOf(install, m_surrounded.Context().surroundings.registry, {}))),
+      m_document(m_host->Open(drawing))
+{
+}
+
+std::string RecordEditor::LayoutName(const std::optional<std::string>& wanted,
+                                     const std::vector<std::string>& alsoAllowed)
+{
+    if (!wanted)
+        return m_document->ActiveLayout()->Name();
+    std::vector<std::string> names;
+    for (const LayoutSight& layout : LayoutSights(*m_host, m_document))
+        names.push_back(layout.name);
+    names.insert(names.end(), alsoAllowed.begin(), alsoAllowed.end());
+    const std::string found = FindName(*wanted, names);
+    if (!found.empty())
+        return found;
+    const std::string suggestion = Suggestion(*wanted, names);
+    throw Refusal{kExitUsage, m_task.drawing + " has no layout \"" + *wanted + "\"" +
+                                  (suggestion.empty() ? "; it has " + QuotedList(names) : suggestion)};
+}
+
+void RecordEditor::RequireKept(bool kept) const
+{
+    if (kept)
+        return;
+    const std::string& reason = m_surrounded.Watcher().LastCarriedPast();
+    constexpr std::string_view kRoutine = "SetDrawingData: ";
+    if (reason.starts_with(kRoutine))
+        throw std::runtime_error(reason.substr(kRoutine.size()));
+    throw std::runtime_error(m_task.drawing + ": the drawing doesn't keep the record as it was meant");
+}
+
+void RecordEditor::RemoveRecord(const std::string& recordName)
+{
+    SetDrawingData(Context(), recordName, {}, Document());
+    RequireKept(GetDrawingData(Context(), recordName, 0, Document()).size() < 2);
+}
+
+void RecordEditor::Save()
+{
+    m_document->Close(true);
+}
+
+int RunEdit(const std::string& command, std::ostream& err, const std::function<void()>& work)
+{
+    try {
+        work();
+        return kExitDone;
+    } catch (const Refusal& refusal) {
+        err << "sheetmaker " << command << ": " << refusal.text << "\n";
+        return refusal.exitCode;
+    } catch (const drawing::DwgConverterMissing& error) {
+        err << "sheetmaker " << command << ": " << error.what() << "\n";
+        return kExitToolMissing;
+    } catch (const std::exception& error) {
+        err << "sheetmaker " << command << ": " << error.what() << "\n";
+        return kExitFailed;
+    }
+}
+
+void CheckRecordText(const std::string& what, const std::string& text)
+{
+    const std::string error = RecordTextError(text);
+    if (!error.empty())
+        throw Refusal{kExitUsage, what + " " + error};
+}
+
+} // namespace sm::app

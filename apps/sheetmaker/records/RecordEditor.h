@@ -1,0 +1,51 @@
+// One drawing, open for its records to be read and changed.
+#pragma once
+
+#include "cadhost/CadHost.h"
+#include "run/Surrounded.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sm::app {
+
+class RecordEditor {
+public:
+    /// Opens the drawing. Throws std::exception for one that can't be read. Numbers are written and read with ".",
+    /// whatever the locale.
+    RecordEditor(const std::string& drawing, const Install& install, terminal::Console& console);
+    RecordEditor(const RecordEditor&) = delete;
+    RecordEditor& operator=(const RecordEditor&) = delete;
+
+    [[nodiscard]] CallContext& Context() { return m_surrounded.Context(); }
+    [[nodiscard]] IAcadDocument& Document() { return *m_document; }
+
+    /// `wanted` as the drawing spells it, or the active layout's name without it. `alsoAllowed` are names that stand
+    /// for no layout. Throws Refusal for a name that isn't there.
+    std::string LayoutName(const std::optional<std::string>& wanted, const std::vector<std::string>& alsoAllowed = {});
+    /// Throws with the host's reason when the record just written doesn't read back as it was meant.
+    void RequireKept(bool kept) const;
+    /// Removes a record. Throws like `RequireKept`.
+    void RemoveRecord(const std::string& recordName);
+    /// Writes the drawing and closes it; the former file stays as ".bak". Nothing is written for a drawing that is
+    /// unchanged. Throws, and the file is as it was.
+    void Save();
+
+private:
+    DrawingTask m_task;
+    Install m_install;
+    DrawingReport m_report;
+    Surrounded m_surrounded;
+    std::unique_ptr<cadhost::CadHost> m_host;
+    std::shared_ptr<IAcadDocument> m_document;
+};
+
+/// Runs `work`; prints "sheetmaker <command>: ..." for what it throws. Returns the exit code.
+int RunEdit(const std::string& command, std::ostream& err, const std::function<void()>& work);
+
+/// Throws Refusal when `text` can't stand in a record; `what` names it.
+void CheckRecordText(const std::string& what, const std::string& text);
+
+} // namespace sm::app

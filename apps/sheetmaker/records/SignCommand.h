@@ -1,0 +1,14 @@
+// "sign": the signature fields of a drawing.
+#pragma once
+
+#include "commandline/Jobs.h"
+#include "run/Install.h"
+
+#include <iosfwd>
+
+namespace sm::app {
+
+/// Returns the exit code. What was done goes to `out`, everything else to `err`.
+int RunSign(const SignJob& job, const Install& install, std::ostream& out, std::ostream& err);
+
+} // namespace sm::app

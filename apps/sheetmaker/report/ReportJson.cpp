@@ -1,0 +1,111 @@
+#include "report/RunReport.h"
+
+#include <nlohmann/json.hpp>
+
+namespace sm::app {
+
+using Json = nlohmann::ordered_json;
+
+namespace {
+
+Json SheetsToJson(const std::vector<SheetReport>& sheets)
+{
+    Json array = Json::array();
+    for (const SheetReport& sheet : sheets)
+        array.push_back({{"layout", sheet.name}, {"status", sheet.status}, {"marks", sheet.marks}});
+    return array;
+}
+
+Json EntitiesToJson(const EntityCounts& counts, const std::vector<NotDrawn>& kinds)
+{
+    Json byKind = Json::object();
+    for (const NotDrawn& kind : kinds)
+        byKind[kind.kind] = kind.count;
+    return {{"read", counts.read},       {"drawn", counts.drawn},           {"hidden", counts.hidden},
+            {"offPage", counts.offPage}, {"notReached", counts.notReached}, {"notDrawn", counts.notDrawn},
+            {"notDrawnByKind", byKind}};
+}
+
+Json DamageToJson(const std::vector<Damage>& damage)
+{
+    Json array = Json::array();
+    for (const Damage& kind : damage)
+        array.push_back(
+            {{"text", kind.text}, {"count", kind.count}, {"line", kind.line}, {"contentLost", kind.contentLost}});
+    return array;
+}
+
+Json ToObject(const DrawingReport& report)
+{
+    const RunTimes& times = report.times;
+    return {{"drawing", report.drawing},
+            {"pdf", report.pdfPath},
+            {"converted", report.Converted()},
+            {"failure", report.failure},
+            {"exitCode", report.exitCode},
+            {"saveStatus", report.saveStatus},
+            {"pages", report.pages},
+            {"bytes", report.pdfBytes},
+            {"sheets", SheetsToJson(report.sheets)},
+            {"entities", EntitiesToJson(report.entities, report.notDrawn)},
+            {"damage", DamageToJson(report.damage)},
+            {"substitutions", report.substitutions},
+            {"remarks", report.remarks},
+            {"notes", report.notes},
+            {"milliseconds",
+             {{"open", times.open},
+              {"plot", times.plot},
+              {"pages", times.pages},
+              {"assemble", times.assemble},
+              {"total", times.total}}}};
+}
+
+void ReadLists(const Json& object, DrawingReport& report)
+{
+    for (const Json& sheet : object.at("sheets"))
+        report.sheets.push_back({sheet.at("layout"), sheet.at("status"), sheet.at("marks")});
+    for (const Json& kind : object.at("damage"))
+        report.damage.push_back({kind.at("text"), kind.at("count"), kind.at("line"), kind.at("contentLost")});
+    for (const auto& [kind, count] : object.at("entities").at("notDrawnByKind").items())
+        report.notDrawn.push_back({kind, count});
+    report.substitutions = object.at("substitutions").get<std::vector<std::string>>();
+    report.remarks = object.at("remarks").get<std::vector<std::string>>();
+    report.notes = object.at("notes").get<std::vector<std::string>>();
+}
+
+} // namespace
+
+std::string ToJson(const DrawingReport& report, int indent)
+{
+    return ToObject(report).dump(indent, ' ', false, Json::error_handler_t::replace);
+}
+
+std::string ToJson(const std::vector<DrawingReport>& reports)
+{
+    Json array = Json::array();
+    for (const DrawingReport& report : reports)
+        array.push_back(ToObject(report));
+    return array.dump(2, ' ', false, Json::error_handler_t::replace);
+}
+
+DrawingReport ReportFromJson(const std::string& json)
+{
+    const Json object = Json::parse(json);
+    DrawingReport report;
+    report.drawing = object.at("drawing");
+    report.pdfPath = object.at("pdf");
+    report.failure = object.at("failure");
+    report.exitCode = object.at("exitCode");
+    report.saveStatus = object.at("saveStatus");
+    report.pages = object.at("pages");
+    report.pdfBytes = object.at("bytes");
+    ReadLists(object, report);
+    const Json& counts = object.at("entities");
+    report.entities = {counts.at("read"),    counts.at("drawn"),      counts.at("hidden"),
+                       counts.at("offPage"), counts.at("notReached"), counts.at("notDrawn")};
+    const Json& times = object.at("milliseconds");
+    report.times = {times.at("open"), times.at("plot"), times.at("pages"), times.at("assemble"), times.at("total")};
+    return report;
+}
+
+} // namespace sm::app

@@ -1,0 +1,32 @@
+#include "report/RunOutcome.h"
+
+#include "commandline/ExitCodes.h"
+
+namespace sm::app {
+namespace {
+
+void Fail(DrawingReport& report, const std::string& text)
+{
+    report.exitCode = kExitFailed;
+    report.failure = text;
+}
+
+} // namespace
+
+void Conclude(const SheetWatcher& watcher, const std::string& plotFailure, DrawingReport& report)
+{
+    constexpr std::int32_t kSavedButNoViewer = -12;
+    const std::string sheet = watcher.FailedSheet(plotFailure);
+    const auto& save = watcher.LastSave();
+    if (!sheet.empty())
+        return Fail(report, sheet);
+    if (!save)
+        return Fail(report, "the conversion ended before the PDF was saved");
+    report.saveStatus = save->status;
+    if (save->status < 0 && save->status != kSavedButNoViewer)
+        return Fail(report, save->errorText.empty() ? "the PDF could not be saved" : save->errorText);
+    report.pdfPath = save->pdfPath;
+    report.exitCode = report.ContentLost() ? kExitContentLost : kExitDone;
+}
+
+} // namespace sm::app

@@ -1,0 +1,84 @@
+#include "report/RunReport.h"
+
+#include "commandline/ExitCodes.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+
+namespace sm::app {
+namespace {
+
+std::string Times(std::uint64_t count, const char* one, const char* many)
+{
+    return fmt::format("{} {}", count, count == 1 ? one : many);
+}
+
+std::string NotDrawnLine(const std::vector<NotDrawn>& kinds)
+{
+    std::vector<std::string> parts;
+    for (const NotDrawn& kind : kinds)
+        parts.push_back(fmt::format("{} {}", kind.count, kind.kind));
+    return fmt::format("not drawn: {}", fmt::join(parts, ", "));
+}
+
+std::string DamageLine(const Damage& damage)
+{
+    std::string line = damage.contentLost ? "lost: " : "mended: ";
+    line += damage.text;
+    if (damage.line != 0)
+        line +=
+            fmt::format(" (line {}", damage.line) + (damage.count > 1 ? fmt::format(", {} times)", damage.count) : ")");
+    else if (damage.count > 1)
+        line += fmt::format(" ({} times)", damage.count);
+    return line;
+}
+
+} // namespace
+
+bool DrawingReport::ContentLost() const
+{
+    return std::any_of(damage.begin(), damage.end(), [](const Damage& kind) { return kind.contentLost; });
+}
+
+std::string ResultLine(const DrawingReport& report)
+{
+    if (!report.Converted())
+        return {};
+    return fmt::format("{} -> {}, {}", report.drawing, report.pdfPath, Times(report.pages, "page", "pages"));
+}
+
+std::vector<std::string> RemarkLines(const DrawingReport& report)
+{
+    std::vector<std::string> lines;
+    for (const Damage& damage : report.damage)
+        lines.push_back(DamageLine(damage));
+    if (!report.notDrawn.empty())
+        lines.push_back(NotDrawnLine(report.notDrawn));
+    if (!report.substitutions.empty())
+        lines.push_back(fmt::format("fonts: {}", fmt::join(report.substitutions, "; ")));
+    for (const std::string& remark : report.remarks)
+        lines.push_back("note: " + remark);
+    lines.insert(lines.end(), report.notes.begin(), report.notes.end());
+    if (!report.Converted())
+        lines.push_back("failed: " + report.failure);
+    return lines;
+}
+
+int ExitCodeOf(const std::vector<DrawingReport>& reports, bool strict)
+{
+    bool lost = false, failed = false, usage = false;
+    for (const DrawingReport& report : reports) {
+        if (report.exitCode == kExitToolMissing || report.exitCode == kExitInterrupted)
+            return report.exitCode;
+        usage = usage || report.exitCode == kExitUsage;
+        failed = failed || report.exitCode == kExitFailed || (strict && report.exitCode == kExitContentLost);
+        lost = lost || report.exitCode == kExitContentLost;
+    }
+    if (usage && reports.size() == 1)
+        return kExitUsage;
+    if (failed || usage)
+        return kExitFailed;
+    return lost ? kExitContentLost : kExitDone;
+}
+
+} // namespace sm::app

@@ -1,0 +1,115 @@
+#include "run/DrawingRun.h"
+
+#include "cadhost/CadHost.h"
+#include "commandline/ExitCodes.h"
+#include "plugin/cPlugin.h"
+#include "report/RunOutcome.h"
+#include "run/DwgSetup.h"
+#include "run/HostReport.h"
+#include "run/LayoutSelection.h"
+#include "run/Surrounded.h"
+
+#include <chrono>
+
+namespace sm::app {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double MillisecondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+void Fail(DrawingReport& report, int exitCode, const std::string& text)
+{
+    report.exitCode = exitCode;
+    report.failure = text;
+}
+
+/// The drawing is named before every line already.
+std::string WithoutName(const std::string& text, const std::string& drawing)
+{
+    return text.starts_with(drawing + ": ") ? text.substr(drawing.size() + 2) : text;
+}
+
+class DrawingRun {
+public:
+    DrawingRun(const DrawingTask& task, const Install& install, terminal::Console& console, DrawingReport& report)
+        : m_task(task), m_report(report), m_surrounded(task, install, console, report),
+          m_host(cadhost::CadHost::Create(HostOptionsOf(install, m_surrounded.Context().surroundings.registry,
+                                                        task.workFolder, m_surrounded.KeepsLayers(task.options))))
+    {
+    }
+
+    void Run()
+    {
+        if (!Open())
+            return;
+        Convert();
+        TakeHostReport(m_host->Report(m_document), m_report);
+        Conclude(m_surrounded.Watcher(), m_host->Report(m_document).plotFailure, m_report);
+    }
+
+private:
+    bool Open();
+    void Convert();
+
+    const DrawingTask& m_task;
+    DrawingReport& m_report;
+    Surrounded m_surrounded;
+    std::unique_ptr<cadhost::CadHost> m_host;
+    std::shared_ptr<IAcadDocument> m_document;
+};
+
+bool DrawingRun::Open()
+{
+    const Clock::time_point start = Clock::now();
+    m_document = m_host->Open(m_task.drawing);
+    const LayoutSelection selection = SelectLayouts(m_task.options, LayoutSights(*m_host, m_document));
+    if (!selection.error.empty()) {
+        Fail(m_report, kExitUsage, "the drawing " + selection.error);
+        return false;
+    }
+    if (selection.whatToPlot)
+        m_surrounded.LaySetting("WhatToPlot", std::to_string(*selection.whatToPlot));
+    // The drawing is open already: this lays the selection over it.
+    m_document =
+        m_host->Open(m_task.drawing, {selection.pageSetupSource, selection.activeLayout, selection.onlyLayouts});
+    m_report.times.open = MillisecondsSince(start);
+    return true;
+}
+
+void DrawingRun::Convert()
+{
+    const Clock::time_point start = Clock::now();
+    cPlugin plugin(m_surrounded.Context());
+    IPlugin& frontEnd = plugin;
+    frontEnd.Initialize(m_host->Application());
+    frontEnd.ConvertToPDF(0);
+    const RunTimes& times = m_report.times;
+    m_report.times.plot = MillisecondsSince(start) - times.pages - times.assemble;
+}
+
+} // namespace
+
+DrawingReport ConvertDrawing(const DrawingTask& task, const Install& install, terminal::Console& console)
+{
+    const Clock::time_point start = Clock::now();
+    DrawingReport report;
+    report.drawing = task.drawing;
+    try {
+        DrawingRun(task, install, console, report).Run();
+    } catch (const std::bad_alloc&) {
+        Fail(report, kExitFailed, "there is not enough memory");
+    } catch (const drawing::DwgConverterMissing& error) {
+        Fail(report, kExitToolMissing, WithoutName(error.what(), task.drawing));
+    } catch (const std::exception& error) {
+        Fail(report, kExitFailed, WithoutName(error.what(), task.drawing));
+    }
+    console.ClearProgress();
+    report.times.total = MillisecondsSince(start);
+    return report;
+}
+
+} // namespace sm::app

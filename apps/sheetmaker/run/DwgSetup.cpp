@@ -1,0 +1,68 @@
+#include "run/DwgSetup.h"
+
+#include "preferences/SettingNames.h"
+#include "run/UnderlayPages.h"
+#include "settings/mdlWinReg.h"
+
+#include <sstream>
+
+namespace sm::app {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Where the converter's package goes when the share folder may not be written.
+fs::path CacheFolder(const Install& install)
+{
+    const std::string given = install.environment("XDG_CACHE_HOME").value_or("");
+    if (given.starts_with('/'))
+        return fs::path(given) / "sheetmaker-pdf" / "dwg";
+    return fs::path(install.environment("HOME").value_or("/nonexistent")) / ".cache" / "sheetmaker-pdf" / "dwg";
+}
+
+/// Folders of the search path for files that drawings refer to, with colons between them.
+std::vector<std::string> SupportFolders(const Install& install)
+{
+    std::vector<std::string> folders;
+    std::istringstream parts(install.environment("SHEETMAKER_PDF_SUPPORT").value_or(""));
+    for (std::string folder; std::getline(parts, folder, ':');)
+        if (!folder.empty())
+            folders.push_back(folder);
+    return folders;
+}
+
+} // namespace
+
+drawing::DwgOptions DwgOptionsOf(const Install& install, IRegistry& registry)
+{
+    const fs::path scripts = install.places.shareFolder / "dwg";
+    drawing::DwgOptions options;
+    options.converter = install.dwgConverter;
+    if (options.converter.empty())
+        options.converter =
+            RegReadString(registry, RegistryRoot::CurrentUser, kSettingsKey, "DwgConverter").value_or("");
+    options.scriptFolder = install.places.shareFolder.empty() ? "" : scripts.string();
+    options.packageFolders = {scripts.string(), CacheFolder(install).string()};
+    options.searchPath = install.environment("PATH");
+    return options;
+}
+
+cadhost::HostOptions HostOptionsOf(const Install& install, IRegistry& registry, const std::string& workFolder,
+                                   bool keepLayers)
+{
+    cadhost::HostOptions options{install.places.shareFolder.string(), install.LoginName(),
+                                 DwgOptionsOf(install, registry), install.PlotStyleFolder(), keepLayers};
+    options.dwg.workFolder = workFolder;
+    options.references = ReferenceOptionsOf(install);
+    return options;
+}
+
+render::ReferenceOptions ReferenceOptionsOf(const Install& install)
+{
+    render::ReferenceOptions options;
+    options.supportFolders = SupportFolders(install);
+    options.pages = CreateUnderlayPages("gs");
+    return options;
+}
+
+} // namespace sm::app

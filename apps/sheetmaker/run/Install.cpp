@@ -1,0 +1,52 @@
+#include "run/Install.h"
+
+#include "store/Facts.h"
+#include "store/SqliteRegistry.h"
+#include "system/SystemPorts.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+namespace sm::app {
+
+std::string Install::LoginName() const
+{
+    for (const char* variable : {"LOGNAME", "USER"}) {
+        const std::string name = environment(variable).value_or("");
+        if (!name.empty())
+            return name;
+    }
+    const passwd* account = getpwuid(getuid());
+    return account ? account->pw_name : "";
+}
+
+Install ThisInstall()
+{
+    const system::Environment environment = system::ProcessEnvironment();
+    const std::filesystem::path executable = system::ExecutablePath();
+    return {environment,
+            system::FindPlaces(environment, executable, SM_SOURCE_SHARE),
+            SM_VERSION,
+            {},
+            executable.parent_path() / "sheetmaker-pdf-windows"};
+}
+
+std::unique_ptr<IRegistry> OpenSettings(const Install& install, const std::function<void(const std::string&)>& complain)
+{
+    const std::string share = install.places.shareFolder.string();
+    const store::Install facts{(install.places.shareFolder / "acadsmpdf.hlp").string(), install.JobOptionsFolder(),
+                               install.version, share};
+    return store::OpenSqliteRegistry(install.places.SettingsFile(), store::ShippedFacts(facts), complain);
+}
+
+std::vector<std::string> JobOptionNames(const Install& install)
+{
+    constexpr std::string_view kExtension = ".joboptions";
+    std::vector<std::string> names;
+    for (const std::string& file : system::CreateFileSystem()->ListFiles(install.JobOptionsFolder()))
+        if (file.ends_with(kExtension))
+            names.push_back(file.substr(0, file.size() - kExtension.size()));
+    return names;
+}
+
+} // namespace sm::app

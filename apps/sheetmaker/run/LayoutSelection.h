@@ -1,0 +1,35 @@
+// Which layouts a run converts, from what the drawing holds and what the user asked for.
+#pragma once
+
+#include "commandline/Jobs.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sm::app {
+
+/// What the choice needs to know of a layout.
+struct LayoutSight {
+    std::string name;
+    bool isModel = false;
+    bool holdsSomething = false;
+    bool hasPaper = true;
+    bool plotsDisplay = false;
+    friend bool operator==(const LayoutSight&, const LayoutSight&) = default;
+};
+
+/// Laid over the document and the settings for one run. Nothing in an optional: as the drawing or the settings have it.
+struct LayoutSelection {
+    std::optional<std::string> activeLayout;
+    std::vector<std::string> onlyLayouts;   ///< not empty: the paper layouts that the document shows
+    std::optional<std::int32_t> whatToPlot; ///< 0 the active layout, 1 all paper layouts
+    std::optional<std::int32_t> pageSetupSource;
+    std::string error; ///< not empty: the wanted layout isn't there, as the end of a sentence about the drawing
+    friend bool operator==(const LayoutSelection&, const LayoutSelection&) = default;
+};
+
+LayoutSelection SelectLayouts(const ConvertOptions& options, const std::vector<LayoutSight>& layouts);
+
+} // namespace sm::app

@@ -1,0 +1,50 @@
+#include "run/LogFiles.h"
+
+#include "run/Install.h"
+
+#include <fmt/format.h>
+#include <fstream>
+#include <sstream>
+#include <unistd.h>
+
+namespace sm::app {
+
+LogFiles::LogFiles(std::filesystem::path folder, std::size_t workers) : m_folder(std::move(folder)), m_names(workers)
+{
+    for (std::size_t worker = 0; workers > 1 && worker < workers; ++worker)
+        m_names[worker] = fmt::format("SmPdfAcad-{}-{}.log", getpid(), worker + 1);
+}
+
+LogFiles::~LogFiles()
+{
+    std::error_code ignored;
+    for (const std::string& name : m_names)
+        if (!name.empty())
+            std::filesystem::remove(m_folder / name, ignored);
+}
+
+void LogFiles::Join() const
+{
+    if (m_names.size() < 2)
+        return;
+    const std::filesystem::path whole = m_folder / kLogFileName;
+    const std::filesystem::path part = m_folder / (m_names.front() + ".part");
+    std::error_code ignored;
+    std::filesystem::create_directories(m_folder, ignored);
+    {
+        std::ofstream joined(part, std::ios::binary);
+        for (const std::string& name : m_names)
+            joined << ReadWholeFile(m_folder / name);
+    }
+    std::filesystem::rename(part, whole, ignored);
+}
+
+std::string ReadWholeFile(const std::filesystem::path& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream text;
+    text << stream.rdbuf();
+    return text.str();
+}
+
+} // namespace sm::app

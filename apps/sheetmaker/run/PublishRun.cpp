@@ -1,0 +1,227 @@
+#include "run/PublishRun.h"
+
+#include "cadhost/CadHost.h"
+#include "commandline/ExitCodes.h"
+#include "hostobjects/cNativeDoc.h"
+#include "plugin/cPlugin.h"
+#include "plugin/mdlAcadHelper.h"
+#include "run/DwgSetup.h"
+#include "run/HostReport.h"
+#include "run/NativeDocuments.h"
+#include "run/Surrounded.h"
+#include "settings/mdlWinReg.h"
+
+#include <filesystem>
+#include <stdexcept>
+
+namespace sm::app {
+namespace {
+
+/// What a sheet is made with, from the stored settings.
+struct SheetMaking {
+    std::int32_t resolution = 1200;
+    std::string jobOptions;
+};
+
+SheetMaking MakingOf(CallContext& context)
+{
+    cPlugin plugin(context);
+    IPlugin& settings = plugin;
+    return {settings.Optimization() == 0 ? 1200 : 600, settings.JobOptionsFile()};
+}
+
+DrawingTask WithLog(DrawingTask task, const std::string& logName)
+{
+    task.logFileName = logName;
+    return task;
+}
+
+class SetRun {
+public:
+    SetRun(const DrawingTask& task, SetLog& log, const Install& install, terminal::Console& console,
+           DrawingReport& report)
+        : m_task(task), m_install(install), m_report(report), m_log(log),
+          m_surrounded(WithLog(task, log.SheetLogName()), install, console, report),
+          m_host(cadhost::CadHost::Create(HostOptionsOf(install, m_surrounded.Context().surroundings.registry,
+                                                        task.workFolder, m_surrounded.KeepsLayers(task.options))))
+    {
+    }
+
+    void Run(const std::vector<SetPart>& parts, bool keepGoing)
+    {
+        m_document = m_surrounded.Context().surroundings.library.CreatePubDoc();
+        m_making = MakingOf(m_surrounded.Context());
+        for (const SetPart& part : parts)
+            if (!AddDrawing(part, keepGoing) && !keepGoing)
+                return;
+        if (m_sheets == 0)
+            m_report.failure = "no sheet could be converted; " + m_task.drawing + " was not written";
+        else
+            Save();
+    }
+
+private:
+    bool AddDrawing(const SetPart& part, bool keepGoing);
+    bool AddSheets(const SetPart& part, bool keepGoing, DrawingReport& told);
+    bool AddSheet(INativeDoc& native, const std::string& layout, std::int32_t index, std::int32_t count,
+                  std::string& reason);
+    void Save();
+
+    const DrawingTask& m_task;
+    const Install& m_install;
+    DrawingReport& m_report;
+    SetLog& m_log;
+    Surrounded m_surrounded;
+    std::unique_ptr<cadhost::CadHost> m_host;
+    std::shared_ptr<NativeDocOwner> m_owner = std::make_shared<NativeDocOwner>();
+    std::shared_ptr<IPubDoc> m_document;
+    SheetMaking m_making;
+    std::size_t m_sheets = 0;
+};
+
+/// The sheets of a native document that a selection means, in the order of their tabs.
+std::vector<std::string> SheetNames(INativeDoc& native, const LayoutSelection& selection)
+{
+    constexpr std::int32_t kActiveLayout = 0;
+    if (selection.whatToPlot == kActiveLayout)
+        return {*selection.activeLayout};
+    std::vector<std::string> names;
+    const std::int32_t count = native.SheetCount();
+    for (std::int32_t i = 1; i < count; ++i) { // the first is the model
+        const AcadVariant name = native.GetSheetName(i);
+        if (const auto* text = std::get_if<std::string>(&name))
+            names.push_back(*text);
+    }
+    return names;
+}
+
+bool SetRun::AddDrawing(const SetPart& part, bool keepGoing)
+{
+    DrawingReport told;
+    told.drawing = part.drawing;
+    bool added = false;
+    try {
+        added = AddSheets(part, keepGoing, told);
+    } catch (const std::bad_alloc&) {
+        told.failure = "there is not enough memory";
+    } catch (const std::exception& error) {
+        told.failure = error.what();
+    }
+    if (told.failure.starts_with(part.drawing + ": "))
+        told.failure.erase(0, part.drawing.size() + 2);
+    for (const std::string& line : RemarkLines(told))
+        m_report.notes.push_back(part.drawing + ": " + line);
+    m_report.damage.insert(m_report.damage.end(), told.damage.begin(), told.damage.end());
+    if (!added && !keepGoing)
+        m_report.failure = m_task.drawing + " was not written; --keep-going saves the sheets that succeed";
+    if (!added)
+        m_report.exitCode = kExitFailed;
+    return added;
+}
+
+/// Closes the native document and lets the host forget the drawing, whatever happened to its sheets.
+class OpenNative {
+public:
+    OpenNative(CallContext& context, const std::shared_ptr<NativeDocOwner>& owner,
+               const std::shared_ptr<IAcadDocument>& document)
+        : m_native(std::make_shared<cNativeDoc>(context))
+    {
+        const std::int16_t index = owner->List().Add(m_native);
+        if (m_native->InitGetDoc(index, document->Application(), owner, document) == kTrue)
+            return;
+        m_native->CloseDoc(kFalse);
+        throw std::runtime_error("the drawing can't be used as a native document");
+    }
+    ~OpenNative() { m_native->CloseDoc(kFalse); }
+    OpenNative(const OpenNative&) = delete;
+    OpenNative& operator=(const OpenNative&) = delete;
+    INativeDoc& operator*() { return *m_native; }
+
+private:
+    std::shared_ptr<INativeDoc> m_native;
+};
+
+bool SetRun::AddSheets(const SetPart& part, bool keepGoing, DrawingReport& told)
+{
+    ConvertOptions options;
+    options.layoutName = part.layout;
+    auto document = m_host->Open(part.drawing);
+    const LayoutSelection selection = SelectLayouts(options, LayoutSights(*m_host, document));
+    document = m_host->Open(part.drawing, {selection.pageSetupSource, selection.activeLayout, selection.onlyLayouts});
+    OpenNative native(m_surrounded.Context(), m_owner, document);
+    if (!selection.error.empty())
+        throw std::runtime_error("the drawing " + selection.error);
+    const std::vector<std::string> names = SheetNames(*native, selection);
+    bool allAdded = true;
+    for (std::size_t i = 0; i < names.size() && (allAdded || keepGoing); ++i) {
+        std::string reason;
+        const auto number = static_cast<std::int32_t>(i + 1);
+        if (AddSheet(*native, names[i], number, static_cast<std::int32_t>(names.size()), reason))
+            continue;
+        allAdded = false;
+        told.notes.push_back(
+            "failed: " +
+            (reason.empty() ? m_surrounded.Watcher().FailedSheet(m_host->Report(document).plotFailure) : reason));
+    }
+    TakeHostReport(m_host->Report(document), told);
+    return allAdded;
+}
+
+bool SetRun::AddSheet(INativeDoc& native, const std::string& layout, std::int32_t index, std::int32_t count,
+                      std::string& reason)
+{
+    const std::size_t watched = m_report.sheets.size();
+    m_surrounded.Annotations().ForgetBlockNames();
+    m_surrounded.Watcher().SheetBegins(layout, index, count);
+    const std::int32_t status =
+        native.AddToPubDoc(m_document, layout, kFalse, m_making.resolution, m_making.jobOptions);
+    m_log.TakeSheetLog();
+    if (status < 0 && m_report.sheets.size() == watched)
+        reason = "sheet \"" + layout + "\": " + StatusText(status);
+    m_sheets += status < 0 ? 0 : 1;
+    return status >= 0;
+}
+
+void SetRun::Save()
+{
+    CallContext& context = m_surrounded.Context();
+    const std::string path = *m_task.savePath;
+    const LocalDateTime now = context.surroundings.clock.Now();
+    m_document->SetDocSummary(std::filesystem::path(path).stem().string(), m_install.LoginName(), now, now);
+    m_document->SetDocInfo("Creator", std::string(kProductTitle) + " " + ProductVersion(context.surroundings));
+    const std::int32_t status = m_document->SaveToPdf(path, 0, false, true);
+    m_report.saveStatus = status;
+    if (status < 0) {
+        m_report.exitCode = kExitFailed;
+        m_report.failure = m_document->LastErrorText();
+        m_log.Add("ERROR SAVING PDF FILE: " + std::to_string(status) + ", " + m_report.failure);
+        return;
+    }
+    m_log.Add("PDF FILE SAVED");
+    m_report.pdfPath = path;
+    if (m_report.exitCode == kExitDone && m_report.ContentLost())
+        m_report.exitCode = kExitContentLost;
+}
+
+} // namespace
+
+DrawingReport PublishSet(const std::vector<SetPart>& parts, bool keepGoing, const DrawingTask& task, SetLog& log,
+                         const Install& install, terminal::Console& console)
+{
+    DrawingReport report;
+    report.drawing = task.drawing;
+    try {
+        SetRun(task, log, install, console, report).Run(parts, keepGoing);
+    } catch (const std::bad_alloc&) {
+        report.failure = "there is not enough memory";
+    } catch (const std::exception& error) {
+        report.failure = error.what();
+    }
+    log.Finish();
+    if (!report.failure.empty() && report.exitCode == kExitDone)
+        report.exitCode = kExitFailed;
+    console.ClearProgress();
+    return report;
+}
+
+} // namespace sm::app

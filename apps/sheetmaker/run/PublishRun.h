@@ -1,0 +1,25 @@
+// The sheets of several drawings go into one document, drawing by drawing through native documents.
+#pragma once
+
+#include "commandline/Jobs.h"
+#include "run/DrawingRun.h"
+#include "run/Install.h"
+#include "run/SetLog.h"
+
+#include <vector>
+
+namespace sm::app {
+
+/// A drawing of the set, with the layout asked for.
+struct SetPart {
+    std::string drawing;
+    std::optional<std::string> layout;
+    friend bool operator==(const SetPart&, const SetPart&) = default;
+};
+
+/// `task` names the PDF and where it is saved. The report is that of the whole set: its notes name their drawings, and
+/// its failure is empty when the PDF was saved. `log` takes in the sheets' logs and is finished. Nothing is thrown.
+DrawingReport PublishSet(const std::vector<SetPart>& parts, bool keepGoing, const DrawingTask& task, SetLog& log,
+                         const Install& install, terminal::Console& console);
+
+} // namespace sm::app

@@ -1,0 +1,138 @@
+#include "run/ScreenRun.h"
+
+#include "commandline/Refusal.h"
+#include "commandline/Suggest.h"
+#include "plugin/mdlAcadHelper.h"
+#include "report/RunOutcome.h"
+#include "run/DwgSetup.h"
+#include "run/HostReport.h"
+
+#include <new>
+#include <ostream>
+#include <stdexcept>
+
+namespace sm::app {
+namespace {
+
+/// The user's locale but for its numbers.
+Install WithPointInNumbers(const Install& install)
+{
+    Install changed = install;
+    changed.environment = [environment = install.environment](const std::string& name) {
+        const auto forAll = environment("LC_ALL");
+        if (name == "LC_ALL")
+            return std::optional<std::string>();
+        if (name == "LC_NUMERIC")
+            return std::optional<std::string>("C");
+        return name.starts_with("LC_") && !forAll.value_or("").empty() ? forAll : environment(name);
+    };
+    return changed;
+}
+
+DrawingTask AsSet(const std::string& drawing)
+{
+    DrawingTask task;
+    task.drawing = drawing;
+    task.options.asSet = true;
+    return task;
+}
+
+cadhost::HostOptions HostOptionsWith(cadhost::IPointPicker& picker, cadhost::HostOptions options)
+{
+    options.picker = &picker;
+    return options;
+}
+
+void NeedShareFolder(const Install& install)
+{
+    if (install.places.shareFolder.empty())
+        throw Refusal{kExitToolMissing, "the install's share folder can't be found; \"sheetmaker doctor\" says more"};
+}
+
+} // namespace
+
+ScreenRun::ScreenRun(const std::string& drawing, const Install& install, const ScreenParts& screen,
+                     terminal::Console& console)
+    : m_task(AsSet(drawing)), m_install((NeedShareFolder(install), WithPointInNumbers(install))),
+      m_surrounded(m_task, m_install, console, m_report, &screen),
+      m_host(cadhost::CadHost::Create(
+          HostOptionsWith(screen.picker, HostOptionsOf(m_install, m_surrounded.Context().surroundings.registry, {},
+                                                       m_surrounded.KeepsLayers(m_task.options)))))
+{
+    m_report.drawing = drawing;
+    // The dialog may have chosen job options that ask for layers, or others.
+    m_surrounded.Watcher().WhenSettingsAreKept(
+        [this] { m_host->KeepLayers(m_surrounded.KeepsLayers(m_task.options)); });
+    if (!drawing.empty())
+        m_document = m_host->Open(drawing);
+}
+
+void ScreenRun::Activate(const std::string& layout)
+{
+    std::vector<std::string> names;
+    for (const LayoutSight& sight : LayoutSights(*m_host, m_document))
+        names.push_back(sight.name);
+    const std::string found = FindName(layout, names);
+    if (found.empty()) {
+        const std::string suggestion = Suggestion(layout, names);
+        throw Refusal{kExitUsage, m_task.drawing + " has no layout \"" + layout + "\"" +
+                                      (suggestion.empty() ? "; it has " + QuotedList(names) : suggestion)};
+    }
+    m_document = m_host->Open(m_task.drawing, {{}, found, {}});
+}
+
+void ScreenRun::ConcludeConversion()
+{
+    const cadhost::DocumentReport host = m_host->Report(m_document);
+    TakeHostReport(host, m_report);
+    Conclude(Watcher(), host.plotFailure, m_report);
+}
+
+bool ScreenRun::Save()
+{
+    const bool changed = m_host->DrawingOf(m_document).Modified();
+    SaveWhole(Watcher(), *m_document, m_task.drawing);
+    return changed;
+}
+
+void SaveWhole(const SheetWatcher& watcher, IAcadDocument& document, const std::string& name)
+{
+    if (!watcher.LostRecord().empty())
+        throw std::runtime_error(
+            name + " was not changed, since it can't hold what was entered for it: " + watcher.LostRecord());
+    document.Close(true);
+}
+
+void ShowWithoutTerminal(const ScreenParts& screen, const std::string& text)
+{
+    if (!screen.hasTerminal)
+        screen.desktop.ShowMessage({text, kProductTitle, MessageButtons::Ok, MessageIcon::Critical, {}, 0});
+}
+
+void TellOnScreen(const std::string& command, const ScreenParts& screen, std::ostream& err, const std::string& text)
+{
+    err << "sheetmaker " << command << ": " << text << std::endl;
+    ShowWithoutTerminal(screen, text);
+}
+
+int RunOnScreen(const std::string& command, const ScreenParts& screen, std::ostream& err,
+                const std::function<int()>& work)
+{
+    const auto tell = [&](const std::string& text, int exitCode) {
+        TellOnScreen(command, screen, err, text);
+        return exitCode;
+    };
+    try {
+        return work();
+    } catch (const Refusal& refusal) {
+        return tell(refusal.text, refusal.exitCode);
+    } catch (const std::bad_alloc&) {
+        return tell("there is not enough memory", kExitFailed);
+    } catch (const drawing::DwgConverterMissing& error) {
+        return tell(error.what(), kExitToolMissing);
+    } catch (const std::exception& error) {
+        return tell(error.what(), kExitFailed);
+    }
+}
+
+} // namespace sm::app

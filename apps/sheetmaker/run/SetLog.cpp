@@ -1,0 +1,42 @@
+#include "run/SetLog.h"
+
+#include "run/Install.h"
+#include "run/LogFiles.h"
+
+#include <fmt/format.h>
+#include <fstream>
+#include <unistd.h>
+
+namespace sm::app {
+
+namespace fs = std::filesystem;
+
+SetLog::SetLog(fs::path folder) : m_folder(std::move(folder)), m_sheetLog(fmt::format("SmPdfAcad-{}-1.log", getpid()))
+{
+}
+
+SetLog::~SetLog()
+{
+    std::error_code ignored;
+    fs::remove(m_folder / m_sheetLog, ignored);
+    fs::remove(Part(), ignored);
+}
+
+void SetLog::Finish() const
+{
+    if (m_text.empty())
+        return;
+    std::error_code ignored;
+    fs::create_directories(m_folder, ignored);
+    std::ofstream(Part(), std::ios::binary) << m_text;
+    fs::rename(Part(), m_folder / kLogFileName, ignored);
+}
+
+void SetLog::TakeSheetLog()
+{
+    std::error_code ignored;
+    m_text += ReadWholeFile(m_folder / m_sheetLog);
+    fs::remove(m_folder / m_sheetLog, ignored);
+}
+
+} // namespace sm::app

@@ -1,0 +1,57 @@
+// Everything the plug-in finds around it in one run of the command line.
+#pragma once
+
+#include "annotations/AnnotationPass.h"
+#include "plugin/CallContext.h"
+#include "publisher/Publisher.h"
+#include "report/SheetWatcher.h"
+#include "run/DrawingRun.h"
+#include "run/ScreenParts.h"
+#include "store/OverlayRegistry.h"
+
+#include <memory>
+
+namespace sm::app {
+
+class Surrounded {
+public:
+    /// All references outlive this object. With a `screen`, windows and message boxes are shown there and the user
+    /// answers; without one they become lines on the console.
+    Surrounded(const DrawingTask& task, const Install& install, terminal::Console& console, DrawingReport& report,
+               const ScreenParts* screen = nullptr);
+    Surrounded(const Surrounded&) = delete;
+    Surrounded& operator=(const Surrounded&) = delete;
+
+    [[nodiscard]] CallContext& Context() { return m_context; }
+    [[nodiscard]] SheetWatcher& Watcher() { return m_watcher; }
+    [[nodiscard]] const SheetWatcher& Watcher() const { return m_watcher; }
+    [[nodiscard]] AnnotationPass& Annotations() { return m_annotations; }
+    /// The PDF is to have the drawing's layers: asked for by option or by the job options in force.
+    [[nodiscard]] bool KeepsLayers(const ConvertOptions& options);
+    /// Lays an option over a stored setting for this run.
+    void LaySetting(const std::string& name, const std::string& value);
+
+private:
+    void LayOptions(const DrawingTask& task);
+    [[nodiscard]] std::unique_ptr<IWindows> MakeWindows(terminal::Console& console);
+    [[nodiscard]] publisher::PublisherOptions PublishingOptions(const DrawingTask& task, const Install& install);
+
+    DrawingReport& m_report;
+    const ScreenParts* m_screen; ///< null: there is none
+    SheetWatcher m_watcher;
+    std::unique_ptr<IRegistry> m_stored;
+    store::OverlayRegistry m_registry;
+    std::unique_ptr<IFileSystem> m_files;
+    std::unique_ptr<IDesktop> m_terminalDesktop;
+    IDesktop& m_desktop;
+    std::unique_ptr<IWindows> m_windows;
+    AnnotationPass m_annotations;
+    std::unique_ptr<IPublishingLibrary> m_library;
+    std::unique_ptr<ILocale> m_locale;
+    std::unique_ptr<IClock> m_clock;
+    std::unique_ptr<IComponent> m_component;
+    Surroundings m_surroundings;
+    CallContext m_context;
+};
+
+} // namespace sm::app

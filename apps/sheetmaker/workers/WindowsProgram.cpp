@@ -1,0 +1,64 @@
+#include "workers/WindowsProgram.h"
+
+#include "commandline/ExitCodes.h"
+
+#include <cerrno>
+#include <cstring>
+#include <ostream>
+#include <unistd.h>
+
+namespace sm::app {
+namespace {
+
+constexpr const char* kInsteadOfSettings =
+    "These commands do the same without one:\n"
+    "  sheetmaker list, get NAME, set NAME VALUE       the settings of the first tab and the stamp texts\n"
+    "  sheetmaker stamp DRAWING --text N|TEXT --at X,Y  the text stamp\n"
+    "  sheetmaker attach DRAWING add FILE --at X,Y      the file attachments: list, add, change, remove\n"
+    "  sheetmaker sign DRAWING add NAME --rect X1,Y1,X2,Y2  the signature fields: list, add, change, remove\n"
+    "  sheetmaker convert DRAWING --as-set              \"Create PDF\", with the stored settings\n"
+    "The page setup tab has no command; \"convert --page-setup native|global\" needs none of its entries.\n";
+
+constexpr const char* kInsteadOfPageSetup =
+    "The global page setup is kept as settings, which these commands show and change:\n"
+    "  sheetmaker list                                 all of them, with their values\n"
+    "  sheetmaker set CanonicalMediaName NAME          the paper; PaperWidth and PaperHeight (mm) go with it\n"
+    "  sheetmaker set PlotType 1                       0 display, 1 extents, 2 limits, 3 view, 4 window, 5 layout\n"
+    "  sheetmaker set StyleSheet NAME                  the plot style table\n"
+    "A drawing's own PDF page setup has no command.\n";
+
+} // namespace
+
+bool HasScreen(const system::Environment& environment)
+{
+    for (const char* variable : {"WAYLAND_DISPLAY", "DISPLAY"})
+        if (!environment(variable).value_or("").empty())
+            return true;
+    const std::string platform = environment("QT_QPA_PLATFORM").value_or("");
+    return !platform.empty() && platform != "minimal";
+}
+
+std::string WithoutScreen(const std::string& command)
+{
+    return "sheetmaker " + command + ": there is no screen to show a window on\n" +
+           (command == "page-setup" ? kInsteadOfPageSetup : kInsteadOfSettings);
+}
+
+int BecomeWindowsProgram(const std::vector<std::string>& words, const Install& install, std::ostream& err)
+{
+    if (!HasScreen(install.environment)) {
+        err << WithoutScreen(words.front());
+        return kExitToolMissing;
+    }
+    const std::string program = install.windowsProgram.string();
+    std::vector<char*> arguments{const_cast<char*>(program.c_str())};
+    for (const std::string& word : words)
+        arguments.push_back(const_cast<char*>(word.c_str()));
+    arguments.push_back(nullptr);
+    execv(program.c_str(), arguments.data());
+    err << "sheetmaker " << words.front() << ": the program with the windows can't be started (" << program << ": "
+        << std::strerror(errno) << "); \"sheetmaker doctor\" says more\n";
+    return kExitToolMissing;
+}
+
+} // namespace sm::app

@@ -1,0 +1,192 @@
+#include "workers/Worker.h"
+
+#include "commandline/ExitCodes.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <iostream>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace sm::app {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kRemovalAttempts = 20;
+constexpr useconds_t kRemovalPause = 20000; // microseconds
+
+[[noreturn]] void ThrowErrno(const char* what)
+{
+    throw std::system_error(errno, std::generic_category(), what);
+}
+
+std::string MakeWorkFolder()
+{
+    std::error_code unset;
+    const fs::path parent = fs::temp_directory_path(unset);
+    std::string pattern = ((unset ? fs::path(P_tmpdir) : parent) / "sheetmaker-XXXXXX").string();
+    if (!mkdtemp(pattern.data()))
+        ThrowErrno(("no temporary folder can be made in " + parent.string()).c_str());
+    return pattern;
+}
+
+std::array<int, 2> MakePipe()
+{
+    std::array<int, 2> ends{};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0)
+        ThrowErrno("no pipe can be made");
+    return ends;
+}
+
+void WriteAll(int descriptor, const std::string& text)
+{
+    std::size_t written = 0;
+    while (written < text.size()) {
+        const ssize_t count = write(descriptor, text.data() + written, text.size() - written);
+        if (count < 0 && errno != EINTR)
+            return;
+        written += count > 0 ? static_cast<std::size_t>(count) : 0;
+    }
+}
+
+/// Signals as a program finds them at its start: the parent waits for some of them, the worker must not.
+void RestoreSignals(pid_t parent)
+{
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != parent)
+        _exit(kExitInterrupted);
+}
+
+} // namespace
+
+void Worker::Stream::Read()
+{
+    if (descriptor < 0)
+        return;
+    std::array<char, 65536> buffer;
+    const ssize_t count = read(descriptor, buffer.data(), buffer.size());
+    if (count > 0)
+        text.append(buffer.data(), static_cast<std::size_t>(count));
+    else if (count == 0 || (errno != EINTR && errno != EAGAIN))
+        Close();
+}
+
+void Worker::Stream::Close()
+{
+    if (descriptor >= 0)
+        close(descriptor);
+    descriptor = -1;
+}
+
+Worker::Worker(DrawingTask task, const std::string& pdfPath, const WorkerWork& work, Lines lines)
+    : m_task(std::move(task))
+{
+    std::error_code unknown;
+    m_pdfFolder = fs::weakly_canonical(pdfPath, unknown).parent_path();
+    m_task.workFolder = MakeWorkFolder();
+    Start(work, lines);
+}
+
+void Worker::Start(const WorkerWork& work, Lines lines)
+{
+    const auto [reportEnd, reportStart] = MakePipe();
+    const auto [linesEnd, linesStart] = MakePipe();
+    std::cout << std::flush;
+    const pid_t parent = getpid();
+    m_process = fork();
+    if (m_process == 0) {
+        RestoreSignals(parent);
+        if (lines == Lines::Kept)
+            dup2(linesStart, STDERR_FILENO);
+        close(linesStart);
+        DrawingReport report;
+        {
+            terminal::Console console(std::cerr, lines == Lines::Straight && isatty(STDERR_FILENO) == 1);
+            report = work(m_task, console);
+        }
+        WriteAll(reportStart, ToJson(report, -1));
+        _exit(kExitDone);
+    }
+    close(reportStart);
+    close(linesStart);
+    m_report.descriptor = reportEnd;
+    m_lines.descriptor = linesEnd;
+    m_lastProcess = m_process;
+    if (m_process < 0)
+        ThrowErrno("no process can be started");
+    for (const int end : {reportEnd, linesEnd})
+        fcntl(end, F_SETFL, O_NONBLOCK);
+}
+
+bool Worker::Read()
+{
+    m_report.Read();
+    m_lines.Read();
+    return m_report.descriptor >= 0 || m_lines.descriptor >= 0;
+}
+
+DrawingReport Worker::Finish()
+{
+    int status = 0;
+    while (waitpid(m_process, &status, 0) < 0 && errno == EINTR) {
+    }
+    m_process = -1;
+    try {
+        m_endedWell = WIFEXITED(status) && WEXITSTATUS(status) == kExitDone;
+        if (m_endedWell)
+            return ReportFromJson(m_report.text);
+    } catch (const std::exception&) { // cut short: told below
+    }
+    DrawingReport report;
+    report.drawing = m_task.drawing;
+    report.exitCode = kExitFailed;
+    report.failure = WIFSIGNALED(status) ? fmt::format("the conversion was ended by signal {}", WTERMSIG(status))
+                                         : "the conversion ended without a report";
+    return report;
+}
+
+void Worker::RemoveLeftovers()
+{
+    std::error_code ignored;
+    // The interpreter of an ended worker is ended by the system, a moment later than the worker itself.
+    for (int attempt = 0; attempt < kRemovalAttempts; ++attempt) {
+        fs::remove_all(m_task.workFolder, ignored);
+        if (m_endedWell || !fs::exists(m_task.workFolder, ignored))
+            break;
+        usleep(kRemovalPause);
+    }
+    if (m_endedWell)
+        return;
+    // A PDF that was being written when the process was ended stands half-made beside its target.
+    const std::string prefix = fmt::format(".sheetmaker-{}-", m_lastProcess);
+    for (fs::directory_iterator file(m_pdfFolder, ignored), end; !ignored && file != end; file.increment(ignored)) {
+        const std::string name = file->path().filename().string();
+        std::error_code gone;
+        if (name.starts_with(prefix) && name.ends_with(".part"))
+            fs::remove(file->path(), gone);
+    }
+}
+
+Worker::~Worker()
+{
+    const bool running = m_process > 0;
+    if (running) {
+        kill(m_process, SIGKILL);
+        waitpid(m_process, nullptr, 0);
+    }
+    m_report.Close();
+    m_lines.Close();
+    RemoveLeftovers();
+}
+
+} // namespace sm::app

@@ -1,0 +1,7 @@
+// What most tests include besides.
+#include "CommonHeaders.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>

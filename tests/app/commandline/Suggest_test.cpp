@@ -1,0 +1,48 @@
+#include "commandline/Suggest.h"
+
+#include <gtest/gtest.h>
+
+namespace sm::app {
+namespace {
+
+const std::vector<std::string> kNames = {"Sheet 1", "Sheet 2", "Ground floor", "Model"};
+
+struct Row {
+    const char* wanted;
+    const char* expected;
+};
+
+TEST(FindName, IgnoresLetterCaseButPrefersTheExactSpelling)
+{
+    const Row rows[] = {{"Sheet 1", "Sheet 1"}, {"sheet 1", "Sheet 1"}, {"MODEL", "Model"}, {"Sheet", ""}, {"", ""}};
+    for (const Row& row : rows)
+        EXPECT_EQ(FindName(row.wanted, kNames), row.expected) << row.wanted;
+    EXPECT_EQ(FindName("a", {"A", "a"}), "a");
+}
+
+TEST(NearestName, ForgivesAFewLetters)
+{
+    const Row rows[] = {
+        {"Shet 1", "Sheet 1"},
+        {"sheet2", "Sheet 2"},
+        {"Ground", "Ground floor"},
+        {"Grund flor", "Ground floor"},
+        {"Mdoel", "Model"},
+        {"Roof", ""},
+        {"", ""},
+        {"completely different", ""},
+    };
+    for (const Row& row : rows)
+        EXPECT_EQ(NearestName(row.wanted, kNames), row.expected) << row.wanted;
+}
+
+TEST(Suggestion, AsksOrSaysNothing)
+{
+    EXPECT_EQ(Suggestion("Shet 1", kNames), "; did you mean \"Sheet 1\"?");
+    EXPECT_EQ(Suggestion("Roof", kNames), "");
+    EXPECT_EQ(QuotedList({"A", "B c"}), "\"A\", \"B c\"");
+    EXPECT_EQ(QuotedList({}), "");
+}
+
+} // namespace
+} // namespace sm::app

@@ -1,0 +1,197 @@
+// The conversion of several drawings, with a stand-in for the work on one.
+#include "commands/ConvertCommand.h"
+
+#include "app/Fixtures.h"
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <sstream>
+#include <unistd.h>
+
+namespace sm::app {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ConvertCommand : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        m_machine.MakeShare();
+        m_machine.MakeProgram("gs", "echo 10.00.0");
+        m_former = fs::current_path();
+        fs::current_path(m_machine.Root());
+        fs::create_directories(m_machine.Root() / "tmp");
+        setenv("TMPDIR", m_machine.In("tmp").c_str(), 1);
+        for (const char* name : {"a.dxf", "b.dxf", "c.dxf"})
+            m_machine.MakeFile(name, name);
+    }
+    void TearDown() override
+    {
+        fs::current_path(m_former);
+        unsetenv("TMPDIR");
+    }
+    int Run(const ConvertJob& job, const WorkerWork& work)
+    {
+        return RunConvert(job, m_machine.Here(), work, m_out, m_err);
+    }
+    static ConvertJob Job(std::vector<std::string> drawings)
+    {
+        ConvertJob job;
+        job.drawings = std::move(drawings);
+        return job;
+    }
+    /// Writes a log line and a PDF of one page.
+    WorkerWork Converting() const
+    {
+        return [state = m_machine.In("home/.local/state/sheetmaker-pdf")](const DrawingTask& task,
+                                                                          terminal::Console& console) {
+            console.Line("seen");
+            fs::create_directories(state);
+            std::ofstream(fs::path(state) / (task.logFileName.empty() ? "SmPdfAcad.log" : task.logFileName))
+                << "log of " << task.drawing << "\n";
+            DrawingReport report;
+            report.drawing = task.drawing;
+            report.pdfPath = task.savePath.value_or(task.drawing + ".pdf");
+            report.pages = 1;
+            return report;
+        };
+    }
+
+    Machine m_machine;
+    fs::path m_former;
+    std::ostringstream m_out, m_err;
+};
+
+TEST_F(ConvertCommand, TellsResultsInTheOrderOfTheDrawings)
+{
+    ConvertJob job = Job({"a.dxf", "b.dxf", "c.dxf"});
+    job.workers = 3;
+    const auto converting = Converting();
+    const int code = Run(job, [&](const DrawingTask& task, terminal::Console& console) {
+        if (task.drawing == "a.dxf")
+            usleep(200000);
+        return converting(task, console);
+    });
+    EXPECT_EQ(code, 0);
+    EXPECT_EQ(m_out.str(), "a.dxf -> a.dxf.pdf, 1 page\nb.dxf -> b.dxf.pdf, 1 page\nc.dxf -> c.dxf.pdf, 1 page\n");
+    EXPECT_EQ(m_err.str(), "a.dxf: seen\nb.dxf: seen\nc.dxf: seen\n");
+}
+
+TEST_F(ConvertCommand, JoinsTheLogsInOrderAndLeavesNothingElse)
+{
+    EXPECT_EQ(Run(Job({"a.dxf", "b.dxf"}), Converting()), 0);
+    const fs::path state = m_machine.In("home/.local/state/sheetmaker-pdf");
+    EXPECT_EQ(Contents(state / "SmPdfAcad.log"), "log of a.dxf\nlog of b.dxf\n");
+    EXPECT_EQ(std::distance(fs::directory_iterator(state), fs::directory_iterator()), 1);
+    EXPECT_TRUE(fs::is_empty(m_machine.In("tmp")));
+}
+
+TEST_F(ConvertCommand, GivesASingleDrawingTheUsersOwnLog)
+{
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(Run(Job({"a.dxf"}), Converting()), 0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "seen\n");
+    EXPECT_EQ(Contents(m_machine.In("home/.local/state/sheetmaker-pdf/SmPdfAcad.log")), "log of a.dxf\n");
+}
+
+TEST_F(ConvertCommand, KeepsABadDrawingFromTakingAnotherDown)
+{
+    const auto converting = Converting();
+    const int code = Run(Job({"a.dxf", "b.dxf", "c.dxf"}), [&](const DrawingTask& task, terminal::Console& console) {
+        if (task.drawing == "a.dxf") {
+            std::ofstream(task.workFolder + "/page.ps") << "left behind";
+            std::ofstream(".sheetmaker-" + std::to_string(getpid()) + "-1.part") << "half a PDF";
+            kill(getpid(), SIGKILL);
+        }
+        if (task.drawing == "b.dxf")
+            _exit(7);
+        return converting(task, console);
+    });
+    EXPECT_EQ(code, 1);
+    EXPECT_EQ(m_out.str(), "c.dxf -> c.dxf.pdf, 1 page\n");
+    EXPECT_EQ(m_err.str(), "a.dxf: failed: the conversion was ended by signal 9\n"
+                           "b.dxf: failed: the conversion ended without a report\nc.dxf: seen\n");
+    EXPECT_TRUE(fs::is_empty(m_machine.In("tmp")));
+    for (const auto& file : fs::directory_iterator(m_machine.Root()))
+        EXPECT_FALSE(file.path().filename().string().starts_with(".sheetmaker-")) << file.path();
+}
+
+TEST_F(ConvertCommand, EndsCleanlyWhenItIsInterrupted)
+{
+    const pid_t parent = getpid();
+    const int code = Run(Job({"a.dxf", "b.dxf"}), [&](const DrawingTask& task, terminal::Console&) -> DrawingReport {
+        std::ofstream(task.workFolder + "/page.ps") << "left behind";
+        std::ofstream(".sheetmaker-" + std::to_string(getpid()) + "-1.part") << "half a PDF";
+        if (task.drawing == "b.dxf")
+            kill(parent, SIGTERM);
+        for (;;)
+            pause();
+    });
+    EXPECT_EQ(code, 130);
+    EXPECT_EQ(m_err.str(), "sheetmaker: interrupted\n");
+    EXPECT_TRUE(fs::is_empty(m_machine.In("tmp")));
+    for (const auto& file : fs::directory_iterator(m_machine.Root()))
+        EXPECT_FALSE(file.path().filename().string().starts_with(".sheetmaker-")) << file.path();
+}
+
+TEST_F(ConvertCommand, ReportsAsJson)
+{
+    ConvertJob job = Job({"a.dxf"});
+    job.reportJson = true;
+    EXPECT_EQ(Run(job, Converting()), 0);
+    EXPECT_EQ(m_out.str().substr(0, 28), "[\n  {\n    \"drawing\": \"a.dxf\"");
+    EXPECT_EQ(m_err.str(), "");
+}
+
+TEST_F(ConvertCommand, MakesTheFolderForThePdfs)
+{
+    ConvertJob job = Job({"a.dxf", "b.dxf"});
+    job.output = "new/pdf";
+    EXPECT_EQ(Run(job, Converting()), 0);
+    EXPECT_TRUE(fs::is_directory(m_machine.In("new/pdf")));
+}
+
+struct RefusalRow {
+    const char* name;
+    std::function<void(ConvertJob&)> change;
+    int exitCode;
+    const char* error;
+};
+
+TEST_F(ConvertCommand, RefusesBeforeAnythingStarts)
+{
+    const RefusalRow rows[] = {
+        {"JobOptions", [](ConvertJob& job) { job.options.jobOptions = "Grafics [600 dpi]"; }, 2,
+         "sheetmaker convert: there are no job options \"Grafics [600 dpi]\"; did you mean \"Graphics [600 dpi]\"?\n"},
+        {"JobOptionsUnknown", [](ConvertJob& job) { job.options.jobOptions = "Web"; }, 2,
+         "sheetmaker convert: there are no job options \"Web\"; there are \"Graphics [600 dpi]\", \"Print [1200 "
+         "dpi]\"\n"},
+        {"Clash", [](ConvertJob& job) { job.output = "a.dxf"; }, 2,
+         "sheetmaker convert: the PDF of a.dxf would overwrite the drawing a.dxf\n"},
+    };
+    for (const RefusalRow& row : rows) {
+        m_err.str("");
+        ConvertJob job = Job({"a.dxf"});
+        row.change(job);
+        EXPECT_EQ(Run(job, [](const DrawingTask&, terminal::Console&) { return DrawingReport(); }), row.exitCode)
+            << row.name;
+        EXPECT_EQ(m_err.str(), row.error) << row.name;
+        EXPECT_EQ(m_out.str(), "") << row.name;
+    }
+}
+
+TEST_F(ConvertCommand, NamesTheToolThatIsMissing)
+{
+    m_machine.variables["PATH"] = "/nowhere";
+    EXPECT_EQ(Run(Job({"a.dxf"}), Converting()), 3);
+    fs::remove_all(m_machine.In("share"));
+    EXPECT_EQ(Run(Job({"a.dxf"}), Converting()), 3);
+    EXPECT_EQ(m_err.str(),
+              "sheetmaker convert: Ghostscript (gs) is not installed: sudo apt-get install ghostscript\n"
+              "sheetmaker convert: the install's share folder can't be found; \"sheetmaker doctor\" says more\n");
+}
+
+} // namespace
+} // namespace sm::app

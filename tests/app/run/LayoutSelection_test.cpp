@@ -1,0 +1,91 @@
+#include "run/LayoutSelection.h"
+
+#include <gtest/gtest.h>
+
+namespace sm::app {
+namespace {
+
+const LayoutSight kModel{"Model", true, true, true, false};
+const LayoutSight kModelOfDisplay{"Model", true, true, true, true};
+const LayoutSight kModelWithoutPaper{"Model", true, true, false, false};
+const LayoutSight kFull1{"Sheet 1", false, true, true, false};
+const LayoutSight kFull2{"Sheet 2", false, true, true, false};
+const LayoutSight kEmpty{"Layout1", false, false, true, false};
+
+struct Row {
+    const char* name;
+    ConvertOptions options;
+    std::vector<LayoutSight> layouts;
+    LayoutSelection selection;
+};
+
+ConvertOptions Choose(LayoutChoice choice)
+{
+    ConvertOptions options;
+    options.layouts = choice;
+    return options;
+}
+
+ConvertOptions Named(const char* name)
+{
+    ConvertOptions options;
+    options.layoutName = name;
+    return options;
+}
+
+ConvertOptions WithSource(ConvertOptions options, std::int32_t source)
+{
+    options.pageSetupSource = source;
+    return options;
+}
+
+ConvertOptions AsSet(ConvertOptions options)
+{
+    options.asSet = true;
+    return options;
+}
+
+const Row kRows[] = {
+    {"AutoTakesAllThatHoldSomething", {}, {kModel, kFull1, kFull2}, {{}, {}, 1, {}, ""}},
+    {"AutoLeavesEmptyOnesOut", {}, {kModel, kEmpty, kFull2}, {{}, {"Sheet 2"}, 1, {}, ""}},
+    {"AutoFallsBackToTheModel", {}, {kModel, kEmpty}, {"Model", {}, 0, {}, ""}},
+    {"AutoModelOfDisplayIsGlobal", {}, {kModelOfDisplay, kEmpty}, {"Model", {}, 0, 2, ""}},
+    {"AutoModelWithoutPaperIsGlobal", {}, {kModelWithoutPaper}, {"Model", {}, 0, 2, ""}},
+    {"AutoModelKeepsTheGivenSource", WithSource({}, 0), {kModelOfDisplay}, {"Model", {}, 0, 0, ""}},
+    {"AutoPaperKeepsTheGivenSource", WithSource({}, 1), {kModel, kFull1}, {{}, {}, 1, 1, ""}},
+    {"All", Choose(LayoutChoice::All), {kModel, kEmpty, kFull2}, {{}, {}, 1, {}, ""}},
+    {"Active", Choose(LayoutChoice::Active), {kModel, kFull1}, {{}, {}, 0, {}, ""}},
+    {"Model", Choose(LayoutChoice::Model), {kModel, kFull1}, {"Model", {}, 0, {}, ""}},
+    {"ModelOfDisplayIsGlobal", Choose(LayoutChoice::Model), {kModelOfDisplay, kFull1}, {"Model", {}, 0, 2, ""}},
+    {"ModelKeepsTheGivenSource",
+     WithSource(Choose(LayoutChoice::Model), 0),
+     {kModelOfDisplay},
+     {"Model", {}, 0, 0, ""}},
+    {"ByName", Named("sheet 2"), {kModel, kFull1, kFull2}, {"Sheet 2", {}, 0, {}, ""}},
+    {"ByWrongName",
+     Named("Shet 2"),
+     {kModel, kFull1, kFull2},
+     {{}, {}, {}, {}, "has no layout \"Shet 2\"; did you mean \"Sheet 2\"?"}},
+    {"ByUnknownName",
+     Named("Roof plan"),
+     {kModel, kFull1},
+     {{}, {}, {}, {}, "has no layout \"Roof plan\"; it has \"Model\", \"Sheet 1\""}},
+    {"AsSetTakesTheSettings", AsSet({}), {kModel, kFull1}, {{}, {}, {}, {}, ""}},
+    {"AsSetWithAnOption", AsSet(Choose(LayoutChoice::All)), {kModel, kFull1}, {{}, {}, 1, {}, ""}},
+    {"NoModel", Choose(LayoutChoice::Model), {kFull1}, {{}, {}, 0, {}, "has no model layout"}},
+};
+
+TEST(LayoutSelection, FollowsTheOptionsAndTheDrawing)
+{
+    for (const Row& row : kRows) {
+        const LayoutSelection selection = SelectLayouts(row.options, row.layouts);
+        EXPECT_EQ(selection.activeLayout, row.selection.activeLayout) << row.name;
+        EXPECT_EQ(selection.onlyLayouts, row.selection.onlyLayouts) << row.name;
+        EXPECT_EQ(selection.whatToPlot, row.selection.whatToPlot) << row.name;
+        EXPECT_EQ(selection.pageSetupSource, row.selection.pageSetupSource) << row.name;
+        EXPECT_EQ(selection.error, row.selection.error) << row.name;
+    }
+}
+
+} // namespace
+} // namespace sm::app

@@ -1,0 +1,157 @@
+#include "cadhost/HostFixture.h"
+
+namespace sm::cadhost {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+class HostPlotTest : public HostTest {
+protected:
+    static DxfDrawing House()
+    {
+        DxfDrawing drawing;
+        drawing.AddSheet("Ground").entities = LineTags(0, 0, 100, 50, Tag(67, 1));
+        drawing.AddSheet("Roof");
+        drawing.model.entities = LineTags(0, 0, 1000, 500) + LineTags(0, 0, 5, 5);
+        drawing.active = 1;
+        return drawing;
+    }
+    /// Configures the active layout as a conversion does it.
+    void Choose(IAcadDocument& document, const char* device, const char* medium)
+    {
+        host->Application()->Preferences()->SetPrinterConfigPath(kShare + "/PC3");
+        const auto layout = document.ActiveLayout();
+        layout->RefreshPlotDeviceInfo();
+        layout->SetConfigName(device);
+        layout->SetCanonicalMediaName(medium);
+    }
+    [[nodiscard]] std::string ReadAll(const char* name) const
+    {
+        std::ifstream file(folder / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+};
+
+TEST_F(HostPlotTest, WritesTheActiveLayoutAsPostScript)
+{
+    const auto document = Open(House());
+    Choose(*document, "Tarnwick PS8 HighRes.pc3", "ISO_A3_(420.00_x_297.00_MM)");
+    const auto plot = document->Plot();
+    plot->SetQuietErrorMode(true);
+    ASSERT_TRUE(plot->PlotToFile((folder / "out.ps").string())) << host->Report(document).plotFailure;
+    const std::string text = ReadAll("out.ps");
+    EXPECT_THAT(text, StartsWith("%!PS-Adobe-3.0"));
+    EXPECT_THAT(text, HasSubstr("%%Title:"));
+    EXPECT_THAT(text, HasSubstr("Ground"));
+    EXPECT_THAT(text, HasSubstr("%%Creator: "));
+    EXPECT_EQ(host->Report(document).plotFailure, "");
+}
+
+constexpr const char* kRedIsBlue = "plot_style{\n 0{\n  color=-1040187137\n }\n}\n"; // 0xC20000FF
+
+TEST_F(HostPlotTest, FindsThePlotStyleTableBesideTheDrawingThenTheUsersThenOurs)
+{
+    const auto plotted = [&](const char* table) {
+        DxfDrawing drawing = House();
+        drawing.sheets[0].styleSheet = table;
+        drawing.sheets[0].entities = LineTags(0, 0, 100, 50, Tag(67, 1) + Tag(62, 1));
+        const auto document = Open(drawing);
+        Choose(*document, "Tarnwick PS8 HighRes.pc3", "ISO_A3_(420.00_x_297.00_MM)");
+        document->ActiveLayout()->SetPlotWithPlotStyles(true);
+        EXPECT_TRUE(document->Plot()->PlotToFile((folder / "out.ps").string())) << host->Report(document).plotFailure;
+        std::string found = ReadAll("out.ps");
+        found = found.substr(found.find(" cm\n") + 4);
+        found = found.substr(0, found.find("RG\n") < found.find("G\n") ? found.find("RG\n") : found.find("G\n"));
+        for (const auto& [remark, count] : host->Report(document).remarks)
+            found += "| " + remark + " " + std::to_string(count);
+        return found.substr(found.rfind('\n') + 1);
+    };
+    std::filesystem::create_directory(folder / "user");
+    host = CadHost::Create({kShare, "", {}, (folder / "user").string()});
+    EXPECT_EQ(plotted(""), "1 0 0 ");
+    EXPECT_EQ(plotted("MonoChrome.CTB"), "0 ");
+    EXPECT_EQ(plotted("W:\\Office\\Styles\\monochrome.ctb"), "0 ");
+    EXPECT_EQ(plotted("Florida.ctb"), "1 0 0 | plot style table \"Florida.ctb\" not found, plotted without it 1");
+    Write("user/monochrome.ctb", kRedIsBlue);
+    EXPECT_EQ(plotted("monochrome.ctb"), "0 0 1 ");
+    const std::string broken = Write("Monochrome.ctb", "}");
+    EXPECT_EQ(plotted("monochrome.ctb"), "1 0 0 | plotted without plot styles: " + broken +
+                                             ", line 1: a group ends that never began. Save the plot style table "
+                                             "again or choose another one. 1");
+}
+
+TEST_F(HostPlotTest, LeavesPlotStylesAsideWhereTheLayoutPlotsWithoutThem)
+{
+    DxfDrawing drawing = House();
+    drawing.sheets[0].styleSheet = "Florida.ctb";
+    const auto document = Open(drawing);
+    Choose(*document, "Tarnwick PS8 HighRes.pc3", "ISO_A3_(420.00_x_297.00_MM)");
+    document->ActiveLayout()->SetPlotWithPlotStyles(false);
+    ASSERT_TRUE(document->Plot()->PlotToFile((folder / "out.ps").string()));
+    EXPECT_TRUE(host->Report(document).remarks.empty());
+}
+
+TEST_F(HostPlotTest, KeepsLayersWhenItIsToldTo)
+{
+    host = CadHost::Create({kShare, "", {}, {}, true});
+    const auto document = Open(House());
+    Choose(*document, "Tarnwick PS8 HighRes.pc3", "ISO_A3_(420.00_x_297.00_MM)");
+    ASSERT_TRUE(document->Plot()->PlotToFile((folder / "out.ps").string()));
+    const std::string text = ReadAll("out.ps");
+    EXPECT_THAT(text, HasSubstr("%SheetmakerLayer: 0 on <30>\n"));
+    EXPECT_THAT(text, HasSubstr("/OC /L0 BDC\n"));
+    EXPECT_THAT(text, HasSubstr("EMC\nQ\n"));
+}
+
+TEST_F(HostPlotTest, CountsWhatBecameOfEachEntity)
+{
+    const auto document = Open(House());
+    DocumentReport report = host->Report(document);
+    EXPECT_EQ(report.read, 3U);
+    EXPECT_EQ(report.notReached, 3U);
+    Choose(*document, "Tarnwick PS8 MidRes.pc3", "ISO_A3_(420.00_x_297.00_MM)");
+    ASSERT_TRUE(document->Plot()->PlotToFile((folder / "out.ps").string()));
+    report = host->Report(document);
+    EXPECT_EQ(report.read, 3U);
+    EXPECT_EQ(report.drawn, 1U);
+    EXPECT_EQ(report.notReached, 2U);
+    EXPECT_EQ(report.hidden + report.offPage + report.notDrawn, 0U);
+}
+
+TEST_F(HostPlotTest, RemembersWhyAPlotFailed)
+{
+    const auto document = Open(House());
+    EXPECT_FALSE(document->Plot()->PlotToFile((folder / "out.ps").string()));
+    EXPECT_EQ(host->Report(document).plotFailure,
+              "layout 'Ground': the device '\\\\office\\plotter' can't plot to a file; choose one of the plotter "
+              "configurations (.pc3) of the host");
+    EXPECT_FALSE(std::filesystem::exists(folder / "out.ps"));
+    Choose(*document, "Tarnwick PS8 HighRes.pc3", "ISO_A3_(420.00_x_297.00_MM)");
+    EXPECT_FALSE(document->Plot()->PlotToFile((folder / "no" / "such" / "out.ps").string()));
+    EXPECT_THAT(host->Report(document).plotFailure, HasSubstr("out.ps"));
+    EXPECT_TRUE(document->Plot()->PlotToFile((folder / "out.ps").string()));
+    EXPECT_EQ(host->Report(document).plotFailure, "");
+}
+
+TEST_F(HostPlotTest, FailsWhereTheViewIsMissing)
+{
+    DxfDrawing drawing = House();
+    drawing.sheets[0].plotType = 3;
+    drawing.sheets[0].viewName = "gone";
+    const auto document = Open(drawing);
+    Choose(*document, "Tarnwick PS8 HighRes.pc3", "ISO_A3_(420.00_x_297.00_MM)");
+    EXPECT_FALSE(document->Plot()->PlotToFile((folder / "out.ps").string()));
+    EXPECT_THAT(host->Report(document).plotFailure, HasSubstr("gone"));
+}
+
+TEST_F(HostPlotTest, TakesDocumentsOfItsOwnOnly)
+{
+    const auto other = CadHost::Create({kShare, ""});
+    EXPECT_EQ(ErrorOf([&] { host->Report(nullptr); }), "this document belongs to another host");
+    const auto document = Open(House());
+    EXPECT_EQ(&host->DrawingOf(document), &host->DrawingOf(host->Application()->ActiveDocument()));
+}
+
+} // namespace
+} // namespace sm::cadhost

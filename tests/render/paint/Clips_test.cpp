@@ -1,0 +1,122 @@
+// What clips and changes: the boundary of an insert, layers that look otherwise in one viewport.
+#include "render/SmallDrawing.h"
+
+#include <gmock/gmock.h>
+
+namespace sm::render {
+namespace {
+
+constexpr const char* kBlock =
+    "0 BLOCK | 8 0 | 2 B | 70 0 | 10 0 | 20 0 | 30 0 | 0 LINE | 8 0 | 10 0 | 20 0 | 11 10 | 21 "
+    "0 | 0 ENDBLK | 8 0";
+constexpr const char* kDictionaries =
+    "0 DICTIONARY | 5 C | 330 0 | 0 DICTIONARY | 5 31 | 330 30 | 3 ACAD_FILTER | 360 32 |"
+    "0 DICTIONARY | 5 32 | 330 31 | 3 SPATIAL | 360 33 |";
+
+std::string Insert(const std::string& place)
+{
+    return "0 INSERT | 5 30 | 102 {ACAD_XDICTIONARY | 360 31 | 102 } | 100 AcDbEntity | 8 0 | 2 B |" + place;
+}
+
+/// The insert stood at (50, 50) when the boundary was drawn.
+std::string Filter(const std::string& boundary, const std::string& flags = "71 1 | 72 0 | 73 0")
+{
+    return "0 SPATIAL_FILTER | 5 33 | 100 AcDbFilter | 100 AcDbSpatialFilter | 70 2 |" + boundary +
+           "| 210 0 | 220 0 | 230 1 | 11 0 | 21 0 | 31 0 |" + flags +
+           "| 40 1 | 40 0 | 40 0 | 40 -50 | 40 0 | 40 1 | 40 0 | 40 -50 | 40 0 | 40 0 | 40 1 | 40 0 |"
+           "40 1 | 40 0 | 40 0 | 40 0 | 40 0 | 40 1 | 40 0 | 40 0 | 40 0 | 40 0 | 40 1 | 40 0";
+}
+
+constexpr const char* kRectangle = "10 52 | 20 48 | 10 56 | 20 52";
+
+struct Row {
+    const char* name;
+    std::string insert, filter;
+    Lines lines;
+};
+
+class InsertClipsTest : public testing::TestWithParam<Row> {};
+
+TEST_P(InsertClipsTest, ShowAPartOfTheBlock)
+{
+    SmallDrawing drawing;
+    drawing.blocks = kBlock;
+    drawing.entities = GetParam().insert;
+    drawing.objects = kDictionaries + GetParam().filter;
+    EXPECT_EQ(LinesOf(drawing), GetParam().lines);
+}
+
+const Row kRows[] = {
+    {"Rectangle",
+     Insert("10 50 | 20 50"),
+     Filter(kRectangle),
+     {"clip evenodd box 52 48 56 52", "stroke 000000 0.25 m 50 50 l 60 50", "pop"}},
+    {"MovesWithTheInsert",
+     Insert("10 60 | 20 50"),
+     Filter(kRectangle),
+     {"clip evenodd box 62 48 66 52", "stroke 000000 0.25 m 60 50 l 70 50", "pop"}},
+    {"TurnsWithTheInsert",
+     Insert("10 50 | 20 50 | 50 90"),
+     Filter(kRectangle),
+     {"clip evenodd m 52 52 l 52 56 l 48 56 l 48 52 h", "stroke 000000 0.25 m 50 50 l 50 60", "pop"}},
+    {"Polygon",
+     Insert("10 50 | 20 50"),
+     Filter("10 50 | 20 45 | 10 60 | 20 45 | 10 60 | 20 55"),
+     {"clip evenodd m 50 45 l 60 45 l 60 55 h", "stroke 000000 0.25 m 50 50 l 60 50", "pop"}},
+    {"FrontPlaneBeforeTheMaps",
+     Insert("10 50 | 20 50"),
+     Filter(kRectangle, "71 1 | 72 1 | 40 7 | 73 0"),
+     {"clip evenodd box 52 48 56 52", "stroke 000000 0.25 m 50 50 l 60 50", "pop"}},
+    {"SwitchedOff",
+     Insert("10 50 | 20 50"),
+     Filter(kRectangle, "71 0 | 72 0 | 73 0"),
+     {"stroke 000000 0.25 m 50 50 l 60 50"}},
+    {"FilterIsMissing", Insert("10 50 | 20 50"), "", {"stroke 000000 0.25 m 50 50 l 60 50"}},
+    {"OffThePage", Insert("10 500 | 20 50"), Filter(kRectangle), {}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Inserts, InsertClipsTest, testing::ValuesIn(kRows),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(InsertClipsTest, EndTheBounds)
+{
+    SmallDrawing small;
+    small.blocks = kBlock;
+    small.entities = Insert("10 50 | 20 50");
+    small.objects = kDictionaries + Filter(kRectangle);
+    const auto drawing = small.Open();
+    FakeTextEngine text;
+    const Box2 box = BoundsOf(*drawing, drawing->EntitiesOf(SpaceOf(*drawing, false)).front(), text);
+    EXPECT_EQ(box, (Box2{{52, 50}, {56, 50}}));
+}
+
+TEST(LayerOverridesTest, HoldInTheirViewportAlone)
+{
+    SmallDrawing drawing;
+    drawing.linetypes = "0 LTYPE | 5 D1 | 2 DASHED | 70 0 | 3 d | 72 65 | 73 2 | 40 20 | 49 10 | 74 0 | 49 -10 | 74 0";
+    drawing.layers =
+        "0 LAYER | 5 A1 | 102 {ACAD_XDICTIONARY | 360 B1 | 102 } | 100 AcDbSymbolTableRecord | 2 Walls | 70 "
+        "0 | 62 1 | 6 Continuous";
+    drawing.objects =
+        "0 DICTIONARY | 5 C | 330 0 | 0 DICTIONARY | 5 B1 | 330 A1 | 3 ADSK_XREC_LAYER_COLOR_OVR | 360 B2 | 3 "
+        "ADSK_XREC_LAYER_LINEWT_OVR | 360 B3 | 3 ADSK_XREC_LAYER_LINETYPE_OVR | 360 B4 |"
+        "0 XRECORD | 5 B2 | 330 B1 | 100 AcDbXrecord | 280 1 | 102 {ADSK_LYR_COLOR_OVERRIDE | 335 F1 | 420 "
+        "-1023410173 | 102 } | 0 XRECORD | 5 B3 | 330 B1 | 100 AcDbXrecord | 102 {ADSK_LYR_LINEWT_OVERRIDE | "
+        "335 F1 | 91 100 | 102 } | 0 XRECORD | 5 B4 | 330 B1 | 100 AcDbXrecord | 102 "
+        "{ADSK_LYR_LINETYPE_OVERRIDE | 335 F1 | 343 D1 | 102 }";
+    const std::string sheet =
+        "0 LINE | 8 Walls | 10 100 | 20 100 | 11 110 | 21 100 | 0 VIEWPORT | 8 0 | 67 1 | 10 50 | 20 50 "
+        "| 40 100 | 41 100 | 68 1 | 69 1 | 12 50 | 22 50 | 45 100 |";
+    drawing.entities = sheet +
+                       "0 VIEWPORT | 5 F1 | 8 0 | 67 1 | 10 50 | 20 70 | 40 60 | 41 40 | 68 2 | 69 2 | 12 105 | 22 "
+                       "105 | 45 20 | 0 VIEWPORT | 5 F2 | 8 0 | 67 1 | 10 50 | 20 30 | 40 60 | 41 40 | 68 3 | 69 3 "
+                       "| 12 105 | 22 105 | 45 20";
+    SmallScene look;
+    look.paper = true;
+    EXPECT_EQ(LinesOf(drawing, look),
+              (Lines{"clip box 20 50 80 90", "stroke 00FF00 1 m 40 60 l 45 60 m 55 60 l 60 60", "pop",
+                     "clip box 20 10 80 50", "stroke FF0000 0.25 m 40 20 l 60 20", "pop"}));
+}
+
+} // namespace
+} // namespace sm::render
