@@ -2,7 +2,7 @@
 """Proves the rules of the house: which folder may include what, headers that compile alone, no bare try in the plug-in,
 file and function lengths, words that don't belong in the tree.
 
-    check_house.py RULE [--source DIR]      RULE: arrows headers policies lengths words
+    check_house.py RULE [--source DIR]      RULE: arrows headers policies lengths words format
 """
 import argparse
 import concurrent.futures
@@ -85,6 +85,14 @@ def check_lengths(source):
                 start = None
 
 
+def check_format(source):
+    names = list(files(source, ["src", "adapters", "apps", "tests", "bench"], (".h", ".cpp")))
+    run = subprocess.run(["clang-format", "--dry-run", *names], cwd=source, capture_output=True, text=True)
+    for line in run.stderr.splitlines():
+        if "code should be clang-formatted" in line:
+            yield line.split(" warning:")[0].split(" error:")[0] + " is not laid out as .clang-format says"
+
+
 def check_words(source):
     listed = subprocess.run(["git", "ls-files"], cwd=source, capture_output=True, text=True).stdout.split("\n")
     for name in listed:
@@ -101,7 +109,7 @@ def check_words(source):
 
 def main():
     rules = {"arrows": check_arrows, "headers": check_headers, "policies": check_policies, "lengths": check_lengths,
-             "words": check_words}
+             "words": check_words, "format": check_format}
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("rule", choices=rules)
     parser.add_argument("--source", default=os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))

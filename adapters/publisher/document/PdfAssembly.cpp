@@ -1,8 +1,8 @@
 #include "document/PdfAssembly.h"
 
 #include "dialect/PdfLayers.h"
-#include "pdf/AtomicFile.h"
 #include "document/MarkWriter.h"
+#include "pdf/AtomicFile.h"
 #include "pdf/PdfNumbers.h"
 #include "pdf/PublishStatus.h"
 #include "pdf/Qpdf.h"

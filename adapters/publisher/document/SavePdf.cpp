@@ -1,9 +1,9 @@
 #include "document/SavePdf.h"
 
-#include "pdf/AtomicFile.h"
 #include "document/PdfAssembly.h"
 #include "document/SheetTitle.h"
 #include "pages/GhostscriptDriver.h"
+#include "pdf/AtomicFile.h"
 
 #include <chrono>
 #include <filesystem>

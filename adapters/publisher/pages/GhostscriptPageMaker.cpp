@@ -1,8 +1,8 @@
 #include "pages/GhostscriptPageMaker.h"
 
-#include "pdf/AtomicFile.h"
 #include "pages/GhostscriptDriver.h"
 #include "pages/GhostscriptFailure.h"
+#include "pdf/AtomicFile.h"
 #include "pdf/PublishStatus.h"
 #include "process/ChildProcess.h"
 
