@@ -2,8 +2,16 @@
 //
 //     build/release/bench/reading DRAWING...       one line each: entities, values, seconds
 #include "drawing/Drawing.h"
-#include "drawing/Entities.h"
-#include "drawing/Notes.h"
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Curves.h"
+#include "drawing/entities/Hatches.h"
+#include "drawing/entities/Images.h"
+#include "drawing/entities/Inserts.h"
+#include "drawing/entities/Points.h"
+#include "drawing/entities/Polylines.h"
+#include "drawing/entities/Solids.h"
+#include "drawing/entities/Texts.h"
+#include "drawing/entities/Viewports.h"
 
 #include <chrono>
 #include <cstdio>

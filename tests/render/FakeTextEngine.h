@@ -1,6 +1,7 @@
 // A text engine without fonts: one run a text, each letter 0.6 em wide, no formatting read.
 #pragma once
 
+#include "drawing/entities/Texts.h"
 #include "render/Projection.h"
 #include "render/TextLayout.h"
 

@@ -1,4 +1,5 @@
 #include "TextFixture.h"
+#include "drawing/entities/Texts.h"
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>

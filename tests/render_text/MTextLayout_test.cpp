@@ -1,4 +1,5 @@
 #include "TextFixture.h"
+#include "drawing/entities/Texts.h"
 
 namespace sm::render {
 namespace {

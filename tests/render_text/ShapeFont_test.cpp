@@ -1,3 +1,4 @@
+#include "drawing/entities/Texts.h"
 #include "fonts/StrokeFont.h"
 #include "plotter/FakeDrawing.h"
 #include "render/TextLayout.h"

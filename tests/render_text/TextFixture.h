@@ -1,6 +1,7 @@
 // A drawing with a stroke style and a TrueType style, and an engine to lay its texts.
 #pragma once
 
+#include "drawing/entities/Texts.h"
 #include "plotter/FakeDrawing.h"
 #include "render/FontFace.h"
 #include "render/TextLayout.h"

@@ -1,5 +1,13 @@
 #include "objects/EntityBox.h"
 
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Curves.h"
+#include "drawing/entities/Dimensions.h"
+#include "drawing/entities/Images.h"
+#include "drawing/entities/Inserts.h"
+#include "drawing/entities/Polylines.h"
+#include "drawing/entities/TaggedPoints.h"
+#include "drawing/entities/Viewports.h"
 #include "objects/Ocs.h"
 
 #include <algorithm>

@@ -1,6 +1,10 @@
 // Entities, their hyperlinks, block references and attributes.
 #include "answers/HostErrors.h"
 #include "answers/HostText.h"
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Hyperlinks.h"
+#include "drawing/entities/Inserts.h"
+#include "drawing/entities/Texts.h"
 #include "objects/EntityBox.h"
 #include "objects/HostObjects.h"
 #include "objects/ObjectNames.h"

@@ -1,5 +1,10 @@
 #include "objects/ObjectNames.h"
 
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Dimensions.h"
+#include "drawing/entities/Inserts.h"
+#include "drawing/entities/Polylines.h"
+
 #include <array>
 #include <string_view>
 #include <utility>

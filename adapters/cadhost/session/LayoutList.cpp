@@ -1,6 +1,8 @@
 #include "session/LayoutList.h"
 
 #include "answers/HostText.h"
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Viewports.h"
 
 namespace sm::cadhost {
 namespace {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "acis/AcisRecords.h"
-#include "drawing/Solids.h"
+#include "drawing/entities/Solids.h"
 
 #include <functional>
 

@@ -1,4 +1,5 @@
 #include "acis/AcisCurves.h"
+#include "drawing/entities/Solids.h"
 #include "entities/EntityTags.h"
 #include "tags/ObjectLinks.h"
 

@@ -1,6 +1,7 @@
 #include "dxf/DxfDrawing.h"
 
 #include "converter/DwgConversion.h"
+#include "drawing/EntityKinds.h"
 #include "entities/EntityTags.h"
 #include "tags/FileKind.h"
 

@@ -144,6 +144,14 @@ void EntityTags::TakeCommon(Entity& entity) const
     }
 }
 
+void Read(const Drawing& drawing, const EntityRecord& record, Entity& data)
+{
+    data = {};
+    EntityTags tags(drawing.Tags(), record);
+    while (tags.Next())
+        tags.TakeCommon(data);
+}
+
 void DecodeText(const Drawing::Source& source, std::string_view raw, std::string& target)
 {
     source.text->Decode(raw, target);

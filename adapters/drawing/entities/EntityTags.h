@@ -1,6 +1,7 @@
 // An entity's own tags, with the properties that all entities share.
 #pragma once
 
+#include "drawing/entities/Entity.h"
 #include "tags/Source.h"
 
 namespace sm::drawing {

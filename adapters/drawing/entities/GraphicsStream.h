@@ -2,7 +2,7 @@
 // this room only.
 #pragma once
 
-#include "drawing/Graphics.h"
+#include "drawing/entities/Graphics.h"
 #include "tags/Source.h"
 
 #include <string_view>

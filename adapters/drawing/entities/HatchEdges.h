@@ -1,6 +1,7 @@
 // The edges of a hatch's boundary paths.
 #pragma once
 
+#include "drawing/entities/Hatches.h"
 #include "entities/EntityTags.h"
 
 namespace sm::drawing {

@@ -1,6 +1,7 @@
 // Reads the boundary paths and the pattern of a hatch tag by tag.
 #pragma once
 
+#include "drawing/entities/Hatches.h"
 #include "entities/EntityTags.h"
 
 namespace sm::drawing {

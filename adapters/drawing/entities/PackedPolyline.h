@@ -1,7 +1,7 @@
 // A plane polyline packed bit by bit, as entities' pictures hold it. For this room only.
 #pragma once
 
-#include "drawing/Entities.h"
+#include "drawing/entities/Polylines.h"
 
 #include <string_view>
 

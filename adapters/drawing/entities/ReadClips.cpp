@@ -1,3 +1,4 @@
+#include "drawing/entities/Inserts.h"
 #include "entities/EntityTags.h"
 #include "tags/ObjectLinks.h"
 

@@ -1,3 +1,4 @@
+#include "drawing/entities/Graphics.h"
 #include "entities/EntityTags.h"
 #include "entities/GraphicsStream.h"
 #include "tags/ObjectLinks.h"

@@ -1,3 +1,5 @@
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Images.h"
 #include "entities/EntityTags.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Polylines.h"
 #include "entities/EntityTags.h"
 
 #include <algorithm>

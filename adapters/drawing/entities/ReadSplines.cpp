@@ -1,3 +1,4 @@
+#include "drawing/entities/Curves.h"
 #include "entities/EntityTags.h"
 
 #include <algorithm>

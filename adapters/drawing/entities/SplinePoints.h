@@ -1,7 +1,7 @@
 // Points on spline edges of solids. For this room only.
 #pragma once
 
-#include "drawing/Solids.h"
+#include "drawing/entities/Solids.h"
 
 namespace sm::drawing {
 

@@ -1,5 +1,7 @@
-#include "drawing/AnnotationContexts.h"
+#include "drawing/entities/AnnotationContexts.h"
 
+#include "drawing/entities/Inserts.h"
+#include "drawing/entities/Texts.h"
 #include "tags/ObjectLinks.h"
 
 namespace sm::drawing {

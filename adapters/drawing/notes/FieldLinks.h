@@ -1,6 +1,7 @@
 // The hyperlinks that a text's fields carry. For this room only.
 #pragma once
 
+#include "drawing/entities/Hyperlinks.h"
 #include "tags/Source.h"
 
 namespace sm::drawing {

@@ -1,6 +1,7 @@
 // Reads the nested lists of a MULTILEADER. For this room only.
 #pragma once
 
+#include "drawing/entities/MultiLeaders.h"
 #include "entities/EntityTags.h"
 
 namespace sm::drawing {

@@ -1,5 +1,7 @@
 #include "notes/MultiLeaderReader.h"
 
+#include "drawing/entities/DimStyles.h"
+#include "drawing/entities/MultiLeaders.h"
 #include "tags/RawColor.h"
 
 namespace sm::drawing {

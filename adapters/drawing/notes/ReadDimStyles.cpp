@@ -1,3 +1,4 @@
+#include "drawing/entities/DimStyles.h"
 #include "entities/EntityTags.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+#include "drawing/entities/Hyperlinks.h"
 #include "notes/FieldLinks.h"
 
 namespace sm::drawing {

@@ -1,3 +1,4 @@
+#include "drawing/entities/Texts.h"
 #include "entities/EntityTags.h"
 
 namespace sm::drawing {

@@ -1,5 +1,8 @@
 #include "notes/MultiLeaderReader.h"
 
+#include "drawing/entities/Inserts.h"
+#include "drawing/entities/MultiLeaders.h"
+#include "drawing/entities/Texts.h"
 #include "tags/RawColor.h"
 
 #include <numbers>

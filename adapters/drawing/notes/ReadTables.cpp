@@ -1,3 +1,4 @@
+#include "drawing/entities/TableEntities.h"
 #include "entities/EntityTags.h"
 
 #include <algorithm>

@@ -1,93 +1,51 @@
-#include "tags/EntityKinds.h"
+#include "drawing/EntityKinds.h"
 
 #include <array>
 #include <unordered_map>
-#include <utility>
 
 namespace sm::drawing {
 
 namespace {
 
-using Kind = EntityKind;
+constexpr std::size_t kMostNames = 7; // of one kind; the compiler refuses a row that is longer
 
-/// The first name of a kind is the one that KindName gives.
-constexpr std::array<std::pair<const char*, Kind>, 59> kNames{{
-    {"LINE", Kind::Line},
-    {"3DLINE", Kind::Line}, // of releases before R10
-    {"CIRCLE", Kind::Circle},
-    {"ARC", Kind::Arc},
-    {"ELLIPSE", Kind::Ellipse},
-    {"LWPOLYLINE", Kind::LwPolyline},
-    {"POLYLINE", Kind::Polyline},
-    {"SPLINE", Kind::Spline},
-    {"HELIX", Kind::Helix},
-    {"POINT", Kind::Point},
-    {"SOLID", Kind::Solid},
-    {"TRACE", Kind::Trace},
-    {"3DFACE", Kind::Face3d},
-    {"TEXT", Kind::Text},
-    {"ATTRIB", Kind::Attrib},
-    {"ATTDEF", Kind::Attdef},
-    {"MTEXT", Kind::MText},
-    {"INSERT", Kind::Insert},
-    {"DIMENSION", Kind::Dimension},
-    {"ARC_DIMENSION", Kind::Dimension},
-    {"LARGE_RADIAL_DIMENSION", Kind::Dimension},
-    {"HATCH", Kind::Hatch},
-    {"MPOLYGON", Kind::MPolygon},
-    {"VIEWPORT", Kind::Viewport},
-    {"LEADER", Kind::Leader},
-    {"MULTILEADER", Kind::MultiLeader},
-    {"MLEADER", Kind::MultiLeader},
-    {"MLINE", Kind::MLine},
-    {"TOLERANCE", Kind::Tolerance},
-    {"SHAPE", Kind::Shape},
-    {"XLINE", Kind::XLine},
-    {"RAY", Kind::Ray},
-    {"IMAGE", Kind::Image},
-    {"WIPEOUT", Kind::Wipeout},
-    {"PDFUNDERLAY", Kind::Underlay},
-    {"DWFUNDERLAY", Kind::Underlay},
-    {"DGNUNDERLAY", Kind::Underlay},
-    {"ACAD_TABLE", Kind::Table},
-    {"MESH", Kind::Mesh},
-    {"REGION", Kind::Region},
-    {"3DSOLID", Kind::Solid3d},
-    {"BODY", Kind::Body},
-    {"SURFACE", Kind::Surface},
-    {"EXTRUDEDSURFACE", Kind::Surface},
-    {"LOFTEDSURFACE", Kind::Surface},
-    {"REVOLVEDSURFACE", Kind::Surface},
-    {"SWEPTSURFACE", Kind::Surface},
-    {"PLANESURFACE", Kind::Surface},
-    {"NURBSURFACE", Kind::Surface},
-    {"ACAD_PROXY_ENTITY", Kind::Proxy},
-    {"OLE2FRAME", Kind::OleFrame},
-    {"OLEFRAME", Kind::OleFrame},
-    {"LIGHT", Kind::Light},
-    {"SUN", Kind::Sun},
-    {"SECTION", Kind::Section},
-    {"SECTIONOBJECT", Kind::Section},
-    {"GEOPOSITIONMARKER", Kind::GeoPosition},
-    {"POSITIONMARKER", Kind::GeoPosition},
-    {"ACAD_PROXY_OBJECT", Kind::Proxy},
-}};
+struct Row {
+    EntityKind kind;
+    std::array<const char*, kMostNames> names; ///< null behind the last one
+};
+
+/// In the order of the enumeration, from the first known kind on.
+constexpr auto kRows = std::to_array<Row>({
+#define SM_KIND(kind, ...) {EntityKind::kind, {__VA_ARGS__}},
+    SM_ENTITY_KINDS(SM_KIND)
+#undef SM_KIND
+});
+constexpr std::size_t kFirst = static_cast<std::size_t>(EntityKind::Unknown) + 1;
+static_assert(kFirst + kRows.size() == static_cast<std::size_t>(EntityKind::Count));
+
+std::unordered_map<std::string_view, EntityKind> KindsByName()
+{
+    std::unordered_map<std::string_view, EntityKind> kinds;
+    for (const Row& row : kRows)
+        for (const char* name : row.names)
+            if (name != nullptr)
+                kinds.emplace(name, row.kind);
+    return kinds;
+}
 
 } // namespace
 
 EntityKind KindOf(std::string_view name)
 {
-    static const std::unordered_map<std::string_view, Kind> kKinds(kNames.begin(), kNames.end());
+    static const auto kKinds = KindsByName();
     const auto found = kKinds.find(name);
-    return found == kKinds.end() ? Kind::Unknown : found->second;
+    return found == kKinds.end() ? EntityKind::Unknown : found->second;
 }
 
 const char* KindName(EntityKind kind)
 {
-    for (const auto& [name, known] : kNames)
-        if (known == kind)
-            return name;
-    return "UNKNOWN";
+    const std::size_t index = static_cast<std::size_t>(kind) - kFirst;
+    return index < kRows.size() ? kRows[index].names.front() : "UNKNOWN";
 }
 
 } // namespace sm::drawing

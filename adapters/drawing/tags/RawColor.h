@@ -1,7 +1,7 @@
 // Colours in the raw form that multileaders and their styles use. For this room only.
 #pragma once
 
-#include "drawing/Entities.h"
+#include "drawing/entities/Entity.h"
 
 namespace sm::drawing {
 

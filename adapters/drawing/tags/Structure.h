@@ -1,7 +1,7 @@
 // Where everything stands in a drawing file: what one pass over it finds.
 #pragma once
 
-#include "drawing/Entities.h"
+#include "drawing/EntityRecord.h"
 #include "tags/FindingList.h"
 #include "tags/TagCursor.h"
 

@@ -1,6 +1,6 @@
 #include "tags/StructureScan.h"
 
-#include "tags/EntityKinds.h"
+#include "drawing/EntityKinds.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,7 @@
 #include "page/PlotArea.h"
 
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Viewports.h"
 #include "render/FrontEnd.h"
 
 #include <cctype>

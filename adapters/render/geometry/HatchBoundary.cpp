@@ -1,5 +1,6 @@
 #include "geometry/HatchBoundary.h"
 
+#include "drawing/entities/Polylines.h"
 #include "geometry/Cubic.h"
 #include "geometry/Nurbs.h"
 #include "render/Arcs.h"

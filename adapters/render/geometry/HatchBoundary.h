@@ -1,7 +1,7 @@
 // The boundary of a hatch on the sheet, and which of its paths count.
 #pragma once
 
-#include "drawing/Entities.h"
+#include "drawing/entities/Hatches.h"
 #include "render/Canvas.h"
 
 #include <vector>

@@ -1,7 +1,7 @@
 // The lines of a hatch pattern, cut to its boundary.
 #pragma once
 
-#include "drawing/Entities.h"
+#include "drawing/entities/Hatches.h"
 #include "render/Canvas.h"
 
 #include <vector>

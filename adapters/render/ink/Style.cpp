@@ -1,5 +1,6 @@
 #include "render/Style.h"
 
+#include "drawing/entities/Entity.h"
 #include "ink/Palette.h"
 
 #include <algorithm>

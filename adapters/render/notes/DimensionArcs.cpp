@@ -1,4 +1,6 @@
 // Radius, diameter, angular and arc length dimensions.
+#include "drawing/entities/DimStyles.h"
+#include "drawing/entities/Dimensions.h"
 #include "notes/DimensionParts.h"
 #include "render/Arcs.h"
 

@@ -1,6 +1,9 @@
 // What all forms of dimensions share: their text, their arrows, and lines that end before the text.
 #pragma once
 
+#include "drawing/entities/DimStyles.h"
+#include "drawing/entities/Dimensions.h"
+#include "drawing/entities/Texts.h"
 #include "notes/DimensionText.h"
 #include "notes/NotePicture.h"
 

@@ -1,7 +1,7 @@
 // Measurements as dimensions write them, in the formatting of MTEXT.
 #pragma once
 
-#include "drawing/Notes.h"
+#include "drawing/entities/DimStyles.h"
 
 #include <string>
 

@@ -1,3 +1,5 @@
+#include "drawing/entities/DimStyles.h"
+#include "drawing/entities/Dimensions.h"
 #include "geometry/Nurbs.h"
 #include "notes/NotePicture.h"
 

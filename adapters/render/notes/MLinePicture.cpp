@@ -1,3 +1,4 @@
+#include "drawing/entities/MLines.h"
 #include "notes/NotePicture.h"
 #include "render/Arcs.h"
 

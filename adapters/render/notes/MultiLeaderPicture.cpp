@@ -1,3 +1,5 @@
+#include "drawing/entities/MultiLeaders.h"
+#include "drawing/entities/Texts.h"
 #include "geometry/Nurbs.h"
 #include "notes/NotePicture.h"
 

@@ -1,3 +1,5 @@
+#include "drawing/entities/DimStyles.h"
+#include "drawing/entities/Inserts.h"
 #include "notes/NotePicture.h"
 #include "render/Arcs.h"
 

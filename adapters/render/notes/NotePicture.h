@@ -3,6 +3,14 @@
 #pragma once
 
 #include "drawing/Drawing.h"
+#include "drawing/entities/DimStyles.h"
+#include "drawing/entities/Dimensions.h"
+#include "drawing/entities/Inserts.h"
+#include "drawing/entities/MLines.h"
+#include "drawing/entities/MultiLeaders.h"
+#include "drawing/entities/NoteAttribute.h"
+#include "drawing/entities/TableEntities.h"
+#include "drawing/entities/Texts.h"
 #include "render/Projection.h"
 #include "render/TextLayout.h"
 

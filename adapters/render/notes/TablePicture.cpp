@@ -1,3 +1,5 @@
+#include "drawing/entities/TableEntities.h"
+#include "drawing/entities/Texts.h"
 #include "notes/NotePicture.h"
 
 #include <array>

@@ -1,3 +1,6 @@
+#include "drawing/entities/DimStyles.h"
+#include "drawing/entities/Dimensions.h"
+#include "drawing/entities/Texts.h"
 #include "notes/NotePicture.h"
 #include "notes/ToleranceSymbols.h"
 

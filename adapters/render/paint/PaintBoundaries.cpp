@@ -1,3 +1,4 @@
+#include "drawing/EntityKinds.h"
 #include "geometry/HatchBoundary.h"
 #include "paint/Painter.h"
 

@@ -1,3 +1,6 @@
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Curves.h"
+#include "drawing/entities/Points.h"
 #include "geometry/Nurbs.h"
 #include "paint/Painter.h"
 #include "render/ClipBox.h"

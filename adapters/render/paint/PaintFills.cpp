@@ -1,3 +1,5 @@
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Solids.h"
 #include "geometry/Nurbs.h"
 #include "paint/Painter.h"
 

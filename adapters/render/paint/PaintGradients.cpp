@@ -1,3 +1,4 @@
+#include "drawing/entities/Hatches.h"
 #include "paint/Painter.h"
 #include "render/ClipBox.h"
 

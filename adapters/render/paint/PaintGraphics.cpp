@@ -1,5 +1,8 @@
 #include "paint/PaintGraphics.h"
 
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Curves.h"
+#include "drawing/entities/Texts.h"
 #include "paint/PainterBuffers.h"
 #include "render/ClipBox.h"
 

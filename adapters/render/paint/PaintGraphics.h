@@ -1,7 +1,7 @@
 // Obeys the steps of the picture that an entity brings along. For this room only.
 #pragma once
 
-#include "drawing/Graphics.h"
+#include "drawing/entities/Graphics.h"
 #include "paint/Painter.h"
 
 #include <vector>

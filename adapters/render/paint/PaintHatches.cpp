@@ -1,3 +1,4 @@
+#include "drawing/entities/Hatches.h"
 #include "geometry/HatchBoundary.h"
 #include "geometry/HatchLines.h"
 #include "paint/Painter.h"

@@ -1,3 +1,6 @@
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Images.h"
+#include "drawing/entities/Texts.h"
 #include "paint/Painter.h"
 #include "paint/PainterBuffers.h"
 #include "render/ClipBox.h"

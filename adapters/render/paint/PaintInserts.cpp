@@ -1,4 +1,6 @@
-#include "drawing/AnnotationContexts.h"
+#include "drawing/entities/AnnotationContexts.h"
+#include "drawing/entities/Dimensions.h"
+#include "drawing/entities/Inserts.h"
 #include "paint/Painter.h"
 #include "paint/PainterBuffers.h"
 #include "render/ClipBox.h"

@@ -1,3 +1,4 @@
+#include "drawing/entities/Polylines.h"
 #include "paint/Painter.h"
 
 namespace sm::render {

@@ -1,3 +1,4 @@
+#include "drawing/entities/Polylines.h"
 #include "ink/WideLine.h"
 #include "paint/Painter.h"
 #include "paint/PainterBuffers.h"

@@ -1,3 +1,4 @@
+#include "drawing/entities/Solids.h"
 #include "geometry/Nurbs.h"
 #include "paint/Painter.h"
 #include "paint/PainterBuffers.h"

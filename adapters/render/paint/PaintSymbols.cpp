@@ -1,3 +1,5 @@
+#include "drawing/entities/Points.h"
+#include "drawing/entities/Texts.h"
 #include "paint/Painter.h"
 #include "paint/PainterBuffers.h"
 

@@ -1,3 +1,4 @@
+#include "drawing/entities/Texts.h"
 #include "ink/Palette.h"
 #include "paint/Painter.h"
 #include "paint/PainterBuffers.h"

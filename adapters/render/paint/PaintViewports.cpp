@@ -1,4 +1,6 @@
-#include "drawing/AnnotationContexts.h"
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/AnnotationContexts.h"
+#include "drawing/entities/Viewports.h"
 #include "geometry/HatchBoundary.h"
 #include "paint/Painter.h"
 #include "paint/PainterBuffers.h"

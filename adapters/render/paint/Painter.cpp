@@ -1,6 +1,7 @@
 #include "paint/Painter.h"
 
-#include "drawing/AnnotationContexts.h"
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/AnnotationContexts.h"
 #include "geometry/HatchLines.h"
 #include "paint/PainterBuffers.h"
 #include "plotstyle/PlotPens.h"

@@ -2,8 +2,16 @@
 #pragma once
 
 #include "drawing/Drawing.h"
-#include "drawing/Graphics.h"
-#include "drawing/Solids.h"
+#include "drawing/entities/Curves.h"
+#include "drawing/entities/Graphics.h"
+#include "drawing/entities/Hatches.h"
+#include "drawing/entities/Images.h"
+#include "drawing/entities/Inserts.h"
+#include "drawing/entities/Points.h"
+#include "drawing/entities/Polylines.h"
+#include "drawing/entities/Solids.h"
+#include "drawing/entities/Texts.h"
+#include "drawing/entities/Viewports.h"
 #include "ink/Ink.h"
 #include "notes/NotePicture.h"
 #include "render/Arcs.h"

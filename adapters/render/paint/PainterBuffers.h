@@ -2,6 +2,15 @@
 // nothing.
 #pragma once
 
+#include "drawing/entities/Curves.h"
+#include "drawing/entities/Graphics.h"
+#include "drawing/entities/Hatches.h"
+#include "drawing/entities/Images.h"
+#include "drawing/entities/Inserts.h"
+#include "drawing/entities/Points.h"
+#include "drawing/entities/Polylines.h"
+#include "drawing/entities/Solids.h"
+#include "drawing/entities/Texts.h"
 #include "paint/Painter.h"
 
 #include <deque>

@@ -1,3 +1,4 @@
+#include "drawing/entities/Entity.h"
 #include "render/FrontEnd.h"
 
 #include <algorithm>

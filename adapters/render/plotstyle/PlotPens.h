@@ -1,6 +1,7 @@
 // A plot style table made ready for drawing: one pen for each colour index or named style.
 #pragma once
 
+#include "drawing/entities/Hatches.h"
 #include "ink/DashPattern.h"
 #include "render/Canvas.h"
 #include "render/PlotStyleTable.h"

@@ -1,6 +1,7 @@
 // TEXT, ATTRIB and ATTDEF: one line, put where its alignment says.
 #pragma once
 
+#include "drawing/entities/Texts.h"
 #include "text/TextCodes.h"
 #include "text/Typesetter.h"
 

@@ -1,3 +1,4 @@
+#include "drawing/entities/Texts.h"
 #include "text/LineLayout.h"
 #include "text/MTextLayout.h"
 

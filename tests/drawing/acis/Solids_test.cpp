@@ -2,7 +2,7 @@
 #include "drawing/DxfText.h"
 
 #include "acis/AcisCurves.h"
-#include "drawing/Solids.h"
+#include "drawing/entities/Solids.h"
 
 #include <cstring>
 #include <gtest/gtest.h>

@@ -1,4 +1,12 @@
 #include "drawing/DxfText.h"
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Curves.h"
+#include "drawing/entities/Dimensions.h"
+#include "drawing/entities/Images.h"
+#include "drawing/entities/Inserts.h"
+#include "drawing/entities/Polylines.h"
+#include "drawing/entities/Solids.h"
+#include "drawing/entities/Texts.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,6 @@
 #include "drawing/DxfText.h"
+#include "drawing/entities/Hyperlinks.h"
+#include "drawing/entities/Viewports.h"
 
 #include <gmock/gmock.h>
 

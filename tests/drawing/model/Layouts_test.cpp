@@ -1,4 +1,5 @@
 #include "drawing/DxfText.h"
+#include "drawing/EntityKinds.h"
 
 #include <gmock/gmock.h>
 

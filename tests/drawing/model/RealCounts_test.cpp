@@ -1,6 +1,9 @@
 // Hyperlinks and attributes of the shared drawings against the numbers that another scanner found (MANIFEST.md beside
 // them). Without the drawings there is nothing to test.
 #include "drawing/DxfText.h"
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Hyperlinks.h"
+#include "drawing/entities/Inserts.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,14 @@
 // Drawings that people made with many programs. They are not part of this tree: the folder is named by the environment
 // variable SM_SHARED_DRAWINGS, or lies beside the source tree; without it these tests are skipped.
 #include "drawing/DxfText.h"
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Curves.h"
+#include "drawing/entities/Hatches.h"
+#include "drawing/entities/Hyperlinks.h"
+#include "drawing/entities/Inserts.h"
+#include "drawing/entities/Polylines.h"
+#include "drawing/entities/Texts.h"
+#include "drawing/entities/Viewports.h"
 
 #include <gmock/gmock.h>
 

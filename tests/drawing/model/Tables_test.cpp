@@ -1,4 +1,5 @@
 #include "drawing/DxfText.h"
+#include "drawing/entities/Entity.h"
 
 #include <gmock/gmock.h>
 

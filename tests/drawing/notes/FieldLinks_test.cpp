@@ -1,5 +1,6 @@
 // Hyperlinks that a text's fields carry.
 #include "drawing/DxfText.h"
+#include "drawing/entities/Hyperlinks.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,9 @@
 #include "drawing/DxfText.h"
+#include "drawing/entities/DimStyles.h"
+#include "drawing/entities/Dimensions.h"
+#include "drawing/entities/MLines.h"
+#include "drawing/entities/MultiLeaders.h"
+#include "drawing/entities/TableEntities.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,8 @@
 #include "drawing/BinaryDxf.h"
 #include "drawing/DxfText.h"
+#include "drawing/entities/Curves.h"
+#include "drawing/entities/Hyperlinks.h"
+#include "drawing/entities/Inserts.h"
 
 #include <gmock/gmock.h>
 

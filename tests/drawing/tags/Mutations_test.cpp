@@ -1,6 +1,21 @@
 // Small drawings damaged in thousands of ways: nothing may crash, hang or grow without bounds.
 #include "drawing/BinaryDxf.h"
 #include "drawing/DxfText.h"
+#include "drawing/entities/Curves.h"
+#include "drawing/entities/DimStyles.h"
+#include "drawing/entities/Dimensions.h"
+#include "drawing/entities/Hatches.h"
+#include "drawing/entities/Hyperlinks.h"
+#include "drawing/entities/Images.h"
+#include "drawing/entities/Inserts.h"
+#include "drawing/entities/MLines.h"
+#include "drawing/entities/MultiLeaders.h"
+#include "drawing/entities/Points.h"
+#include "drawing/entities/Polylines.h"
+#include "drawing/entities/Solids.h"
+#include "drawing/entities/TableEntities.h"
+#include "drawing/entities/Texts.h"
+#include "drawing/entities/Viewports.h"
 
 #include <gmock/gmock.h>
 

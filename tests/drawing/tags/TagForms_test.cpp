@@ -1,4 +1,6 @@
 #include "drawing/DxfText.h"
+#include "drawing/entities/Curves.h"
+#include "drawing/entities/Texts.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,5 @@
 #include "drawing/DxfText.h"
+#include "drawing/entities/Texts.h"
 
 #include <gmock/gmock.h>
 

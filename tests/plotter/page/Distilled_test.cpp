@@ -1,6 +1,7 @@
 // Whole pages through Ghostscript, read back by tools that aren't ours.
 #include "plotter/FakeDrawing.h"
 
+#include "drawing/entities/Texts.h"
 #include "postscript/PsDocument.h"
 #include "render/TextLayout.h"
 

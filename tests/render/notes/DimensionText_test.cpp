@@ -1,4 +1,5 @@
 // Measurements in the units and with the zeros of dimension styles.
+#include "drawing/entities/DimStyles.h"
 #include "notes/DimensionText.h"
 
 #include <gtest/gtest.h>

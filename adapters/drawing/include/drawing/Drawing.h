@@ -6,9 +6,8 @@
 #pragma once
 
 #include "drawing/DwgConverter.h"
-#include "drawing/Entities.h"
+#include "drawing/EntityRecord.h"
 #include "drawing/Layouts.h"
-#include "drawing/Notes.h"
 
 #include <cstdint>
 #include <memory>
@@ -145,7 +144,7 @@ public:
     /// written: its records file is.
     virtual void Save(bool keepBackup) = 0;
 
-    // For the readers of Entities.h; not for others.
+    // For the readers of entities; not for others.
     class Source;
     [[nodiscard]] virtual const Source& Tags() const = 0;
 };

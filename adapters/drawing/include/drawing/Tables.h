@@ -2,6 +2,7 @@
 #pragma once
 
 #include "drawing/Geometry.h"
+#include "drawing/Properties.h"
 
 #include <cstdint>
 #include <optional>
@@ -9,16 +10,6 @@
 #include <vector>
 
 namespace sm::drawing {
-
-using Handle = std::uint64_t; ///< 0: none
-
-/// Colours: AutoCAD colour index 1 to 255, 0 BYBLOCK, 256 BYLAYER.
-inline constexpr std::int16_t kByBlock = 0;
-inline constexpr std::int16_t kByLayer = 256;
-/// Lineweights: hundredths of a millimetre, or one of these (DXF reference, group 370).
-inline constexpr std::int16_t kLineweightByLayer = -1;
-inline constexpr std::int16_t kLineweightByBlock = -2;
-inline constexpr std::int16_t kLineweightDefault = -3;
 
 /// What a layer looks like in one viewport, where that differs.
 struct LayerOverride {

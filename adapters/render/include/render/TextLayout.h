@@ -11,6 +11,11 @@
 #include <memory>
 #include <optional>
 
+namespace sm::drawing {
+struct MTextData;
+struct TextData;
+} // namespace sm::drawing
+
 namespace sm::render {
 
 struct TextColor {

@@ -2,7 +2,11 @@
 // with graphics data (DXF reference, common groups 92 or 160, then 310).
 #pragma once
 
-#include "drawing/Entities.h"
+#include "drawing/entities/Polylines.h"
+
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace sm::drawing {
 

@@ -1,4 +1,4 @@
-#include "drawing/Solids.h"
+#include "drawing/entities/Solids.h"
 #include "entities/EntityTags.h"
 
 namespace sm::drawing {
@@ -44,6 +44,31 @@ void Read(const Drawing& drawing, const EntityRecord& record, MeshData& data)
             tags.TakeCommon(data);
         }
     }
+}
+
+void Read(const Drawing& drawing, const EntityRecord& record, QuadData& data)
+{
+    data = {};
+    EntityTags tags(drawing.Tags(), record);
+    bool hasZ = false, hasFourth = false;
+    while (tags.Next()) {
+        const int code = tags.Code();
+        const int corner = code % 10;
+        if (code >= 10 && code <= 39 && corner <= 3) {
+            tags.Take(10 + corner, data.corners[static_cast<std::size_t>(corner)]);
+            hasZ = hasZ || code >= 30;
+            hasFourth = hasFourth || corner == 3;
+        } else if (code == 70) {
+            data.invisibleEdges = tags.Integer();
+        } else {
+            tags.TakeCommon(data);
+        }
+    }
+    if (!hasFourth)
+        data.corners[3] = data.corners[2];
+    for (Vec3& corner : data.corners)
+        if (!hasZ)
+            corner.z = data.elevation;
 }
 
 } // namespace sm::drawing

@@ -1,10 +1,18 @@
-// Entities with a body or a shape of their own: regions and solids, meshes, shapes of shape files.
+// Entities with faces or a body: filled corners, meshes, regions and solids.
 #pragma once
 
-#include "drawing/Entities.h"
+#include "drawing/entities/Entity.h"
+
+#include <array>
+#include <vector>
 
 namespace sm::drawing {
 
+/// SOLID, TRACE (OCS) and 3DFACE (WCS). The third and fourth corner are crossed in SOLID and TRACE, as in the file.
+struct QuadData : Entity {
+    std::array<Vec3, 4> corners{};
+    std::int32_t invisibleEdges = 0;
+};
 /// MESH: its faces before any smoothing. WCS.
 struct MeshData : Entity {
     std::vector<Vec3> vertices;
@@ -25,14 +33,8 @@ struct SolidData : Entity {
     std::vector<SolidEdge> edges;
     bool complete = true; ///< false: some edges are of a form that can't be read
 };
-/// SHAPE. OCS. Which shape file holds it, the entity doesn't say.
-struct ShapeData : Entity {
-    Vec3 insertion;
-    std::string name;
-    double size = 1, rotation = 0, widthFactor = 1, oblique = 0;
-};
 
-void Read(const Drawing&, const EntityRecord&, ShapeData&);
+void Read(const Drawing&, const EntityRecord&, QuadData&);
 void Read(const Drawing&, const EntityRecord&, MeshData&);
 void Read(const Drawing&, const EntityRecord&, SolidData&);
 

@@ -1,9 +1,13 @@
 // Annotative entities: how they look at the scale of a viewport.
 #pragma once
 
-#include "drawing/Entities.h"
+#include "drawing/entities/Entity.h"
 
 namespace sm::drawing {
+
+struct InsertData;
+struct MTextData;
+struct TextData;
 
 /// The annotation scale that a viewport shows its annotations at (SCALE object); 0 when the file names none, or holds
 /// no annotative entity that is kept for several scales.

@@ -1,0 +1,50 @@
+// TEXT, ATTRIB, ATTDEF and MTEXT.
+#pragma once
+
+#include "drawing/entities/Entity.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sm::drawing {
+
+/// TEXT, ATTRIB, ATTDEF. OCS.
+struct TextData : Entity {
+    Vec3 insertion, alignment;
+    bool hasAlignment = false;
+    std::string text;        ///< UTF-8, %%-codes still in it
+    std::string tag, prompt; ///< ATTRIB, ATTDEF
+    std::uint32_t style = 0;
+    double height = 0, rotation = 0, widthFactor = 1, oblique = 0;
+    bool backward = false, upsideDown = false;
+    std::int32_t horizontal = 0;               ///< 72: 0 left, 1 centre, 2 right, 3 aligned, 4 middle, 5 fit
+    std::int32_t vertical = 0;                 ///< 73 (TEXT) or 74 (ATTRIB): 0 baseline, 1 bottom, 2 middle, 3 top
+    std::int32_t attributeFlags = 0;           ///< 70: 1 invisible, 2 constant, 4 verify, 8 preset
+    std::optional<EntityRecord> embeddedMText; ///< a multi-line attribute's own MTEXT tags
+};
+struct MTextData : Entity {
+    Vec3 insertion;
+    Vec3 direction{1, 0, 0}; ///< WCS x axis of the text
+    bool hasDirection = false;
+    std::string text; ///< UTF-8, formatting still in it, all 3 and 1 groups joined
+    std::uint32_t style = 0;
+    double height = 0, width = 0, rotation = 0; ///< width 0: no wrapping
+    std::int32_t attachment = 1;                ///< 1 top left to 9 bottom right
+    double lineSpacing = 1;
+    std::int32_t lineSpacingStyle = 1; ///< 1 at least, 2 exact
+    std::int32_t backgroundFlags = 0;  ///< 1 filled, 2 in the paper's colour, 16 framed
+    double backgroundScale = 1.5;
+    std::int16_t backgroundColor = 0;
+    std::optional<std::uint32_t> backgroundTrueColor;
+    std::int32_t columnType = 0, columnCount = 0; ///< type: 0 none, 1 static, 2 dynamic
+    double columnWidth = 0, columnGutter = 0;
+    bool columnsReversed = false, columnAutoHeight = false;
+    double definedHeight = 0;          ///< of each column; 0: none
+    std::vector<double> columnHeights; ///< of the columns one by one; 0: no limit
+};
+
+void Read(const Drawing&, const EntityRecord&, TextData&);
+void Read(const Drawing&, const EntityRecord&, MTextData&);
+
+} // namespace sm::drawing

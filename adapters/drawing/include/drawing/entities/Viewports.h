@@ -1,0 +1,27 @@
+// VIEWPORT: a window of a sheet onto the model.
+#pragma once
+
+#include "drawing/entities/Entity.h"
+
+#include <vector>
+
+namespace sm::drawing {
+
+struct ViewportData : Entity {
+    Vec3 center; ///< paper units
+    double width = 0, height = 0;
+    std::int32_t status = 0, id = 0; ///< 68, 69
+    std::int32_t flags = 0;          ///< 90; 0x20000 off
+    Vec2 viewCenter;                 ///< DCS of the view
+    double viewHeight = 0;           ///< model units
+    Vec3 direction{0, 0, 1}, target;
+    double twist = 0;                        ///< degrees
+    std::vector<std::uint32_t> frozenLayers; ///< indexes into the layers
+    Handle clipEntity = 0;                   ///< 340
+    [[nodiscard]] bool Perspective() const { return (flags & 1) != 0; }
+    [[nodiscard]] bool Off() const { return (flags & 0x20000) != 0; }
+};
+
+void Read(const Drawing&, const EntityRecord&, ViewportData&);
+
+} // namespace sm::drawing
