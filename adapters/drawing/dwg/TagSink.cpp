@@ -1,0 +1,233 @@
+#include "dwg/TagSink.h"
+
+#include "tags/EntityKinds.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace sm::drawing::dwg {
+
+namespace {
+
+/// BinaryTypeOf for every code, found without a search.
+constexpr int kCodes = 1072;
+const std::array<BinaryType, kCodes>& Types()
+{
+    static const std::array<BinaryType, kCodes> kTypes = [] {
+        std::array<BinaryType, kCodes> types;
+        for (int code = 0; code < kCodes; ++code)
+            types[static_cast<std::size_t>(code)] = BinaryTypeOf(code);
+        return types;
+    }();
+    return kTypes;
+}
+
+BinaryType TypeOf(int code)
+{
+    return code >= 0 && code < kCodes ? Types()[static_cast<std::size_t>(code)] : BinaryTypeOf(code);
+}
+
+} // namespace
+
+void TagSink::Close()
+{
+    if (m_open == Open::Entity)
+        CloseEntity();
+    else if (m_open == Open::BlockHeader)
+        m_found.blocks.back().header.length = m_bytes.size() - m_found.blocks.back().header.begin;
+    else if (m_open == Open::Entry)
+        m_list->back().slice.length = m_bytes.size() - m_list->back().slice.begin;
+    m_open = Open::Nothing;
+}
+
+void TagSink::CloseEntity()
+{
+    constexpr std::uint64_t kMost = std::numeric_limits<std::uint32_t>::max();
+    m_entity.length = static_cast<std::uint32_t>(std::min(m_bytes.size() - m_entity.begin, kMost));
+    if (m_inBlock)
+        m_found.blockEntities.push_back(m_entity);
+    else if (m_entity.paperSpace)
+        m_found.paperEntities.push_back(m_entity);
+    else
+        m_found.modelEntities.push_back(m_entity);
+}
+
+bool TagSink::Abandon()
+{
+    if (m_open == Open::Entity) {
+        m_bytes.resize(m_entity.begin);
+    } else if (m_open == Open::Entry) {
+        m_bytes.resize(m_list->back().slice.begin);
+        m_list->pop_back();
+    } else if (m_open == Open::BlockHeader) {
+        m_bytes.resize(m_found.blocks.back().header.begin);
+        m_found.blocks.pop_back();
+        m_inBlock = false;
+    } else {
+        return false;
+    }
+    m_open = Open::Nothing;
+    return true;
+}
+
+void TagSink::OpenSlice(std::vector<NamedSlice>& list, std::string_view name)
+{
+    Close();
+    list.push_back({name, Here()});
+    m_list = &list;
+    m_open = Open::Entry;
+}
+
+void TagSink::Variable(std::string_view name)
+{
+    OpenSlice(m_found.variables, name);
+}
+
+void TagSink::TableEntry(std::string_view name)
+{
+    OpenSlice(m_found.tableEntries, name);
+}
+
+void TagSink::Object(std::string_view name)
+{
+    OpenSlice(m_found.objects, name);
+    m_found.hasObjects = true;
+}
+
+void TagSink::BeginBlock()
+{
+    EndBlock();
+    m_found.blocks.push_back({Here(), m_found.blockEntities.size(), 0});
+    m_open = Open::BlockHeader;
+    m_inBlock = true;
+}
+
+void TagSink::EndBlock()
+{
+    Close();
+    if (m_inBlock)
+        m_found.blocks.back().count = m_found.blockEntities.size() - m_found.blocks.back().first;
+    m_inBlock = false;
+}
+
+void TagSink::Entity(std::string_view name)
+{
+    Close();
+    auto known = m_kinds.find(name);
+    if (known == m_kinds.end()) {
+        const EntityKind kind = KindOf(name);
+        const bool own = kind == EntityKind::Unknown || name != KindName(kind);
+        const std::string_view kept = m_names.emplace_back(name);
+        known = m_kinds.emplace(kept, std::pair(kind, own ? IndexOfUnknown(kept) : std::uint16_t{0})).first;
+    }
+    m_entity = {};
+    m_entity.begin = m_bytes.size();
+    m_entity.line = m_found.tags + 1;
+    m_entity.kind = known->second.first;
+    m_entity.nameIndex = known->second.second;
+    m_open = Open::Entity;
+}
+
+std::uint16_t TagSink::IndexOfUnknown(std::string_view name)
+{
+    // Index 0 means "no name of its own"; more invented names than fit share the last one.
+    if (m_found.unknownNames.empty())
+        m_found.unknownNames.emplace_back();
+    if (m_found.unknownNames.size() > std::numeric_limits<std::uint16_t>::max())
+        return std::numeric_limits<std::uint16_t>::max();
+    m_found.unknownNames.push_back(name);
+    return static_cast<std::uint16_t>(m_found.unknownNames.size() - 1);
+}
+
+void TagSink::Code(int code)
+{
+    ++m_found.tags;
+    Append(static_cast<std::int16_t>(code));
+}
+
+void TagSink::Text(int code, std::string_view text)
+{
+    Code(code);
+    m_bytes.append(text.substr(0, text.find('\0')));
+    m_bytes.push_back('\0');
+}
+
+void TagSink::Real(int code, double value)
+{
+    if (TypeOf(code).type != ValueType::Real) {
+        Integer(code, static_cast<std::int64_t>(std::clamp(value, -9e18, 9e18)));
+        return;
+    }
+    Code(code);
+    Append(value);
+}
+
+void TagSink::Integer(int code, std::int64_t value)
+{
+    const BinaryType type = TypeOf(code);
+    if (type.type == ValueType::Real) {
+        Real(code, static_cast<double>(value));
+        return;
+    }
+    if (type.type != ValueType::Integer) {
+        Text(code, std::to_string(value));
+        return;
+    }
+    Code(code);
+    if (type.width == 1)
+        Append(static_cast<std::uint8_t>(value));
+    else if (type.width == 2)
+        Append(static_cast<std::int16_t>(value));
+    else if (type.width == 4)
+        Append(static_cast<std::int32_t>(value));
+    else
+        Append(value);
+}
+
+void TagSink::HandleTag(int code, Handle handle)
+{
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    std::array<char, 17> text{};
+    std::size_t at = text.size() - 1;
+    do {
+        text[--at] = kDigits[handle & 15];
+        handle >>= 4;
+    } while (handle != 0);
+    Code(code);
+    m_bytes.append(text.data() + at, text.size() - at); // with the NUL
+}
+
+void TagSink::Chunks(int code, std::string_view bytes)
+{
+    constexpr std::size_t kMost = 255;
+    for (std::size_t at = 0; at < bytes.size(); at += kMost) {
+        const std::string_view chunk = bytes.substr(at, kMost);
+        Code(code);
+        m_bytes.push_back(static_cast<char>(chunk.size()));
+        m_bytes.append(chunk);
+    }
+}
+
+void TagSink::Point(int code, const Vec2& point)
+{
+    Real(code, point.x);
+    Real(code + 10, point.y);
+}
+
+void TagSink::Point(int code, const Vec3& point)
+{
+    Real(code, point.x);
+    Real(code + 10, point.y);
+    Real(code + 20, point.z);
+}
+
+DecodedTags TagSink::Finish()
+{
+    EndBlock();
+    DecodedTags decoded{std::move(m_bytes), std::move(m_found), std::move(m_names)};
+    *this = TagSink();
+    return decoded;
+}
+
+} // namespace sm::drawing::dwg

@@ -1,0 +1,182 @@
+#include "dwg/bits/BitReader.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace sm::drawing::dwg {
+
+namespace {
+
+/// A coordinate beyond this is no measure of anything: the reader has lost its place.
+constexpr double kLargest = 1e300;
+
+} // namespace
+
+BitReader::BitReader(std::string_view bytes, std::uint64_t begin, std::uint64_t end)
+    : m_bytes(reinterpret_cast<const unsigned char*>(bytes.data())), m_size(bytes.size()), m_at(begin),
+      m_end(std::min<std::uint64_t>(end, bytes.size() * 8))
+{
+    if (m_at > m_end)
+        Fail();
+}
+
+void BitReader::Fail()
+{
+    m_overrun = true;
+    m_at = m_end;
+}
+
+void BitReader::Seek(std::uint64_t bit)
+{
+    if (bit > m_end)
+        Fail();
+    else
+        m_at = bit;
+}
+
+std::uint32_t BitReader::Count(std::uint32_t count, std::uint32_t bits)
+{
+    if (count <= Left() / std::max<std::uint32_t>(bits, 1))
+        return count;
+    Fail();
+    return 0;
+}
+
+double BitReader::RD()
+{
+    const std::uint64_t bits = RLL();
+    double value = 0;
+    std::memcpy(&value, &bits, sizeof value);
+    if (std::isfinite(value) && std::abs(value) <= kLargest)
+        return value;
+    Fail();
+    return 0;
+}
+
+std::uint32_t BitReader::BL()
+{
+    switch (Bits(2)) {
+    case 0:
+        return RL();
+    case 1:
+        return RC();
+    case 2:
+        return 0;
+    default:
+        Fail();
+        return 0;
+    }
+}
+
+std::uint64_t BitReader::BLL()
+{
+    const unsigned count = Bits(3);
+    std::uint64_t value = 0;
+    for (unsigned i = 0; i < count; ++i)
+        value |= static_cast<std::uint64_t>(RC()) << (8 * i);
+    return value;
+}
+
+double BitReader::BD()
+{
+    switch (Bits(2)) {
+    case 0:
+        return RD();
+    case 1:
+        return 1;
+    case 2:
+        return 0;
+    default:
+        Fail();
+        return 0;
+    }
+}
+
+double BitReader::DD(double normal)
+{
+    const unsigned kind = Bits(2);
+    if (kind == 0)
+        return normal;
+    if (kind == 3)
+        return RD();
+    std::uint64_t bits = 0;
+    std::memcpy(&bits, &normal, sizeof bits);
+    if (kind == 2)
+        bits = (bits & ~0xFFFF00000000U) | static_cast<std::uint64_t>(RS()) << 32;
+    bits = (bits & ~0xFFFFFFFFULL) | RL();
+    double value = 0;
+    std::memcpy(&value, &bits, sizeof value);
+    if (std::isfinite(value) && std::abs(value) <= kLargest)
+        return value;
+    Fail();
+    return 0;
+}
+
+std::int64_t BitReader::MC()
+{
+    std::uint64_t value = 0;
+    for (unsigned shift = 0; shift < 63; shift += 7) {
+        const std::uint8_t byte = RC();
+        if ((byte & 0x80) != 0) {
+            value |= static_cast<std::uint64_t>(byte & 0x7F) << shift;
+            continue;
+        }
+        value |= static_cast<std::uint64_t>(byte & 0x3F) << shift;
+        const auto magnitude = static_cast<std::int64_t>(value & 0x7FFFFFFFFFFFFFFFU);
+        return (byte & 0x40) != 0 ? -magnitude : magnitude;
+    }
+    Fail();
+    return 0;
+}
+
+std::uint64_t BitReader::UMC()
+{
+    std::uint64_t value = 0;
+    for (unsigned shift = 0; shift < 64; shift += 7) {
+        const std::uint8_t byte = RC();
+        value |= static_cast<std::uint64_t>(byte & 0x7F) << shift;
+        if ((byte & 0x80) == 0)
+            return value;
+    }
+    Fail();
+    return 0;
+}
+
+std::uint64_t BitReader::MS()
+{
+    std::uint64_t value = 0;
+    for (unsigned shift = 0; shift < 60; shift += 15) {
+        const std::uint16_t word = RS();
+        value |= static_cast<std::uint64_t>(word & 0x7FFF) << shift;
+        if ((word & 0x8000) == 0)
+            return value;
+    }
+    Fail();
+    return 0;
+}
+
+std::uint32_t BitReader::BOT()
+{
+    switch (Bits(2)) {
+    case 0:
+        return RC();
+    case 1:
+        return RC() + 0x1F0U;
+    default:
+        return RS();
+    }
+}
+
+RawHandle BitReader::H()
+{
+    RawHandle handle;
+    handle.code = static_cast<std::uint8_t>(Bits(4));
+    const unsigned count = Bits(4);
+    if (count > 8)
+        Fail();
+    for (unsigned i = 0; i < count && count <= 8; ++i)
+        handle.value = handle.value << 8 | RC();
+    return handle;
+}
+
+} // namespace sm::drawing::dwg
