@@ -22,6 +22,8 @@ ROOMS = {
         "model": ("tags", "entities"),
         "tables": ("tags", "model"),
         "notes": ("tags", "entities", "model"),
+        "dwg/file": ("tags",),
+        "dwg/recovery": ("tags", "dwg/file", "dwg/bits"),
         "converter": ("tags",),
         "write": ("tags", "model"),
         "dwg/bits": (),

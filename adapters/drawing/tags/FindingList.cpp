@@ -40,6 +40,14 @@ constexpr std::array kTexts{
     DamageText{Damage::TablesLost, "the DWG converter lost a table; save the drawing as DXF to see it", true},
     DamageText{Damage::ProxiesLost, "the DWG converter lost a proxy entity; save the drawing as DXF to see it", true},
     DamageText{Damage::NotCorrected, "the DWG converter's mistakes could not be corrected; layers may be wrong", true},
+    DamageText{Damage::ChecksumWrong, "a checksum of the DWG does not match; its bytes are used as they are", false},
+    DamageText{Damage::PagesMissing, "a page of the DWG is missing or damaged; what stood in it is left out", true},
+    DamageText{Damage::NewerRelease, "the DWG is of a newer release than 2018; read as one of 2018", false},
+    DamageText{Damage::MapDamaged, "the DWG's list of objects is damaged; the objects were searched for", true},
+    DamageText{Damage::SectionMissing, "header variables or classes of the DWG are missing; defaults are used", true},
+    DamageText{Damage::SizeLies, "a size in the DWG is more than the file can hold; cut", true},
+    DamageText{Damage::HeadDamaged, "the head of the DWG is damaged; its parts were searched for", false},
+    DamageText{Damage::ObjectMisplaced, "an object of the DWG is not where the list says; left out", true},
 };
 
 } // namespace

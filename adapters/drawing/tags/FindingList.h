@@ -9,7 +9,7 @@
 namespace sm::drawing {
 
 /// Stable numbers, grouped by hundreds: 1xx the file, 2xx header and text, 3xx tables, 4xx blocks, 5xx entities,
-/// 6xx objects and layouts, 7xx the conversion of a DWG.
+/// 6xx objects and layouts, 7xx the conversion of a DWG, 8xx a DWG that is read natively.
 enum class Damage : std::int32_t {
     NotATag = 101,
     NoEnd = 102,
@@ -37,6 +37,14 @@ enum class Damage : std::int32_t {
     TablesLost = 701,
     ProxiesLost = 702,
     NotCorrected = 703,
+    ChecksumWrong = 801,
+    PagesMissing = 802,
+    NewerRelease = 803,
+    MapDamaged = 804,
+    SectionMissing = 805,
+    SizeLies = 806,
+    HeadDamaged = 807,
+    ObjectMisplaced = 808,
 };
 
 class FindingList {

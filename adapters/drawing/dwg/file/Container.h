@@ -65,7 +65,7 @@ private:
     friend class ContainerBuilder;
 
     FileFacts m_facts;
-    std::vector<std::vector<char>> m_buffers; ///< what was decompressed
+    std::vector<std::vector<char>> m_buffers; ///< what was decompressed; views point into them
     std::string_view m_header, m_classes, m_objects, m_dataStore, m_summary;
     std::vector<ObjectPlace> m_map;
     std::optional<std::int16_t> m_measurement;

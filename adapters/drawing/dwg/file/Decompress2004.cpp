@@ -1,0 +1,86 @@
+#include "dwg/file/ByteStream.h"
+#include "dwg/file/Decompress.h"
+
+namespace sm::drawing::dwg {
+
+namespace {
+
+constexpr unsigned kEndMark = 0x11;
+
+/// A count whose low bits did not fit: each zero byte adds 255, the first other one ends it.
+std::size_t LongCount(ByteSource& source)
+{
+    std::size_t count = 0;
+    unsigned byte = source.Next();
+    while (byte == 0 && !source.CutOff()) {
+        count += 0xFF;
+        byte = source.Next();
+    }
+    return count + byte;
+}
+
+std::size_t CountIn(unsigned opcode, unsigned mask, ByteSource& source)
+{
+    const unsigned count = opcode & mask;
+    return count != 0 ? count : LongCount(source) + mask;
+}
+
+/// How many bytes follow as they are, when the opcode says that (its high four bits are 0).
+std::size_t LiteralCount(unsigned opcode, ByteSource& source)
+{
+    return CountIn(opcode, 0x0F, source) + 3;
+}
+
+struct Reference {
+    std::size_t length = 0, distance = 0;
+    unsigned literals = 0; ///< bytes that follow as they are: 0 to 3
+};
+
+Reference ReadReference(unsigned opcode, ByteSource& source)
+{
+    Reference found;
+    if (opcode >= 0x40) {
+        found.length = (opcode >> 4U) - 1;
+        found.distance = ((source.Next() << 2U) | ((opcode >> 2U) & 3U)) + 1;
+        found.literals = opcode & 3U;
+        return found;
+    }
+    const bool isNear = opcode >= 0x20;
+    found.length = CountIn(opcode, isNear ? 0x1F : 0x07, source) + 2;
+    const unsigned low = source.Next();
+    found.distance = (low >> 2U) | (source.Next() << 6U);
+    found.distance += isNear ? 1 : 0x4000 + ((opcode & 8U) << 11U);
+    found.literals = low & 3U;
+    return found;
+}
+
+} // namespace
+
+Decompressed Decompress2004(std::string_view bytes, std::span<char> room)
+{
+    ByteSource source(bytes);
+    ByteTarget target(room);
+    unsigned opcode = source.Next();
+    std::size_t literals = opcode < 0x10 ? LiteralCount(opcode, source) : 0;
+    while (!source.CutOff()) {
+        if (literals != 0) {
+            target.Put(source.Take(literals));
+            opcode = source.Next();
+        }
+        if (opcode == kEndMark || target.Full())
+            return {target.Written(), true};
+        if (opcode < 0x10)
+            break;
+        const Reference reference = ReadReference(opcode, source);
+        if (source.CutOff() || !target.Repeat(reference.distance, reference.length))
+            break;
+        literals = reference.literals;
+        if (literals == 0) {
+            opcode = source.Next();
+            literals = opcode < 0x10 ? LiteralCount(opcode, source) : 0;
+        }
+    }
+    return {target.Written(), target.Full()};
+}
+
+} // namespace sm::drawing::dwg

@@ -1,0 +1,181 @@
+#include "dwg/file/ByteStream.h"
+#include "dwg/file/Decompress.h"
+
+#include <array>
+
+namespace sm::drawing::dwg {
+
+namespace {
+
+constexpr std::size_t kBlock = 32;
+
+/// `count` bytes from `from` on.
+struct Run {
+    std::uint8_t from = 0, count = 0;
+};
+using Runs = std::array<Run, 8>;
+
+/// In which order the bytes of a literal run of fewer than 32 stand in the file: the places in the run, one row a
+/// length.
+constexpr std::array<Runs, kBlock> kOrders{{
+    {},
+    {{{0, 1}}},
+    {{{1, 1}, {0, 1}}},
+    {{{2, 1}, {1, 1}, {0, 1}}},
+    {{{0, 4}}},
+    {{{4, 1}, {0, 4}}},
+    {{{5, 1}, {1, 4}, {0, 1}}},
+    {{{6, 1}, {5, 1}, {1, 4}, {0, 1}}},
+    {{{0, 8}}},
+    {{{8, 1}, {0, 8}}},
+    {{{9, 1}, {1, 8}, {0, 1}}},
+    {{{10, 1}, {9, 1}, {1, 8}, {0, 1}}},
+    {{{8, 4}, {0, 8}}},
+    {{{12, 1}, {8, 4}, {0, 8}}},
+    {{{13, 1}, {9, 4}, {1, 8}, {0, 1}}},
+    {{{14, 1}, {13, 1}, {9, 4}, {1, 8}, {0, 1}}},
+    {{{8, 8}, {0, 8}}},
+    {{{9, 8}, {8, 1}, {0, 8}}},
+    {{{17, 1}, {9, 8}, {1, 8}, {0, 1}}},
+    {{{18, 1}, {17, 1}, {16, 1}, {8, 8}, {0, 8}}},
+    {{{16, 4}, {8, 8}, {0, 8}}},
+    {{{20, 1}, {16, 4}, {8, 8}, {0, 8}}},
+    {{{21, 1}, {20, 1}, {16, 4}, {8, 8}, {0, 8}}},
+    {{{22, 1}, {21, 1}, {20, 1}, {16, 4}, {8, 8}, {0, 8}}},
+    {{{16, 8}, {8, 8}, {0, 8}}},
+    {{{17, 8}, {16, 1}, {8, 8}, {0, 8}}},
+    {{{25, 1}, {17, 8}, {16, 1}, {8, 8}, {0, 8}}},
+    {{{26, 1}, {25, 1}, {17, 8}, {16, 1}, {8, 8}, {0, 8}}},
+    {{{24, 4}, {16, 8}, {8, 8}, {0, 8}}},
+    {{{28, 1}, {24, 4}, {16, 8}, {8, 8}, {0, 8}}},
+    {{{29, 1}, {28, 1}, {24, 4}, {16, 8}, {8, 8}, {0, 8}}},
+    {{{30, 1}, {26, 4}, {18, 8}, {10, 8}, {2, 8}, {1, 1}, {0, 1}}},
+}};
+
+/// Whole blocks stand in the file in this order of their quarters' halves.
+constexpr Runs kWholeBlock{{{24, 4}, {28, 4}, {16, 4}, {20, 4}, {8, 4}, {12, 4}, {0, 4}, {4, 4}}};
+
+void PutOrdered(std::string_view bytes, const Runs& order, ByteTarget& target)
+{
+    for (const Run& run : order)
+        if (run.count != 0 && run.from < bytes.size())
+            target.Put(bytes.substr(run.from, run.count));
+}
+
+void CopyLiterals(std::size_t count, ByteSource& source, ByteTarget& target)
+{
+    for (; count >= kBlock && !source.CutOff() && !target.Full(); count -= kBlock)
+        PutOrdered(source.Take(kBlock), kWholeBlock, target);
+    if (count < kBlock)
+        PutOrdered(source.Take(count), kOrders[count], target);
+}
+
+std::size_t LiteralCount(unsigned opcode, ByteSource& source)
+{
+    constexpr std::size_t kLong = 0x17;
+    std::size_t count = opcode + 8;
+    if (count != kLong)
+        return count;
+    unsigned more = source.Next();
+    count += more;
+    if (more != 0xFF)
+        return count;
+    do {
+        more = source.Next();
+        more |= source.Next() << 8U;
+        count += more;
+    } while (more == 0xFFFF && !source.CutOff());
+    return count;
+}
+
+struct Reference {
+    std::size_t length = 0, distance = 0;
+    unsigned opcode = 0; ///< its last byte: the low bits say how many literals follow
+};
+
+/// The long form, whose distance takes two bytes.
+Reference ReadFar(unsigned opcode, ByteSource& source)
+{
+    Reference found;
+    found.distance = source.Next();
+    found.distance |= static_cast<std::size_t>(source.Next()) << 8U;
+    found.length = opcode & 7U;
+    if ((opcode & 8U) == 0) {
+        found.opcode = source.Next();
+        found.length += found.opcode & 0xF8U;
+        return found;
+    }
+    ++found.distance;
+    found.length += static_cast<std::size_t>(source.Next()) << 3U;
+    found.opcode = source.Next();
+    found.length += ((found.opcode & 0xF8U) << 8U) + 0x100;
+    return found;
+}
+
+Reference ReadReference(unsigned opcode, ByteSource& source)
+{
+    const unsigned kind = opcode >> 4U;
+    if (kind == 2)
+        return ReadFar(opcode, source);
+    Reference found;
+    if (kind >= 3) {
+        found.length = kind;
+        found.opcode = source.Next();
+        found.distance = (opcode & 15U) + ((found.opcode & 0xF8U) << 1U) + 1;
+        return found;
+    }
+    found.distance = source.Next();
+    found.opcode = source.Next();
+    if (kind == 0) {
+        found.length = (opcode & 15U) + 0x13 + ((found.opcode >> 3U) & 0x10U);
+        found.distance += ((found.opcode & 0x78U) << 5U) + 1;
+    } else {
+        found.length = (opcode & 15U) + 3;
+        found.distance += ((found.opcode & 0xF8U) << 5U) + 1;
+    }
+    return found;
+}
+
+/// References up to the next literal run: gives its length, 0 at the end. False in `sound`: one names nothing.
+std::size_t CopyReferences(ByteSource& source, ByteTarget& target, bool& sound)
+{
+    unsigned opcode = source.Next();
+    while (!target.Full()) {
+        const Reference reference = ReadReference(opcode, source);
+        sound = !source.CutOff() && target.Repeat(reference.distance, reference.length);
+        if (!sound || source.AtEnd())
+            return 0;
+        if (const std::size_t literals = reference.opcode & 7U; literals != 0)
+            return literals;
+        opcode = source.Next();
+        if (opcode < 0x10)
+            return LiteralCount(opcode, source);
+        if (opcode >= 0xF0)
+            opcode &= 15U;
+    }
+    return 0;
+}
+
+} // namespace
+
+Decompressed Decompress2007(std::string_view bytes, std::span<char> room)
+{
+    ByteSource source(bytes);
+    ByteTarget target(room);
+    const unsigned opcode = source.Next();
+    std::size_t literals = 0;
+    if ((opcode & 0xF0U) == 0x20) {
+        source.Take(2);
+        literals = source.Next() & 7U;
+    }
+    if (literals == 0)
+        literals = LiteralCount(opcode, source);
+    bool sound = true;
+    while (sound && literals != 0 && !source.AtEnd() && !target.Full()) {
+        CopyLiterals(literals, source, target);
+        literals = source.AtEnd() ? 0 : CopyReferences(source, target, sound);
+    }
+    return {target.Written(), target.Full()};
+}
+
+} // namespace sm::drawing::dwg

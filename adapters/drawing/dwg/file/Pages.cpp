@@ -1,0 +1,104 @@
+// R2004 and R2010 to R2018: sections are cut into pages, which are compressed one by one.
+#include "dwg/file/Bytes.h"
+#include "dwg/file/Decompress.h"
+#include "dwg/file/PageTable.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace sm::drawing::dwg {
+
+namespace {
+
+constexpr std::uint64_t kSecurityAt = 0x18;
+constexpr std::uint32_t kEncrypted = 1;
+
+class SectionReader {
+public:
+    explicit SectionReader(ContainerBuilder& builder) : m_builder(builder) {}
+
+    std::string_view Read(const Section& section)
+    {
+        m_bytes = m_builder.Zeros(SizeOf(section));
+        for (const SectionPage& page : section.pages)
+            if (page.address != 0 && !ReadPage(section, page))
+                m_builder.Tell(Damage::PagesMissing);
+        return {m_bytes.data(), m_bytes.size()};
+    }
+
+private:
+    /// Not more than what its pages reach to.
+    static std::uint64_t SizeOf(const Section& section)
+    {
+        std::uint64_t end = 0;
+        for (const SectionPage& page : section.pages)
+            if (page.offset < section.size)
+                end = std::max(end, page.offset + section.pageSize);
+        return std::min(end, section.size);
+    }
+
+    /// False: the page is damaged. What could be decompressed of it stays.
+    bool ReadPage(const Section& section, const SectionPage& page)
+    {
+        const std::string_view file = m_builder.File();
+        const PageHead head = ReadPageHead(file, page.address);
+        if (!SumsHold(file, page.address, head))
+            m_builder.TellChecksum();
+        const std::string_view data = SliceOf(file, page.address + kPageHeadSize, head.stored);
+        if (page.offset >= m_bytes.size())
+            return page.offset >= section.size;
+        const auto left = m_bytes.subspan(page.offset);
+        const auto target = left.first(std::min<std::size_t>(left.size(), section.pageSize));
+        if (section.compressed)
+            return Decompress2004(data, target).sound;
+        std::ranges::copy(data.substr(0, target.size()), target.begin());
+        return data.size() == head.stored;
+    }
+
+    ContainerBuilder& m_builder;
+    std::span<char> m_bytes;
+};
+
+constexpr std::array<std::pair<std::string_view, Stream>, kStreams> kNames{{
+    {"AcDb:Header", Stream::Header},
+    {"AcDb:Classes", Stream::Classes},
+    {"AcDb:Handles", Stream::Map},
+    {"AcDb:AcDbObjects", Stream::Objects},
+    {"AcDb:AcDsPrototype_1b", Stream::DataStore},
+    {"AcDb:SummaryInfo", Stream::Summary},
+    {"AcDb:Template", Stream::Template},
+}};
+
+} // namespace
+
+std::optional<Stream> StreamOf(std::string_view sectionName)
+{
+    for (const auto& [name, stream] : kNames)
+        if (name == sectionName)
+            return stream;
+    return std::nullopt;
+}
+
+void RefuseEncrypted(const ContainerBuilder& builder)
+{
+    builder.Refuse("it is encrypted under a password; open it in the CAD program and save it without one");
+}
+
+void OpenPages(ContainerBuilder& builder)
+{
+    if (builder.File().size() < 0x100)
+        builder.Refuse("the file is cut off in its head; save the drawing again");
+    const bool locked = (LoadAt<std::uint32_t>(builder.File(), kSecurityAt) & kEncrypted) != 0;
+    SectionReader reader(builder);
+    for (const Section& section : ReadSections(builder)) {
+        const auto stream = StreamOf(section.name);
+        if (!stream)
+            continue;
+        if (locked && section.encrypted)
+            RefuseEncrypted(builder);
+        builder.Put(*stream, reader.Read(section));
+    }
+}
+
+} // namespace sm::drawing::dwg
