@@ -113,6 +113,16 @@ void ContainerBuilder::ReadMap()
         TellChecksum();
 }
 
+/// A description (its length in letters leads) and the variable.
+void ContainerBuilder::ReadTemplate()
+{
+    const std::string_view section = Get(Stream::Template);
+    const std::uint64_t letter = Facts().release >= Release::R2007 ? 2 : 1;
+    const std::uint64_t at = 2 + letter * LoadAt<std::uint16_t>(section, 0);
+    if (section.size() >= at + 2)
+        m_built.m_measurement = LoadAt<std::int16_t>(section, at);
+}
+
 Container ContainerBuilder::Finish()
 {
     m_built.m_header = Behind(Get(Stream::Header), ViewOf(kHeaderSentinel));
@@ -129,10 +139,7 @@ Container ContainerBuilder::Finish()
     if (m_built.m_objects.empty())
         Refuse("its objects are missing; save the drawing again");
     ReadMap();
-    const std::string_view described = Get(Stream::Template);
-    const std::uint64_t at = 2 + std::uint64_t{LoadAt<std::uint16_t>(described, 0)};
-    if (described.size() >= at + 2)
-        m_built.m_measurement = LoadAt<std::int16_t>(described, at);
+    ReadTemplate();
     return std::move(m_built);
 }
 

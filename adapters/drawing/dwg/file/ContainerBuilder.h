@@ -40,6 +40,7 @@ private:
     std::string_view Behind(std::string_view section, std::string_view sentinel);
     void CheckSection(std::string_view section);
     void ReadMap();
+    void ReadTemplate();
 
     std::string_view m_file;
     const std::string& m_path;

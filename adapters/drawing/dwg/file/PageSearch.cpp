@@ -14,8 +14,11 @@ namespace {
 
 constexpr std::uint32_t kDataPageType = 0x4163043B, kPageMask = 0x4164536B;
 constexpr std::uint64_t kFirstPage = 0x100, kGrid = 0x20;
-/// The most that a page of a file seen holds, decompressed.
+/// What a page holds, decompressed, in every file seen.
 constexpr std::uint32_t kUsualPageSize = 0x7400;
+
+/// Which of its numbers is the sum over the head itself.
+constexpr std::size_t kHeadSum = 6;
 
 /// The numbers of a page's head, uncovered: the mask goes with the address.
 std::array<std::uint32_t, 8> NumbersAt(std::string_view file, std::uint64_t address)
@@ -74,8 +77,8 @@ PageHead ReadPageHead(std::string_view file, std::uint64_t address)
 {
     if (address < kFirstPage || address >= file.size() || file.size() - address < kPageHeadSize)
         return {};
-    const auto [type, section, stored, size, offset, headSum, dataSum, zero] = NumbersAt(file, address);
-    return {section, stored, size, offset, headSum, dataSum, type == kDataPageType};
+    const auto [type, section, stored, onDisk, offset, offsetHigh, headSum, dataSum] = NumbersAt(file, address);
+    return {section, stored, std::uint64_t{offsetHigh} << 32U | offset, headSum, dataSum, type == kDataPageType};
 }
 
 bool SumsHold(std::string_view file, std::uint64_t address, const PageHead& head)
@@ -84,7 +87,7 @@ bool SumsHold(std::string_view file, std::uint64_t address, const PageHead& head
     if (PageSum(0, data) != head.dataSum)
         return false;
     std::array<std::uint32_t, 8> numbers = NumbersAt(file, address);
-    numbers[5] = 0;
+    numbers[kHeadSum] = 0;
     return PageSum(head.dataSum, {reinterpret_cast<const char*>(numbers.data()), kPageHeadSize}) == head.headSum;
 }
 
@@ -103,8 +106,8 @@ std::vector<Section> SectionsOf(std::string_view file, const std::vector<FoundPa
     for (const FoundPage& page : found) {
         Section& section = byId[page.head.section];
         section.id = page.head.section;
-        section.pageSize = std::max(section.pageSize, page.head.size);
-        section.size = std::max(section.size, std::uint64_t{page.head.offset} + page.head.size);
+        section.pageSize = kUsualPageSize;
+        section.size = std::max(section.size, page.head.offset + kUsualPageSize);
         section.pages.push_back({0, page.head.offset, page.address});
         if (page.head.offset == 0)
             TellSection(file, page, section);

@@ -32,8 +32,7 @@ struct Section {
 struct PageHead {
     std::uint32_t section = 0;
     std::uint32_t stored = 0; ///< bytes that follow
-    std::uint32_t size = 0;   ///< of the page, decompressed
-    std::uint32_t offset = 0; ///< in the section
+    std::uint64_t offset = 0; ///< in the section
     std::uint32_t headSum = 0, dataSum = 0;
     bool sound = false; ///< there is a data page at this address
 };

@@ -14,6 +14,8 @@ namespace {
 constexpr std::uint64_t kSecurityAt = 0x18;
 constexpr std::uint32_t kEncrypted = 1;
 
+constexpr std::uint64_t kSmall = 4096;
+
 class SectionReader {
 public:
     explicit SectionReader(ContainerBuilder& builder) : m_builder(builder) {}
@@ -28,10 +30,10 @@ public:
     }
 
 private:
-    /// Not more than what its pages reach to.
+    /// Not more than what its pages reach to; but pages of zeros aren't written, and a small section may have no other.
     static std::uint64_t SizeOf(const Section& section)
     {
-        std::uint64_t end = 0;
+        std::uint64_t end = kSmall;
         for (const SectionPage& page : section.pages)
             if (page.offset < section.size)
                 end = std::max(end, page.offset + section.pageSize);
