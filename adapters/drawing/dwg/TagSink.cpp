@@ -1,6 +1,6 @@
 #include "dwg/TagSink.h"
 
-#include "tags/EntityKinds.h"
+#include "drawing/EntityKinds.h"
 
 #include <algorithm>
 #include <array>
@@ -220,6 +220,13 @@ void TagSink::Point(int code, const Vec3& point)
     Real(code, point.x);
     Real(code + 10, point.y);
     Real(code + 20, point.z);
+}
+
+std::string TagSink::Take(std::size_t from)
+{
+    std::string tags = m_bytes.substr(from);
+    m_bytes.resize(from);
+    return tags;
 }
 
 DecodedTags TagSink::Finish()

@@ -53,6 +53,10 @@ public:
     void Point(int code, const Vec2& point);
     void Point(int code, const Vec3& point);
 
+    /// Cuts off what was written since the sink had that size; Put appends it again.
+    std::string Take(std::size_t from);
+    void Put(std::string_view tags) { m_bytes.append(tags); }
+
     [[nodiscard]] std::size_t Size() const { return m_bytes.size(); }
     /// Ends everything. The sink is empty afterwards.
     DecodedTags Finish();

@@ -1,0 +1,136 @@
+#include "dwg/entities/EntityDecoders.h"
+
+namespace sm::drawing::dwg {
+
+void DecodeLine(Object& object)
+{
+    BitReader& data = object.data;
+    Vec3 start, end;
+    if (object.Before(Release::R2000)) {
+        start = object.BD3();
+        end = object.BD3();
+    } else {
+        const bool flat = data.B();
+        start.x = data.RD();
+        end.x = data.DD(start.x);
+        start.y = data.RD();
+        end.y = data.DD(start.y);
+        start.z = flat ? 0 : data.RD();
+        end.z = flat ? 0 : data.DD(start.z);
+    }
+    object.WriteThickness(object.BT());
+    object.sink.Point(10, start);
+    object.sink.Point(11, end);
+    object.WriteExtrusion(object.BE());
+}
+
+void DecodePoint(Object& object)
+{
+    object.sink.Point(10, object.BD3());
+    object.WriteThickness(object.BT());
+    object.WriteExtrusion(object.BE());
+    if (const double angle = object.data.BD(); angle != 0)
+        object.WriteAngle(50, angle);
+}
+
+void DecodeCircle(Object& object)
+{
+    object.sink.Point(10, object.BD3());
+    object.sink.Real(40, object.data.BD());
+    object.WriteThickness(object.BT());
+    object.WriteExtrusion(object.BE());
+}
+
+void DecodeArc(Object& object)
+{
+    DecodeCircle(object);
+    object.WriteAngle(50, object.data.BD());
+    object.WriteAngle(51, object.data.BD());
+}
+
+void DecodeEllipse(Object& object)
+{
+    object.sink.Point(10, object.BD3());
+    object.sink.Point(11, object.BD3());
+    object.WriteExtrusion(object.BD3());
+    object.sink.Real(40, object.data.BD());
+    object.sink.Real(41, object.data.BD());
+    object.sink.Real(42, object.data.BD());
+}
+
+void DecodeRay(Object& object)
+{
+    object.sink.Point(10, object.BD3());
+    object.sink.Point(11, object.BD3());
+}
+
+namespace {
+
+constexpr std::int32_t kClosed = 1, kPeriodic = 2, kRational = 4;
+
+void DecodeControlForm(Object& object, std::uint32_t degree)
+{
+    BitReader& data = object.data;
+    TagSink& sink = object.sink;
+    std::int32_t flags = data.B() ? kRational : 0;
+    flags |= data.B() ? kClosed : 0;
+    flags |= data.B() ? kPeriodic : 0;
+    (void)data.BD();
+    (void)data.BD();
+    std::uint32_t knots = data.BL(), points = data.BL();
+    const bool weighted = data.B();
+    sink.Integer(70, flags);
+    sink.Integer(71, degree);
+    for (knots = data.Count(knots, 2); knots > 0 && !data.Overrun(); --knots)
+        sink.Real(40, data.BD());
+    for (points = data.Count(points, 6); points > 0 && !data.Overrun(); --points) {
+        sink.Point(10, object.BD3());
+        if (weighted)
+            sink.Real(41, data.BD());
+    }
+}
+
+void DecodeFitForm(Object& object, std::uint32_t degree, std::int32_t flags)
+{
+    BitReader& data = object.data;
+    TagSink& sink = object.sink;
+    (void)data.BD();
+    const Vec3 start = object.BD3(), end = object.BD3();
+    sink.Integer(70, flags);
+    sink.Integer(71, degree);
+    if (start != Vec3{})
+        sink.Point(12, start);
+    if (end != Vec3{})
+        sink.Point(13, end);
+    for (std::uint32_t points = data.Count(data.BL(), 6); points > 0 && !data.Overrun(); --points)
+        sink.Point(11, object.BD3());
+}
+
+} // namespace
+
+void DecodeSpline(Object& object)
+{
+    constexpr std::uint32_t kFitScenario = 2, kFitMethod = 1, kClosedFit = 4, kCustomKnots = 15;
+    BitReader& data = object.data;
+    bool fit = data.BL() == kFitScenario;
+    std::int32_t flags = 0;
+    if (object.Since(Release::R2013)) {
+        const std::uint32_t bits = data.BL(), knots = data.BL();
+        fit = (bits & kFitMethod) != 0 && knots != kCustomKnots;
+        flags = (bits & kClosedFit) != 0 ? kClosed : 0;
+    }
+    const std::uint32_t degree = data.BL();
+    if (fit)
+        DecodeFitForm(object, degree, flags);
+    else
+        DecodeControlForm(object, degree);
+}
+
+void DecodeHelix(Object& object)
+{
+    object.sink.Text(100, "AcDbSpline");
+    DecodeSpline(object);
+    object.sink.Text(100, "AcDbHelix");
+}
+
+} // namespace sm::drawing::dwg

@@ -1,0 +1,57 @@
+// Long lists of plain fields as tables: the header variables and the dimension styles. For this room only.
+#pragma once
+
+#include "dwg/objects/Object.h"
+
+#include <span>
+
+namespace sm::drawing::dwg {
+
+/// What a field is in the file.
+enum class Field : std::uint8_t {
+    Bit,
+    Char,
+    Short,
+    Long,
+    LongLong,
+    Double,
+    Text,
+    Color,
+    Handle,     ///< of the handle stream where there is one
+    DataHandle, ///< in the data in every release
+    Point2,     ///< two raw doubles
+    Point3,
+    Date,  ///< days and milliseconds
+    Flags, ///< $CELWEIGHT and others in one number
+    Style, ///< $CEPSNTYPE, and a handle for one of its values
+};
+
+/// A field of the releases from `first` to `last`. Without a name it is read and left out.
+struct Row {
+    Field field;
+    const char* name = nullptr;
+    int code = 0; ///< of a header variable when the usual one of its kind isn't right; of a style: the group
+    Release first = Release::R13, last = Release::R2018;
+};
+
+/// The dimension variables in the order of the header, which is that of dimension styles.
+std::span<const Row> DimensionRows();
+
+/// Reads the fields of the object's release: as header variables, or as groups of the open entry.
+void WriteVariables(Object& object, std::span<const Row> rows);
+void WriteGroups(Object& object, std::span<const Row> rows);
+
+/// The handles of control objects and dictionaries that the header names.
+struct HeaderLinks {
+    Handle blocks = 0, layers = 0, styles = 0, linetypes = 0, views = 0, systems = 0, viewports = 0, applications = 0,
+           dimensionStyles = 0, dictionary = 0, modelSpace = 0, paperSpace = 0;
+};
+
+/// Where the header's fields begin; sets the object's streams. False: the header is unreadable.
+bool OpenHeader(Object& object, const Container& container);
+/// Reads the header for its links alone: the names that its variables need come later.
+HeaderLinks ReadHeaderLinks(Object& object, const Container& container);
+/// The variables, and those that stand elsewhere in the file.
+void WriteHeader(Object& object, const Container& container);
+
+} // namespace sm::drawing::dwg

@@ -1,0 +1,53 @@
+#include "dwg/records/RecordDecoders.h"
+
+#include <array>
+
+namespace sm::drawing::dwg {
+
+namespace {
+
+constexpr std::array kRows{
+    RecordRow{42, "DICTIONARY", DecodeDictionary},
+    RecordRow{73, "MLINESTYLE", DecodeMLineStyle},
+    RecordRow{79, "XRECORD", DecodeXRecord},
+    RecordRow{80, "ACDBPLACEHOLDER", DecodePlaceholder},
+    RecordRow{82, "LAYOUT", DecodeLayout},
+    RecordRow{0, "ACDBDICTIONARYWDFLT", DecodeDictionaryWithDefault},
+    RecordRow{0, "DICTIONARYVAR", DecodeDictionaryVariable},
+    RecordRow{0, "PLOTSETTINGS", DecodePlotSettings},
+    RecordRow{0, "SORTENTSTABLE", DecodeSortTable},
+    RecordRow{0, "IMAGEDEF", DecodeImageDefinition},
+    RecordRow{0, "RASTERVARIABLES", DecodeRasterVariables},
+    RecordRow{0, "WIPEOUTVARIABLES", DecodeWipeoutVariables},
+    RecordRow{0, "PDFDEFINITION", DecodeUnderlayDefinition},
+    RecordRow{0, "DWFDEFINITION", DecodeUnderlayDefinition},
+    RecordRow{0, "DGNDEFINITION", DecodeUnderlayDefinition},
+    RecordRow{0, "MLEADERSTYLE", DecodeMLeaderStyle},
+    RecordRow{0, "TABLESTYLE", DecodeTableStyle},
+    RecordRow{0, "FIELD", DecodeField},
+    RecordRow{0, "SPATIAL_FILTER", DecodeSpatialFilter},
+    RecordRow{0, "SCALE", DecodeScale},
+    RecordRow{0, "ACDB_TEXTOBJECTCONTEXTDATA_CLASS", DecodeTextContext},
+    RecordRow{0, "ACDB_MTEXTOBJECTCONTEXTDATA_CLASS", DecodeMTextContext},
+    RecordRow{0, "ACDB_BLKREFOBJECTCONTEXTDATA_CLASS", DecodeInsertContext},
+};
+
+} // namespace
+
+const RecordRow* FindRecordRow(std::uint32_t type)
+{
+    for (const RecordRow& row : kRows)
+        if (row.type != 0 && row.type == type)
+            return &row;
+    return nullptr;
+}
+
+const RecordRow* FindRecordRow(std::string_view className)
+{
+    for (const RecordRow& row : kRows)
+        if (className == row.name)
+            return &row;
+    return nullptr;
+}
+
+} // namespace sm::drawing::dwg
