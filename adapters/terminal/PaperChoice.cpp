@@ -1,5 +1,7 @@
 #include "terminal/PaperChoice.h"
 
+#include "base/Units.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -8,7 +10,6 @@
 namespace sm::terminal {
 namespace {
 
-constexpr double kMillimetresPerInch = 25.4;
 constexpr double kSlack = 3.0;
 constexpr double kLikeProportion = 0.05;
 
@@ -50,7 +51,7 @@ std::optional<Paper> PaperOfName(const std::string& name)
     const std::optional<double> height = TakeNumber(rest);
     if (!height)
         return std::nullopt;
-    const double unit = rest.starts_with("Inches") ? kMillimetresPerInch : 1.0;
+    const double unit = rest.starts_with("Inches") ? base::kMillimetresPerInch : 1.0;
     return Paper{*width * unit, *height * unit};
 }
 

@@ -11,11 +11,11 @@ PLUGIN = {"ports", "settings", "plotting", "annotations", "hostobjects", "ui", "
 
 # Each room with the rooms whose public headers it may include ("src": any folder of the plug-in), and its sub-rooms
 # from the lowest up, each with the sub-rooms that it may include besides itself and the room's public headers.
-# "" is the room's own folder, "*" any sub-room.
+# "" is the room's own folder, "*" any sub-room. Every room may include base, the lowest.
 ROOMS = {
-    "process": ((), {"": ()}),
+    "base": ((), {"text": (), "files": (), "process": ("files",)}),
     "prologue": ((), {}),
-    "drawing": (("process",), {
+    "drawing": ((), {
         "tags": (),
         "entities": ("tags",),
         "acis": ("tags", "entities"),
@@ -54,7 +54,7 @@ ROOMS = {
         "session": ("answers", "devices"),
         "objects": ("*",),
     }),
-    "publisher": (("prologue", "process", "ports"), {
+    "publisher": (("prologue", "ports"), {
         "pdf": (),
         "joboptions": ("pdf",),
         "marks": ("pdf",),
@@ -137,7 +137,7 @@ def fault_of_arrow(includer, included):
         other = included.split("/")[1]
         if included.startswith("adapters/") and sub_room_of(included) != "*":
             return "an inside of another room"
-        if neighbours is not None and other not in neighbours:
+        if neighbours is not None and other not in (*neighbours, "base"):
             return f"allowed are {', '.join(neighbours) or 'none'}"
         return None
     own, other = sub_room_of(includer), sub_room_of(included)

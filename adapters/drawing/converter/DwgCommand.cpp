@@ -1,11 +1,9 @@
 #include "converter/DwgCommand.h"
 
-#include "process/ChildProcess.h"
+#include "base/process/ChildProcess.h"
 
 #include <cstdlib>
 #include <filesystem>
-
-#include <unistd.h>
 
 namespace sm::drawing {
 
@@ -31,7 +29,7 @@ std::string PackageFolder(const DwgOptions& options)
 
 std::string Program(const DwgOptions& options, const std::string& name)
 {
-    return options.searchPath ? process::FindProgram(name, *options.searchPath) : process::FindProgram(name);
+    return options.searchPath ? base::FindProgram(name, *options.searchPath) : base::FindProgram(name);
 }
 
 std::string InstallingCommand(const DwgOptions& options, bool needsNode)
@@ -61,16 +59,16 @@ DwgCommand NodeCommand(const DwgOptions& options)
 /// Another program of that name has been seen: only one that tells its version as LibreDWG does is taken.
 std::string VersionOfDwg2Dxf(const std::string& program)
 {
-    process::ChildCommand command;
+    base::ChildCommand command;
     command.program = program;
     command.arguments = {"--version"};
     command.environment = {"LC_ALL=C"};
     command.workingFolder = "/";
     command.limits.deadline = std::chrono::seconds(10);
     command.limits.cpuSeconds = 5;
-    const process::ChildResult result = process::RunChild(command);
+    const base::ChildResult result = base::RunChild(command);
     const std::string line = result.output.substr(0, result.output.find('\n'));
-    const bool told = result.end == process::ChildResult::End::Exited && line.starts_with("dwg2dxf ") &&
+    const bool told = result.end == base::ChildResult::End::Exited && line.starts_with("dwg2dxf ") &&
                       line.find_first_of("0123456789") != std::string::npos;
     return told ? line : std::string();
 }

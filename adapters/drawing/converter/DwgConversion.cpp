@@ -1,20 +1,19 @@
 #include "converter/DwgConversion.h"
 
+#include "base/files/File.h"
+#include "base/files/Paths.h"
+#include "base/files/PrivateFolder.h"
+#include "base/process/ChildProcess.h"
+#include "base/process/ThisProcess.h"
 #include "converter/DwgCommand.h"
 #include "drawing/Drawing.h"
-#include "process/ChildProcess.h"
-#include "process/PrivateFolder.h"
 #include "tags/FileKind.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
-#include <unistd.h>
-
-extern char** environ;
 
 namespace sm::drawing {
 
@@ -39,9 +38,9 @@ struct Files {
     }
 };
 
-[[noreturn]] void ThrowFolder(const std::string& path, const std::string& folder, int error)
+[[noreturn]] void ThrowFolder(const std::string& path, const std::string& folder, const std::error_code& error)
 {
-    throw DrawingError(path + ": the DWG can't be copied into " + folder + " (" + std::strerror(error) +
+    throw DrawingError(path + ": the DWG can't be copied into " + folder + " (" + error.message() +
                        "); free some space or set TMPDIR to another folder");
 }
 
@@ -49,20 +48,17 @@ void CopyIn(const std::string& path, const Files& files, std::string_view bytes)
 {
     std::error_code error;
     for (const char* part : {"/in", "/out", "/tmp"})
-        if (!fs::create_directory(files.folder + part, error))
-            ThrowFolder(path, files.folder, error.value());
-    const int file = ::open(files.source.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-    if (file < 0)
-        ThrowFolder(path, files.folder, errno);
-    int failed = 0;
-    while (!bytes.empty() && failed == 0) {
-        const ssize_t done = ::write(file, bytes.data(), bytes.size());
-        if (done < 0 && errno != EINTR)
-            failed = errno;
-        bytes.remove_prefix(done > 0 ? static_cast<std::size_t>(done) : 0);
+        if (!fs::create_directory(base::ToPath(files.folder + part), error))
+            ThrowFolder(path, files.folder, error);
+    base::File file = base::File::Create(files.source, base::File::Rights::Private, error);
+    if (!file.IsOpen())
+        ThrowFolder(path, files.folder, error);
+    try {
+        file.Write(bytes);
+        file.Close();
+    } catch (const std::system_error& failure) {
+        ThrowFolder(path, files.folder, failure.code());
     }
-    if (::close(file) != 0 || failed != 0)
-        ThrowFolder(path, files.folder, failed != 0 ? failed : EIO);
 }
 
 std::string Filled(std::string word, const Files& files)
@@ -81,17 +77,15 @@ std::string Filled(std::string word, const Files& files)
 std::vector<std::string> EnvironmentFor(const Files& files)
 {
     std::vector<std::string> variables{"TMPDIR=" + files.folder + "/tmp", "QT_QPA_PLATFORM=offscreen"};
-    for (char** variable = environ; variable != nullptr && *variable != nullptr; ++variable) {
-        const std::string_view text(*variable);
+    for (const std::string& text : base::Variables())
         if (!text.starts_with("NODE_") && !text.starts_with("TMPDIR=") && !text.starts_with("QT_QPA_PLATFORM="))
-            variables.emplace_back(text);
-    }
+            variables.push_back(text);
     return variables;
 }
 
-process::ChildResult Run(const DwgCommand& chosen, const Files& files, std::uint64_t size, std::chrono::seconds wall)
+base::ChildResult Run(const DwgCommand& chosen, const Files& files, std::uint64_t size, std::chrono::seconds wall)
 {
-    process::ChildCommand command;
+    base::ChildCommand command;
     command.program = chosen.program;
     for (const std::string& argument : chosen.arguments)
         command.arguments.push_back(Filled(argument, files));
@@ -101,7 +95,7 @@ process::ChildResult Run(const DwgCommand& chosen, const Files& files, std::uint
     command.limits.deadline = wall;
     command.limits.cpuSeconds = static_cast<std::uint64_t>(wall.count());
     command.limits.fileBytes = 256 * kMegabyte + 64 * size;
-    return process::RunChild(command);
+    return base::RunChild(command);
 }
 
 /// The last line that says something, fit for a message.
@@ -122,14 +116,14 @@ std::string LastLine(const std::string& output)
     return line.starts_with(kRefused) ? line.substr(kRefused.size()) : line;
 }
 
-void RequireGoodEnd(const std::string& path, const std::string& name, const process::ChildResult& result,
+void RequireGoodEnd(const std::string& path, const std::string& name, const base::ChildResult& result,
                     std::chrono::seconds wall)
 {
-    using End = process::ChildResult::End;
+    using End = base::ChildResult::End;
     const std::string converter = "the DWG converter (" + name + ") ";
     const std::string remedy = "; the file may be damaged: save the drawing again, or as DXF";
     if (result.end == End::NotStarted)
-        throw DrawingError(path + ": " + converter + "can't be started (" + std::strerror(result.code) +
+        throw DrawingError(path + ": " + converter + "can't be started (" + result.reason +
                            "); \"sheetmaker doctor\" says more");
     if (result.end == End::PastDeadline)
         throw DrawingError(path + ": " + converter + "was stopped after " + std::to_string(wall.count()) + " seconds" +
@@ -195,17 +189,17 @@ FileBytes ConvertDwg(const FileBytes& bytes, const std::string& path, const DwgO
                                   command.readiness.what + "; " + (command.readiness.remedyIsCommand ? "run: " : "") +
                                   command.readiness.remedy + "; or save the drawing as DXF");
     try {
-        const process::PrivateFolder folder(options.workFolder);
+        const base::PrivateFolder folder(options.workFolder);
         const Files files(folder.Path());
         const std::uint64_t size = bytes.View().size();
         const std::chrono::seconds wall = WallLimit(options, size);
         CopyIn(path, files, bytes.View());
-        const process::ChildResult result = Run(command, files, size, wall);
+        const base::ChildResult result = Run(command, files, size, wall);
         RequireGoodEnd(path, command.name, result, wall);
         FileBytes dxf = TakeOutput(path, command.name, files);
         TakeLosses(result.output, findings);
         return dxf;
-    } catch (const process::FolderFailure& failure) {
+    } catch (const base::FolderFailure& failure) {
         throw DrawingError(path + ": " + failure.what());
     }
 }

@@ -1,5 +1,5 @@
 #include "dxf/DxfDrawing.h"
-#include "write/AtomicFile.h"
+#include "write/ReplaceFile.h"
 
 namespace sm::drawing {
 

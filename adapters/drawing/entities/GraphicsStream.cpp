@@ -1,5 +1,6 @@
 #include "entities/GraphicsStream.h"
 
+#include "base/text/Utf8.h"
 #include "drawing/TextDecoder.h"
 #include "entities/PackedPolyline.h"
 #include "entities/SpaceVectors.h"
@@ -115,9 +116,9 @@ std::string GraphicsStream::Text(bool wide)
         else if (c >= 0xD800 && c < 0xDC00)
             high = c;
         else if (c >= 0xDC00 && c < 0xE000 && high != 0)
-            AppendUtf8(text, 0x10000 + ((high & 0x3FF) << 10 | (c & 0x3FF)));
+            base::AppendUtf8(text, 0x10000 + ((high & 0x3FF) << 10 | (c & 0x3FF)));
         else if (!ended)
-            AppendUtf8(text, c);
+            base::AppendUtf8(text, c);
     }
     m_at = std::min(m_end, begin + (m_at - begin + 3) / 4 * 4);
     return wide ? text : m_drawing.Tags().text->Decode(text);

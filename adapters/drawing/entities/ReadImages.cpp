@@ -2,6 +2,8 @@
 #include "drawing/entities/Images.h"
 #include "entities/EntityTags.h"
 
+#include "base/Units.h"
+
 #include <algorithm>
 
 namespace sm::drawing {
@@ -104,7 +106,7 @@ void ReadUnderlay(EntityTags& tags, ImageData& data)
     while (tags.Next())
         if (!tags.Take(10, data.insertion) && !TakeClipPoint(tags, 11, data))
             TakeUnderlayTag(tags, data, scale, rotation);
-    const double angle = rotation * 3.14159265358979323846 / 180;
+    const double angle = base::RadiansOf(rotation);
     data.u = Vec3{std::cos(angle), std::sin(angle), 0} * scale.x;
     data.v = Vec3{-std::sin(angle), std::cos(angle), 0} * scale.y;
     data.clipping = (data.flags & 1) != 0 && !data.clip.empty();

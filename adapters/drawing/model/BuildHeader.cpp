@@ -1,5 +1,7 @@
 #include "model/Model.h"
 
+#include "base/text/Utf8.h"
+
 #include <algorithm>
 #include <array>
 
@@ -48,7 +50,7 @@ BadUtf8 FindBadUtf8(std::string_view file)
             continue;
         }
         const std::size_t before = at;
-        if (ReadUtf8(file, at))
+        if (base::ReadUtf8(file, at))
             continue;
         if (bad.count++ == 0)
             bad.line = 1 + static_cast<std::uint32_t>(

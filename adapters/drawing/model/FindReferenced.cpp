@@ -4,11 +4,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <fcntl.h>
 #include <filesystem>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace sm::drawing {
 
@@ -127,30 +123,6 @@ std::string ReferencedFileName(const std::string& name)
 {
     const std::size_t slash = name.find_last_of("/\\");
     return slash == std::string::npos ? name : name.substr(slash + 1);
-}
-
-std::optional<std::string> ReadRegularFile(const std::string& path, std::uint64_t largest)
-{
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    struct stat facts = {};
-    std::optional<std::string> bytes;
-    if (descriptor >= 0 && ::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode) &&
-        static_cast<std::uint64_t>(facts.st_size) <= largest) {
-        bytes.emplace(static_cast<std::size_t>(facts.st_size), '\0');
-        std::size_t filled = 0;
-        while (filled < bytes->size()) {
-            const ssize_t got = ::read(descriptor, bytes->data() + filled, bytes->size() - filled);
-            if (got == 0 || (got < 0 && errno != EINTR)) {
-                break;
-            }
-            filled += got > 0 ? static_cast<std::size_t>(got) : 0;
-        }
-        bytes->resize(filled);
-    }
-    if (descriptor >= 0) {
-        ::close(descriptor);
-    }
-    return bytes;
 }
 
 } // namespace sm::drawing

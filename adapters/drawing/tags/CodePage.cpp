@@ -1,9 +1,12 @@
 #include "drawing/CodePage.h"
 
+#include "base/text/Names.h"
+#include "base/text/PageReader.h"
+#include "base/text/Utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <iconv.h>
 #include <map>
 #include <mutex>
 #include <utility>
@@ -11,8 +14,6 @@
 namespace sm::drawing {
 
 namespace {
-
-constexpr char32_t kReplacement = 0xFFFD;
 
 /// Names of $DWGCODEPAGE that hold no page number, in capitals.
 constexpr std::array<std::pair<std::string_view, const char*>, 18> kNamed{{
@@ -43,51 +44,11 @@ constexpr std::array<std::pair<std::string_view, const char*>, 4> kNumbered{{
     {"65001", "CP1252"},
 }};
 
-/// One run of the system's converter from a page to UTF-32.
-class Converter {
-public:
-    explicit Converter(const std::string& from) : m_handle(iconv_open("UTF-32LE", from.c_str())) {}
-    ~Converter()
-    {
-        if (Valid())
-            iconv_close(m_handle);
-    }
-    Converter(const Converter&) = delete;
-    Converter& operator=(const Converter&) = delete;
-    [[nodiscard]] bool Valid() const { return m_handle != reinterpret_cast<iconv_t>(-1); }
-
-    /// The one character that these bytes spell; 0 when they are no character or more than one.
-    char32_t One(std::string bytes)
-    {
-        char32_t out = 0;
-        char* in = bytes.data();
-        std::size_t inLeft = bytes.size();
-        char* to = reinterpret_cast<char*>(&out);
-        std::size_t toLeft = sizeof out;
-        iconv(m_handle, nullptr, nullptr, nullptr, nullptr);
-        const bool read = iconv(m_handle, &in, &inLeft, &to, &toLeft) != static_cast<std::size_t>(-1);
-        // Pages with combining marks hold a letter back until they are told that no mark follows.
-        iconv(m_handle, nullptr, nullptr, &to, &toLeft);
-        return read && inLeft == 0 && toLeft == 0 ? out : 0;
-    }
-
-private:
-    iconv_t m_handle;
-};
-
-std::string Capitals(std::string_view text)
-{
-    std::string result(text);
-    for (char& c : result)
-        c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-    return result;
-}
-
 } // namespace
 
 std::string ConverterName(std::string_view codePage)
 {
-    const std::string name = Capitals(codePage);
+    const std::string name = base::UpperAscii(codePage);
     for (const auto& [known, converter] : kNamed)
         if (name == known)
             return converter;
@@ -98,12 +59,12 @@ std::string ConverterName(std::string_view codePage)
             return converter;
     const bool plain = !number.empty() && number.size() <= 4 &&
                        std::all_of(number.begin(), number.end(), [](unsigned char c) { return std::isdigit(c); });
-    return plain && Converter("CP" + number).Valid() ? "CP" + number : std::string();
+    return plain && base::PageReader("CP" + number).Knows() ? "CP" + number : std::string();
 }
 
 CodePage::CodePage(const std::string& converter) : m_converter(converter), m_single(256), m_pairs(256)
 {
-    if (!Converter(m_converter).Valid())
+    if (!base::PageReader(m_converter).Knows())
         m_converter = "CP1252";
     LoadSingles();
     const std::array pairPages{"CP932", "GBK", "CP949", "BIG5", "JOHAB"};
@@ -116,9 +77,9 @@ CodePage::CodePage(const std::string& converter) : m_converter(converter), m_sin
 
 void CodePage::LoadSingles()
 {
-    Converter converter(m_converter);
+    base::PageReader reader(m_converter);
     for (unsigned byte = 0; byte < 256; ++byte)
-        m_single[byte] = byte < 0x80 ? byte : converter.One(std::string(1, static_cast<char>(byte)));
+        m_single[byte] = byte < 0x80 ? byte : reader.One(std::string(1, static_cast<char>(byte)));
     // The holes of the Windows pages are control characters there.
     for (unsigned byte = 0x80; byte < 0xA0 && m_converter.starts_with("CP125"); ++byte)
         if (m_single[byte] == 0)
@@ -127,10 +88,10 @@ void CodePage::LoadSingles()
 
 void CodePage::LoadPairs(unsigned lead)
 {
-    Converter converter(m_converter);
+    base::PageReader reader(m_converter);
     std::vector<char32_t> row(256);
     for (unsigned trail = 0x31; trail < 0xFF; ++trail)
-        row[trail] = converter.One({static_cast<char>(lead), static_cast<char>(trail)});
+        row[trail] = reader.One({static_cast<char>(lead), static_cast<char>(trail)});
     if (std::any_of(row.begin(), row.end(), [](char32_t c) { return c != 0; }))
         m_pairs[lead] = std::move(row);
 }
@@ -141,10 +102,10 @@ char32_t CodePage::Read(std::string_view text, std::size_t& at) const
     if (m_single[lead] != 0 || lead == 0)
         return m_single[lead];
     if (m_pairs[lead].empty() || at >= text.size())
-        return kReplacement;
+        return base::kReplacement;
     const char32_t character = m_pairs[lead][static_cast<unsigned char>(text[at])];
     if (character == 0)
-        return kReplacement;
+        return base::kReplacement;
     ++at;
     return character;
 }

@@ -1,49 +1,19 @@
 #include "tags/FileBytes.h"
 
+#include "base/files/MappedFile.h"
 #include "drawing/Drawing.h"
-
-#include <cerrno>
-#include <cstring>
-#include <fcntl.h>
-#include <sys/mman.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace sm::drawing {
 
 namespace {
 
-/// A file descriptor that is closed at the end of its scope.
-class Descriptor {
-public:
-    explicit Descriptor(int number) : m_number(number) {}
-    ~Descriptor()
-    {
-        if (m_number >= 0)
-            close(m_number);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    [[nodiscard]] int Number() const { return m_number; }
-
-private:
-    int m_number;
-};
-
-FileStamp StampFrom(const struct stat& state)
+[[noreturn]] void ThrowOpenError(const std::string& path, const std::error_code& error)
 {
-    return {static_cast<std::uint64_t>(state.st_dev), static_cast<std::uint64_t>(state.st_ino),
-            static_cast<std::uint64_t>(state.st_size), static_cast<std::int64_t>(state.st_mtim.tv_sec),
-            static_cast<std::int64_t>(state.st_mtim.tv_nsec)};
-}
-
-[[noreturn]] void ThrowOpenError(const std::string& path, int error)
-{
-    if (error == ENOENT || error == ENOTDIR)
+    if (base::IsMissing(error))
         throw DrawingError(path + ": there is no such file; check the name");
-    if (error == EACCES || error == EPERM)
+    if (base::IsForbidden(error))
         throw DrawingError(path + ": the file may not be read; ask for the right to read it");
-    throw DrawingError(path + ": the file can't be read (" + std::strerror(error) +
+    throw DrawingError(path + ": the file can't be read (" + error.message() +
                        "); copy it to another disk and try again");
 }
 
@@ -51,25 +21,21 @@ FileStamp StampFrom(const struct stat& state)
 
 FileBytes FileBytes::Map(const std::string& path)
 {
-    const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    struct stat state {};
-    if (file.Number() < 0 || fstat(file.Number(), &state) != 0)
-        ThrowOpenError(path, errno);
-    if (S_ISDIR(state.st_mode))
+    std::error_code error;
+    const auto file = std::make_shared<const base::MappedFile>(path, base::MappedFile::Reading::Whole, error);
+    if (error)
+        ThrowOpenError(path, error);
+    const base::FileFacts& facts = file->Facts();
+    if (facts.kind == base::FileKind::Folder)
         throw DrawingError(path + ": this is a folder; name a drawing in it");
-    if (!S_ISREG(state.st_mode))
+    if (facts.kind != base::FileKind::File)
         throw DrawingError(path + ": this is no ordinary file; name a drawing");
-    if (state.st_size == 0)
+    if (facts.stamp.size == 0)
         throw DrawingError(path + ": the file is empty; save the drawing again");
-    const auto size = static_cast<std::size_t>(state.st_size);
-    void* const address = mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_POPULATE, file.Number(), 0);
-    if (address == MAP_FAILED)
-        ThrowOpenError(path, errno);
     FileBytes bytes;
-    bytes.m_owner =
-        std::shared_ptr<const void>(address, [size](const void* at) { munmap(const_cast<void*>(at), size); });
-    bytes.m_view = {static_cast<const char*>(address), size};
-    bytes.m_stamp = StampFrom(state);
+    bytes.m_view = file->Bytes();
+    bytes.m_stamp = facts.stamp;
+    bytes.m_owner = file;
     return bytes;
 }
 
@@ -84,8 +50,8 @@ FileBytes FileBytes::Keep(std::string text)
 
 FileStamp FileBytes::StampOf(const std::string& path)
 {
-    struct stat state {};
-    return stat(path.c_str(), &state) == 0 ? StampFrom(state) : FileStamp{};
+    std::error_code unknown;
+    return base::FactsOf(path, unknown).stamp;
 }
 
 } // namespace sm::drawing

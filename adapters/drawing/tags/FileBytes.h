@@ -1,19 +1,15 @@
-// The bytes of a file, mapped for reading, or of a text in memory.
+// The bytes of a drawing's file, mapped for reading, or of a text in memory.
 #pragma once
 
-#include <cstdint>
+#include "base/files/FileFacts.h"
+
 #include <memory>
 #include <string>
 #include <string_view>
 
 namespace sm::drawing {
 
-/// What tells one state of a file on disk from another.
-struct FileStamp {
-    std::uint64_t device = 0, inode = 0, size = 0;
-    std::int64_t seconds = 0, nanoseconds = 0;
-    friend bool operator==(const FileStamp&, const FileStamp&) = default;
-};
+using base::FileStamp;
 
 class FileBytes {
 public:

@@ -1,5 +1,7 @@
 #include "tags/NameTable.h"
 
+#include "base/text/Utf8.h"
+
 namespace sm::drawing {
 
 namespace {
@@ -27,7 +29,7 @@ std::string FoldName(std::string_view utf8)
     std::string folded;
     folded.reserve(utf8.size());
     for (std::size_t at = 0; at < utf8.size();)
-        AppendUtf8(folded, Capital(ReadUtf8(utf8, at).value_or(0xFFFD)));
+        base::AppendUtf8(folded, Capital(base::ReadUtf8(utf8, at).value_or(0xFFFD)));
     return folded;
 }
 

@@ -1,5 +1,7 @@
 #include "drawing/TextDecoder.h"
 
+#include "base/text/Utf8.h"
+
 #include <algorithm>
 #include <charconv>
 #include <optional>
@@ -82,7 +84,7 @@ bool TextDecoder::AppendPaged(std::string_view raw, std::size_t& at, std::string
         bytes.push_back(static_cast<char>(*value >> 8));
     bytes.push_back(static_cast<char>(*value & 0xFF));
     std::size_t read = 0;
-    AppendUtf8(target, PageOfEscape(static_cast<std::size_t>(raw[at + 3] - '1')).Read(bytes, read));
+    base::AppendUtf8(target, PageOfEscape(static_cast<std::size_t>(raw[at + 3] - '1')).Read(bytes, read));
     at += 8;
     return true;
 }
@@ -96,7 +98,7 @@ bool TextDecoder::AppendEscape(std::string_view raw, std::size_t& at, std::strin
         return false;
     const std::optional<char32_t> character = ReadUnicodeEscape(raw, at);
     if (character)
-        AppendUtf8(target, *character);
+        base::AppendUtf8(target, *character);
     return character.has_value();
 }
 
@@ -106,7 +108,7 @@ void TextDecoder::Append(std::string_view raw, std::string& target) const
         target += raw;
         return;
     }
-    const bool utf8 = m_utf8 && IsUtf8(raw);
+    const bool utf8 = m_utf8 && base::IsUtf8(raw);
     for (std::size_t at = 0; at < raw.size();) {
         const char c = raw[at];
         if (c == '\\' && AppendEscape(raw, at, target))
@@ -115,7 +117,7 @@ void TextDecoder::Append(std::string_view raw, std::string& target) const
             target.push_back(c);
             ++at;
         } else {
-            AppendUtf8(target, Page().Read(raw, at));
+            base::AppendUtf8(target, Page().Read(raw, at));
         }
     }
 }
@@ -139,7 +141,7 @@ std::string TextDecoder::Encode(std::string_view utf8) const
         return std::string(utf8);
     std::string bytes;
     for (std::size_t at = 0; at < utf8.size();) {
-        const char32_t character = ReadUtf8(utf8, at).value_or(0xFFFD);
+        const char32_t character = base::ReadUtf8(utf8, at).value_or(0xFFFD);
         if (const std::optional<std::string> encoded = Page().Encode(character)) {
             bytes += *encoded;
         } else if (character < 0x10000) {

@@ -1,7 +1,7 @@
 #include "write/RecordsFile.h"
 
 #include "drawing/TextDecoder.h"
-#include "write/AtomicFile.h"
+#include "write/ReplaceFile.h"
 
 #include <filesystem>
 #include <nlohmann/json.hpp>

@@ -1,5 +1,7 @@
 #include "write/TagWriter.h"
 
+#include "base/text/Utf8.h"
+
 #include <array>
 #include <charconv>
 #include <cstring>
@@ -42,7 +44,7 @@ std::string PadLeft(const std::string& text, std::size_t width)
 
 bool IsInvalidUtf8(const std::string& text)
 {
-    return !IsUtf8(text);
+    return !base::IsUtf8(text);
 }
 
 /// Bytes that aren't UTF-8 become U+FFFD, so that the file stays readable.
@@ -50,7 +52,7 @@ std::string Mended(const std::string& text)
 {
     std::string mended;
     for (std::size_t at = 0; at < text.size();)
-        AppendUtf8(mended, ReadUtf8(text, at).value_or(0xFFFD));
+        base::AppendUtf8(mended, base::ReadUtf8(text, at).value_or(0xFFFD));
     return mended;
 }
 

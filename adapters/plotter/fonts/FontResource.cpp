@@ -1,6 +1,7 @@
 #include "fonts/FontResource.h"
 
-#include "fonts/PsNumber.h"
+#include "base/text/NumberText.h"
+#include "base/text/Utf8.h"
 #include "fonts/TrueTypeSubset.h"
 
 #include <set>
@@ -23,18 +24,12 @@ void PutHex(std::string& out, std::uint32_t value, int digits)
 std::string Utf16Hex(std::string_view text)
 {
     std::string out;
-    for (std::size_t i = 0; i < text.size();) {
-        const unsigned char lead = static_cast<unsigned char>(text[i]);
-        const int more = lead < 0x80 ? 0 : lead < 0xC2 ? -1 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : lead < 0xF5 ? 3 : -1;
-        if (more < 0 || i + static_cast<std::size_t>(more) >= text.size()) {
-            ++i;
+    for (std::size_t at = 0; at < text.size();) {
+        const auto character = base::ReadUtf8(text, at);
+        if (!character) {
             continue;
         }
-        std::uint32_t c = more == 0 ? lead : lead & (0x3FU >> more);
-        for (int k = 0; k < more; ++k) {
-            c = c << 6 | (static_cast<unsigned char>(text[i + 1 + static_cast<std::size_t>(k)]) & 0x3FU);
-        }
-        i += static_cast<std::size_t>(more) + 1;
+        const auto c = static_cast<std::uint32_t>(*character);
         if (c > 0xFFFF) {
             PutHex(out, 0xD800 + ((c - 0x10000) >> 10), 4);
             PutHex(out, 0xDC00 + ((c - 0x10000) & 0x3FF), 4);
@@ -99,8 +94,8 @@ std::string Opening(const std::string& name, const char* type, const char* scale
 
 void PutThousandths(std::string& out, double value)
 {
-    char room[kNumberRoom];
-    out.append(room, PutDecimal(room, value, 1));
+    char room[base::kNumberRoom];
+    out.append(room, base::PutDecimal(room, value, 1));
     out += ' ';
 }
 

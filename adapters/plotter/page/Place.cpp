@@ -1,3 +1,4 @@
+#include "base/Units.h"
 #include "page/PlotArea.h"
 #include "page/SheetFrame.h"
 
@@ -14,7 +15,7 @@ using drawing::Vec2;
 /// Pixels count as millimetres: media in pixels give their size so.
 double UnitInMillimetres(std::int32_t paperUnits)
 {
-    return paperUnits == 0 ? 25.4 : 1;
+    return paperUnits == 0 ? base::kMillimetresPerInch : 1;
 }
 
 bool Positive(double value)

@@ -1,56 +1,28 @@
 #include "postscript/BodyText.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
-#include <fcntl.h>
-#include <stdlib.h>
 #include <system_error>
-#include <unistd.h>
 
 namespace sm::plotter {
 
 namespace {
 
-[[noreturn]] void ThrowErrno(const char* what)
+base::File OpenSpillFile(const std::string& folder)
 {
-    throw std::system_error(errno, std::generic_category(), what);
-}
-
-int OpenUnnamedFile(const std::string& folder)
-{
-    std::string name = (folder.empty() ? "." : folder) + "/.plot-XXXXXX";
-    const int fd = mkostemp(name.data(), O_CLOEXEC);
-    if (fd < 0) {
-        ThrowErrno("can't create a temporary file");
+    std::error_code error;
+    base::File file = base::File::CreateUnnamed(folder, error);
+    if (!file.IsOpen()) {
+        throw std::system_error(error, "can't create a temporary file");
     }
-    unlink(name.c_str());
-    return fd;
+    return file;
 }
 
 } // namespace
 
-void WriteAll(int fd, std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t done = ::write(fd, bytes.data(), bytes.size());
-        if (done < 0 && errno != EINTR) {
-            ThrowErrno("can't write");
-        }
-        bytes.remove_prefix(done > 0 ? static_cast<std::size_t>(done) : 0);
-    }
-}
-
 BodyText::BodyText(std::string folder, std::size_t spillAfter)
     : m_folder(std::move(folder)), m_spillAfter(std::max(spillAfter, kBlock))
 {
-}
-
-BodyText::~BodyText()
-{
-    if (m_spillFile >= 0) {
-        ::close(m_spillFile);
-    }
 }
 
 void BodyText::NextBlock()
@@ -69,11 +41,11 @@ void BodyText::NextBlock()
 
 void BodyText::Spill()
 {
-    if (m_spillFile < 0) {
-        m_spillFile = OpenUnnamedFile(m_folder);
+    if (!m_spillFile.IsOpen()) {
+        m_spillFile = OpenSpillFile(m_folder);
     }
     for (const Block& block : m_blocks) {
-        WriteAll(m_spillFile, {block.bytes.get(), block.used});
+        m_spillFile.Write({block.bytes.get(), block.used});
         m_spilled += block.used;
     }
     m_blocks.resize(1);
@@ -91,25 +63,25 @@ void BodyText::Append(std::string_view text)
     }
 }
 
-void BodyText::WriteTo(int fd)
+void BodyText::WriteTo(const Sink& sink)
 {
-    if (m_spillFile >= 0 && ::lseek(m_spillFile, 0, SEEK_SET) < 0) {
-        ThrowErrno("can't read the temporary file");
+    if (m_spillFile.IsOpen()) {
+        m_spillFile.Rewind();
     }
     std::vector<char> buffer(m_spilled > 0 ? kBlock : 0);
     for (std::size_t left = m_spilled; left > 0;) {
-        const ssize_t got = ::read(m_spillFile, buffer.data(), std::min(buffer.size(), left));
-        if (got <= 0) {
-            ThrowErrno("can't read the temporary file");
+        const std::size_t got = m_spillFile.Read(buffer.data(), std::min(buffer.size(), left));
+        if (got == 0) {
+            throw std::system_error(std::make_error_code(std::errc::io_error), "can't read the temporary file");
         }
-        WriteAll(fd, {buffer.data(), static_cast<std::size_t>(got)});
-        left -= static_cast<std::size_t>(got);
+        sink({buffer.data(), got});
+        left -= got;
     }
     if (!m_blocks.empty()) {
         m_blocks.back().used = static_cast<std::size_t>(m_at - m_blocks.back().bytes.get());
     }
     for (const Block& block : m_blocks) {
-        WriteAll(fd, {block.bytes.get(), block.used});
+        sink({block.bytes.get(), block.used});
     }
 }
 

@@ -2,7 +2,10 @@
 // large.
 #pragma once
 
+#include "base/files/File.h"
+
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,7 +17,6 @@ namespace sm::plotter {
 class BodyText {
 public:
     explicit BodyText(std::string folder, std::size_t spillAfter = std::size_t{64} << 20);
-    ~BodyText();
     BodyText(const BodyText&) = delete;
     BodyText& operator=(const BodyText&) = delete;
 
@@ -28,8 +30,10 @@ public:
     }
     void Advance(char* filledTo) { m_at = filledTo; }
     void Append(std::string_view text);
-    /// Writes everything to `fd`, in order. Throws std::system_error.
-    void WriteTo(int fd);
+    /// Takes the text in pieces of at most a block.
+    using Sink = std::function<void(std::string_view piece)>;
+    /// Hands everything over, in order. Throws std::system_error.
+    void WriteTo(const Sink& sink);
 
 private:
     static constexpr std::size_t kBlock = std::size_t{1} << 20;
@@ -45,11 +49,8 @@ private:
     std::vector<Block> m_blocks;
     char* m_at = nullptr;
     char* m_end = nullptr;
-    int m_spillFile = -1;
+    base::File m_spillFile;
     std::size_t m_spilled = 0;
 };
-
-/// write(2) until all is written. Throws std::system_error.
-void WriteAll(int fd, std::string_view bytes);
 
 } // namespace sm::plotter

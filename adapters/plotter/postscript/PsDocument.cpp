@@ -1,14 +1,9 @@
 #include "postscript/PsDocument.h"
 
-#include "fonts/PsNumber.h"
+#include "base/Units.h"
+#include "base/files/AtomicFile.h"
+#include "base/text/NumberText.h"
 #include "prologue/Procedures.h"
-
-#include <cerrno>
-#include <fcntl.h>
-#include <stdlib.h>
-#include <sys/stat.h>
-#include <system_error>
-#include <unistd.h>
 
 namespace sm::plotter {
 
@@ -16,8 +11,8 @@ namespace {
 
 std::string Decimal(double value, int digits)
 {
-    char room[kNumberRoom];
-    return {room, PutDecimal(room, value, digits)};
+    char room[base::kNumberRoom];
+    return {room, base::PutDecimal(room, value, digits)};
 }
 
 /// A text in parentheses as the structuring conventions want it: seven bits, at most 200 characters.
@@ -42,11 +37,6 @@ std::string DscText(const std::string& text)
         out += c;
     }
     return out + ")";
-}
-
-double Points(double millimetres)
-{
-    return millimetres * 72 / 25.4;
 }
 
 /// The conventions' way to say which way is up: the first column and row of the map from readable to plotted axes.
@@ -76,11 +66,13 @@ std::string LayerComments(const PsDocument& d)
 
 std::string Comments(const PsDocument& d, const FontBook& fonts, const char* level)
 {
-    const std::string width = Decimal(Points(d.width), 4), height = Decimal(Points(d.height), 4);
+    const std::string width = Decimal(base::PointsOfMillimetres(d.width), 4),
+                      height = Decimal(base::PointsOfMillimetres(d.height), 4);
     std::string out = "%!PS-Adobe-3.0\n";
     out += "%%Title: " + DscText(d.title) + "\n%%Creator: " + DscText(d.creator) + "\n";
-    out += "%%BoundingBox: 0 0 " + Decimal(std::ceil(Points(d.width) - 1e-4), 1) + " " +
-           Decimal(std::ceil(Points(d.height) - 1e-4), 1) + "\n%%HiResBoundingBox: 0 0 " + width + " " + height + "\n";
+    out += "%%BoundingBox: 0 0 " + Decimal(std::ceil(base::PointsOfMillimetres(d.width) - 1e-4), 1) + " " +
+           Decimal(std::ceil(base::PointsOfMillimetres(d.height) - 1e-4), 1) + "\n%%HiResBoundingBox: 0 0 " + width +
+           " " + height + "\n";
     out += "%%DocumentMedia: Sheet " + width + " " + height + " 0 () ()\n%%LanguageLevel: " + level +
            "\n%%Pages: 1\n"
            "%%PageOrder: Ascend\n%%DocumentData: Clean7Bit\n%%DocumentNeededResources:\n"
@@ -91,31 +83,14 @@ std::string Comments(const PsDocument& d, const FontBook& fonts, const char* lev
     return out + "%%EndComments\n" + LayerComments(d);
 }
 
-std::string TemporaryBeside(const std::string& path, int& fd)
-{
-    std::string name = path + ".XXXXXX";
-    fd = mkostemp(name.data(), O_CLOEXEC);
-    if (fd < 0) {
-        throw std::system_error(errno, std::generic_category(), "can't be created");
-    }
-    const mode_t mask = umask(0);
-    umask(mask);
-    fchmod(fd, 0666 & ~mask);
-    return name;
-}
-
-} // namespace
-
-namespace {
-
 std::string Prolog(const PsDocument& d, const FontBook& fonts, const char* level)
 {
     std::string out = Comments(d, fonts, level);
     out += "%%BeginProlog\n";
     out += dialect::kProcedures;
     out += "%%EndProlog\n%%BeginSetup\n";
-    return out + "<</PageSize[" + Decimal(Points(d.width), 4) + " " + Decimal(Points(d.height), 4) +
-           "]>>setpagedevice\n";
+    return out + "<</PageSize[" + Decimal(base::PointsOfMillimetres(d.width), 4) + " " +
+           Decimal(base::PointsOfMillimetres(d.height), 4) + "]>>setpagedevice\n";
 }
 
 std::string FontsAndPage(const PsDocument& d, const FontBook& fonts)
@@ -123,7 +98,7 @@ std::string FontsAndPage(const PsDocument& d, const FontBook& fonts)
     std::string out = fonts.Definitions();
     out += "%%EndSetup\n%%Page: 1 1\n";
     out += std::string("%%ViewingOrientation: ") + ViewingOrientation(d.rotation) + "\n";
-    const std::string scale = Decimal(72 / d.resolution, 6);
+    const std::string scale = Decimal(base::kPointsPerInch / d.resolution, 6);
     return out + "q\n" + scale + " 0 0 " + scale + " 0 0 cm\n";
 }
 
@@ -142,27 +117,16 @@ std::string PsTail()
 void WriteDocument(const PsDocument& document, PsWriter& writer, const std::string& path)
 {
     writer.Finish();
-    int fd = -1;
-    const std::string temporary = TemporaryBeside(path, fd);
-    try {
-        // Pictures can be read again and again, for each place that shows them, in level 3 alone.
-        WriteAll(fd, Prolog(document, writer.Fonts(), writer.Pictures().Empty() ? "2" : "3"));
-        writer.Pictures().WriteTo(fd);
-        WriteAll(fd, FontsAndPage(document, writer.Fonts()));
-        writer.Body().WriteTo(fd);
-        WriteAll(fd, PsTail());
-        const bool closed = ::close(fd) == 0;
-        fd = -1;
-        if (!closed || ::rename(temporary.c_str(), path.c_str()) != 0) {
-            throw std::system_error(errno, std::generic_category(), "can't be written");
-        }
-    } catch (...) {
-        if (fd >= 0) {
-            ::close(fd);
-        }
-        ::unlink(temporary.c_str());
-        throw;
-    }
+    // The publisher reads the file in a moment: a failure of the machine may take it.
+    base::AtomicFile file(path, base::AtomicFile::Keeping::ForNow);
+    const auto write = [&file](std::string_view piece) { file.Write(piece); };
+    // Pictures can be read again and again, for each place that shows them, in level 3 alone.
+    file.Write(Prolog(document, writer.Fonts(), writer.Pictures().Empty() ? "2" : "3"));
+    writer.Pictures().WriteTo(write);
+    file.Write(FontsAndPage(document, writer.Fonts()));
+    writer.Body().WriteTo(write);
+    file.Write(PsTail());
+    file.Commit();
 }
 
 } // namespace sm::plotter

@@ -1,6 +1,6 @@
 #include "postscript/PsPictures.h"
 
-#include "fonts/PsNumber.h"
+#include "base/text/NumberText.h"
 #include "postscript/PsWriter.h"
 
 #include <array>
@@ -77,8 +77,8 @@ std::string Deflated(std::string_view bytes)
 
 std::string Number(std::int32_t value)
 {
-    char room[kNumberRoom];
-    return {room, PutInteger(room, value)};
+    char room[base::kNumberRoom];
+    return {room, base::PutInteger(room, value)};
 }
 
 /// The image dictionary; the publisher's reader expects it to the letter.

@@ -16,8 +16,8 @@ public:
     /// The number n of the resource In that shows `picture`; pictures of one id share it.
     std::size_t Add(const render::Picture& picture);
     [[nodiscard]] bool Empty() const { return m_numbers.empty(); }
-    /// Writes all resources to `fd`. Throws std::system_error.
-    void WriteTo(int fd) { m_text.WriteTo(fd); }
+    /// Hands all resources over, in pieces. Throws std::system_error.
+    void WriteTo(const BodyText::Sink& sink) { m_text.WriteTo(sink); }
 
 private:
     std::map<std::uint64_t, std::size_t> m_numbers; ///< by id

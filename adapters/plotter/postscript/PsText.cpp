@@ -1,5 +1,5 @@
+#include "base/text/NumberText.h"
 #include "fonts/PenWidth.h"
-#include "fonts/PsNumber.h"
 #include "postscript/PsWriter.h"
 
 #include <algorithm>
@@ -113,10 +113,10 @@ std::size_t PsWriter::WriteGlyphs(const render::TextRun& run, std::size_t from, 
             break;
         }
         if (const double gap = run.positions[i].x - pen; std::fabs(gap) > kSamePlace) {
-            char number[kNumberRoom];
+            char number[base::kNumberRoom];
             PutString(m_codes);
             m_codes.clear();
-            m_shown.append(number, PutDecimal(number, -1000 * gap, 1));
+            m_shown.append(number, base::PutDecimal(number, -1000 * gap, 1));
             moved = true;
             pen = run.positions[i].x;
         }

@@ -1,7 +1,8 @@
 #include "postscript/PsWriter.h"
 
+#include "base/Units.h"
+#include "base/text/NumberText.h"
 #include "fonts/PenWidth.h"
-#include "fonts/PsNumber.h"
 
 #include <algorithm>
 #include <cstring>
@@ -26,7 +27,7 @@ std::int32_t ToDot(double value)
 } // namespace
 
 PsWriter::PsWriter(double resolution, std::string folder)
-    : m_body(folder), m_pictures(std::move(folder)), m_dots(resolution / 25.4)
+    : m_body(folder), m_pictures(std::move(folder)), m_dots(resolution / base::kMillimetresPerInch)
 {
 }
 
@@ -46,10 +47,10 @@ void PsWriter::Write(const char* op)
 
 void PsWriter::WritePoint(Dot p, char op)
 {
-    char* at = m_body.Reserve(2 * kNumberRoom + 4);
-    at = PutInteger(at, p.x);
+    char* at = m_body.Reserve(2 * base::kNumberRoom + 4);
+    at = base::PutInteger(at, p.x);
     *at++ = ' ';
-    at = PutInteger(at, p.y);
+    at = base::PutInteger(at, p.y);
     *at++ = ' ';
     *at++ = op;
     *at++ = '\n';
@@ -58,11 +59,11 @@ void PsWriter::WritePoint(Dot p, char op)
 
 void PsWriter::WriteCubic(Dot a, Dot b, Dot c)
 {
-    char* at = m_body.Reserve(6 * kNumberRoom + 8);
+    char* at = m_body.Reserve(6 * base::kNumberRoom + 8);
     for (const Dot p : {a, b, c}) {
-        at = PutInteger(at, p.x);
+        at = base::PutInteger(at, p.x);
         *at++ = ' ';
-        at = PutInteger(at, p.y);
+        at = base::PutInteger(at, p.y);
         *at++ = ' ';
     }
     *at++ = 'c';
@@ -72,8 +73,8 @@ void PsWriter::WriteCubic(Dot a, Dot b, Dot c)
 
 void PsWriter::WriteNumber(double value, int digits)
 {
-    char* at = m_body.Reserve(kNumberRoom + 2);
-    at = PutDecimal(at, value, digits);
+    char* at = m_body.Reserve(base::kNumberRoom + 2);
+    at = base::PutDecimal(at, value, digits);
     *at++ = ' ';
     m_body.Advance(at);
 }

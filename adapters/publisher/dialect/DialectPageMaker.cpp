@@ -41,7 +41,7 @@ private:
     static bool AddPage(QPDF& pdf, const PageSource& source, const std::string& jobOptions,
                         DialectPictureObjects& pictures)
     {
-        const MappedFile file(source.psPath);
+        const base::MappedFile file(source.psPath, base::MappedFile::Reading::InParts);
         auto page = ReadDialectPage(file.Bytes());
         if (!page || !JobOptionsKeepPictures(jobOptions, page->pictures)) {
             return false;
@@ -88,7 +88,7 @@ private:
     /// What an interpreter does not take over from a page of the plotter.
     void TellLosses(const PageSource& source) const
     {
-        const MappedFile file(source.psPath);
+        const base::MappedFile file(source.psPath, base::MappedFile::Reading::InParts);
         const std::string page = "Page " + std::to_string(source.number) + " was made by the PostScript interpreter: ";
         if (m_note && file.Bytes().find("\n%SheetmakerLayer: ") != std::string_view::npos) {
             m_note(page + "the drawing's layers are not kept in it");

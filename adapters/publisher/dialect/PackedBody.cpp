@@ -15,7 +15,7 @@ constexpr std::size_t kPartBytes = std::size_t{1} << 20; // a window of 32 KiB h
 
 class BodyPacker {
 public:
-    BodyPacker(const MappedFile& file, std::string_view body, std::size_t pictures)
+    BodyPacker(const base::MappedFile& file, std::string_view body, std::size_t pictures)
         : m_file(file), m_pictures(pictures), m_parts(CutDialectBody(body, kPartBytes)), m_facts(m_parts.size()),
           m_packed(m_parts.size())
     {
@@ -82,7 +82,7 @@ private:
         return depth == 0 && layers == 0;
     }
 
-    const MappedFile& m_file;
+    const base::MappedFile& m_file;
     std::size_t m_pictures;
     std::vector<std::string_view> m_parts;
     std::vector<BodyFacts> m_facts;
@@ -94,7 +94,8 @@ private:
 
 } // namespace
 
-std::optional<PackedDialectBody> PackDialectBody(const MappedFile& file, std::string_view body, std::size_t pictures)
+std::optional<PackedDialectBody> PackDialectBody(const base::MappedFile& file, std::string_view body,
+                                                 std::size_t pictures)
 {
     BodyPacker packer(file, body, pictures);
     if (!packer.Run()) {

@@ -1,7 +1,7 @@
 // A page body on its way into the PDF: checked and compressed part by part, on several cores where it is large.
 #pragma once
 
-#include "pages/MappedFile.h"
+#include "base/files/MappedFile.h"
 #include "pdf/Qpdf.h"
 
 #include <memory>
@@ -19,6 +19,7 @@ struct PackedDialectBody {
 
 /// Nothing when `body`, a part of `file`, isn't in the dialect or shows other pictures than I1 to I`pictures`. The
 /// file's memory is given back on the way.
-std::optional<PackedDialectBody> PackDialectBody(const MappedFile& file, std::string_view body, std::size_t pictures);
+std::optional<PackedDialectBody> PackDialectBody(const base::MappedFile& file, std::string_view body,
+                                                 std::size_t pictures);
 
 } // namespace sm::publisher

@@ -1,66 +1,36 @@
 #include "document/ConversionLog.h"
 
-#include "pdf/AtomicFile.h"
+#include "base/files/PrivateFolder.h"
+#include "base/process/ThisProcess.h"
+#include "base/text/Utf8.h"
 #include "pdf/PublishStatus.h"
-#include "pdf/TextDecoding.h"
+#include "pdf/TargetFile.h"
 #include "ports/HostError.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <ctime>
-#include <fcntl.h>
 #include <filesystem>
 #include <fmt/format.h>
 #include <fstream>
 #include <iterator>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace sm::publisher {
 
 namespace {
 
-constexpr int kAttempts = 100;
-
 std::string TimeStamp()
 {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    ::localtime_r(&now, &local);
+    const std::tm local = base::LocalTime(std::time(nullptr));
     return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}", local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
                        local.tm_hour, local.tm_min, local.tm_sec);
 }
 
 std::string OneLine(const std::string& text)
 {
-    std::string line = ValidUtf8(text);
+    std::string line = base::ValidUtf8(text);
     std::ranges::replace_if(
         line, [](char c) { return c == '\n' || c == '\r' || c == '\0'; }, ' ');
     return line + "\n";
-}
-
-/// Makes `path` anew. Two processes may do so at the same time: each gets a file of its own, the later one the name.
-int OpenAnew(const std::string& path)
-{
-    for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        ::unlink(path.c_str());
-        const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_APPEND | O_CLOEXEC, 0666);
-        if (descriptor >= 0 || errno != EEXIST) {
-            return descriptor;
-        }
-    }
-    return -1;
-}
-
-void MakePrivateFolders(const std::filesystem::path& folder)
-{
-    std::error_code error;
-    if (folder.empty() || std::filesystem::exists(folder, error)) {
-        return;
-    }
-    std::filesystem::create_directories(folder.parent_path(), error);
-    ::mkdir(folder.c_str(), 0700);
 }
 
 } // namespace
@@ -86,17 +56,18 @@ void ConversionLog::OpenLog(const std::string& fileName, const std::string& appl
 {
     CloseLog();
     m_path = PathOf(fileName);
-    MakePrivateFolders(m_options.logFolder);
-    m_descriptor = OpenAnew(m_path);
-    if (m_descriptor < 0) {
-        throw HostError(fmt::format("The log file {} could not be opened: {}.", m_path, std::strerror(errno)));
+    base::MakePrivateFolders(m_options.logFolder);
+    std::error_code error;
+    m_file = base::File::CreateLog(m_path, error);
+    if (!m_file.IsOpen()) {
+        throw HostError(fmt::format("The log file {} could not be opened: {}.", m_path, error.message()));
     }
     Write(OneLine(fmt::format("{} {}", applicationTitle, TimeStamp())));
 }
 
 void ConversionLog::WriteLogLine(const std::string& text)
 {
-    if (m_descriptor >= 0) {
+    if (m_file.IsOpen()) {
         Write(OneLine(text));
     }
 }
@@ -104,18 +75,15 @@ void ConversionLog::WriteLogLine(const std::string& text)
 void ConversionLog::Write(const std::string& text)
 {
     try {
-        WriteFully(m_descriptor, text.data(), text.size(), m_path);
-    } catch (const PublishFailure& failure) {
-        throw HostError(failure.what());
+        m_file.Write(text);
+    } catch (const std::system_error& error) {
+        throw HostError(WritingFailure(m_path, error.code()).what());
     }
 }
 
 void ConversionLog::CloseLog()
 {
-    if (m_descriptor >= 0) {
-        ::close(m_descriptor);
-        m_descriptor = -1;
-    }
+    m_file.Close();
 }
 
 bool ConversionLog::ShowLogFile(const std::string& fileName)

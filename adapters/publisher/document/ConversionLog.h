@@ -1,6 +1,7 @@
 // The conversion log: a text file in UTF-8 that is whole after every line, whatever ends the program.
 #pragma once
 
+#include "base/files/File.h"
 #include "ports/IDesktop.h"
 #include "ports/IPubDoc.h"
 #include "publisher/Publisher.h"
@@ -31,7 +32,7 @@ private:
     PublisherOptions m_options;
     IDesktop& m_desktop;
     std::string m_path;
-    int m_descriptor = -1;
+    base::File m_file;
 };
 
 } // namespace sm::publisher

@@ -1,6 +1,6 @@
 #include "document/DocumentInfo.h"
 
-#include "pdf/TextDecoding.h"
+#include "base/text/Utf8.h"
 
 #include <algorithm>
 #include <ctime>
@@ -143,14 +143,14 @@ std::string XmpDate(LocalDateTime time)
 
 void DocumentInfo::Set(const std::string& key, const std::string& value)
 {
-    const std::string name = ValidUtf8(key);
+    const std::string name = base::ValidUtf8(key);
     const auto [place, isNew] = m_places.emplace(name, m_entries.size());
     if (name.empty() || (isNew && value.empty())) {
         m_places.erase(place);
     } else if (isNew) {
-        m_entries.emplace_back(name, ValidUtf8(value));
+        m_entries.emplace_back(name, base::ValidUtf8(value));
     } else if (!value.empty()) {
-        m_entries[place->second].second = ValidUtf8(value);
+        m_entries[place->second].second = base::ValidUtf8(value);
     } else {
         Remove(place->second);
     }

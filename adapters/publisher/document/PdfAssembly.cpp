@@ -7,6 +7,7 @@
 #include "pdf/PublishStatus.h"
 #include "pdf/Qpdf.h"
 #include "pdf/StreamCompression.h"
+#include "pdf/TargetFile.h"
 
 #include <algorithm>
 #include <cmath>
@@ -22,12 +23,12 @@ constexpr double kLargestSide = 14400; // PDF 1.7, annex C
 /// qpdf's own file output doesn't notice a full disk.
 class FilePipeline : public Pipeline {
 public:
-    explicit FilePipeline(AtomicFile& file) : Pipeline("pdf file", nullptr), m_file(file) {}
+    explicit FilePipeline(TargetFile& file) : Pipeline("pdf file", nullptr), m_file(file) {}
     void write(unsigned char const* data, std::size_t size) override { m_file.Write(data, size); }
     void finish() override {}
 
 private:
-    AtomicFile& m_file;
+    TargetFile& m_file;
 };
 
 std::shared_ptr<QPDF> OpenSource(const MadePages& made, std::size_t pageCount)
@@ -115,7 +116,7 @@ std::vector<SheetPage> SizedSheets(QPDF& pdf, const std::vector<PagePlace>& page
     return sheets;
 }
 
-void WriteOut(QPDF& pdf, AtomicFile& target)
+void WriteOut(QPDF& pdf, TargetFile& target)
 {
     FilePipeline pipeline(target);
     QPDFWriter writer(pdf);
@@ -135,7 +136,7 @@ double UserUnitFor(double width, double height)
     return side <= kLargestSide ? 1 : std::ceil(side / kLargestSide * 100) / 100;
 }
 
-MarkTally AssemblePdf(const Assembly& assembly, AtomicFile& target)
+MarkTally AssemblePdf(const Assembly& assembly, TargetFile& target)
 {
     try {
         Collection collection(assembly.sources, assembly.pages);

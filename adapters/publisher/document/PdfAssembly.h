@@ -13,7 +13,7 @@
 
 namespace sm::publisher {
 
-class AtomicFile;
+class TargetFile;
 
 /// Where a page of the document comes from, and its exact size in points.
 struct PagePlace {
@@ -43,6 +43,6 @@ struct Assembly {
 double UserUnitFor(double width, double height);
 
 /// Writes the document to `target` without committing it. Throws PublishFailure.
-MarkTally AssemblePdf(const Assembly& assembly, AtomicFile& target);
+MarkTally AssemblePdf(const Assembly& assembly, TargetFile& target);
 
 } // namespace sm::publisher

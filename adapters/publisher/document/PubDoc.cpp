@@ -1,17 +1,16 @@
 #include "document/PubDoc.h"
 
+#include "base/files/File.h"
 #include "document/SavePdf.h"
 #include "pages/PageFile.h"
 #include "pdf/PdfName.h"
+#include "pdf/PublishStatus.h"
 #include "ports/HostError.h"
 #include "publisher/JobOptions.h"
 
 #include <algorithm>
 #include <cmath>
-#include <fcntl.h>
 #include <fmt/format.h>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <utility>
 
 namespace sm::publisher {
@@ -20,16 +19,18 @@ namespace {
 
 bool CanBeAttached(const std::string& path)
 {
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (descriptor < 0) {
+    std::error_code error;
+    base::File file = base::File::Open(path, error);
+    if (!file.IsOpen() || file.Facts().kind != base::FileKind::File) {
         return false;
     }
-    struct stat status {};
-    char first = 0;
-    const bool usable =
-        ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && ::read(descriptor, &first, 1) >= 0;
-    ::close(descriptor);
-    return usable;
+    try {
+        char first = 0;
+        file.Read(&first, 1);
+        return true;
+    } catch (const std::system_error&) {
+        return false;
+    }
 }
 
 } // namespace
@@ -57,10 +58,15 @@ template <typename Action> std::int32_t PubDoc::WithStatus(Action&& action)
 
 const std::string& PubDoc::Folder()
 {
-    if (!m_folder) {
-        m_folder = std::make_unique<TemporaryFolder>(m_options.workFolder);
+    try {
+        if (!m_folder) {
+            m_folder = std::make_unique<base::PrivateFolder>(m_options.workFolder);
+        }
+        return m_folder->Path();
+    } catch (const base::FolderFailure& failure) {
+        throw PublishFailure(failure.DiskFull() ? PublishStatus::DiskFull : PublishStatus::WorkFolderUnusable,
+                             failure.what());
     }
-    return m_folder->Path();
 }
 
 void PubDoc::Note(const std::string& line) const

@@ -1,10 +1,10 @@
 // The publishing document: collects PostScript files and marks, and saves them as one PDF.
 #pragma once
 
+#include "base/files/PrivateFolder.h"
 #include "document/DocumentInfo.h"
 #include "marks/Marks.h"
 #include "pages/IPageMaker.h"
-#include "pages/TemporaryFolder.h"
 #include "pdf/PublishStatus.h"
 #include "ports/IDesktop.h"
 #include "ports/IPubDoc.h"
@@ -64,7 +64,7 @@ private:
     PublisherOptions m_options;
     IDesktop& m_desktop;
     std::unique_ptr<IPageMaker> m_pageMaker;
-    std::unique_ptr<TemporaryFolder> m_folder;
+    std::unique_ptr<base::PrivateFolder> m_folder;
     std::vector<DocumentPage> m_pages;
     std::optional<std::pair<std::string, std::string>> m_jobOptions; ///< the last page's: path and clean text
     DocumentInfo m_info;

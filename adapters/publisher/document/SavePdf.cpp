@@ -3,7 +3,7 @@
 #include "document/PdfAssembly.h"
 #include "document/SheetTitle.h"
 #include "pages/GhostscriptDriver.h"
-#include "pdf/AtomicFile.h"
+#include "pdf/TargetFile.h"
 
 #include <chrono>
 #include <filesystem>
@@ -101,7 +101,7 @@ bool LiesIn(const std::string& path, const std::string& folder)
 void CopyFile(const std::string& from, const std::string& to)
 {
     std::ifstream source(from, std::ios::binary);
-    AtomicFile target(to);
+    TargetFile target(to);
     std::string block(1 << 18, '\0');
     while (source.read(block.data(), static_cast<std::streamsize>(block.size())), source.gcount() > 0) {
         target.Write(block.data(), static_cast<std::size_t>(source.gcount()));
@@ -127,7 +127,7 @@ void MoveFile(const std::string& from, const std::string& to)
 SaveReport SavePages(const SaveRequest& request, IPageMaker& pageMaker)
 {
     RefuseInputAsTarget(request);
-    AtomicFile(request.pdfPath); // tells at once when the target can't be written
+    TargetFile(request.pdfPath); // tells at once when the target can't be written
     const auto start = Clock::now();
     Assembly assembly{{}, {}, request.info, request.navigation, request.note};
     std::vector<std::unique_ptr<RunFolder>> folders;
@@ -139,7 +139,7 @@ SaveReport SavePages(const SaveRequest& request, IPageMaker& pageMaker)
     SaveReport report;
     report.makingPages = Since(start);
     const auto assembling = Clock::now();
-    AtomicFile target(request.pdfPath);
+    TargetFile target(request.pdfPath);
     const MarkTally marks = AssemblePdf(assembly, target);
     target.Commit();
     report.assembling = Since(assembling);

@@ -1,7 +1,7 @@
 #include "document/SheetTitle.h"
 
+#include "base/text/Utf8.h"
 #include "joboptions/JobOptionsValue.h"
-#include "pdf/TextDecoding.h"
 
 #include <algorithm>
 #include <exception>
@@ -45,7 +45,7 @@ std::string FindSheetTitle(std::string_view head)
         }
         if (line.starts_with(kComment)) {
             const std::string_view text = TrimBlanks(line.substr(kComment.size()));
-            return ValidUtf8(text.starts_with('(') ? StringText(text) : std::string(text));
+            return base::ValidUtf8(text.starts_with('(') ? StringText(text) : std::string(text));
         }
         at = end + 1;
     }

@@ -1,19 +1,15 @@
 #include "publisher/JobOptions.h"
 
+#include "base/files/File.h"
+#include "base/text/TextDecoding.h"
 #include "joboptions/JobOptionsTable.h"
 #include "joboptions/JobOptionsValue.h"
 #include "pdf/PdfNumbers.h"
 #include "pdf/PublishStatus.h"
-#include "pdf/TextDecoding.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
-#include <cstring>
-#include <fcntl.h>
 #include <fmt/format.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace sm::publisher {
 
@@ -191,21 +187,14 @@ private:
         fmt::format("The job options file {} {}. Choose other job options or put the file in place.", path, what));
 }
 
-std::string ReadWhole(int descriptor, const std::string& path)
+std::string ReadWhole(base::File& file, const std::string& path)
 {
     std::string bytes(kLargestFile + 1, '\0');
-    std::size_t size = 0;
-    while (size < bytes.size()) {
-        const ssize_t got = ::read(descriptor, bytes.data() + size, bytes.size() - size);
-        if (got < 0 && errno != EINTR) {
-            FailFile(path, fmt::format("can't be read: {}", std::strerror(errno)));
-        }
-        if (got == 0) {
-            break;
-        }
-        size += got > 0 ? static_cast<std::size_t>(got) : 0;
+    try {
+        bytes.resize(file.Read(bytes.data(), bytes.size()));
+    } catch (const std::system_error& error) {
+        FailFile(path, fmt::format("can't be read: {}", error.code().message()));
     }
-    bytes.resize(size);
     return bytes;
 }
 
@@ -213,7 +202,7 @@ std::string ReadWhole(int descriptor, const std::string& path)
 
 JobOptions ParseJobOptions(std::string_view bytes, const std::string& path)
 {
-    const std::string text = DecodeText(bytes);
+    const std::string text = base::DecodeText(bytes);
     JobOptionsScanner scanner(text, path);
     Keeper keeper;
     bool any = false;
@@ -243,19 +232,17 @@ JobOptions ReadJobOptionsFile(const std::string& path)
     if (path.empty()) {
         return {};
     }
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (descriptor < 0) {
-        FailFile(path, errno == ENOENT ? "does not exist" : fmt::format("can't be opened: {}", std::strerror(errno)));
+    std::error_code error;
+    base::File file = base::File::Open(path, error);
+    if (!file.IsOpen()) {
+        FailFile(path, error == std::errc::no_such_file_or_directory
+                           ? "does not exist"
+                           : fmt::format("can't be opened: {}", error.message()));
     }
-    struct Closer {
-        int value;
-        ~Closer() { ::close(value); }
-    } closer{descriptor};
-    struct stat status {};
-    if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
+    if (file.Facts().kind != base::FileKind::File) {
         FailFile(path, "is not an ordinary file");
     }
-    const std::string bytes = ReadWhole(descriptor, path);
+    const std::string bytes = ReadWhole(file, path);
     if (bytes.size() > kLargestFile) {
         FailFile(path, "is larger than 1 MB");
     }

@@ -1,6 +1,6 @@
 #include "marks/StampText.h"
 
-#include "pdf/TextDecoding.h"
+#include "base/text/Utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -84,19 +84,6 @@ unsigned WinAnsiCode(char32_t character)
                                                          : 0x80U + static_cast<unsigned>(found - kWinAnsiHigh.begin());
 }
 
-/// Takes the first character off well-formed UTF-8.
-char32_t NextCharacter(std::string_view& text)
-{
-    const auto lead = static_cast<std::uint8_t>(text[0]);
-    const std::size_t length = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    char32_t character = length == 1 ? lead : lead & (0xFFU >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) {
-        character = character << 6 | (static_cast<std::uint8_t>(text[i]) & 0x3FU);
-    }
-    text.remove_prefix(length);
-    return character;
-}
-
 std::string StandIn(char32_t character, bool latin)
 {
     const auto* found = std::ranges::find(kSpellings, character, &std::pair<char32_t, std::string_view>::first);
@@ -145,10 +132,9 @@ StampFont FindStampFont(std::string_view name)
 StampText EncodeStampText(std::string_view text, const StampFont& font)
 {
     StampText result;
-    const std::string valid = ValidUtf8(text);
-    std::string_view rest = valid;
-    while (!rest.empty()) {
-        AppendCharacter(NextCharacter(rest), font, result);
+    const std::string valid = base::ValidUtf8(text);
+    for (std::size_t at = 0; at < valid.size();) {
+        AppendCharacter(base::NextCharacter(valid, at), font, result);
     }
     int thousandths = 0;
     for (const char code : result.codes) {

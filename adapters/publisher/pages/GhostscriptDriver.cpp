@@ -1,5 +1,6 @@
 #include "pages/GhostscriptDriver.h"
 
+#include "base/Units.h"
 #include "pdf/PdfNumbers.h"
 
 #include <algorithm>
@@ -13,7 +14,6 @@ namespace {
 // The interpreter counts device coordinates in 1/256 pixel within 31 bits; a quarter of that is kept free for
 // strokes that leave the page.
 constexpr double kLargestDeviceSide = 6e6;
-constexpr double kPointsPerInch = 72;
 constexpr std::int32_t kLowestResolution = 10;
 
 // A PostScript program may end with its operands, dictionaries or definitions lying about: they are cleared before
@@ -71,7 +71,7 @@ void ReadReportLine(const std::vector<std::string_view>& words, DriverReport& re
 
 std::int32_t UsableResolution(double width, double height, std::int32_t resolution)
 {
-    const double highest = kLargestDeviceSide * kPointsPerInch / std::max({width, height, 1.0});
+    const double highest = kLargestDeviceSide * base::kPointsPerInch / std::max({width, height, 1.0});
     return std::max(kLowestResolution, static_cast<std::int32_t>(std::min<double>(resolution, highest)));
 }
 

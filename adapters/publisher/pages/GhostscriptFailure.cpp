@@ -1,17 +1,15 @@
 #include "pages/GhostscriptFailure.h"
 
+#include "base/files/FileFacts.h"
+#include "base/files/Paths.h"
+#include "base/text/Utf8.h"
 #include "pdf/PublishStatus.h"
-#include "pdf/TextDecoding.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <csignal>
-#include <cstring>
+#include <filesystem>
 #include <fmt/format.h>
 #include <fstream>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <sys/statvfs.h>
+#include <limits>
 
 namespace sm::publisher {
 
@@ -23,15 +21,15 @@ constexpr long long kFarthestPosition = 1 << 28;
 /// The interpreter reports a full disk as "ioerror" without a reason.
 bool RoomHasRunOut(const std::string& folder, const std::string& outputPath)
 {
-    struct statvfs room {};
-    if (::statvfs(folder.c_str(), &room) == 0 && room.f_bavail * room.f_frsize < kHardlyAnyRoom) {
+    std::error_code error;
+    const auto room = std::filesystem::space(base::ToPath(folder), error);
+    if (!error && room.available < kHardlyAnyRoom) {
         return true;
     }
-    rlimit limit{};
-    struct stat output {};
-    return ::getrlimit(RLIMIT_FSIZE, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY &&
-           (::stat(outputPath.c_str(), &output) != 0 ||
-            static_cast<rlim_t>(output.st_size) + kHardlyAnyRoom > limit.rlim_cur);
+    const std::uint64_t largest = base::LargestFileAllowed();
+    const base::FileFacts output = base::FactsOf(outputPath, error);
+    return largest != std::numeric_limits<std::uint64_t>::max() &&
+           (output.kind == base::FileKind::Missing || output.stamp.size + kHardlyAnyRoom > largest);
 }
 
 [[noreturn]] void FailFullDisk(const std::string& folder)
@@ -49,7 +47,7 @@ std::string LastLine(const std::string& output)
         return {};
     }
     const auto begin = output.rfind('\n', end) + 1; // 0 when there is only one line
-    return ValidUtf8(output.substr(begin, std::min<std::size_t>(end - begin + 1, 200)));
+    return base::ValidUtf8(output.substr(begin, std::min<std::size_t>(end - begin + 1, 200)));
 }
 
 std::string Where(const PageSource& page, long long position)
@@ -72,7 +70,7 @@ std::string WhatFailed(const DriverReport::Error& error)
     }
     const bool nameless = error.command.empty() || error.command.starts_with("-");
     return fmt::format("its PostScript ended with the error \"{}\"{}", error.name,
-                       nameless ? "" : fmt::format(" in \"{}\"", ValidUtf8(error.command)));
+                       nameless ? "" : fmt::format(" in \"{}\"", base::ValidUtf8(error.command)));
 }
 
 [[noreturn]] void FailOnError(const DriverReport& report, const std::vector<PageSource>& pages,
@@ -92,16 +90,16 @@ std::string WhatFailed(const DriverReport::Error& error)
     FailPage(page, WhatFailed(error), error.position);
 }
 
-[[noreturn]] void FailSignalled(int code, const std::vector<PageSource>& pages, std::size_t done)
+[[noreturn]] void FailSignalled(const base::ChildResult& result, const std::vector<PageSource>& pages, std::size_t done)
 {
     const std::size_t number = pages[std::min(done, pages.size() - 1)].number;
-    if (code == SIGXCPU) {
+    if (result.outOfTime) {
         throw PublishFailure(PublishStatus::TimeLimit,
                              fmt::format("Page {}: its PostScript took more time than allowed.", number));
     }
     throw PublishFailure(PublishStatus::InterpreterKilled,
-                         fmt::format("Page {}: the PostScript interpreter was ended by signal {} ({}).", number, code,
-                                     ::strsignal(code)));
+                         fmt::format("Page {}: the PostScript interpreter was ended by signal {} ({}).", number,
+                                     result.code, result.reason));
 }
 
 void CheckPages(const DriverReport& report, const std::vector<PageSource>& pages)
@@ -145,15 +143,15 @@ void FailMissingInterpreter(const std::string& program)
                                      program));
 }
 
-void CheckRun(const process::ChildResult& result, const DriverReport& report, const std::vector<PageSource>& pages,
+void CheckRun(const base::ChildResult& result, const DriverReport& report, const std::vector<PageSource>& pages,
               const std::string& folder, const std::string& outputPath)
 {
     const std::size_t done = report.pagesMade.size();
-    if (result.end == process::ChildResult::End::NotStarted) {
+    if (result.end == base::ChildResult::End::NotStarted) {
         throw PublishFailure(PublishStatus::Internal,
-                             fmt::format("Ghostscript could not be started: {}.", std::strerror(result.code)));
+                             fmt::format("Ghostscript could not be started: {}.", result.reason));
     }
-    if (result.end == process::ChildResult::End::PastDeadline) {
+    if (result.end == base::ChildResult::End::PastDeadline) {
         throw PublishFailure(PublishStatus::TimeLimit,
                              fmt::format("Page {}: its PostScript took more time than allowed.",
                                          pages[std::min(done, pages.size() - 1)].number));
@@ -161,8 +159,8 @@ void CheckRun(const process::ChildResult& result, const DriverReport& report, co
     if (report.error) {
         FailOnError(report, pages, folder, outputPath);
     }
-    if (result.end == process::ChildResult::End::Signalled) {
-        FailSignalled(result.code, pages, done);
+    if (result.end == base::ChildResult::End::Signalled) {
+        FailSignalled(result, pages, done);
     }
     if (result.code != 0 && RoomHasRunOut(folder, outputPath)) {
         FailFullDisk(folder);

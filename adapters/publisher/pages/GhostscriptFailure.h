@@ -1,8 +1,8 @@
 // Judges a finished run of the PostScript interpreter: its exit code, its report lines, and the room on the disk.
 #pragma once
 
+#include "base/process/ChildProcess.h"
 #include "pages/GhostscriptDriver.h"
-#include "process/ChildProcess.h"
 
 #include <string>
 #include <vector>
@@ -13,7 +13,7 @@ namespace sm::publisher {
 
 /// Returns when every page was made exactly once; else throws PublishFailure that names the first page at fault.
 /// `folder` is where the interpreter wrote, `outputPath` its PDF.
-void CheckRun(const process::ChildResult& result, const DriverReport& report, const std::vector<PageSource>& pages,
+void CheckRun(const base::ChildResult& result, const DriverReport& report, const std::vector<PageSource>& pages,
               const std::string& folder, const std::string& outputPath);
 
 /// The line of the file's byte `position`, from 1; 0 when the file can't be read so far.

@@ -1,20 +1,15 @@
 #include "pages/GhostscriptPageMaker.h"
 
+#include "base/files/File.h"
+#include "base/process/ChildProcess.h"
+#include "base/process/ThisProcess.h"
 #include "pages/GhostscriptDriver.h"
 #include "pages/GhostscriptFailure.h"
-#include "pdf/AtomicFile.h"
 #include "pdf/PublishStatus.h"
-#include "process/ChildProcess.h"
+#include "pdf/TargetFile.h"
 
-#include <cerrno>
-#include <cstdlib>
-#include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 #include <fmt/format.h>
-#include <sys/random.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace sm::publisher {
 
@@ -28,43 +23,42 @@ constexpr const char* kTemporaryName = "tmp";
 
 std::string MakeNonce()
 {
-    std::uint64_t words[2] = {};
-    if (::getrandom(words, sizeof words, 0) != sizeof words) {
+    const auto words = base::RandomWords();
+    if (!words) {
         throw PublishFailure(PublishStatus::Internal, "The system gives no random numbers.");
     }
-    return fmt::format("sm{:016x}{:016x}", words[0], words[1]);
+    return fmt::format("sm{:016x}{:016x}", (*words)[0], (*words)[1]);
 }
 
 void WriteDriver(const std::string& path, const std::string& program)
 {
-    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-    if (descriptor < 0) {
-        throw PublishFailure(errno == ENOSPC || errno == EDQUOT ? PublishStatus::DiskFull
-                                                                : PublishStatus::WorkFolderUnusable,
+    std::error_code error;
+    base::File file = base::File::Create(path, base::File::Rights::Private, error);
+    if (!file.IsOpen()) {
+        throw PublishFailure(base::IsDiskFull(error) ? PublishStatus::DiskFull : PublishStatus::WorkFolderUnusable,
                              fmt::format("{} could not be written: {}. Free some space or set TMPDIR to a folder that "
                                          "can be written.",
-                                         path, std::strerror(errno)));
+                                         path, error.message()));
     }
     try {
-        WriteFully(descriptor, program.data(), program.size(), path);
-    } catch (...) {
-        ::close(descriptor);
-        throw;
+        file.Write(program);
+    } catch (const std::system_error& failure) {
+        throw WritingFailure(path, failure.code());
     }
-    ::close(descriptor);
 }
 
 std::uintmax_t InputBytes(const std::vector<PageSource>& pages)
 {
     std::uintmax_t total = 0;
     for (const PageSource& page : pages) {
-        struct stat status {};
-        if (::stat(page.psPath.c_str(), &status) != 0 || ::access(page.psPath.c_str(), R_OK) != 0) {
+        std::error_code error;
+        const base::FileFacts facts = base::FactsOf(page.psPath, error);
+        if (error || !base::MayRead(page.psPath, error)) {
             throw PublishFailure(PublishStatus::PostScriptMissing,
                                  fmt::format("Page {}: the PostScript file {} can't be read: {}. Plot the sheet again.",
-                                             page.number, page.psPath, std::strerror(errno)));
+                                             page.number, page.psPath, error.message()));
         }
-        total += static_cast<std::uintmax_t>(status.st_size);
+        total += facts.stamp.size;
     }
     return total;
 }
@@ -88,8 +82,8 @@ std::vector<std::string> Environment()
 {
     std::vector<std::string> environment{fmt::format("TMPDIR={}", kTemporaryName), "LC_ALL=C.UTF-8"};
     for (const char* name : {"PATH", "HOME", "XDG_CACHE_HOME"}) {
-        if (const char* value = std::getenv(name)) {
-            environment.push_back(fmt::format("{}={}", name, value));
+        if (const auto value = base::Variable(name)) {
+            environment.push_back(fmt::format("{}={}", name, *value));
         }
     }
     return environment;
@@ -129,8 +123,8 @@ public:
     MadePages MakePages(const std::vector<PageSource>& pages, const std::string& jobOptions,
                         const std::string& folder) override
     {
-        process::ChildCommand command;
-        command.program = process::FindProgram(m_options.program);
+        base::ChildCommand command;
+        command.program = base::FindProgram(m_options.program);
         if (command.program.empty()) {
             FailMissingInterpreter(m_options.program);
         }
@@ -147,15 +141,15 @@ public:
         command.workingFolder = folder;
         command.keptLines = nonce;
         command.limits = Limits(bytes);
-        const process::ChildResult result = process::RunChild(command);
+        const base::ChildResult result = base::RunChild(command);
         CheckRun(result, ReadDriverOutput(result.output, nonce), pages, folder, (place / kOutputName).string());
         return {(place / kOutputName).string(), nullptr};
     }
 
 private:
-    [[nodiscard]] process::ChildLimits Limits(std::uintmax_t inputBytes) const
+    [[nodiscard]] base::ChildLimits Limits(std::uintmax_t inputBytes) const
     {
-        process::ChildLimits limits;
+        base::ChildLimits limits;
         const auto megabytes = static_cast<long long>(inputBytes / 1000000);
         limits.deadline = m_options.deadline + m_options.deadlinePerMegabyte * megabytes;
         limits.cpuSeconds = static_cast<std::uint64_t>(limits.deadline.count() / 1000 + 2);

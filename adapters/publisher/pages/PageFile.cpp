@@ -1,15 +1,11 @@
 #include "pages/PageFile.h"
 
+#include "base/files/File.h"
 #include "pdf/PdfNumbers.h"
 #include "pdf/PublishStatus.h"
 
-#include <cerrno>
-#include <cstring>
-#include <fcntl.h>
 #include <fmt/format.h>
 #include <string_view>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace sm::publisher {
 
@@ -41,19 +37,22 @@ std::string WhyNotPostScript(std::string_view first)
 
 void CheckPostScriptFile(const std::string& path, std::size_t pageNumber)
 {
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    if (descriptor < 0) {
-        FailReading(path, pageNumber, std::strerror(errno));
+    std::error_code error;
+    base::File file = base::File::Open(path, error);
+    if (!file.IsOpen()) {
+        FailReading(path, pageNumber, error.message());
     }
-    struct stat status {};
-    const bool regular = ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+    if (file.Facts().kind != base::FileKind::File) {
+        FailReading(path, pageNumber, "it is not an ordinary file");
+    }
     char first[3] = {};
-    const ssize_t got = regular ? ::read(descriptor, first, sizeof first) : 0;
-    ::close(descriptor);
-    if (!regular || got < 0) {
-        FailReading(path, pageNumber, regular ? "reading failed" : "it is not an ordinary file");
+    std::size_t got = 0;
+    try {
+        got = file.Read(first, sizeof first);
+    } catch (const std::system_error&) {
+        FailReading(path, pageNumber, "reading failed");
     }
-    const std::string why = WhyNotPostScript({first, static_cast<std::size_t>(got)});
+    const std::string why = WhyNotPostScript({first, got});
     if (!why.empty()) {
         throw PublishFailure(PublishStatus::NotPostScript,
                              fmt::format("Page {}: the file {} {}. Plot the sheet again.", pageNumber, path, why));

@@ -1,6 +1,6 @@
 #include "fonts/FontFolders.h"
 
-#include "text/Unicode.h"
+#include "base/text/Names.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -60,7 +60,7 @@ void ScanFolder(const std::string& folder, Files& files)
         if (at.depth() > 6) {
             at.disable_recursion_pending();
         }
-        const std::string name = Lowered(at->path().filename().string());
+        const std::string name = base::FoldCase(at->path().filename().string());
         if (IsFontFile(name)) {
             files.try_emplace(name, at->path().string());
         }
@@ -113,7 +113,7 @@ void FontFolders::Scan()
 const std::string* FontFolders::Named(std::string_view fileName)
 {
     Scan();
-    const std::string name = Lowered(fileName);
+    const std::string name = base::FoldCase(fileName);
     if (const auto own = m_files.find(name); own != m_files.end()) {
         return &own->second;
     }
@@ -128,10 +128,10 @@ FontFolders::Files FontFolders::FilesIn(const std::string& folder)
     while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
         // Drawings lie by the thousand in one folder: most names are passed over before they are copied.
         const std::size_t length = std::strlen(entry->d_name);
-        if (length < 5 || !IsFontFile(Lowered({entry->d_name + length - 4, 4}))) {
+        if (length < 5 || !IsFontFile(base::FoldCase({entry->d_name + length - 4, 4}))) {
             continue;
         }
-        files.try_emplace(Lowered(entry->d_name), folder + "/" + entry->d_name);
+        files.try_emplace(base::FoldCase(entry->d_name), folder + "/" + entry->d_name);
     }
     return files;
 }
@@ -143,7 +143,7 @@ const std::string* FontFolders::Named(std::string_view fileName, const std::stri
         if (known == m_beside.end()) {
             known = m_beside.emplace(folder, FilesIn(folder)).first;
         }
-        const auto found = known->second.find(Lowered(fileName));
+        const auto found = known->second.find(base::FoldCase(fileName));
         if (found != known->second.end()) {
             return &found->second;
         }

@@ -1,6 +1,8 @@
 #include "fonts/FontLibrary.h"
 
+#include "base/text/Names.h"
 #include "fonts/FontNames.h"
+#include "text/Unicode.h"
 
 #include <algorithm>
 
@@ -63,7 +65,7 @@ const Font& FontLibrary::ForStyle(const drawing::Drawing& drawing, std::uint32_t
 
 const Font& FontLibrary::ForFamily(const std::string& family, bool bold, bool italic)
 {
-    const std::string key = Lowered(family) + (bold ? "|b" : "|") + (italic ? "i" : "");
+    const std::string key = base::FoldCase(family) + (bold ? "|b" : "|") + (italic ? "i" : "");
     const auto known = m_named.find(key);
     if (known != m_named.end()) {
         return known->second;
@@ -78,7 +80,7 @@ const Font& FontLibrary::ForFamily(const std::string& family, bool bold, bool it
 
 const Font& FontLibrary::ForShapeFile(const std::string& file)
 {
-    const std::string key = Lowered(file) + "|shx";
+    const std::string key = base::FoldCase(file) + "|shx";
     const auto known = m_named.find(key);
     if (known != m_named.end()) {
         return known->second;
@@ -111,7 +113,8 @@ const OutlineFace* FontLibrary::AnyFace()
 StrokeFont* FontLibrary::StrokeAt(const std::string& file, const StrokeChoice* choice)
 {
     const bool own = choice == nullptr || choice->metrics.IsFile();
-    auto [entry, isNew] = m_strokes.try_emplace(Lowered(file) + (own ? "" : "|" + std::to_string(choice->number)));
+    auto [entry, isNew] =
+        m_strokes.try_emplace(base::FoldCase(file) + (own ? "" : "|" + std::to_string(choice->number)));
     if (isNew) {
         const std::string* path = m_folders.Named(file);
         entry->second = path != nullptr && EndingOf(*path) == ".lff" ? StrokeFont::Open(*path) : nullptr;

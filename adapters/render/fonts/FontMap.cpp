@@ -1,6 +1,7 @@
 #include "fonts/FontMap.h"
 
-#include "text/Unicode.h"
+#include "base/text/Names.h"
+#include "base/text/Utf8.h"
 
 #include <charconv>
 #include <fstream>
@@ -39,7 +40,7 @@ std::vector<std::string> WordsOf(std::string_view line)
 
 std::string WithoutShx(std::string_view name)
 {
-    std::string key = Lowered(name);
+    std::string key = base::FoldCase(name);
     if (key.ends_with(".shx")) {
         key.resize(key.size() - 4);
     }
@@ -81,13 +82,13 @@ void FontMap::AddLine(const std::vector<std::string>& words)
 {
     const std::string_view kind = words.empty() ? std::string_view() : std::string_view(words[0]);
     if (kind == "file" && words.size() >= 3) {
-        m_files.try_emplace(Lowered(words[1]), ChoicesOf(words[2]));
+        m_files.try_emplace(base::FoldCase(words[1]), ChoicesOf(words[2]));
     } else if (kind == "family" && words.size() >= 3) {
         std::array<FontChoices, 4> files;
         for (std::size_t i = 0; i < files.size(); ++i) {
             files[i] = ChoicesOf(i + 2 < words.size() ? words[i + 2] : words[2]);
         }
-        m_families.try_emplace(Lowered(words[1]), files);
+        m_families.try_emplace(base::FoldCase(words[1]), files);
     } else if (kind == "stroke" && words.size() >= 3) {
         AddStroke(words);
     } else if (kind == "advance" && words.size() >= 4) {
@@ -115,7 +116,7 @@ void FontMap::AddAdvances(const std::vector<std::string>& words)
         return;
     }
     for (std::size_t at = 0; at < words[3].size();) {
-        found->second.metrics.advances.try_emplace(NextCharacter(words[3], at), *advance);
+        found->second.metrics.advances.try_emplace(base::NextCharacter(words[3], at), *advance);
     }
 }
 
@@ -141,13 +142,13 @@ bool FontMap::AddFile(const std::string& path)
 
 const FontChoices* FontMap::File(std::string_view name) const
 {
-    const auto found = m_files.find(Lowered(name));
+    const auto found = m_files.find(base::FoldCase(name));
     return found == m_files.end() ? nullptr : &found->second;
 }
 
 const FontChoices* FontMap::Family(std::string_view name, bool bold, bool italic) const
 {
-    const auto found = m_families.find(Lowered(name));
+    const auto found = m_families.find(base::FoldCase(name));
     return found == m_families.end() ? nullptr : &found->second[(bold ? 1U : 0U) + (italic ? 2U : 0U)];
 }
 

@@ -1,7 +1,7 @@
 // Names of font files.
 #pragma once
 
-#include "text/Unicode.h"
+#include "base/text/Names.h"
 
 #include <string>
 
@@ -25,7 +25,7 @@ inline std::string FolderOf(const std::string& path)
 inline std::string EndingOf(const std::string& file)
 {
     const std::size_t dot = file.rfind('.');
-    return dot == std::string::npos ? std::string() : Lowered(file.substr(dot));
+    return dot == std::string::npos ? std::string() : base::FoldCase(file.substr(dot));
 }
 
 inline std::string StemOf(const std::string& file)

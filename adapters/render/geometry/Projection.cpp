@@ -1,8 +1,7 @@
 #include "render/Projection.h"
 
+#include "base/Units.h"
 #include "render/FrontEnd.h"
-
-#include <numbers>
 
 namespace sm::render {
 
@@ -59,7 +58,7 @@ Matrix3 ViewMatrix(Vec3 direction, Vec3 target, double twist)
     const Vec3 right =
         vertical ? Vec3{normal.z < 0 ? -1.0 : 1.0, 0, 0} : Normalized(Cross({0, 0, 1}, normal), {1, 0, 0});
     const Vec3 up = Cross(normal, right);
-    const double radians = twist * std::numbers::pi / 180;
+    const double radians = base::RadiansOf(twist);
     const double c = std::cos(radians);
     const double s = std::sin(radians);
     const Vec3 rowX = right * c - up * s;

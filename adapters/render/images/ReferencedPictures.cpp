@@ -1,5 +1,8 @@
 #include "images/ReferenceParts.h"
 
+#include "base/Units.h"
+#include "base/files/File.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -91,7 +94,7 @@ std::shared_ptr<const Picture> References::PictureOf(const drawing::ImageDefinit
         }
     }
     const std::string path = Find(definition.path);
-    auto bytes = path.empty() ? std::nullopt : drawing::ReadRegularFile(path, kLargestFile);
+    auto bytes = path.empty() ? std::nullopt : base::ReadRegularFile(path, kLargestFile);
     if (!bytes) {
         parts.unusable.insert(definition.handle);
         Report(ReferenceFinding::kMissing,
@@ -171,8 +174,8 @@ References::PagePicture References::ShowPage(const drawing::ImageDefinition& def
         return {nullptr, size};
     }
     const double most = std::sqrt(kMostPagePixels / std::max(size.x * size.y, 1e-6));
-    const double dots =
-        std::clamp(std::ceil(kPageDots * inch / 25.4), kFewestDots, std::max(kFewestDots, std::floor(most)));
+    const double dots = std::clamp(std::ceil(kPageDots * inch / base::kMillimetresPerInch), kFewestDots,
+                                   std::max(kFewestDots, std::floor(most)));
     const Parts::Key key{definition.handle, look, page, static_cast<std::int32_t>(dots)};
     if (auto picture = parts.Known(key)) {
         return {picture, size};

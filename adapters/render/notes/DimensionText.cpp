@@ -1,9 +1,10 @@
 #include "notes/DimensionText.h"
 
+#include "base/Units.h"
+
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <numbers>
 
 namespace sm::render {
 
@@ -177,7 +178,7 @@ std::string AngleText(double degrees, const DimStyle& style)
     case 2:
         return decimal(degrees * kGrads) + "g";
     case 3:
-        return decimal(degrees * std::numbers::pi / 180) + "r";
+        return decimal(base::RadiansOf(degrees)) + "r";
     default:
         return decimal(degrees) + "%%d";
     }

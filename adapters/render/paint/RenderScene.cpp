@@ -1,3 +1,4 @@
+#include "base/Units.h"
 #include "drawing/Annotation.h"
 #include "paint/Painter.h"
 #include "plotstyle/PlotPens.h"
@@ -56,7 +57,7 @@ void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderRe
     options.viewportBorders = scene.viewportBorders;
     options.references = scene.references;
     options.stop = scene.stop;
-    options.dotsPerMillimetre = scene.resolution / 25.4;
+    options.dotsPerMillimetre = scene.resolution / base::kMillimetresPerInch;
     options.scaleLinetypesWithPaper = LinetypesScaleWithPaper(scene);
     Frame frame;
     frame.toPaper = Flatten(scene.view, scene.toPaper);

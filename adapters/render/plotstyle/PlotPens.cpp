@@ -1,5 +1,6 @@
 #include "plotstyle/PlotPens.h"
 
+#include "base/text/Utf8.h"
 #include "drawing/TextDecoder.h"
 
 #include <algorithm>
@@ -83,7 +84,7 @@ PlotPen PenOf(const PlotStyle& style, const PlotStyleTable& table)
 /// A name of the table as UTF-8, letter case folded.
 std::string Folded(const std::string& name, const std::string& codePage)
 {
-    if (drawing::IsUtf8(name)) {
+    if (base::IsUtf8(name)) {
         return drawing::FoldName(name);
     }
     return drawing::FoldName(drawing::TextDecoder(drawing::ConverterName(codePage), false).Decode(name));

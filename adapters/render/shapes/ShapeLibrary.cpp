@@ -1,6 +1,6 @@
 #include "shapes/ShapeLibrary.h"
 
-#include "text/Unicode.h"
+#include "base/text/Names.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 std::string FileName(const std::string& fontFile)
 {
     const std::size_t slash = fontFile.find_last_of("/\\");
-    std::string name = Lowered(slash == std::string::npos ? fontFile : fontFile.substr(slash + 1));
+    std::string name = base::FoldCase(slash == std::string::npos ? fontFile : fontFile.substr(slash + 1));
     if (!name.empty() && !name.ends_with(".shx")) {
         name += name.ends_with(".shp") ? "" : ".shx";
     }
@@ -31,7 +31,7 @@ std::string FileIn(const fs::path& folder, const std::string& name)
     std::error_code error;
     int budget = 10000;
     for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
-        if (Lowered(at->path().filename().string()) == name) {
+        if (base::FoldCase(at->path().filename().string()) == name) {
             return at->path().string();
         }
         if (--budget == 0) {

@@ -1,9 +1,9 @@
 #include "text/LineLayout.h"
 
-#include "text/Unicode.h"
+#include "base/Units.h"
+#include "base/text/Utf8.h"
 
 #include <cmath>
-#include <numbers>
 
 namespace sm::render {
 
@@ -87,7 +87,7 @@ double LineLayout::SetDown(const TypeStyle& style)
     for (const CodedPiece& piece : m_pieces) {
         for (std::size_t at = 0; at < piece.text.size(); ++count) {
             const std::size_t from = at;
-            NextCharacter(piece.text, at);
+            base::NextCharacter(piece.text, at);
             const std::string_view letter = std::string_view(piece.text).substr(from, at - from);
             m_setter.Set(letter, style, {-m_setter.Measure(letter, style) / 2, y});
             y -= kStepDown * style.height;
@@ -130,7 +130,7 @@ void LineLayout::Lay(const drawing::Drawing& drawing, const drawing::TextData& t
     style.oblique = std::isfinite(text.oblique) ? text.oblique : 0;
     const bool spans = (text.horizontal == kAligned || text.horizontal == kFit) && text.hasAlignment;
     Vec2 base{text.insertion.x, text.insertion.y};
-    double angle = text.rotation * std::numbers::pi / 180;
+    double angle = base::RadiansOf(text.rotation);
     const bool atAlignment = text.hasAlignment && !spans && (text.horizontal != kLeft || text.vertical != kBaseline);
     if (atAlignment) {
         base = {text.alignment.x, text.alignment.y};

@@ -1,7 +1,7 @@
 #include "text/MTextParser.h"
 
+#include "base/text/Names.h"
 #include "text/TextCodes.h"
-#include "text/Unicode.h"
 
 #include <charconv>
 #include <cmath>
@@ -69,7 +69,7 @@ void MTextParser::SetLook(char code)
 double MTextParser::Factor(std::string_view argument, double now, double low, double high) const
 {
     const double value = LeadingNumber(argument, 0);
-    const double factor = !argument.empty() && LowerAscii(argument.back()) == 'x' ? value * now : value;
+    const double factor = !argument.empty() && base::LowerAscii(argument.back()) == 'x' ? value * now : value;
     return factor >= low && factor <= high ? factor : now;
 }
 
@@ -103,7 +103,7 @@ void MTextParser::SetFont(std::string_view argument)
     }
     const bool bold = argument.find("|b1") != std::string_view::npos;
     const bool italic = argument.find("|i1") != std::string_view::npos;
-    const bool shape = Lowered(name).ends_with(".shx");
+    const bool shape = base::FoldCase(name).ends_with(".shx");
     m_look.font = shape ? &m_fonts.ForShapeFile(name) : &m_fonts.ForFamily(name, bold, italic);
 }
 

@@ -1,5 +1,6 @@
 #include "text/MTextParser.h"
 
+#include "base/text/Utf8.h"
 #include "text/TextCodes.h"
 #include "text/Unicode.h"
 
@@ -89,7 +90,7 @@ void MTextParser::Step()
 void MTextParser::AppendPlain()
 {
     const std::size_t from = m_at;
-    const char32_t c = NextCharacter(m_text, m_at);
+    const char32_t c = base::NextCharacter(m_text, m_at);
     const bool breaks = BreaksAnywhere(c);
     if (breaks) {
         EndWord();
@@ -144,7 +145,7 @@ void MTextParser::Code()
         return;
     }
     if (code == '~') {
-        AppendCharacter(m_word, 0xA0);
+        base::AppendUtf8(m_word, 0xA0);
         return;
     }
     if (std::string_view("LlOoKkHhWwQqTtCcFfApS").find(code) == std::string_view::npos) {

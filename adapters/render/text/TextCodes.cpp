@@ -1,6 +1,7 @@
 #include "text/TextCodes.h"
 
-#include "text/Unicode.h"
+#include "base/text/Names.h"
+#include "base/text/Utf8.h"
 
 #include <charconv>
 #include <cstdint>
@@ -37,12 +38,12 @@ bool DecodePercent(std::string_view text, std::size_t& at, std::string& out)
 {
     std::uint32_t number = 0;
     if (ParseDigits(text.substr(at + 2), 3, 10, number)) {
-        AppendCharacter(out, ByNumber(number));
+        base::AppendUtf8(out, ByNumber(number));
         at += 5;
         return true;
     }
     char32_t c = 0;
-    switch (LowerAscii(text[at + 2])) {
+    switch (base::LowerAscii(text[at + 2])) {
     case 'c':
         c = 0xD8;
         break;
@@ -58,7 +59,7 @@ bool DecodePercent(std::string_view text, std::size_t& at, std::string& out)
     default:
         return false;
     }
-    AppendCharacter(out, c);
+    base::AppendUtf8(out, c);
     at += 3;
     return true;
 }
@@ -83,7 +84,7 @@ bool DecodeCharacter(std::string_view text, std::size_t& at, std::string& out)
             value = 0x10000 + ((value - 0xD800) << 10 | (low - 0xDC00));
             at += 7;
         }
-        AppendCharacter(out, value >= 0xD800 && value < 0xE000 ? 0xFFFD : value);
+        base::AppendUtf8(out, value >= 0xD800 && value < 0xE000 ? 0xFFFD : value);
         return true;
     }
     return false;
@@ -110,7 +111,7 @@ void DecodeLine(std::string_view line, std::vector<CodedPiece>& pieces)
             continue;
         }
         const std::string_view rest = line.substr(at);
-        const char code = rest.size() > 2 && rest.starts_with("%%") ? LowerAscii(rest[2]) : '\0';
+        const char code = rest.size() > 2 && rest.starts_with("%%") ? base::LowerAscii(rest[2]) : '\0';
         if (code == 'u' || code == 'o' || code == 'k') {
             bool& flag = code == 'u' ? flags.under : code == 'o' ? flags.over : flags.strike;
             flag = !flag;

@@ -1,7 +1,8 @@
 #include "text/TextPlane.h"
 
+#include "base/Units.h"
+
 #include <cmath>
-#include <numbers>
 
 namespace sm::render {
 
@@ -48,7 +49,7 @@ Ocs OcsOf(Vec3 extrusion)
 Matrix2 PlaneOf(const drawing::MTextData& text)
 {
     const Ocs ocs = OcsOf(text.extrusion);
-    double angle = text.rotation * std::numbers::pi / 180;
+    double angle = base::RadiansOf(text.rotation);
     if (text.hasDirection) {
         const Vec2 along{Dot(text.direction, ocs.x), Dot(text.direction, ocs.y)};
         angle = along == Vec2{} ? 0 : std::atan2(along.y, along.x);

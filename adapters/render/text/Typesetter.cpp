@@ -1,9 +1,10 @@
 #include "text/Typesetter.h"
 
+#include "base/Units.h"
+#include "base/text/Utf8.h"
 #include "text/Unicode.h"
 
 #include <cmath>
-#include <numbers>
 
 namespace sm::render {
 
@@ -12,7 +13,7 @@ namespace {
 double Shear(const TypeStyle& style)
 {
     const double degrees = std::clamp(style.oblique, -85.0, 85.0);
-    return degrees == 0 ? 0 : std::tan(degrees * std::numbers::pi / 180);
+    return degrees == 0 ? 0 : std::tan(base::RadiansOf(degrees));
 }
 
 /// From units that are `unit` of the style's height to drawing units.
@@ -50,7 +51,7 @@ double Typesetter::Run(const Job& job)
     m_segment = {};
     for (std::size_t at = 0; at < job.text.size();) {
         const std::size_t from = at;
-        const char32_t c = NextCharacter(job.text, at);
+        const char32_t c = base::NextCharacter(job.text, at);
         if (c < 32 || (c >= 0x200B && c <= 0x200F) || c == 0xFEFF) {
             continue; // controls and marks of direction have no glyph
         }
@@ -171,7 +172,7 @@ double Typesetter::Behind(std::string_view text, const TypeStyle& style)
     if (text.empty() || style.font == nullptr) {
         return 0;
     }
-    const GlyphSource last = m_fonts.Find(*style.font, NextCharacter(text, at));
+    const GlyphSource last = m_fonts.Find(*style.font, base::NextCharacter(text, at));
     return last.strokes == nullptr ? 0 : last.strokes->gap * style.height * style.width * StrokeWidth(style);
 }
 
@@ -182,7 +183,7 @@ double Typesetter::Depth(std::string_view text, const TypeStyle& style)
     double depth = 0;
     Path path;
     for (std::size_t at = 0; at < text.size();) {
-        const GlyphSource source = m_fonts.Find(font, NextCharacter(text, at));
+        const GlyphSource source = m_fonts.Find(font, base::NextCharacter(text, at));
         double lowest = 0;
         if (source.face != nullptr) {
             source.face->Outline(source.glyph, path);

@@ -1,54 +1,7 @@
-// UTF-8 walking and the few facts on characters that layout asks for.
+// The few facts on characters that layout asks for.
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <string_view>
-
 namespace sm::render {
-
-/// The character at `at`, which moves on; what isn't UTF-8 gives U+FFFD for each byte.
-inline char32_t NextCharacter(std::string_view text, std::size_t& at)
-{
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char lead = byte(at++);
-    if (lead < 0x80) {
-        return lead;
-    }
-    const std::size_t more = lead < 0xC2 ? 0 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : lead < 0xF5 ? 3 : 0;
-    if (more == 0 || at + more > text.size()) {
-        return 0xFFFD;
-    }
-    char32_t c = lead & (0x3FU >> more);
-    for (std::size_t i = 0; i < more; ++i) {
-        if ((byte(at + i) & 0xC0) != 0x80) {
-            return 0xFFFD;
-        }
-        c = c << 6 | (byte(at + i) & 0x3FU);
-    }
-    at += more;
-    return c;
-}
-
-inline void AppendCharacter(std::string& out, char32_t c)
-{
-    if (c < 0x80) {
-        out += static_cast<char>(c);
-        return;
-    }
-    if (c < 0x800) {
-        out += static_cast<char>(0xC0 | c >> 6);
-    } else {
-        if (c < 0x10000) {
-            out += static_cast<char>(0xE0 | c >> 12);
-        } else {
-            out += static_cast<char>(0xF0 | (c >> 18 & 7));
-            out += static_cast<char>(0x80 | (c >> 12 & 0x3F));
-        }
-        out += static_cast<char>(0x80 | (c >> 6 & 0x3F));
-    }
-    out += static_cast<char>(0x80 | (c & 0x3F));
-}
 
 /// Written from right to left.
 inline bool IsRightToLeft(char32_t c)
@@ -75,20 +28,6 @@ inline bool BreaksAnywhere(char32_t c)
 inline bool IsEastAsian(char32_t c)
 {
     return BreaksAnywhere(c) || (c >= 0x1100 && c < 0x1200) || (c >= 0xAC00 && c < 0xD7B0);
-}
-
-inline char LowerAscii(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-inline std::string Lowered(std::string_view text)
-{
-    std::string out(text);
-    for (char& c : out) {
-        c = LowerAscii(c);
-    }
-    return out;
 }
 
 } // namespace sm::render

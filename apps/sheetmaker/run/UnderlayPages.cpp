@@ -1,8 +1,9 @@
 #include "run/UnderlayPages.h"
 
+#include "base/files/File.h"
+#include "base/files/PrivateFolder.h"
+#include "base/process/ChildProcess.h"
 #include "drawing/FindReferenced.h"
-#include "process/ChildProcess.h"
-#include "process/PrivateFolder.h"
 
 #include <algorithm>
 #include <array>
@@ -64,7 +65,7 @@ Vec2 SizeFrom(std::string_view line)
 /// A file in the "raw pixmap" form.
 render::IPageRasterizer::Pixels ReadPixmap(const std::string& path)
 {
-    auto bytes = drawing::ReadRegularFile(path, kLargestOutput);
+    auto bytes = base::ReadRegularFile(path, kLargestOutput);
     render::IPageRasterizer::Pixels pixels;
     std::array<std::int32_t, 3> numbers{}; // width, height, largest value
     const char* at = bytes && bytes->starts_with("P6") ? bytes->data() + 2 : nullptr;
@@ -97,7 +98,7 @@ public:
 
     Vec2 SizeOf(const std::string& path, std::int32_t page) override
     {
-        const process::PrivateFolder folder("");
+        const base::PrivateFolder folder("");
         const std::string line = fmt::format("Page {} ", page);
         const std::string output = Run(folder.Path(), path, {"-dNODISPLAY", "-dPDFINFO"}, line + "MediaBox");
         const std::size_t at = output.find(line + "MediaBox");
@@ -112,7 +113,7 @@ public:
 
     Pixels Show(const std::string& path, std::int32_t page, double dotsPerInch) override
     {
-        const process::PrivateFolder folder("");
+        const base::PrivateFolder folder("");
         const std::vector<std::string> arguments{"-sDEVICE=ppmraw",
                                                  "-dTextAlphaBits=4",
                                                  "-dGraphicsAlphaBits=4",
@@ -131,8 +132,8 @@ private:
     std::string Run(const std::string& folder, const std::string& path, const std::vector<std::string>& arguments,
                     const std::string& keptLines) const
     {
-        process::ChildCommand command;
-        command.program = process::FindProgram(m_program);
+        base::ChildCommand command;
+        command.program = base::FindProgram(m_program);
         if (command.program.empty()) {
             throw std::runtime_error("can't be drawn: the program " + m_program +
                                      " is not there; install it with: apt-get install ghostscript");
@@ -148,8 +149,8 @@ private:
         command.workingFolder = folder;
         command.keptLines = keptLines;
         command.limits = {kDeadline, static_cast<std::uint64_t>(kDeadline.count() / 1000 + 2), kMemory, kLargestOutput};
-        const process::ChildResult result = process::RunChild(command);
-        if (result.end != process::ChildResult::End::Exited || result.code != 0) {
+        const base::ChildResult result = base::RunChild(command);
+        if (result.end != base::ChildResult::End::Exited || result.code != 0) {
             throw std::runtime_error("can't be drawn: the PostScript interpreter failed on it");
         }
         return result.output;

@@ -1,6 +1,8 @@
 // Where files that a drawing names are found.
 #include "drawing/FindReferenced.h"
 
+#include "base/files/File.h"
+
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -73,7 +75,7 @@ TEST_F(FindReferencedTest, FindsFilesByTheNamesThatDrawingsGiveThem)
 TEST_F(FindReferencedTest, ReadsRegularFilesWithinALimit)
 {
     const auto read = [&](const char* name, std::uint64_t largest) {
-        return ReadRegularFile((m_root / name).string(), largest).value_or("(none)");
+        return base::ReadRegularFile((m_root / name).string(), largest).value_or("(none)");
     };
     EXPECT_EQ(read("job/site.png", 1), "x");
     EXPECT_EQ(read("job/site.png", 0), "(none)");

@@ -2,7 +2,6 @@
 #include "postscript/PsWriter.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 namespace sm::plotter {
 namespace {
@@ -13,23 +12,20 @@ using Form = Picture::Form;
 
 template <class Write> std::string TextOf(Write write)
 {
-    std::FILE* file = std::tmpfile();
-    write(fileno(file));
-    std::string text(static_cast<std::size_t>(lseek(fileno(file), 0, SEEK_CUR)), '\0');
-    EXPECT_EQ(pread(fileno(file), text.data(), text.size(), 0), static_cast<ssize_t>(text.size()));
-    std::fclose(file);
+    std::string text;
+    write([&](std::string_view piece) { text += piece; });
     return text;
 }
 
 std::string BodyOf(PsWriter& writer)
 {
     writer.Finish();
-    return TextOf([&](int fd) { writer.Body().WriteTo(fd); });
+    return TextOf([&](const BodyText::Sink& sink) { writer.Body().WriteTo(sink); });
 }
 
 std::string ResourcesOf(PsWriter& writer)
 {
-    return TextOf([&](int fd) { writer.Pictures().WriteTo(fd); });
+    return TextOf([&](const BodyText::Sink& sink) { writer.Pictures().WriteTo(sink); });
 }
 
 Picture Jpeg()

@@ -34,7 +34,7 @@ protected:
     std::string Unpacked(const std::string& body, std::size_t* count = nullptr)
     {
         std::ofstream(m_path, std::ios::binary) << body;
-        const MappedFile file(m_path);
+        const base::MappedFile file(m_path, base::MappedFile::Reading::InParts);
         const auto packed = PackDialectBody(file, file.Bytes(), 0);
         if (!packed)
             return "(refused)";

@@ -1,6 +1,6 @@
 #include "dwg/objects/Fields.h"
 
-#include "drawing/CodePage.h"
+#include "base/text/Utf8.h"
 
 #include <cmath>
 
@@ -132,7 +132,7 @@ std::string_view Fields::Utf16(BitReader& reader, std::uint64_t units)
                 --units;
             }
         }
-        AppendUtf8(m_text, unit);
+        base::AppendUtf8(m_text, unit);
     }
     return m_text;
 }

@@ -37,13 +37,4 @@ private:
 /// The page's table, made once and kept: drawings share it. For many threads.
 std::shared_ptr<const CodePage> SharedPage(const std::string& converter);
 
-/// Appends a character; surrogates and values beyond Unicode become U+FFFD.
-void AppendUtf8(std::string& text, char32_t character);
-
-/// The character at `at`, moving behind it; nothing (and one byte further) when the bytes aren't UTF-8.
-std::optional<char32_t> ReadUtf8(std::string_view text, std::size_t& at);
-
-/// Is the whole text UTF-8?
-bool IsUtf8(std::string_view text);
-
 } // namespace sm::drawing

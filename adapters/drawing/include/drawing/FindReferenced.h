@@ -23,7 +23,4 @@ std::string FindReferenced(const std::string& name, const SearchPlaces& places);
 /// The file name at the end of a path with separators of either kind.
 std::string ReferencedFileName(const std::string& name);
 
-/// The bytes of a regular file of at most `largest` bytes; nothing when it can't be read or is anything else.
-std::optional<std::string> ReadRegularFile(const std::string& path, std::uint64_t largest);
-
 } // namespace sm::drawing

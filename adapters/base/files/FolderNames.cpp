@@ -1,0 +1,23 @@
+#include "base/files/FolderNames.h"
+
+#include "base/files/Paths.h"
+
+#include <dirent.h>
+#include <memory>
+
+namespace sm::base {
+
+bool FolderName::IsFile() const
+{
+    std::error_code ignored;
+    return m_knownFile || std::filesystem::is_regular_file(ToPath(m_folder) / ToPath(m_name), ignored);
+}
+
+void VisitNames(const std::string& folder, const std::function<void(const FolderName&)>& visit)
+{
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(::opendir(folder.empty() ? "." : folder.c_str()), ::closedir);
+    while (const dirent* entry = entries ? ::readdir(entries.get()) : nullptr)
+        visit(FolderName(folder, entry->d_name, entry->d_type == DT_REG));
+}
+
+} // namespace sm::base

@@ -1,0 +1,60 @@
+#include "base/files/MappedFile.h"
+
+#include "files/Descriptor.h"
+
+#include <cstdint>
+#include <fcntl.h>
+
+#include <sys/mman.h>
+
+namespace sm::base {
+
+MappedFile::MappedFile(const std::string& path, Reading reading, std::error_code& error)
+{
+    Map(path, reading, error);
+}
+
+void MappedFile::Map(const std::string& path, Reading reading, std::error_code& error)
+{
+    error.clear();
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat state {};
+    if (!file.IsOpen() || ::fstat(file.Get(), &state) != 0) {
+        error = LastError();
+        return;
+    }
+    m_facts = FactsFrom(state);
+    if (m_facts.kind != FileKind::File || m_facts.stamp.size == 0)
+        return;
+    const auto size = static_cast<std::size_t>(m_facts.stamp.size);
+    const int flags = MAP_PRIVATE | (reading == Reading::Whole ? MAP_POPULATE : 0);
+    void* const address = ::mmap(nullptr, size, PROT_READ, flags, file.Get(), 0);
+    if (address == MAP_FAILED)
+        error = LastError();
+    else
+        m_bytes = {static_cast<const char*>(address), size};
+}
+
+MappedFile::MappedFile(const std::string& path, Reading reading)
+{
+    std::error_code ignored;
+    Map(path, reading, ignored);
+}
+
+MappedFile::~MappedFile()
+{
+    if (!m_bytes.empty())
+        ::munmap(const_cast<char*>(m_bytes.data()), m_bytes.size());
+}
+
+void MappedFile::Forget(std::string_view part) const
+{
+    // Whole pages only: the ends may be in use by those who read the neighbouring parts.
+    const auto page = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
+    const auto from = (reinterpret_cast<std::uintptr_t>(part.data()) + page - 1) / page * page;
+    const auto to = reinterpret_cast<std::uintptr_t>(part.data() + part.size()) / page * page;
+    if (from < to)
+        ::madvise(reinterpret_cast<void*>(from), to - from, MADV_DONTNEED);
+}
+
+} // namespace sm::base

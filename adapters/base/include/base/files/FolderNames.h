@@ -1,0 +1,31 @@
+// The names in a folder, looked at one by one.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace sm::base {
+
+/// A name in a folder, good for the time of the visit.
+class FolderName {
+public:
+    FolderName(const std::string& folder, std::string_view name, bool knownFile)
+        : m_folder(folder), m_name(name), m_knownFile(knownFile)
+    {
+    }
+    [[nodiscard]] std::string_view Text() const { return m_name; }
+    /// Is it a regular file, or a link to one? Asks the file system only when the folder itself doesn't tell.
+    [[nodiscard]] bool IsFile() const;
+
+private:
+    const std::string& m_folder;
+    std::string_view m_name;
+    bool m_knownFile;
+};
+
+/// Calls `visit` with each name in the folder (empty: the working folder), in no order; never when it can't be read.
+/// Drawings lie by the thousand in one folder, so nothing is copied, and the files themselves are not looked at.
+void VisitNames(const std::string& folder, const std::function<void(const FolderName&)>& visit);
+
+} // namespace sm::base

@@ -1,0 +1,39 @@
+// A file's bytes without a copy of them.
+#pragma once
+
+#include "base/files/FileFacts.h"
+
+#include <string>
+#include <string_view>
+#include <system_error>
+
+namespace sm::base {
+
+class MappedFile {
+public:
+    /// All of it soon, or part after part.
+    enum class Reading { Whole, InParts };
+
+    /// Holds nothing when the file can't be read, with `error`, when it is no regular file, which `Facts` tells, and
+    /// when it is empty.
+    MappedFile(const std::string& path, Reading reading, std::error_code& error);
+    /// For those who take a file that can't be read for an empty one.
+    MappedFile(const std::string& path, Reading reading);
+    MappedFile(const MappedFile&) = delete;
+    MappedFile& operator=(const MappedFile&) = delete;
+    ~MappedFile();
+
+    [[nodiscard]] std::string_view Bytes() const { return m_bytes; }
+    /// Of the file when it was mapped.
+    [[nodiscard]] const FileFacts& Facts() const { return m_facts; }
+    /// Gives back the memory of a part that was read; reading it again fetches it again.
+    void Forget(std::string_view part) const;
+
+private:
+    void Map(const std::string& path, Reading reading, std::error_code& error);
+
+    std::string_view m_bytes;
+    FileFacts m_facts;
+};
+
+} // namespace sm::base

@@ -1,0 +1,38 @@
+// What the system tells this program about itself.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <ctime>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sm::base {
+
+/// Tells this process from all others that run.
+std::int64_t ProcessNumber();
+
+/// A variable of the environment; nothing when it isn't set.
+std::optional<std::string> Variable(const char* name);
+/// All of them, "NAME=value".
+std::vector<std::string> Variables();
+
+/// The name of the account that the process runs under; empty when the system doesn't tell.
+std::string AccountName();
+
+/// Is the stream of that kind shown on a terminal?
+enum class Stream { Input = 0, Output = 1, Errors = 2 };
+bool IsTerminal(Stream stream);
+
+/// 128 bits that nobody can guess; nothing when the system gives none.
+std::optional<std::array<std::uint64_t, 2>> RandomWords();
+
+/// The calendar's date and time of day in the user's time zone.
+std::tm LocalTime(std::time_t time);
+
+/// Becomes another program, which gets these words after its own name and everything that this process has open. Comes
+/// back only when that can't be, with errno's text of the reason.
+std::string BecomeProgram(const std::string& program, const std::vector<std::string>& words);
+
+} // namespace sm::base

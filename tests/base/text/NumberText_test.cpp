@@ -1,0 +1,142 @@
+// Numbers to text and back.
+#include "base/text/NumberText.h"
+
+#include "base/Units.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace sm::base {
+namespace {
+
+constexpr double kInfinite = std::numeric_limits<double>::infinity();
+
+TEST(ParseReal, IsLenient)
+{
+    const struct {
+        const char* text;
+        double value;
+    } rows[] = {{"", 0},
+                {"12.5", 12.5},
+                {" \t-7 ", -7},
+                {"+3", 3},
+                {"1e3", 1000},
+                {"1E-2x", 0.01},
+                {".5", 0.5},
+                {"5.", 5},
+                {"-.25", -0.25},
+                {"abc", 0},
+                {"12abc", 12},
+                {"1,5", 1},
+                {"1e999", 0},
+                {"nan", 0},
+                {"inf", 0},
+                {"0.1", 0.1},
+                {"--1", 0},
+                {"123456789012345678", 123456789012345678.0},
+                {"0.30000000000000004", 0.30000000000000004}};
+    for (const auto& row : rows)
+        EXPECT_EQ(ParseReal(row.text), row.value) << row.text;
+}
+
+TEST(ParseInteger, IsLenient)
+{
+    const struct {
+        const char* text;
+        std::int64_t value;
+    } rows[] = {{"", 0},
+                {" 42 ", 42},
+                {"+7", 7},
+                {"-7x", -7},
+                {"x", 0},
+                {"1.9", 1},
+                {"9223372036854775808", std::numeric_limits<std::int64_t>::max()},
+                {"-9223372036854775809", std::numeric_limits<std::int64_t>::min()}};
+    for (const auto& row : rows)
+        EXPECT_EQ(ParseInteger(row.text), row.value) << row.text;
+}
+
+TEST(ParseHexadecimal, TakesUpToSixteenDigits)
+{
+    EXPECT_EQ(ParseHexadecimal(" 1aF "), 0x1AFU);
+    EXPECT_EQ(ParseHexadecimal("FFFFFFFFFFFFFFFF"), 0xFFFFFFFFFFFFFFFFU);
+    EXPECT_EQ(ParseHexadecimal("1FFFFFFFFFFFFFFFF"), 0U);
+    EXPECT_EQ(ParseHexadecimal("g"), 0U);
+    EXPECT_EQ(ParseHexadecimal(""), 0U);
+}
+
+TEST(Trimmed, TakesOffBlanksAndControls)
+{
+    EXPECT_EQ(Trimmed(" \t\r\n a b \x01"), "a b");
+    EXPECT_EQ(Trimmed("  "), "");
+    EXPECT_EQ(Trimmed(""), "");
+}
+
+std::string Quick(double value, int digits)
+{
+    char room[kNumberRoom];
+    return {room, PutDecimal(room, value, digits)};
+}
+
+TEST(PutDecimal, RoundsTheProductAwayFromZero)
+{
+    const struct {
+        double value;
+        int digits;
+        const char* text;
+    } rows[] = {{0, 4, "0"},
+                {-0.0, 4, "0"},
+                {1, 4, "1"},
+                {-1.5, 1, "-1.5"},
+                {0.25, 1, "0.3"},
+                {-0.25, 1, "-0.3"},
+                {0.00004, 4, "0"},
+                {-0.00004, 4, "0"},
+                {1.115, 2, "1.12"},
+                {1.005, 2, "1"},
+                {12.3456, 4, "12.3456"},
+                {100.0200, 6, "100.02"},
+                {1e15, 1, "0"},
+                {kInfinite, 1, "0"},
+                {-kInfinite, 1, "0"},
+                {std::nan(""), 1, "0"},
+                {99999999999999.0, 1, "99999999999999"}};
+    for (const auto& row : rows)
+        EXPECT_EQ(Quick(row.value, row.digits), row.text) << row.value;
+    char room[kNumberRoom];
+    EXPECT_EQ(std::string(room, PutInteger(room, std::numeric_limits<std::int32_t>::min())), "-2147483648");
+}
+
+TEST(DecimalText, RoundsTheExactValue)
+{
+    const struct {
+        double value;
+        int digits;
+        const char* text;
+    } rows[] = {{0, 5, "0"},
+                {-0.0, 5, "0"},
+                {1, 5, "1"},
+                {100, 0, "100"},
+                {0.000004, 5, "0"},
+                {-0.000004, 5, "0"},
+                {0.25, 1, "0.2"},
+                {1.115, 2, "1.11"},
+                {841.8898, 5, "841.8898"},
+                {1e20, 5, "100000000000000000000"},
+                {kInfinite, 5, "0"},
+                {std::nan(""), 5, "0"},
+                {-12.5, 5, "-12.5"}};
+    for (const auto& row : rows)
+        EXPECT_EQ(DecimalText(row.value, row.digits), row.text) << row.value;
+    EXPECT_EQ(DecimalText(1e308, 5).size(), 309U);
+}
+
+TEST(Units, Agree)
+{
+    EXPECT_EQ(PointsOfMillimetres(25.4), 72);
+    EXPECT_EQ(PointsOfMillimetres(210), 210 * 72 / 25.4);
+    EXPECT_EQ(RadiansOf(180), kPi);
+}
+
+} // namespace
+} // namespace sm::base
