@@ -24,7 +24,7 @@ public:
     void ForgetBlockNames() { m_annotations.ForgetBlockNames(); }
 
 private:
-    class Deaf final : public IRunObserver {
+    class NullObserver final : public IRunObserver {
         void Stage(const std::string&) noexcept override {}
         void SheetBegins(const std::string&, std::int32_t, std::int32_t) noexcept override {}
         void SheetEnds(const std::string&, std::int32_t, std::int32_t) noexcept override {}
@@ -42,7 +42,7 @@ private:
     std::unique_ptr<ILocale> m_locale;
     std::unique_ptr<IClock> m_clock;
     std::unique_ptr<IComponent> m_component;
-    Deaf m_observer;
+    NullObserver m_observer;
     Surroundings m_surroundings;
     CallContext m_context;
 };

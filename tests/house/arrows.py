@@ -45,6 +45,8 @@ ROOMS = {
         "ink": ("geometry",),
         "plotstyle": ("ink",),
         "notes": ("geometry",),
+        "context": ("geometry", "ink", "plotstyle", "shapes"),
+        "families": ("context", "geometry", "ink", "notes"),
         "paint": ("*",),
     }),
     "plotter": (("prologue", "render", "drawing"), {"fonts": (), "postscript": ("fonts",), "page": ("postscript",)}),

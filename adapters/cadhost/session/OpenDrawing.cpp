@@ -219,11 +219,11 @@ void AddReferences(const render::References& references, DocumentReport& report)
 {
     for (const drawing::Finding& finding : references.Findings())
         report.findings.push_back(finding);
-    for (const render::References::GuestReport& guest : references.Guests()) {
-        report.read += guest.file->EntityCount();
-        AddCounts(*guest.report, report);
-        for (render::RenderReport::NotDrawnKind kind : guest.report->NotDrawn()) {
-            kind.layer = guest.prefix + "|" + kind.layer;
+    for (const render::References::XrefReport& xref : references.Xrefs()) {
+        report.read += xref.file->EntityCount();
+        AddCounts(*xref.report, report);
+        for (render::RenderReport::NotDrawnKind kind : xref.report->NotDrawn()) {
+            kind.layer = xref.prefix + "|" + kind.layer;
             report.notDrawnKinds.push_back(std::move(kind));
         }
     }

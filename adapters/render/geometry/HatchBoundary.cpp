@@ -171,6 +171,22 @@ void AppendHatchPath(Path& path, const drawing::HatchPath& boundary, const Matri
     }
 }
 
+std::vector<Path> PiecesOf(const Path& path)
+{
+    std::vector<Path> pieces;
+    const Vec2* point = path.points.data();
+    for (const Verb verb : path.verbs) {
+        if (verb == Verb::Move || pieces.empty()) {
+            pieces.emplace_back();
+        }
+        const int count = verb == Verb::Cubic ? 3 : verb == Verb::Close ? 0 : 1;
+        pieces.back().verbs.push_back(verb);
+        pieces.back().points.insert(pieces.back().points.end(), point, point + count);
+        point += count;
+    }
+    return pieces;
+}
+
 std::vector<std::vector<Vec2>> PolygonsOf(const Path& path)
 {
     constexpr double kFlatness = 0.02;

@@ -11,11 +11,11 @@
 
 namespace sm::render {
 
-/// What a drawing and all its guests share.
+/// What a drawing and all its external references share.
 struct References::Shared {
     ReferenceOptions options;
-    std::size_t guests = 0;       ///< opened so far
-    std::uint64_t guestBytes = 0; ///< size of their files
+    std::size_t xrefs = 0;       ///< opened so far
+    std::uint64_t xrefBytes = 0; ///< size of their files
 };
 
 struct References::Parts {
@@ -43,7 +43,7 @@ struct References::Parts {
     std::size_t pictureBytes = 0;
     std::map<drawing::Handle, PictureHead> heads; ///< of the pictures read so far
     std::map<drawing::Handle, Vec2> pageSizes;
-    std::map<std::uint32_t, std::unique_ptr<Guest>> guests; ///< by block; null for those that can't be shown
+    std::map<std::uint32_t, std::unique_ptr<Xref>> xrefs; ///< by block; null for those that can't be shown
     std::vector<drawing::Finding> findings;
 
     std::uint64_t IdOf(const Key& key);

@@ -92,9 +92,9 @@ const drawing::ImageDefinition* References::Definition(drawing::Handle handle) c
 std::vector<drawing::Finding> References::Findings() const
 {
     std::vector<drawing::Finding> all = m_parts->findings;
-    for (const auto& [block, guest] : m_parts->guests) {
+    for (const auto& [block, xref] : m_parts->xrefs) {
         for (const drawing::Finding& finding :
-             guest == nullptr ? std::vector<drawing::Finding>() : guest->references->Findings()) {
+             xref == nullptr ? std::vector<drawing::Finding>() : xref->references->Findings()) {
             const bool known =
                 std::any_of(all.begin(), all.end(), [&](const auto& one) { return one.text == finding.text; });
             if (!known) {
@@ -105,16 +105,16 @@ std::vector<drawing::Finding> References::Findings() const
     return all;
 }
 
-std::vector<References::GuestReport> References::Guests() const
+std::vector<References::XrefReport> References::Xrefs() const
 {
-    std::vector<GuestReport> all;
-    for (const auto& [block, guest] : m_parts->guests) {
-        if (guest == nullptr) {
+    std::vector<XrefReport> all;
+    for (const auto& [block, xref] : m_parts->xrefs) {
+        if (xref == nullptr) {
             continue;
         }
-        all.push_back({guest->prefix, guest->file.get(), guest->report.get()});
-        for (GuestReport inner : guest->references->Guests()) {
-            inner.prefix = guest->prefix + "|" + inner.prefix;
+        all.push_back({xref->prefix, xref->file.get(), xref->report.get()});
+        for (XrefReport inner : xref->references->Xrefs()) {
+            inner.prefix = xref->prefix + "|" + inner.prefix;
             all.push_back(std::move(inner));
         }
     }

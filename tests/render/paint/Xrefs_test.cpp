@@ -27,8 +27,8 @@ constexpr const char* kZeroLine = "0 LINE | 8 0 | 10 1 | 20 1 | 11 3 | 21 1 |";
 class XrefsTest : public testing::Test {
 protected:
     /// Writes a drawing whose layer Walls is red.
-    void Guest(const std::string& name, const std::string& entities, const std::string& header = "",
-               const std::string& blocks = "")
+    void HaveXref(const std::string& name, const std::string& entities, const std::string& header = "",
+                  const std::string& blocks = "")
     {
         std::string text = Tags("0 SECTION | 2 HEADER | 9 $ACADVER | 1 AC1015 |" + header + "| 0 ENDSEC");
         text += Tags("0 SECTION | 2 TABLES | 0 TABLE | 2 LAYER | 0 LAYER | 2 0 | 70 0 | 62 7 | 6 Continuous |"
@@ -54,8 +54,8 @@ protected:
         for (const drawing::Finding& finding : references.Findings()) {
             findings.push_back((finding.contentLost ? "lost: " : "") + finding.text);
         }
-        for (const References::GuestReport& guest : references.Guests()) {
-            guests.push_back(guest.prefix + ": " + CountsOf(*guest.report));
+        for (const References::XrefReport& xref : references.Xrefs()) {
+            xrefs.push_back(xref.prefix + ": " + CountsOf(*xref.report));
         }
         extents = ExtentsOf(*drawing, SpaceOf(*drawing, false), {}, text, &references);
     }
@@ -63,20 +63,20 @@ protected:
     PictureFolder folder;
     Lines lines;
     std::string counts;
-    std::vector<std::string> findings, guests;
+    std::vector<std::string> findings, xrefs;
     Box2 extents;
 };
 
 TEST_F(XrefsTest, AreDrawnInPlaceOfTheirBlocks)
 {
-    Guest("plans/House.dxf", kLine);
+    HaveXref("plans/House.dxf", kLine);
     SmallDrawing host;
     host.blocks = Xref("HOUSE", "C:\\jobs\\plans\\house.dxf");
     host.entities = Insert("HOUSE", "5 2A | 10 10 | 20 20 | 50 90");
     Show(host);
     EXPECT_EQ(lines, (Lines{"begin 2a LINE HOUSE|Walls", "stroke FF0000 0.25 m 9 21 l 9 23"}));
     EXPECT_EQ(counts, "drawn 1");
-    EXPECT_EQ(guests, std::vector<std::string>{"HOUSE: drawn 1"});
+    EXPECT_EQ(xrefs, std::vector<std::string>{"HOUSE: drawn 1"});
     EXPECT_EQ(findings, std::vector<std::string>());
     EXPECT_NEAR(extents.min.y, 21, 1e-9);
     EXPECT_NEAR(extents.max.y, 23, 1e-9);
@@ -84,7 +84,7 @@ TEST_F(XrefsTest, AreDrawnInPlaceOfTheirBlocks)
 
 TEST_F(XrefsTest, LayersAreShownAsTheHostHasThem)
 {
-    Guest("house.dxf", std::string(kLine) + kZeroLine);
+    HaveXref("house.dxf", std::string(kLine) + kZeroLine);
     SmallDrawing host;
     host.blocks = Xref("HOUSE", "house.dxf");
     host.entities = Insert("HOUSE");
@@ -101,7 +101,7 @@ TEST_F(XrefsTest, LayersAreShownAsTheHostHasThem)
 
 TEST_F(XrefsTest, BasePointAndUnitsCount)
 {
-    Guest("house.dxf", kZeroLine, "9 $INSBASE | 10 1 | 20 1 | 30 0 | 9 $INSUNITS | 70 5");
+    HaveXref("house.dxf", kZeroLine, "9 $INSBASE | 10 1 | 20 1 | 30 0 | 9 $INSUNITS | 70 5");
     const struct {
         const char *name, *header, *insert, *stroke;
     } rows[] = {
@@ -123,22 +123,22 @@ TEST_F(XrefsTest, BasePointAndUnitsCount)
 
 TEST_F(XrefsTest, NestWhereAttachedAndNotWhereOverlaid)
 {
-    Guest("inner.dxf", kLine);
-    Guest("outer.dxf", Insert("ATTACHED", "10 1 | 20 0") + Insert("OVERLAID", "10 50 | 20 50"), "",
-          Xref("ATTACHED", "inner.dxf") + Xref("OVERLAID", "inner.dxf", 12));
+    HaveXref("inner.dxf", kLine);
+    HaveXref("outer.dxf", Insert("ATTACHED", "10 1 | 20 0") + Insert("OVERLAID", "10 50 | 20 50"), "",
+             Xref("ATTACHED", "inner.dxf") + Xref("OVERLAID", "inner.dxf", 12));
     SmallDrawing host;
     host.blocks = Xref("OUTER", "outer.dxf", 12);
     host.entities = Insert("OUTER", "5 7 | 10 10 | 20 20");
     Show(host);
     EXPECT_EQ(lines, (Lines{"begin 7 LINE ATTACHED|Walls", "stroke FF0000 0.25 m 12 21 l 14 21"}));
-    EXPECT_EQ(guests, (std::vector<std::string>{"OUTER: drawn 1 hidden 1", "OUTER|ATTACHED: drawn 1"}));
+    EXPECT_EQ(xrefs, (std::vector<std::string>{"OUTER: drawn 1 hidden 1", "OUTER|ATTACHED: drawn 1"}));
     EXPECT_EQ(findings, std::vector<std::string>());
 }
 
 TEST_F(XrefsTest, CirclesAreCutAndMissingOnesNamedOnce)
 {
-    Guest("ping.dxf", std::string(kLine) + Insert("PONG"), "", Xref("PONG", "pong.dxf"));
-    Guest("pong.dxf", Insert("PING"), "", Xref("PING", "ping.dxf"));
+    HaveXref("ping.dxf", std::string(kLine) + Insert("PONG"), "", Xref("PONG", "pong.dxf"));
+    HaveXref("pong.dxf", Insert("PING"), "", Xref("PING", "ping.dxf"));
     folder.Write("text.dxf", "This is no drawing.");
     SmallDrawing host;
     host.blocks = Xref("PING", "ping.dxf") + Xref("GONE", "gone.dwg") + Xref("TEXT", "text.dxf");

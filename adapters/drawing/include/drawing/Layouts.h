@@ -30,7 +30,7 @@ struct PlotSettings {
     [[nodiscard]] bool Has(std::int32_t bit) const { return (flags & bit) != 0; }
     static constexpr std::int32_t kViewportBorders = 1, kShowStyles = 2, kCentered = 4, kHidden = 8,
                                   kStandardScale = 16, kPlotStyles = 32, kScaleLineweights = 64, kLineweights = 128,
-                                  kDrawViewportsFirst = 512, kModelType = 1024;
+                                  kDrawViewportsFirst = 512;
 };
 
 struct Layout {
@@ -45,5 +45,9 @@ struct Layout {
     Vec3 insertionBase;
     bool psltscale = true; ///< flag 1 of the LAYOUT object: line types scale with viewports
 };
+
+class Drawing;
+/// The model tab; null for a drawing that has none, as only fakes do.
+const Layout* ModelLayoutOf(const Drawing&);
 
 } // namespace sm::drawing

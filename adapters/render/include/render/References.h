@@ -53,19 +53,19 @@ public:
     References& operator=(const References&) = delete;
 
     /// Another drawing that stands in for a block of this one.
-    struct Guest {
-        std::string prefix; ///< the block's name, which the guest's layers bear in the host drawing: "PREFIX|LAYER"
+    struct Xref {
+        std::string prefix; ///< the block's name, which the external reference's layers bear in the host drawing: "PREFIX|LAYER"
         std::unique_ptr<drawing::Drawing> file;
         std::unique_ptr<References> references;
         std::unique_ptr<RenderReport> report;
         std::uint32_t space = drawing::kNoBlock; ///< its model space
         Vec3 base;                               ///< $INSBASE
-        double unit = 1; ///< of the host for one of the guest, where both name theirs ($INSUNITS)
+        double unit = 1; ///< of the host for one of the reference, where both name theirs ($INSUNITS)
     };
     /// True when another drawing is to be shown in place of the block.
     [[nodiscard]] bool IsXref(std::uint32_t block) const;
     /// Null when that drawing can't be shown: missing, unloaded, in a circle, too many.
-    Guest* GuestOf(std::uint32_t block);
+    Xref* XrefOf(std::uint32_t block);
 
     [[nodiscard]] const drawing::ImageDefinition* Definition(drawing::Handle handle) const;
     /// The picture of an IMAGE that takes `size` mm on paper, made coarser when it has far more than `dots` pixels a
@@ -79,15 +79,15 @@ public:
     };
     PagePicture PageOf(const drawing::ImageDefinition& definition, const PictureLook& look, double inch);
 
-    /// What could not be found or used, each once, guests' included.
+    /// What could not be found or used, each once, external references' included.
     [[nodiscard]] std::vector<drawing::Finding> Findings() const;
-    /// The guests that were opened, theirs included; prefixes from the host on ("SITE|TREES").
-    struct GuestReport {
+    /// The external references that were opened, theirs included; prefixes from the host on ("SITE|TREES").
+    struct XrefReport {
         std::string prefix;
         const drawing::Drawing* file = nullptr;
         const RenderReport* report = nullptr;
     };
-    [[nodiscard]] std::vector<GuestReport> Guests() const;
+    [[nodiscard]] std::vector<XrefReport> Xrefs() const;
 
 private:
     struct Shared;
@@ -99,8 +99,8 @@ private:
     std::string PagePath(const drawing::ImageDefinition& definition);
     PagePicture ShowPage(const drawing::ImageDefinition& definition, const PictureLook& look, const std::string& path,
                          double inch);
-    std::unique_ptr<Guest> OpenGuest(const drawing::Block& block);
-    std::unique_ptr<Guest> OpenGuestFile(const drawing::Block& block, const std::string& path);
+    std::unique_ptr<Xref> OpenXref(const drawing::Block& block);
+    std::unique_ptr<Xref> OpenXrefFile(const drawing::Block& block, const std::string& path);
     [[nodiscard]] bool IsOpenAbove(const std::string& path) const;
     [[nodiscard]] std::string Find(const std::string& name) const;
     std::unique_ptr<Parts> m_parts;

@@ -10,7 +10,7 @@ namespace sm::drawing {
 struct ViewportData : Entity {
     Vec3 center; ///< paper units
     double width = 0, height = 0;
-    std::int32_t status = 0, id = 0; ///< 68, 69
+    std::int32_t status = 0, id = 0; ///< 68, 69; see SheetViewportOf
     std::int32_t flags = 0;          ///< 90; 0x20000 off
     Vec2 viewCenter;                 ///< DCS of the view
     double viewHeight = 0;           ///< model units
@@ -23,5 +23,11 @@ struct ViewportData : Entity {
 };
 
 void Read(const Drawing&, const EntityRecord&, ViewportData&);
+
+/// The viewport of a paper space's block that is the sheet itself, whose view is what the sheet shows and which draws
+/// nothing: the one with id 1 (DXF reference, VIEWPORT group 69). Where no viewport of the block has an id, since group
+/// 69 is missing or all are 0 or -1 (as in sheets that were never opened), it is the first one in draw order. Null when
+/// there is none.
+const EntityRecord* SheetViewportOf(const Drawing&, std::uint32_t block);
 
 } // namespace sm::drawing

@@ -1,7 +1,11 @@
-#include "drawing/entities/Polylines.h"
+#include "families/Polylines.h"
+
+#include "context/Strokes.h"
+#include "drawing/EntityKinds.h"
+#include "families/Families.h"
+#include "families/PolylineMeshes.h"
 #include "ink/WideLine.h"
-#include "paint/Painter.h"
-#include "paint/PainterBuffers.h"
+#include "render/Arcs.h"
 
 namespace sm::render {
 
@@ -125,53 +129,64 @@ private:
     const drawing::PolyVertex* m_previous = nullptr;
 };
 
+class Polylines final : public LeafPainter<drawing::PolylineData> {
+public:
+    using LeafPainter::LeafPainter;
+
+private:
+    bool Draw(const drawing::PolylineData& polyline, drawing::EntityKind /*kind*/) override
+    {
+        m_pen.Draw(polyline);
+        return true;
+    }
+    [[nodiscard]] bool HasSides(drawing::EntityKind /*kind*/) const override { return true; }
+    PolylinePen m_pen{m_context};
+};
+
 } // namespace
 
-bool Painter::Draw(const drawing::PolylineData& polyline, drawing::EntityKind)
+void PolylinePen::Draw(const drawing::PolylineData& polyline)
 {
     if (polyline.isPolyface) {
-        DrawPolyface(polyline);
-        return true;
+        DrawPolyface(m_context, polyline);
+        return;
     }
     if (polyline.isMesh) {
-        DrawMesh(polyline);
-        return true;
+        DrawPolylineMesh(m_context, polyline);
+        return;
     }
     if (polyline.is3d) {
-        DrawSpacePolyline(polyline);
-        return true;
+        DrawInSpace(polyline);
+        return;
     }
     const double elevation =
         polyline.elevation != 0 || polyline.vertices.empty() ? polyline.elevation : polyline.vertices.front().point.z;
-    const Matrix2 plane = PlaneOf(m_frame->toPaper, polyline.extrusion, elevation);
+    const Matrix2 plane = PlaneOf(m_context.frame->toPaper, polyline.extrusion, elevation);
     if (WidthKindOf(polyline) == WidthKind::Varying ||
         (WidthKindOf(polyline) == WidthKind::Constant && !IsUniform(plane))) {
-        DrawWidePolyline(polyline, plane);
+        DrawWide(polyline, plane);
     } else {
-        DrawPlainPolyline(polyline, plane);
+        DrawPlain(polyline, plane);
     }
-    return true;
 }
-
-void Painter::DrawSpacePolyline(const drawing::PolylineData& polyline)
+void PolylinePen::DrawInSpace(const drawing::PolylineData& polyline)
 {
     for (const drawing::PolyVertex& vertex : polyline.vertices) {
         if (IsDrawnVertex(polyline, vertex)) {
-            const Vec2 at = m_frame->toPaper.Apply(vertex.point);
-            m_path.Empty() ? m_path.MoveTo(at) : m_path.LineTo(at);
+            const Vec2 at = m_context.frame->toPaper.Apply(vertex.point);
+            m_context.path.Empty() ? m_context.path.MoveTo(at) : m_context.path.LineTo(at);
         }
     }
-    if (polyline.closed && !m_path.Empty()) {
-        m_path.Close();
+    if (polyline.closed && !m_context.path.Empty()) {
+        m_context.path.Close();
     }
-    StrokePath();
+    StrokePath(m_context);
 }
-
-void Painter::DrawPlainPolyline(const drawing::PolylineData& polyline, const Matrix2& plane)
+void PolylinePen::DrawPlain(const drawing::PolylineData& polyline, const Matrix2& plane)
 {
-    Pen pen = StrokePen();
+    Pen pen = m_context.StrokePen();
     const bool broken = !polyline.plinegen && pen.pattern != nullptr && !pen.pattern->Continuous();
-    SegmentPath line(m_path, plane, broken ? &m_buffers->breaks : nullptr);
+    SegmentPath line(m_context.path, plane, broken ? &m_breaks : nullptr);
     for (const drawing::PolyVertex& vertex : polyline.vertices) {
         if (IsDrawnVertex(polyline, vertex)) {
             line.Add(vertex);
@@ -180,18 +195,17 @@ void Painter::DrawPlainPolyline(const drawing::PolylineData& polyline, const Mat
     if (polyline.closed) {
         line.Close();
     }
-    const std::span<const std::uint32_t> breaks = broken ? m_buffers->breaks : std::span<const std::uint32_t>{};
+    const std::span<const std::uint32_t> breaks = broken ? m_breaks : std::span<const std::uint32_t>{};
     if (WidthKindOf(polyline) == WidthKind::Constant) {
         pen.width = WidthsOf(polyline.vertices.front()).start * ScaleOf(plane);
         pen.cap = LineCap::Butt;
         pen.join = LineJoin::Miter;
-        StrokePath(m_path, pen, breaks);
+        StrokePath(m_context, m_context.path, pen, breaks);
     } else {
-        StrokePath(breaks);
+        StrokePath(m_context, breaks);
     }
 }
-
-void Painter::DrawWidePolyline(const drawing::PolylineData& polyline, const Matrix2& plane)
+void PolylinePen::DrawWide(const drawing::PolylineData& polyline, const Matrix2& plane)
 {
     const std::vector<WideSegment> segments = SegmentsOf(polyline);
     Path thin;
@@ -206,13 +220,17 @@ void Painter::DrawWidePolyline(const drawing::PolylineData& polyline, const Matr
             }
             continue;
         }
-        AppendWideSegment(m_path, segments[i], plane);
+        AppendWideSegment(m_context.path, segments[i], plane);
         if (i + 1 < segments.size() || polyline.closed) {
-            AppendWideCorner(m_path, segments[i], segments[(i + 1) % segments.size()], plane);
+            AppendWideCorner(m_context.path, segments[i], segments[(i + 1) % segments.size()], plane);
         }
     }
-    m_ink.Fill(m_path, m_style.color, FillRule::NonZero);
-    StrokePath(thin, StrokePen());
+    m_context.ink.Fill(m_context.path, m_context.style.color, FillRule::NonZero);
+    StrokePath(m_context, thin, m_context.StrokePen());
+}
+std::unique_ptr<EntityPainter> MakePolylines(PaintContext& context, IWalk& walk)
+{
+    return std::make_unique<Polylines>(context, walk);
 }
 
 } // namespace sm::render

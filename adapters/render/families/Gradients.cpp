@@ -1,6 +1,11 @@
+#include "families/Gradients.h"
+
 #include "drawing/entities/Hatches.h"
-#include "paint/Painter.h"
+#include "render/Arcs.h"
 #include "render/ClipBox.h"
+
+#include <algorithm>
+#include <cmath>
 
 namespace sm::render {
 
@@ -139,12 +144,11 @@ void AppendAhead(Path& path, const Field& field, const Course& course, double t)
 
 } // namespace
 
-// A gradient as bands of even colour within the boundary that `m_path` holds.
-void Painter::DrawGradient(const drawing::HatchData& hatch, const Matrix2& plane)
+void DrawGradient(PaintContext& context, const drawing::HatchData& hatch, const Matrix2& plane)
 {
     Colors colors = ColorsOf(hatch);
     const Course course = CourseOf(hatch.gradientName, hatch.gradientShift);
-    const Field field = FieldOf(m_path, plane, hatch.gradientAngle);
+    const Field field = FieldOf(context.path, plane, hatch.gradientAngle);
     if (course.inverse) {
         std::swap(colors.first, colors.second);
     }
@@ -152,29 +156,30 @@ void Painter::DrawGradient(const drawing::HatchData& hatch, const Matrix2& plane
     const int steps = LargestDifference(colors.first, colors.second) + 1;
     const double fitting = std::isfinite(size) ? size / kNarrowestBand : 1;
     const int bands = std::min({kMostBands, steps, static_cast<int>(std::clamp(fitting, 1.0, 1000.0))});
-    if (bands < 2 || m_options.boxesOnly) {
-        m_ink.Fill(m_path, Mixed(colors.first, colors.second, 0.5), FillRule::EvenOdd);
+    if (bands < 2 || context.options.boxesOnly) {
+        context.ink.Fill(context.path, Mixed(colors.first, colors.second, 0.5), FillRule::EvenOdd);
         return;
     }
     // Bands that are laid over each other leave no seams; where one shows what lies behind, each keeps to itself.
     const bool opaque = hatch.transparency.value_or(255) == 255;
     if (opaque) {
-        m_ink.Fill(m_path, colors.first, FillRule::EvenOdd);
-        if (!m_ink.Drawn()) {
+        context.ink.Fill(context.path, colors.first, FillRule::EvenOdd);
+        if (!context.ink.Drawn()) {
             return;
         }
     }
-    const Path boundary = m_path;
-    const Ink::ClipGuard guard(m_ink, boundary, FillRule::EvenOdd);
+    const Path boundary = context.path;
+    const Ink::ClipGuard guard(context.ink, boundary, FillRule::EvenOdd);
     for (int band = opaque ? 1 : 0; band < bands; ++band) {
         const double even = static_cast<double>(band) / (bands - 1);
         const double part = course.curved ? std::sin(even * kTurn / 4) : even;
-        m_path.Clear();
-        AppendAhead(m_path, field, course, static_cast<double>(band) / bands);
+        context.path.Clear();
+        AppendAhead(context.path, field, course, static_cast<double>(band) / bands);
         if (!opaque && band + 1 < bands) {
-            AppendAhead(m_path, field, course, static_cast<double>(band + 1) / bands);
+            AppendAhead(context.path, field, course, static_cast<double>(band + 1) / bands);
         }
-        m_ink.Fill(m_path, Mixed(colors.first, colors.second, part), opaque ? FillRule::NonZero : FillRule::EvenOdd);
+        context.ink.Fill(context.path, Mixed(colors.first, colors.second, part),
+                         opaque ? FillRule::NonZero : FillRule::EvenOdd);
     }
 }
 

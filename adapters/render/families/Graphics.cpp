@@ -1,10 +1,16 @@
-#include "paint/PaintGraphics.h"
-
+#include "drawing/entities/Graphics.h"
+#include "context/LaidTexts.h"
+#include "context/Strokes.h"
 #include "drawing/EntityKinds.h"
-#include "drawing/entities/Curves.h"
 #include "drawing/entities/Texts.h"
-#include "paint/PainterBuffers.h"
-#include "render/ClipBox.h"
+#include "families/Curves.h"
+#include "families/Families.h"
+#include "families/Polylines.h"
+#include "render/Arcs.h"
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
 
 namespace sm::render {
 
@@ -24,32 +30,61 @@ bool IsPatch(drawing::EntityKind kind)
     return kind == EntityKind::Image || kind == EntityKind::Wipeout || kind == EntityKind::Underlay;
 }
 
-} // namespace
+/// Obeys the steps of the picture that an entity brings along: changes the context's style and frame, and puts the
+/// frame back at its end.
+class GraphicsPen {
+public:
+    GraphicsPen(PaintContext& context, PolylinePen& polylines, const drawing::GraphicsData& data);
+    ~GraphicsPen();
+    GraphicsPen(const GraphicsPen&) = delete;
+    GraphicsPen& operator=(const GraphicsPen&) = delete;
+    void Draw();
 
-GraphicsPainter::GraphicsPainter(Painter& painter, const drawing::GraphicsData& data)
-    : m_painter(painter), m_data(data), m_base(painter.m_frame), m_frame(*painter.m_frame)
+private:
+    bool Change(const drawing::Graphic& step);
+    void Push(const drawing::Graphic& step);
+    void DrawStep(const drawing::Graphic& step);
+    void DrawArc(const drawing::Graphic& step);
+    void DrawPoints(const drawing::Graphic& step);
+    void DrawMesh(const drawing::Graphic& step);
+    void DrawShell(const drawing::Graphic& step);
+    void DrawText(const drawing::Graphic& step);
+    void Finish(bool filled);
+
+    PaintContext& m_context;
+    PolylinePen& m_polylines;
+    const drawing::GraphicsData& m_data;
+    const Frame* m_base;
+    Frame m_frame;
+    drawing::Entity m_properties;
+    std::vector<Projection> m_kept;
+    bool m_filled = false;
+};
+
+GraphicsPen::GraphicsPen(PaintContext& context, PolylinePen& polylines, const drawing::GraphicsData& data)
+    : m_context(context), m_polylines(polylines), m_data(data), m_base(context.frame), m_frame(*context.frame)
 {
-    m_painter.m_frame = &m_frame;
+    m_context.frame = &m_frame;
 }
 
-GraphicsPainter::~GraphicsPainter()
+GraphicsPen::~GraphicsPen()
 {
-    m_painter.m_frame = m_base;
+    m_context.frame = m_base;
 }
 
-void GraphicsPainter::Draw()
+void GraphicsPen::Draw()
 {
     m_properties = m_data;
     for (const drawing::Graphic& step : m_data.steps) {
         if (!Change(step)) {
-            m_painter.m_path.Clear();
+            m_context.path.Clear();
             DrawStep(step);
         }
     }
 }
 
 // A property of what follows; false when the step draws something.
-bool GraphicsPainter::Change(const drawing::Graphic& step)
+bool GraphicsPen::Change(const drawing::Graphic& step)
 {
     using Kind = drawing::Graphic::Kind;
     switch (step.kind) {
@@ -61,7 +96,7 @@ bool GraphicsPainter::Change(const drawing::Graphic& step)
         m_properties.lineweight = static_cast<std::int16_t>(std::clamp(step.index, -3, 211));
         break;
     case Kind::LinetypeScale:
-        m_painter.m_linetypeScale = step.value > 0 ? step.value : 1;
+        m_context.linetypeScale = step.value > 0 ? step.value : 1;
         break;
     case Kind::Fill:
         m_filled = step.index != 0;
@@ -81,11 +116,11 @@ bool GraphicsPainter::Change(const drawing::Graphic& step)
     default:
         return false;
     }
-    m_painter.m_style = Resolve(m_properties, *m_painter.m_layer, m_frame.inherited);
+    m_context.style = Resolve(m_properties, *m_context.layer, m_frame.inherited);
     return true;
 }
 
-void GraphicsPainter::Push(const drawing::Graphic& step)
+void GraphicsPen::Push(const drawing::Graphic& step)
 {
     if (step.points.size() == 4 && m_kept.size() < kMostMatrices) {
         m_kept.push_back(m_frame.toPaper);
@@ -94,7 +129,7 @@ void GraphicsPainter::Push(const drawing::Graphic& step)
     }
 }
 
-void GraphicsPainter::DrawStep(const drawing::Graphic& step)
+void GraphicsPen::DrawStep(const drawing::Graphic& step)
 {
     using Kind = drawing::Graphic::Kind;
     switch (step.kind) {
@@ -107,7 +142,7 @@ void GraphicsPainter::DrawStep(const drawing::Graphic& step)
         DrawPoints(step);
         break;
     case Kind::LwPolyline:
-        m_painter.Draw(*step.plane, drawing::EntityKind::LwPolyline);
+        m_polylines.Draw(*step.plane);
         break;
     case Kind::Mesh:
         DrawMesh(step);
@@ -123,7 +158,7 @@ void GraphicsPainter::DrawStep(const drawing::Graphic& step)
         drawing::LineData line;
         line.start = step.points[0];
         line.end = step.points[1] - step.points[0];
-        m_painter.DrawEndlessLine(line, step.kind == Kind::XLine);
+        DrawEndlessLine(m_context, line, step.kind == Kind::XLine);
         break;
     }
     default:
@@ -131,7 +166,7 @@ void GraphicsPainter::DrawStep(const drawing::Graphic& step)
     }
 }
 
-void GraphicsPainter::DrawArc(const drawing::Graphic& step)
+void GraphicsPen::DrawArc(const drawing::Graphic& step)
 {
     const Matrix3 axes = OcsAxes(step.normal);
     const bool arc = step.kind == drawing::Graphic::Kind::Arc;
@@ -140,7 +175,7 @@ void GraphicsPainter::DrawArc(const drawing::Graphic& step)
     const Vec2 center = m_frame.toPaper.Apply(step.points[0]);
     const Vec2 u = m_frame.toPaper.ApplyVector(start * step.radius);
     const Vec2 v = m_frame.toPaper.ApplyVector(Cross(axes.z, start) * step.radius);
-    Path& path = m_painter.m_path;
+    Path& path = m_context.path;
     if (arc) {
         AppendArc(path, {center, u, v, 0, std::clamp(step.sweep, -kTurn, kTurn)}, Join::Move);
     } else {
@@ -149,18 +184,18 @@ void GraphicsPainter::DrawArc(const drawing::Graphic& step)
     Finish(!arc && m_filled);
 }
 
-void GraphicsPainter::Finish(bool filled)
+void GraphicsPen::Finish(bool filled)
 {
     if (filled) {
-        m_painter.m_ink.Fill(m_painter.m_path, m_painter.m_style.color, FillRule::EvenOdd);
+        m_context.ink.Fill(m_context.path, m_context.style.color, FillRule::EvenOdd);
     } else {
-        m_painter.StrokePath();
+        StrokePath(m_context);
     }
 }
 
-void GraphicsPainter::DrawPoints(const drawing::Graphic& step)
+void GraphicsPen::DrawPoints(const drawing::Graphic& step)
 {
-    Path& path = m_painter.m_path;
+    Path& path = m_context.path;
     for (const Vec3 point : step.points) {
         const Vec2 at = m_frame.toPaper.Apply(point);
         path.Empty() ? path.MoveTo(at) : path.LineTo(at);
@@ -172,11 +207,11 @@ void GraphicsPainter::DrawPoints(const drawing::Graphic& step)
     Finish(polygon && m_filled);
 }
 
-void GraphicsPainter::DrawMesh(const drawing::Graphic& step)
+void GraphicsPen::DrawMesh(const drawing::Graphic& step)
 {
     const std::size_t rows = static_cast<std::size_t>(std::max(step.rows, 1));
     const std::size_t columns = step.points.size() / rows;
-    Path& path = m_painter.m_path;
+    Path& path = m_context.path;
     const auto add = [&](std::size_t i, bool first) {
         const Vec2 at = m_frame.toPaper.Apply(step.points[i]);
         first ? path.MoveTo(at) : path.LineTo(at);
@@ -195,9 +230,9 @@ void GraphicsPainter::DrawMesh(const drawing::Graphic& step)
 }
 
 // Faces one after the other; a negative count makes a hole of one.
-void GraphicsPainter::DrawShell(const drawing::Graphic& step)
+void GraphicsPen::DrawShell(const drawing::Graphic& step)
 {
-    Path& path = m_painter.m_path;
+    Path& path = m_context.path;
     for (std::size_t at = 0; at < step.faces.size() && !step.points.empty();) {
         const std::size_t left = step.faces.size() - at - 1;
         const std::size_t count = std::min<std::size_t>(std::abs(std::int64_t{step.faces[at]}), left);
@@ -214,7 +249,7 @@ void GraphicsPainter::DrawShell(const drawing::Graphic& step)
     Finish(m_filled);
 }
 
-void GraphicsPainter::DrawText(const drawing::Graphic& step)
+void GraphicsPen::DrawText(const drawing::Graphic& step)
 {
     const Matrix3 axes = OcsAxes(step.normal);
     const auto dot = [](Vec3 a, Vec3 b) { return a.x * b.x + a.y * b.y + a.z * b.z; };
@@ -227,20 +262,35 @@ void GraphicsPainter::DrawText(const drawing::Graphic& step)
     text.widthFactor = step.widthFactor > 0 ? step.widthFactor : 1;
     text.oblique = step.oblique * 360 / kTurn;
     text.rotation = std::atan2(dot(step.direction, axes.y), dot(step.direction, axes.x)) * 360 / kTurn;
-    m_painter.DrawText(m_painter.m_text.Lay(m_painter.m_drawing, text));
+    DrawLaidText(m_context, m_context.text.Lay(m_context.drawing, text));
 }
 
-// An entity of a kind that isn't known, by the picture that it brings along.
-bool Painter::Draw(const drawing::GraphicsData& graphics, drawing::EntityKind kind)
+/// Entities of a kind that isn't known, and those that can't be drawn, by the picture that they bring along.
+class Graphics final : public LeafPainter<drawing::GraphicsData> {
+public:
+    using LeafPainter::LeafPainter;
+
+private:
+    bool Draw(const drawing::GraphicsData& graphics, drawing::EntityKind kind) override;
+    PolylinePen m_polylines{m_context};
+};
+
+bool Graphics::Draw(const drawing::GraphicsData& graphics, drawing::EntityKind kind)
 {
     if (graphics.steps.empty() || IsPatch(kind)) {
         return false;
     }
     if (!graphics.complete) {
-        Remark("a part of an entity's own picture left out");
+        m_context.Remark("a part of an entity's own picture left out");
     }
-    GraphicsPainter(*this, graphics).Draw();
+    GraphicsPen(m_context, m_polylines, graphics).Draw();
     return true;
+}
+} // namespace
+
+std::unique_ptr<EntityPainter> MakeGraphics(PaintContext& context, IWalk& walk)
+{
+    return std::make_unique<Graphics>(context, walk);
 }
 
 } // namespace sm::render

@@ -1,13 +1,18 @@
-#include "drawing/EntityKinds.h"
 #include "drawing/entities/Images.h"
+#include "context/LaidTexts.h"
+#include "context/Strokes.h"
+#include "drawing/EntityKinds.h"
 #include "drawing/entities/Texts.h"
-#include "paint/Painter.h"
-#include "paint/PainterBuffers.h"
+#include "families/Families.h"
 #include "render/ClipBox.h"
 
+#include <algorithm>
 #include <optional>
+#include <string>
 
 namespace sm::render {
+
+namespace {
 
 /// Where a picture lies on the sheet.
 struct ImagePlace {
@@ -21,8 +26,6 @@ struct ImagePlace {
     }
     [[nodiscard]] Vec2 Millimetres() const { return {Length(u) * size.x, Length(v) * size.y}; }
 };
-
-namespace {
 
 constexpr std::uint32_t kPaper = 0xFFFFFF;
 constexpr std::int32_t kShown = 1, kTransparent = 8;                ///< group 70 of IMAGE
@@ -86,101 +89,101 @@ PictureLook LookOf(const drawing::ImageData& image)
     return look;
 }
 
-} // namespace
+class Images final : public EntityPainter {
+public:
+    using EntityPainter::EntityPainter;
+    Outcome Paint(const drawing::EntityRecord& record, const Frame& frame) override;
 
-References& Painter::Referenced()
-{
-    if (m_options.references == nullptr) {
-        m_ownReferences = std::make_unique<References>(m_drawing, ReferenceOptions{});
-        m_options.references = m_ownReferences.get();
-    }
-    return *m_options.references;
-}
+private:
+    bool DrawImage();
+    bool DrawUnderlay();
+    bool DrawWipeout();
+    void DrawPicture(const Picture& picture, const ImagePlace& place, bool opaque);
+    void DrawMissing(const std::string& name, const ImagePlace& place);
+    void StrokeFrame(const ImagePlace& place, std::int32_t setting);
+    drawing::ImageData m_image;
+};
 
-Outcome Painter::PaintImage(const drawing::EntityRecord& record, const Frame& frame)
+Outcome Images::Paint(const drawing::EntityRecord& record, const Frame& frame)
 {
-    drawing::ImageData& image = m_buffers->image;
-    Read(m_drawing, record, image);
-    if (Hidden(image, frame)) {
+    Read(m_drawing, record, m_image);
+    if (m_context.Hidden(m_image, frame)) {
         return Outcome::Hidden;
     }
-    Enter(image, record, frame);
-    const bool possible = record.kind == drawing::EntityKind::Wipeout    ? DrawWipeout(image)
-                          : record.kind == drawing::EntityKind::Underlay ? DrawUnderlay(image)
-                                                                         : DrawImage(image);
+    m_context.Enter(m_image, record, frame);
+    const bool possible = record.kind == drawing::EntityKind::Wipeout    ? DrawWipeout()
+                          : record.kind == drawing::EntityKind::Underlay ? DrawUnderlay()
+                                                                         : DrawImage();
     const bool drawn = m_ink.End();
     return !possible ? Outcome::NotDrawn : drawn ? Outcome::Drawn : Outcome::OffPage;
 }
-
-bool Painter::DrawImage(const drawing::ImageData& image)
+bool Images::DrawImage()
 {
-    const ImagePlace place = PlaceOf(image, *m_frame, false);
+    const ImagePlace place = PlaceOf(m_image, *m_context.frame, false);
     const std::int32_t frames = m_drawing.Frames().image;
-    if (m_options.boxesOnly || (image.flags & kShown) == 0) {
-        StrokeFrame(image, place, frames);
+    if (m_context.options.boxesOnly || (m_image.flags & kShown) == 0) {
+        StrokeFrame(place, frames);
         return true;
     }
-    const drawing::ImageDefinition* definition = Referenced().Definition(image.definition);
-    const auto picture = definition == nullptr ? nullptr
-                                               : Referenced().PictureOf(*definition, LookOf(image), place.Millimetres(),
-                                                                        m_options.dotsPerMillimetre);
+    const drawing::ImageDefinition* definition = m_context.Referenced().Definition(m_image.definition);
+    const auto picture = definition == nullptr
+                             ? nullptr
+                             : m_context.Referenced().PictureOf(*definition, LookOf(m_image), place.Millimetres(),
+                                                                m_context.options.dotsPerMillimetre);
     if (picture == nullptr) {
-        StrokeFrame(image, place, 1);
+        StrokeFrame(place, 1);
         DrawMissing(definition == nullptr ? "?" : definition->path, place);
         return false;
     }
-    DrawPicture(*picture, image, place, (image.flags & kTransparent) == 0);
-    StrokeFrame(image, place, frames);
+    DrawPicture(*picture, place, (m_image.flags & kTransparent) == 0);
+    StrokeFrame(place, frames);
     return true;
 }
-
-bool Painter::DrawUnderlay(const drawing::ImageData& image)
+bool Images::DrawUnderlay()
 {
-    ImagePlace place = PlaceOf(image, *m_frame, true);
-    if ((image.flags & kUnderlayShown) == 0) {
+    ImagePlace place = PlaceOf(m_image, *m_context.frame, true);
+    if ((m_image.flags & kUnderlayShown) == 0) {
         return true;
     }
-    const drawing::ImageDefinition* definition = Referenced().Definition(image.definition);
+    const drawing::ImageDefinition* definition = m_context.Referenced().Definition(m_image.definition);
     References::PagePicture page;
     PictureLook look;
-    look.contrast = image.contrast / 2;
-    look.fade = image.fade;
-    look.monochrome = (image.flags & kUnderlayMonochrome) != 0;
+    look.contrast = m_image.contrast / 2;
+    look.fade = m_image.fade;
+    look.monochrome = (m_image.flags & kUnderlayMonochrome) != 0;
     look.clear = true;
     if (definition != nullptr) {
-        page = Referenced().PageOf(*definition, look,
-                                   m_options.boxesOnly ? 0 : std::max(Length(place.u), Length(place.v)));
+        page = m_context.Referenced().PageOf(
+            *definition, look, m_context.options.boxesOnly ? 0 : std::max(Length(place.u), Length(place.v)));
     }
     place.size = page.size;
     if (!(page.size.x > 0)) {
         place.size = {8.27, 11.69}; // of a page that nobody knows
-        StrokeFrame(image, place, 1);
+        StrokeFrame(place, 1);
         DrawMissing(definition == nullptr ? "?" : definition->path, place);
         return false;
     }
     if (page.picture != nullptr) {
-        DrawPicture(*page.picture, image, place, false);
+        DrawPicture(*page.picture, place, false);
     }
-    StrokeFrame(image, place, m_drawing.Frames().underlay);
+    StrokeFrame(place, m_drawing.Frames().underlay);
     return true;
 }
-
-bool Painter::DrawWipeout(const drawing::ImageData& image)
+bool Images::DrawWipeout()
 {
-    const ImagePlace place = PlaceOf(image, *m_frame, false);
-    if (!m_options.boxesOnly) {
+    const ImagePlace place = PlaceOf(m_image, *m_context.frame, false);
+    if (!m_context.options.boxesOnly) {
         m_path.Clear();
-        AppendArea(image, place, m_path);
+        AppendArea(m_image, place, m_path);
         m_ink.Fill(m_path, kPaper, FillRule::EvenOdd);
     }
-    StrokeFrame(image, place, m_drawing.Frames().wipeout);
+    StrokeFrame(place, m_drawing.Frames().wipeout);
     return true;
 }
-
-void Painter::DrawPicture(const Picture& picture, const drawing::ImageData& image, const ImagePlace& place, bool opaque)
+void Images::DrawPicture(const Picture& picture, const ImagePlace& place, bool opaque)
 {
     m_path.Clear();
-    AppendArea(image, place, m_path);
+    AppendArea(m_image, place, m_path);
     if (m_ink.Bounded() && !Overlaps(HullOf(m_path), m_ink.Clip())) {
         return;
     }
@@ -188,27 +191,25 @@ void Painter::DrawPicture(const Picture& picture, const drawing::ImageData& imag
         m_ink.Fill(m_path, kPaper, FillRule::EvenOdd);
     }
     std::optional<Ink::ClipGuard> guard;
-    if (IsClipped(image)) {
+    if (IsClipped(m_image)) {
         guard.emplace(m_ink, m_path, FillRule::EvenOdd);
     }
-    m_ink.Image(picture, place.UnitSquare(), m_style.color);
+    m_ink.Image(picture, place.UnitSquare(), m_context.style.color);
 }
-
 /// `setting` as in FrameSettings. For bounds the frame always counts.
-void Painter::StrokeFrame(const drawing::ImageData& image, const ImagePlace& place, std::int32_t setting)
+void Images::StrokeFrame(const ImagePlace& place, std::int32_t setting)
 {
     constexpr std::int32_t kPlotted = 1;
-    if (m_options.boxesOnly || setting == kPlotted) {
+    if (m_context.options.boxesOnly || setting == kPlotted) {
         m_path.Clear();
-        AppendArea(image, place, m_path);
-        StrokePath();
+        AppendArea(m_image, place, m_path);
+        StrokePath(m_context);
     }
 }
-
 /// The file's name where its picture should be.
-void Painter::DrawMissing(const std::string& name, const ImagePlace& place)
+void Images::DrawMissing(const std::string& name, const ImagePlace& place)
 {
-    if (m_options.boxesOnly || name.empty()) {
+    if (m_context.options.boxesOnly || name.empty()) {
         return;
     }
     drawing::TextData text;
@@ -220,12 +221,18 @@ void Painter::DrawMissing(const std::string& name, const ImagePlace& place)
     if (!(text.height > 0)) {
         return;
     }
-    Frame inPicture = *m_frame;
+    Frame inPicture = *m_context.frame;
     inPicture.toPaper = {place.u, place.v, {0, 0}, place.origin};
-    const Frame* outer = m_frame;
-    m_frame = &inPicture;
-    Draw(text, drawing::EntityKind::Text);
-    m_frame = outer;
+    const Frame* outer = m_context.frame;
+    m_context.frame = &inPicture;
+    DrawLaidText(m_context, m_context.text.Lay(m_drawing, text));
+    m_context.frame = outer;
+}
+} // namespace
+
+std::unique_ptr<EntityPainter> MakeImages(PaintContext& context, IWalk& walk)
+{
+    return std::make_unique<Images>(context, walk);
 }
 
 } // namespace sm::render

@@ -8,8 +8,8 @@ namespace sm::render {
 
 namespace {
 
-constexpr std::size_t kMostGuests = 100;
-constexpr std::uint64_t kMostGuestBytes = std::uint64_t{2} << 30;
+constexpr std::size_t kMostXrefs = 100;
+constexpr std::uint64_t kMostXrefBytes = std::uint64_t{2} << 30;
 constexpr std::size_t kDeepest = 16;
 
 // Group 70 of BLOCK (DXF reference).
@@ -46,17 +46,16 @@ double Metres(std::int32_t unit)
     return unit > 0 && static_cast<std::size_t>(unit) < kUnits.size() ? kUnits[static_cast<std::size_t>(unit)] : 0;
 }
 
-double UnitOf(const drawing::Drawing& guest, const drawing::Drawing& host)
+double UnitOf(const drawing::Drawing& xref, const drawing::Drawing& host)
 {
-    const double its = Metres(guest.HeaderInteger("$INSUNITS", 0)), ours = Metres(host.HeaderInteger("$INSUNITS", 0));
+    const double its = Metres(xref.HeaderInteger("$INSUNITS", 0)), ours = Metres(host.HeaderInteger("$INSUNITS", 0));
     return its > 0 && ours > 0 ? its / ours : 1;
 }
 
 std::uint32_t ModelOf(const drawing::Drawing& drawing)
 {
-    const auto& layouts = drawing.Layouts();
-    const auto model = std::find_if(layouts.begin(), layouts.end(), [](const auto& one) { return one.isModel; });
-    return model == layouts.end() ? drawing::kNoBlock : model->block;
+    const drawing::Layout* const model = drawing::ModelLayoutOf(drawing);
+    return model == nullptr ? drawing::kNoBlock : model->block;
 }
 
 } // namespace
@@ -80,17 +79,17 @@ bool References::IsOpenAbove(const std::string& path) const
     return false;
 }
 
-References::Guest* References::GuestOf(std::uint32_t block)
+References::Xref* References::XrefOf(std::uint32_t block)
 {
-    const auto known = m_parts->guests.find(block);
-    if (known != m_parts->guests.end()) {
+    const auto known = m_parts->xrefs.find(block);
+    if (known != m_parts->xrefs.end()) {
         return known->second.get();
     }
-    std::unique_ptr<Guest> guest = IsXref(block) ? OpenGuest(m_parts->drawing.Blocks()[block]) : nullptr;
-    return (m_parts->guests[block] = std::move(guest)).get();
+    std::unique_ptr<Xref> xref = IsXref(block) ? OpenXref(m_parts->drawing.Blocks()[block]) : nullptr;
+    return (m_parts->xrefs[block] = std::move(xref)).get();
 }
 
-std::unique_ptr<References::Guest> References::OpenGuest(const drawing::Block& block)
+std::unique_ptr<References::Xref> References::OpenXref(const drawing::Block& block)
 {
     const std::string name = "the drawing \"" + block.xrefPath + "\" ";
     if (m_parts->host != nullptr && (block.flags & kIsOverlay) != 0) {
@@ -112,31 +111,31 @@ std::unique_ptr<References::Guest> References::OpenGuest(const drawing::Block& b
     std::error_code error;
     const std::uint64_t size = std::filesystem::file_size(path, error);
     Shared& shared = *m_parts->shared;
-    if (error || shared.guests >= kMostGuests || size > kMostGuestBytes - shared.guestBytes) {
+    if (error || shared.xrefs >= kMostXrefs || size > kMostXrefBytes - shared.xrefBytes) {
         Report(ReferenceFinding::kLeftOut, name + "is left out: too many drawings are referred to");
         return nullptr;
     }
-    ++shared.guests;
-    shared.guestBytes += size;
+    ++shared.xrefs;
+    shared.xrefBytes += size;
     try {
-        return OpenGuestFile(block, path);
+        return OpenXrefFile(block, path);
     } catch (const std::exception& failure) {
         Report(ReferenceFinding::kUnusable, name + "can't be read: " + failure.what());
         return nullptr;
     }
 }
 
-std::unique_ptr<References::Guest> References::OpenGuestFile(const drawing::Block& block, const std::string& path)
+std::unique_ptr<References::Xref> References::OpenXrefFile(const drawing::Block& block, const std::string& path)
 {
-    auto guest = std::make_unique<Guest>();
-    guest->prefix = block.name;
-    guest->file = drawing::Drawing::Open(path, m_parts->shared->options.dwg);
-    guest->references.reset(new References(*guest->file, m_parts->shared, this, path));
-    guest->report = std::make_unique<RenderReport>(*guest->file);
-    guest->space = ModelOf(*guest->file);
-    guest->base = guest->file->HeaderPoint("$INSBASE").value_or(Vec3{});
-    guest->unit = UnitOf(*guest->file, m_parts->drawing);
-    return guest;
+    auto xref = std::make_unique<Xref>();
+    xref->prefix = block.name;
+    xref->file = drawing::Drawing::Open(path, m_parts->shared->options.dwg);
+    xref->references.reset(new References(*xref->file, m_parts->shared, this, path));
+    xref->report = std::make_unique<RenderReport>(*xref->file);
+    xref->space = ModelOf(*xref->file);
+    xref->base = xref->file->HeaderPoint("$INSBASE").value_or(Vec3{});
+    xref->unit = UnitOf(*xref->file, m_parts->drawing);
+    return xref;
 }
 
 } // namespace sm::render

@@ -1,55 +1,68 @@
 #include "drawing/entities/Hatches.h"
+#include "context/Strokes.h"
+#include "drawing/EntityKinds.h"
+#include "families/Families.h"
+#include "families/Gradients.h"
 #include "geometry/HatchBoundary.h"
 #include "geometry/HatchLines.h"
-#include "paint/Painter.h"
 #include "render/ClipBox.h"
 
 namespace sm::render {
 
+namespace {
+
+class Hatches final : public LeafPainter<drawing::HatchData> {
+public:
+    using LeafPainter::LeafPainter;
+
+private:
+    bool Draw(const drawing::HatchData& hatch, drawing::EntityKind /*kind*/) override;
+    void AppendSources(const drawing::HatchData& hatch);
+    void DrawPattern(const drawing::HatchData& hatch, const Matrix2& plane);
+};
+
 // A boundary that the file gives by its source objects alone (DXF reference, HATCH groups 97 and 330).
-void Painter::AppendSources(const drawing::HatchData& hatch)
+void Hatches::AppendSources(const drawing::HatchData& hatch)
 {
     for (const drawing::HatchPath& path : hatch.paths) {
         std::vector<Path> pieces;
         for (const drawing::Handle source : path.sources) {
             const drawing::EntityRecord* const record = m_drawing.FindEntity(source);
             Path piece;
-            if (record != nullptr && CatchPath(*record, *m_frame, piece) && !piece.Empty()) {
+            if (record != nullptr && m_walk.CatchPath(*record, *m_context.frame, piece) && !piece.Empty()) {
                 pieces.push_back(std::move(piece));
             }
         }
         AppendJoined(m_path, std::move(pieces));
     }
 }
-
-bool Painter::Draw(const drawing::HatchData& hatch, drawing::EntityKind)
+bool Hatches::Draw(const drawing::HatchData& hatch, drawing::EntityKind)
 {
-    const Matrix2 plane = PlaneOf(m_frame->toPaper, hatch.extrusion, hatch.elevation);
+    const Matrix2 plane = PlaneOf(ToPaper(), hatch.extrusion, hatch.elevation);
     m_path = FilledBoundary(hatch, plane);
     if (m_path.Empty()) {
         AppendSources(hatch);
     }
     if (m_path.Empty()) {
-        Remark("a hatch without a boundary left out");
+        m_context.Remark("a hatch without a boundary left out");
         return false;
     }
     if (hatch.gradient && !hatch.gradientColors.empty()) {
-        DrawGradient(hatch, plane);
+        DrawGradient(m_context, hatch, plane);
         return true;
     }
-    if (hatch.solid || hatch.gradient || m_options.boxesOnly) {
-        FillArea(m_path, FillRule::EvenOdd);
+    if (hatch.solid || hatch.gradient || m_context.options.boxesOnly) {
+        FillArea(m_context, m_path, FillRule::EvenOdd);
         return true;
     }
     if (hatch.lines.empty()) {
-        Remark("a hatch without pattern lines left out");
+        m_context.Remark("a hatch without pattern lines left out");
         return false;
     }
-    DrawPatternHatch(hatch, plane);
+    DrawPattern(hatch, plane);
     return true;
 }
-
-void Painter::DrawPatternHatch(const drawing::HatchData& hatch, const Matrix2& plane)
+void Hatches::DrawPattern(const drawing::HatchData& hatch, const Matrix2& plane)
 {
     const Box2 hull = HullOf(m_path);
     const Box2 visible = m_ink.Bounded() ? Grown(m_ink.Clip(), 1) : hull;
@@ -70,14 +83,20 @@ void Painter::DrawPatternHatch(const drawing::HatchData& hatch, const Matrix2& p
         thinned = lines.Append(family, plane, m_path) || thinned;
     }
     if (thinned) {
-        Remark("a hatch pattern too dense for paper thinned out");
+        m_context.Remark("a hatch pattern too dense for paper thinned out");
     }
-    Pen pen = StrokePen();
+    Pen pen = m_context.StrokePen();
     pen.pattern = nullptr;
     pen.cap = LineCap::Butt;
     constexpr double kHairline = 0.05; // mm; lines as close as paper can hold them stay grey
     pen.width = thinned ? std::min(pen.width, kHairline) : pen.width;
     m_ink.Stroke(m_path, pen);
+}
+} // namespace
+
+std::unique_ptr<EntityPainter> MakeHatches(PaintContext& context, IWalk& walk)
+{
+    return std::make_unique<Hatches>(context, walk);
 }
 
 } // namespace sm::render

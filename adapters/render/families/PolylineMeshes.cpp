@@ -1,5 +1,10 @@
-#include "drawing/entities/Polylines.h"
-#include "paint/Painter.h"
+#include "families/PolylineMeshes.h"
+
+#include "context/Strokes.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
 
 namespace sm::render {
 
@@ -13,12 +18,12 @@ constexpr std::uint8_t kPolyfaceMesh = 128;
 } // namespace
 
 // Rows and columns of a mesh, each as one line (DXF reference, POLYLINE groups 70 to 72).
-void Painter::DrawMesh(const drawing::PolylineData& mesh)
+void DrawPolylineMesh(PaintContext& context, const drawing::PolylineData& mesh)
 {
     std::vector<Vec2> points;
     for (const drawing::PolyVertex& vertex : mesh.vertices) {
         if (!mesh.splineFitted || (vertex.flags & kFrameVertex) == 0) {
-            points.push_back(m_frame->toPaper.Apply(vertex.point));
+            points.push_back(context.frame->toPaper.Apply(vertex.point));
         }
     }
     const auto rows = static_cast<std::size_t>(std::max(mesh.meshM, 0));
@@ -31,10 +36,10 @@ void Painter::DrawMesh(const drawing::PolylineData& mesh)
     }
     const auto line = [&](std::size_t count, bool closed, auto&& at) {
         for (std::size_t i = 0; i < count; ++i) {
-            i == 0 ? m_path.MoveTo(at(i)) : m_path.LineTo(at(i));
+            i == 0 ? context.path.MoveTo(at(i)) : context.path.LineTo(at(i));
         }
         if (closed) {
-            m_path.Close();
+            context.path.Close();
         }
     };
     for (std::size_t row = 0; row < rows; ++row) {
@@ -43,15 +48,15 @@ void Painter::DrawMesh(const drawing::PolylineData& mesh)
     for (std::size_t column = 0; column < columns; ++column) {
         line(rows, mesh.meshClosedM, [&](std::size_t i) { return points[i * columns + column]; });
     }
-    StrokePath();
+    StrokePath(context);
 }
 
-void Painter::DrawPolyface(const drawing::PolylineData& face)
+void DrawPolyface(PaintContext& context, const drawing::PolylineData& face)
 {
     std::vector<Vec2> points;
     for (const drawing::PolyVertex& vertex : face.vertices) {
         if ((vertex.flags & kPolyfacePosition) != 0) {
-            points.push_back(m_frame->toPaper.Apply(vertex.point));
+            points.push_back(context.frame->toPaper.Apply(vertex.point));
         }
     }
     for (const drawing::PolyVertex& vertex : face.vertices) {
@@ -66,12 +71,12 @@ void Painter::DrawPolyface(const drawing::PolylineData& face)
             const std::int32_t from = vertex.face[i]; // negative: the edge that begins here is hidden
             const auto to = static_cast<std::size_t>(std::abs(std::int64_t{vertex.face[(i + 1) % corners]}));
             if (from > 0 && static_cast<std::size_t>(from) <= points.size() && to <= points.size()) {
-                m_path.MoveTo(points[static_cast<std::size_t>(from) - 1]);
-                m_path.LineTo(points[to - 1]);
+                context.path.MoveTo(points[static_cast<std::size_t>(from) - 1]);
+                context.path.LineTo(points[to - 1]);
             }
         }
     }
-    StrokePath();
+    StrokePath(context);
 }
 
 } // namespace sm::render

@@ -1,0 +1,37 @@
+// What holds for a whole run of the painters, and for the entities of one block.
+#pragma once
+
+#include "render/Projection.h"
+#include "render/References.h"
+#include "render/Style.h"
+
+#include <atomic>
+
+namespace sm::render {
+
+class PlotPens;
+
+/// How the entities of one block land on the sheet, and what they take over from their insert.
+struct Frame {
+    Projection toPaper;
+    Inherited inherited;
+    double dashScale = 1; ///< mm for one unit of a line type, $LTSCALE included
+};
+
+/// What holds for a whole run.
+struct PaintOptions {
+    bool lineweights = true;
+    double lineweightScale = 1;
+    bool paperSpace = false;
+    bool viewportsFirst = true;
+    bool viewportBorders = false;
+    bool scaleLinetypesWithPaper = true;     ///< PSLTSCALE
+    const PlotPens* pens = nullptr;          ///< null: plot styles change nothing
+    bool everyLayer = false;                 ///< draw what layers hide as well
+    References* references = nullptr;        ///< null: made when they are needed
+    double dotsPerMillimetre = 24;           ///< finer pictures are made coarser
+    const std::atomic<bool>* stop = nullptr; ///< once true, no further entity is begun
+    bool boxesOnly = false;                  ///< text and viewports as their outlines, continuous lines: for bounds
+};
+
+} // namespace sm::render

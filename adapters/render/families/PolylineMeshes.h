@@ -1,0 +1,12 @@
+// POLYLINE entities that aren't lines: meshes of rows and columns, and polyfaces.
+#pragma once
+
+#include "context/PaintContext.h"
+#include "drawing/entities/Polylines.h"
+
+namespace sm::render {
+
+void DrawPolylineMesh(PaintContext& context, const drawing::PolylineData& mesh);
+void DrawPolyface(PaintContext& context, const drawing::PolylineData& face);
+
+} // namespace sm::render
