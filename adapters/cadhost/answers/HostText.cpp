@@ -37,11 +37,6 @@ bool SameName(std::string_view left, std::string_view right)
                       [](char a, char b) { return Lower(a) == Lower(b); });
 }
 
-bool HasExtension(std::string_view text, std::string_view extension)
-{
-    return text.size() >= extension.size() && SameName(text.substr(text.size() - extension.size()), extension);
-}
-
 std::string_view Trimmed(std::string_view text)
 {
     const auto first = text.find_first_not_of(" \t");

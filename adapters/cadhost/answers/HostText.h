@@ -12,8 +12,6 @@ std::string NumberText(double value);
 std::string RoundedText(double value, int digits);
 /// Letter case of A to Z aside.
 bool SameName(std::string_view left, std::string_view right);
-/// `text` ends in `extension` (with its dot), letter case of A to Z aside.
-bool HasExtension(std::string_view text, std::string_view extension);
 /// Without blanks and tabs at either end.
 std::string_view Trimmed(std::string_view text);
 

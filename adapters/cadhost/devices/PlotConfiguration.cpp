@@ -1,8 +1,8 @@
 #include "devices/PlotConfiguration.h"
 
 #include "answers/HostText.h"
-#include "answers/Plan.h"
 #include "devices/PaperRules.h"
+#include "drawing/PlanView.h"
 #include "ports/HostError.h"
 
 #include <algorithm>
@@ -98,7 +98,7 @@ PlotConfiguration::PlotConfiguration(const drawing::Drawing& drawing, const draw
     m_sheet = m_ownSheet;
     m_origin = AcrossWhenTurned(m_values.origin, m_values.rotation);
     const auto view = layout.isModel ? drawing.ActiveModelView() : std::nullopt;
-    if (view && IsPlan(view->direction, view->twist))
+    if (view && drawing::IsPlanView(view->direction) && view->twist == 0)
         m_windowShift = {view->target.x, view->target.y};
 }
 

@@ -14,29 +14,10 @@ std::string PointText(drawing::Vec2 p)
     return RoundedText(p.x, kCoordinateDigits) + "," + RoundedText(p.y, kCoordinateDigits);
 }
 
-/// The viewport that is the sheet itself: the one with id 1, and on sheets that keep no ids the first one.
-const drawing::EntityRecord* SheetViewport(const drawing::Drawing& drawing, std::uint32_t block)
-{
-    drawing::ViewportData viewport;
-    const drawing::EntityRecord* first = nullptr;
-    bool firstHasId = false;
-    for (const drawing::EntityRecord& record : drawing.EntitiesOf(block)) {
-        if (record.kind != drawing::EntityKind::Viewport)
-            continue;
-        drawing::Read(drawing, record, viewport);
-        if (viewport.id == 1)
-            return &record;
-        if (first == nullptr) {
-            first = &record;
-            firstHasId = viewport.id != 0;
-        }
-    }
-    return firstHasId ? nullptr : first;
-}
-
 void Count(const drawing::Drawing& drawing, const drawing::Layout& layout, LayoutFacts& facts)
 {
-    const drawing::EntityRecord* const sheet = layout.isModel ? nullptr : SheetViewport(drawing, layout.block);
+    const drawing::EntityRecord* const sheet =
+        layout.isModel ? nullptr : drawing::SheetViewportOf(drawing, layout.block);
     for (const drawing::EntityRecord& record : drawing.EntitiesOf(layout.block)) {
         if (&record == sheet)
             continue;

@@ -1,7 +1,7 @@
 #include "session/Views.h"
 
 #include "answers/HostText.h"
-#include "answers/Plan.h"
+#include "drawing/PlanView.h"
 
 namespace sm::cadhost {
 namespace {
@@ -13,9 +13,15 @@ double Dot(Vec3 a, Vec3 b)
     return a.x * b.x + a.y * b.y + a.z * b.z;
 }
 
+/// In an untwisted plan view the host gives display coordinates as world coordinates, wherever its target lies.
+template <class View> bool ShowsWorld(const View& view)
+{
+    return drawing::IsPlanView(view.direction) && view.twist == 0;
+}
+
 template <class View> render::Matrix3 MatrixOf(const View& view)
 {
-    if (IsPlan(view.direction, view.twist))
+    if (ShowsWorld(view))
         return {};
     return render::ViewMatrix(view.direction, view.target, view.twist);
 }
@@ -52,7 +58,7 @@ render::Matrix3 DisplayMatrix(OpenDrawing& open)
 
 drawing::Vec2 CenterOf(const drawing::NamedView& view)
 {
-    if (!IsPlan(view.direction, view.twist))
+    if (!ShowsWorld(view))
         return view.center;
     return view.center + drawing::Vec2{view.target.x, view.target.y};
 }

@@ -1,6 +1,6 @@
 #include "page/PlotArea.h"
 
-#include "drawing/EntityKinds.h"
+#include "drawing/PlanView.h"
 #include "drawing/entities/Viewports.h"
 #include "render/FrontEnd.h"
 
@@ -27,14 +27,10 @@ Box2 BoxAround(Vec2 center, double width, double height)
     return box;
 }
 
-bool IsPlan(Vec3 direction, Vec3 target, double twist)
-{
-    return direction.x == 0 && direction.y == 0 && direction.z >= 0 && target == Vec3{} && twist == 0;
-}
-
 render::Matrix3 ViewOf(Vec3 direction, Vec3 target, double twist)
 {
-    return IsPlan(direction, target, twist) ? render::Matrix3{} : render::ViewMatrix(direction, target, twist);
+    const bool isWorld = drawing::IsPlanView(direction) && target == Vec3{} && twist == 0;
+    return isWorld ? render::Matrix3{} : render::ViewMatrix(direction, target, twist);
 }
 
 bool SameName(const std::string& a, const std::string& b)
@@ -69,21 +65,17 @@ Box2 LimitsOf(const drawing::Drawing& drawing, const drawing::Layout& layout)
     return box;
 }
 
-/// The sheet as its own view (viewport 1) shows it.
+/// The sheet as its own viewport shows it.
 Box2 SheetView(const drawing::Drawing& drawing, const drawing::Layout& layout)
 {
-    drawing::ViewportData viewport;
-    for (const drawing::EntityRecord& record : drawing.EntitiesOf(layout.block)) {
-        if (record.kind != drawing::EntityKind::Viewport) {
-            continue;
-        }
-        Read(drawing, record, viewport);
-        if (viewport.id == 1) {
-            const double aspect = viewport.height > 0 ? viewport.width / viewport.height : 0;
-            return BoxAround(viewport.viewCenter, viewport.viewHeight * aspect, viewport.viewHeight);
-        }
+    const drawing::EntityRecord* const sheet = drawing::SheetViewportOf(drawing, layout.block);
+    if (sheet == nullptr) {
+        return {};
     }
-    return {};
+    drawing::ViewportData viewport;
+    Read(drawing, *sheet, viewport);
+    const double aspect = viewport.height > 0 ? viewport.width / viewport.height : 0;
+    return BoxAround(viewport.viewCenter, viewport.viewHeight * aspect, viewport.viewHeight);
 }
 
 PlotArea NamedViewArea(const drawing::Drawing& drawing, const drawing::Layout& layout, const std::string& name)
@@ -126,7 +118,7 @@ PlotArea FindPlotArea(const drawing::Drawing& drawing, const drawing::Layout& la
     area.isSheet = showsLayout;
     if (settings.plotType == kWindow) {
         // The file keeps the window in world coordinates as long as one looks straight down, in the view's own else.
-        const bool plan = active.direction.x == 0 && active.direction.y == 0;
+        const bool plan = drawing::IsPlanView(active.direction);
         area.box = plan ? Seen(area.view, Ordered(settings.window)) : Ordered(settings.window);
     } else if (settings.plotType == kDisplay && layout.isModel) {
         area.box = BoxAround(active.center, active.height * active.aspect, active.height);

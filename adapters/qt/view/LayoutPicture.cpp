@@ -1,6 +1,7 @@
 #include "view/LayoutPicture.h"
 
 #include "cadhost/SheetPlace.h"
+#include "drawing/PlanView.h"
 #include "picture/DisplayRecorder.h"
 #include "render/ClipBox.h"
 
@@ -37,7 +38,7 @@ SceneMap ModelMap(const render::Matrix3& view, const Box2& box)
 render::Matrix3 ModelViewOf(const drawing::Drawing& drawing)
 {
     const auto view = drawing.ActiveModelView();
-    if (!view || (view->direction.x == 0 && view->direction.y == 0 && view->direction.z >= 0 && view->twist == 0))
+    if (!view || (drawing::IsPlanView(view->direction) && view->twist == 0))
         return {};
     return render::ViewMatrix(view->direction, view->target, view->twist);
 }

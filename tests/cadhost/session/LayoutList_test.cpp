@@ -66,10 +66,11 @@ TEST_F(LayoutListTest, TellsWhatEachLayoutHolds)
     drawing.AddSheet("Roof").entities = viewport(0) + viewport(0);
     drawing.AddSheet("Cellar").entities = viewport(3) + viewport(4);
     drawing.AddSheet("Empty");
+    drawing.AddSheet("Attic").entities = viewport(-1) + viewport(-1) + viewport(-1);
     drawing.model.entities = LineTags(0, 0, 1, 1);
     drawing.active = 1;
     const auto list = host->Layouts(Open(drawing));
-    ASSERT_EQ(list.size(), 5U);
+    ASSERT_EQ(list.size(), 6U);
     EXPECT_EQ(list[0].name, "Model");
     EXPECT_TRUE(list[0].isModel);
     EXPECT_EQ(list[0].entities, 1U);
@@ -92,6 +93,7 @@ TEST_F(LayoutListTest, TellsWhatEachLayoutHolds)
     EXPECT_FALSE(list[2].active);
     EXPECT_EQ(list[3].viewports, 2U);
     EXPECT_EQ(list[4].entities, 0U);
+    EXPECT_EQ(list[5].viewports, 2U) << "-1 is no id either";
 }
 
 } // namespace

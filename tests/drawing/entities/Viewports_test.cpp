@@ -1,4 +1,5 @@
 #include "drawing/DxfText.h"
+#include "drawing/PlanView.h"
 #include "drawing/entities/Hyperlinks.h"
 #include "drawing/entities/Viewports.h"
 
@@ -63,6 +64,51 @@ TEST(Viewports, OfR12KeepTheirViewInExtendedData)
     EXPECT_EQ(data.viewHeight, 1000);
     EXPECT_EQ(data.viewCenter, (Vec2{1, 2}));
     EXPECT_THAT(data.frozenLayers, ElementsAre(2));
+}
+
+struct SheetRow {
+    const char* name;
+    std::vector<const char*> ids; ///< group 69 of each viewport, in file order; null: the group is missing
+    int sheet;                    ///< which of them is the sheet; -1: none
+};
+class SheetViewportTest : public ::testing::TestWithParam<SheetRow> {};
+
+TEST_P(SheetViewportTest, IsTheOneWithIdOneOrTheFirst)
+{
+    std::string entities = "0\nLINE\n67\n1\n10\n0\n20\n0\n11\n1\n21\n1\n";
+    for (const char* id : GetParam().ids)
+        entities += "0\nVIEWPORT\n67\n1\n10\n5\n20\n5\n" + (id != nullptr ? std::string("69\n") + id + "\n" : "");
+    const auto drawing = OpenEntities(entities);
+    const std::uint32_t sheet = drawing->Layouts()[1].block;
+    const auto records = drawing->EntitiesOf(sheet);
+    ASSERT_EQ(records.size(), GetParam().ids.size() + 1);
+    const EntityRecord* const found = SheetViewportOf(*drawing, sheet);
+    EXPECT_EQ(found == nullptr ? -1 : static_cast<int>(found - records.data()) - 1, GetParam().sheet);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ids, SheetViewportTest,
+    ::testing::Values(SheetRow{"IdOneFirst", {"1", "2"}, 0}, SheetRow{"IdOneLast", {"3", "2", "1"}, 2},
+                      SheetRow{"IdOneAmongMissing", {nullptr, "1"}, 1}, SheetRow{"Missing", {nullptr, nullptr}, 0},
+                      SheetRow{"MinusOne", {"-1", "-1"}, 0}, SheetRow{"Zero", {"0", "0"}, 0},
+                      SheetRow{"ZeroAndMinusOne", {"0", "-1", nullptr}, 0}, SheetRow{"OthersAlone", {"2", "3"}, -1},
+                      SheetRow{"ZeroBeforeAnother", {"0", "2"}, -1}, SheetRow{"NoViewport", {}, -1}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST(PlanViews, LookStraightDown)
+{
+    EXPECT_TRUE(IsPlanView({0, 0, 1}));
+    EXPECT_TRUE(IsPlanView({0, 0, 0}));
+    EXPECT_FALSE(IsPlanView({0, 0, -1}));
+    EXPECT_FALSE(IsPlanView({0, 0.5, 1}));
+    EXPECT_FALSE(IsPlanView({-1, 0, 1}));
+}
+
+TEST(ModelLayout, IsTheModelTab)
+{
+    const auto drawing = OpenEntities("0\nLINE\n8\n0\n");
+    EXPECT_EQ(ModelLayoutOf(*drawing), &drawing->Layouts().front());
+    EXPECT_TRUE(ModelLayoutOf(*drawing)->isModel);
 }
 
 TEST(Hyperlinks, HaveAddressDescriptionAndPlace)

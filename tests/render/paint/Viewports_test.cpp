@@ -91,6 +91,15 @@ const Row kRows[] = {
          "0 VIEWPORT | 8 0 | 67 1 | 10 50 | 20 50 | 40 100 | 41 100 | 68 0 | 69 0 | 12 50 | 22 50 | 45 100 |"
          "0 VIEWPORT | 8 0 | 67 1 | 10 50 | 20 50 | 40 60 | 41 40 | 68 0 | 69 0 | 12 105 | 22 105 | 45 20",
      {"clip box 20 30 80 70", "stroke 000000 0.25 m 40 40 l 60 40", "stroke FF0000 0.25 m 40 40 l 40 60", "pop"}},
+    {"SheetOfMinusOneIsTheFirst",
+     std::string(kModel) +
+         "0 VIEWPORT | 8 0 | 67 1 | 10 50 | 20 50 | 40 100 | 41 100 | 68 0 | 69 -1 | 12 50 | 22 50 | 45 100 |"
+         "0 VIEWPORT | 8 0 | 67 1 | 10 50 | 20 50 | 40 60 | 41 40 | 68 0 | 69 -1 | 12 105 | 22 105 | 45 20",
+     {"clip box 20 30 80 70", "stroke 000000 0.25 m 40 40 l 60 40", "stroke FF0000 0.25 m 40 40 l 40 60", "pop"}},
+    {"SheetBehindTheOthers",
+     std::string(kModel) +
+         "0 VIEWPORT | 8 0 | 67 1 | 10 50 | 20 50 | 40 60 | 41 40 | 68 2 | 69 2 | 12 105 | 22 105 | 45 20 |" + kSheet,
+     {"clip box 20 30 80 70", "stroke 000000 0.25 m 40 40 l 60 40", "stroke FF0000 0.25 m 40 40 l 40 60", "pop"}},
     {"SheetFirst",
      Viewport("0 LINE | 8 0 | 67 1 | 10 1 | 20 1 | 11 2 | 21 1"),
      {"stroke 000000 0.25 m 1 1 l 2 1", "clip box 20 30 80 70", "stroke 000000 0.25 m 40 40 l 60 40",

@@ -23,7 +23,6 @@ public:
     void Append(std::string_view raw, std::string& target) const;
     /// The text in the file's encoding; characters outside it as \U+XXXX.
     [[nodiscard]] std::string Encode(std::string_view utf8) const;
-    [[nodiscard]] bool IsUtf8File() const { return m_utf8; }
 
 private:
     bool AppendEscape(std::string_view raw, std::size_t& at, std::string& target) const;
