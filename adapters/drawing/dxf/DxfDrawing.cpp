@@ -2,9 +2,12 @@
 
 #include "converter/DwgConversion.h"
 #include "drawing/EntityKinds.h"
+#include "dwg/read/ReadDwg.h"
 #include "entities/EntityTags.h"
 #include "tags/FileKind.h"
 
+#include <algorithm>
+#include <array>
 #include <stdexcept>
 
 namespace sm::drawing {
@@ -21,6 +24,23 @@ bool IsUsable(const Model& model)
     return drawn || (prepared && !model.findings.Has(Damage::NoEnd));
 }
 
+void BuildAll(Model& model)
+{
+    BuildHeader(model);
+    BuildDictionaries(model);
+    BuildStyles(model);
+    BuildLinetypes(model);
+    BuildPlotStyles(model);
+    BuildLayers(model);
+    BuildLayerOverrides(model);
+    BuildViews(model);
+    BuildBlocks(model);
+    BuildNotes(model);
+    BuildObjects(model);
+    BuildLayouts(model);
+    BuildDrawOrder(model);
+}
+
 } // namespace
 
 std::unique_ptr<Model> ReadModel(FileBytes bytes, const std::string& path)
@@ -33,21 +53,36 @@ std::unique_ptr<Model> ReadModel(FileBytes bytes, const std::string& path)
     model->source.objectList = &model->structure.objects;
     if (!IsUsable(*model))
         ThrowNothingUsable(file, path, model->structure.tags);
-    BuildHeader(*model);
-    BuildDictionaries(*model);
-    BuildStyles(*model);
-    BuildLinetypes(*model);
-    BuildPlotStyles(*model);
-    BuildLayers(*model);
-    BuildLayerOverrides(*model);
-    BuildViews(*model);
-    BuildBlocks(*model);
-    BuildNotes(*model);
-    BuildObjects(*model);
-    BuildLayouts(*model);
-    BuildDrawOrder(*model);
+    BuildAll(*model);
     return model;
 }
+
+namespace {
+
+/// The releases whose DWG this program reads itself.
+bool IsNativeDwg(std::string_view bytes)
+{
+    constexpr std::array kNative{"AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"};
+    return std::any_of(kNative.begin(), kNative.end(), [&](const char* magic) { return bytes.starts_with(magic); });
+}
+
+std::unique_ptr<Model> ReadDwgModel(const FileBytes& bytes, const std::string& path)
+{
+    FindingList findings;
+    dwg::DecodedTags tags = dwg::ReadDwg(bytes.View(), path, findings);
+    auto model = std::make_unique<Model>(FileBytes::Keep(std::move(tags.bytes)), TagFormat::BinaryLong);
+    model->path = path;
+    model->structure = std::move(tags.structure);
+    model->names = std::move(tags.names);
+    model->findings = std::move(findings);
+    model->source.objectList = &model->structure.objects;
+    if (!IsUsable(*model))
+        ThrowNothingUsable(bytes.View(), path, model->structure.tags);
+    BuildAll(*model);
+    return model;
+}
+
+} // namespace
 
 std::unique_ptr<Drawing> Drawing::Open(const std::string& path, const DwgOptions& dwg)
 {
@@ -55,6 +90,8 @@ std::unique_ptr<Drawing> Drawing::Open(const std::string& path, const DwgOptions
     if (DwgRelease(bytes.View()).empty())
         return std::make_unique<DxfDrawing>(ReadModel(std::move(bytes), path), dwg);
     RecordsFile records(path);
+    if (dwg.converter.empty() && IsNativeDwg(bytes.View()))
+        return std::make_unique<DxfDrawing>(ReadDwgModel(bytes, path), dwg, std::move(records));
     FindingList lost;
     auto model = ReadModel(ConvertDwg(bytes, path, dwg, lost), path);
     model->findings.Join(lost);

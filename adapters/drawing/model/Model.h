@@ -5,6 +5,7 @@
 #include "tags/Source.h"
 #include "tags/Structure.h"
 
+#include <deque>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -31,6 +32,7 @@ struct Model {
     std::string path;
     Drawing::Source source;
     Structure structure;
+    std::deque<std::string> names; ///< that `structure` refers to and the file does not hold
     FindingList findings;
     HeaderVariables header;
     Version version = Version::Unknown;

@@ -45,6 +45,8 @@ enum class Damage : std::int32_t {
     SizeLies = 806,
     HeadDamaged = 807,
     ObjectMisplaced = 808,
+    EntityDamaged = 811,
+    ObjectDamaged = 812,
 };
 
 class FindingList {

@@ -1,0 +1,244 @@
+#include "dwg/read/DwgReading.h"
+
+#include "drawing/TextDecoder.h"
+#include "dwg/read/ReadDwg.h"
+
+#include <algorithm>
+
+namespace sm::drawing::dwg {
+
+namespace {
+
+struct TableLink {
+    Table table;
+    Handle HeaderLinks::*control;
+};
+constexpr std::array kTables{TableLink{Table::Application, &HeaderLinks::applications},
+                             TableLink{Table::Linetype, &HeaderLinks::linetypes},
+                             TableLink{Table::Style, &HeaderLinks::styles},
+                             TableLink{Table::Layer, &HeaderLinks::layers},
+                             TableLink{Table::View, &HeaderLinks::views},
+                             TableLink{Table::Viewport, &HeaderLinks::viewports},
+                             TableLink{Table::DimensionStyle, &HeaderLinks::dimensionStyles},
+                             TableLink{Table::Block, &HeaderLinks::blocks}};
+
+/// Tags take about that many bytes for one of the objects' stream.
+constexpr std::uint64_t kGrowth = 3;
+
+Names NamesOf(const Container& container)
+{
+    Names names;
+    names.classes = ReadClasses(container);
+    return names;
+}
+
+} // namespace
+
+DwgReading::DwgReading(const Container& container, FindingList& findings)
+    : m_container(container), m_findings(findings), m_names(NamesOf(container)),
+      m_index(container, m_names.classes, findings), m_object(container, m_sink, m_names),
+      m_member(container, m_sink, m_names)
+{
+    m_sink.Reserve(container.Objects().size() * kGrowth);
+}
+
+DecodedTags DwgReading::Run()
+{
+    CollectColors();
+    m_links = ReadHeaderLinks(m_object, m_container);
+    CollectNames();
+    WriteHeader(m_object, m_container);
+    WriteTables();
+    ReadBlocks();
+    WriteBlocks();
+    WriteRecords();
+    WriteBodies();
+    if (m_lostEntities > 0)
+        m_findings.Add(Damage::EntityDamaged, 1, m_lostEntities);
+    if (m_lostObjects > 0)
+        m_findings.Add(Damage::ObjectDamaged, 1, m_lostObjects);
+    return m_sink.Finish();
+}
+
+bool DwgReading::Open(Object& object, const IndexedObject* place)
+{
+    return place != nullptr && object.Open(place->offset, place->handle);
+}
+
+void DwgReading::CollectColors()
+{
+    for (const IndexedObject& one : m_index.All()) {
+        const ObjectClass* const kind = m_index.ClassOf(one.type);
+        if (kind == nullptr || kind->name != "DBCOLOR" || !Open(m_object, &one))
+            continue;
+        m_object.ReadObjectHead();
+        Color color = m_object.CMC();
+        if (!m_object.Lost())
+            m_names.colors.emplace(one.handle, std::move(color));
+    }
+}
+
+void DwgReading::FindTable(Table table, Handle control)
+{
+    const TableTypes types = TypesOf(table);
+    Entries& entries = EntriesOf(table);
+    const IndexedObject* place = m_index.Find(control);
+    if (place == nullptr || place->type != types.control) {
+        // The header is damaged: the control object is known by its type.
+        const auto found = std::ranges::find(m_index.All(), types.control, &IndexedObject::type);
+        place = found == m_index.All().end() ? nullptr : &*found;
+    }
+    if (Open(m_object, place))
+        entries = ReadControl(m_object, table);
+    else
+        for (const IndexedObject& one : m_index.All())
+            if (one.type == types.entry)
+                entries.push_back(one.handle);
+    std::erase_if(entries, [&](Handle handle) {
+        const IndexedObject* const entry = m_index.Find(handle);
+        return entry == nullptr || entry->type != types.entry;
+    });
+}
+
+void DwgReading::CollectNames()
+{
+    for (const TableLink& link : kTables) {
+        FindTable(link.table, m_links.*link.control);
+        for (const Handle handle : EntriesOf(link.table))
+            if (Open(m_object, m_index.Find(handle)))
+                m_names.entries.insert_or_assign(handle, ReadEntryName(m_object));
+    }
+    m_names.linetypes = EntriesOf(Table::Linetype);
+    m_names.modelSpace = m_links.modelSpace;
+    m_names.paperSpace = m_links.paperSpace;
+    NameBlocks();
+}
+
+/// Anonymous blocks are stored without their numbers: they get some, in the order of the table.
+void DwgReading::NameBlocks()
+{
+    std::unordered_map<std::string, int> numbers;
+    for (const Handle handle : EntriesOf(Table::Block)) {
+        std::string& name = m_names.entries[handle];
+        const std::string folded = FoldName(name);
+        if (folded == "*MODEL_SPACE" && m_names.modelSpace == 0)
+            m_names.modelSpace = handle;
+        if (folded == "*PAPER_SPACE" && m_names.paperSpace == 0)
+            m_names.paperSpace = handle;
+        if (name.size() == 2 && name.starts_with('*'))
+            name += std::to_string(++numbers[folded]);
+        else if (folded == "*PAPER_SPACE" && handle != m_names.paperSpace)
+            name += std::to_string(numbers[folded]++);
+    }
+}
+
+void DwgReading::WriteTables()
+{
+    for (const TableLink& link : kTables) {
+        if (link.table == Table::Block)
+            continue;
+        for (const Handle handle : EntriesOf(link.table)) {
+            if (Open(m_object, m_index.Find(handle)))
+                WriteTableEntry(m_object, link.table);
+            if (m_object.Lost() && m_sink.Abandon())
+                ++m_lostObjects;
+            m_sink.Close();
+        }
+    }
+}
+
+void DwgReading::ReadBlocks()
+{
+    for (const Handle handle : EntriesOf(Table::Block)) {
+        if (!Open(m_object, m_index.Find(handle)))
+            continue;
+        BlockHeader header = ReadBlockHeader(m_object);
+        if (m_object.Lost()) {
+            ++m_lostObjects;
+            m_hasOrphans = true;
+        }
+        WriteBlockRecord(m_object, header);
+        m_sink.Close();
+        m_blocks.push_back(std::move(header));
+    }
+}
+
+void DwgReading::WriteBlocks()
+{
+    if (m_container.MapDamaged())
+        m_hasOrphans = true;
+    if (m_hasOrphans)
+        CollectOrphans();
+    const auto isSpace = [this](const BlockHeader& block) {
+        return block.handle == m_names.modelSpace || block.handle == m_names.paperSpace;
+    };
+    for (const BlockHeader& block : m_blocks) {
+        WriteBlock(m_sink, m_names, block);
+        if (!isSpace(block))
+            WriteEntitiesOf(block);
+        m_sink.EndBlock();
+    }
+    for (const BlockHeader& block : m_blocks) {
+        m_inPaper = block.handle == m_names.paperSpace;
+        if (isSpace(block))
+            WriteEntitiesOf(block);
+    }
+    m_sink.Close();
+    m_inPaper = false;
+}
+
+void DwgReading::WriteRecords()
+{
+    const auto write = [this](const IndexedObject& object) {
+        if (const RecordRow* const row = m_index.RecordOf(object.type))
+            WriteRecord(object, *row);
+    };
+    // The named-object dictionary comes first, as in a DXF.
+    IndexedObject* const root = m_index.Find(m_links.dictionary);
+    if (root != nullptr) {
+        write(*root);
+        root->taken = true;
+    }
+    for (const IndexedObject& object : m_index.All())
+        if (!object.taken)
+            write(object);
+    m_sink.Close();
+}
+
+void DwgReading::WriteRecord(const IndexedObject& object, const RecordRow& row)
+{
+    if (!Open(m_object, &object)) {
+        ++m_lostObjects;
+        return;
+    }
+    m_sink.Object(row.name);
+    m_object.ReadObjectHead();
+    m_object.WriteObjectHead();
+    row.decode(m_object);
+    if (m_object.Lost()) {
+        m_sink.Abandon();
+        ++m_lostObjects;
+        return;
+    }
+    m_object.WriteExtended();
+}
+
+/// Bodies that are stored in binary form: as records of the data section, where DXF has them.
+void DwgReading::WriteBodies()
+{
+    for (const auto& [entity, save] : m_object.bodies) {
+        m_sink.Object("ACDSRECORD");
+        m_sink.HandleTag(320, entity);
+        m_sink.Text(2, "ASM_Data");
+        m_sink.Chunks(310, save);
+    }
+    m_sink.Close();
+}
+
+DecodedTags ReadDwg(std::string_view file, const std::string& path, FindingList& findings)
+{
+    const Container container = Container::Open(file, path, findings);
+    return DwgReading(container, findings).Run();
+}
+
+} // namespace sm::drawing::dwg

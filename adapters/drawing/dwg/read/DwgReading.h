@@ -1,0 +1,57 @@
+// The steps of reading a DWG. For this room only.
+#pragma once
+
+#include "dwg/objects/Rows.h"
+#include "dwg/read/ObjectIndex.h"
+#include "dwg/tables/BlockHeader.h"
+#include "dwg/tables/TableEntries.h"
+
+#include <array>
+
+namespace sm::drawing::dwg {
+
+class DwgReading {
+public:
+    DwgReading(const Container& container, FindingList& findings);
+    DecodedTags Run();
+
+private:
+    using Entries = std::vector<Handle>;
+
+    void CollectColors();
+    void CollectNames();
+    void FindTable(Table table, Handle control);
+    void NameBlocks();
+    void WriteTables();
+    void ReadBlocks();
+    void WriteBlocks();
+    void WriteEntitiesOf(const BlockHeader& block);
+    void WriteChain(const BlockHeader& block);
+    void WriteOrphans(const BlockHeader& block);
+    void CollectOrphans();
+    bool WriteEntity(IndexedObject& entity);
+    void WriteKnown(const EntityRow* row, std::string_view name);
+    void WriteMembers();
+    bool WriteMember(Handle handle);
+    void WriteRecords();
+    void WriteRecord(const IndexedObject& object, const RecordRow& row);
+    void WriteBodies();
+    [[nodiscard]] bool Open(Object& object, const IndexedObject* place);
+    Entries& EntriesOf(Table table) { return m_entries[static_cast<std::size_t>(table)]; }
+
+    const Container& m_container;
+    FindingList& m_findings;
+    TagSink m_sink;
+    Names m_names;
+    ObjectIndex m_index;
+    Object m_object, m_member;
+    HeaderLinks m_links;
+    std::array<Entries, static_cast<std::size_t>(Table::Count)> m_entries;
+    std::vector<BlockHeader> m_blocks;
+    std::unordered_map<Handle, Entries> m_orphans; ///< entities by owner, when a chain is broken
+    bool m_hasOrphans = false;
+    bool m_inPaper = false; ///< what is written belongs to the active paper space
+    std::uint32_t m_lostEntities = 0, m_lostObjects = 0;
+};
+
+} // namespace sm::drawing::dwg
