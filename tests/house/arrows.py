@@ -28,7 +28,7 @@ ROOMS = {
         "dwg": ("tags",),
         "dwg/file": ("tags", "dwg/bits"),
         "dwg/recovery": ("tags", "dwg/bits", "dwg/file"),
-        "dwg/old": ("tags", "dwg"),
+        "dwg/old": ("tags", "dwg", "dwg/file"),
         "dwg/objects": ("tags", "dwg", "dwg/bits", "dwg/file"),
         "dwg/tables": ("tags", "dwg", "dwg/bits", "dwg/objects"),
         "dwg/records": ("tags", "dwg", "dwg/bits", "dwg/objects"),

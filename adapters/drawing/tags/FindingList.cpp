@@ -48,6 +48,7 @@ constexpr std::array kTexts{
     DamageText{Damage::SizeLies, "a size in the DWG is more than the file can hold; cut", true},
     DamageText{Damage::HeadDamaged, "the head of the DWG is damaged; its parts were searched for", false},
     DamageText{Damage::ObjectMisplaced, "an object of the DWG is not where the list says; left out", true},
+    DamageText{Damage::RecordDamaged, "a record of the DWG is damaged; left out, or used as far as it goes", true},
     DamageText{Damage::EntityDamaged, "an entity of the DWG is damaged; it is left out", true},
     DamageText{Damage::ObjectDamaged, "an object of the DWG is damaged; it is left out", true},
 };

@@ -45,6 +45,7 @@ enum class Damage : std::int32_t {
     SizeLies = 806,
     HeadDamaged = 807,
     ObjectMisplaced = 808,
+    RecordDamaged = 809,
     EntityDamaged = 811,
     ObjectDamaged = 812,
 };

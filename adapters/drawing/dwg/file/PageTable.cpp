@@ -177,11 +177,11 @@ std::vector<Section> ReadSections(ContainerBuilder& builder)
     CheckAddresses(file, sections);
     if (!sections.empty() && std::ranges::all_of(sections, IsWhole))
         return sections;
-    const std::vector<FoundPage> found = SearchPages(file);
-    if (sections.empty()) {
+    if (places.sound && (pageMap.empty() || sections.empty()))
         builder.Tell(Damage::HeadDamaged);
+    const std::vector<FoundPage> found = SearchPages(file);
+    if (sections.empty())
         return SectionsOf(file, found);
-    }
     if (const std::uint32_t missing = FillPages(sections, found); missing != 0)
         builder.Tell(Damage::PagesMissing, missing);
     return sections;
