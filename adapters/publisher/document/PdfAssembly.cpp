@@ -2,7 +2,6 @@
 
 #include "dialect/PdfLayers.h"
 #include "document/MarkWriter.h"
-#include "pdf/AtomicFile.h"
 #include "pdf/PdfNumbers.h"
 #include "pdf/PublishStatus.h"
 #include "pdf/Qpdf.h"
