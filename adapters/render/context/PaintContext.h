@@ -3,9 +3,9 @@
 #pragma once
 
 #include "context/PaintOptions.h"
+#include "fonts/ShapeLibrary.h"
 #include "ink/Ink.h"
 #include "render/FrontEnd.h"
-#include "shapes/ShapeLibrary.h"
 
 #include <memory>
 #include <optional>

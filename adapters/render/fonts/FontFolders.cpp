@@ -91,6 +91,13 @@ const Files& MachineFiles()
 
 } // namespace
 
+std::string UserDataFolder()
+{
+    const char* const config = std::getenv("XDG_CONFIG_HOME");
+    return config != nullptr && *config == '/' ? config + std::string("/sheetmaker-pdf")
+                                               : Home("/.config/sheetmaker-pdf");
+}
+
 void FontFolders::Prepare()
 {
     MachineFiles();

@@ -14,6 +14,14 @@ struct FontPlace {
     int index = 0; ///< within a collection
 };
 
+/// Where this program keeps what is the user's ($XDG_CONFIG_HOME/sheetmaker-pdf); empty when nobody is at home.
+std::string UserDataFolder();
+/// The font folders in it.
+inline std::vector<std::string> UserFontFolders(const std::string& userFolder)
+{
+    return userFolder.empty() ? std::vector<std::string>() : std::vector{userFolder + "/fonts"};
+}
+
 /// Looks at nothing until it is asked; fontconfig, which is slow to start, only when a family or a character is asked.
 class FontFolders {
 public:

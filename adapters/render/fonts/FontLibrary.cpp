@@ -29,7 +29,7 @@ StrokeGlyph Fitted(const StrokeGlyph& glyph, const StrokeFont& from, const Strok
 } // namespace
 
 FontLibrary::FontLibrary(const std::string& dataFolder, const std::string& userFolder)
-    : m_folders(userFolder.empty() ? std::vector<std::string>() : std::vector{userFolder + "/fonts"})
+    : m_folders(UserFontFolders(userFolder))
 {
     for (const std::string& folder : {userFolder, dataFolder}) {
         if (!folder.empty()) {

@@ -1,5 +1,6 @@
+#include "shapes/CommonShapes.h"
+
 #include "render/Arcs.h"
-#include "shapes/ShapeLibrary.h"
 
 #include <array>
 

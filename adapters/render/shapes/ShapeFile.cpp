@@ -1,7 +1,5 @@
 #include "shapes/ShapeFile.h"
 
-#include "shapes/ShapePen.h"
-
 #include <fstream>
 #include <iterator>
 
@@ -113,27 +111,15 @@ std::uint16_t ShapeFile::NumberOf(std::string_view name) const
     return found == m_names.end() ? std::uint16_t{0} : found->second;
 }
 
+bool ShapeFile::Has(std::uint16_t number) const
+{
+    return m_codes.find(number) != m_codes.end();
+}
+
 std::string_view ShapeFile::Codes(std::uint16_t number) const
 {
     const auto found = m_codes.find(number);
     return found == m_codes.end() ? std::string_view{} : found->second;
-}
-
-bool ShapeFile::Append(std::uint16_t number, Path& path) const
-{
-    Vec2 end;
-    return Append(number, path, end);
-}
-
-bool ShapeFile::Append(std::uint16_t number, Path& path, Vec2& end) const
-{
-    if (m_codes.find(number) == m_codes.end()) {
-        return false;
-    }
-    ShapePen pen(*this, path);
-    pen.Draw(number, 0);
-    end = pen.At();
-    return true;
 }
 
 } // namespace sm::render

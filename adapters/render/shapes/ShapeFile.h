@@ -7,8 +7,6 @@
 // one of 16 directions.
 #pragma once
 
-#include "render/Canvas.h"
-
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -25,10 +23,7 @@ public:
 
     /// Number of a shape, letter case aside; 0: there is none of that name.
     [[nodiscard]] std::uint16_t NumberOf(std::string_view name) const;
-    /// Appends the strokes in shape units, from the shape's own origin; false when the file has no such shape.
-    bool Append(std::uint16_t number, Path& path) const;
-    /// The same; `end` is where the pen stands afterwards: the next letter's origin in a font.
-    bool Append(std::uint16_t number, Path& path, Vec2& end) const;
+    [[nodiscard]] bool Has(std::uint16_t number) const;
     /// The bytes of a shape, its name left out; empty when there is none.
     [[nodiscard]] std::string_view Codes(std::uint16_t number) const;
     [[nodiscard]] bool IsUnifont() const { return m_unifont; }

@@ -221,4 +221,21 @@ void ShapePen::Bulge(Vec2 by, double bulge)
     m_at = to;
 }
 
+bool AppendShape(const ShapeFile& file, std::uint16_t number, Path& path)
+{
+    Vec2 end;
+    return AppendShape(file, number, path, end);
+}
+
+bool AppendShape(const ShapeFile& file, std::uint16_t number, Path& path, Vec2& end)
+{
+    if (!file.Has(number)) {
+        return false;
+    }
+    ShapePen pen(file, path);
+    pen.Draw(number, 0);
+    end = pen.At();
+    return true;
+}
+
 } // namespace sm::render

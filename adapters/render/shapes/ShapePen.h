@@ -1,6 +1,7 @@
 // The pen that follows the codes of a shape.
 #pragma once
 
+#include "render/Canvas.h"
 #include "shapes/ShapeFile.h"
 
 #include <vector>
@@ -45,5 +46,10 @@ private:
     int m_budget = 20000;   ///< codes that may still be obeyed
     std::vector<Vec2> m_kept;
 };
+
+/// Appends the strokes of a shape in shape units, from its own origin; false when the file has no such shape.
+bool AppendShape(const ShapeFile& file, std::uint16_t number, Path& path);
+/// The same; `end` is where the pen stands afterwards: the next letter's origin in a font.
+bool AppendShape(const ShapeFile& file, std::uint16_t number, Path& path, Vec2& end);
 
 } // namespace sm::render

@@ -2,6 +2,7 @@
 
 #include "base/Units.h"
 #include "base/text/Utf8.h"
+#include "drawing/entities/Texts.h"
 
 #include <cmath>
 

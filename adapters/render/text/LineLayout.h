@@ -1,9 +1,12 @@
 // TEXT, ATTRIB and ATTDEF: one line, put where its alignment says.
 #pragma once
 
-#include "drawing/entities/Texts.h"
 #include "text/TextCodes.h"
 #include "text/Typesetter.h"
+
+namespace sm::drawing {
+struct TextData;
+} // namespace sm::drawing
 
 namespace sm::render {
 

@@ -1,5 +1,6 @@
 #include "text/MTextLayout.h"
 
+#include "drawing/entities/Texts.h"
 #include "text/TextColumns.h"
 #include "text/TextPlane.h"
 

@@ -1,8 +1,11 @@
 // MTEXT: paragraphs broken into lines within a width, stacked in columns and put where the attachment says.
 #pragma once
 
-#include "drawing/entities/Texts.h"
 #include "text/TextLines.h"
+
+namespace sm::drawing {
+struct MTextData;
+} // namespace sm::drawing
 
 namespace sm::render {
 

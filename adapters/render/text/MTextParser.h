@@ -1,7 +1,7 @@
 // Reads the text of an MTEXT code by code.
 #pragma once
 
-#include "text/MTextCodes.h"
+#include "text/MTextTokens.h"
 
 namespace sm::render {
 

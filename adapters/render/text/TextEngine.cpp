@@ -69,12 +69,6 @@ std::string ShippedFolder()
     return "/usr/share/sheetmaker-pdf";
 }
 
-std::string UserFolder()
-{
-    const std::string config = Variable("XDG_CONFIG_HOME"), home = Variable("HOME");
-    return !config.empty() ? config + "/sheetmaker-pdf" : home.empty() ? "" : home + "/.config/sheetmaker-pdf";
-}
-
 } // namespace
 
 void TextEngine::Prepare()
@@ -84,7 +78,7 @@ void TextEngine::Prepare()
 
 std::unique_ptr<TextEngine> TextEngine::Create()
 {
-    return Create({ShippedFolder(), UserFolder()});
+    return Create({ShippedFolder(), UserDataFolder()});
 }
 
 std::unique_ptr<TextEngine> TextEngine::Create(const TextFolders& folders)

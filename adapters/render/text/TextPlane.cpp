@@ -1,6 +1,7 @@
 #include "text/TextPlane.h"
 
 #include "base/Units.h"
+#include "drawing/entities/Texts.h"
 
 #include <cmath>
 

@@ -2,8 +2,11 @@
 #pragma once
 
 #include "drawing/Drawing.h"
-#include "drawing/entities/Texts.h"
 #include "render/Matrix.h"
+
+namespace sm::drawing {
+struct MTextData;
+} // namespace sm::drawing
 
 namespace sm::render {
 

@@ -1,9 +1,12 @@
 // Shape files: the pen codes of a shape as strokes; SHAPE entities.
+#include "render/PictureFiles.h"
 #include "render/SmallDrawing.h"
 
-#include "shapes/ShapeFile.h"
+#include "shapes/ShapePen.h"
 
+#include <cstdlib>
 #include <gmock/gmock.h>
+#include <optional>
 
 namespace sm::render {
 namespace {
@@ -50,7 +53,7 @@ TEST_P(ShapeCodesTest, DrawStrokes)
     const auto file = ShapeFile::FromBytes(FileOf({kSquare, GetParam().codes}));
     ASSERT_NE(file, nullptr);
     Path path;
-    EXPECT_TRUE(file->Append(2, path));
+    EXPECT_TRUE(AppendShape(*file, 2, path));
     EXPECT_EQ(RecordingCanvas::Points(path), GetParam().path);
 }
 
@@ -79,7 +82,7 @@ TEST(ShapeFileTest, KnowsItsNames)
     EXPECT_EQ(file->NumberOf("sq"), 1);
     EXPECT_EQ(file->NumberOf("other"), 0);
     Path path;
-    EXPECT_FALSE(file->Append(2, path));
+    EXPECT_FALSE(AppendShape(*file, 2, path));
 }
 
 TEST(ShapeFileTest, ReadsUnifonts)
@@ -89,7 +92,7 @@ TEST(ShapeFileTest, ReadsUnifonts)
         ShapeFile::FromBytes("AutoCAD-86 unifont 1.0\r\n\x1A" + Word(1) + Word(65) + Word(shape.size()) + shape);
     ASSERT_NE(file, nullptr);
     Path path;
-    EXPECT_TRUE(file->Append(65, path));
+    EXPECT_TRUE(AppendShape(*file, 65, path));
     EXPECT_EQ(RecordingCanvas::Points(path), " m 0 0 l 1 0 l 1 1 l 0 1 l 0 0");
 }
 
@@ -101,7 +104,7 @@ TEST(ShapeFileTest, RefusesOtherFiles)
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const auto file = ShapeFile::FromBytes(whole.substr(0, length));
         Path path;
-        EXPECT_TRUE(file == nullptr || file->Append(1, path) || path.Empty());
+        EXPECT_TRUE(file == nullptr || AppendShape(*file, 1, path) || path.Empty());
     }
 }
 
@@ -121,6 +124,39 @@ TEST(ShapeEntitiesTest, ReportUnknownOnes)
     const Drawn drawn = Render(drawing);
     EXPECT_EQ(drawn.notDrawn, Lines{"SHAPE 0 1"});
     EXPECT_EQ(drawn.remarks, Lines{"a shape whose file is missing left out 1"});
+}
+
+/// An environment variable for as long as a test runs.
+class Variable {
+public:
+    Variable(const char* name, const std::string& value) : m_name(name)
+    {
+        if (const char* former = std::getenv(name)) {
+            m_former = former;
+        }
+        setenv(name, value.c_str(), 1);
+    }
+    ~Variable() { m_former ? setenv(m_name, m_former->c_str(), 1) : unsetenv(m_name); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+private:
+    const char* m_name;
+    std::optional<std::string> m_former;
+};
+
+TEST(ShapeEntitiesTest, ComeFromTheFoldersThatFontsComeFrom)
+{
+    const PictureFolder home;
+    const Variable config("XDG_CONFIG_HOME", home.Path());
+    home.Write("sheetmaker-pdf/fonts/office/Mine.SHX", FileOf({kSquare}));
+    for (const char* named : {"mine.shx", "MINE", "C:\\fonts\\mine.shp"}) {
+        SCOPED_TRACE(named);
+        SmallDrawing drawing;
+        drawing.styles = std::string("0 STYLE | 2  | 70 1 | 40 0 | 41 1 | 3 ") + named;
+        drawing.entities = "0 SHAPE | 8 0 | 10 10 | 20 10 | 30 0 | 40 2 | 2 SQ";
+        EXPECT_EQ(LinesOf(drawing), Lines{"stroke 000000 0.25 m 10 10 l 12 10 l 12 12 l 10 12 l 10 10"});
+    }
 }
 
 } // namespace

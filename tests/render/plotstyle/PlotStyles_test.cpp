@@ -1,6 +1,8 @@
 // What plot styles make of colours, widths, line types, ends, joins and fills.
 #include "render/SmallDrawing.h"
 
+#include "render/PlotStyleTable.h"
+
 #include <gmock/gmock.h>
 
 namespace sm::render {

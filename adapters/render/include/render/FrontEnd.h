@@ -3,7 +3,6 @@
 
 #include "drawing/Drawing.h"
 #include "render/Canvas.h"
-#include "render/PlotStyleTable.h"
 #include "render/TextLayout.h"
 
 #include <atomic>
@@ -17,6 +16,7 @@
 namespace sm::render {
 
 class References;
+struct PlotStyleTable;
 
 /// What became of each entity of the drawing over a run; the best outcome counts.
 enum class Outcome : std::uint8_t {

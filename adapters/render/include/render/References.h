@@ -54,7 +54,8 @@ public:
 
     /// Another drawing that stands in for a block of this one.
     struct Xref {
-        std::string prefix; ///< the block's name, which the external reference's layers bear in the host drawing: "PREFIX|LAYER"
+        std::string prefix; ///< the block's name, which the external reference's layers bear in the host drawing:
+                            ///< "PREFIX|LAYER"
         std::unique_ptr<drawing::Drawing> file;
         std::unique_ptr<References> references;
         std::unique_ptr<RenderReport> report;

@@ -3,6 +3,8 @@
 #pragma once
 
 #include "drawing/Drawing.h"
+#include "fonts/FontFolders.h"
+#include "render/Canvas.h"
 #include "shapes/ShapeFile.h"
 
 #include <map>
@@ -12,7 +14,8 @@ namespace sm::render {
 
 class ShapeLibrary {
 public:
-    explicit ShapeLibrary(const drawing::Drawing& drawing) : m_drawing(drawing) {}
+    /// `drawing` outlives it.
+    explicit ShapeLibrary(const drawing::Drawing& drawing);
     /// The strokes of a shape in shape units, of the file that text style `style` names; null when unknown. The result
     /// lives as long as the library.
     const Path* Find(std::uint32_t style, std::uint16_t number);
@@ -29,13 +32,9 @@ private:
     const Path* Keep(const Key& key, const ShapeFile* file);
 
     const drawing::Drawing& m_drawing;
+    FontFolders m_folders;
     std::map<std::string, std::unique_ptr<ShapeFile>> m_files;
     std::map<Key, Path> m_paths; ///< empty: unknown
 };
-
-/// Our own strokes of a symbol of the common shape file for line types; false for other numbers.
-bool AppendCommonShape(std::uint16_t number, Path& path);
-/// Its number: "BOX" 132 and so on; 0 for other names. Capitals.
-std::uint16_t CommonShapeNumber(std::string_view name);
 
 } // namespace sm::render

@@ -1,6 +1,7 @@
 // Letters of compiled shape files. The file's first shape says how high capitals are ("above") and how deep letters
 // hang below the base line; a letter ends where the next one begins.
 #include "fonts/StrokeFont.h"
+#include "shapes/ShapePen.h"
 
 #include <algorithm>
 #include <array>
@@ -52,7 +53,7 @@ bool StrokeFont::ReadShape(char32_t character, StrokeGlyph& glyph) const
 {
     for (const std::uint16_t number : NumbersOf(character, m_shapes->IsUnifont())) {
         Vec2 end;
-        if (number == 0 || !m_shapes->Append(number, glyph.path, end)) {
+        if (number == 0 || !AppendShape(*m_shapes, number, glyph.path, end)) {
             continue;
         }
         double right = 0;
