@@ -14,6 +14,7 @@ PLUGIN = {"ports", "settings", "plotting", "annotations", "hostobjects", "ui", "
 # "" is the room's own folder, "*" any sub-room. Every room may include base, the lowest.
 ROOMS = {
     "base": ((), {"text": (), "files": (), "process": ("files",)}),
+    "ondemand": ((), {"": ()}),
     "prologue": ((), {}),
     "drawing": ((), {
         "tags": (),
@@ -36,7 +37,7 @@ ROOMS = {
         "dwg/read": ("*",),
         "dxf": ("*",),
     }),
-    "render": (("drawing",), {
+    "render": (("process", "drawing"), {
         "geometry": (),
         "shapes": ("text",),
         "fonts": ("shapes", "text"),

@@ -56,6 +56,21 @@ TEST_F(SqliteStore, ShowsAnotherProcesssWriteAtOnce)
     EXPECT_EQ(ReadText(*first, kKey, "Name"), "two");
 }
 
+TEST_F(SqliteStore, ReadsEverythingOnceForAShortRun)
+{
+    const auto other = Open();
+    EXPECT_TRUE(WriteText(*other, kKey, "Name", "one"));
+    const auto run = OpenSqliteRegistry(m_file, {}, {}, Reading::Once);
+    EXPECT_EQ(ReadText(*run, kKey, "name"), "one");
+    EXPECT_TRUE(WriteText(*other, kKey, "Name", "two"));
+    EXPECT_TRUE(WriteText(*other, kKey, "Other", "two"));
+    EXPECT_EQ(ReadText(*run, kKey, "Name"), "one");
+    EXPECT_EQ(ReadText(*run, kKey, "Other"), "(none)");
+    EXPECT_TRUE(WriteText(*run, kKey, "Name", "three"));
+    EXPECT_EQ(ReadText(*run, kKey, "Name"), "three");
+    EXPECT_EQ(ReadText(*other, kKey, "Name"), "three");
+}
+
 TEST_F(SqliteStore, MakesItsFolderForTheUserAlone)
 {
     m_file = m_folder.Path() / "a" / "b" / "settings.sqlite";

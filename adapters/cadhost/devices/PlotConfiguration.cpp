@@ -114,10 +114,10 @@ void PlotConfiguration::SetWindow(const drawing::Box2& window)
 
 void PlotConfiguration::Refresh(const PlotFolders& folders)
 {
-    m_devices = ListDevices(folders.plotters, m_drawing);
-    m_styles = ListPlotStyles({folders.styles, folders.userStyles, folders.drawing}, m_drawing);
+    m_devices = ListDevices(folders, m_drawing);
+    m_styles = ListPlotStyles(folders, m_drawing);
     try {
-        if (auto pc3 = LoadDevice(folders.plotters, m_device); pc3 != nullptr)
+        if (auto pc3 = folders.shelf->Device(folders.plotters, m_device); pc3 != nullptr)
             m_pc3 = std::move(pc3);
     } catch (const HostError&) {
         // A broken file tells its cause when somebody chooses it, not when others are listed.
@@ -173,7 +173,7 @@ void PlotConfiguration::SetDevice(const std::string& name, const PlotFolders& fo
 {
     if (!Holds(Devices(folders), name))
         throw HostError("the plot device '" + name + "' is not in the list of devices");
-    m_pc3 = LoadDevice(folders.plotters, name);
+    m_pc3 = folders.shelf->Device(folders.plotters, name);
     m_device = name;
     m_media = Media();
 }

@@ -8,12 +8,6 @@
 
 namespace sm::cadhost {
 
-/// Where devices and plot style tables come from.
-struct PlotFolders {
-    std::string plotters, styles, drawing;
-    std::string userStyles = {};
-};
-
 struct PlotScale {
     double numerator = 1, denominator = 1; ///< paper units for drawing units
 };

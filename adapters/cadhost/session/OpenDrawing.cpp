@@ -164,7 +164,7 @@ const render::PlotStyleTable* OpenDrawing::StylesFor(const drawing::PlotSettings
 {
     if (settings.styleSheet.empty() || !settings.Has(drawing::PlotSettings::kPlotStyles))
         return nullptr;
-    const std::string path = FindPlotStyle({folders.drawing, folders.userStyles, folders.styles}, settings.styleSheet);
+    const std::string path = FindPlotStyle(folders, settings.styleSheet);
     if (path.empty()) {
         m_report->Remark("plot style table \"" + settings.styleSheet + "\" not found, plotted without it");
         return nullptr;

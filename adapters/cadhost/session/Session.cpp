@@ -20,7 +20,9 @@ bool IsSameFile(const std::string& left, const std::string& right)
 } // namespace
 
 Session::Session(const HostOptions& options)
-    : m_options(options), m_printerConfigPath((fs::path(options.shareFolder) / "Plotters").string())
+    : m_options(options), m_printerConfigPath((fs::path(options.shareFolder) / "Plotters").string()),
+      m_shelf(
+          std::make_shared<PlotShelf>(options.picker != nullptr ? PlotShelf::Lists::Watched : PlotShelf::Lists::Kept))
 {
 }
 
@@ -40,7 +42,7 @@ void Session::SetPrinterConfigPath(const std::string& path)
 PlotFolders Session::FoldersFor(const OpenDrawing& open) const
 {
     return {m_printerConfigPath, (fs::path(m_options.shareFolder) / "PlotStyles").string(), open.Folder(),
-            m_options.userStyleFolder};
+            m_options.userStyleFolder, m_shelf};
 }
 
 std::shared_ptr<OpenDrawing> Session::Open(const std::string& path, const DocumentOverlay& overlay)

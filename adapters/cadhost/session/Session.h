@@ -32,6 +32,7 @@ public:
 private:
     HostOptions m_options;
     std::string m_printerConfigPath;
+    std::shared_ptr<PlotShelf> m_shelf;
     std::vector<std::shared_ptr<OpenDrawing>> m_drawings;
     std::shared_ptr<OpenDrawing> m_active;
 };

@@ -1,9 +1,9 @@
 #include "fonts/OutlineFace.h"
 
+#include "fonts/HarfBuzz.h"
 #include "fonts/OutlineReader.h"
 
 #include <array>
-#include <hb.h>
 #include <unordered_map>
 
 namespace sm::render {
@@ -45,7 +45,9 @@ public:
     }
     ~FreeTypeFace() override
     {
-        hb_font_destroy(m_shaper);
+        if (m_shaper != nullptr) {
+            HarfBuzz::Loaded().fontDestroy(m_shaper);
+        }
         FT_Done_Face(m_face);
     }
 
@@ -94,15 +96,16 @@ public:
     double Shape(std::string_view text, bool rightToLeft, std::vector<ShapedGlyph>& out) const override
     {
         out.clear();
-        OpenShaper();
-        hb_buffer_t* buffer = hb_buffer_create();
-        hb_buffer_add_utf8(buffer, text.data(), static_cast<int>(text.size()), 0, static_cast<int>(text.size()));
-        hb_buffer_set_direction(buffer, rightToLeft ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
-        hb_buffer_guess_segment_properties(buffer);
-        hb_shape(m_shaper, buffer, nullptr, 0);
+        const HarfBuzz& hb = HarfBuzz::Loaded();
+        OpenShaper(hb);
+        hb_buffer_t* buffer = hb.bufferCreate();
+        hb.bufferAddUtf8(buffer, text.data(), static_cast<int>(text.size()), 0, static_cast<int>(text.size()));
+        hb.bufferSetDirection(buffer, rightToLeft ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
+        hb.bufferGuessSegmentProperties(buffer);
+        hb.shape(m_shaper, buffer, nullptr, 0);
         unsigned count = 0;
-        const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
-        const hb_glyph_position_t* places = hb_buffer_get_glyph_positions(buffer, &count);
+        const hb_glyph_info_t* infos = hb.bufferGetGlyphInfos(buffer, &count);
+        const hb_glyph_position_t* places = hb.bufferGetGlyphPositions(buffer, &count);
         const double em = 1.0 / m_face->units_per_EM;
         double pen = 0;
         for (unsigned i = 0; i < count; ++i) {
@@ -110,7 +113,7 @@ public:
                 {infos[i].codepoint, infos[i].cluster, {pen + places[i].x_offset * em, places[i].y_offset * em}});
             pen += places[i].x_advance * em;
         }
-        hb_buffer_destroy(buffer);
+        hb.bufferDestroy(buffer);
         return pen;
     }
 
@@ -129,15 +132,15 @@ private:
         return 0.716; // that of most sans serif fonts
     }
 
-    void OpenShaper() const
+    void OpenShaper(const HarfBuzz& hb) const
     {
         if (m_shaper == nullptr) {
-            hb_blob_t* blob = hb_blob_create_from_file(m_path.c_str());
-            hb_face_t* face = hb_face_create(blob, static_cast<unsigned>(m_index));
-            m_shaper = hb_font_create(face);
-            hb_font_set_scale(m_shaper, m_face->units_per_EM, m_face->units_per_EM);
-            hb_face_destroy(face);
-            hb_blob_destroy(blob);
+            hb_blob_t* blob = hb.blobCreateFromFile(m_path.c_str());
+            hb_face_t* face = hb.faceCreate(blob, static_cast<unsigned>(m_index));
+            m_shaper = hb.fontCreate(face);
+            hb.fontSetScale(m_shaper, m_face->units_per_EM, m_face->units_per_EM);
+            hb.faceDestroy(face);
+            hb.blobDestroy(blob);
         }
     }
 

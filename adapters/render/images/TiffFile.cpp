@@ -1,9 +1,8 @@
 #include "images/PictureFile.h"
+#include "images/TiffLibrary.h"
 
 #include <algorithm>
 #include <cstring>
-#include <mutex>
-#include <tiffio.h>
 
 namespace sm::render {
 
@@ -60,21 +59,25 @@ int MapAll(thandle_t handle, void** base, toff_t* size)
 
 void UnmapNothing(thandle_t, void*, toff_t) {}
 
+const TiffLibrary& Library()
+{
+    try {
+        return TiffLibrary::Loaded();
+    } catch (const std::runtime_error& error) {
+        throw PictureError(std::string("can't be read: ") + error.what());
+    }
+}
+
 class TiffFile final : public PictureFile {
 public:
     explicit TiffFile(std::string bytes) : PictureFile(std::move(bytes))
     {
-        static std::once_flag silent;
-        std::call_once(silent, [] {
-            TIFFSetErrorHandler(nullptr);
-            TIFFSetWarningHandler(nullptr);
-        });
         m_source = {m_bytes.data(), m_bytes.size(), 0};
-        const std::unique_ptr<TIFFOpenOptions, void (*)(TIFFOpenOptions*)> options(TIFFOpenOptionsAlloc(),
-                                                                                   TIFFOpenOptionsFree);
-        TIFFOpenOptionsSetMaxSingleMemAlloc(options.get(), kLargestPiece);
-        m_tiff.reset(TIFFClientOpenExt("picture", "r", &m_source, ReadSome, WriteNothing, Seek, CloseNothing, SizeOf,
-                                       MapAll, UnmapNothing, options.get()));
+        const std::unique_ptr<TIFFOpenOptions, void (*)(TIFFOpenOptions*)> options(m_lib.openOptionsAlloc(),
+                                                                                   m_lib.openOptionsFree);
+        m_lib.openOptionsSetMaxSingleMemAlloc(options.get(), kLargestPiece);
+        m_tiff.reset(m_lib.clientOpenExt("picture", "r", &m_source, ReadSome, WriteNothing, Seek, CloseNothing, SizeOf,
+                                         MapAll, UnmapNothing, options.get()));
         if (m_tiff == nullptr) {
             throw PictureError("is damaged: no TIFF directory can be read");
         }
@@ -87,7 +90,7 @@ private:
     template <class Value> Value Field(std::uint32_t tag, Value fallback) const
     {
         Value value = fallback;
-        return TIFFGetFieldDefaulted(m_tiff.get(), tag, &value) == 1 ? value : fallback;
+        return m_lib.getFieldDefaulted(m_tiff.get(), tag, &value) == 1 ? value : fallback;
     }
 
     void ReadHead()
@@ -96,7 +99,7 @@ private:
         const auto photometric = Field<std::uint16_t>(TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISWHITE);
         m_blackIsOne = photometric == PHOTOMETRIC_MINISWHITE;
         m_head.oneBit = Field<std::uint16_t>(TIFFTAG_BITSPERSAMPLE, 1) == 1 &&
-                        Field<std::uint16_t>(TIFFTAG_SAMPLESPERPIXEL, 1) == 1 && TIFFIsTiled(m_tiff.get()) == 0 &&
+                        Field<std::uint16_t>(TIFFTAG_SAMPLESPERPIXEL, 1) == 1 && m_lib.isTiled(m_tiff.get()) == 0 &&
                         (m_blackIsOne || photometric == PHOTOMETRIC_MINISBLACK) &&
                         Field<std::uint16_t>(TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT) == ORIENTATION_TOPLEFT;
         m_head.gray = m_head.oneBit;
@@ -104,22 +107,22 @@ private:
             return;
         }
         char reason[1024] = {};
-        if (TIFFRGBAImageOK(m_tiff.get(), reason) == 0) {
+        if (m_lib.rgbaImageOk(m_tiff.get(), reason) == 0) {
             throw PictureError(std::string("is of a kind of TIFF that can't be read: ") + reason);
         }
         CheckHeld(4);
         std::uint16_t count = 0, *kinds = nullptr;
-        m_head.hasAlpha = TIFFGetField(m_tiff.get(), TIFFTAG_EXTRASAMPLES, &count, &kinds) == 1 && count > 0;
+        m_head.hasAlpha = m_lib.getField(m_tiff.get(), TIFFTAG_EXTRASAMPLES, &count, &kinds) == 1 && count > 0;
     }
 
     void ReadBits(RowTaker& taker)
     {
         const auto width = static_cast<std::size_t>(m_head.width);
         std::vector<unsigned char> bits(
-            std::max(static_cast<std::size_t>(TIFFScanlineSize(m_tiff.get())), (width + 7) / 8));
+            std::max(static_cast<std::size_t>(m_lib.scanlineSize(m_tiff.get())), (width + 7) / 8));
         std::vector<unsigned char> row(width);
         for (std::uint32_t y = 0; y < static_cast<std::uint32_t>(m_head.height); ++y) {
-            if (TIFFReadScanline(m_tiff.get(), bits.data(), y, 0) != 1) {
+            if (m_lib.readScanline(m_tiff.get(), bits.data(), y, 0) != 1) {
                 throw PictureError("is damaged: row " + std::to_string(y) + " can't be unpacked");
             }
             for (std::size_t x = 0; x < width; ++x) {
@@ -134,8 +137,9 @@ private:
     {
         const auto width = static_cast<std::size_t>(m_head.width), height = static_cast<std::size_t>(m_head.height);
         std::vector<std::uint32_t> pixels(width * height);
-        if (TIFFReadRGBAImageOriented(m_tiff.get(), static_cast<std::uint32_t>(width),
-                                      static_cast<std::uint32_t>(height), pixels.data(), ORIENTATION_TOPLEFT, 1) != 1) {
+        if (m_lib.readRgbaImageOriented(m_tiff.get(), static_cast<std::uint32_t>(width),
+                                        static_cast<std::uint32_t>(height), pixels.data(), ORIENTATION_TOPLEFT,
+                                        1) != 1) {
             throw PictureError("is damaged: its pixels can't be unpacked");
         }
         std::vector<unsigned char> row(width * 3);
@@ -151,8 +155,9 @@ private:
         }
     }
 
+    const TiffLibrary& m_lib = Library();
     TiffSource m_source;
-    std::unique_ptr<TIFF, void (*)(TIFF*)> m_tiff{nullptr, TIFFClose};
+    std::unique_ptr<TIFF, void (*)(TIFF*)> m_tiff{nullptr, m_lib.close};
     bool m_blackIsOne = false;
 };
 

@@ -202,6 +202,22 @@ std::optional<StoredValue> SettingsFile::Read(const std::string& path, const std
     return value;
 }
 
+ValueTable SettingsFile::ReadAll()
+{
+    ValueTable all;
+    Do(Database::Mode::Existing, [&](Database& database) {
+        all = {};
+        Statement keys(database, "SELECT path FROM reg_key");
+        while (keys.Step())
+            all.AddKey(RegistryRoot::CurrentUser, keys.Bytes(0));
+        Statement values(database, "SELECT reg_key.path, name, type, data FROM reg_value JOIN reg_key ON id = key");
+        while (values.Step())
+            all.Set(RegistryRoot::CurrentUser, values.Bytes(0), values.Bytes(1),
+                    {static_cast<RegistryType>(values.Number(2)), values.Bytes(3)});
+    });
+    return all;
+}
+
 bool SettingsFile::AddKey(const std::string& path)
 {
     return Do(Database::Mode::Create, [&](Database& database) {

@@ -12,14 +12,14 @@ struct OpenedKey {
 
 class SqliteRegistry final : public IRegistry {
 public:
-    SqliteRegistry(const std::filesystem::path& file, ValueTable facts, Complaint complain)
-        : m_file(file, std::move(complain)), m_facts(std::move(facts))
+    SqliteRegistry(const std::filesystem::path& file, ValueTable facts, Complaint complain, Reading reading)
+        : m_file(file, std::move(complain)), m_facts(std::move(facts)), m_reading(reading)
     {
     }
 
     std::optional<RegistryKey> OpenKey(RegistryRoot root, const std::string& path) override
     {
-        if (!m_facts.HasKey(root, path) && !(root == RegistryRoot::CurrentUser && m_file.HasKey(path)))
+        if (!m_facts.HasKey(root, path) && !(root == RegistryRoot::CurrentUser && HasStoredKey(path)))
             return std::nullopt;
         return Remember(root, path);
     }
@@ -30,6 +30,8 @@ public:
             return OpenKey(root, path);
         if (!m_file.AddKey(path))
             return std::nullopt;
+        if (m_read)
+            m_read->AddKey(root, path);
         return Remember(root, path);
     }
 
@@ -55,7 +57,10 @@ public:
         if (opened == m_open.end() || opened->second.root == RegistryRoot::LocalMachine ||
             !TakeBytes(data, byteCount, value.data))
             return false;
-        return m_file.Write(opened->second.path, name, value);
+        const bool written = m_file.Write(opened->second.path, name, value);
+        if (written && m_read)
+            m_read->Set(RegistryRoot::CurrentUser, opened->second.path, name, value);
+        return written;
     }
 
     bool CloseKey(RegistryKey key) override { return m_open.erase(key) > 0; }
@@ -69,6 +74,29 @@ private:
         return m_last;
     }
 
+    /// Everything that was stored; null when each value is read by itself.
+    const ValueTable* AllStored()
+    {
+        if (m_reading == Reading::Once && !m_read)
+            m_read = m_file.ReadAll();
+        return m_read ? &*m_read : nullptr;
+    }
+
+    bool HasStoredKey(const std::string& path)
+    {
+        const ValueTable* all = AllStored();
+        return all ? all->HasKey(RegistryRoot::CurrentUser, path) : m_file.HasKey(path);
+    }
+
+    std::optional<StoredValue> Stored(const std::string& path, const std::string& name)
+    {
+        const ValueTable* all = AllStored();
+        if (!all)
+            return m_file.Read(path, name);
+        const StoredValue* value = all->Find(RegistryRoot::CurrentUser, path, name);
+        return value ? std::optional<StoredValue>(*value) : std::nullopt;
+    }
+
     std::optional<StoredValue> Value(RegistryKey key, const std::string& name)
     {
         const auto opened = m_open.find(key);
@@ -76,7 +104,7 @@ private:
             return std::nullopt;
         const auto& [root, path] = opened->second;
         if (root == RegistryRoot::CurrentUser)
-            if (std::optional<StoredValue> stored = m_file.Read(path, name))
+            if (std::optional<StoredValue> stored = Stored(path, name))
                 return stored;
         const StoredValue* fact = m_facts.Find(root, path, name);
         return fact ? std::optional<StoredValue>(*fact) : std::nullopt;
@@ -84,15 +112,18 @@ private:
 
     SettingsFile m_file;
     ValueTable m_facts;
+    Reading m_reading;
+    std::optional<ValueTable> m_read;
     std::unordered_map<RegistryKey, OpenedKey> m_open;
     RegistryKey m_last = 0;
 };
 
 } // namespace
 
-std::unique_ptr<IRegistry> OpenSqliteRegistry(const std::filesystem::path& file, ValueTable facts, Complaint complain)
+std::unique_ptr<IRegistry> OpenSqliteRegistry(const std::filesystem::path& file, ValueTable facts, Complaint complain,
+                                              Reading reading)
 {
-    return std::make_unique<SqliteRegistry>(file, std::move(facts), std::move(complain));
+    return std::make_unique<SqliteRegistry>(file, std::move(facts), std::move(complain), reading);
 }
 
 } // namespace sm::store

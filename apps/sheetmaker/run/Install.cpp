@@ -36,7 +36,8 @@ std::unique_ptr<IRegistry> OpenSettings(const Install& install, const std::funct
     const std::string share = install.places.shareFolder.string();
     const store::Install facts{(install.places.shareFolder / "acadsmpdf.hlp").string(), install.JobOptionsFolder(),
                                install.version, share};
-    return store::OpenSqliteRegistry(install.places.SettingsFile(), store::ShippedFacts(facts), complain);
+    return store::OpenSqliteRegistry(install.places.SettingsFile(), store::ShippedFacts(facts), complain,
+                                     store::Reading::Once);
 }
 
 std::vector<std::string> JobOptionNames(const Install& install)

@@ -32,7 +32,8 @@ inline constexpr const char* kLogFileName = "SmPdfAcad.log";
 /// This process's own.
 Install ThisInstall();
 
-/// The user's settings over the facts of the install. `complain` hears each trouble with the file once.
+/// The user's settings, as they are at the first question, over the facts of the install. `complain` hears each trouble
+/// with the file once.
 std::unique_ptr<IRegistry> OpenSettings(const Install& install,
                                         const std::function<void(const std::string&)>& complain);
 

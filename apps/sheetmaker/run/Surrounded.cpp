@@ -4,6 +4,7 @@
 #include "plugin/Attempt.h"
 #include "preferences/SettingNames.h"
 #include "publisher/JobOptions.h"
+#include "run/InstallFiles.h"
 #include "settings/mdlDataKegIO.h"
 #include "settings/mdlWinReg.h"
 #include "system/DocumentOpener.h"
@@ -50,7 +51,8 @@ Surrounded::Surrounded(const DrawingTask& task, const Install& install, terminal
                        DrawingReport& report, const ScreenParts* screen)
     : m_report(report), m_screen(screen), m_watcher(report, console),
       m_stored(OpenSettings(install, [&console](const std::string& text) { console.Line("warning: " + text); })),
-      m_registry(*m_stored), m_files(system::CreateFileSystem()),
+      m_registry(*m_stored),
+      m_files(std::make_unique<InstallFiles>(system::CreateFileSystem(), install.places.shareFolder.string())),
       m_terminalDesktop(MakeDesktop(task, install, console)), m_desktop(screen ? screen->desktop : *m_terminalDesktop),
       m_windows(MakeWindows(console)),
       m_annotations([this]() -> CallContext& { return m_context; },

@@ -90,8 +90,8 @@ TEST_F(HostLayoutTest, TrustsTheSizeOverTheName)
 
 TEST_F(HostLayoutTest, TellsWhatIsWrongWithABrokenPlotterFile)
 {
-    const auto layout = OpenSheet(OneSheet());
     Write("Broken.pc3", "Format: 9\n");
+    const auto layout = OpenSheet(OneSheet());
     host->Application()->Preferences()->SetPrinterConfigPath(folder.string());
     layout->RefreshPlotDeviceInfo();
     EXPECT_EQ(ErrorOf([&] { layout->SetConfigName("Broken.pc3"); }),

@@ -53,6 +53,7 @@ constexpr const char* kRedIsBlue = "plot_style{\n 0{\n  color=-1040187137\n }\n}
 TEST_F(HostPlotTest, FindsThePlotStyleTableBesideTheDrawingThenTheUsersThenOurs)
 {
     const auto plotted = [&](const char* table) {
+        host = CadHost::Create({kShare, "", {}, (folder / "user").string()}); // a run of its own
         DxfDrawing drawing = House();
         drawing.sheets[0].styleSheet = table;
         drawing.sheets[0].entities = LineTags(0, 0, 100, 50, Tag(67, 1) + Tag(62, 1));
@@ -68,7 +69,6 @@ TEST_F(HostPlotTest, FindsThePlotStyleTableBesideTheDrawingThenTheUsersThenOurs)
         return found.substr(found.rfind('\n') + 1);
     };
     std::filesystem::create_directory(folder / "user");
-    host = CadHost::Create({kShare, "", {}, (folder / "user").string()});
     EXPECT_EQ(plotted(""), "1 0 0 ");
     EXPECT_EQ(plotted("MonoChrome.CTB"), "0 ");
     EXPECT_EQ(plotted("W:\\Office\\Styles\\monochrome.ctb"), "0 ");

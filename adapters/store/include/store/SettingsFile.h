@@ -27,6 +27,8 @@ public:
     /// The key itself, or one below it, is there. Reading never makes the file.
     bool HasKey(const std::string& path);
     std::optional<StoredValue> Read(const std::string& path, const std::string& name);
+    /// Every key and value, under CurrentUser; nothing when the file isn't there or can't be read.
+    ValueTable ReadAll();
     /// False when the file can't be written.
     bool AddKey(const std::string& path);
     bool Write(const std::string& path, const std::string& name, const StoredValue& value);
