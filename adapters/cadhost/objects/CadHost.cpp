@@ -24,6 +24,10 @@ public:
         return m_session->DocumentPort(m_session->Open(path, overlay));
     }
     DocumentReport Report(const std::shared_ptr<IAcadDocument>& document) override { return Behind(document).Report(); }
+    std::vector<LayoutOutline> Outlines(const std::shared_ptr<IAcadDocument>& document) override
+    {
+        return OutlineLayouts(Behind(document));
+    }
     std::vector<LayoutFacts> Layouts(const std::shared_ptr<IAcadDocument>& document) override
     {
         return ListLayouts(Behind(document));

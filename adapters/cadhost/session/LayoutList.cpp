@@ -27,6 +27,13 @@ void Count(const drawing::Drawing& drawing, const drawing::Layout& layout, Layou
     }
 }
 
+bool HoldsSomething(const drawing::Drawing& drawing, const drawing::Layout& layout)
+{
+    const auto& entities = drawing.EntitiesOf(layout.block);
+    const std::size_t count = std::size(entities);
+    return count > 1 || (count == 1 && (layout.isModel || SheetViewport(drawing, layout.block) == nullptr));
+}
+
 LayoutFacts FactsOf(OpenDrawing& open, std::size_t index)
 {
     const drawing::Layout& layout = open.LayoutAt(index);
@@ -50,6 +57,17 @@ LayoutFacts FactsOf(OpenDrawing& open, std::size_t index)
 }
 
 } // namespace
+
+std::vector<LayoutOutline> OutlineLayouts(const OpenDrawing& open)
+{
+    std::vector<LayoutOutline> list;
+    for (const std::size_t index : open.Shown()) {
+        const drawing::Layout& layout = open.LayoutAt(index);
+        list.push_back({layout.name, layout.isModel, HoldsSomething(open.File(), layout),
+                        layout.plot.paperWidth > 0 && layout.plot.paperHeight > 0, layout.plot.plotType == 0});
+    }
+    return list;
+}
 
 std::string PlotAreaText(const drawing::PlotSettings& settings)
 {

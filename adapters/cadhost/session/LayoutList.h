@@ -7,6 +7,7 @@ namespace sm::cadhost {
 
 /// The layouts that the run shows, in tab order.
 std::vector<LayoutFacts> ListLayouts(OpenDrawing& open);
+std::vector<LayoutOutline> OutlineLayouts(const OpenDrawing& open);
 
 /// "display", "extents", "limits", "view 'Plan'", "window 0,0 to 420,297", "layout".
 std::string PlotAreaText(const drawing::PlotSettings& settings);

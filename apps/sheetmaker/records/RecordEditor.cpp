@@ -39,7 +39,7 @@ std::string RecordEditor::LayoutName(const std::optional<std::string>& wanted,
     if (!wanted)
         return m_document->ActiveLayout()->Name();
     std::vector<std::string> names;
-    for (const LayoutSight& layout : LayoutSights(*m_host, m_document))
+    for (const cadhost::LayoutOutline& layout : m_host->Outlines(m_document))
         names.push_back(layout.name);
     names.insert(names.end(), alsoAllowed.begin(), alsoAllowed.end());
     const std::string found = FindName(*wanted, names);

@@ -66,7 +66,7 @@ bool DrawingRun::Open()
 {
     const Clock::time_point start = Clock::now();
     m_document = m_host->Open(m_task.drawing);
-    const LayoutSelection selection = SelectLayouts(m_task.options, LayoutSights(*m_host, m_document));
+    const LayoutSelection selection = SelectLayouts(m_task.options, m_host->Outlines(m_document));
     if (!selection.error.empty()) {
         Fail(m_report, kExitUsage, "the drawing " + selection.error);
         return false;

@@ -6,16 +6,6 @@
 namespace sm::app {
 namespace {
 
-constexpr std::int32_t kPlotTypeDisplay = 0;
-
-const drawing::Layout* FindLayout(const drawing::Drawing& drawing, const std::string& name)
-{
-    const auto& layouts = drawing.Layouts();
-    const auto found =
-        std::find_if(layouts.begin(), layouts.end(), [&](const drawing::Layout& one) { return one.name == name; });
-    return found == layouts.end() ? nullptr : &*found;
-}
-
 std::vector<NotDrawn> ByKind(const std::vector<render::RenderReport::NotDrawnKind>& kinds)
 {
     std::map<std::string, std::uint64_t> sums;
@@ -30,21 +20,6 @@ std::vector<NotDrawn> ByKind(const std::vector<render::RenderReport::NotDrawnKin
 }
 
 } // namespace
-
-std::vector<LayoutSight> LayoutSights(cadhost::CadHost& host, const std::shared_ptr<IAcadDocument>& document)
-{
-    std::vector<LayoutSight> sights;
-    const drawing::Drawing& drawing = host.DrawingOf(document);
-    for (const cadhost::LayoutFacts& facts : host.Layouts(document)) {
-        LayoutSight sight{facts.name, facts.isModel, facts.entities > 0, false, false};
-        if (const drawing::Layout* layout = FindLayout(drawing, facts.name)) {
-            sight.hasPaper = layout->plot.paperWidth > 0 && layout->plot.paperHeight > 0;
-            sight.plotsDisplay = layout->plot.plotType == kPlotTypeDisplay;
-        }
-        sights.push_back(std::move(sight));
-    }
-    return sights;
-}
 
 void TakeHostReport(const cadhost::DocumentReport& host, DrawingReport& report)
 {

@@ -7,18 +7,20 @@
 namespace sm::app {
 namespace {
 
+using cadhost::LayoutOutline;
+
 constexpr std::int32_t kActiveLayout = 0, kAllLayouts = 1;
 constexpr std::int32_t kGlobalPageSetup = 2;
 
-std::vector<std::string> Names(const std::vector<LayoutSight>& layouts)
+std::vector<std::string> Names(const std::vector<LayoutOutline>& layouts)
 {
     std::vector<std::string> names;
-    for (const LayoutSight& layout : layouts)
+    for (const LayoutOutline& layout : layouts)
         names.push_back(layout.name);
     return names;
 }
 
-void SelectByName(const std::string& name, const std::vector<LayoutSight>& layouts, LayoutSelection& selection)
+void SelectByName(const std::string& name, const std::vector<LayoutOutline>& layouts, LayoutSelection& selection)
 {
     const std::vector<std::string> names = Names(layouts);
     const std::string found = FindName(name, names);
@@ -33,10 +35,10 @@ void SelectByName(const std::string& name, const std::vector<LayoutSight>& layou
 }
 
 /// The model tab; with the global page setup where its own has no paper or plots what a screen happened to show.
-void SelectModel(const std::vector<LayoutSight>& layouts, LayoutSelection& selection)
+void SelectModel(const std::vector<LayoutOutline>& layouts, LayoutSelection& selection)
 {
     const auto model =
-        std::find_if(layouts.begin(), layouts.end(), [](const LayoutSight& layout) { return layout.isModel; });
+        std::find_if(layouts.begin(), layouts.end(), [](const LayoutOutline& layout) { return layout.isModel; });
     selection.whatToPlot = kActiveLayout;
     if (model == layouts.end()) {
         selection.error = "has no model layout";
@@ -47,10 +49,10 @@ void SelectModel(const std::vector<LayoutSight>& layouts, LayoutSelection& selec
         selection.pageSetupSource = kGlobalPageSetup;
 }
 
-void SelectAuto(const std::vector<LayoutSight>& layouts, LayoutSelection& selection)
+void SelectAuto(const std::vector<LayoutOutline>& layouts, LayoutSelection& selection)
 {
     std::size_t paperLayouts = 0;
-    for (const LayoutSight& layout : layouts) {
+    for (const LayoutOutline& layout : layouts) {
         paperLayouts += layout.isModel ? 0 : 1;
         if (!layout.isModel && layout.holdsSomething)
             selection.onlyLayouts.push_back(layout.name);
@@ -66,7 +68,7 @@ void SelectAuto(const std::vector<LayoutSight>& layouts, LayoutSelection& select
 
 } // namespace
 
-LayoutSelection SelectLayouts(const ConvertOptions& options, const std::vector<LayoutSight>& layouts)
+LayoutSelection SelectLayouts(const ConvertOptions& options, const std::vector<LayoutOutline>& layouts)
 {
     LayoutSelection selection;
     selection.pageSetupSource = options.pageSetupSource;

@@ -1,6 +1,7 @@
 // Which layouts a run converts, from what the drawing holds and what the user asked for.
 #pragma once
 
+#include "cadhost/CadHost.h"
 #include "commandline/Jobs.h"
 
 #include <cstdint>
@@ -9,16 +10,6 @@
 #include <vector>
 
 namespace sm::app {
-
-/// What the choice needs to know of a layout.
-struct LayoutSight {
-    std::string name;
-    bool isModel = false;
-    bool holdsSomething = false;
-    bool hasPaper = true;
-    bool plotsDisplay = false;
-    friend bool operator==(const LayoutSight&, const LayoutSight&) = default;
-};
 
 /// Laid over the document and the settings for one run. Nothing in an optional: as the drawing or the settings have it.
 struct LayoutSelection {
@@ -30,6 +21,6 @@ struct LayoutSelection {
     friend bool operator==(const LayoutSelection&, const LayoutSelection&) = default;
 };
 
-LayoutSelection SelectLayouts(const ConvertOptions& options, const std::vector<LayoutSight>& layouts);
+LayoutSelection SelectLayouts(const ConvertOptions& options, const std::vector<cadhost::LayoutOutline>& layouts);
 
 } // namespace sm::app

@@ -7,6 +7,7 @@
 #include "plugin/mdlAcadHelper.h"
 #include "run/DwgSetup.h"
 #include "run/HostReport.h"
+#include "run/LayoutSelection.h"
 #include "run/NativeDocuments.h"
 #include "run/Surrounded.h"
 #include "settings/mdlWinReg.h"
@@ -146,7 +147,7 @@ bool SetRun::AddSheets(const SetPart& part, bool keepGoing, DrawingReport& told)
     ConvertOptions options;
     options.layoutName = part.layout;
     auto document = m_host->Open(part.drawing);
-    const LayoutSelection selection = SelectLayouts(options, LayoutSights(*m_host, document));
+    const LayoutSelection selection = SelectLayouts(options, m_host->Outlines(document));
     document = m_host->Open(part.drawing, {selection.pageSetupSource, selection.activeLayout, selection.onlyLayouts});
     OpenNative native(m_surrounded.Context(), m_owner, document);
     if (!selection.error.empty())

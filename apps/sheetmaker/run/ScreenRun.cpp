@@ -70,7 +70,7 @@ ScreenRun::ScreenRun(const std::string& drawing, const Install& install, const S
 void ScreenRun::Activate(const std::string& layout)
 {
     std::vector<std::string> names;
-    for (const LayoutSight& sight : LayoutSights(*m_host, m_document))
+    for (const cadhost::LayoutOutline& sight : m_host->Outlines(m_document))
         names.push_back(sight.name);
     const std::string found = FindName(layout, names);
     if (found.empty()) {

@@ -5,17 +5,17 @@
 namespace sm::app {
 namespace {
 
-const LayoutSight kModel{"Model", true, true, true, false};
-const LayoutSight kModelOfDisplay{"Model", true, true, true, true};
-const LayoutSight kModelWithoutPaper{"Model", true, true, false, false};
-const LayoutSight kFull1{"Sheet 1", false, true, true, false};
-const LayoutSight kFull2{"Sheet 2", false, true, true, false};
-const LayoutSight kEmpty{"Layout1", false, false, true, false};
+const cadhost::LayoutOutline kModel{"Model", true, true, true, false};
+const cadhost::LayoutOutline kModelOfDisplay{"Model", true, true, true, true};
+const cadhost::LayoutOutline kModelWithoutPaper{"Model", true, true, false, false};
+const cadhost::LayoutOutline kFull1{"Sheet 1", false, true, true, false};
+const cadhost::LayoutOutline kFull2{"Sheet 2", false, true, true, false};
+const cadhost::LayoutOutline kEmpty{"Layout1", false, false, true, false};
 
 struct Row {
     const char* name;
     ConvertOptions options;
-    std::vector<LayoutSight> layouts;
+    std::vector<cadhost::LayoutOutline> layouts;
     LayoutSelection selection;
 };
 

@@ -96,5 +96,30 @@ TEST_F(LayoutListTest, TellsWhatEachLayoutHolds)
     EXPECT_EQ(list[5].viewports, 2U) << "-1 is no id either";
 }
 
+TEST_F(LayoutListTest, OutlinesLayoutsAsTheDrawingHasThem)
+{
+    const std::string line = LineTags(0, 0, 1, 1, Tag(67, 1));
+    const auto viewport = [](int id) {
+        return Tag(0, "VIEWPORT") + Tag(8, "0") + Tag(67, 1) + Tag(10, 5) + Tag(20, 5) + Tag(40, 10) + Tag(41, 10) +
+               Tag(68, 1) + Tag(69, id);
+    };
+    DxfDrawing drawing;
+    DxfLayout& paperless = drawing.AddSheet("Paperless");
+    paperless.paperWidth = 0;
+    paperless.entities = viewport(1) + line;
+    DxfLayout& display = drawing.AddSheet("Display");
+    display.plotType = 0;
+    display.entities = viewport(1);
+    drawing.AddSheet("Second").entities = viewport(2);
+    drawing.AddSheet("Line").entities = line;
+    drawing.model.entities = LineTags(0, 0, 1, 1);
+    const std::vector<LayoutOutline> expected{{"Model", true, true, true, true},
+                                              {"Paperless", false, true, false, false},
+                                              {"Display", false, false, true, true},
+                                              {"Second", false, true, true, false},
+                                              {"Line", false, true, true, false}};
+    EXPECT_EQ(host->Outlines(Open(drawing)), expected);
+}
+
 } // namespace
 } // namespace sm::cadhost

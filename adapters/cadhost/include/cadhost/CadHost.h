@@ -66,6 +66,16 @@ struct LayoutFacts {
     std::uint32_t viewports = 0;
 };
 
+/// What is told of a layout without measuring anything.
+struct LayoutOutline {
+    std::string name;
+    bool isModel = false;
+    bool holdsSomething = false; ///< the sheet's own viewport aside
+    bool hasPaper = false;       ///< the drawing says how large
+    bool plotsDisplay = false;   ///< what a screen happened to show
+    friend bool operator==(const LayoutOutline&, const LayoutOutline&) = default;
+};
+
 class CadHost {
 public:
     static std::unique_ptr<CadHost> Create(const HostOptions& options);
@@ -77,6 +87,9 @@ public:
     virtual void KeepLayers(bool keep) = 0;
     /// These take a document of this host.
     virtual DocumentReport Report(const std::shared_ptr<IAcadDocument>& document) = 0;
+    /// The layouts that the run shows, in tab order: as the drawing has them, whatever the run configured.
+    virtual std::vector<LayoutOutline> Outlines(const std::shared_ptr<IAcadDocument>& document) = 0;
+    /// The same with everything that is in force; those that are scaled to fit are measured for it.
     virtual std::vector<LayoutFacts> Layouts(const std::shared_ptr<IAcadDocument>& document) = 0;
     virtual const drawing::Drawing& DrawingOf(const std::shared_ptr<IAcadDocument>& document) = 0;
 };
