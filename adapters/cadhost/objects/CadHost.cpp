@@ -23,6 +23,10 @@ public:
     {
         return m_session->DocumentPort(m_session->Open(path, overlay));
     }
+    void Overlay(const std::shared_ptr<IAcadDocument>& document, const DocumentOverlay& overlay) override
+    {
+        Behind(document).SetOverlay(overlay);
+    }
     DocumentReport Report(const std::shared_ptr<IAcadDocument>& document) override { return Behind(document).Report(); }
     std::vector<LayoutOutline> Outlines(const std::shared_ptr<IAcadDocument>& document) override
     {

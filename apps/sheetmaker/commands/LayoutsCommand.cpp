@@ -1,7 +1,7 @@
 #include "commands/LayoutsCommand.h"
 
 #include "commandline/ExitCodes.h"
-#include "run/DwgSetup.h"
+#include "run/RunSession.h"
 
 #include <algorithm>
 #include <array>
@@ -89,11 +89,13 @@ std::string LayoutJson(const std::vector<cadhost::LayoutFacts>& layouts)
 int RunLayouts(const LayoutsJob& job, const Install& install, std::ostream& out, std::ostream& err)
 {
     try {
-        const auto settings =
-            OpenSettings(install, [&](const std::string& text) { err << "warning: " << text << "\n"; });
-        const auto host = cadhost::CadHost::Create(HostOptionsOf(install, *settings, {}));
-        const auto document = host->Open(job.drawing);
-        const std::vector<cadhost::LayoutFacts> layouts = host->Layouts(document);
+        terminal::Console console(err, false);
+        DrawingReport report;
+        DrawingTask task;
+        task.drawing = job.drawing;
+        RunSession session(task, install, console, report);
+        session.Open(job.drawing);
+        const std::vector<cadhost::LayoutFacts> layouts = session.LayoutFacts();
         out << (job.json ? LayoutJson(layouts) : LayoutTable(layouts));
         return kExitDone;
     } catch (const drawing::DwgConverterMissing& error) {

@@ -17,9 +17,10 @@ bool EditPageSetup(ScreenRun& run)
 {
     // The dialog lists the views and style tables of the drawing that the call works on.
     const CallScope call(run.Context(), run.Application(), run.Document());
+    std::shared_ptr<IAcadDocument> document = run.Document();
     cAcadPageSetup setup(run.Context());
     IAcadPageSetup& dialog = setup;
-    if (dialog.Initialize(run.Document() ? kPageSetupCustom : kPageSetupGlobal, run.Document()) == kFalse)
+    if (dialog.Initialize(document ? kPageSetupCustom : kPageSetupGlobal, document) == kFalse)
         throw std::runtime_error(run.Report().drawing + ": its page setup can't be read");
     dialog.ShowPageSetup();
     const bool changed = setup.IsChanged();

@@ -1,10 +1,7 @@
-#include "records/RecordEditor.h"
+#include "records/RecordListEditor.h"
 
 #include "commandline/MarkValues.h"
 #include "commandline/Refusal.h"
-#include "commandline/Suggest.h"
-#include "run/DwgSetup.h"
-#include "run/HostReport.h"
 #include "settings/mdlDataKegIO.h"
 
 #include <ostream>
@@ -27,34 +24,22 @@ Install WithDecimalPoint(const Install& install)
 
 RecordEditor::RecordEditor(const std::string& drawing, const Install& install, terminal::Console& console)
     : m_task{drawing, {}, {}, {}, {}}, m_install(WithDecimalPoint(install)),
-      m_surrounded(m_task, m_install, console, m_report),
-      m_host(cadhost::CadHost::Create(HostOptionsOf(install, m_surrounded.Context().surroundings.registry, {}))),
-      m_document(m_host->Open(drawing))
+      m_session(m_task, m_install, console, m_report)
 {
+    m_session.Open(drawing);
 }
 
 std::string RecordEditor::LayoutName(const std::optional<std::string>& wanted,
                                      const std::vector<std::string>& alsoAllowed)
 {
-    if (!wanted)
-        return m_document->ActiveLayout()->Name();
-    std::vector<std::string> names;
-    for (const cadhost::LayoutOutline& layout : m_host->Outlines(m_document))
-        names.push_back(layout.name);
-    names.insert(names.end(), alsoAllowed.begin(), alsoAllowed.end());
-    const std::string found = FindName(*wanted, names);
-    if (!found.empty())
-        return found;
-    const std::string suggestion = Suggestion(*wanted, names);
-    throw Refusal{kExitUsage, m_task.drawing + " has no layout \"" + *wanted + "\"" +
-                                  (suggestion.empty() ? "; it has " + QuotedList(names) : suggestion)};
+    return wanted ? m_session.LayoutNamed(*wanted, alsoAllowed) : Document().ActiveLayout()->Name();
 }
 
 void RecordEditor::RequireKept(bool kept) const
 {
     if (kept)
         return;
-    const std::string& reason = m_surrounded.Watcher().LastCarriedPast();
+    const std::string& reason = m_session.Watcher().LastCarriedPast();
     constexpr std::string_view kRoutine = "SetDrawingData: ";
     if (reason.starts_with(kRoutine))
         throw std::runtime_error(reason.substr(kRoutine.size()));
@@ -69,7 +54,7 @@ void RecordEditor::RemoveRecord(const std::string& recordName)
 
 void RecordEditor::Save()
 {
-    m_document->Close(true);
+    Document().Close(true);
 }
 
 int RunEdit(const std::string& command, std::ostream& err, const std::function<void()>& work)
@@ -87,6 +72,17 @@ int RunEdit(const std::string& command, std::ostream& err, const std::function<v
         err << "sheetmaker " << command << ": " << error.what() << "\n";
         return kExitFailed;
     }
+}
+
+void RefuseIdleOptions(RecordAction action, bool anyOption, const std::string& item)
+{
+    const bool edits = action == RecordAction::Add || action == RecordAction::Change;
+    if (anyOption && !edits)
+        throw Refusal{kExitUsage, "list and remove take no options"};
+    if (action == RecordAction::List && !item.empty())
+        throw Refusal{kExitUsage, "list shows all; it takes no name"};
+    if (!anyOption && action == RecordAction::Change)
+        throw Refusal{kExitUsage, "change takes at least one of the options"};
 }
 
 void CheckRecordText(const std::string& what, const std::string& text)

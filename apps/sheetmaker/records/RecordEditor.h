@@ -1,8 +1,7 @@
 // One drawing, open for its records to be read and changed.
 #pragma once
 
-#include "cadhost/CadHost.h"
-#include "run/Surrounded.h"
+#include "run/RunSession.h"
 
 #include <memory>
 #include <optional>
@@ -19,8 +18,10 @@ public:
     RecordEditor(const RecordEditor&) = delete;
     RecordEditor& operator=(const RecordEditor&) = delete;
 
-    [[nodiscard]] CallContext& Context() { return m_surrounded.Context(); }
-    [[nodiscard]] IAcadDocument& Document() { return *m_document; }
+    [[nodiscard]] CallContext& Context() { return m_session.Context(); }
+    /// The user's stored settings.
+    [[nodiscard]] IRegistry& Settings() { return Context().surroundings.registry; }
+    [[nodiscard]] IAcadDocument& Document() { return *m_session.Document(); }
 
     /// `wanted` as the drawing spells it, or the active layout's name without it. `alsoAllowed` are names that stand
     /// for no layout. Throws Refusal for a name that isn't there.
@@ -37,9 +38,7 @@ private:
     DrawingTask m_task;
     Install m_install;
     DrawingReport m_report;
-    Surrounded m_surrounded;
-    std::unique_ptr<cadhost::CadHost> m_host;
-    std::shared_ptr<IAcadDocument> m_document;
+    RunSession m_session;
 };
 
 /// Runs `work`; prints "sheetmaker <command>: ..." for what it throws. Returns the exit code.

@@ -1,14 +1,12 @@
 #include "records/SignCommand.h"
 
-#include "commandline/ListItem.h"
 #include "commandline/MarkValues.h"
 #include "commandline/Refusal.h"
-#include "records/RecordEditor.h"
+#include "records/RecordListEditor.h"
 #include "settings/mdlDataKegIO.h"
 
 #include <algorithm>
 #include <fmt/format.h>
-#include <ostream>
 
 namespace sm::app {
 namespace {
@@ -26,67 +24,56 @@ std::string Described(const SignatureFieldEntry& field)
                        PointText(field.X1, field.Y1), PointText(field.X2, field.Y2), field.LayoutName);
 }
 
+std::vector<std::string> NamesOf(const SignatureFieldEntry& field)
+{
+    return {field.FieldName};
+}
+
+constexpr RecordList<SignatureFieldEntry> kFields{
+    "NAME",     "signature field",   "signature fields",   "added ",  "changed to ",
+    "removed ", ReadSignatureFields, WriteSignatureFields, Described, NamesOf};
+
 class SignEdit {
 public:
     SignEdit(const SignJob& job, const Install& install, std::ostream& out, std::ostream& err)
-        : m_job(job), m_out(out), m_console(err, false), m_editor(job.drawing, install, m_console)
+        : m_job(job), m_list(kFields, job.drawing, install, out, err)
     {
-        ReadSignatureFields(m_editor.Context(), m_editor.Document(), m_fields);
     }
 
     void Run()
     {
         switch (m_job.action) {
         case RecordAction::List:
-            return List();
+            return m_list.PrintAll();
         case RecordAction::Add:
-            return Add();
+            return m_list.Add(NewField());
         case RecordAction::Change:
-            return Change();
+            return m_list.Change({m_job.item}, [this](SignatureFieldEntry& field) { Change(field); });
         case RecordAction::Remove:
-            return Remove();
+            return m_list.Remove({m_job.item});
         }
     }
 
 private:
-    void List()
-    {
-        for (std::size_t i = 0; i < m_fields.size(); ++i)
-            m_out << i + 1 << "  " << Described(m_fields[i]) << "\n";
-        if (m_fields.empty())
-            m_out << m_job.drawing << " has no signature fields\n";
-    }
-
-    void Add()
+    SignatureFieldEntry NewField()
     {
         RequireItem(Trimmed(m_job.item), "NAME");
         if (!m_job.box)
             throw Refusal{kExitUsage, "--rect X1,Y1,X2,Y2 is needed: the field's rectangle, in drawing units"};
         SignatureFieldEntry field;
         SetName(field, m_job.item);
-        field.LayoutName = m_editor.LayoutName(m_job.layout);
+        field.LayoutName = m_list.LayoutName(m_job.layout);
         TakeOptions(field);
-        m_fields.push_back(field);
-        Save("added " + Described(field));
+        return field;
     }
 
-    void Change()
+    void Change(SignatureFieldEntry& field)
     {
-        SignatureFieldEntry& field = m_fields[Position()];
         if (m_job.name && Trimmed(*m_job.name) != field.FieldName)
             SetName(field, *m_job.name);
         if (m_job.layout)
-            field.LayoutName = m_editor.LayoutName(m_job.layout);
+            field.LayoutName = m_list.LayoutName(m_job.layout);
         TakeOptions(field);
-        Save("changed to " + Described(field));
-    }
-
-    void Remove()
-    {
-        const std::size_t position = Position();
-        const std::string removed = Described(m_fields[position]);
-        m_fields.erase(m_fields.begin() + static_cast<std::ptrdiff_t>(position));
-        Save("removed " + removed);
     }
 
     void SetName(SignatureFieldEntry& field, const std::string& wanted)
@@ -94,7 +81,8 @@ private:
         const std::string name = Trimmed(wanted);
         RequireItem(name, "a name that isn't blank");
         CheckRecordText("the name", name);
-        if (std::any_of(m_fields.begin(), m_fields.end(),
+        const auto& fields = m_list.Entries();
+        if (std::any_of(fields.begin(), fields.end(),
                         [&](const SignatureFieldEntry& other) { return other.FieldName == name; }))
             throw Refusal{kExitUsage, m_job.drawing + " has a signature field \"" + name +
                                           "\" already; \"sign DRAWING change\" changes it"};
@@ -115,54 +103,18 @@ private:
         }
     }
 
-    /// Where the field stands that the command names.
-    std::size_t Position()
-    {
-        RequireItem(m_job.item, "NAME");
-        std::vector<std::vector<std::string>> names;
-        for (const SignatureFieldEntry& field : m_fields)
-            names.push_back({field.FieldName});
-        return FindItem({m_job.item}, names, m_job.drawing, "signature field");
-    }
-
-    void Save(const std::string& done)
-    {
-        WriteSignatureFields(m_editor.Context(), m_editor.Document(), m_fields);
-        std::vector<SignatureFieldEntry> kept;
-        ReadSignatureFields(m_editor.Context(), m_editor.Document(), kept);
-        m_editor.RequireKept(kept == m_fields);
-        m_editor.Save();
-        m_out << m_job.drawing << ": " << done << "\n";
-    }
-
     const SignJob& m_job;
-    std::ostream& m_out;
-    terminal::Console m_console;
-    RecordEditor m_editor;
-    std::vector<SignatureFieldEntry> m_fields;
+    RecordListEditor<SignatureFieldEntry> m_list;
 };
-
-/// Options that would change nothing are told, not passed over.
-void RefuseIdleOptions(const SignJob& job)
-{
-    const bool any = job.name || job.label || job.layout || job.box;
-    const bool edits = job.action == RecordAction::Add || job.action == RecordAction::Change;
-    if (any && !edits)
-        throw Refusal{kExitUsage, "list and remove take no options"};
-    if (job.action == RecordAction::List && !job.item.empty())
-        throw Refusal{kExitUsage, "list shows all; it takes no name"};
-    if (!any && job.action == RecordAction::Change)
-        throw Refusal{kExitUsage, "change takes at least one of the options"};
-    if (job.name && job.action == RecordAction::Add)
-        throw Refusal{kExitUsage, "--name goes with change"};
-}
 
 } // namespace
 
 int RunSign(const SignJob& job, const Install& install, std::ostream& out, std::ostream& err)
 {
     return RunEdit("sign", err, [&] {
-        RefuseIdleOptions(job);
+        RefuseIdleOptions(job.action, job.name || job.label || job.layout || job.box, job.item);
+        if (job.name && job.action == RecordAction::Add)
+            throw Refusal{kExitUsage, "--name goes with change"};
         SignEdit(job, install, out, err).Run();
     });
 }

@@ -18,9 +18,7 @@ constexpr const char* kDefaultText = "1";
 class StampEdit {
 public:
     StampEdit(const StampJob& job, const Install& install, std::ostream& out, std::ostream& err)
-        : m_job(job), m_out(out), m_console(err, false),
-          m_settings(OpenSettings(install, [this](const std::string& text) { m_console.Line("warning: " + text); })),
-          m_editor(job.drawing, install, m_console)
+        : m_job(job), m_out(out), m_console(err, false), m_editor(job.drawing, install, m_console)
     {
         ReadStamp(m_editor.Context(), m_editor.Document(), m_stored);
     }
@@ -41,9 +39,9 @@ public:
     }
 
 private:
-    [[nodiscard]] std::string Described(const StampSettings& stamp) const
+    std::string Described(const StampSettings& stamp)
     {
-        const StampTexts texts = StoredStampTexts(*m_settings);
+        const StampTexts texts = StoredStampTexts(m_editor.Settings());
         const auto index = static_cast<std::size_t>(stamp.StampIndex);
         return fmt::format("stamp {} \"{}\", {}, {} pt, {}, {}, at {}, on {}", stamp.StampIndex,
                            index < texts.size() ? texts[index] : "", stamp.FontName, stamp.FontSize,
@@ -92,7 +90,7 @@ private:
         StampChoice choice{stamp.StampIndex, {}, false};
         if (m_job.text || m_job.action == RecordAction::Add) {
             CheckRecordText("the text", m_job.text.value_or(kDefaultText));
-            choice = ChooseStamp(StoredStampTexts(*m_settings), m_job.text.value_or(kDefaultText));
+            choice = ChooseStamp(StoredStampTexts(m_editor.Settings()), m_job.text.value_or(kDefaultText));
         }
         stamp.StampIndex = choice.index;
         WriteStamp(m_editor.Context(), m_editor.Document(), stamp);
@@ -100,7 +98,7 @@ private:
         ReadStamp(m_editor.Context(), m_editor.Document(), kept);
         m_editor.RequireKept(kept == stamp);
         if (choice.isNew) {
-            StoreStampText(*m_settings, choice);
+            StoreStampText(m_editor.Settings(), choice);
             m_out << fmt::format("\"{}\" is entry {} of your stamp list now (setting Stamp{})\n", choice.text,
                                  choice.index, choice.index);
         }
@@ -118,7 +116,6 @@ private:
     const StampJob& m_job;
     std::ostream& m_out;
     terminal::Console m_console;
-    std::unique_ptr<IRegistry> m_settings;
     RecordEditor m_editor;
     StampSettings m_stored;
 };

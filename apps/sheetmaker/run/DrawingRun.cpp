@@ -1,13 +1,10 @@
 #include "run/DrawingRun.h"
 
-#include "cadhost/CadHost.h"
 #include "commandline/ExitCodes.h"
 #include "plugin/cPlugin.h"
 #include "report/RunOutcome.h"
-#include "run/DwgSetup.h"
 #include "run/HostReport.h"
-#include "run/LayoutSelection.h"
-#include "run/Surrounded.h"
+#include "run/RunSession.h"
 
 #include <chrono>
 
@@ -36,9 +33,7 @@ std::string WithoutName(const std::string& text, const std::string& drawing)
 class DrawingRun {
 public:
     DrawingRun(const DrawingTask& task, const Install& install, terminal::Console& console, DrawingReport& report)
-        : m_task(task), m_report(report), m_surrounded(task, install, console, report),
-          m_host(cadhost::CadHost::Create(HostOptionsOf(install, m_surrounded.Context().surroundings.registry,
-                                                        task.workFolder, m_surrounded.KeepsLayers(task.options))))
+        : m_task(task), m_report(report), m_session(task, install, console, report)
     {
     }
 
@@ -47,8 +42,9 @@ public:
         if (!Open())
             return;
         Convert();
-        TakeHostReport(m_host->Report(m_document), m_report);
-        Conclude(m_surrounded.Watcher(), m_host->Report(m_document).plotFailure, m_report);
+        const cadhost::DocumentReport host = m_session.HostReport();
+        TakeHostReport(host, m_report);
+        Conclude(m_session.Watcher(), host.plotFailure, m_report);
     }
 
 private:
@@ -57,25 +53,20 @@ private:
 
     const DrawingTask& m_task;
     DrawingReport& m_report;
-    Surrounded m_surrounded;
-    std::unique_ptr<cadhost::CadHost> m_host;
-    std::shared_ptr<IAcadDocument> m_document;
+    RunSession m_session;
 };
 
 bool DrawingRun::Open()
 {
     const Clock::time_point start = Clock::now();
-    m_document = m_host->Open(m_task.drawing);
-    const LayoutSelection selection = SelectLayouts(m_task.options, m_host->Outlines(m_document));
+    m_session.Open(m_task.drawing);
+    const LayoutSelection selection = m_session.Select(m_task.options);
     if (!selection.error.empty()) {
         Fail(m_report, kExitUsage, "the drawing " + selection.error);
         return false;
     }
     if (selection.whatToPlot)
-        m_surrounded.LaySetting("WhatToPlot", std::to_string(*selection.whatToPlot));
-    // The drawing is open already: this lays the selection over it.
-    m_document =
-        m_host->Open(m_task.drawing, {selection.pageSetupSource, selection.activeLayout, selection.onlyLayouts});
+        m_session.Around().LaySetting("WhatToPlot", std::to_string(*selection.whatToPlot));
     m_report.times.open = MillisecondsSince(start);
     return true;
 }
@@ -83,9 +74,9 @@ bool DrawingRun::Open()
 void DrawingRun::Convert()
 {
     const Clock::time_point start = Clock::now();
-    cPlugin plugin(m_surrounded.Context());
+    cPlugin plugin(m_session.Context());
     IPlugin& frontEnd = plugin;
-    frontEnd.Initialize(m_host->Application());
+    frontEnd.Initialize(m_session.Application());
     frontEnd.ConvertToPDF(0);
     const RunTimes& times = m_report.times;
     m_report.times.plot = MillisecondsSince(start) - times.pages - times.assemble;

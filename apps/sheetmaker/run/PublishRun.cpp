@@ -1,15 +1,12 @@
 #include "run/PublishRun.h"
 
-#include "cadhost/CadHost.h"
 #include "commandline/ExitCodes.h"
 #include "hostobjects/cNativeDoc.h"
 #include "plugin/cPlugin.h"
 #include "plugin/mdlAcadHelper.h"
-#include "run/DwgSetup.h"
 #include "run/HostReport.h"
-#include "run/LayoutSelection.h"
 #include "run/NativeDocuments.h"
-#include "run/Surrounded.h"
+#include "run/RunSession.h"
 #include "settings/mdlWinReg.h"
 
 #include <filesystem>
@@ -42,16 +39,14 @@ public:
     SetRun(const DrawingTask& task, SetLog& log, const Install& install, terminal::Console& console,
            DrawingReport& report)
         : m_task(task), m_install(install), m_report(report), m_log(log),
-          m_surrounded(WithLog(task, log.SheetLogName()), install, console, report),
-          m_host(cadhost::CadHost::Create(HostOptionsOf(install, m_surrounded.Context().surroundings.registry,
-                                                        task.workFolder, m_surrounded.KeepsLayers(task.options))))
+          m_session(WithLog(task, log.SheetLogName()), install, console, report)
     {
     }
 
     void Run(const std::vector<SetPart>& parts, bool keepGoing)
     {
-        m_document = m_surrounded.Context().surroundings.library.CreatePubDoc();
-        m_making = MakingOf(m_surrounded.Context());
+        m_document = m_session.Context().surroundings.library.CreatePubDoc();
+        m_making = MakingOf(m_session.Context());
         for (const SetPart& part : parts)
             if (!AddDrawing(part, keepGoing) && !keepGoing)
                 return;
@@ -72,8 +67,7 @@ private:
     const Install& m_install;
     DrawingReport& m_report;
     SetLog& m_log;
-    Surrounded m_surrounded;
-    std::unique_ptr<cadhost::CadHost> m_host;
+    RunSession m_session;
     std::shared_ptr<NativeDocOwner> m_owner = std::make_shared<NativeDocOwner>();
     std::shared_ptr<IPubDoc> m_document;
     SheetMaking m_making;
@@ -146,10 +140,9 @@ bool SetRun::AddSheets(const SetPart& part, bool keepGoing, DrawingReport& told)
 {
     ConvertOptions options;
     options.layoutName = part.layout;
-    auto document = m_host->Open(part.drawing);
-    const LayoutSelection selection = SelectLayouts(options, m_host->Outlines(document));
-    document = m_host->Open(part.drawing, {selection.pageSetupSource, selection.activeLayout, selection.onlyLayouts});
-    OpenNative native(m_surrounded.Context(), m_owner, document);
+    m_session.Open(part.drawing);
+    const LayoutSelection selection = m_session.Select(options);
+    OpenNative native(m_session.Context(), m_owner, m_session.Document());
     if (!selection.error.empty())
         throw std::runtime_error("the drawing " + selection.error);
     const std::vector<std::string> names = SheetNames(*native, selection);
@@ -160,11 +153,11 @@ bool SetRun::AddSheets(const SetPart& part, bool keepGoing, DrawingReport& told)
         if (AddSheet(*native, names[i], number, static_cast<std::int32_t>(names.size()), reason))
             continue;
         allAdded = false;
-        told.notes.push_back(
-            "failed: " +
-            (reason.empty() ? m_surrounded.Watcher().FailedSheet(m_host->Report(document).plotFailure) : reason));
+        told.notes.push_back("failed: " + (reason.empty()
+                                               ? m_session.Watcher().FailedSheet(m_session.HostReport().plotFailure)
+                                               : reason));
     }
-    TakeHostReport(m_host->Report(document), told);
+    TakeHostReport(m_session.HostReport(), told);
     return allAdded;
 }
 
@@ -172,8 +165,8 @@ bool SetRun::AddSheet(INativeDoc& native, const std::string& layout, std::int32_
                       std::string& reason)
 {
     const std::size_t watched = m_report.sheets.size();
-    m_surrounded.Annotations().ForgetBlockNames();
-    m_surrounded.Watcher().SheetBegins(layout, index, count);
+    m_session.Around().Annotations().ForgetBlockNames();
+    m_session.Watcher().SheetBegins(layout, index, count);
     const std::int32_t status =
         native.AddToPubDoc(m_document, layout, kFalse, m_making.resolution, m_making.jobOptions);
     m_log.TakeSheetLog();
@@ -185,7 +178,7 @@ bool SetRun::AddSheet(INativeDoc& native, const std::string& layout, std::int32_
 
 void SetRun::Save()
 {
-    CallContext& context = m_surrounded.Context();
+    CallContext& context = m_session.Context();
     const std::string path = *m_task.savePath;
     const LocalDateTime now = context.surroundings.clock.Now();
     m_document->SetDocSummary(std::filesystem::path(path).stem().string(), m_install.LoginName(), now, now);

@@ -1,10 +1,8 @@
 #include "run/ScreenRun.h"
 
 #include "commandline/Refusal.h"
-#include "commandline/Suggest.h"
 #include "plugin/mdlAcadHelper.h"
 #include "report/RunOutcome.h"
-#include "run/DwgSetup.h"
 #include "run/HostReport.h"
 
 #include <new>
@@ -37,12 +35,6 @@ DrawingTask AsSet(const std::string& drawing)
     return task;
 }
 
-cadhost::HostOptions HostOptionsWith(cadhost::IPointPicker& picker, cadhost::HostOptions options)
-{
-    options.picker = &picker;
-    return options;
-}
-
 void NeedShareFolder(const Install& install)
 {
     if (install.places.shareFolder.empty())
@@ -54,44 +46,26 @@ void NeedShareFolder(const Install& install)
 ScreenRun::ScreenRun(const std::string& drawing, const Install& install, const ScreenParts& screen,
                      terminal::Console& console)
     : m_task(AsSet(drawing)), m_install((NeedShareFolder(install), WithPointInNumbers(install))),
-      m_surrounded(m_task, m_install, console, m_report, &screen),
-      m_host(cadhost::CadHost::Create(
-          HostOptionsWith(screen.picker, HostOptionsOf(m_install, m_surrounded.Context().surroundings.registry, {},
-                                                       m_surrounded.KeepsLayers(m_task.options)))))
+      m_session(m_task, m_install, console, m_report, &screen)
 {
     m_report.drawing = drawing;
     // The dialog may have chosen job options that ask for layers, or others.
-    m_surrounded.Watcher().WhenSettingsAreKept(
-        [this] { m_host->KeepLayers(m_surrounded.KeepsLayers(m_task.options)); });
+    m_session.Watcher().WhenSettingsAreKept([this] { m_session.RenewLayers(m_task.options); });
     if (!drawing.empty())
-        m_document = m_host->Open(drawing);
-}
-
-void ScreenRun::Activate(const std::string& layout)
-{
-    std::vector<std::string> names;
-    for (const cadhost::LayoutOutline& sight : m_host->Outlines(m_document))
-        names.push_back(sight.name);
-    const std::string found = FindName(layout, names);
-    if (found.empty()) {
-        const std::string suggestion = Suggestion(layout, names);
-        throw Refusal{kExitUsage, m_task.drawing + " has no layout \"" + layout + "\"" +
-                                      (suggestion.empty() ? "; it has " + QuotedList(names) : suggestion)};
-    }
-    m_document = m_host->Open(m_task.drawing, {{}, found, {}});
+        m_session.Open(drawing);
 }
 
 void ScreenRun::ConcludeConversion()
 {
-    const cadhost::DocumentReport host = m_host->Report(m_document);
+    const cadhost::DocumentReport host = m_session.HostReport();
     TakeHostReport(host, m_report);
     Conclude(Watcher(), host.plotFailure, m_report);
 }
 
 bool ScreenRun::Save()
 {
-    const bool changed = m_host->DrawingOf(m_document).Modified();
-    SaveWhole(Watcher(), *m_document, m_task.drawing);
+    const bool changed = m_session.Drawing().Modified();
+    SaveWhole(Watcher(), *m_session.Document(), m_task.drawing);
     return changed;
 }
 

@@ -1,8 +1,7 @@
 // One run with windows: the plug-in's surroundings on a screen, and the drawing that is open in them.
 #pragma once
 
-#include "cadhost/CadHost.h"
-#include "run/Surrounded.h"
+#include "run/RunSession.h"
 
 #include <functional>
 #include <iosfwd>
@@ -20,14 +19,14 @@ public:
     ScreenRun(const ScreenRun&) = delete;
     ScreenRun& operator=(const ScreenRun&) = delete;
 
-    [[nodiscard]] CallContext& Context() { return m_surrounded.Context(); }
-    [[nodiscard]] const SheetWatcher& Watcher() const { return m_surrounded.Watcher(); }
+    [[nodiscard]] CallContext& Context() { return m_session.Context(); }
+    [[nodiscard]] const SheetWatcher& Watcher() const { return m_session.Watcher(); }
     [[nodiscard]] DrawingReport& Report() { return m_report; }
-    [[nodiscard]] std::shared_ptr<IAcadApplication> Application() { return m_host->Application(); }
+    [[nodiscard]] std::shared_ptr<IAcadApplication> Application() { return m_session.Application(); }
     /// Null without a drawing.
-    [[nodiscard]] std::shared_ptr<IAcadDocument>& Document() { return m_document; }
+    [[nodiscard]] const std::shared_ptr<IAcadDocument>& Document() const { return m_session.Document(); }
     /// Makes a layout the active one for this run. Throws Refusal when the drawing has none of that name.
-    void Activate(const std::string& layout);
+    void Activate(const std::string& layout) { m_session.Activate(layout); }
     /// What the host tells of the conversion goes into the report, which then says how it ended.
     void ConcludeConversion();
     /// Writes the changed records; the former file stays as ".bak". False when there was nothing to write. Throws for a
@@ -38,9 +37,7 @@ private:
     DrawingTask m_task;
     Install m_install;
     DrawingReport m_report;
-    Surrounded m_surrounded;
-    std::unique_ptr<cadhost::CadHost> m_host;
-    std::shared_ptr<IAcadDocument> m_document;
+    RunSession m_session;
 };
 
 /// Writes the drawing and closes it, unless it didn't take one of the records: a drawing that holds half of what was

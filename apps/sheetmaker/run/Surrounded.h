@@ -5,9 +5,11 @@
 #include "plugin/CallContext.h"
 #include "publisher/Publisher.h"
 #include "report/SheetWatcher.h"
-#include "run/DrawingRun.h"
+#include "run/DrawingTask.h"
+#include "run/Install.h"
 #include "run/ScreenParts.h"
 #include "store/OverlayRegistry.h"
+#include "terminal/Console.h"
 
 #include <memory>
 

@@ -83,6 +83,8 @@ public:
     virtual std::shared_ptr<IAcadApplication> Application() = 0;
     /// Opens a drawing and makes it the active one. Throws drawing::DrawingError.
     virtual std::shared_ptr<IAcadDocument> Open(const std::string& path, const DocumentOverlay& overlay = {}) = 0;
+    /// Lays another overlay over an open document, in place of the one that it has.
+    virtual void Overlay(const std::shared_ptr<IAcadDocument>& document, const DocumentOverlay& overlay) = 0;
     /// Whether plots tell of layers from now on, whatever the options said.
     virtual void KeepLayers(bool keep) = 0;
     /// These take a document of this host.

@@ -1,0 +1,19 @@
+// What one run is asked to do.
+#pragma once
+
+#include "commandline/Jobs.h"
+
+#include <optional>
+#include <string>
+
+namespace sm::app {
+
+struct DrawingTask {
+    std::string drawing;
+    std::optional<std::string> savePath; ///< what the save dialog is answered with
+    ConvertOptions options;
+    std::string logFileName; ///< empty: the user's conversion log
+    std::string workFolder;  ///< empty, private; whoever starts the run removes it afterwards
+};
+
+} // namespace sm::app

@@ -1,0 +1,62 @@
+#include "run/RunSession.h"
+
+#include "commandline/ExitCodes.h"
+#include "commandline/Refusal.h"
+#include "commandline/Suggest.h"
+#include "run/DwgSetup.h"
+
+namespace sm::app {
+namespace {
+
+cadhost::HostOptions OptionsFor(const DrawingTask& task, const Install& install, Surrounded& surrounded,
+                                const ScreenParts* screen)
+{
+    cadhost::HostOptions options = HostOptionsOf(install, surrounded.Context().surroundings.registry, task.workFolder,
+                                                 surrounded.KeepsLayers(task.options));
+    options.picker = screen ? &screen->picker : nullptr;
+    return options;
+}
+
+} // namespace
+
+RunSession::RunSession(const DrawingTask& task, const Install& install, terminal::Console& console,
+                       DrawingReport& report, const ScreenParts* screen)
+    : m_surrounded(task, install, console, report, screen),
+      m_host(cadhost::CadHost::Create(OptionsFor(task, install, m_surrounded, screen)))
+{
+}
+
+void RunSession::Open(const std::string& drawing)
+{
+    m_document = m_host->Open(drawing);
+    m_drawing = drawing;
+}
+
+LayoutSelection RunSession::Select(const ConvertOptions& options)
+{
+    LayoutSelection selection = SelectLayouts(options, m_host->Outlines(m_document));
+    if (selection.error.empty())
+        m_host->Overlay(m_document, {selection.pageSetupSource, selection.activeLayout, selection.onlyLayouts});
+    return selection;
+}
+
+void RunSession::Activate(const std::string& layout)
+{
+    m_host->Overlay(m_document, {{}, LayoutNamed(layout), {}});
+}
+
+std::string RunSession::LayoutNamed(const std::string& wanted, const std::vector<std::string>& alsoAllowed)
+{
+    std::vector<std::string> names;
+    for (const cadhost::LayoutOutline& layout : m_host->Outlines(m_document))
+        names.push_back(layout.name);
+    names.insert(names.end(), alsoAllowed.begin(), alsoAllowed.end());
+    std::string found = FindName(wanted, names);
+    if (!found.empty())
+        return found;
+    const std::string suggestion = Suggestion(wanted, names);
+    throw Refusal{kExitUsage, m_drawing + " has no layout \"" + wanted + "\"" +
+                                  (suggestion.empty() ? "; it has " + QuotedList(names) : suggestion)};
+}
+
+} // namespace sm::app
