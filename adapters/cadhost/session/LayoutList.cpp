@@ -31,7 +31,7 @@ bool HoldsSomething(const drawing::Drawing& drawing, const drawing::Layout& layo
 {
     const auto& entities = drawing.EntitiesOf(layout.block);
     const std::size_t count = std::size(entities);
-    return count > 1 || (count == 1 && (layout.isModel || SheetViewport(drawing, layout.block) == nullptr));
+    return count > 1 || (count == 1 && (layout.isModel || drawing::SheetViewportOf(drawing, layout.block) == nullptr));
 }
 
 LayoutFacts FactsOf(OpenDrawing& open, std::size_t index)

@@ -3,6 +3,7 @@
 
 #include "cadhost/CadHost.h"
 #include "devices/PlotConfiguration.h"
+#include "render/PlotStyleTable.h"
 
 namespace sm::cadhost {
 

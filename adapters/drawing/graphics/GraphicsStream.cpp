@@ -1,9 +1,9 @@
-#include "entities/GraphicsStream.h"
+#include "graphics/GraphicsStream.h"
 
 #include "base/text/Utf8.h"
 #include "drawing/TextDecoder.h"
-#include "entities/PackedPolyline.h"
 #include "entities/SpaceVectors.h"
+#include "graphics/PackedPolyline.h"
 
 #include <cstring>
 #include <numbers>

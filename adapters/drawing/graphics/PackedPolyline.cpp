@@ -1,4 +1,4 @@
-#include "entities/PackedPolyline.h"
+#include "graphics/PackedPolyline.h"
 
 #include <cstring>
 

@@ -1,6 +1,6 @@
 #include "drawing/entities/Graphics.h"
 #include "entities/EntityTags.h"
-#include "entities/GraphicsStream.h"
+#include "graphics/GraphicsStream.h"
 #include "tags/ObjectLinks.h"
 
 namespace sm::drawing {

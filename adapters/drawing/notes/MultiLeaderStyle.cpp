@@ -2,7 +2,7 @@
 
 #include "drawing/entities/DimStyles.h"
 #include "drawing/entities/MultiLeaders.h"
-#include "tags/RawColor.h"
+#include "notes/RawColor.h"
 
 namespace sm::drawing {
 

@@ -3,7 +3,7 @@
 #include "drawing/entities/Inserts.h"
 #include "drawing/entities/MultiLeaders.h"
 #include "drawing/entities/Texts.h"
-#include "tags/RawColor.h"
+#include "notes/RawColor.h"
 
 #include <numbers>
 
