@@ -1,5 +1,7 @@
 #include "system/DocumentOpener.h"
 
+#include "base/files/Paths.h"
+
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/wait.h>
@@ -43,7 +45,7 @@ bool OpenOnDesktop(const Environment& environment, const std::string& pathOrAddr
     if (program.empty() || !HasDisplay(environment))
         return false;
     const std::string target =
-        IsAddress(pathOrAddress) ? pathOrAddress : std::filesystem::absolute(pathOrAddress).string();
+        IsAddress(pathOrAddress) ? pathOrAddress : base::ToText(std::filesystem::absolute(base::ToPath(pathOrAddress)));
     const pid_t child = fork();
     if (child == 0)
         Become(program.c_str(), target.c_str());

@@ -1,5 +1,7 @@
 #include "system/SystemPorts.h"
 
+#include "base/files/Paths.h"
+
 #include <algorithm>
 #include <filesystem>
 
@@ -11,24 +13,24 @@ public:
     bool FolderExists(const std::string& path) override
     {
         std::error_code unreadable;
-        return std::filesystem::is_directory(path, unreadable);
+        return std::filesystem::is_directory(base::ToPath(path), unreadable);
     }
 
     bool FileExists(const std::string& path) override
     {
         std::error_code unreadable;
-        return std::filesystem::is_regular_file(path, unreadable);
+        return std::filesystem::is_regular_file(base::ToPath(path), unreadable);
     }
 
     std::vector<std::string> ListFiles(const std::string& folder) override
     {
         std::vector<std::string> names;
         std::error_code unreadable;
-        std::filesystem::directory_iterator entry(folder, unreadable);
+        std::filesystem::directory_iterator entry(base::ToPath(folder), unreadable);
         while (!unreadable && entry != std::filesystem::directory_iterator()) {
             std::error_code vanished;
             if (entry->is_regular_file(vanished))
-                names.push_back(entry->path().filename().string());
+                names.push_back(base::ToText(entry->path().filename()));
             entry.increment(unreadable);
         }
         std::sort(names.begin(), names.end());

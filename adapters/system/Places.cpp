@@ -1,5 +1,7 @@
 #include "system/Places.h"
 
+#include "base/files/Paths.h"
+
 #include <pwd.h>
 #include <unistd.h>
 
@@ -21,7 +23,7 @@ std::filesystem::path UserFolder(const Environment& environment, const char* var
 {
     const std::string given = environment(variable).value_or("");
     const std::filesystem::path base =
-        given.starts_with('/') ? std::filesystem::path(given) : HomeFolder(environment) / belowHome;
+        given.starts_with('/') ? base::ToPath(given) : HomeFolder(environment) / belowHome;
     return base / kFolderName;
 }
 

@@ -44,6 +44,11 @@ bool MayWrite(const std::string& path, std::error_code& error)
     return MayUse(path, W_OK, error);
 }
 
+bool MayMakeFilesIn(const std::string& folder, std::error_code& error)
+{
+    return MayUse(folder, W_OK | X_OK, error);
+}
+
 bool IsWriteProtected(const std::string& path)
 {
     struct stat state {};

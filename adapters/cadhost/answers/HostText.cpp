@@ -5,14 +5,6 @@
 #include <charconv>
 
 namespace sm::cadhost {
-namespace {
-
-char Lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-} // namespace
 
 std::string NumberText(double value)
 {
@@ -29,12 +21,6 @@ std::string RoundedText(double value, int digits)
     std::string text(buffer.data(), end.ptr);
     std::replace(text.begin(), text.end(), 'e', 'E');
     return text;
-}
-
-bool SameName(std::string_view left, std::string_view right)
-{
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char a, char b) { return Lower(a) == Lower(b); });
 }
 
 std::string_view Trimmed(std::string_view text)

@@ -1,6 +1,7 @@
 #include "devices/Pc3File.h"
 
 #include "answers/HostText.h"
+#include "base/files/Paths.h"
 #include "ports/HostError.h"
 
 #include <algorithm>
@@ -196,14 +197,14 @@ Pc3File ParsePc3(std::string_view text, const std::string& name)
 
 Pc3File ReadPc3(const std::string& path)
 {
-    const std::string name = std::filesystem::path(path).filename().string();
+    const std::string name = base::ToText(base::ToPath(path).filename());
     std::error_code error;
-    const auto size = std::filesystem::file_size(path, error);
+    const auto size = std::filesystem::file_size(base::ToPath(path), error);
     if (error)
         throw HostError(name + ": the plotter configuration can't be read: " + error.message());
     if (size > kLargestFile)
         throw HostError(name + ": the plotter configuration is larger than 1 MiB");
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(base::ToPath(path), std::ios::binary);
     std::ostringstream text;
     text << file.rdbuf();
     if (!file)

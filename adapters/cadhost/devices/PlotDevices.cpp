@@ -1,6 +1,8 @@
 #include "devices/PlotDevices.h"
 
 #include "answers/HostText.h"
+#include "base/files/Paths.h"
+#include "base/text/Names.h"
 #include "devices/PaperRules.h"
 #include "drawing/TextDecoder.h"
 
@@ -73,14 +75,15 @@ std::vector<std::string> ListPlotStyles(const PlotFolders& folders, const drawin
 std::string FindPlotStyle(const PlotFolders& folders, const std::string& name)
 {
     const std::string file = name.substr(name.find_last_of("/\\") + 1);
-    const std::string folded = drawing::FoldName(file);
+    const std::string folded = base::FoldCase(file);
     for (const std::string& folder : {folders.drawing, folders.userStyles, folders.styles}) {
         std::error_code ignored;
-        if (const fs::path exact = fs::path(folder) / file; !file.empty() && fs::is_regular_file(exact, ignored))
-            return exact.string();
+        if (const fs::path exact = base::ToPath(folder) / base::ToPath(file);
+            !file.empty() && fs::is_regular_file(exact, ignored))
+            return base::ToText(exact);
         for (const std::string& other : folders.shelf->Styles(folder)) {
-            if (drawing::FoldName(other) == folded)
-                return (fs::path(folder) / other).string();
+            if (base::FoldCase(other) == folded)
+                return base::ToText(base::ToPath(folder) / base::ToPath(other));
         }
     }
     return {};

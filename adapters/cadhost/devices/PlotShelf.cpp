@@ -1,25 +1,19 @@
 #include "devices/PlotShelf.h"
 
+#include "base/files/FolderNames.h"
+#include "base/files/Paths.h"
+#include "base/text/Names.h"
+
 #include <algorithm>
-#include <dirent.h>
-#include <strings.h>
 
 namespace sm::cadhost {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// Follows links; only for entries of which the folder doesn't tell what they are.
-bool IsFile(const std::string& path)
-{
-    std::error_code ignored;
-    return fs::is_regular_file(path, ignored);
-}
-
 bool EndsIn(std::string_view name, std::string_view extension)
 {
-    return name.size() > extension.size() &&
-           strncasecmp(name.data() + name.size() - extension.size(), extension.data(), extension.size()) == 0;
+    return name.size() > extension.size() && base::SameAscii(name.substr(name.size() - extension.size()), extension);
 }
 
 } // namespace
@@ -33,18 +27,16 @@ PlotShelf::Folder& PlotShelf::Listed(const std::string& folder)
         return listed;
     const std::string place = folder.empty() ? "." : folder;
     std::error_code unreadable;
-    const fs::file_time_type changed = fs::last_write_time(place, unreadable);
+    const fs::file_time_type changed = fs::last_write_time(base::ToPath(place), unreadable);
     if (!isNew && listed.changed == changed)
         return listed;
     listed = {changed, {}, {}, {}};
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(unreadable ? nullptr : opendir(place.c_str()),
-                                                      [](DIR* dir) { return closedir(dir); });
-    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
-        const std::string_view name = entry->d_name;
+    base::VisitNames(place, [&listed](const base::FolderName& entry) {
+        const std::string_view name = entry.Text();
         const bool device = EndsIn(name, ".pc3"), style = EndsIn(name, ".ctb") || EndsIn(name, ".stb");
-        if ((device || style) && (entry->d_type == DT_REG || IsFile(folder + "/" + entry->d_name)))
+        if ((device || style) && entry.IsFile())
             (device ? listed.devices : listed.styles).emplace_back(name);
-    }
+    });
     std::sort(listed.devices.begin(), listed.devices.end());
     std::sort(listed.styles.begin(), listed.styles.end());
     return listed;
@@ -57,7 +49,7 @@ std::shared_ptr<const Pc3File> PlotShelf::Device(const std::string& folder, cons
         return nullptr;
     std::shared_ptr<const Pc3File>& file = listed.read[device];
     if (file == nullptr)
-        file = std::make_shared<const Pc3File>(ReadPc3((fs::path(folder) / device).string()));
+        file = std::make_shared<const Pc3File>(ReadPc3(base::ToText(base::ToPath(folder) / device)));
     return file;
 }
 

@@ -2,6 +2,7 @@
 
 #include "answers/HostErrors.h"
 #include "answers/HostText.h"
+#include "base/files/Paths.h"
 #include "plotter/Plotter.h"
 
 #include <algorithm>
@@ -16,8 +17,8 @@ namespace fs = std::filesystem;
 std::string AbsolutePath(const std::string& path)
 {
     std::error_code error;
-    const fs::path absolute = fs::absolute(path, error);
-    return error ? path : absolute.lexically_normal().string();
+    const fs::path absolute = fs::absolute(base::ToPath(path), error);
+    return error ? path : base::ToText(absolute.lexically_normal());
 }
 
 std::optional<std::size_t> FindLayout(const drawing::Drawing& drawing, const std::string& name)
@@ -50,12 +51,12 @@ drawing::Drawing& OpenDrawing::File() const
 
 std::string OpenDrawing::Folder() const
 {
-    return (fs::path(m_fullName).parent_path() / "").string();
+    return base::ToText(base::ToPath(m_fullName).parent_path() / "");
 }
 
 std::string OpenDrawing::FileName() const
 {
-    return fs::path(m_fullName).filename().string();
+    return base::ToText(base::ToPath(m_fullName).filename());
 }
 
 void OpenDrawing::SetOverlay(DocumentOverlay overlay)

@@ -1,5 +1,6 @@
 #include "session/Session.h"
 
+#include "base/files/Paths.h"
 #include "cadhost/PointPicker.h"
 #include "ports/HostError.h"
 
@@ -20,7 +21,7 @@ bool IsSameFile(const std::string& left, const std::string& right)
 } // namespace
 
 Session::Session(const HostOptions& options)
-    : m_options(options), m_printerConfigPath((fs::path(options.shareFolder) / "Plotters").string()),
+    : m_options(options), m_printerConfigPath(base::ToText(base::ToPath(options.shareFolder) / "Plotters")),
       m_shelf(
           std::make_shared<PlotShelf>(options.picker != nullptr ? PlotShelf::Lists::Watched : PlotShelf::Lists::Kept))
 {
@@ -28,20 +29,20 @@ Session::Session(const HostOptions& options)
 
 std::string Session::DriversPath() const
 {
-    return (fs::path(m_options.shareFolder) / "Drivers").string();
+    return base::ToText(base::ToPath(m_options.shareFolder) / "Drivers");
 }
 
 void Session::SetPrinterConfigPath(const std::string& path)
 {
     std::error_code error;
-    if (!fs::is_directory(path, error))
+    if (!fs::is_directory(base::ToPath(path), error))
         throw HostError("PrinterConfigPath: the folder '" + path + "' doesn't exist");
     m_printerConfigPath = path;
 }
 
 PlotFolders Session::FoldersFor(const OpenDrawing& open) const
 {
-    return {m_printerConfigPath, (fs::path(m_options.shareFolder) / "PlotStyles").string(), open.Folder(),
+    return {m_printerConfigPath, base::ToText(base::ToPath(m_options.shareFolder) / "PlotStyles"), open.Folder(),
             m_options.userStyleFolder, m_shelf};
 }
 

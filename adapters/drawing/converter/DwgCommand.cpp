@@ -1,5 +1,6 @@
 #include "converter/DwgCommand.h"
 
+#include "base/files/Paths.h"
 #include "base/process/ChildProcess.h"
 
 #include <cstdlib>
@@ -22,8 +23,8 @@ bool Exists(const fs::path& path)
 std::string PackageFolder(const DwgOptions& options)
 {
     for (const std::string& folder : options.packageFolders)
-        if (Exists(fs::path(folder) / kPackage / "wasm" / "libredwg-web.js"))
-            return (fs::path(folder) / kPackage).string();
+        if (Exists(base::ToPath(folder) / kPackage / "wasm" / "libredwg-web.js"))
+            return base::ToText(base::ToPath(folder) / kPackage);
     return {};
 }
 
@@ -35,13 +36,13 @@ std::string Program(const DwgOptions& options, const std::string& name)
 std::string InstallingCommand(const DwgOptions& options, bool needsNode)
 {
     const std::string packages = needsNode ? "sudo apt-get install nodejs npm && " : "";
-    return packages + "'" + (fs::path(options.scriptFolder) / "install").string() + "'";
+    return packages + "'" + base::ToText(base::ToPath(options.scriptFolder) / "install") + "'";
 }
 
 /// Node compiles the library while it runs it unless it is told to be quick: half a minute instead of a second.
 DwgCommand NodeCommand(const DwgOptions& options)
 {
-    const std::string script = (fs::path(options.scriptFolder) / "to-dxf.mjs").string();
+    const std::string script = base::ToText(base::ToPath(options.scriptFolder) / "to-dxf.mjs");
     const std::string package = PackageFolder(options);
     DwgCommand command{
         "node", Program(options, "node"), {"--liftoff-only", "--no-warnings", script, package, "{in}", "{out}"}, {}};
@@ -112,7 +113,7 @@ DwgCommand OwnCommand(const DwgOptions& options)
     }
     command.program = Program(options, command.name);
     command.arguments.erase(command.arguments.begin());
-    command.name = fs::path(command.name).filename().string();
+    command.name = base::ToText(base::ToPath(command.name).filename());
     if (command.program.empty())
         command.readiness = {false, "the program of \"" + line + "\" can't be found", "install it, or set another one"};
     else

@@ -1,3 +1,4 @@
+#include "base/text/Names.h"
 #include "dxf/DxfDrawing.h"
 #include "write/ReplaceFile.h"
 
@@ -45,9 +46,9 @@ std::vector<std::string_view> Pieces(std::string_view file, const std::vector<Ed
 
 std::vector<XDataItem> DxfDrawing::RecordOf(const std::string& application) const
 {
-    const std::string folded = FoldName(application);
+    const std::string folded = base::FoldCase(application);
     for (const auto& [name, items] : m_changes)
-        if (FoldName(name) == folded)
+        if (base::FoldCase(name) == folded)
             return items;
     if (m_records)
         if (const auto* const items = m_records->Find(application))
@@ -63,8 +64,8 @@ void DxfDrawing::SetRecord(const std::string& application, const std::vector<XDa
     std::vector<XDataItem> record = Normalised(application, items);
     if (record == RecordOf(application))
         return;
-    const std::string folded = FoldName(application);
-    std::erase_if(m_changes, [&](const auto& change) { return FoldName(change.first) == folded; });
+    const std::string folded = base::FoldCase(application);
+    std::erase_if(m_changes, [&](const auto& change) { return base::FoldCase(change.first) == folded; });
     m_changes[application] = std::move(record);
     m_modified = true;
 }

@@ -1,5 +1,7 @@
 #include "model/Model.h"
 
+#include "base/text/Names.h"
+
 #include <algorithm>
 
 namespace sm::drawing {
@@ -73,12 +75,12 @@ ReadBlock ReadHeader(const Model& model, const Slice& slice)
 void MarkSpace(Model& model, std::uint32_t index)
 {
     Block& block = model.blocks[index];
-    const std::string name = FoldName(block.name);
-    block.isModelSpace = name == "*MODEL_SPACE" || name == "$MODEL_SPACE";
-    block.isPaperSpace = name.starts_with("*PAPER_SPACE") || name.starts_with("$PAPER_SPACE");
+    const std::string name = base::FoldCase(block.name);
+    block.isModelSpace = name == "*model_space" || name == "$model_space";
+    block.isPaperSpace = name.starts_with("*paper_space") || name.starts_with("$paper_space");
     if (block.isModelSpace && model.modelSpace == kNoBlock)
         model.modelSpace = index;
-    if ((name == "*PAPER_SPACE" || name == "$PAPER_SPACE") && model.paperSpace == kNoBlock)
+    if ((name == "*paper_space" || name == "$paper_space") && model.paperSpace == kNoBlock)
         model.paperSpace = index;
 }
 

@@ -1,5 +1,7 @@
 #include "model/PlotSettingsReader.h"
 
+#include "base/text/Names.h"
+
 #include <algorithm>
 #include <set>
 
@@ -150,7 +152,7 @@ void AddReadLayout(Model& model, ReadLayout& read, bool repair)
         if (!repair)
             return;
         model.findings.Add(Damage::LayoutWithoutBlock, read.slice.line);
-        const bool isModel = FoldName(read.layout.name) == "MODEL" && !IsTaken(model, model.modelSpace);
+        const bool isModel = base::SameName(read.layout.name, "Model") && !IsTaken(model, model.modelSpace);
         block = isModel ? model.modelSpace : FreePaperBlock(model);
     }
     read.layout.block = block;
@@ -190,11 +192,11 @@ void NameAll(Model& model)
     for (Layout& layout : model.layouts) {
         const std::string wanted = layout.name.empty() ? "Layout" : layout.name;
         std::string name = wanted;
-        for (int number = 1; layout.name.empty() || !names.insert(FoldName(name)).second; ++number) {
+        for (int number = 1; layout.name.empty() || !names.insert(base::FoldCase(name)).second; ++number) {
             layout.name = name = wanted + (layout.name.empty() ? "" : " ") + std::to_string(number);
             if (number == 1)
                 model.findings.Add(Damage::LayoutWithoutName, 1);
-            if (names.insert(FoldName(name)).second)
+            if (names.insert(base::FoldCase(name)).second)
                 break;
         }
         layout.name = name;
@@ -240,9 +242,9 @@ std::string CurrentTab(const Model& model)
 
 std::size_t FindActive(const Model& model)
 {
-    const std::string tab = FoldName(CurrentTab(model));
+    const std::string tab = base::FoldCase(CurrentTab(model));
     for (std::size_t i = 0; i < model.layouts.size(); ++i)
-        if (!tab.empty() && FoldName(model.layouts[i].name) == tab)
+        if (!tab.empty() && base::FoldCase(model.layouts[i].name) == tab)
             return i;
     if (model.header.Integer("$TILEMODE", 1) != 0)
         return 0;

@@ -1,5 +1,6 @@
 #include "model/Model.h"
 
+#include "base/text/Names.h"
 #include "model/PlotSettingsReader.h"
 
 #include <algorithm>
@@ -113,17 +114,12 @@ constexpr std::array kImageObjects{ImageObject{"IMAGEDEF", Kind::Image},
                                    ImageObject{"DWFUNDERLAYDEFINITION", Kind::Dwf},
                                    ImageObject{"DGNUNDERLAYDEFINITION", Kind::Dgn}};
 
-bool SameName(std::string_view a, std::string_view b)
-{
-    return a == b || FoldName(a) == FoldName(b);
-}
-
 } // namespace
 
 Handle Dictionary::Find(std::string_view name) const
 {
     for (const auto& [entry, entryHandle] : entries)
-        if (SameName(entry, name))
+        if (base::SameName(entry, name))
             return entryHandle;
     return 0;
 }

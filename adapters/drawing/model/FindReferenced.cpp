@@ -1,5 +1,7 @@
 #include "drawing/FindReferenced.h"
 
+#include "base/files/Paths.h"
+#include "base/text/Names.h"
 #include "drawing/TextDecoder.h"
 
 #include <algorithm>
@@ -39,10 +41,10 @@ std::optional<NamedPath> Parse(std::string name)
     const bool drive = name.size() > 1 && name[1] == ':' && IsLetter(name[0]);
     const bool share = name.starts_with("//");
     path.rooted = !drive && !share && name.front() == '/';
-    const fs::path rest(drive ? name.substr(2) : name);
+    const fs::path rest = base::ToPath(drive ? name.substr(2) : name);
     for (const fs::path& part : rest.relative_path()) {
         if (!part.empty() && part != "." && part != "/") {
-            path.parts.push_back(part.string());
+            path.parts.push_back(base::ToText(part));
         }
     }
     return path.parts.empty() || path.parts.size() > kMostParts ? std::nullopt : std::optional(std::move(path));
@@ -51,7 +53,7 @@ std::optional<NamedPath> Parse(std::string name)
 bool IsOfTheSystem(const fs::path& path)
 {
     constexpr std::array kFolders{"/dev/", "/proc/", "/sys/", "/net/"};
-    const std::string text = path.lexically_normal().string();
+    const std::string text = base::ToText(path.lexically_normal());
     return std::any_of(kFolders.begin(), kFolders.end(), [&](const char* folder) { return text.starts_with(folder); });
 }
 
@@ -59,15 +61,15 @@ bool IsOfTheSystem(const fs::path& path)
 fs::path EntryLike(const fs::path& folder, const std::string& name)
 {
     std::error_code error;
-    fs::path exact = folder / name;
+    fs::path exact = folder / base::ToPath(name);
     if (fs::exists(exact, error) || name == "..") {
         return exact;
     }
-    const std::string wanted = FoldName(name);
+    const std::string wanted = base::FoldCase(name);
     std::size_t looked = 0;
     for (fs::directory_iterator at(folder, fs::directory_options::skip_permission_denied, error), end;
          !error && at != end && looked < kMostEntries; at.increment(error), ++looked) {
-        if (FoldName(at->path().filename().string()) == wanted) {
+        if (base::FoldCase(base::ToText(at->path().filename())) == wanted) {
             return at->path();
         }
     }
@@ -80,7 +82,8 @@ std::string FileBelow(fs::path at, const std::vector<std::string>& parts, std::s
         at = IsOfTheSystem(at / "") ? fs::path() : EntryLike(at, parts[i]);
     }
     std::error_code error;
-    return !at.empty() && !IsOfTheSystem(at) && fs::is_regular_file(at, error) ? at.lexically_normal().string() : "";
+    return !at.empty() && !IsOfTheSystem(at) && fs::is_regular_file(at, error) ? base::ToText(at.lexically_normal())
+                                                                               : "";
 }
 
 /// The path as it is, then without its first parts; ".." leads up only at the beginning of the whole path.

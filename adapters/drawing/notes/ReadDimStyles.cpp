@@ -1,3 +1,4 @@
+#include "base/text/Names.h"
 #include "drawing/entities/DimStyles.h"
 #include "entities/EntityTags.h"
 
@@ -164,7 +165,7 @@ ArrowHead ArrowHeadOf(const Drawing& drawing, const std::string& name)
     head.block = name.empty() ? kNoBlock : drawing.FindBlock(name);
     if (head.block == kNoBlock && !name.empty())
         head.block = drawing.FindBlock("_" + name);
-    const std::string folded = FoldName(name);
+    const std::string folded = base::UpperAscii(name);
     head.name = folded.starts_with('_') ? folded.substr(1) : folded;
     if (head.name == ".")
         head = {};

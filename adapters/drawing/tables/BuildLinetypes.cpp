@@ -1,5 +1,7 @@
 #include "model/Model.h"
 
+#include "base/text/Names.h"
+
 #include <array>
 #include <cstdlib>
 
@@ -105,10 +107,10 @@ void BuildLinetypes(Model& model)
             model.findings.Add(Damage::NamelessEntry, slice.line);
             return;
         }
-        const std::string folded = FoldName(read.type.name);
+        const std::string folded = base::FoldCase(read.type.name);
         auto index = static_cast<std::uint32_t>(model.linetypes.size());
         for (std::uint32_t i = 0; i < kFixed.size(); ++i)
-            if (folded == FoldName(kFixed[i]))
+            if (folded == base::FoldCase(kFixed[i]))
                 index = i;
         model.source.linetypes.Add(read.rawName, read.type.name, index);
         if (index < kFixed.size())

@@ -1,5 +1,7 @@
 #include "model/Model.h"
 
+#include "base/text/Names.h"
+
 namespace sm::drawing {
 
 namespace {
@@ -90,7 +92,7 @@ void BuildStyles(Model& model)
             model.findings.Add(Damage::NamelessEntry, slice.line);
             return;
         }
-        if (!hasStandard && FoldName(read.style.name) == "STANDARD") {
+        if (!hasStandard && base::SameName(read.style.name, "Standard")) {
             hasStandard = true;
             Register(model, read, 0);
             model.styles[0] = std::move(read.style);

@@ -1,5 +1,7 @@
 #include "model/Model.h"
 
+#include "base/text/Names.h"
+
 namespace sm::drawing {
 
 namespace {
@@ -65,7 +67,7 @@ ReadViewport ReadModelView(const Model& model, const Slice& slice)
             return;
         switch (tag.Code()) {
         case 2:
-            read.name = FoldName(model.Text(tag.Name()));
+            read.name = model.Text(tag.Name());
             break;
         case 40:
         case 45:
@@ -98,7 +100,7 @@ void BuildViews(Model& model)
     // Several entries of this name are the tiles of the screen; the first one is the current tile.
     ForEachEntry(model, "VPORT", [&](const Slice& slice) {
         const ReadViewport read = ReadModelView(model, slice);
-        if (!model.modelView && read.name == "*ACTIVE")
+        if (!model.modelView && base::SameName(read.name, "*Active"))
             model.modelView = read.view;
     });
     ForEachEntry(model, "APPID", [&](const Slice& slice) {

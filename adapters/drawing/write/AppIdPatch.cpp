@@ -1,5 +1,6 @@
 #include "write/AppIdPatch.h"
 
+#include "base/text/Names.h"
 #include "tags/LineScan.h"
 
 #include <algorithm>
@@ -119,9 +120,9 @@ void RaiseSeed(const Model& model, const TablePlace& place, Handle next, std::ve
 
 bool IsRegistered(const Model& model, const std::string& application)
 {
-    const std::string folded = FoldName(application);
+    const std::string folded = base::FoldCase(application);
     return std::any_of(model.applications.begin(), model.applications.end(),
-                       [&](const std::string& name) { return FoldName(name) == folded; });
+                       [&](const std::string& name) { return base::FoldCase(name) == folded; });
 }
 
 bool HasPaddedIntegers(const Model& model)

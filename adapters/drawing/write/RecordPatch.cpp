@@ -1,5 +1,6 @@
 #include "write/RecordPatch.h"
 
+#include "base/text/Names.h"
 #include "write/AppIdPatch.h"
 
 #include <algorithm>
@@ -12,12 +13,12 @@ namespace {
 std::vector<Edit> RangesOf(const Model& model, const std::string& application)
 {
     std::vector<Edit> ranges;
-    const std::string folded = FoldName(application);
+    const std::string folded = base::FoldCase(application);
     TagCursor tags = model.Tags(model.dictionaries.front().slice);
     bool mine = false;
     while (tags.Next()) {
         if (tags.Code() == 1001) {
-            mine = FoldName(model.Text(tags.Name())) == folded;
+            mine = base::FoldCase(model.Text(tags.Name())) == folded;
             if (mine)
                 ranges.push_back({tags.Begin(), 0, {}});
         }
@@ -70,12 +71,12 @@ std::vector<XDataItem> StoredRecord(const Model& model, const std::string& appli
     std::vector<XDataItem> items;
     if (!model.hasRoot)
         return items;
-    const std::string folded = FoldName(application);
+    const std::string folded = base::FoldCase(application);
     TagCursor tags = model.Tags(model.dictionaries.front().slice);
     bool mine = false;
     while (tags.Next()) {
         if (tags.Code() == 1001)
-            mine = FoldName(model.Text(tags.Name())) == folded;
+            mine = base::FoldCase(model.Text(tags.Name())) == folded;
         const bool again = tags.Code() == 1001 && !items.empty();
         if (mine && !again && tags.Code() >= 1000 && tags.Code() <= 1071)
             items.push_back({static_cast<std::int16_t>(tags.Code()), ItemText(tags, *model.source.text)});

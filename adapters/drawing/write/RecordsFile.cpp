@@ -1,5 +1,7 @@
 #include "write/RecordsFile.h"
 
+#include "base/files/Paths.h"
+#include "base/text/Names.h"
 #include "drawing/TextDecoder.h"
 #include "write/ReplaceFile.h"
 
@@ -57,7 +59,7 @@ std::string Quoted(const std::string& text)
 std::string TextOf(const std::string& drawing, const RecordChanges& records)
 {
     std::string text = "{\n  \"format\": " + Quoted(kFormat) + ",\n  \"version\": " + std::to_string(kVersion) +
-                       ",\n  \"drawing\": " + Quoted(std::filesystem::path(drawing).filename().string()) +
+                       ",\n  \"drawing\": " + Quoted(base::ToText(base::ToPath(drawing).filename())) +
                        ",\n  \"records\": {";
     const char* next = "\n";
     for (const auto& [application, items] : records) {
@@ -78,7 +80,7 @@ std::string TextOf(const std::string& drawing, const RecordChanges& records)
 RecordsFile::RecordsFile(const std::string& drawing) : m_drawing(drawing), m_path(drawing + ".sheetmaker")
 {
     std::error_code error;
-    if (!std::filesystem::exists(m_path, error))
+    if (!std::filesystem::exists(base::ToPath(m_path), error))
         return;
     const FileBytes bytes = FileBytes::Map(m_path);
     m_stamp = bytes.Stamp();
@@ -87,9 +89,9 @@ RecordsFile::RecordsFile(const std::string& drawing) : m_drawing(drawing), m_pat
 
 const std::vector<XDataItem>* RecordsFile::Find(const std::string& application) const
 {
-    const std::string folded = FoldName(application);
+    const std::string folded = base::FoldCase(application);
     for (const auto& [name, items] : m_records)
-        if (FoldName(name) == folded)
+        if (base::FoldCase(name) == folded)
             return &items;
     return nullptr;
 }
@@ -98,8 +100,8 @@ void RecordsFile::Save(const RecordChanges& changes, bool keepBackup)
 {
     RecordChanges records = m_records;
     for (const auto& [application, items] : changes) {
-        const std::string folded = FoldName(application);
-        std::erase_if(records, [&](const auto& record) { return FoldName(record.first) == folded; });
+        const std::string folded = base::FoldCase(application);
+        std::erase_if(records, [&](const auto& record) { return base::FoldCase(record.first) == folded; });
         records[application] = items;
     }
     const std::string text = TextOf(m_drawing, records);

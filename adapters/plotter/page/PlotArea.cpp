@@ -1,5 +1,6 @@
 #include "page/PlotArea.h"
 
+#include "base/text/Names.h"
 #include "drawing/PlanView.h"
 #include "drawing/entities/Viewports.h"
 #include "render/FrontEnd.h"
@@ -31,12 +32,6 @@ render::Matrix3 ViewOf(Vec3 direction, Vec3 target, double twist)
 {
     const bool isWorld = drawing::IsPlanView(direction) && target == Vec3{} && twist == 0;
     return isWorld ? render::Matrix3{} : render::ViewMatrix(direction, target, twist);
-}
-
-bool SameName(const std::string& a, const std::string& b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
 }
 
 /// The box, in the plane of `view`, of a box in world x and y.
@@ -81,7 +76,7 @@ Box2 SheetView(const drawing::Drawing& drawing, const drawing::Layout& layout)
 PlotArea NamedViewArea(const drawing::Drawing& drawing, const drawing::Layout& layout, const std::string& name)
 {
     for (const drawing::NamedView& view : drawing.Views()) {
-        if (view.paperSpace != layout.isModel && SameName(view.name, name)) {
+        if (view.paperSpace != layout.isModel && base::SameName(view.name, name)) {
             return {ViewOf(view.direction, view.target, view.twist), BoxAround(view.center, view.width, view.height)};
         }
     }

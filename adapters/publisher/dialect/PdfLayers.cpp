@@ -1,5 +1,6 @@
 #include "dialect/PdfLayers.h"
 
+#include "base/text/Names.h"
 #include "pdf/PdfNumbers.h"
 
 #include <algorithm>
@@ -70,13 +71,7 @@ private:
     struct ByName {
         bool operator()(const std::pair<std::string, State>& left, const std::pair<std::string, State>& right) const
         {
-            const auto fold = [](std::string text) {
-                std::ranges::transform(text, text.begin(), [](char c) {
-                    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-                });
-                return text;
-            };
-            const std::string a = fold(left.first), b = fold(right.first);
+            const std::string a = base::LowerAscii(left.first), b = base::LowerAscii(right.first);
             return a != b ? a < b : left < right;
         }
     };

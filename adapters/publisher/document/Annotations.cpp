@@ -1,5 +1,6 @@
 #include "document/Annotations.h"
 
+#include "base/files/Paths.h"
 #include "pdf/PdfNumbers.h"
 
 #include <algorithm>
@@ -120,16 +121,16 @@ std::optional<Object> AttachmentMaker::FileSpec(const std::string& path)
     if (known != m_files.end()) {
         return known->second;
     }
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(base::ToPath(path), std::ios::binary);
     std::error_code error;
-    if (!file || !std::filesystem::is_regular_file(path, error)) {
+    if (!file || !std::filesystem::is_regular_file(base::ToPath(path), error)) {
         return std::nullopt;
     }
     const std::string bytes(std::istreambuf_iterator<char>(file), {});
     if (file.bad()) {
         return std::nullopt;
     }
-    const std::string name = std::filesystem::path(path).filename().string();
+    const std::string name = base::ToText(base::ToPath(path).filename());
     auto embedded = QPDFEFStreamObjectHelper::createEFStream(m_pdf, bytes);
     auto specification = QPDFFileSpecObjectHelper::createFileSpec(m_pdf, name, embedded).getObjectHandle();
     m_files.emplace(path, specification);
@@ -156,8 +157,7 @@ std::optional<Object> AttachmentMaker::Make(const AttachmentMark& mark, const Sh
         "/FileAttachment", PageRectangle(mark.x, mark.y, mark.x + kIconWidth, mark.y + kIconHeight, sheet.unit), sheet);
     annotation.replaceKey("/FS", *specification);
     annotation.replaceKey("/Name", Object::newName("/Paperclip"));
-    annotation.replaceKey("/Contents",
-                          Object::newUnicodeString(std::filesystem::path(mark.filePath).filename().string()));
+    annotation.replaceKey("/Contents", Object::newUnicodeString(base::ToText(base::ToPath(mark.filePath).filename())));
     annotation.replaceKey("/AP", Appearance(Icon()));
     return m_pdf.makeIndirectObject(annotation);
 }

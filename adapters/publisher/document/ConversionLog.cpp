@@ -1,5 +1,6 @@
 #include "document/ConversionLog.h"
 
+#include "base/files/Paths.h"
 #include "base/files/PrivateFolder.h"
 #include "base/process/ThisProcess.h"
 #include "base/text/Utf8.h"
@@ -47,9 +48,8 @@ ConversionLog::~ConversionLog()
 
 std::string ConversionLog::PathOf(const std::string& fileName) const
 {
-    return (std::filesystem::path(m_options.logFolder) /
-            (m_options.logFileName.empty() ? fileName : m_options.logFileName))
-        .string();
+    return base::ToText(base::ToPath(m_options.logFolder) /
+                        base::ToPath(m_options.logFileName.empty() ? fileName : m_options.logFileName));
 }
 
 void ConversionLog::OpenLog(const std::string& fileName, const std::string& applicationTitle)
@@ -90,11 +90,11 @@ bool ConversionLog::ShowLogFile(const std::string& fileName)
 {
     const std::string path = PathOf(fileName);
     std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error)) {
+    if (!std::filesystem::is_regular_file(base::ToPath(path), error)) {
         return false;
     }
     if (!m_desktop.OpenDocument(path) && m_options.printLog) {
-        std::ifstream file(path, std::ios::binary);
+        std::ifstream file(base::ToPath(path), std::ios::binary);
         m_options.printLog(std::string(std::istreambuf_iterator<char>(file), {}));
     }
     return true;

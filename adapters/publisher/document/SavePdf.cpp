@@ -1,5 +1,6 @@
 #include "document/SavePdf.h"
 
+#include "base/files/Paths.h"
 #include "document/PdfAssembly.h"
 #include "document/SheetTitle.h"
 #include "pages/GhostscriptDriver.h"
@@ -36,7 +37,7 @@ public:
                                                                         : PublishStatus::WorkFolderUnusable,
                                  fmt::format("{} could not be made: {}. Free some space or set TMPDIR to a folder "
                                              "that can be written.",
-                                             m_path.string(), error.message()));
+                                             base::ToText(m_path), error.message()));
         }
     }
     RunFolder(const RunFolder&) = delete;
@@ -46,7 +47,7 @@ public:
         std::error_code error;
         fs::remove_all(m_path, error);
     }
-    [[nodiscard]] std::string Path() const { return m_path.string(); }
+    [[nodiscard]] std::string Path() const { return base::ToText(m_path); }
 
 private:
     fs::path m_path;
@@ -95,12 +96,12 @@ std::chrono::microseconds Since(Clock::time_point start)
 
 bool LiesIn(const std::string& path, const std::string& folder)
 {
-    return fs::path(path).parent_path() == fs::path(folder);
+    return base::ToPath(path).parent_path() == base::ToPath(folder);
 }
 
 void CopyFile(const std::string& from, const std::string& to)
 {
-    std::ifstream source(from, std::ios::binary);
+    std::ifstream source(base::ToPath(from), std::ios::binary);
     TargetFile target(to);
     std::string block(1 << 18, '\0');
     while (source.read(block.data(), static_cast<std::streamsize>(block.size())), source.gcount() > 0) {
@@ -115,10 +116,10 @@ void CopyFile(const std::string& from, const std::string& to)
 void MoveFile(const std::string& from, const std::string& to)
 {
     std::error_code error;
-    fs::rename(from, to, error);
+    fs::rename(base::ToPath(from), base::ToPath(to), error);
     if (error) {
         CopyFile(from, to); // another file system
-        fs::remove(from, error);
+        fs::remove(base::ToPath(from), error);
     }
 }
 
@@ -133,7 +134,7 @@ SaveReport SavePages(const SaveRequest& request, IPageMaker& pageMaker)
     std::vector<std::unique_ptr<RunFolder>> folders;
     for (const Group& group : GroupPages(request.pages, assembly.pages)) {
         folders.push_back(
-            std::make_unique<RunFolder>(fs::path(request.workFolder) / fmt::format("run-{}", folders.size() + 1)));
+            std::make_unique<RunFolder>(base::ToPath(request.workFolder) / fmt::format("run-{}", folders.size() + 1)));
         assembly.sources.push_back(pageMaker.MakePages(group.pages, group.jobOptions, folders.back()->Path()));
     }
     SaveReport report;
@@ -154,14 +155,14 @@ SaveReport SavePages(const SaveRequest& request, IPageMaker& pageMaker)
 
 void DisposePostScript(const SaveRequest& request, bool deletePs)
 {
-    const fs::path pdf(request.pdfPath);
+    const fs::path pdf = base::ToPath(request.pdfPath);
     for (const DocumentPage& page : request.pages) {
         const std::string& path = page.source.psPath;
-        const std::string kept =
-            (pdf.parent_path() / fmt::format("{}-{}.ps", pdf.stem().string(), page.source.number)).string();
+        const std::string kept = base::ToText(
+            pdf.parent_path() / base::ToPath(fmt::format("{}-{}.ps", base::ToText(pdf.stem()), page.source.number)));
         try {
             if (deletePs) {
-                fs::remove(path);
+                fs::remove(base::ToPath(path));
             } else if (LiesIn(path, request.workFolder)) {
                 MoveFile(path, kept);
                 request.note(fmt::format("The PostScript of page {} was kept as {}", page.source.number, kept));

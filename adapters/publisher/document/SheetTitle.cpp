@@ -1,5 +1,6 @@
 #include "document/SheetTitle.h"
 
+#include "base/files/Paths.h"
 #include "base/text/Utf8.h"
 #include "joboptions/JobOptionsValue.h"
 
@@ -54,7 +55,7 @@ std::string FindSheetTitle(std::string_view head)
 
 std::string ReadSheetTitle(const std::string& psPath)
 {
-    std::ifstream file(psPath, std::ios::binary);
+    std::ifstream file(base::ToPath(psPath), std::ios::binary);
     std::string head(kHeadBytes, '\0');
     file.read(head.data(), static_cast<std::streamsize>(head.size()));
     head.resize(static_cast<std::size_t>(file.gcount()));

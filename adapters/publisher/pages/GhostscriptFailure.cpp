@@ -118,7 +118,7 @@ void CheckPages(const DriverReport& report, const std::vector<PageSource>& pages
 
 std::size_t LineOfPosition(const std::string& path, long long position)
 {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(base::ToPath(path), std::ios::binary);
     if (position < 0 || position > kFarthestPosition || !file) {
         return 0;
     }

@@ -1,6 +1,7 @@
 #include "pages/GhostscriptPageMaker.h"
 
 #include "base/files/File.h"
+#include "base/files/Paths.h"
 #include "base/process/ChildProcess.h"
 #include "base/process/ThisProcess.h"
 #include "pages/GhostscriptDriver.h"
@@ -68,12 +69,12 @@ void LinkPages(const std::vector<PageSource>& pages, const std::filesystem::path
 {
     for (std::size_t i = 0; i < pages.size(); ++i) {
         std::error_code error;
-        std::filesystem::create_symlink(std::filesystem::absolute(pages[i].psPath, error), folder / PageFileName(i),
-                                        error);
+        std::filesystem::create_symlink(std::filesystem::absolute(base::ToPath(pages[i].psPath), error),
+                                        folder / PageFileName(i), error);
         if (error) {
             throw PublishFailure(PublishStatus::WorkFolderUnusable,
                                  fmt::format("{} could not be written: {}. Set TMPDIR to a folder that can be written.",
-                                             (folder / PageFileName(i)).string(), error.message()));
+                                             base::ToText(folder / PageFileName(i)), error.message()));
         }
     }
 }
@@ -130,20 +131,20 @@ public:
         }
         const std::uintmax_t bytes = InputBytes(pages);
         const std::string nonce = MakeNonce();
-        const std::filesystem::path place(folder);
+        const std::filesystem::path place = base::ToPath(folder);
         LinkPages(pages, place);
         std::error_code error;
         std::filesystem::create_directory(place / kTemporaryName, error);
         std::string settings = jobOptions;
         command.arguments = Arguments(pages, TakeColorConversion(settings));
-        WriteDriver((place / kDriverName).string(), DriverProgram(pages, settings, nonce));
+        WriteDriver(base::ToText(place / kDriverName), DriverProgram(pages, settings, nonce));
         command.environment = Environment();
         command.workingFolder = folder;
         command.keptLines = nonce;
         command.limits = Limits(bytes);
         const base::ChildResult result = base::RunChild(command);
-        CheckRun(result, ReadDriverOutput(result.output, nonce), pages, folder, (place / kOutputName).string());
-        return {(place / kOutputName).string(), nullptr};
+        CheckRun(result, ReadDriverOutput(result.output, nonce), pages, folder, base::ToText(place / kOutputName));
+        return {base::ToText(place / kOutputName), nullptr};
     }
 
 private:

@@ -1,5 +1,8 @@
 #include "pdf/PdfName.h"
 
+#include "base/files/Paths.h"
+#include "base/text/Names.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <string_view>
@@ -13,9 +16,7 @@ constexpr std::string_view kDrawingExtensions[] = {".dwg", ".dxf", ".dws", ".dwt
 
 bool EndsWith(std::string_view text, std::string_view ending)
 {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return text.size() >= ending.size() &&
-           std::ranges::equal(text.substr(text.size() - ending.size()), ending, {}, lower, lower);
+    return text.size() >= ending.size() && base::SameAscii(text.substr(text.size() - ending.size()), ending);
 }
 
 std::string WithPdfExtension(std::string name)
@@ -32,7 +33,7 @@ std::string WithPdfExtension(std::string name)
 bool IsFolder(const std::string& path)
 {
     std::error_code error;
-    return path.ends_with('/') || std::filesystem::is_directory(path, error);
+    return path.ends_with('/') || std::filesystem::is_directory(base::ToPath(path), error);
 }
 
 Message FolderMessage(const std::string& path, const std::string& title)

@@ -1,5 +1,7 @@
 #include "screen/ScreenProbe.h"
 
+#include "base/files/Paths.h"
+
 #include <QGuiApplication>
 #include <QLibraryInfo>
 
@@ -54,7 +56,7 @@ bool HasPlatformPlugin(const std::string& name)
         return false;
     const std::string folder = QLibraryInfo::path(QLibraryInfo::PluginsPath).toStdString();
     std::error_code ignored;
-    return std::filesystem::exists(folder + "/platforms/libq" + name + ".so", ignored);
+    return std::filesystem::exists(base::ToPath(folder + "/platforms/libq" + name + ".so"), ignored);
 }
 
 [[noreturn]] void StartAndLeave()

@@ -1,10 +1,10 @@
 #include "fonts/FontFolders.h"
 
+#include "base/files/FolderNames.h"
+#include "base/files/Paths.h"
 #include "base/text/Names.h"
 
 #include <cstdlib>
-#include <cstring>
-#include <dirent.h>
 #include <filesystem>
 #include <fontconfig/fontconfig.h>
 #include <memory>
@@ -55,14 +55,15 @@ void ScanFolder(const std::string& folder, Files& files)
 {
     namespace fs = std::filesystem;
     std::error_code error;
-    fs::recursive_directory_iterator at(folder, fs::directory_options::skip_permission_denied, error), end;
+    fs::recursive_directory_iterator at(base::ToPath(folder), fs::directory_options::skip_permission_denied, error),
+        end;
     for (; !error && at != end; at.increment(error)) {
         if (at.depth() > 6) {
             at.disable_recursion_pending();
         }
-        const std::string name = base::FoldCase(at->path().filename().string());
+        const std::string name = base::FoldCase(base::ToText(at->path().filename()));
         if (IsFontFile(name)) {
-            files.try_emplace(name, at->path().string());
+            files.try_emplace(name, base::ToText(at->path()));
         }
     }
 }
@@ -131,15 +132,13 @@ const std::string* FontFolders::Named(std::string_view fileName)
 FontFolders::Files FontFolders::FilesIn(const std::string& folder)
 {
     Files files;
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
-    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
+    base::VisitNames(folder, [&](const base::FolderName& entry) {
         // Drawings lie by the thousand in one folder: most names are passed over before they are copied.
-        const std::size_t length = std::strlen(entry->d_name);
-        if (length < 5 || !IsFontFile(base::FoldCase({entry->d_name + length - 4, 4}))) {
-            continue;
+        const std::string_view name = entry.Text();
+        if (name.size() >= 5 && IsFontFile(base::LowerAscii(name.substr(name.size() - 4)))) {
+            files.try_emplace(base::FoldCase(name), folder + "/" + std::string(name));
         }
-        files.try_emplace(base::FoldCase(entry->d_name), folder + "/" + entry->d_name);
-    }
+    });
     return files;
 }
 

@@ -1,5 +1,6 @@
 #include "fonts/FontMap.h"
 
+#include "base/files/Paths.h"
 #include "base/text/Names.h"
 #include "base/text/Utf8.h"
 
@@ -131,7 +132,7 @@ void FontMap::Add(std::string_view text)
 
 bool FontMap::AddFile(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(base::ToPath(path), std::ios::binary);
     std::ostringstream text;
     if (!file || !(text << file.rdbuf())) {
         return false;

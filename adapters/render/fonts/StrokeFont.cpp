@@ -1,5 +1,6 @@
 #include "fonts/StrokeFont.h"
 
+#include "base/files/Paths.h"
 #include "fonts/FontNames.h"
 
 #include <algorithm>
@@ -46,7 +47,7 @@ std::unique_ptr<StrokeFont> StrokeFont::Open(const std::string& path)
     if (EndingOf(path) == ".shx") {
         return FromShapes(ShapeFile::Open(path), SafeName(path));
     }
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(base::ToPath(path), std::ios::binary);
     std::ostringstream text;
     if (!file || !(text << file.rdbuf())) {
         return nullptr;

@@ -1,5 +1,6 @@
 #include "render/References.h"
 
+#include "base/files/Paths.h"
 #include "images/ReferenceParts.h"
 
 #include <algorithm>
@@ -14,7 +15,7 @@ constexpr std::size_t kMostKept = std::size_t{128} << 20; ///< bytes of pictures
 
 std::string FolderOf(const std::string& path)
 {
-    return std::filesystem::path(path).parent_path().string();
+    return base::ToText(base::ToPath(path).parent_path());
 }
 
 } // namespace
@@ -56,9 +57,9 @@ References::References(const drawing::Drawing& drawing, std::shared_ptr<Shared> 
     : m_parts(std::make_unique<Parts>(drawing, std::move(shared)))
 {
     std::error_code error;
-    const std::filesystem::path canonical = std::filesystem::weakly_canonical(path, error);
+    const std::filesystem::path canonical = std::filesystem::weakly_canonical(base::ToPath(path), error);
     m_parts->host = host;
-    m_parts->path = error ? path : canonical.string();
+    m_parts->path = error ? path : base::ToText(canonical);
     m_parts->places = {FolderOf(path), m_parts->shared->options.supportFolders};
 }
 

@@ -1,5 +1,7 @@
 #include "images/ReferenceParts.h"
 
+#include "base/files/Paths.h"
+
 #include <algorithm>
 #include <array>
 #include <filesystem>
@@ -70,7 +72,7 @@ bool References::IsXref(std::uint32_t block) const
 bool References::IsOpenAbove(const std::string& path) const
 {
     std::error_code error;
-    const std::string canonical = std::filesystem::weakly_canonical(path, error).string();
+    const std::string canonical = base::ToText(std::filesystem::weakly_canonical(base::ToPath(path), error));
     for (const References* at = this; at != nullptr; at = at->m_parts->host) {
         if (at->m_parts->path == (error ? path : canonical)) {
             return true;
@@ -109,7 +111,7 @@ std::unique_ptr<References::Xref> References::OpenXref(const drawing::Block& blo
         return nullptr;
     }
     std::error_code error;
-    const std::uint64_t size = std::filesystem::file_size(path, error);
+    const std::uint64_t size = std::filesystem::file_size(base::ToPath(path), error);
     Shared& shared = *m_parts->shared;
     if (error || shared.xrefs >= kMostXrefs || size > kMostXrefBytes - shared.xrefBytes) {
         Report(ReferenceFinding::kLeftOut, name + "is left out: too many drawings are referred to");

@@ -1,5 +1,6 @@
 #include "render/Style.h"
 
+#include "base/text/Names.h"
 #include "drawing/entities/Entity.h"
 #include "ink/Palette.h"
 
@@ -13,10 +14,7 @@ constexpr double kDefaultLineweight = 0.25; // mm, for entities and layers that 
 
 bool NeverPlots(const std::string& layerName)
 {
-    constexpr std::string_view kDefpoints = "defpoints";
-    return layerName.size() == kDefpoints.size() &&
-           std::equal(layerName.begin(), layerName.end(), kDefpoints.begin(),
-                      [](char a, char b) { return (a >= 'A' && a <= 'Z' ? static_cast<char>(a + 32) : a) == b; });
+    return base::SameName(layerName, "Defpoints");
 }
 
 // Some programs write index 7 as the true colour white as well: that is the colour of the pen, black on paper. A white

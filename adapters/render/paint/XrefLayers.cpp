@@ -1,5 +1,6 @@
 #include "paint/XrefLayers.h"
 
+#include "base/text/Names.h"
 #include "drawing/TextDecoder.h"
 
 #include <unordered_map>
@@ -14,7 +15,7 @@ template <class Entries> Names NamesOf(const Entries& entries)
 {
     Names names;
     for (std::uint32_t i = 0; i < entries.size(); ++i) {
-        names.emplace(drawing::FoldName(entries[i].name), i);
+        names.emplace(base::FoldCase(entries[i].name), i);
     }
     return names;
 }
@@ -23,9 +24,9 @@ template <class Entries> Names NamesOf(const Entries& entries)
 /// references bears the same name everywhere.
 const std::uint32_t* InHost(const Names& host, const std::string& prefix, const std::string& name)
 {
-    auto found = host.find(drawing::FoldName(prefix + "|" + name));
+    auto found = host.find(base::FoldCase(prefix + "|" + name));
     if (found == host.end() && name.find('|') != std::string::npos) {
-        found = host.find(drawing::FoldName(name));
+        found = host.find(base::FoldCase(name));
     }
     return found == host.end() ? nullptr : &found->second;
 }
@@ -34,7 +35,7 @@ const std::uint32_t* InHost(const Names& host, const std::string& prefix, const 
 class LinetypeMap {
 public:
     LinetypeMap(const drawing::Drawing& host, const References::Xref& xref)
-        : m_host(host), m_prefix(drawing::FoldName(xref.prefix + "|")), m_names(NamesOf(xref.file->Linetypes()))
+        : m_host(host), m_prefix(base::FoldCase(xref.prefix + "|")), m_names(NamesOf(xref.file->Linetypes()))
     {
     }
     [[nodiscard]] std::uint32_t ToXref(std::uint32_t linetype) const
@@ -42,7 +43,7 @@ public:
         if (linetype <= kContinuous || linetype >= m_host.Linetypes().size()) {
             return linetype <= kContinuous ? linetype : kContinuous;
         }
-        std::string name = drawing::FoldName(m_host.Linetypes()[linetype].name);
+        std::string name = base::FoldCase(m_host.Linetypes()[linetype].name);
         if (name.starts_with(m_prefix)) {
             name.erase(0, m_prefix.size());
         }

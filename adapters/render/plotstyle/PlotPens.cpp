@@ -1,5 +1,6 @@
 #include "plotstyle/PlotPens.h"
 
+#include "base/text/Names.h"
 #include "base/text/Utf8.h"
 #include "drawing/TextDecoder.h"
 
@@ -85,9 +86,9 @@ PlotPen PenOf(const PlotStyle& style, const PlotStyleTable& table)
 std::string Folded(const std::string& name, const std::string& codePage)
 {
     if (base::IsUtf8(name)) {
-        return drawing::FoldName(name);
+        return base::FoldCase(name);
     }
-    return drawing::FoldName(drawing::TextDecoder(drawing::ConverterName(codePage), false).Decode(name));
+    return base::FoldCase(drawing::TextDecoder(drawing::ConverterName(codePage), false).Decode(name));
 }
 
 bool HasDiamond(const PlotStyle& style)
@@ -123,7 +124,7 @@ PlotPens::PlotPens(const PlotStyleTable& table, const std::vector<drawing::PlotS
         folded.push_back(Folded(style.name, codePage));
     }
     const auto find = [&](const std::string& name) -> const PlotStyle* {
-        const auto at = std::find(folded.begin(), folded.end(), drawing::FoldName(name));
+        const auto at = std::find(folded.begin(), folded.end(), base::FoldCase(name));
         return at == folded.end() ? nullptr : &table.styles[static_cast<std::size_t>(at - folded.begin())];
     };
     if (const PlotStyle* normal = find("Normal")) {
@@ -132,7 +133,7 @@ PlotPens::PlotPens(const PlotStyleTable& table, const std::vector<drawing::PlotS
     for (const drawing::PlotStyleName& name : names) {
         const PlotStyle* style = find(name.name);
         m_pens.push_back(style != nullptr ? PenOf(*style, table) : m_pens[0]);
-        if (style == nullptr && drawing::FoldName(name.name) != drawing::FoldName("Normal")) {
+        if (style == nullptr && !base::SameName(name.name, "Normal")) {
             m_missing.push_back(name.name);
         }
     }

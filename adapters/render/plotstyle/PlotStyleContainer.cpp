@@ -1,6 +1,7 @@
 // Files of plot styles begin with a line "PIAFILEVERSION_2.0,CTBVER1,compress" and the codec's name; then come three
 // words of four bytes, low byte first (the Adler-32 sum of what follows, its size as text, its size in the file), and a
 // zlib stream. Other programs write the text as it is, with the first line or without.
+#include "base/files/Paths.h"
 #include "plotstyle/PlotStyleText.h"
 #include "render/PlotStyleTable.h"
 
@@ -96,7 +97,7 @@ PlotStyleContent UnpackPlotStyleFile(std::string_view bytes, const std::string& 
 
 PlotStyleTable ReadPlotStyleTable(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(base::ToPath(path), std::ios::binary);
     std::string bytes(kLargestFile + 1, '\0');
     file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     if (file.bad() || !file.is_open() || file.gcount() == 0) {

@@ -1,5 +1,6 @@
 #include "render/PlotStyleTable.h"
 
+#include "base/text/Names.h"
 #include "plotstyle/PlotStyleText.h"
 
 #include <algorithm>
@@ -141,11 +142,9 @@ void ReadLineweights(const PlotStyleGroup& lineweights, PlotStyleTable& table)
     }
 }
 
-bool EndsWith(const std::string& path, std::string_view extension)
+bool EndsWith(std::string_view path, std::string_view extension)
 {
-    return path.size() >= extension.size() &&
-           std::equal(extension.begin(), extension.end(), path.end() - static_cast<std::ptrdiff_t>(extension.size()),
-                      [](char e, char p) { return e == (p >= 'A' && p <= 'Z' ? static_cast<char>(p + 32) : p); });
+    return path.size() >= extension.size() && base::SameAscii(path.substr(path.size() - extension.size()), extension);
 }
 
 } // namespace

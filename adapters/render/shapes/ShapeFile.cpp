@@ -1,5 +1,7 @@
 #include "shapes/ShapeFile.h"
 
+#include "base/files/Paths.h"
+
 #include <fstream>
 #include <iterator>
 
@@ -10,20 +12,11 @@ namespace {
 constexpr std::size_t kLargestFile = 16'000'000;
 constexpr char kHeadEnd = '\x1A';
 
-std::string Capitals(std::string_view name)
-{
-    std::string result(name);
-    for (char& c : result) {
-        c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
-    }
-    return result;
-}
-
 } // namespace
 
 std::unique_ptr<ShapeFile> ShapeFile::Open(const std::string& path)
 {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(base::ToPath(path), std::ios::binary);
     if (!file) {
         return nullptr;
     }
@@ -60,7 +53,7 @@ void ShapeFile::Add(std::uint16_t number, std::size_t at, std::size_t length)
     }
     m_codes.emplace(number, shape.substr(end + 1));
     if (end > 0) {
-        m_names.emplace(Capitals(shape.substr(0, end)), number);
+        m_names.emplace(base::UpperAscii(shape.substr(0, end)), number);
     }
 }
 
@@ -107,7 +100,7 @@ bool ShapeFile::IndexUnifont(std::size_t at)
 
 std::uint16_t ShapeFile::NumberOf(std::string_view name) const
 {
-    const auto found = m_names.find(Capitals(name));
+    const auto found = m_names.find(base::UpperAscii(name));
     return found == m_names.end() ? std::uint16_t{0} : found->second;
 }
 

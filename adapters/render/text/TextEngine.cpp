@@ -1,3 +1,4 @@
+#include "base/files/Paths.h"
 #include "drawing/entities/Texts.h"
 #include "text/LineLayout.h"
 #include "text/MTextLayout.h"
@@ -63,7 +64,7 @@ std::string ShippedFolder()
     for (fs::path at = program.parent_path(); at.has_relative_path(); at = at.parent_path()) {
         const fs::path share = at / "share" / "sheetmaker-pdf";
         if (fs::exists(share / "fonts.map", error)) {
-            return share.string();
+            return base::ToText(share);
         }
     }
     return "/usr/share/sheetmaker-pdf";

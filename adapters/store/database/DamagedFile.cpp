@@ -1,11 +1,7 @@
 #include "database/DamagedFile.h"
 
+#include "base/files/Paths.h"
 #include "database/SettingsSchema.h"
-
-#include <cerrno>
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace sm::store {
 namespace {
@@ -17,6 +13,12 @@ std::string ForeignReason(Database& database)
     if (database.Number("SELECT count(*) FROM sqlite_master") == 0)
         return {};
     return "it belongs to another program";
+}
+
+std::filesystem::path WithEnding(std::filesystem::path file, const char* ending)
+{
+    file += ending;
+    return file;
 }
 
 void RenameIfThere(const std::filesystem::path& from, const std::filesystem::path& to)
@@ -45,38 +47,23 @@ std::string DamageOf(Database& database)
 
 std::string DamageOf(const std::filesystem::path& file)
 {
-    Database database(file.string(), Database::Mode::Existing);
+    Database database(base::ToText(file), Database::Mode::Existing);
     return DamageOf(database);
 }
 
 std::filesystem::path MoveAside(const std::filesystem::path& file)
 {
-    const std::string stem = file.stem().string() + "-damaged-";
+    const std::string stem = base::ToText(file.stem()) + "-damaged-";
     for (int number = 1;; ++number) {
         std::filesystem::path target = file;
-        target.replace_filename(stem + std::to_string(number) + file.extension().string());
+        target.replace_filename(base::ToPath(stem + std::to_string(number) + base::ToText(file.extension())));
         if (std::filesystem::exists(target))
             continue;
-        RenameIfThere(file.string() + "-wal", target.string() + "-wal");
-        RenameIfThere(file.string() + "-shm", target.string() + "-shm");
+        RenameIfThere(WithEnding(file, "-wal"), WithEnding(target, "-wal"));
+        RenameIfThere(WithEnding(file, "-shm"), WithEnding(target, "-shm"));
         std::filesystem::rename(file, target);
         return target;
     }
-}
-
-FolderLock::FolderLock(const std::filesystem::path& folder)
-    : m_descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
-{
-    if (m_descriptor < 0)
-        return;
-    while (flock(m_descriptor, LOCK_EX) != 0 && errno == EINTR) {
-    }
-}
-
-FolderLock::~FolderLock()
-{
-    if (m_descriptor >= 0)
-        close(m_descriptor);
 }
 
 } // namespace sm::store

@@ -17,16 +17,4 @@ std::string DamageOf(const std::filesystem::path& file);
 /// gives the new path. Throws std::filesystem::filesystem_error.
 std::filesystem::path MoveAside(const std::filesystem::path& file);
 
-/// Lets one process at a time make, check or put aside the files of a folder. The lock ends with the process.
-class FolderLock {
-public:
-    explicit FolderLock(const std::filesystem::path& folder);
-    ~FolderLock();
-    FolderLock(const FolderLock&) = delete;
-    FolderLock& operator=(const FolderLock&) = delete;
-
-private:
-    int m_descriptor;
-};
-
 } // namespace sm::store

@@ -1,6 +1,6 @@
 #include "store/OverlayRegistry.h"
 
-#include "database/FoldCase.h"
+#include "database/KeyPath.h"
 
 #include <algorithm>
 

@@ -1,7 +1,9 @@
 #include "store/SettingsFile.h"
 
+#include "base/files/FolderLock.h"
+#include "base/files/Paths.h"
 #include "database/DamagedFile.h"
-#include "database/FoldCase.h"
+#include "database/KeyPath.h"
 #include "database/SettingsSchema.h"
 
 #include <sys/stat.h>
@@ -112,13 +114,13 @@ void SettingsFile::Complain(const std::string& text)
 void SettingsFile::PutAside(const std::string& reason)
 {
     m_database.reset();
-    const FolderLock lock(m_file.parent_path());
+    const base::FolderLock lock(base::ToText(m_file.parent_path()));
     // Another process may have been faster: the file that stands there now may be a good one.
     if (FileNumber(m_file) == 0 || DamageOf(m_file).empty())
         return;
     const std::filesystem::path kept = MoveAside(m_file);
-    Complain("The settings file " + m_file.string() + " can't be used: " + reason + ". It was kept as " +
-             kept.string() + " and the settings start anew.");
+    Complain("The settings file " + base::ToText(m_file) + " can't be used: " + reason + ". It was kept as " +
+             base::ToText(kept) + " and the settings start anew.");
 }
 
 bool SettingsFile::Ready(Database::Mode mode)
@@ -131,7 +133,7 @@ bool SettingsFile::Ready(Database::Mode mode)
     if (!m_database) {
         if (mode == Database::Mode::Create)
             MakeFolder(m_file.parent_path());
-        auto database = std::make_unique<Database>(m_file.string(), mode);
+        auto database = std::make_unique<Database>(base::ToText(m_file), mode);
         m_fileNumber = number != 0 ? number : FileNumber(m_file);
         const std::string damage = DamageOf(*database);
         if (!damage.empty()) {
@@ -144,12 +146,12 @@ bool SettingsFile::Ready(Database::Mode mode)
     }
     const std::int64_t version = m_database->Number("PRAGMA user_version");
     if (version == 0 && mode == Database::Mode::Create) {
-        const FolderLock lock(m_file.parent_path());
+        const base::FolderLock lock(base::ToText(m_file.parent_path()));
         MakeSchema(*m_database);
     }
     m_newer = version > kSchemaVersion;
     if (m_newer)
-        Complain("The settings file " + m_file.string() +
+        Complain("The settings file " + base::ToText(m_file) +
                  " was written by a later version; it is left as it is and the defaults are in force.");
     return !m_newer && (version != 0 || mode == Database::Mode::Create);
 }
@@ -177,7 +179,7 @@ bool SettingsFile::Do(Database::Mode mode, const Work& work)
             }
         }
     } catch (const std::exception& error) {
-        Complain("The settings file " + m_file.string() + " can't be used: " + error.what() + ".");
+        Complain("The settings file " + base::ToText(m_file) + " can't be used: " + error.what() + ".");
     }
     return false;
 }

@@ -1,6 +1,6 @@
 #include "store/ValueTable.h"
 
-#include "database/FoldCase.h"
+#include "database/KeyPath.h"
 
 #include <algorithm>
 

@@ -1,17 +1,12 @@
 #include "commandline/Suggest.h"
 
+#include "base/text/Names.h"
+
 #include <algorithm>
 #include <fmt/format.h>
 
 namespace sm::app {
 namespace {
-
-std::string Folded(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return text;
-}
 
 /// How many letters must be put in, left out, changed or swapped with their neighbour.
 std::size_t Distance(const std::string& from, const std::string& to)
@@ -39,14 +34,14 @@ std::string FindName(const std::string& wanted, const std::vector<std::string>& 
 {
     if (std::find(names.begin(), names.end(), wanted) != names.end())
         return wanted;
-    const auto found = std::find_if(names.begin(), names.end(),
-                                    [&](const std::string& name) { return Folded(name) == Folded(wanted); });
+    const auto found =
+        std::find_if(names.begin(), names.end(), [&](const std::string& name) { return base::SameName(name, wanted); });
     return found == names.end() ? std::string() : *found;
 }
 
 std::string NearestName(const std::string& wanted, const std::vector<std::string>& names)
 {
-    const std::string folded = Folded(wanted);
+    const std::string folded = base::FoldCase(wanted);
     if (folded.empty() || folded.size() > kLongestCompared)
         return {};
     std::string nearest;
@@ -54,7 +49,8 @@ std::string NearestName(const std::string& wanted, const std::vector<std::string
     for (const std::string& name : names) {
         if (name.size() > kLongestCompared)
             continue;
-        const std::size_t distance = Folded(name).starts_with(folded) ? 1 : Distance(folded, Folded(name));
+        const std::size_t distance =
+            base::FoldCase(name).starts_with(folded) ? 1 : Distance(folded, base::FoldCase(name));
         if (distance >= least)
             continue;
         least = distance;

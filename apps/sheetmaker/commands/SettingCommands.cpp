@@ -1,5 +1,6 @@
 #include "commands/SettingCommands.h"
 
+#include "base/text/Names.h"
 #include "commandline/ExitCodes.h"
 #include "commandline/Suggest.h"
 #include "preferences/SettingNames.h"
@@ -29,13 +30,6 @@ int UnknownSetting(const std::string& command, const std::string& name, std::ost
     err << "sheetmaker " << command << ": there is no setting \"" << name << "\""
         << (suggestion.empty() ? "; \"sheetmaker list\" shows them" : suggestion) << "\n";
     return kExitUsage;
-}
-
-std::string Folded(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    return text;
 }
 
 } // namespace
@@ -70,7 +64,7 @@ int RunList(IRegistry& registry, const ListJob& job, std::ostream& out, std::ost
 {
     bool any = false;
     for (const SettingName& setting : AllSettings()) {
-        if (Folded(setting.name).find(Folded(job.part)) == std::string::npos)
+        if (base::FoldCase(setting.name).find(base::FoldCase(job.part)) == std::string::npos)
             continue;
         any = true;
         const bool changed = !Stored(registry, setting).empty();

@@ -18,6 +18,8 @@ TEST(FindName, IgnoresLetterCaseButPrefersTheExactSpelling)
     for (const Row& row : rows)
         EXPECT_EQ(FindName(row.wanted, kNames), row.expected) << row.wanted;
     EXPECT_EQ(FindName("a", {"A", "a"}), "a");
+    EXPECT_EQ(FindName("план", {"Лист1", "ПЛАН"}), "ПЛАН");
+    EXPECT_EQ(FindName("GRUNDRI\u00DF \u00C4", {"Grundri\u00DF a\u0308"}), "Grundri\u00DF a\u0308");
 }
 
 TEST(NearestName, ForgivesAFewLetters)

@@ -1,5 +1,6 @@
 #include "drawing/dwg/Twins.h"
 
+#include "base/text/Names.h"
 #include "drawing/TextDecoder.h"
 
 #include <unordered_map>
@@ -13,7 +14,7 @@ std::string LayerName(const Drawing& drawing, std::uint32_t index)
 
 std::string LinetypeName(const Drawing& drawing, std::uint32_t index)
 {
-    return index < drawing.Linetypes().size() ? FoldName(drawing.Linetypes()[index].name) : "?";
+    return index < drawing.Linetypes().size() ? base::FoldCase(drawing.Linetypes()[index].name) : "?";
 }
 
 std::string StyleName(const Drawing& drawing, std::uint32_t index)

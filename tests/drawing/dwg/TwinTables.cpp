@@ -1,5 +1,6 @@
 #include "drawing/dwg/Twins.h"
 
+#include "base/text/Names.h"
 #include "drawing/Annotation.h"
 #include "drawing/TextDecoder.h"
 
@@ -97,7 +98,7 @@ void CompareLinetypes(const Pair& pair, Report& report, const std::string& name)
         report, "LTYPE", pair.dwg.Linetypes(), pair.dxf.Linetypes(), [](const Linetype& one) { return one.handle; },
         [&](const Linetype& a, const Linetype& b) {
             Fields fields(report, "LTYPE", name + " " + b.name);
-            fields.Is("name", FoldName(a.name), FoldName(b.name));
+            fields.Is("name", base::FoldCase(a.name), base::FoldCase(b.name));
             fields.Is("description", a.description, b.description);
             fields.Is("patternLength", a.patternLength, b.patternLength);
             fields.Each("elements", a.elements, b.elements, [&](const LinetypeElement& x, const LinetypeElement& y) {

@@ -1,6 +1,8 @@
 #include "drawing/DxfText.h"
 #include "drawing/entities/Entity.h"
 
+#include "tags/Source.h"
+
 #include <gmock/gmock.h>
 
 namespace sm::drawing::testing {
@@ -53,6 +55,22 @@ TEST(Layers, AreFoundWhateverTheirLetterCase)
         layers.push_back(entity.layer);
     }
     EXPECT_EQ(layers, (std::vector<std::uint32_t>{1, 1, 0}));
+}
+
+TEST(Layers, AreFoundInEveryAlphabet)
+{
+    const auto drawing = DxfText()
+                             .Header("AC1021")
+                             .Section("TABLES")
+                             .Raw("0\nLAYER\n2\nПЛАН Ґ\n0\nLAYER\n2\nԱԲ\n0\nLAYER\n2\n\u00C9tage\n")
+                             .EndSection()
+                             .End()
+                             .Open();
+    const NameTable& names = drawing->Tags().layers;
+    EXPECT_EQ(names.FindUtf8("план ґ"), 1U);
+    EXPECT_EQ(names.FindUtf8("աբ"), 2U);
+    EXPECT_EQ(names.FindUtf8("e\u0301TAGE"), 3U);
+    EXPECT_EQ(names.FindUtf8("план"), std::nullopt);
 }
 
 TEST(Layers, SignsOfAConverterThatMarksAllAsOffAreIgnored)

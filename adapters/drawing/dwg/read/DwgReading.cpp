@@ -1,5 +1,6 @@
 #include "dwg/read/DwgReading.h"
 
+#include "base/text/Names.h"
 #include "drawing/TextDecoder.h"
 #include "dwg/read/ReadDwg.h"
 
@@ -120,14 +121,14 @@ void DwgReading::NameBlocks()
     std::unordered_map<std::string, int> numbers;
     for (const Handle handle : EntriesOf(Table::Block)) {
         std::string& name = m_names.entries[handle];
-        const std::string folded = FoldName(name);
-        if (folded == "*MODEL_SPACE" && m_names.modelSpace == 0)
+        const std::string folded = base::FoldCase(name);
+        if (folded == "*model_space" && m_names.modelSpace == 0)
             m_names.modelSpace = handle;
-        if (folded == "*PAPER_SPACE" && m_names.paperSpace == 0)
+        if (folded == "*paper_space" && m_names.paperSpace == 0)
             m_names.paperSpace = handle;
         if (name.size() == 2 && name.starts_with('*'))
             name += std::to_string(++numbers[folded]);
-        else if (folded == "*PAPER_SPACE" && handle != m_names.paperSpace)
+        else if (folded == "*paper_space" && handle != m_names.paperSpace)
             name += std::to_string(numbers[folded]++);
     }
 }

@@ -43,7 +43,4 @@ private:
 /// "^J", "^I", "^M" and "^ " as the characters they stand for (tab, line feed, return, caret); other carets stay.
 void DecodeCarets(std::string& text);
 
-/// Letters folded so that names that differ in case alone are equal (Latin, Greek, Cyrillic).
-std::string FoldName(std::string_view utf8);
-
 } // namespace sm::drawing

@@ -27,6 +27,8 @@ FileFacts FactsOf(const std::string& path, std::error_code& error);
 /// May this process read it, write it? `error` says why not.
 bool MayRead(const std::string& path, std::error_code& error);
 bool MayWrite(const std::string& path, std::error_code& error);
+/// May it make files in that folder?
+bool MayMakeFilesIn(const std::string& folder, std::error_code& error);
 
 /// Is the file marked as not to be written by anybody, whoever asks?
 bool IsWriteProtected(const std::string& path);

@@ -1,4 +1,4 @@
-#include "database/FoldCase.h"
+#include "database/KeyPath.h"
 
 #include <gtest/gtest.h>
 
