@@ -19,6 +19,7 @@ ROOMS = {
     "drawing": ((), {
         "tags": (),
         "entities": ("tags",),
+        "graphics": ("tags", "entities"),
         "acis": ("tags", "entities"),
         "model": ("tags", "entities"),
         "tables": ("tags", "model"),
@@ -39,14 +40,14 @@ ROOMS = {
     }),
     "render": (("process", "drawing"), {
         "geometry": (),
-        "shapes": ("text",),
+        "shapes": (),
         "fonts": ("shapes", "text"),
         "text": ("fonts",),
         "images": (),
         "ink": ("geometry",),
         "plotstyle": ("ink",),
         "notes": ("geometry",),
-        "context": ("geometry", "ink", "plotstyle", "shapes"),
+        "context": ("fonts", "geometry", "ink", "plotstyle"),
         "families": ("context", "geometry", "ink", "notes"),
         "paint": ("*",),
     }),
@@ -179,19 +180,73 @@ def check_arrows(source):
 GENERATED = {"TarnwickSmPubAcad.h"}
 
 
+# Circles that stand until their rooms are rebuilt. A new one is a finding, and so is one that grows.
+KNOWN_CIRCLES = (
+    # The document and its parts know each other; they are to be split by what they write.
+    {"adapters/publisher/document/Annotations", "adapters/publisher/document/MarkWriter",
+     "adapters/publisher/document/PdfAssembly", "adapters/publisher/document/StampWriter"},
+    {"adapters/publisher/document/PubDoc", "adapters/publisher/document/SavePdf"},
+    # The windows of attachments and signatures open each other through what they share.
+    {"src/ui/frmAttach", "src/ui/frmDigSig", "src/ui/frmGUITap", "src/ui/mdlGUITap"},
+    # A run and its surroundings, until one session holds both.
+    {"apps/sheetmaker/run/DrawingRun", "apps/sheetmaker/run/Surrounded"},
+)
+
+
+def node_of(name):
+    """A source and its own inside header are one file in two parts. A public header is a contract that a source may
+    stand behind, and a node of its own; so is a source whose header is public."""
+    parts = name.split("/")
+    if parts[0] != "src" and len(parts) > 2 and parts[2] == "include":
+        return name
+    return os.path.splitext(name)[0]
+
+
+def merged(graph):
+    """The graph of nodes, without what a node has of itself."""
+    nodes = {}
+    for name, others in graph.items():
+        node = node_of(name)
+        nodes.setdefault(node, set()).update(node_of(other) for other in others)
+    for node, others in nodes.items():
+        others.discard(node)
+    return nodes
+
+
+def components(graph):
+    """Sets of nodes that reach each other (Tarjan), without recursion."""
+    index, low, on_stack, stack, found = {}, {}, set(), [], []
+    for root in sorted(graph):
+        if root in index:
+            continue
+        work = [(root, iter(sorted(graph.get(root, ()))))]
+        index[root] = low[root] = len(index)
+        stack.append(root)
+        on_stack.add(root)
+        while work:
+            node, others = work[-1]
+            other = next(others, None)
+            if other is None:
+                work.pop()
+                if work:
+                    low[work[-1][0]] = min(low[work[-1][0]], low[node])
+                if low[node] == index[node]:
+                    at = stack.index(node)
+                    found.append(stack[at:])
+                    on_stack.difference_update(stack[at:])
+                    del stack[at:]
+            elif other not in index:
+                index[other] = low[other] = len(index)
+                stack.append(other)
+                on_stack.add(other)
+                work.append((other, iter(sorted(graph.get(other, ())))))
+            elif other in on_stack:
+                low[node] = min(low[node], index[other])
+    return found
+
+
 def circles(graph):
-    """No file may reach itself."""
-    done = set()
-
-    def visit(node, path):
-        if node in path:
-            yield "circle of includes: " + " -> ".join(path[path.index(node):] + [node])
-            return
-        if node in done:
-            return
-        for other in graph.get(node, []):
-            yield from visit(other, path + [node])
-        done.add(node)
-
-    for node in graph:
-        yield from visit(node, [])
+    """No file may reach itself, a source and its own header counted as one."""
+    for component in components(merged(graph)):
+        if len(component) > 1 and not any(known.issuperset(component) for known in KNOWN_CIRCLES):
+            yield "circle of includes: " + ", ".join(sorted(component))

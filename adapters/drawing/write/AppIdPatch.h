@@ -1,7 +1,8 @@
 // Registers application names: entries of the APPID table and the handle seed.
 #pragma once
 
-#include "write/RecordPatch.h"
+#include "model/Model.h"
+#include "write/Edit.h"
 #include "write/TagWriter.h"
 
 namespace sm::drawing {

@@ -2,18 +2,13 @@
 #pragma once
 
 #include "model/Model.h"
+#include "write/Edit.h"
 
 #include <map>
 #include <string>
 #include <vector>
 
 namespace sm::drawing {
-
-/// Bytes [at, at + removed) of the file give way to `bytes`.
-struct Edit {
-    std::uint64_t at = 0, removed = 0;
-    std::string bytes;
-};
 
 /// Records by application; an empty list removes the record.
 using RecordChanges = std::map<std::string, std::vector<XDataItem>>;

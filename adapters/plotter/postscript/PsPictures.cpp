@@ -1,7 +1,6 @@
 #include "postscript/PsPictures.h"
 
 #include "base/text/NumberText.h"
-#include "postscript/PsWriter.h"
 
 #include <array>
 #include <libdeflate.h>
@@ -113,24 +112,6 @@ std::size_t PsPictures::Add(const render::Picture& picture)
         m_text.Append("def\n" + Dictionary(picture, name, isJpeg) + "%%EndResource\n");
     }
     return at->second;
-}
-
-void PsWriter::Image(const render::Picture& picture, const render::Matrix2& toPaper, std::uint32_t color)
-{
-    EnterLayer();
-    EndStroke();
-    const std::size_t number = m_pictures.Add(picture);
-    if (picture.form == Form::Mask) {
-        SetColor(color, false);
-    }
-    SetTransparency(color);
-    Write("q");
-    for (const double value : {toPaper.a, toPaper.b, toPaper.c, toPaper.d, toPaper.e, toPaper.f}) {
-        WriteNumber(value * m_dots, 3);
-    }
-    Write("cm");
-    Write(("/I" + Number(static_cast<std::int32_t>(number)) + " Do").c_str());
-    Write("Q");
 }
 
 } // namespace sm::plotter
