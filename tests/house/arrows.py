@@ -41,7 +41,7 @@ ROOMS = {
     "render": (("process", "drawing"), {
         "geometry": (),
         "shapes": (),
-        "fonts": ("shapes", "text"),
+        "fonts": ("shapes",),
         "text": ("fonts",),
         "images": (),
         "ink": ("geometry",),

@@ -2,7 +2,7 @@
 
 #include "base/text/Names.h"
 #include "fonts/FontNames.h"
-#include "text/Unicode.h"
+#include "fonts/Unicode.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "base/text/Utf8.h"
 #include "text/TextCodes.h"
-#include "text/Unicode.h"
+#include "fonts/Unicode.h"
 
 namespace sm::render {
 

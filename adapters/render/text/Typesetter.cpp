@@ -2,7 +2,7 @@
 
 #include "base/Units.h"
 #include "base/text/Utf8.h"
-#include "text/Unicode.h"
+#include "fonts/Unicode.h"
 
 #include <cmath>
 
