@@ -3,6 +3,7 @@
 #include "answers/HostText.h"
 #include "objects/HostObjects.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace sm::cadhost {
@@ -63,7 +64,10 @@ public:
     {
         for (const double value : {lowerLeft.x, lowerLeft.y, upperRight.x, upperRight.y})
             Finite("WindowToPlot", value);
-        Configuration().SetWindow({{lowerLeft.x, lowerLeft.y}, {upperRight.x, upperRight.y}});
+        // A user may pick the corners in any order; marks are placed from the lower left one.
+        const auto [left, right] = std::minmax(lowerLeft.x, upperRight.x);
+        const auto [bottom, top] = std::minmax(lowerLeft.y, upperRight.y);
+        Configuration().SetWindow({{left, bottom}, {right, top}});
     }
 
     bool CenterPlot() override { return Has(PlotSettings::kCentered); }

@@ -48,6 +48,16 @@ TEST_F(HostLayoutTest, BeginsWithThePlotSettingsOfTheFile)
     EXPECT_EQ(MarginsOf(*layout), "{ 5, 17, 6, 18 }");
 }
 
+TEST_F(HostLayoutTest, PutsTheCornersOfAWindowInOrder)
+{
+    const auto layout = OpenSheet(OneSheet());
+    layout->SetWindowToPlot({3, 2, 0}, {1, 4, 0});
+    AcadPoint low, high;
+    layout->GetWindowToPlot(low, high);
+    EXPECT_EQ(low, (AcadPoint{1, 2, 0}));
+    EXPECT_EQ(high, (AcadPoint{3, 4, 0}));
+}
+
 TEST_F(HostLayoutTest, KeepsWhatIsWritten)
 {
     const auto layout = OpenSheet(OneSheet());
