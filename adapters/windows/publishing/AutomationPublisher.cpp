@@ -70,9 +70,6 @@ public:
     std::int32_t SaveToPdf(const std::string& pdfPath, std::int32_t hostValue, bool openInViewer, bool deletePs,
                            std::int32_t reserved) override
     {
-        if (reserved == 0) // what the library takes when the last argument is left out
-            return Status("SaveToPdf", FromText(pdfPath), FromInteger(hostValue), FromBoolean(openInViewer),
-                          FromBoolean(deletePs));
         return Status("SaveToPdf", FromText(pdfPath), FromInteger(hostValue), FromBoolean(openInViewer),
                       FromBoolean(deletePs), FromInteger(reserved));
     }

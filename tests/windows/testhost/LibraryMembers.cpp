@@ -70,7 +70,7 @@ ComRef<IDispatch> Offer(const std::shared_ptr<IPubDoc>& pubDoc)
          [](Port& port, Invocation& call) {
              return Answer(port.PromptForPdfName(call.Text(0), call.Integer(1), call.Text(2)));
          }},
-        {"SaveToPdf", kRead, 4, 5, Save},
+        {"SaveToPdf", kRead, 5, 5, Save},
         {"SetDocSummary", kRead, 4, 4,
          [](Port& port, Invocation& call) {
              port.SetDocSummary(call.Text(0), call.Text(1), windows::ToDate(call.Raw(2)), windows::ToDate(call.Raw(3)));
