@@ -2,6 +2,7 @@
 
 #include "plugin/CarryPast.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/IWindows.h"
 #include "settings/mdlDataKegIO.h"
 
 namespace sm {
@@ -46,9 +47,7 @@ void cAcadPageSetup::IAcadPageSetup_Update()
         WriteCustomPageSetup(m_context, *m_document, m_record);
     else if (m_source == kPageSetupGlobal)
         WriteGlobalPageSetup(m_context.surroundings, m_record);
-    else
-        return;
-    m_changed = false;
+    // Still changed: a write may have been lost without a word, and an Update can be repeated.
 }
 
 void cAcadPageSetup::IAcadPageSetup_Restore()

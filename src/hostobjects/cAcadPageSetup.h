@@ -19,7 +19,7 @@ public:
 
     /// The record as edited so far.
     [[nodiscard]] const PageSetupRecord& Record() const { return m_record; }
-    /// True when `Update` has something to write.
+    /// True once edited since `Initialize` or `Restore`: `Update` then writes, each time.
     [[nodiscard]] bool IsChanged() const { return m_changed; }
 
 private:

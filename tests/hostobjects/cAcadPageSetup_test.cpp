@@ -90,23 +90,37 @@ TEST_F(PageSetupObject, UpdateRightAfterInitializeWritesNothing)
     EXPECT_EQ(registry.ValueCount(kUser, kKey), 1u);
 }
 
-TEST_F(PageSetupObject, UpdateWritesAChangedRecordOnce)
+TEST_F(PageSetupObject, UpdateWritesAChangedRecordEachTime)
 {
     setup.Initialize(1, document);
     setup.SetViewToPlot("South");
     setup.Update();
     EXPECT_EQ(Writes(), 1u);
     EXPECT_EQ(Stored("Plots")[27], "South");
-    EXPECT_FALSE(setup.IsChanged());
+    EXPECT_TRUE(setup.IsChanged()) << "until Initialize or Restore";
     setup.Update();
-    EXPECT_EQ(Writes(), 1u);
+    EXPECT_EQ(Writes(), 2u);
 
     setup.Initialize(2, noDocument);
     setup.SetViewToPlot("West");
     setup.Update();
     EXPECT_EQ(registry.Text(kUser, kKey, "ViewToPlot"), "West");
     EXPECT_EQ(registry.ValueCount(kUser, kKey), 26u);
-    EXPECT_EQ(Writes(), 1u);
+    EXPECT_EQ(Writes(), 2u);
+}
+
+TEST_F(PageSetupObject, AnUpdateThatWasLostIsRepeated)
+{
+    setup.Initialize(1, document);
+    setup.SetViewToPlot("South");
+    host.tape.FailCall("Dictionaries.SetXData", "drawing is read-only", 1);
+    setup.Update();
+    EXPECT_EQ(Stored("Plots")[27], "Custom");
+    EXPECT_TRUE(setup.IsChanged());
+    setup.Update();
+    EXPECT_EQ(Stored("Plots")[27], "South");
+    setup.Restore();
+    EXPECT_FALSE(setup.IsChanged());
 }
 
 TEST_F(PageSetupObject, WithoutASourceHasNothingToWriteOrShow)
