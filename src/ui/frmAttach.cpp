@@ -1,9 +1,10 @@
 #include "ui/frmAttach.h"
 
+#include "ports/IFileSystem.h"
 #include "settings/mdlUtilities.h"
 #include "ui/form/HostLists.h"
 #include "ui/form/NumberFields.h"
-#include "ui/mdlGUITap.h"
+#include "ui/settings/SettingsAction.h"
 
 namespace sm {
 namespace {

@@ -3,7 +3,7 @@
 #include "settings/mdlUtilities.h"
 #include "ui/form/HostLists.h"
 #include "ui/form/NumberFields.h"
-#include "ui/mdlGUITap.h"
+#include "ui/settings/SettingsAction.h"
 
 namespace sm {
 namespace {

@@ -3,7 +3,7 @@
 #include "plugin/mdlAcadHelper.h"
 #include "settings/mdlUtilities.h"
 #include "settings/mdlWinReg.h"
-#include "ui/mdlGUITap.h"
+#include "ui/settings/SettingsAction.h"
 #include "ui/settings/SettingsTable.h"
 
 #include <utility>

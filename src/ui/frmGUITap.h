@@ -16,7 +16,7 @@ class frmGUITap final : public Form {
 public:
     explicit frmGUITap(FormSession& session);
 
-    std::int32_t Action = 0; ///< see mdlGUITap.h; to be set to 0 before each showing
+    std::int32_t Action = 0; ///< see settings/SettingsAction.h; to be set to 0 before each showing
     /// Run when "Use Custom PDF Page Setup" is unticked: takes the custom page setup away and fills the tab anew.
     std::function<void()> OnPageSetupSwitchedOff;
     /// Run once, when the form is next shown.

@@ -4,14 +4,14 @@
 #include "plotting/PlotMessages.h"
 #include "plugin/Attempt.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/IRunObserver.h"
 #include "settings/mdlDataKegIO.h"
 #include "ui/form/HostLists.h"
 #include "ui/form/NumberFields.h"
 #include "ui/frmAttach.h"
 #include "ui/frmDigSig.h"
 #include "ui/frmGUITap.h"
-
-#include <algorithm>
+#include "ui/settings/SettingsAction.h"
 
 namespace sm {
 namespace {
@@ -137,9 +137,10 @@ void SettingsRun::PickPlotWindow()
     if (!corners)
         return;
     PageSetupControls& pageSetup = m_gui.PageSetup();
-    // The record's corners are the lower left and the upper right one; the user may begin at any.
-    std::tie(pageSetup.PlotWinX1, pageSetup.PlotWinX2) = std::minmax(corners->first.x, corners->second.x);
-    std::tie(pageSetup.PlotWinY1, pageSetup.PlotWinY2) = std::minmax(corners->first.y, corners->second.y);
+    pageSetup.PlotWinX1 = corners->first.x; // as picked: the host that is given the window puts it right
+    pageSetup.PlotWinY1 = corners->first.y;
+    pageSetup.PlotWinX2 = corners->second.x;
+    pageSetup.PlotWinY2 = corners->second.y;
     if (pageSetup.HasPlotWindow())
         pageSetup.ChoosePlotWindow();
 }

@@ -12,15 +12,6 @@ namespace sm {
 
 class StampControls;
 
-/// Why the settings dialog was closed.
-inline constexpr std::int32_t kActionCancel = 0;
-inline constexpr std::int32_t kActionOk = 1;
-inline constexpr std::int32_t kActionPickPlotWindow = 2;
-inline constexpr std::int32_t kActionPickStampPoint = 3;
-inline constexpr std::int32_t kActionPickAttachPoint = 4;
-inline constexpr std::int32_t kActionPickDigSigRectangle = 5;
-inline constexpr std::int32_t kActionCreatePdf = 6;
-
 /// Shows the settings dialog for the drawing of `context`, with picking in the drawing, and saves what the user
 /// confirmed. 1 when the user chose "Create PDF" and everything was saved, else 0. Never throws.
 std::int32_t ShowConversionSettings(CallContext& context, IFormToolkit& toolkit);

@@ -25,7 +25,8 @@ TEST_F(Picks, APlotWindowIsChosen)
     EXPECT_EQ(Show(), 0);
     const Texts plots = Record("Plots");
     EXPECT_EQ(plots[6], "4");
-    EXPECT_EQ((Texts{plots[23], plots[24], plots[25], plots[26]}), (Texts{"10", "5", "30", "25"}));
+    EXPECT_EQ((Texts{plots[23], plots[24], plots[25], plots[26]}), (Texts{"30", "5", "10", "25"}))
+        << "in the order picked";
     EXPECT_EQ(host.tape.CallsOf("Utility."),
               (Lines{"Utility.GetPoint Enter First Corner: ", "Utility.GetCorner 30,5,0 Enter Other Corner: "}));
     EXPECT_EQ(drawing->WindowState, 1) << "a drawing put away comes forward";
