@@ -76,6 +76,18 @@ ROOMS = {
         "view": ("picture", "snap", "screen"),
         "forms": ("picture", "screen"),
     }),
+    # Included by its whole names, "windows/<sub-room>/Name.h". "" wires one object's surroundings.
+    "windows": (("ports", "settings", "hostobjects", "ui", "plugin"), {
+        "automation": (),
+        "system": ("automation",),
+        "publishing": ("automation",),
+        "host": ("automation",),
+        "controls": ("automation", "system"),
+        "forms": ("automation", "controls"),
+        "": ("forms", "publishing", "system"),
+        "objects": ("automation", "system", "publishing", "host", ""),
+        "server": ("automation", "system", "objects"),
+    }),
 }
 """Rooms of programs: they may include every room's public headers and the plug-in."""
 PROGRAMS = {

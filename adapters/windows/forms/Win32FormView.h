@@ -24,6 +24,20 @@ public:
     void PumpEvents() override;
 
 private:
+    static constexpr UINT kSettle = WM_APP + 1;   ///< reports that were put off are due
+    static constexpr UINT kAppeared = WM_APP + 2; ///< the window has come up
+
+    /// Nothing leaves the view's operations: what fails here is a want of memory or of windows, and the form goes on.
+    template <class Body> static bool Guarded(const Body& body) noexcept
+    {
+        try {
+            body();
+            return true;
+        } catch (...) {
+            return false;
+        }
+    }
+
     void MakeControls();
     void ShowForm();
     void ShowControl(std::size_t control);
