@@ -1,9 +1,15 @@
 // What one object of the component stands on.
 #pragma once
 
-#include "annotations/AnnotationPass.h"
 #include "plugin/CallContext.h"
+#include "ports/IDesktop.h"
+#include "ports/IFileSystem.h"
 #include "ports/IFormToolkit.h"
+#include "ports/IPubDoc.h"
+#include "ports/IRegistry.h"
+#include "ports/IRunObserver.h"
+#include "ports/ISystem.h"
+#include "ports/IWindows.h"
 
 #include <memory>
 
@@ -20,15 +26,15 @@ public:
 
     CallContext& Context() { return m_context; }
     Surroundings& All() { return m_surroundings; }
-    /// Block names of the annotations are counted from 1 again.
-    void ForgetBlockNames() { m_annotations.ForgetBlockNames(); }
 
 private:
+    /// Nobody watches a call of the component.
     class NullObserver final : public IRunObserver {
         void Stage(const std::string&) noexcept override {}
         void SheetBegins(const std::string&, std::int32_t, std::int32_t) noexcept override {}
         void SheetEnds(const std::string&, std::int32_t, std::int32_t) noexcept override {}
         void Saved(const std::string&, std::int32_t, const std::string&) noexcept override {}
+        void AnnotationsLost(const std::string&) noexcept override {}
         void CarriedPast(const std::string&, const std::string&) noexcept override {}
     };
 
@@ -37,7 +43,6 @@ private:
     std::unique_ptr<IDesktop> m_desktop;
     std::unique_ptr<IFormToolkit> m_toolkit;
     std::unique_ptr<IWindows> m_windows;
-    AnnotationPass m_annotations;
     std::unique_ptr<IPublishingLibrary> m_library;
     std::unique_ptr<ILocale> m_locale;
     std::unique_ptr<IClock> m_clock;

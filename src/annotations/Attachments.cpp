@@ -39,7 +39,7 @@ void PlaceSignatureField(MarkState& state, const SignatureFieldEntry& field)
 
 /// One section over a list: `place` for each entry of the sheet, "  [None]" for an empty list, `prefix` for an error.
 template <class Entry, class Place>
-bool RunSection(MarkState& state, const std::vector<Entry>& entries, const std::string& prefix, Place place)
+bool RunSection(MarkState& state, const std::vector<Entry>& entries, const char* prefix, Place place)
 {
     if (entries.empty()) {
         TryLogLine(state.context, std::string(kNone));
@@ -52,10 +52,7 @@ bool RunSection(MarkState& state, const std::vector<Entry>& entries, const std::
                     place(state, entry);
             return true;
         },
-        [&](const std::string& description) {
-            TryLogLine(state.context, prefix + description);
-            return false;
-        });
+        [&](const std::string& description) { return Lose(state, prefix, description); });
 }
 
 const LayoutSettings& SheetOf(const MarkState& state)

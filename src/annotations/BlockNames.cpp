@@ -1,5 +1,7 @@
 #include "annotations/BlockNames.h"
 
+#include "ports/ISystem.h"
+
 #include <vector>
 
 namespace sm {

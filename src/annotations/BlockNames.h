@@ -1,13 +1,13 @@
 // The names under which block attributes become document properties.
 #pragma once
 
-#include "ports/ISystem.h"
-
 #include <cstdint>
 #include <string>
 #include <unordered_map>
 
 namespace sm {
+
+class ILocale;
 
 /// Every character but "_", "-", digits and the letters A to Z and a to z becomes "-"; the last character, when it is
 /// such a one, is dropped instead. Works by character, not by byte.

@@ -1,7 +1,9 @@
 #include "annotations/EntityWalk.h"
 
 #include "plugin/Attempt.h"
+#include "plugin/Present.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/ISystem.h"
 
 #include <algorithm>
 
@@ -21,8 +23,8 @@ bool AnySwitch(const TransferFlags& flags)
 
 } // namespace
 
-EntityWalk::EntityWalk(MarkState& state, BlockNames& names, std::function<void(double)> advance)
-    : m_state(state), m_names(names), m_advance(std::move(advance))
+EntityWalk::EntityWalk(MarkState& state, std::function<void(double)> advance)
+    : m_state(state), m_advance(std::move(advance))
 {
 }
 
@@ -48,7 +50,7 @@ void EntityWalk::Walk(IAcadBlock& container, double baseX, double baseY)
     for (std::int32_t i = 0; i < count; ++i) {
         if (++m_visited > kMostVisited)
             throw HostError("The drawing nests too many entities to walk them all");
-        Visit(*container.Item(i), baseX, baseY);
+        Visit(*Present(container.Item(i), "Entity"), baseX, baseY);
         if (m_advance && m_open.empty())
             m_advance(step * (i + 1));
     }
@@ -56,8 +58,9 @@ void EntityWalk::Walk(IAcadBlock& container, double baseX, double baseY)
 
 void EntityWalk::Visit(IAcadEntity& entity, double baseX, double baseY)
 {
-    if (entity.Hyperlinks()->Count() > 0)
-        TransferHyperlink(entity, baseX, baseY);
+    const auto links = Present(entity.Hyperlinks(), "Hyperlinks");
+    if (links->Count() > 0)
+        TransferHyperlink(entity, *links, baseX, baseY);
     IAcadBlockReference* reference = entity.AsBlockReference();
     if (!reference)
         return;
@@ -78,7 +81,7 @@ bool EntityWalk::Transfers(const std::string& objectName) const
     return flags.TransferDrawingHlinks;
 }
 
-void EntityWalk::TransferHyperlink(IAcadEntity& entity, double baseX, double baseY)
+void EntityWalk::TransferHyperlink(IAcadEntity& entity, IAcadHyperlinks& links, double baseX, double baseY)
 {
     AcadPoint lowerLeft, upperRight;
     entity.GetBoundingBox(lowerLeft, upperRight);
@@ -89,7 +92,7 @@ void EntityWalk::TransferHyperlink(IAcadEntity& entity, double baseX, double bas
     const double x2 = map.X(baseX + most.x), y2 = map.Y(baseY + most.y);
     if (!Transfers(entity.ObjectName()))
         return;
-    const std::string url = entity.Hyperlinks()->Item(0)->URL();
+    const std::string url = Present(links.Item(0), "Hyperlink")->URL();
     TryLogLine(m_state.context, "  '" + url + "', [" + PointText(m_state, x1) + " " + PointText(m_state, y1) + " " +
                                     PointText(m_state, x2) + " " + PointText(m_state, y2) + "]");
     CheckMark(m_state, m_state.pubDoc.AddLinkMark(0, x1, y1, x2, y2, url));
@@ -97,11 +100,12 @@ void EntityWalk::TransferHyperlink(IAcadEntity& entity, double baseX, double bas
 
 void EntityWalk::TransferAttributes(IAcadBlockReference& reference)
 {
-    const std::string prefix = m_names.Next(m_state.context.surroundings.locale, reference.Name()) + "/";
+    CallContext& context = m_state.context;
+    const std::string prefix = context.blockNames.Next(context.surroundings.locale, reference.Name()) + "/";
     for (const auto& attribute : reference.GetAttributes())
-        HandOver(prefix, *attribute);
+        HandOver(prefix, *Present(attribute, "Attribute"));
     for (const auto& attribute : reference.GetConstantAttributes())
-        HandOver(prefix, *attribute);
+        HandOver(prefix, *Present(attribute, "Attribute"));
 }
 
 void EntityWalk::HandOver(const std::string& prefix, IAcadAttribute& attribute)
@@ -119,7 +123,7 @@ void EntityWalk::Enter(IAcadBlockReference& reference)
         throw HostError("Block '" + name + "' contains itself");
     if (m_open.size() >= kMostOpen)
         throw HostError("Block '" + name + "' is nested too deeply");
-    const auto definition = m_state.document.Blocks()->Item(name);
+    const auto definition = Present(Present(m_state.document.Blocks(), "Blocks")->Item(name), "Block");
     const AcadPoint insertion = reference.InsertionPoint();
     m_open.push_back(name);
     Walk(*definition, insertion.x, insertion.y);

@@ -1,7 +1,6 @@
 // The walk over a sheet's entities that finds hyperlinks and block attributes.
 #pragma once
 
-#include "annotations/BlockNames.h"
 #include "annotations/MarkState.h"
 
 #include <functional>
@@ -12,7 +11,7 @@ namespace sm {
 class EntityWalk {
 public:
     /// `advance` is told the per cent done of the container that `WalkEntities` was given.
-    EntityWalk(MarkState& state, BlockNames& names, std::function<void(double)> advance = {});
+    explicit EntityWalk(MarkState& state, std::function<void(double)> advance = {});
 
     /// Walks one collection: a sheet's space with base (0, 0), or a block definition with its reference's own insertion
     /// point. True when the walk finished; after an error false, and `Error` says why. Never throws.
@@ -22,14 +21,13 @@ public:
 private:
     void Walk(IAcadBlock& container, double baseX, double baseY);
     void Visit(IAcadEntity& entity, double baseX, double baseY);
-    void TransferHyperlink(IAcadEntity& entity, double baseX, double baseY);
+    void TransferHyperlink(IAcadEntity& entity, IAcadHyperlinks& links, double baseX, double baseY);
     void TransferAttributes(IAcadBlockReference& reference);
     void HandOver(const std::string& prefix, IAcadAttribute& attribute);
     void Enter(IAcadBlockReference& reference);
     [[nodiscard]] bool Transfers(const std::string& objectName) const;
 
     MarkState& m_state;
-    BlockNames& m_names;
     std::function<void(double)> m_advance;
     std::vector<std::string> m_open; ///< blocks being walked, outermost first
     std::uint64_t m_visited = 0;

@@ -1,6 +1,9 @@
 #include "annotations/MarkState.h"
 
+#include "plugin/Present.h"
+#include "plugin/mdlAcadHelper.h"
 #include "ports/HostError.h"
+#include "ports/IRunObserver.h"
 #include "settings/mdlUtilities.h"
 
 #include <cmath>
@@ -10,7 +13,7 @@ namespace sm {
 AcadPoint WorldToDisplay(IAcadDocument& document, const AcadPoint& point)
 {
     constexpr std::int32_t kWorld = 0, kDisplay = 2, kPoint = 0;
-    return document.Utility()->TranslateCoordinates(point, kWorld, kDisplay, kPoint);
+    return Present(document.Utility(), "Utility")->TranslateCoordinates(point, kWorld, kDisplay, kPoint);
 }
 
 double WholePoint(double value)
@@ -29,6 +32,13 @@ void CheckMark(MarkState& state, std::int32_t status)
 {
     if (status < 0)
         throw HostError(state.pubDoc.LastErrorText());
+}
+
+bool Lose(MarkState& state, const char* prefix, const std::string& description) noexcept
+{
+    TryLogLine(state.context, prefix + description);
+    state.context.surroundings.observer.AnnotationsLost(description);
+    return false;
 }
 
 } // namespace sm

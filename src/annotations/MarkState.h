@@ -2,6 +2,8 @@
 #pragma once
 
 #include "plugin/CallContext.h"
+#include "ports/IAcadDocument.h"
+#include "ports/IPubDoc.h"
 #include "settings/DataKeg.h"
 
 #include <string>
@@ -43,6 +45,10 @@ std::string PointText(MarkState& state, double value);
 
 /// Turns a mark operation's failing status into a HostError with the library's text.
 void CheckMark(MarkState& state, std::int32_t status);
+
+/// How a section or the pass ends after an error: writes `prefix` and the error's description as its line and tells the
+/// run's observer. False, for the caller to return. Never throws.
+bool Lose(MarkState& state, const char* prefix, const std::string& description) noexcept;
 
 /// What a section writes when it has nothing to add.
 inline constexpr std::string_view kNone = "  [None]";

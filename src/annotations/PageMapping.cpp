@@ -1,6 +1,9 @@
 #include "annotations/PageMapping.h"
 
+#include "plugin/Present.h"
 #include "ports/HostError.h"
+
+#include <cmath>
 
 namespace sm {
 
@@ -28,12 +31,12 @@ double MarkScale(IAcadLayout& layout)
 
 AcadPoint WorldToWorld(IAcadDocument& document, const AcadPoint& point)
 {
-    return document.Utility()->TranslateCoordinates(point, 0, 0, 0);
+    return Present(document.Utility(), "Utility")->TranslateCoordinates(point, 0, 0, 0);
 }
 
 AcadPoint ViewCorner(IAcadDocument& document, IAcadLayout& layout)
 {
-    const auto view = document.Views()->Item(layout.ViewToPlot());
+    const auto view = Present(Present(document.Views(), "Views")->Item(layout.ViewToPlot()), "View");
     const AcadPoint center = view->Center();
     return {center.x - view->Width() / 2, center.y - view->Height() / 2, 0};
 }
@@ -75,9 +78,7 @@ AcadPoint PlottedCorner(IAcadDocument& document, IAcadLayout& layout)
 
 PageMapping ComputePageMapping(IAcadDocument& document)
 {
-    const auto layout = document.ActiveLayout();
-    if (!layout)
-        throw HostError("Object required");
+    const auto layout = Present(document.ActiveLayout(), "ActiveLayout");
     PageMapping mapping;
     mapping.markScale = MarkScale(*layout);
     const AcadPoint origin = layout->PlotOrigin();
@@ -88,6 +89,8 @@ PageMapping ComputePageMapping(IAcadDocument& document)
     const AcadPoint corner = PlottedCorner(document, *layout);
     mapping.markOffsetX -= mapping.markScale * corner.x;
     mapping.markOffsetY -= mapping.markScale * corner.y;
+    if (!std::isfinite(mapping.markScale) || !std::isfinite(mapping.markOffsetX) || !std::isfinite(mapping.markOffsetY))
+        throw HostError("Overflow");
     return mapping;
 }
 

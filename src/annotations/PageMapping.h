@@ -6,7 +6,7 @@
 namespace sm {
 
 /// The mapping of the document's active layout. Centring and rotation are not looked at. Throws HostError, also when
-/// the layout's scale has a denominator of 0.
+/// the layout's scale has a denominator of 0, or one so small that the mapping would not be finite.
 PageMapping ComputePageMapping(IAcadDocument& document);
 
 } // namespace sm

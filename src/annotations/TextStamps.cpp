@@ -109,11 +109,9 @@ bool AddTextStamp(MarkState& state)
         TryLogLine(state.context, std::string(kNone));
         return true;
     }
-    return GiveUp([&] { return PlaceStamp(state, *stamp); },
-                  [&](const std::string& description) {
-                      TryLogLine(state.context, "ADDTEXTSTAMP RUNTIME ERROR: " + description);
-                      return false;
-                  });
+    return GiveUp(
+        [&] { return PlaceStamp(state, *stamp); },
+        [&](const std::string& description) { return Lose(state, "ADDTEXTSTAMP RUNTIME ERROR: ", description); });
 }
 
 } // namespace sm

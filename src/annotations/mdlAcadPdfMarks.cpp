@@ -5,7 +5,9 @@
 #include "annotations/PageMapping.h"
 #include "annotations/TextStamps.h"
 #include "plugin/Attempt.h"
+#include "plugin/Present.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/IWindows.h"
 #include "settings/mdlDataKegIO.h"
 
 namespace sm {
@@ -23,20 +25,17 @@ void MapPage(MarkState& state)
 
 void Load(MarkState& state)
 {
-    const auto layout = state.document.ActiveLayout();
-    if (!layout)
-        throw HostError("Object required");
-    state.layoutName = layout->Name();
+    state.layoutName = Present(state.document.ActiveLayout(), "ActiveLayout")->Name();
     if (!LoadForConversion(state.context, state.document, state.keg))
         throw HostError("The drawing's settings could not be loaded");
 }
 
-void WalkSheet(MarkState& state, BlockNames& names)
+void WalkSheet(MarkState& state)
 {
-    const auto block = state.document.ActiveLayout()->Block();
+    const auto block = Present(Present(state.document.ActiveLayout(), "ActiveLayout")->Block(), "Block");
     std::string error;
     const auto scan = [&](const std::function<void(double)>& advance) {
-        EntityWalk walk(state, names, advance);
+        EntityWalk walk(state, advance);
         const bool finished = walk.WalkEntities(*block, 0, 0);
         error = walk.Error();
         return finished;
@@ -54,7 +53,7 @@ void LogAttributes(MarkState& state)
         TryLogLine(state.context, std::string(kNone));
 }
 
-bool RunSections(MarkState& state, BlockNames& names)
+bool RunSections(MarkState& state)
 {
     MapPage(state);
     Load(state);
@@ -65,7 +64,7 @@ bool RunSections(MarkState& state, BlockNames& names)
     TryLogLine(state.context, "DIGITAL SIGNATURE FIELDS");
     AddSignatureFields(state);
     TryLogLine(state.context, "HYPERLINKS");
-    WalkSheet(state, names);
+    WalkSheet(state);
     TryLogLine(state.context, "BLOCK ATTRIBUTES");
     LogAttributes(state);
     return true;
@@ -73,15 +72,13 @@ bool RunSections(MarkState& state, BlockNames& names)
 
 } // namespace
 
-bool AddPdfMarks(CallContext& context, BlockNames& names, IPubDoc& pubDoc, IAcadDocument& document,
-                 const TransferFlags& transfer, bool quietMode)
+bool AddPdfMarks(CallContext& context, IPubDoc& pubDoc, IAcadDocument& document, const TransferFlags& transfer,
+                 bool quietMode)
 {
     MarkState state{context, pubDoc, document, transfer, quietMode, {}, {}, {}, {}};
-    return GiveUp([&] { return RunSections(state, names); },
-                  [&](const std::string& description) {
-                      TryLogLine(context, "ADDPDFMARK RUNTIME ERROR: " + description);
-                      return false;
-                  });
+    return GiveUp(
+        [&] { return RunSections(state); },
+        [&](const std::string& description) { return Lose(state, "ADDPDFMARK RUNTIME ERROR: ", description); });
 }
 
 } // namespace sm

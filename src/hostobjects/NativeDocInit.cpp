@@ -2,7 +2,9 @@
 #include "hostobjects/cAcadPageSetup.h"
 #include "hostobjects/cNativeDoc.h"
 #include "plugin/CarryPast.h"
+#include "plugin/Present.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/ISystem.h"
 
 namespace sm {
 
@@ -28,8 +30,9 @@ VariantBool cNativeDoc::INativeDoc_InitOpenDoc(std::int16_t index, const std::sh
 {
     if (IsInitialised())
         return kFalse;
-    const auto opened = CarryPast(m_context, "InitOpenDoc",
-                                  [&] { return app == nullptr ? nullptr : app->Documents()->Open(fileName); });
+    const auto opened = CarryPast(m_context, "InitOpenDoc", [&] {
+        return Present(Present(app, "Application")->Documents(), "Documents")->Open(fileName);
+    });
     if (!opened || *opened == nullptr)
         return kFalse;
     m_Doc = *opened;

@@ -3,6 +3,7 @@
 
 #include "ports/IAcadTransferSettings.h"
 #include "ports/Surroundings.h"
+#include "settings/TransferFlags.h"
 
 namespace sm {
 

@@ -3,8 +3,10 @@
 #include "plotting/mdlAcadPrinting.h"
 #include "plugin/CallScope.h"
 #include "plugin/CarryPast.h"
+#include "plugin/Present.h"
 #include "plugin/mdlAcadHelper.h"
 #include "settings/mdlDataKegIO.h"
+#include "settings/mdlUtilities.h"
 
 namespace sm {
 
@@ -55,15 +57,17 @@ void cNativeDoc::INativeDoc_ReleaseDoc()
 
 AcadVariant cNativeDoc::INativeDoc_ExeCmd(const std::string& command, const std::string& /*argument*/)
 {
-    if (m_context.surroundings.locale.UpperCase(command) == "AUDIT")
+    if (SameAsciiText(command, "AUDIT"))
         CarryPast(m_context, "ExeCmd", [&] { Document().AuditInfo(true); });
     return {};
 }
 
 AcadVariant cNativeDoc::INativeDoc_GetSheetName(std::int32_t sheetIndex)
 {
-    const auto name =
-        CarryPast(m_context, "GetSheetName", [&] { return Document().Layouts()->Item(sheetIndex)->Name(); });
+    const auto name = CarryPast(m_context, "GetSheetName", [&] {
+        const auto layouts = Present(Document().Layouts(), "Layouts");
+        return Present(layouts->Item(sheetIndex), "Layout")->Name();
+    });
     return name ? AcadVariant(*name) : AcadVariant();
 }
 
@@ -95,7 +99,7 @@ std::string cNativeDoc::INativeDoc_GetName()
 
 std::int32_t cNativeDoc::INativeDoc_GetSheetCount()
 {
-    return Ask([](IAcadDocument& doc) { return doc.Layouts()->Count(); }, std::int32_t{0});
+    return Ask([](IAcadDocument& doc) { return Present(doc.Layouts(), "Layouts")->Count(); }, std::int32_t{0});
 }
 
 std::int32_t cNativeDoc::INativeDoc_GetWindowState()

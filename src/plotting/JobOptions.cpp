@@ -1,5 +1,7 @@
 #include "plotting/JobOptions.h"
 
+#include "ports/IFileSystem.h"
+#include "ports/IWindows.h"
 #include "settings/mdlUtilities.h"
 #include "settings/mdlWinReg.h"
 
@@ -11,20 +13,15 @@ namespace {
 
 constexpr std::string_view kExtension = ".joboptions";
 
-/// Letter case of ASCII alone: a Turkish locale must not hide ".JOBOPTIONS".
-bool SameLetter(char left, char right)
-{
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return lower(left) == lower(right);
-}
-
 } // namespace
 
 std::vector<std::string> ListJobOptions(Surroundings& surroundings)
 {
     std::vector<std::string> names;
     for (const std::string& file : surroundings.files.ListFiles(SettingsFolderPath(surroundings))) {
-        const auto extension = std::search(file.begin(), file.end(), kExtension.begin(), kExtension.end(), SameLetter);
+        // Whatever the locale: a Turkish one would hide ".JOBOPTIONS".
+        const auto extension =
+            std::search(file.begin(), file.end(), kExtension.begin(), kExtension.end(), SameAsciiLetter);
         if (extension != file.end())
             names.emplace_back(file.begin(), extension);
     }

@@ -2,7 +2,9 @@
 #include "plotting/mdlAcadPrinting.h"
 
 #include "plugin/Attempt.h"
+#include "plugin/Present.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/IAcadDocument.h"
 
 namespace sm {
 namespace {
@@ -18,12 +20,12 @@ void ListActiveLayout(CallContext& context, std::vector<std::string>& names)
 
 void ListPaperLayouts(CallContext& context, std::vector<std::string>& names)
 {
-    const auto layouts = ActiveDrawing(context).Layouts();
+    const auto layouts = Present(ActiveDrawing(context).Layouts(), "Layouts");
     const std::int32_t count = layouts->Count();
     if (count > 1)
         names.resize(static_cast<std::size_t>(count) - 1); // all but the model tab
     for (std::int32_t i = 0; i < count; ++i) {
-        const auto layout = layouts->Item(i);
+        const auto layout = Present(layouts->Item(i), "Layout");
         const std::int32_t position = layout->TabOrder();
         if (position == 0)
             continue;

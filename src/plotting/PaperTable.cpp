@@ -1,5 +1,7 @@
 #include "plotting/PaperTable.h"
 
+#include "ports/IDesktop.h"
+#include "ports/IWindows.h"
 #include "settings/mdlUtilities.h"
 
 #include <cstdlib>

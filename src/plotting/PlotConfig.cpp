@@ -3,6 +3,8 @@
 
 #include "plugin/CarryPast.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/IRunObserver.h"
+#include "ports/IWindows.h"
 
 #include <algorithm>
 #include <array>

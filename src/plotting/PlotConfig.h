@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plugin/CallContext.h"
+#include "ports/Variant.h"
 #include "settings/PageSetupRecord.h"
 
 #include <optional>
@@ -9,6 +10,8 @@
 #include <vector>
 
 namespace sm {
+
+class IAcadLayout;
 
 /// Status codes of SetAcadPlotConfig. With a negative one but kConfigNoStyle the settings after the failing one are not
 /// written.

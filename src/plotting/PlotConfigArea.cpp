@@ -2,7 +2,9 @@
 #include "plotting/PlotConfig.h"
 
 #include "plugin/CarryPast.h"
+#include "plugin/Present.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/IAcadDocument.h"
 #include "settings/mdlUtilities.h"
 
 namespace sm {
@@ -61,10 +63,10 @@ bool PlotConfig::DrawingHasView()
 {
     ILocale& locale = m_context.surroundings.locale;
     const std::string wanted = locale.LowerCase(m_record.ViewToPlot);
-    const auto views = ActiveDrawing(m_context).Views();
+    const auto views = Present(ActiveDrawing(m_context).Views(), "Views");
     const std::int32_t count = views->Count();
     for (std::int32_t i = 0; i < count; ++i) {
-        if (locale.LowerCase(views->Item(i)->Name()) == wanted)
+        if (locale.LowerCase(Present(views->Item(i), "View")->Name()) == wanted)
             return true;
     }
     return false;

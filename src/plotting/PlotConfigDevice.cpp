@@ -4,6 +4,7 @@
 #include "plotting/PostScriptDriver.h"
 #include "plugin/CarryPast.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/IAcadApplication.h"
 #include "settings/mdlUtilities.h"
 
 #include <algorithm>
@@ -21,7 +22,7 @@ bool Holds(const std::vector<std::string>& names, const std::string& name)
 PlotConfig::StepResult PlotConfig::ChoosePlotter()
 {
     if (!m_restore) {
-        const auto preferences = HostApplication(m_context).Preferences();
+        const auto preferences = HostPreferences(m_context);
         Trace("  PrinterConfigPath: " + preferences->PrinterConfigPath());
         Trace("  DriversPath: " + preferences->DriversPath());
     }

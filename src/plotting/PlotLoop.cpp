@@ -4,8 +4,14 @@
 #include "plotting/PaperTable.h"
 #include "plotting/PlotConfig.h"
 #include "plotting/PostScriptDriver.h"
+#include "plugin/Present.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/IAcadDocument.h"
+#include "ports/IPubDoc.h"
+#include "ports/IRunObserver.h"
+#include "ports/ISystem.h"
 #include "settings/mdlDataKegIO.h"
+#include "settings/mdlUtilities.h"
 
 #include <array>
 #include <utility>
@@ -93,12 +99,13 @@ PlotLoop::Next PlotLoop::SelectLayout()
 /// layout would be plotted in its place.
 std::shared_ptr<IAcadLayout> PlotLoop::FindLayout()
 {
-    const std::string name = m_context.surroundings.locale.LowerCase(m_layoutName);
-    if (name == kLastActiveLayoutTab)
+    const bool lastActive = SameAsciiText(m_layoutName, kLastActiveLayoutTab);
+    if (lastActive)
         CarryPast([&] { ActiveDrawing(m_context).SetActiveSpace(0); });
-    if (name == kLastActiveLayoutTab || name == kCurrentTab)
+    if (lastActive || SameAsciiText(m_layoutName, kCurrentTab))
         return CarryPast([&] { return ActiveDrawing(m_context).ActiveLayout(); }).value_or(nullptr);
-    const auto layout = CarryPast([&] { return ActiveDrawing(m_context).Layouts()->Item(m_layoutName); });
+    const auto layout =
+        CarryPast([&] { return Present(ActiveDrawing(m_context).Layouts(), "Layouts")->Item(m_layoutName); });
     if (!layout || *layout == nullptr)
         return nullptr;
     const bool active = CarryPast([&] { ActiveDrawing(m_context).SetActiveLayout(*layout); });

@@ -11,6 +11,8 @@
 
 namespace sm {
 
+class IAcadLayout;
+
 /// The state of one call, a method for each step, and the two exits.
 class PlotLoop {
 public:

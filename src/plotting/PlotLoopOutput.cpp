@@ -1,10 +1,14 @@
 // The plot itself, the page in the publishing document, and the two exits.
+#include "annotations/mdlAcadPdfMarks.h"
 #include "hostobjects/cAcadTransferSettings.h"
 #include "plotting/JobOptions.h"
 #include "plotting/PlotConfig.h"
 #include "plotting/PlotLoop.h"
 #include "plotting/PostScriptDriver.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/IAcadApplication.h"
+#include "ports/IPubDoc.h"
+#include "ports/IRunObserver.h"
 #include "settings/mdlWinReg.h"
 
 namespace sm {
@@ -93,7 +97,7 @@ PlotLoop::Next PlotLoop::AddAnnotations()
     const TransferFlags transfer = FlagsOf(settings);
     // A pass that fails has written its lines; the sheet is converted without the rest of its marks.
     if (m_context.g_AcadDoc != nullptr)
-        m_context.surroundings.annotations.AddPdfMarks(m_pubDoc, *m_context.g_AcadDoc, transfer, m_silent);
+        AddPdfMarks(m_context, m_pubDoc, *m_context.g_AcadDoc, transfer, m_silent);
     return Next::Step;
 }
 
@@ -121,7 +125,7 @@ void PlotLoop::ResetPlotterFolder()
 {
     if (ResetPlotterPath(m_context) == 0 || m_silent)
         return;
-    const auto folder = CarryPast([&] { return HostApplication(m_context).Preferences()->PrinterConfigPath(); });
+    const auto folder = CarryPast([&] { return HostPreferences(m_context)->PrinterConfigPath(); });
     ShowPlotMessage(m_context, PlotMessage::PlotterFolderNotReset, folder.value_or(""));
 }
 

@@ -2,6 +2,8 @@
 
 #include "plugin/CarryPast.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/IAcadApplication.h"
+#include "ports/IFileSystem.h"
 #include "settings/mdlUtilities.h"
 #include "settings/mdlWinReg.h"
 
@@ -49,8 +51,7 @@ bool KeepUsersFolder(CallContext& context, const std::string& folder, const std:
 
 bool SetFolder(CallContext& context, const std::string& folder)
 {
-    return CarryPast(context, "SetPlotterPath",
-                     [&] { HostApplication(context).Preferences()->SetPrinterConfigPath(folder); });
+    return CarryPast(context, "SetPlotterPath", [&] { HostPreferences(context)->SetPrinterConfigPath(folder); });
 }
 
 std::int32_t PutBack(CallContext& context, IAcadPreferences& preferences, const std::string& folder)
@@ -71,9 +72,8 @@ std::int32_t PutBack(CallContext& context, IAcadPreferences& preferences, const 
 
 std::string DriverVersion(CallContext& context)
 {
-    const std::string path = CarryPast(context, "DriverVersion", [&] {
-                                 return HostApplication(context).Preferences()->DriversPath();
-                             }).value_or("");
+    const std::string path =
+        CarryPast(context, "DriverVersion", [&] { return HostPreferences(context)->DriversPath(); }).value_or("");
     Surroundings& surroundings = context.surroundings;
     for (const std::string& folder : SplitList(path)) {
         for (const DriverFacts& driver : kDrivers) {
@@ -101,15 +101,14 @@ std::string Pc3Name(const std::string& driverVersion, std::int32_t resolution)
 std::int32_t SetPlotterPath(CallContext& context)
 {
     Surroundings& surroundings = context.surroundings;
-    const std::string profile = CarryPast(context, "SetPlotterPath", [&] {
-                                    return HostApplication(context).Preferences()->ActiveProfile();
-                                }).value_or("");
+    const std::string profile =
+        CarryPast(context, "SetPlotterPath", [&] { return HostPreferences(context)->ActiveProfile(); }).value_or("");
     TryLogLine(context, "  Original Profile Name: " + profile);
     Save(context, kSavedProfile, profile);
 
     const std::string target = JoinPath(surroundings.locale, surroundings.component.Folder(), "PC3");
-    const auto original = CarryPast(context, "SetPlotterPath",
-                                    [&] { return HostApplication(context).Preferences()->PrinterConfigPath(); });
+    const auto original =
+        CarryPast(context, "SetPlotterPath", [&] { return HostPreferences(context)->PrinterConfigPath(); });
     TryLogLine(context, "  Original PrinterConfigPath: " + original.value_or(""));
     // A folder that isn't noted could never be put back, so it isn't switched either.
     const bool kept = original && KeepUsersFolder(context, *original, target);
@@ -134,7 +133,7 @@ std::int32_t ResetPlotterPath(CallContext& context)
             TryLogLine(context, "  OK: Plotter Already Reset");
             return 0;
         }
-        const auto preferences = HostApplication(context).Preferences();
+        const auto preferences = HostPreferences(context);
         const std::int32_t status = PutBack(context, *preferences, saved);
         // Cleared in any case: a reset that failed isn't tried again.
         Save(context, kSavedFolder, "");

@@ -2,11 +2,14 @@
 #pragma once
 
 #include "plugin/CallContext.h"
+#include "ports/Variant.h"
 
 #include <string>
 #include <vector>
 
 namespace sm {
+
+class IPubDoc;
 
 /// Status codes of PlotLayoutToPubDoc. Every negative one ends the caller's run.
 inline constexpr std::int32_t kPlotConverted = 0;

@@ -2,6 +2,8 @@
 
 #include "plugin/CarryPast.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/IAcadApplication.h"
+#include "ports/IPubDoc.h"
 
 namespace sm {
 
@@ -11,7 +13,7 @@ CallScope::CallScope(CallContext& context, const std::shared_ptr<IAcadApplicatio
     m_context.g_AcadApp = app;
     m_context.g_AcadDoc =
         CarryPast(context, "CallScope", [&] { return HostApplication(m_context).ActiveDocument(); }).value_or(nullptr);
-    OpenLog();
+    Begin();
 }
 
 CallScope::CallScope(CallContext& context, const std::shared_ptr<IAcadApplication>& app,
@@ -20,11 +22,12 @@ CallScope::CallScope(CallContext& context, const std::shared_ptr<IAcadApplicatio
 {
     m_context.g_AcadApp = app;
     m_context.g_AcadDoc = document;
-    OpenLog();
+    Begin();
 }
 
-void CallScope::OpenLog() noexcept
+void CallScope::Begin() noexcept
 {
+    m_context.blockNames = BlockNames();
     m_context.g_Log = CarryPast(m_context, "CallScope", [&] {
                           return m_context.surroundings.library.CreateConversionLog();
                       }).value_or(nullptr);

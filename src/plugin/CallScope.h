@@ -5,8 +5,8 @@
 
 namespace sm {
 
-/// Sets the context and opens the conversion log; the destructor closes the log and clears the context. What can't be
-/// had stays null: without a log the call's lines are dropped. Nothing throws.
+/// Sets the context, counts blocks from 1 and opens the conversion log; the destructor closes the log and clears the
+/// context. What can't be had stays null: without a log the call's lines are dropped. Nothing throws.
 class CallScope {
 public:
     /// What the end of the scope clears first, after the log is closed.
@@ -21,7 +21,7 @@ public:
     CallScope& operator=(const CallScope&) = delete;
 
 private:
-    void OpenLog() noexcept;
+    void Begin() noexcept;
     void ClearHost() noexcept;
     CallContext& m_context;
     ClearFirst m_clearFirst;

@@ -3,6 +3,7 @@
 
 #include "plugin/Attempt.h"
 #include "plugin/CallContext.h"
+#include "ports/IRunObserver.h"
 
 #include <utility>
 

@@ -4,6 +4,9 @@
 #include "plugin/CarryPast.h"
 #include "plugin/ConvertToPdfDriver.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/IPubDoc.h"
+#include "ports/ISystem.h"
+#include "ports/IWindows.h"
 #include "settings/mdlWinReg.h"
 
 namespace sm {

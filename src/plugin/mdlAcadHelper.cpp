@@ -1,6 +1,9 @@
 #include "plugin/mdlAcadHelper.h"
 
 #include "plugin/CarryPast.h"
+#include "plugin/Present.h"
+#include "ports/IAcadApplication.h"
+#include "ports/IPubDoc.h"
 #include "settings/mdlWinReg.h"
 
 namespace sm {
@@ -84,6 +87,11 @@ IAcadDocument& ActiveDrawing(const CallContext& context)
     if (context.g_AcadDoc == nullptr)
         throw HostError("The drawing is not available.");
     return *context.g_AcadDoc;
+}
+
+std::shared_ptr<IAcadPreferences> HostPreferences(const CallContext& context)
+{
+    return Present(HostApplication(context).Preferences(), "Preferences");
 }
 
 } // namespace sm

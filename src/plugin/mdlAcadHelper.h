@@ -2,8 +2,12 @@
 #pragma once
 
 #include "plugin/CallContext.h"
+#include "ports/IDesktop.h"
+#include "ports/Variant.h"
 
 namespace sm {
+
+class IAcadPreferences;
 
 inline constexpr const char* kProductTitle = "Tarnwick Sheetmaker PDF";
 inline constexpr const char* kLogFileName = "SmPdfAcad.log";
@@ -28,5 +32,7 @@ void OfferConversionLog(CallContext& context);
 /// The call's application and drawing. Throw HostError outside a call, or when the host gave none.
 IAcadApplication& HostApplication(const CallContext& context);
 IAcadDocument& ActiveDrawing(const CallContext& context);
+/// The application's preferences, never null. Throws HostError likewise.
+std::shared_ptr<IAcadPreferences> HostPreferences(const CallContext& context);
 
 } // namespace sm

@@ -3,15 +3,13 @@
 // A status below 0 is a failure that `LastErrorText` explains. Any operation may throw HostError.
 #pragma once
 
-#include <chrono>
+#include "ports/LocalDateTime.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
 
 namespace sm {
-
-/// Local date and time, seconds resolution.
-using LocalDateTime = std::chrono::local_seconds;
 
 class IPubDoc {
 public:

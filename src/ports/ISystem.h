@@ -1,7 +1,7 @@
 // Facts of the machine and the session: locale, clock, the component itself. No operation throws.
 #pragma once
 
-#include "ports/IPubDoc.h"
+#include "ports/LocalDateTime.h"
 
 #include <cstdint>
 #include <string>

@@ -1,16 +1,17 @@
-// Everything the plug-in asks of the place it lives in, in one bundle.
+// Everything the plug-in asks of the place it lives in, in one bundle. Who uses a port includes its header.
 #pragma once
 
-#include "ports/IAnnotations.h"
-#include "ports/IDesktop.h"
-#include "ports/IFileSystem.h"
-#include "ports/IPubDoc.h"
-#include "ports/IRegistry.h"
-#include "ports/IRunObserver.h"
-#include "ports/ISystem.h"
-#include "ports/IWindows.h"
-
 namespace sm {
+
+class IRegistry;
+class IFileSystem;
+class IDesktop;
+class IWindows;
+class IPublishingLibrary;
+class ILocale;
+class IClock;
+class IComponent;
+class IRunObserver;
 
 /// References, owned by whoever wires the program; all outlive the plug-in's objects.
 struct Surroundings {
@@ -18,7 +19,6 @@ struct Surroundings {
     IFileSystem& files;
     IDesktop& desktop;
     IWindows& windows;
-    IAnnotations& annotations;
     IPublishingLibrary& library;
     ILocale& locale;
     IClock& clock;

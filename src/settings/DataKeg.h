@@ -1,8 +1,8 @@
 // The settings bundle of one drawing.
 #pragma once
 
-#include "ports/IAnnotations.h"
 #include "settings/PageSetupRecord.h"
+#include "settings/TransferFlags.h"
 
 #include <array>
 #include <string>

@@ -1,5 +1,6 @@
 #include "plotting/PaperTable.h"
 #include "plugin/CarryPast.h"
+#include "ports/IAcadDocument.h"
 #include "settings/DrawingValues.h"
 #include "settings/GeneralSettingsIO.h"
 #include "settings/mdlDataKegIO.h"

@@ -1,4 +1,5 @@
 #include "plugin/CarryPast.h"
+#include "ports/IAcadDocument.h"
 #include "settings/DrawingValues.h"
 #include "settings/mdlDataKegIO.h"
 

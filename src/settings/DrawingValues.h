@@ -1,22 +1,13 @@
 // Small tools that the readers and writers of the drawing records share.
 #pragma once
 
-#include "ports/HostError.h"
+#include "plugin/Present.h"
 #include "settings/mdlUtilities.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace sm {
-
-/// The object itself; a null one counts as a failing host call.
-template <class Object> std::shared_ptr<Object> Present(std::shared_ptr<Object> object, const char* name)
-{
-    if (!object)
-        throw HostError(std::string("There is no ") + name + ".");
-    return object;
-}
 
 /// A value that the host handed over, as the text it stands for.
 inline std::string HostText(const AcadVariant& value)

@@ -1,3 +1,4 @@
+#include "ports/IAcadDocument.h"
 #include "settings/DrawingValues.h"
 #include "settings/mdlDataKegIO.h"
 

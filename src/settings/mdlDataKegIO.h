@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plugin/CallContext.h"
+#include "ports/Variant.h"
 #include "settings/DataKeg.h"
 
 #include <optional>
@@ -9,6 +10,8 @@
 #include <vector>
 
 namespace sm {
+
+class IAcadLayout;
 
 /// A record's values: position 0 the application name, then the values. Empty when nothing was stored and
 /// `expectedCount` is 0, or after a host error. With `expectedCount` above 0 a missing record, or one of another

@@ -1,5 +1,7 @@
 #include "settings/mdlUtilities.h"
 
+#include <algorithm>
+
 namespace sm {
 
 namespace {
@@ -22,6 +24,17 @@ std::string BoolToText(ILocale& locale, const AcadVariant& value)
     if (const auto* flag = std::get_if<bool>(&value))
         return *flag ? "1" : "0";
     return Trim(PlainText(locale, value));
+}
+
+bool SameAsciiLetter(char left, char right)
+{
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+    return lower(left) == lower(right);
+}
+
+bool SameAsciiText(std::string_view left, std::string_view right)
+{
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(), SameAsciiLetter);
 }
 
 std::int32_t BoolToBit(VariantBool flag)

@@ -23,6 +23,10 @@ std::string NumberText(double value);
 /// As NumberText, with the locale's decimal separator.
 std::string LocaleNumberText(ILocale& locale, double value);
 
+/// Equal but for the letter case of ASCII, in every locale: for words of the program's own.
+bool SameAsciiText(std::string_view left, std::string_view right);
+bool SameAsciiLetter(char left, char right);
+
 /// A Boolean gives "1" or "0"; anything else its text (numbers in the locale's form) with blanks trimmed.
 std::string BoolToText(ILocale& locale, const AcadVariant& value);
 

@@ -2,7 +2,9 @@
 // write is lost. Nothing here throws.
 #pragma once
 
+#include "ports/IRegistry.h"
 #include "ports/Surroundings.h"
+#include "ports/Variant.h"
 
 #include <optional>
 #include <string>

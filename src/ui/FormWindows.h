@@ -3,6 +3,7 @@
 
 #include "plugin/CallContext.h"
 #include "ports/IFormToolkit.h"
+#include "ports/IWindows.h"
 
 #include <memory>
 

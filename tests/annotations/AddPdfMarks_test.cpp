@@ -43,6 +43,7 @@ protected:
 TEST_F(AddPdfMarksTest, ASheetWithoutMarksLogsItsHeadings)
 {
     EXPECT_TRUE(AddMarks(kEverySwitch));
+    EXPECT_EQ(observer.annotationsLost, Lines{});
     EXPECT_EQ(Log(), (Lines{"TEXT STAMP", "  [None]", "FILE ATTACHMENTS", "  [None]", "DIGITAL SIGNATURE FIELDS",
                             "  [None]", "HYPERLINKS", "BLOCK ATTRIBUTES", "  [None]"}));
 }
@@ -83,6 +84,36 @@ TEST_F(AddPdfMarksTest, AFailingWalkTakesTheErrorExitInBothModes)
         EXPECT_EQ(log[6], "HYPERLINKS");
         EXPECT_EQ(log[7], "ADDPDFMARK RUNTIME ERROR: Bad entity");
     }
+    EXPECT_EQ(observer.annotationsLost, (Lines{"Bad entity", "Bad entity"}));
+}
+
+TEST_F(AddPdfMarksTest, AnObjectThatIsNotThereTakesTheErrorExit)
+{
+    const struct {
+        const char* call;
+        int answersBefore;
+        const char* lastLine;
+    } rows[] = {
+        {"Document.ActiveLayout", 0, "ADDPDFMARK RUNTIME ERROR: There is no ActiveLayout."},
+        {"Document.ActiveLayout", 1, "ADDPDFMARK RUNTIME ERROR: There is no ActiveLayout."},
+        {"Document.ActiveLayout", 2, "ADDPDFMARK RUNTIME ERROR: The drawing's settings could not be loaded"},
+        {"Document.ActiveLayout", 3, "ADDPDFMARK RUNTIME ERROR: There is no ActiveLayout."},
+        {"Layout.Block", 1, "ADDPDFMARK RUNTIME ERROR: There is no Block."},
+        {"Block.Item", 0, "ADDPDFMARK RUNTIME ERROR: There is no Entity."},
+        {"Entity.Hyperlinks", 0, "ADDPDFMARK RUNTIME ERROR: There is no Hyperlinks."},
+        {"Hyperlinks.Item", 0, "ADDPDFMARK RUNTIME ERROR: There is no Hyperlink."},
+        {"Document.Utility", 4, "ADDPDFMARK RUNTIME ERROR: There is no Utility."},
+        {"Document.Blocks", 0, "ADDPDFMARK RUNTIME ERROR: There is no Blocks."},
+        {"Blocks.Item", 0, "ADDPDFMARK RUNTIME ERROR: There is no Block."},
+    };
+    Furnish();
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.call) + " after " + std::to_string(row.answersBefore));
+        host.tape.StopFailing();
+        host.tape.AnswerNothing(row.call, row.answersBefore);
+        EXPECT_FALSE(AddMarks(kEverySwitch));
+        EXPECT_EQ(Log().back(), row.lastLine);
+    }
 }
 
 TEST_F(AddPdfMarksTest, AFailingSectionDoesNotEndThePass)
@@ -91,6 +122,7 @@ TEST_F(AddPdfMarksTest, AFailingSectionDoesNotEndThePass)
     library.tape.FailCall("PubDoc.AddTextStampMark", "No font");
     library.tape.FailCall("PubDoc.AddSignatureFieldMark", "No field");
     EXPECT_TRUE(AddMarks(kEverySwitch));
+    EXPECT_EQ(observer.annotationsLost, (Lines{"No font", "No field"}));
     EXPECT_EQ(Log(),
               (Lines{"TEXT STAMP", "  'FOR REVIEW', Helvetica, 24, [10 20]", "ADDTEXTSTAMP RUNTIME ERROR: No font",
                      "FILE ATTACHMENTS", "  'C:\\a.pdf', [1 2]", "DIGITAL SIGNATURE FIELDS",
@@ -99,7 +131,7 @@ TEST_F(AddPdfMarksTest, AFailingSectionDoesNotEndThePass)
 }
 
 /// Runs the pass with call 1 failing, then call 2, and so on until none was made to fail. Gives how many were.
-int Sweep(FaultPlan::Mode mode)
+int Sweep(FaultPlan::Mode mode, FaultPlan::Kind kind = FaultPlan::Kind::Throws)
 {
     int injected = 0;
     for (int countdown = 1;; ++countdown) {
@@ -110,13 +142,12 @@ int Sweep(FaultPlan::Mode mode)
         house.ground->Block.Entities = {
             {"AcDbText", {1, 2, 0}, {3, 4, 0}, {{"u", ""}}, {}},
             {"AcDbBlockReference", {}, {}, {}, BlockReferenceFacts{"TITLE", {}, {{"A", "1"}}, {{"B", "2"}}}}};
-        FaultPlan plan{mode, countdown};
+        FaultPlan plan{mode, countdown, kind};
         house.host.tape.faults = house.library.tape.faults = &plan;
-        BlockNames names;
-        AddPdfMarks(house.context, names, *pubDoc, *house.context.g_AcadDoc, kEverySwitch, countdown % 2 == 0);
+        AddPdfMarks(house.context, *pubDoc, *house.context.g_AcadDoc, kEverySwitch, countdown % 2 == 0);
         plan.mode = FaultPlan::Mode::None;
         (void)house.library.TakeLog();
-        EXPECT_TRUE(AddPdfMarks(house.context, names, *pubDoc, *house.context.g_AcadDoc, kEverySwitch, true))
+        EXPECT_TRUE(AddPdfMarks(house.context, *pubDoc, *house.context.g_AcadDoc, kEverySwitch, true))
             << "after call " << countdown << " failed";
         if (plan.injected == 0)
             return injected;
@@ -127,6 +158,7 @@ int Sweep(FaultPlan::Mode mode)
 TEST(AddPdfMarksFaults, NothingEscapesAndTheNextPassSucceeds)
 {
     EXPECT_GT(Sweep(FaultPlan::Mode::Once), 30);
+    EXPECT_GT(Sweep(FaultPlan::Mode::Once, FaultPlan::Kind::AnswersNothing), 20);
     EXPECT_GT(Sweep(FaultPlan::Mode::Onwards), 30);
 }
 

@@ -11,7 +11,7 @@ protected:
     {
         MarkState state = State();
         state.transfer = transfer;
-        EntityWalk walk(state, names);
+        EntityWalk walk(state);
         const bool finished = walk.WalkEntities(*host.Layout(ground)->Block(), 0, 0);
         error = walk.Error();
         attributes = state.attributeList;
@@ -21,7 +21,6 @@ protected:
     {
         drawing->Blocks.push_back({name, entities});
     }
-    BlockNames names;
     std::string error;
     std::vector<std::pair<std::string, std::string>> attributes;
 };
@@ -68,7 +67,7 @@ TEST_F(EntityWalkTest, WalksNothingWithAllSwitchesOff)
     host.tape.calls.clear();
     MarkState state = State();
     state.transfer = {};
-    EntityWalk walk(state, names);
+    EntityWalk walk(state);
     EXPECT_TRUE(walk.WalkEntities(*block, 0, 0));
     EXPECT_EQ(host.tape.calls, Lines{});
 }
@@ -147,7 +146,7 @@ TEST_F(EntityWalkTest, TellsHowFarItIs)
     ground->Block.Entities[1] = Reference({"A", {}, {}, {}});
     std::vector<double> steps;
     MarkState state = State();
-    EntityWalk walk(state, names, [&](double done) { steps.push_back(done); });
+    EntityWalk walk(state, [&](double done) { steps.push_back(done); });
     EXPECT_TRUE(walk.WalkEntities(*host.Layout(ground)->Block(), 0, 0));
     EXPECT_EQ(steps, (std::vector<double>{25, 50, 75, 100}));
 }

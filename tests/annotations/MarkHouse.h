@@ -35,8 +35,7 @@ protected:
     }
     bool AddMarks(const TransferFlags& transfer, bool quiet = true)
     {
-        BlockNames names;
-        return AddPdfMarks(context, names, *pubDoc, *context.g_AcadDoc, transfer, quiet);
+        return AddPdfMarks(context, *pubDoc, *context.g_AcadDoc, transfer, quiet);
     }
     Lines Marks() { return library.tape.CallsWith("Mark "); }
     static EntityFacts Linked(const std::string& objectName, const std::vector<HyperlinkFacts>& links)

@@ -84,6 +84,29 @@ TEST_F(PageMappingTest, AZeroDenominatorFailsTheMapping)
     EXPECT_EQ(Marks(), Lines{});
 }
 
+TEST_F(PageMappingTest, AScaleBeyondAllNumbersFailsTheMapping)
+{
+    ground->UseStandardScale = false;
+    const struct {
+        const char* name;
+        double numerator, denominator;
+        AcadPoint origin;
+    } rows[] = {
+        {"a denominator that underflows", 1, 4e-320, {}},
+        {"none of both is a number", 0, std::nan(""), {}},
+        {"an origin beyond all numbers", 1, 1, {HUGE_VAL, 0, 0}},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        ground->ScaleNumerator = row.numerator;
+        ground->ScaleDenominator = row.denominator;
+        ground->PlotOrigin = row.origin;
+        EXPECT_FALSE(AddMarks(kEverySwitch));
+        EXPECT_EQ(Log(), (Lines{"RUNTIME ERROR: Overflow", "ADDPDFMARK RUNTIME ERROR: Overflow"}));
+        EXPECT_EQ(Marks(), Lines{});
+    }
+}
+
 TEST_F(PageMappingTest, AMissingViewFailsTheMapping)
 {
     ground->PlotType = 3;

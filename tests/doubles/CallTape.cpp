@@ -14,11 +14,18 @@ void CallTape::FailCall(const std::string& name, const std::string& description,
     m_failures[name] = Failure{description, times, skip};
 }
 
+void CallTape::StopFailing()
+{
+    m_failures.clear();
+    m_answeringNothing.clear();
+}
+
 void CallTape::Call(const std::string& object, const std::string& objectName, const std::string& operation,
                     const std::string& arguments)
 {
     const std::string name = object + "." + operation;
     const std::string owner = objectName.empty() ? object : object + "(" + objectName + ")";
+    m_lastCall = name;
     if (!keepsCalls)
         calls.clear();
     calls.push_back(owner + "." + operation + (arguments.empty() ? "" : " " + arguments));
@@ -36,6 +43,14 @@ void CallTape::Call(const std::string& object, const std::string& objectName, co
     if (failure.times > 0)
         --failure.times;
     throw HostError(failure.description);
+}
+
+bool CallTape::IsAnswerNothing()
+{
+    const auto found = m_answeringNothing.find(m_lastCall);
+    if (found != m_answeringNothing.end() && found->second-- <= 0)
+        return true;
+    return faults != nullptr && faults->ShouldAnswerNothing();
 }
 
 std::vector<std::string> CallTape::CallsOf(const std::string& beginning) const

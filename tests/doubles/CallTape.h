@@ -22,11 +22,16 @@ public:
     /// Makes the call `name` ("Layout.SetPlotType") fail with `description`, after `skip` good ones, `times` times
     /// (-1: always).
     void FailCall(const std::string& name, const std::string& description, int times = -1, int skip = 0);
-    void StopFailing() { m_failures.clear(); }
+    /// Makes the call `name` give a null object, an empty text or an empty list, after `skip` good answers.
+    void AnswerNothing(const std::string& name, int skip = 0) { m_answeringNothing[name] = skip; }
+    void StopFailing();
 
     /// Called by the doubles first thing in every operation; throws HostError when the call is to fail.
     void Call(const std::string& object, const std::string& objectName, const std::string& operation,
               const std::string& arguments = {});
+
+    /// What the call that was made last gives: `value`, or nothing when it is to.
+    template <class Value> Value Answer(Value value) { return IsAnswerNothing() ? Value{} : value; }
 
     /// The calls whose line starts with `beginning`.
     [[nodiscard]] std::vector<std::string> CallsOf(const std::string& beginning) const;
@@ -34,11 +39,14 @@ public:
     [[nodiscard]] std::vector<std::string> CallsWith(const std::string& part) const;
 
 private:
+    bool IsAnswerNothing();
     struct Failure {
         std::string description;
         int times = -1, skip = 0;
     };
     std::map<std::string, Failure> m_failures;
+    std::map<std::string, int> m_answeringNothing; ///< how many good answers come before
+    std::string m_lastCall;                        ///< "Layout.SetPlotType"
 };
 
 /// The shortest text of a double that reads back as it, "." as separator.

@@ -20,14 +20,15 @@ struct SweptOperation {
 };
 
 /// Runs the operation in a fresh house with call 1 of `side` failing, then 2, until nothing fails; once, and from that
-/// call onwards. Each run must throw nothing. Fails the test when no call was made to fail at all.
+/// call onwards; of `Everything` each call that may give nothing does so once, too. Each run must throw nothing. Fails
+/// the test when no call was made to fail at all.
 void SweepFaults(FaultySide side, const SweptOperation& operation);
 
 /// No host object, no drawing, no log is held, and every log that was opened was asked to close.
 void ExpectCallEnded(HouseParts& house);
 
 /// The plotter folder is the user's own, or waits for the next reset, or the reset tried both folders in vain or set
-/// the host's default one, as it is to do.
+/// the host's default one, as it is to do; or the host said that it had none.
 void ExpectPlotterFolderKept(HouseParts& house);
 
 } // namespace sm

@@ -14,6 +14,7 @@ public:
     std::string dateSeparator = "/";
     char pathJoiner = '\\';
     std::string pathSeparators = "\\";
+    bool turkish = false; ///< "I" and "i" are no pair: their partners are "ı" and "İ"
 
     /// As on Linux: "/" joins, both split.
     void UseSlashes()
@@ -35,9 +36,15 @@ public:
                       hour < 12 ? "AM" : "PM");
         return text;
     }
-    /// ASCII letters alone.
-    std::string UpperCase(const std::string& text) override { return Changed(text, 'a', 'z', 'A' - 'a'); }
-    std::string LowerCase(const std::string& text) override { return Changed(text, 'A', 'Z', 'a' - 'A'); }
+    /// ASCII letters alone, and "ı" and "İ" where the locale is a Turkish one.
+    std::string UpperCase(const std::string& text) override
+    {
+        return Changed(turkish ? Replaced(text, 'i', "\xC4\xB0") : text, 'a', 'z', 'A' - 'a');
+    }
+    std::string LowerCase(const std::string& text) override
+    {
+        return Changed(turkish ? Replaced(text, 'I', "\xC4\xB1") : text, 'A', 'Z', 'a' - 'A');
+    }
     /// Latin-1.
     std::int32_t AnsiCode(char32_t character) override
     {
@@ -47,6 +54,13 @@ public:
     std::string PathSeparators() override { return pathSeparators; }
 
 private:
+    static std::string Replaced(const std::string& text, char letter, const std::string& by)
+    {
+        std::string result;
+        for (const char c : text)
+            result += c == letter ? by : std::string(1, c);
+        return result;
+    }
     static std::string Changed(std::string text, char first, char last, int shift)
     {
         std::transform(text.begin(), text.end(), text.begin(),

@@ -43,7 +43,7 @@ public:
     std::string NewPsFileName() override
     {
         Call("NewPsFileName");
-        return "C:\\Temp\\sheet" + std::to_string(++m_names) + ".ps";
+        return m_library.tape.Answer("C:\\Temp\\sheet" + std::to_string(++m_names) + ".ps");
     }
 
     std::int32_t AddTextStampMark(std::int32_t reserved, double x, double y, const std::string& text,
@@ -97,7 +97,7 @@ public:
                                  const std::string& hostTitle) override
     {
         Call("PromptForPdfName", defaultName + " | " + std::to_string(owner) + " | " + hostTitle);
-        return m_library.pdfNameChosen;
+        return m_library.tape.Answer(m_library.pdfNameChosen);
     }
     std::int32_t SaveToPdf(const std::string& pdfPath, std::int32_t hostValue, bool openInViewer, bool deletePs,
                            std::int32_t reserved) override
@@ -115,7 +115,7 @@ public:
     std::string LastErrorText() override
     {
         Call("LastErrorText");
-        return m_library.lastErrorText;
+        return m_library.tape.Answer(m_library.lastErrorText);
     }
 
 private:
@@ -188,13 +188,13 @@ void RecordingLibrary::NoteLine(const std::string& text)
 std::shared_ptr<IPubDoc> RecordingLibrary::CreatePubDoc()
 {
     tape.Call("Library", "", "CreatePubDoc");
-    return CrossingInForce()->Over(Crossing::PubDoc(std::make_shared<RecordingPubDoc>(*this)));
+    return CrossingInForce()->Over(tape.Answer(Crossing::PubDoc(std::make_shared<RecordingPubDoc>(*this))));
 }
 
 std::shared_ptr<IConversionLog> RecordingLibrary::CreateConversionLog()
 {
     tape.Call("Library", "", "CreateConversionLog");
-    return CrossingInForce()->Over(Crossing::Log(std::make_shared<RecordingLog>(*this)));
+    return CrossingInForce()->Over(tape.Answer(Crossing::Log(std::make_shared<RecordingLog>(*this))));
 }
 
 } // namespace sm

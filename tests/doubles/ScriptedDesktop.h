@@ -1,9 +1,8 @@
-// A desktop whose user answers from a script, and the windows, annotation pass and observer that go with it.
+// A desktop whose user answers from a script, and the windows and observer that go with it.
 #pragma once
 
 #include "doubles/CallTape.h"
 #include "doubles/ProducedTexts.h"
-#include "ports/IAnnotations.h"
 #include "ports/IDesktop.h"
 #include "ports/IRunObserver.h"
 #include "ports/IWindows.h"
@@ -134,34 +133,11 @@ private:
     }
 };
 
-/// Queues a number of marks on the publishing document.
-class ScriptedAnnotations : public IAnnotations {
-public:
-    int marksToQueue = 0;
-    bool result = true;
-    struct Pass {
-        TransferFlags transfer;
-        bool quiet = false;
-    };
-    std::vector<Pass> passes;
-
-    bool AddPdfMarks(IPubDoc& pubDoc, IAcadDocument&, const TransferFlags& transfer, bool quiet) override
-    {
-        passes.push_back({transfer, quiet});
-        try {
-            for (int i = 1; i <= marksToQueue; ++i)
-                pubDoc.AddPropertyMark(0, "Mark " + std::to_string(i), "value");
-        } catch (const HostError&) {
-            return false;
-        }
-        return result;
-    }
-};
-
 class RecordingObserver : public IRunObserver {
 public:
     std::vector<std::string> events;      ///< "sheet begins A1 1/2", ...
     std::vector<std::string> carriedPast; ///< "routine: description"
+    std::vector<std::string> annotationsLost;
 
     void Stage(const std::string& name) noexcept override { events.push_back("stage " + name); }
     void SheetBegins(const std::string& layoutName, std::int32_t index, std::int32_t count) noexcept override
@@ -177,6 +153,7 @@ public:
     {
         events.push_back("saved " + pdfPath + " | " + std::to_string(status) + " | " + errorText);
     }
+    void AnnotationsLost(const std::string& description) noexcept override { annotationsLost.push_back(description); }
     void CarriedPast(const std::string& routine, const std::string& description) noexcept override
     {
         carriedPast.push_back(routine + ": " + description);

@@ -54,7 +54,7 @@ public:
     {
         Call("GetXData", appName);
         const auto found = m_facts->XData.find(appName);
-        return found == m_facts->XData.end() ? AcadXData{} : found->second;
+        return m_host.tape.Answer(found == m_facts->XData.end() ? AcadXData{} : found->second);
     }
     void SetXData(const AcadXData& data) override
     {
@@ -74,7 +74,7 @@ public:
 class ScriptedView final : public IAcadView {
 public:
     ScriptedView(ScriptedHost& host, ViewFacts facts) : m_host(host), m_facts(std::move(facts)) {}
-    std::string Name() override { return Get("Name", m_facts.Name); }
+    std::string Name() override { return m_host.tape.Answer(Get("Name", m_facts.Name)); }
     AcadPoint Center() override { return Get("Center", m_facts.Center); }
     double Width() override { return Get("Width", m_facts.Width); }
     double Height() override { return Get("Height", m_facts.Height); }
@@ -100,16 +100,22 @@ public:
     std::shared_ptr<IAcadView> Item(std::int32_t index) override
     {
         Call("Item", std::to_string(index));
-        return std::make_shared<ScriptedView>(m_host, m_facts->Views[Position(index, m_facts->Views)]);
+        return View(m_facts->Views[Position(index, m_facts->Views)]);
     }
     std::shared_ptr<IAcadView> Item(const std::string& name) override
     {
         Call("Item", name);
         for (const ViewFacts& view : m_facts->Views) {
             if (SameName(view.Name, name))
-                return std::make_shared<ScriptedView>(m_host, view);
+                return View(view);
         }
         throw HostError("Key not found");
+    }
+
+private:
+    std::shared_ptr<IAcadView> View(const ViewFacts& facts)
+    {
+        return m_host.tape.Answer(std::shared_ptr<IAcadView>(std::make_shared<ScriptedView>(m_host, facts)));
     }
 };
 
@@ -175,14 +181,14 @@ public:
     std::shared_ptr<IAcadLayout> Item(std::int32_t index) override
     {
         Call("Item", std::to_string(index));
-        return m_host.OwnLayout(m_facts->Layouts[Position(index, m_facts->Layouts)]);
+        return m_host.tape.Answer(m_host.OwnLayout(m_facts->Layouts[Position(index, m_facts->Layouts)]));
     }
     std::shared_ptr<IAcadLayout> Item(const std::string& name) override
     {
         Call("Item", name);
         for (const auto& layout : m_facts->Layouts) {
             if (SameName(layout->Name, name))
-                return m_host.OwnLayout(layout);
+                return m_host.tape.Answer(m_host.OwnLayout(layout));
         }
         throw HostError("Key not found");
     }
@@ -196,7 +202,7 @@ public:
         Call("Item", name);
         for (BlockFacts& block : m_facts->Blocks) {
             if (SameName(block.Name, name))
-                return m_host.OwnBlock(std::shared_ptr<BlockFacts>(m_facts, &block));
+                return m_host.tape.Answer(m_host.OwnBlock(std::shared_ptr<BlockFacts>(m_facts, &block)));
         }
         throw HostError("Key not found");
     }
@@ -209,10 +215,10 @@ public:
     std::shared_ptr<IAcadApplication> Application() override
     {
         Call("Application");
-        return m_host.OwnApplication();
+        return m_host.tape.Answer(m_host.OwnApplication());
     }
-    std::string Name() override { return Get("Name", m_facts->Name); }
-    std::string FullName() override { return Get("FullName", m_facts->FullName); }
+    std::string Name() override { return m_host.tape.Answer(Get("Name", m_facts->Name)); }
+    std::string FullName() override { return m_host.tape.Answer(Get("FullName", m_facts->FullName)); }
     bool Active() override { return Get("Active", m_facts->Active); }
     std::int32_t HWND() override { return Get("HWND", m_facts->HWND); }
     std::int32_t WindowState() override { return Get("WindowState", m_facts->WindowState); }
@@ -226,7 +232,7 @@ public:
     std::shared_ptr<IAcadLayout> ActiveLayout() override
     {
         Call("ActiveLayout");
-        return m_host.OwnLayout(m_facts->ActiveLayout);
+        return m_host.tape.Answer(m_host.OwnLayout(m_facts->ActiveLayout));
     }
     void SetActiveLayout(const std::shared_ptr<IAcadLayout>& layout) override
     {
@@ -255,7 +261,7 @@ public:
         const auto found = m_facts->Variables.find(name);
         if (found == m_facts->Variables.end())
             throw HostError("Error getting system variable");
-        return found->second;
+        return m_host.tape.Answer(found->second);
     }
     std::array<double, 4> Limits() override { return Get("Limits", m_facts->Limits); }
     void Close(bool saveChanges) override
@@ -279,7 +285,7 @@ private:
     template <class Object_> std::shared_ptr<Object_> Object(const std::string& operation)
     {
         Call(operation);
-        return std::make_shared<Object_>(m_host, m_facts);
+        return m_host.tape.Answer(std::make_shared<Object_>(m_host, m_facts));
     }
     ScriptedHost& m_host;
     DocumentRef m_facts;

@@ -12,12 +12,12 @@ public:
     std::string URL() override
     {
         m_host.tape.Call("Hyperlink", "", "URL");
-        return m_facts.URL;
+        return m_host.tape.Answer(m_facts.URL);
     }
     std::string URLDescription() override
     {
         m_host.tape.Call("Hyperlink", "", "URLDescription");
-        return m_facts.URLDescription;
+        return m_host.tape.Answer(m_facts.URLDescription);
     }
 
 private:
@@ -40,7 +40,8 @@ public:
         m_host.tape.Call("Hyperlinks", "", "Item", std::to_string(index));
         if (index < 0 || static_cast<std::size_t>(index) >= m_facts.size())
             throw HostError("Invalid index");
-        return std::make_shared<ScriptedHyperlink>(m_host, m_facts[static_cast<std::size_t>(index)]);
+        const HyperlinkFacts& link = m_facts[static_cast<std::size_t>(index)];
+        return m_host.tape.Answer(std::shared_ptr<IAcadHyperlink>(std::make_shared<ScriptedHyperlink>(m_host, link)));
     }
 
 private:
@@ -54,12 +55,12 @@ public:
     std::string TagString() override
     {
         m_host.tape.Call("Attribute", "", "TagString");
-        return m_facts.TagString;
+        return m_host.tape.Answer(m_facts.TagString);
     }
     std::string TextString() override
     {
         m_host.tape.Call("Attribute", "", "TextString");
-        return m_facts.TextString;
+        return m_host.tape.Answer(m_facts.TextString);
     }
 
 private:
@@ -88,7 +89,7 @@ public:
     std::string Name() override
     {
         Call("Name");
-        return m_facts.Name;
+        return m_host.tape.Answer(m_facts.Name);
     }
     AcadPoint InsertionPoint() override
     {
@@ -102,8 +103,9 @@ private:
     {
         std::vector<std::shared_ptr<IAcadAttribute>> objects;
         for (const AttributeFacts& attribute : list)
-            objects.push_back(std::make_shared<ScriptedAttribute>(m_host, attribute));
-        return objects;
+            objects.push_back(m_host.tape.Answer(
+                std::shared_ptr<IAcadAttribute>(std::make_shared<ScriptedAttribute>(m_host, attribute))));
+        return m_host.tape.Answer(objects);
     }
     ScriptedHost& m_host;
     BlockReferenceFacts m_facts;
@@ -119,12 +121,13 @@ public:
     std::string ObjectName() override
     {
         Call("ObjectName");
-        return m_facts.ObjectName;
+        return m_host.tape.Answer(m_facts.ObjectName);
     }
     std::shared_ptr<IAcadHyperlinks> Hyperlinks() override
     {
         Call("Hyperlinks");
-        return std::make_shared<ScriptedHyperlinks>(m_host, m_facts.Hyperlinks);
+        const auto links = std::make_shared<ScriptedHyperlinks>(m_host, m_facts.Hyperlinks);
+        return m_host.tape.Answer(std::shared_ptr<IAcadHyperlinks>(links));
     }
     void GetBoundingBox(AcadPoint& lowerLeft, AcadPoint& upperRight) override
     {
@@ -147,7 +150,7 @@ public:
     std::string Name() override
     {
         Call("Name");
-        return m_facts->Name;
+        return m_host.tape.Answer(m_facts->Name);
     }
     std::int32_t Count() override
     {
@@ -159,7 +162,8 @@ public:
         Call("Item", std::to_string(index));
         if (index < 0 || static_cast<std::size_t>(index) >= m_facts->Entities.size())
             throw HostError("Invalid index");
-        return std::make_shared<ScriptedEntity>(m_host, m_facts->Entities[static_cast<std::size_t>(index)]);
+        const EntityFacts& entity = m_facts->Entities[static_cast<std::size_t>(index)];
+        return m_host.tape.Answer(std::shared_ptr<IAcadEntity>(std::make_shared<ScriptedEntity>(m_host, entity)));
     }
 
 private:

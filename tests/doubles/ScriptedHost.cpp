@@ -26,12 +26,12 @@ public:
     std::string DriversPath() override
     {
         Call("DriversPath");
-        return m_host.facts.DriversPath;
+        return m_host.tape.Answer(m_host.facts.DriversPath);
     }
     std::string PrinterConfigPath() override
     {
         Call("PrinterConfigPath");
-        return m_host.facts.PrinterConfigPath;
+        return m_host.tape.Answer(m_host.facts.PrinterConfigPath);
     }
     void SetPrinterConfigPath(const std::string& path) override
     {
@@ -44,7 +44,7 @@ public:
     std::string ActiveProfile() override
     {
         Call("ActiveProfile");
-        return m_host.facts.ActiveProfile;
+        return m_host.tape.Answer(m_host.facts.ActiveProfile);
     }
 
 private:
@@ -69,7 +69,7 @@ public:
         m_host.tape.Call("Documents", "", "Item", std::to_string(index));
         if (index < 0 || index >= static_cast<std::int32_t>(m_host.facts.Documents.size()))
             throw HostError("Invalid index");
-        return m_host.OwnDocument(m_host.facts.Documents[static_cast<std::size_t>(index)]);
+        return m_host.tape.Answer(m_host.OwnDocument(m_host.facts.Documents[static_cast<std::size_t>(index)]));
     }
     std::shared_ptr<IAcadDocument> Open(const std::string& fileName) override
     {
@@ -78,7 +78,7 @@ public:
         if (found == m_host.facts.Files.end())
             throw HostError("File not found");
         m_host.facts.Documents.push_back(found->second);
-        return m_host.OwnDocument(found->second);
+        return m_host.tape.Answer(m_host.OwnDocument(found->second));
     }
 
 private:
@@ -92,17 +92,17 @@ public:
     std::shared_ptr<IAcadDocument> ActiveDocument() override
     {
         m_host.tape.Call("Application", "", "ActiveDocument");
-        return m_host.OwnDocument(m_host.facts.ActiveDocument);
+        return m_host.tape.Answer(m_host.OwnDocument(m_host.facts.ActiveDocument));
     }
     std::shared_ptr<IAcadDocuments> Documents() override
     {
         m_host.tape.Call("Application", "", "Documents");
-        return std::make_shared<ScriptedDocuments>(m_host);
+        return m_host.tape.Answer(std::shared_ptr<IAcadDocuments>(std::make_shared<ScriptedDocuments>(m_host)));
     }
     std::shared_ptr<IAcadPreferences> Preferences() override
     {
         m_host.tape.Call("Application", "", "Preferences");
-        return std::make_shared<ScriptedPreferences>(m_host);
+        return m_host.tape.Answer(std::shared_ptr<IAcadPreferences>(std::make_shared<ScriptedPreferences>(m_host)));
     }
 
 private:

@@ -2,6 +2,7 @@
 #include "doubles/ScriptedHost.h"
 
 #include <algorithm>
+#include <type_traits>
 #include <utility>
 
 namespace sm {
@@ -28,7 +29,7 @@ public:
     std::shared_ptr<IAcadBlock> Block() override
     {
         Call("Block");
-        return m_host.OwnBlock(std::shared_ptr<BlockFacts>(m_facts, &m_facts->Block));
+        return m_host.tape.Answer(m_host.OwnBlock(std::shared_ptr<BlockFacts>(m_facts, &m_facts->Block)));
     }
 
     std::string ConfigName() override { return Get("ConfigName", m_facts->ConfigName); }
@@ -56,7 +57,7 @@ public:
         Call("GetLocaleMediaName", canonicalName);
         std::string text = canonicalName;
         std::replace(text.begin(), text.end(), '_', ' ');
-        return text;
+        return m_host.tape.Answer(text);
     }
     std::string StyleSheet() override { return Get("StyleSheet", m_facts->StyleSheet); }
     void SetStyleSheet(const std::string& name) override { Set("SetStyleSheet", m_facts->StyleSheet, name); }
@@ -172,7 +173,10 @@ private:
     template <class Value> Value Get(const std::string& operation, const Value& value)
     {
         Call(operation);
-        return value;
+        if constexpr (std::is_arithmetic_v<Value> || std::is_same_v<Value, AcadPoint>)
+            return value;
+        else
+            return m_host.tape.Answer(value);
     }
     void Set(const std::string& operation, std::string& field, const std::string& value)
     {

@@ -8,6 +8,9 @@
 #include "doubles/RegistryWrappers.h"
 #include "doubles/ScriptedHost.h"
 #include "plugin/CallContext.h"
+#include "ports/IDesktop.h"
+#include "ports/IRunObserver.h"
+#include "ports/IWindows.h"
 
 #include <functional>
 #include <gmock/gmock.h>
@@ -37,11 +40,6 @@ public:
     MOCK_METHOD(bool, RunProgress, (const Scan&), (override));
 };
 
-class MockAnnotations : public IAnnotations {
-public:
-    MOCK_METHOD(bool, AddPdfMarks, (IPubDoc&, IAcadDocument&, const TransferFlags&, bool), (override));
-};
-
 class MockLibrary : public IPublishingLibrary {
 public:
     MOCK_METHOD(std::shared_ptr<IPubDoc>, CreatePubDoc, (), (override));
@@ -56,6 +54,7 @@ public:
     void SheetBegins(const std::string&, std::int32_t, std::int32_t) noexcept override {}
     void SheetEnds(const std::string&, std::int32_t, std::int32_t) noexcept override {}
     void Saved(const std::string&, std::int32_t, const std::string&) noexcept override {}
+    void AnnotationsLost(const std::string&) noexcept override {}
     void CarriedPast(const std::string& routine, const std::string& description) noexcept override
     {
         carriedPast.push_back(routine + ": " + description);
@@ -69,14 +68,12 @@ protected:
     MemoryFileSystem files;
     testing::StrictMock<MockDesktop> desktop;
     testing::StrictMock<MockWindows> windows;
-    testing::StrictMock<MockAnnotations> annotations;
     testing::StrictMock<MockLibrary> library;
     FixedLocale locale;
     FixedClock clock;
     FixedComponent component;
     CarriedPastList observer;
-    Surroundings surroundings{failingRegistry, files,  desktop, windows,   annotations,
-                              library,         locale, clock,   component, observer};
+    Surroundings surroundings{failingRegistry, files, desktop, windows, library, locale, clock, component, observer};
     CallContext context{surroundings, nullptr, nullptr, nullptr};
     ScriptedHost host;
 

@@ -3,6 +3,7 @@
 #include "plotting/PaperTable.h"
 
 #include <ostream>
+#include <set>
 
 namespace sm {
 
@@ -61,6 +62,8 @@ void HouseParts::SeedSession()
 void HouseParts::SeedDrawing()
 {
     drawing = host.AddDocument(DocumentFacts{});
+    drawing->Variables["EXTMIN"] = AcadPoint{0, 0, 0};
+    drawing->Variables["EXTMAX"] = AcadPoint{420, 297, 0};
     LayoutFacts layout;
     layout.Name = "Model";
     layout.TabOrder = 0;
@@ -125,6 +128,14 @@ std::string HouseParts::PendingFolder() const
     return folder == "(absent)" ? "" : folder;
 }
 
+void HouseParts::PutMarks(const std::shared_ptr<LayoutFacts>& layout, int count)
+{
+    PutSetting("TransferDrawingHlinks", "1");
+    for (int i = 1; i <= count; ++i)
+        layout->Block.Entities.push_back(
+            {"AcDbLine", {1, 2, 0}, {3, 4, 0}, {{"https://mark.example/" + std::to_string(i), ""}}, {}});
+}
+
 void HouseParts::UseDriver(const std::string& fileName)
 {
     for (const char* name : {"ps6.hdi", "ps7.hdi", "ps8.hdi"})
@@ -139,6 +150,18 @@ void TestHouse::TearDown()
         return;
     EXPECT_EQ(library.TakeLog(), Lines{}) << "log lines that the test never looked at";
     EXPECT_EQ(desktop.TakeMessages(), std::vector<Message>{}) << "messages that the test never looked at";
+}
+
+TestHouse::Lines TestHouse::MilestonesOf(const Lines& log)
+{
+    const std::set<std::string> headings{"TEXT STAMP", "FILE ATTACHMENTS", "DIGITAL SIGNATURE FIELDS", "HYPERLINKS",
+                                         "BLOCK ATTRIBUTES"};
+    Lines lines;
+    for (const std::string& line : log) {
+        if (line.front() != ' ' && !headings.contains(line))
+            lines.push_back(line);
+    }
+    return lines;
 }
 
 Message TestHouse::ProductMessage(const std::string& text, MessageButtons buttons, MessageIcon icon,

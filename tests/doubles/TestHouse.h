@@ -32,15 +32,14 @@ struct HouseParts {
     FailingFileSystem failingFiles{files};
     ScriptedDesktop desktop;
     ScriptedWindows windows;
-    ScriptedAnnotations annotations;
     RecordingLibrary library;
     FixedLocale locale;
     FixedClock clock;
     FixedComponent component;
     RecordingObserver observer;
     ScriptedHost host;
-    Surroundings surroundings{failingRegistry, failingFiles, desktop, windows,   annotations,
-                              library,         locale,       clock,   component, observer};
+    Surroundings surroundings{failingRegistry, failingFiles, desktop,   windows, library,
+                              locale,          clock,        component, observer};
     CallContext context{surroundings, nullptr, nullptr, nullptr};
 
     std::shared_ptr<DocumentFacts> drawing;            ///< "C:\Jobs\Plan.dwg", the active document
@@ -53,6 +52,8 @@ struct HouseParts {
     void PutSetting(const std::string& name, const std::string& text);
     /// The folder that waits for a reset; empty when none does.
     [[nodiscard]] std::string PendingFolder() const;
+    /// Gives the layout so many marks: links of entities, the switch for them put on.
+    void PutMarks(const std::shared_ptr<LayoutFacts>& layout, int count);
     /// Leaves only the driver file given in the drivers folder; empty for none.
     void UseDriver(const std::string& fileName);
 
@@ -69,6 +70,8 @@ protected:
     using Lines = std::vector<std::string>;
     void TearDown() override;
     Lines Log() { return library.TakeLog(); }
+    /// The lines of a log without details and without the headings of the annotation pass.
+    static Lines MilestonesOf(const Lines& log);
     std::vector<Message> Messages() { return desktop.TakeMessages(); }
     /// As the product shows it: its title and help file filled in.
     static Message ProductMessage(const std::string& text, MessageButtons buttons, MessageIcon icon,

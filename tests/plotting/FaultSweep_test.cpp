@@ -25,7 +25,7 @@ TEST_P(PlotFaultSweep, NothingEscapesAndThePlotterFolderIsKept)
     const Case facts = std::get<0>(GetParam());
     std::shared_ptr<IPubDoc> pubDoc;
     SweepFaults(std::get<1>(GetParam()), {[&](HouseParts& house) {
-                                              house.annotations.marksToQueue = 1;
+                                              house.PutMarks(house.ground, 1);
                                               house.BeginCall();
                                               pubDoc = house.library.CreatePubDoc();
                                           },

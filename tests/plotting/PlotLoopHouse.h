@@ -19,16 +19,8 @@ protected:
     {
         return PlotLayoutToPubDoc(context, *pubDoc, layout, silent, source, 1200, jobOptions);
     }
-    /// The log without the trace of the plot configuration and the plotter folder.
-    Lines Milestones()
-    {
-        Lines lines;
-        for (const std::string& line : Log()) {
-            if (line.front() != ' ')
-                lines.push_back(line);
-        }
-        return lines;
-    }
+    /// The log without details and without the headings of the annotation pass.
+    Lines Milestones() { return MilestonesOf(Log()); }
     [[nodiscard]] Lines PubDocCalls() const { return library.tape.CallsOf("PubDoc."); }
     /// Put back on the normal exit only.
     void ExpectLayoutRestored()

@@ -62,8 +62,8 @@ TEST_F(PlotLoopTest, UnusableJobOptionsArePickedUntilTheyServe)
     EXPECT_NE(calls[0].find("\\Settings\\gone.joboptions"), std::string::npos);
     EXPECT_NE(calls[1].find("\\Settings\\Proof.joboptions"), std::string::npos);
     EXPECT_NE(calls[2].find("\\Settings\\Graphics [600 dpi].joboptions"), std::string::npos);
-    EXPECT_EQ(windows.calls,
-              (Lines{"PickJobOptions [Graphics [600 dpi], Proof]", "PickJobOptions [Graphics [600 dpi], Proof]"}));
+    EXPECT_EQ(windows.calls, (Lines{"PickJobOptions [Graphics [600 dpi], Proof]",
+                                    "PickJobOptions [Graphics [600 dpi], Proof]", "RunProgress"}));
     EXPECT_EQ(Setting("JobOptionsFile"), "Graphics [600 dpi]");
     (void)Log();
 }
@@ -102,18 +102,39 @@ TEST_F(PlotLoopTest, AnAddThatNeverAnswersIsARefusal)
 
 TEST_F(PlotLoopTest, AnnotationsGetTheSwitchesAndTheSilence)
 {
+    PutMarks(ground, 1);
+    PutSetting("TransferDrawingHlinks", "0");
     PutSetting("TransferBlockHlinks", "1");
     PutSetting("TransferAttributes", "1");
-    annotations.marksToQueue = 3;
-    annotations.result = false; // its failure doesn't undo the sheet
+    drawing->Blocks.push_back({"TITLE", {}});
+    ground->Block.Entities.push_back({"AcDbBlockReference",
+                                      {1, 2, 0},
+                                      {3, 4, 0},
+                                      {{"https://block.example", ""}},
+                                      BlockReferenceFacts{"TITLE", {}, {{"DWG-NO", "7"}, {"REV", "A"}}, {}}});
     EXPECT_EQ(Plot(kTrue), 0);
-    EXPECT_EQ(Plot(kFalse), 0);
-    ASSERT_EQ(annotations.passes.size(), 2U);
-    EXPECT_EQ(annotations.passes[0].transfer, (TransferFlags{kFalse, kFalse, kTrue, kFalse, kTrue}));
-    EXPECT_TRUE(annotations.passes[0].quiet);
-    EXPECT_FALSE(annotations.passes[1].quiet);
+    EXPECT_EQ(windows.calls, Lines{});
     EXPECT_EQ(observer.events.back(), "sheet ends Ground 0 marks 3");
+    EXPECT_EQ(Plot(kFalse), 0);
+    EXPECT_EQ(windows.calls, Lines{"RunProgress"});
+    EXPECT_EQ(library.tape.CallsOf("PubDoc.AddLinkMark").size(), 2U);
+    EXPECT_EQ(library.tape.CallsOf("PubDoc.AddPropertyMark"),
+              (Lines{"PubDoc.AddPropertyMark 0 | TITLE_1/DWG-NO | 7", "PubDoc.AddPropertyMark 0 | TITLE_1/REV | A",
+                     "PubDoc.AddPropertyMark 0 | TITLE_2/DWG-NO | 7", "PubDoc.AddPropertyMark 0 | TITLE_2/REV | A"}));
+    EXPECT_EQ(observer.annotationsLost, Lines{});
     (void)Log();
+}
+
+TEST_F(PlotLoopTest, AFailingAnnotationPassDoesNotUndoTheSheet)
+{
+    PutMarks(ground, 2);
+    library.tape.FailCall("PubDoc.AddLinkMark", "Queue full", -1, 1);
+    EXPECT_EQ(Plot(kTrue), 0);
+    EXPECT_EQ(Milestones(),
+              (Lines{"USE NATIVE PAGE SETUP FOR GROUND", "ADDPDFMARK RUNTIME ERROR: Queue full", "RESET PAGE SETUP"}));
+    EXPECT_EQ(observer.annotationsLost, Lines{"Queue full"});
+    EXPECT_EQ(observer.events.back(), "sheet ends Ground 0 marks 1");
+    ExpectLayoutRestored();
 }
 
 TEST_F(PlotLoopTest, ADisplayPlotWithoutMarksAsksNothing)
@@ -127,7 +148,7 @@ TEST_F(PlotLoopTest, ADisplayPlotWithoutMarksAsksNothing)
 TEST_F(PlotLoopTest, ADisplayPlotInSilenceDropsItsMarks)
 {
     ground->PlotType = 0;
-    annotations.marksToQueue = 2;
+    PutMarks(ground, 2);
     EXPECT_EQ(Plot(kTrue), 1);
     EXPECT_EQ(library.tape.CallsOf("PubDoc.DiscardPendingMarks").size(), 1U);
     EXPECT_EQ(observer.events.back(), "sheet ends Ground 1 marks 0");

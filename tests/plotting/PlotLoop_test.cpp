@@ -57,6 +57,28 @@ TEST_F(PlotLoopTest, TheLastActiveLayoutTabLeavesTheModelTab)
     EXPECT_EQ(Milestones().front(), "USE NATIVE PAGE SETUP FOR UPPER");
 }
 
+TEST_F(PlotLoopTest, TheNamesThatStandForALayoutFoldInEveryLocale)
+{
+    locale.turkish = true;
+    drawing->LastActivePaperSheet = upper;
+    for (const char* name : {"*LAST ACTIVE LAYOUT TAB*", "*last active layout tab*"}) {
+        drawing->ActiveLayout = model;
+        EXPECT_EQ(Plot(kTrue, 0, name), 0) << name;
+        EXPECT_EQ(drawing->ActiveLayout, upper) << name;
+    }
+    (void)Log();
+}
+
+TEST_F(PlotLoopTest, ALayoutThatIsNotThereIsRefused)
+{
+    for (const char* call : {"Document.Layouts", "Layouts.Item"}) {
+        host.tape.StopFailing();
+        host.tape.AnswerNothing(call);
+        EXPECT_EQ(Plot(kTrue), -13) << call;
+    }
+    EXPECT_EQ(Log().back(), "ERROR: PlotLayoutToPubDoc -13");
+}
+
 TEST_F(PlotLoopTest, AnUnknownLayoutIsRefusedInSilence)
 {
     for (const char* name : {"Roof", ""}) {

@@ -133,7 +133,7 @@ TEST_F(PlotMessages, DisplayWithoutAnnotations)
         MessageAnswer answer;
         std::int32_t status;
     } rows[] = {{MessageAnswer::Yes, 1}, {MessageAnswer::No, -1}};
-    annotations.marksToQueue = 1;
+    PutMarks(ground, 1);
     for (const auto& row : rows) {
         ground->PlotType = 0;
         desktop.answers = {row.answer};

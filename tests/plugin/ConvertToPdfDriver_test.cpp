@@ -21,15 +21,7 @@ protected:
     }
     void Convert() { Convert(Options{}); }
     /// The milestones alone: lines from the first column.
-    Lines Milestones()
-    {
-        Lines lines;
-        for (const std::string& line : Log()) {
-            if (line.front() != ' ')
-                lines.push_back(line);
-        }
-        return lines;
-    }
+    Lines Milestones() { return MilestonesOf(Log()); }
     [[nodiscard]] Lines Calls(const std::string& operation) const
     {
         return library.tape.CallsOf("PubDoc." + operation);

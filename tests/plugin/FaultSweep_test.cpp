@@ -12,7 +12,8 @@ void Prepare(HouseParts& house)
     house.PutSetting("PromptForFileName", "0");
     house.PutSetting("WhatToPlot", "1");
     house.windows.settingsResult = 1;
-    house.annotations.marksToQueue = 2;
+    house.PutMarks(house.ground, 2);
+    house.PutMarks(house.upper, 2);
     house.upper->PlotType = 0; // display: its marks are dropped
 }
 

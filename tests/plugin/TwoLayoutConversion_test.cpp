@@ -55,6 +55,15 @@ TEST_F(TwoLayoutConversion, WritesThisLog)
                          "  PaperUnits: Millimeters",
                          "  UseStandardScale: 1",
                          "  StandardScale: 16",
+                         "TEXT STAMP",
+                         "  [None]",
+                         "FILE ATTACHMENTS",
+                         "  [None]",
+                         "DIGITAL SIGNATURE FIELDS",
+                         "  [None]",
+                         "HYPERLINKS",
+                         "BLOCK ATTRIBUTES",
+                         "  [None]",
                          "RESET PAGE SETUP",
                          "  Reset PrinterConfigPath To: C:\\Users\\me\\Plotters",
                          "USE NATIVE PAGE SETUP FOR UPPER",
@@ -87,6 +96,15 @@ TEST_F(TwoLayoutConversion, WritesThisLog)
                          "  UseStandardScale: False",
                          "  ScaleNumer: 1",
                          "  ScaleDenom: 50",
+                         "TEXT STAMP",
+                         "  [None]",
+                         "FILE ATTACHMENTS",
+                         "  [None]",
+                         "DIGITAL SIGNATURE FIELDS",
+                         "  [None]",
+                         "HYPERLINKS",
+                         "BLOCK ATTRIBUTES",
+                         "  [None]",
                          "RESET PAGE SETUP",
                          "  Reset PrinterConfigPath To: C:\\Users\\me\\Plotters",
                          "PDF FILE SAVED",
@@ -112,6 +130,27 @@ TEST_F(TwoLayoutConversion, AsksTheLibraryInThisOrder)
                   "PubDoc.SaveToPdf C:\\Jobs\\Plan.pdf | 77 | 1 | 1 | 0",
               }));
     EXPECT_EQ(library.documentsAlive, 0);
+}
+
+TEST_F(TwoLayoutConversion, CountsBlocksOverItsSheetsAndFromOneInTheNext)
+{
+    PutSetting("PromptForFileName", "0");
+    PutSetting("WhatToPlot", "1");
+    PutSetting("TransferAttributes", "1");
+    drawing->Blocks.push_back({"TITLE", {}});
+    for (const auto& sheet : {ground, upper})
+        sheet->Block.Entities = {
+            {"AcDbBlockReference", {}, {}, {}, BlockReferenceFacts{"TITLE", {}, {{"SHEET", sheet->Name}}, {}}}};
+    const Lines once{"PubDoc.AddPropertyMark 0 | TITLE_1/SHEET | Ground",
+                     "PubDoc.AddPropertyMark 0 | TITLE_2/SHEET | Upper"};
+    cPlugin plugin(context);
+    ASSERT_EQ(plugin.Initialize(host.Application()), kTrue);
+    for (int i = 0; i < 2; ++i) {
+        library.tape.calls.clear();
+        plugin.ConvertToPDF(77);
+        EXPECT_EQ(library.tape.CallsOf("PubDoc.AddPropertyMark"), once) << "conversion " << i + 1;
+    }
+    (void)Log();
 }
 
 TEST_F(TwoLayoutConversion, LeavesTheUsersSettingsAsTheyWere)

@@ -58,7 +58,7 @@ TEST_F(ReleaseSettings, GiveTheDefaultWhenAbsentOrEmpty)
 TEST_F(ReleaseSettings, WorkWithoutTheChain)
 {
     MemoryRegistry bare;
-    Surroundings elsewhere{bare, files, desktop, windows, annotations, library, locale, clock, component, observer};
+    Surroundings elsewhere{bare, files, desktop, windows, library, locale, clock, component, observer};
     WriteReleaseSetting(elsewhere, "16", "Profile", "mine");
     EXPECT_EQ(ReadReleaseSetting(elsewhere, "16", "Profile", "none"), "mine");
     EXPECT_EQ(ReadAcadInstallInfo(elsewhere, "16"), AcadInstallInfo());

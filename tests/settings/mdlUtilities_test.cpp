@@ -7,6 +7,16 @@
 namespace sm {
 namespace {
 
+TEST(SameAsciiText, LooksAtNoLetterCaseOfAsciiAndNoLocale)
+{
+    EXPECT_TRUE(SameAsciiText("Audit", "AUDIT"));
+    EXPECT_TRUE(SameAsciiText("", ""));
+    EXPECT_FALSE(SameAsciiText("AUDIT", "AUDITS"));
+    EXPECT_FALSE(SameAsciiText("aud\xC4\xB1t", "AUDIT"));
+    EXPECT_FALSE(SameAsciiText("\xC3\x84", "\xC3\xA4")) << "letters beyond ASCII are told apart";
+    EXPECT_FALSE(SameAsciiText("@", "`"));
+}
+
 TEST(BoolToText, GivesBooleansAsDigitsAndTrimsTheRest)
 {
     const struct {

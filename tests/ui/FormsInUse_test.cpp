@@ -15,8 +15,8 @@ protected:
     FormsInUse() { wired.g_Log = context.g_Log; }
 
     std::unique_ptr<IWindows> forms = CreateFormWindows(wired, toolkit);
-    Surroundings wiredSurroundings{failingRegistry, failingFiles, desktop, *forms,    annotations,
-                                   library,         locale,       clock,   component, observer};
+    Surroundings wiredSurroundings{failingRegistry, failingFiles, desktop,   *forms,  library,
+                                   locale,          clock,        component, observer};
     CallContext wired{wiredSurroundings, host.Application(), host.Document(drawing), nullptr};
 };
 
@@ -77,16 +77,15 @@ TEST_F(FormsInUse, TheScanRunsInsideTheProgressWindow)
     ground->Block.Entities.resize(3);
     ground->Block.Entities[1].Hyperlinks = {{"https://example.org", ""}};
     ground->Block.Entities[1].UpperRight = {1, 1, 0};
-    BlockNames names;
     const auto pubDoc = library.CreatePubDoc();
     TransferFlags transfer;
     transfer.TransferDrawingHlinks = kTrue;
-    EXPECT_TRUE(AddPdfMarks(wired, names, *pubDoc, *wired.g_AcadDoc, transfer, false));
+    EXPECT_TRUE(AddPdfMarks(wired, *pubDoc, *wired.g_AcadDoc, transfer, false));
     EXPECT_EQ(library.tape.CallsOf("PubDoc.AddLinkMark").size(), 1U);
     EXPECT_EQ(toolkit.events, (Texts{"show frmProgress", "pump frmProgress", "pump frmProgress", "pump frmProgress",
                                      "pump frmProgress", "hide frmProgress"}));
     toolkit.events.clear();
-    EXPECT_TRUE(AddPdfMarks(wired, names, *pubDoc, *wired.g_AcadDoc, transfer, true));
+    EXPECT_TRUE(AddPdfMarks(wired, *pubDoc, *wired.g_AcadDoc, transfer, true));
     EXPECT_EQ(toolkit.events, Texts{}) << "a silent run shows no window";
     (void)Log();
 }

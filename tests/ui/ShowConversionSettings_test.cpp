@@ -157,9 +157,9 @@ struct WiredPlugIn {
     WiredPlugIn(HouseParts& house, IFormToolkit& toolkit)
         : forms(CreateFormWindows(context, toolkit)), surroundings{house.failingRegistry, house.failingFiles,
                                                                    house.desktop,         *forms,
-                                                                   house.annotations,     house.library,
-                                                                   house.locale,          house.clock,
-                                                                   house.component,       house.observer},
+                                                                   house.library,         house.locale,
+                                                                   house.clock,           house.component,
+                                                                   house.observer},
           context{surroundings, nullptr, nullptr, nullptr}, plugin(context)
     {
         plugin.Initialize(house.host.Application());

@@ -80,8 +80,7 @@ public:
 TEST_F(Failures, CreatePdfWhoseSaveFailsConvertsNothing)
 {
     BreakingLocale breaking;
-    Surroundings wired{failingRegistry, failingFiles, desktop, windows,   annotations,
-                       library,         breaking,     clock,   component, observer};
+    Surroundings wired{failingRegistry, failingFiles, desktop, windows, library, breaking, clock, component, observer};
     CallContext wiredContext{wired, context.g_AcadApp, context.g_AcadDoc, context.g_Log};
     for (const char* button : {"btnPDF", "btnOK"}) {
         breaking.broken = false;

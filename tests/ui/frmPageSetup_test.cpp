@@ -63,8 +63,7 @@ TEST_F(PageSetupDialog, CancelledEditsAreForgotten)
 
 TEST_F(PageSetupDialog, IsTitledByItsSource)
 {
-    Surroundings wired{failingRegistry, failingFiles, desktop, *forms,    annotations,
-                       library,         locale,       clock,   component, observer};
+    Surroundings wired{failingRegistry, failingFiles, desktop, *forms, library, locale, clock, component, observer};
     CallContext wiredContext{wired, context.g_AcadApp, context.g_AcadDoc, context.g_Log};
     cAcadPageSetup wiredSetup(wiredContext);
     Texts titles;

@@ -35,7 +35,6 @@ STDMETHODIMP NativeDocObject::AddToPubDoc(IDispatch** pubDoc, BSTR layoutName, V
 {
     return Give(status, [&] {
         const Working working(m_working);
-        m_surroundings.ForgetBlockNames();
         const auto handed = HandedPubDoc(pubDoc == nullptr ? nullptr : *pubDoc);
         return m_document.AddToPubDoc(handed, TextOf(layoutName), quiet, resolution, TextOf(jobOptionsFile));
     });

@@ -14,7 +14,6 @@ STDMETHODIMP PluginObject::ConvertToPDF(LONG hostValue)
 {
     return Guard([&] {
         const Working working(m_working);
-        m_surroundings.ForgetBlockNames();
         m_plugin.ConvertToPDF(hostValue);
     });
 }
@@ -23,7 +22,6 @@ STDMETHODIMP PluginObject::ShowSettings(LONG hostValue, LONG second, LONG third,
 {
     return Give(result, [&] {
         const Working working(m_working);
-        m_surroundings.ForgetBlockNames();
         return m_plugin.ShowSettings(hostValue, second, third);
     });
 }

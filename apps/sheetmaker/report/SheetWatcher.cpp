@@ -58,6 +58,7 @@ void SheetWatcher::SheetBegins(const std::string& layoutName, std::int32_t index
     Quietly([&] {
         m_reason.clear();
         m_carriedPast.clear();
+        m_annotationsLost = false;
         m_where = fmt::format("sheet {} of {} \"{}\"", index, count, layoutName);
         m_console.Progress(m_report.drawing + ": " + m_where);
     });
@@ -71,6 +72,15 @@ void SheetWatcher::SheetEnds(const std::string& layoutName, std::int32_t status,
 void SheetWatcher::Saved(const std::string& pdfPath, std::int32_t status, const std::string& errorText) noexcept
 {
     Quietly([&] { m_save = Save{pdfPath, errorText, status}; });
+}
+
+void SheetWatcher::AnnotationsLost(const std::string& /*description*/) noexcept
+{
+    Quietly([&] {
+        if (!std::exchange(m_annotationsLost, true))
+            m_report.notes.emplace_back(
+                "some annotations of a sheet could not be added; \"sheetmaker log\" says which");
+    });
 }
 
 void SheetWatcher::CarriedPast(const std::string& routine, const std::string& description) noexcept

@@ -20,6 +20,7 @@ public:
     void SheetBegins(const std::string& layoutName, std::int32_t index, std::int32_t count) noexcept override;
     void SheetEnds(const std::string& layoutName, std::int32_t status, std::int32_t markCount) noexcept override;
     void Saved(const std::string& pdfPath, std::int32_t status, const std::string& errorText) noexcept override;
+    void AnnotationsLost(const std::string& description) noexcept override;
     void CarriedPast(const std::string& routine, const std::string& description) noexcept override;
 
     /// A reason in plain words that came up on the way; the last before a sheet fails is the one that is told.
@@ -49,6 +50,7 @@ private:
     std::string m_reason, m_carriedPast, m_where, m_lostRecord;
     std::function<void()> m_whenSettingsAreKept;
     bool m_settingsKept = false;
+    bool m_annotationsLost = false; ///< of the sheet at hand; told once
 };
 
 /// What a sheet's negative status means, as the end of a sentence.

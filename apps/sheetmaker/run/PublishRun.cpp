@@ -165,7 +165,6 @@ bool SetRun::AddSheet(INativeDoc& native, const std::string& layout, std::int32_
                       std::string& reason)
 {
     const std::size_t watched = m_report.sheets.size();
-    m_session.Around().Annotations().ForgetBlockNames();
     m_session.Watcher().SheetBegins(layout, index, count);
     const std::int32_t status =
         native.AddToPubDoc(m_document, layout, kFalse, m_making.resolution, m_making.jobOptions);

@@ -55,13 +55,11 @@ Surrounded::Surrounded(const DrawingTask& task, const Install& install, terminal
       m_files(std::make_unique<InstallFiles>(system::CreateFileSystem(), install.places.shareFolder.string())),
       m_terminalDesktop(MakeDesktop(task, install, console)), m_desktop(screen ? screen->desktop : *m_terminalDesktop),
       m_windows(MakeWindows(console)),
-      m_annotations([this]() -> CallContext& { return m_context; },
-                    [this](const std::string& line) { m_report.notes.push_back(line); }),
       m_library(publisher::CreatePublisher(PublishingOptions(task, install), m_desktop)),
       m_locale(system::CreateLocale(install.environment)), m_clock(system::CreateClock()),
       m_component(system::CreateComponent(install.places.shareFolder.string(), system::ParseVersion(install.version))),
-      m_surroundings{m_registry, *m_files,  m_desktop, *m_windows,   m_annotations,
-                     *m_library, *m_locale, *m_clock,  *m_component, m_watcher},
+      m_surroundings{m_registry, *m_files, m_desktop,    *m_windows, *m_library,
+                     *m_locale,  *m_clock, *m_component, m_watcher},
       m_context{m_surroundings, nullptr, nullptr, nullptr}
 {
     LayOptions(task);

@@ -1,8 +1,10 @@
 // Everything the plug-in finds around it in one run of the command line.
 #pragma once
 
-#include "annotations/AnnotationPass.h"
 #include "plugin/CallContext.h"
+#include "ports/IFileSystem.h"
+#include "ports/IPubDoc.h"
+#include "ports/IWindows.h"
 #include "publisher/Publisher.h"
 #include "report/SheetWatcher.h"
 #include "run/DrawingTask.h"
@@ -27,7 +29,6 @@ public:
     [[nodiscard]] CallContext& Context() { return m_context; }
     [[nodiscard]] SheetWatcher& Watcher() { return m_watcher; }
     [[nodiscard]] const SheetWatcher& Watcher() const { return m_watcher; }
-    [[nodiscard]] AnnotationPass& Annotations() { return m_annotations; }
     /// The PDF is to have the drawing's layers: asked for by option or by the job options in force.
     [[nodiscard]] bool KeepsLayers(const ConvertOptions& options);
     /// Lays an option over a stored setting for this run.
@@ -47,7 +48,6 @@ private:
     std::unique_ptr<IDesktop> m_terminalDesktop;
     IDesktop& m_desktop;
     std::unique_ptr<IWindows> m_windows;
-    AnnotationPass m_annotations;
     std::unique_ptr<IPublishingLibrary> m_library;
     std::unique_ptr<ILocale> m_locale;
     std::unique_ptr<IClock> m_clock;

@@ -2,6 +2,7 @@
 
 #include "plugin/CarryPast.h"
 #include "plugin/mdlAcadHelper.h"
+#include "ports/IAcadDocument.h"
 #include "settings/DrawingValues.h"
 
 #include <algorithm>

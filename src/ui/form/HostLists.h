@@ -2,6 +2,7 @@
 #pragma once
 
 #include "plugin/CallContext.h"
+#include "ports/Variant.h"
 
 #include <optional>
 #include <string>

@@ -101,8 +101,8 @@ private:
     SheetWatcher m_watcher{m_report, m_console};
     Windows m_windows;
     Surroundings m_surroundings{
-        m_house.failingRegistry, m_house.failingFiles, m_house.desktop, m_windows,         m_house.annotations,
-        m_house.library,         m_house.locale,       m_house.clock,   m_house.component, m_watcher};
+        m_house.failingRegistry, m_house.failingFiles, m_house.desktop,   m_windows, m_house.library,
+        m_house.locale,          m_house.clock,        m_house.component, m_watcher};
     CallContext m_context{m_surroundings, nullptr, nullptr, nullptr};
     ScriptedToolkit m_toolkit;
     std::unique_ptr<cadhost::CadHost> m_host;

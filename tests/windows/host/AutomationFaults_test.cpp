@@ -25,7 +25,7 @@ void Prepare(HouseParts& house)
 {
     house.PutSetting("PromptForFileName", "0");
     house.PutSetting("WhatToPlot", "1");
-    house.annotations.marksToQueue = 2;
+    house.PutMarks(house.ground, 2);
 }
 
 void ExpectItStillWorks(HouseParts& house)

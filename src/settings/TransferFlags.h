@@ -1,12 +1,11 @@
-// The annotation pass, as the plot loop asks for it.
+// The five switches that say which annotations of a drawing go into the PDF.
 #pragma once
 
-#include "ports/IAcadDocument.h"
-#include "ports/IPubDoc.h"
 #include "ports/Variant.h"
 
 namespace sm {
 
+/// Any value but False counts as on.
 struct TransferFlags {
     VariantBool TransferTextHlinks = kFalse;
     VariantBool TransferDrawingHlinks = kFalse;
@@ -14,13 +13,6 @@ struct TransferFlags {
     VariantBool TransferVPortHlinks = kFalse;
     VariantBool TransferAttributes = kFalse;
     friend bool operator==(const TransferFlags&, const TransferFlags&) = default;
-};
-
-class IAnnotations {
-public:
-    virtual ~IAnnotations() = default;
-    /// Queues the active layout's marks on `pubDoc`. True when every section ran. Never throws.
-    virtual bool AddPdfMarks(IPubDoc& pubDoc, IAcadDocument& document, const TransferFlags& transfer, bool quiet) = 0;
 };
 
 } // namespace sm
