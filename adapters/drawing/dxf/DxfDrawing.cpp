@@ -2,12 +2,11 @@
 
 #include "converter/DwgConversion.h"
 #include "drawing/EntityKinds.h"
+#include "dwg/old/OldDrawing.h"
 #include "dwg/read/ReadDwg.h"
 #include "entities/EntityTags.h"
 #include "tags/FileKind.h"
 
-#include <algorithm>
-#include <array>
 #include <stdexcept>
 
 namespace sm::drawing {
@@ -59,17 +58,18 @@ std::unique_ptr<Model> ReadModel(FileBytes bytes, const std::string& path)
 
 namespace {
 
-/// The releases whose DWG this program reads itself.
 bool IsNativeDwg(std::string_view bytes)
 {
-    constexpr std::array kNative{"AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"};
-    return std::any_of(kNative.begin(), kNative.end(), [&](const char* magic) { return bytes.starts_with(magic); });
+    const DwgForm form = FormOfDwg(bytes);
+    return form == DwgForm::Records || form == DwgForm::Objects;
 }
 
 std::unique_ptr<Model> ReadDwgModel(const FileBytes& bytes, const std::string& path)
 {
     FindingList findings;
-    dwg::DecodedTags tags = dwg::ReadDwg(bytes.View(), path, findings);
+    dwg::DecodedTags tags = FormOfDwg(bytes.View()) == DwgForm::Records
+                                ? dwg::ReadOldDrawing(bytes.View(), path, findings)
+                                : dwg::ReadDwg(bytes.View(), path, findings);
     auto model = std::make_unique<Model>(FileBytes::Keep(std::move(tags.bytes)), TagFormat::BinaryLong);
     model->path = path;
     model->structure = std::move(tags.structure);

@@ -88,6 +88,19 @@ std::string DwgRelease(std::string_view bytes)
     return {};
 }
 
+DwgForm FormOfDwg(std::string_view bytes)
+{
+    if (DwgRelease(bytes).empty())
+        return DwgForm::NoDwg;
+    if (!bytes.starts_with("AC10") || bytes.size() < 6)
+        return DwgForm::Converted;
+    const int number = 10 * (bytes[4] - '0') + (bytes[5] - '0');
+    constexpr int kFirstWithObjects = 12;
+    if (number >= kFirstWithObjects)
+        return DwgForm::Objects;
+    return number == 4 || number == 6 || number == 9 ? DwgForm::Records : DwgForm::Converted;
+}
+
 DxfKind RecogniseDxf(std::string_view bytes, const std::string& path)
 {
     if (bytes.starts_with(kSentinel))

@@ -16,6 +16,11 @@ struct DxfKind {
 /// What writes files that begin like `bytes`: "release 2018", "an unknown release (AC1099)"; empty for no DWG.
 std::string DwgRelease(std::string_view bytes);
 
+/// How a DWG is read by its first bytes: through the converter (older than R9), as records of bytes (R9 to R12), or as
+/// objects (R13 and later, releases that are newer than those known among them).
+enum class DwgForm : std::uint8_t { NoDwg, Converted, Records, Objects };
+DwgForm FormOfDwg(std::string_view bytes);
+
 /// How the DXF in `bytes` is written. Throws DrawingError for what is plainly something else; `path` names it.
 DxfKind RecogniseDxf(std::string_view bytes, const std::string& path);
 
