@@ -107,10 +107,14 @@ void Read(const Drawing& drawing, const EntityRecord& record, TextData& data)
     Reset(data);
     EntityTags tags(drawing.Tags(), record);
     const bool attribute = record.kind != EntityKind::Text;
-    bool hasFlags = false;
+    bool hasFlags = false, inAttribute = false;
     while (tags.Next()) {
         // Converters write the kind of an embedded text as a second group 70.
         if (attribute && tags.Code() == 70 && std::exchange(hasFlags, true))
+            continue;
+        // Group 71 of the attribute's own class is the kind of a multi-line one.
+        inAttribute = inAttribute || (tags.Code() == 100 && tags.Name().starts_with("AcDbAttribute"));
+        if (inAttribute && tags.Code() == 71)
             continue;
         if (tags.Take(10, data.insertion))
             continue;

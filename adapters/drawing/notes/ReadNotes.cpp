@@ -82,6 +82,34 @@ DimensionData::Form FormOf(const Drawing& drawing, const EntityRecord& record, s
     return static_cast<DimensionData::Form>((type & kForms) <= kLast ? type & kForms : 0);
 }
 
+/// A DWG leaves the hook line to whoever draws it (group 75); a DXF has it among the points.
+constexpr std::int32_t kHookToMake = 2;
+
+/// Text hangs on a hook line where the last segment is steeper than 15 degrees against the text's direction.
+bool NeedsHook(const LeaderData& data)
+{
+    constexpr double kSine = 0.25881904510252074;
+    if (data.spline || data.annotation != 0 || data.vertices.size() < 2)
+        return false;
+    const Vec3 last = data.vertices.back() - data.vertices[data.vertices.size() - 2];
+    const Vec3 along = data.horizontal;
+    const Vec3 cross{last.y * along.z - last.z * along.y, last.z * along.x - last.x * along.z,
+                     last.x * along.y - last.y * along.x};
+    const auto square = [](const Vec3& v) { return v.x * v.x + v.y * v.y + v.z * v.z; };
+    return square(cross) > kSine * kSine * square(last) * square(along);
+}
+
+/// It is as long as an arrow.
+void AddHook(const Drawing& drawing, const EntityRecord& record, double side, LeaderData& data)
+{
+    DimStyle style;
+    Read(drawing, record, style);
+    const Vec3 end = data.vertices.back();
+    data.vertices.back() = end + data.horizontal * (side * style.arrowSize * style.scale);
+    data.vertices.push_back(end);
+    data.hook = true;
+}
+
 } // namespace
 
 void Read(const Drawing& drawing, const EntityRecord& record, LeaderData& data)
@@ -91,6 +119,7 @@ void Read(const Drawing& drawing, const EntityRecord& record, LeaderData& data)
     vertices.clear();
     data.vertices = std::move(vertices);
     EntityTags tags(drawing.Tags(), record);
+    bool hookToMake = false, alongDirection = false;
     while (tags.Next()) {
         if (TakePlace(tags, data.vertices) || TakeDirection(tags, data.horizontal))
             continue;
@@ -107,13 +136,19 @@ void Read(const Drawing& drawing, const EntityRecord& record, LeaderData& data)
         case 73:
             data.annotation = tags.Integer();
             break;
+        case 74:
+            alongDirection = tags.Integer() != 0;
+            break;
         case 75:
-            data.hook = tags.Integer() != 0;
+            data.hook = tags.Integer() == 1;
+            hookToMake = tags.Integer() == kHookToMake;
             break;
         default:
             tags.TakeCommon(data);
         }
     }
+    if (hookToMake && NeedsHook(data))
+        AddHook(drawing, record, alongDirection ? 1 : -1, data);
 }
 
 void Read(const Drawing& drawing, const EntityRecord& record, DimensionData& data)

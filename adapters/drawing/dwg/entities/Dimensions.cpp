@@ -98,16 +98,15 @@ void DecodeDimension(Object& object)
 
 void DecodeArcDimension(Object& object)
 {
-    constexpr std::int32_t kAngularType = 5;
-    const std::int32_t type = WriteCommon(object) | kAngularType;
+    (void)WriteCommon(object);
     BitReader& data = object.data;
     WritePoints(object, {10, 13, 14, 15});
-    data.B();
+    const bool partial = data.B();
     object.sink.Real(40, data.BD());
     object.sink.Real(41, data.BD());
     data.B();
     WritePoints(object, {16, 17});
-    object.sink.Integer(70, type);
+    object.sink.Integer(70, partial ? 1 : 0); // the last of two groups of this number in DXF
 }
 
 void DecodeJoggedDimension(Object& object)

@@ -41,6 +41,8 @@ void DecodeAttribute(Object& object);
 void DecodeAttributeDefinition(Object& object);
 // MTexts.cpp
 void DecodeMText(Object& object);
+/// How wide the lines of the MTEXT are that `object` stands on, behind its head.
+double ReadMTextWidth(Object& object);
 /// The MTEXT inside a multi-line attribute; `style` comes before it in the handles.
 void DecodeEmbeddedMText(Object& object);
 // Inserts.cpp

@@ -1,5 +1,7 @@
 #include "dwg/entities/EntityDecoders.h"
 
+#include <algorithm>
+
 namespace sm::drawing::dwg {
 
 namespace {
@@ -50,7 +52,7 @@ void WriteColumns(Object& object)
     if (automatic || type != kDynamic)
         return;
     for (count = data.Count(count, 2); count > 0 && !data.Overrun(); --count)
-        sink.Real(46, data.BD());
+        sink.Real(46, std::max(data.BD(), 0.0)); // below 0: as high as its lines
 }
 
 void WriteMText(Object& object)
@@ -82,6 +84,19 @@ void WriteMText(Object& object)
 }
 
 } // namespace
+
+double ReadMTextWidth(Object& object)
+{
+    BitReader& data = object.data;
+    for (int i = 0; i < 3; ++i)
+        (void)object.BD3();
+    for (int i = object.Since(Release::R2007) ? 3 : 2; i > 0; --i)
+        (void)data.BD();
+    (void)data.BS();
+    (void)data.BS();
+    (void)data.BD();
+    return data.BD();
+}
 
 void DecodeMText(Object& object)
 {

@@ -25,8 +25,12 @@ void DecodeLeader(Object& object)
     }
     sink.Integer(74, data.B() ? 1 : 0);
     sink.Integer(71, data.B() ? 1 : 0);
-    sink.HandleTag(340, object.H());
+    object.annotation = object.H();
+    sink.HandleTag(340, object.annotation);
     object.WriteName(3, object.H());
+    // A hook line isn't among the points: whether there is one, and how long it is, the annotation and the style tell.
+    constexpr std::int32_t kHookToMake = 2;
+    sink.Integer(75, kHookToMake);
 }
 
 void DecodeTolerance(Object& object)

@@ -10,6 +10,20 @@ void WriteCorners(Object& object, int code, std::uint32_t count)
         object.sink.Point(code, object.RD2());
 }
 
+/// In DXF the boundary comes back to its first corner.
+void WriteClosed(Object& object, int code)
+{
+    Vec2 first, last;
+    const std::uint32_t count = object.data.Count(object.data.BL(), 128);
+    for (std::uint32_t i = 0; i < count; ++i) {
+        last = object.RD2();
+        first = i == 0 ? last : first;
+        object.sink.Point(code, last);
+    }
+    if (count > 0 && last != first)
+        object.sink.Point(code, first);
+}
+
 } // namespace
 
 void DecodeImage(Object& object)
@@ -29,7 +43,10 @@ void DecodeImage(Object& object)
         sink.Integer(290, data.B() ? 1 : 0);
     const std::uint32_t kind = data.BS();
     sink.Integer(71, kind);
-    WriteCorners(object, 14, kind == kRectangle ? 2 : data.BL());
+    if (kind == kRectangle)
+        WriteCorners(object, 14, 2);
+    else
+        WriteClosed(object, 14);
     sink.HandleTag(340, object.H());
 }
 

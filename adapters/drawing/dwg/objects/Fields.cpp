@@ -1,6 +1,8 @@
 #include "dwg/objects/Fields.h"
 
 #include "base/text/Utf8.h"
+#include "drawing/CodePage.h"
+#include "dwg/objects/NearestIndex.h"
 
 #include <cmath>
 
@@ -9,7 +11,9 @@ namespace sm::drawing::dwg {
 namespace {
 
 constexpr std::uint32_t kByLayerMethod = 0xC0, kByBlockMethod = 0xC1, kRgbMethod = 0xC2, kIndexMethod = 0xC3,
-                        kNoneMethod = 0xC8;
+                        kForegroundMethod = 0xC5, kNoneMethod = 0xC8;
+
+constexpr std::int32_t kForeground = 7;
 
 /// Control characters are two characters in tags: a caret, and the letter 64 places on; a caret itself has a blank.
 void AppendPlain(std::string& text, unsigned character)
@@ -33,7 +37,6 @@ bool IsLeadByte(unsigned byte)
 
 std::int32_t Color::Index() const
 {
-    constexpr std::int32_t kNoIndex = 7;
     switch (raw >> 24) {
     case kByLayerMethod:
         return kByLayer;
@@ -41,8 +44,11 @@ std::int32_t Color::Index() const
         return kByBlock;
     case kIndexMethod:
         return static_cast<std::int32_t>(raw & 0x1FF);
+    case kForegroundMethod:
+    case kNoneMethod:
+        return kForeground;
     default:
-        return kNoIndex;
+        return NearestIndex(raw & 0xFFFFFF);
     }
 }
 

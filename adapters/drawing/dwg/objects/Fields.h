@@ -17,7 +17,7 @@ namespace sm::drawing::dwg {
 struct Color {
     std::uint32_t raw = 0; ///< the highest byte: C0 by layer, C1 by block, C2 red green blue, C3 index, C8 none
     std::string name;      ///< "BOOK$COLOUR" or "COLOUR" of a colour book; empty without one
-    /// 0 by block, 256 by layer; 7 for a true colour, beside which no index is stored.
+    /// 0 by block, 256 by layer; the nearest one to a true colour, beside which none is stored.
     [[nodiscard]] std::int32_t Index() const;
     [[nodiscard]] std::optional<std::uint32_t> Rgb() const;
     /// From an index as files up to R2000 store it.

@@ -80,7 +80,7 @@ bool Object::Open(std::uint64_t offset, Handle expected)
     SkipExtended();
     graphics = graphicsSize = 0;
     hasData = false;
-    owner = extension = previous = next = firstMember = lastMember = 0;
+    owner = extension = previous = next = firstMember = lastMember = annotation = 0;
     members.clear();
     return !data.Overrun();
 }
@@ -120,9 +120,9 @@ void Object::ReadObjectHead()
     extension = hasExtension ? H() : 0;
 }
 
-void Object::WriteObjectHead()
+void Object::WriteObjectHead(int handle)
 {
-    sink.HandleTag(5, own);
+    sink.HandleTag(handle, own);
     if (extension != 0) {
         sink.Text(102, "{ACAD_XDICTIONARY");
         sink.HandleTag(360, extension);

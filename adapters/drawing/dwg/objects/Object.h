@@ -42,12 +42,13 @@ public:
     std::vector<Handle> members;                        ///< vertices and attributes, from R2004 on
     Handle firstMember = 0, lastMember = 0;             ///< up to R2000: the ends of their chain
     std::vector<std::pair<Handle, std::string>> bodies; ///< binary saves of bodies by their entity
+    Handle annotation = 0;                              ///< the text that a LEADER leads to
     std::int32_t viewports = 0;                         ///< counted over a block
     bool hasData = false;                               ///< more of it lies in the data store
     std::uint64_t graphics = 0, graphicsSize = 0;       ///< bit where its graphics begin, and their bytes
 
     /// The tags that all objects have: handle, owner, extension dictionary.
-    void WriteObjectHead();
+    void WriteObjectHead(int handle = 5);
     void WriteEntityHead();
     /// The extended data: last of all.
     void WriteExtended();

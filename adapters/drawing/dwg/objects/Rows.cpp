@@ -117,9 +117,19 @@ private:
             return;
         const int code = Begin(2);
         if (m_variables)
-            m_object.sink.Text(code, m_object.names.Of(handle));
+            m_object.sink.Text(code, NameOf(handle));
         else if (handle != 0)
             m_object.sink.HandleTag(code, handle);
+    }
+
+    /// The header calls the built-in arrows by their names without the underscore of their blocks.
+    [[nodiscard]] std::string_view NameOf(Handle handle) const
+    {
+        std::string_view name = m_object.names.Of(handle);
+        const std::string_view variable = m_row->name;
+        if (variable.starts_with("$DIM") && variable.find("BLK") != std::string_view::npos && name.starts_with('_'))
+            name.remove_prefix(1);
+        return name;
     }
 
     Object& m_object;

@@ -2,6 +2,7 @@
 
 #include "base/text/Names.h"
 #include "drawing/TextDecoder.h"
+#include "dwg/file/DataStore.h"
 #include "dwg/read/ReadDwg.h"
 
 #include <algorithm>
@@ -227,12 +228,17 @@ void DwgReading::WriteRecord(const IndexedObject& object, const RecordRow& row)
 /// Bodies that are stored in binary form: as records of the data section, where DXF has them.
 void DwgReading::WriteBodies()
 {
-    for (const auto& [entity, save] : m_object.bodies) {
+    const auto write = [this](Handle entity, std::string_view save) {
         m_sink.Object("ACDSRECORD");
         m_sink.HandleTag(320, entity);
         m_sink.Text(2, "ASM_Data");
         m_sink.Chunks(310, save);
-    }
+    };
+    for (const auto& [entity, save] : m_object.bodies)
+        write(entity, save);
+    const BodyStore store = ReadBodies(m_container.DataStore());
+    for (const auto& [entity, save] : store.bodies)
+        write(entity, save);
     m_sink.Close();
 }
 

@@ -31,6 +31,7 @@ private:
     void CollectOrphans();
     bool WriteEntity(IndexedObject& entity);
     void WriteKnown(const EntityRow* row, std::string_view name);
+    void WriteAnnotationWidth();
     void WriteMembers();
     bool WriteMember(Handle handle);
     void WriteRecords();

@@ -113,8 +113,23 @@ void DwgReading::WriteKnown(const EntityRow* row, std::string_view name)
         row->decode(m_object);
     if (m_object.Lost())
         return;
+    if (m_object.annotation != 0 && m_object.Since(Release::R2010))
+        WriteAnnotationWidth();
     m_object.WriteExtended();
     WriteMembers();
+}
+
+/// From R2010 on a leader doesn't tell any more how wide its text is.
+void DwgReading::WriteAnnotationWidth()
+{
+    constexpr std::uint32_t kMText = 44;
+    const IndexedObject* const text = m_index.Find(m_object.annotation);
+    if (text == nullptr || text->type != kMText || !Open(m_member, text))
+        return;
+    m_member.ReadEntityHead();
+    const double width = ReadMTextWidth(m_member);
+    if (!m_member.Lost())
+        m_sink.Real(41, width);
 }
 
 void DwgReading::WriteMembers()

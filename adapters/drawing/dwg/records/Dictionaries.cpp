@@ -11,12 +11,12 @@ namespace {
 void WriteEntries(Object& object, bool hasFlags, bool hasOwner)
 {
     BitReader& data = object.data;
-    std::uint32_t count = data.Count(data.BL(), 1);
+    std::uint32_t count = data.BL();
     if (hasFlags)
         object.sink.Integer(281, data.BS());
     if (hasOwner)
         object.sink.Integer(280, data.RC());
-    for (; count > 0 && !object.Lost(); --count) {
+    for (; count > 0 && !object.Lost() && object.Links().Left() >= 8; --count) {
         object.WriteT(3);
         object.sink.HandleTag(350, object.H());
     }

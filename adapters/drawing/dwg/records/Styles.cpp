@@ -103,6 +103,11 @@ void WriteTableRow(Object& object)
         data.B();
         (void)object.CMTC();
     }
+    if (object.Since(Release::R2007)) { // what kind of values the cells hold
+        (void)data.BL();
+        (void)data.BL();
+        object.SkipT();
+    }
 }
 
 } // namespace

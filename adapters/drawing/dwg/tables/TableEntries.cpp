@@ -18,7 +18,8 @@ constexpr std::int32_t kFromReference = 16, kReferenced = 64;
 void WriteHead(Object& object, const char* name, std::int32_t own = 0)
 {
     object.sink.TableEntry(name);
-    object.WriteObjectHead();
+    // In dimension styles group 5 is an arrow.
+    object.WriteObjectHead(object.type == TypesOf(Table::DimensionStyle).entry ? 105 : 5);
     object.sink.Text(2, object.names.Of(object.own));
     object.sink.Integer(70, own);
 }
