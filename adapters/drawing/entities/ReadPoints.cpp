@@ -28,6 +28,13 @@ void Read(const Drawing& drawing, const EntityRecord& record, ShapeData& data)
         case 2:
             DecodeText(tags.Source(), tags.Name(), data.name);
             break;
+        // Of a DWG alone.
+        case 75:
+            data.number = static_cast<std::uint16_t>(tags.Integer() & 0xFFFF);
+            break;
+        case 340:
+            data.style = tags.Source().StyleOfHandle(tags.HandleValue());
+            break;
         case 40:
             data.size = tags.Real();
             break;

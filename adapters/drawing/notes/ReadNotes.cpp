@@ -85,11 +85,11 @@ DimensionData::Form FormOf(const Drawing& drawing, const EntityRecord& record, s
 /// A DWG leaves the hook line to whoever draws it (group 75); a DXF has it among the points.
 constexpr std::int32_t kHookToMake = 2;
 
-/// Text hangs on a hook line where the last segment is steeper than 15 degrees against the text's direction.
+/// Text and tolerances hang on a hook line where the last segment is steeper than 15 degrees against the leader's direction.
 bool NeedsHook(const LeaderData& data)
 {
     constexpr double kSine = 0.25881904510252074;
-    if (data.spline || data.annotation != 0 || data.vertices.size() < 2)
+    if (data.spline || data.annotation > 1 || data.vertices.size() < 2)
         return false;
     const Vec3 last = data.vertices.back() - data.vertices[data.vertices.size() - 2];
     const Vec3 along = data.horizontal;

@@ -74,7 +74,8 @@ private:
 
 bool Shapes::Draw(const drawing::ShapeData& shape, drawing::EntityKind)
 {
-    const Path* const strokes = m_context.Shapes().Find(shape.name);
+    ShapeLibrary& library = m_context.Shapes();
+    const Path* const strokes = shape.number != 0 ? library.Find(shape.style, shape.number) : library.Find(shape.name);
     if (strokes == nullptr) {
         m_context.Remark("a shape whose file is missing left out");
         return false;

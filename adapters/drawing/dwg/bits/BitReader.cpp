@@ -167,6 +167,25 @@ std::uint32_t BitReader::BOT()
     }
 }
 
+void BitReader::Copy(std::uint64_t count, std::string& target)
+{
+    if (count > Left() / 8) {
+        Fail();
+        return;
+    }
+    const unsigned shift = m_at & 7;
+    const unsigned char* from = m_bytes + (m_at >> 3);
+    m_at += count * 8;
+    if (shift == 0) {
+        target.append(reinterpret_cast<const char*>(from), count);
+        return;
+    }
+    const std::size_t old = target.size();
+    target.resize(old + count);
+    for (std::uint64_t i = 0; i < count; ++i, ++from)
+        target[old + i] = static_cast<char>(from[0] << shift | from[1] >> (8 - shift));
+}
+
 RawHandle BitReader::H()
 {
     RawHandle handle;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 namespace sm::drawing::dwg {
@@ -64,17 +65,8 @@ public:
 
     /// Up to 32 bits as a number, the first one highest.
     std::uint32_t Bits(unsigned count);
-    /// Copies whole bytes, wherever they begin; fewer when the range ends before.
-    template <class Bytes> void Copy(std::uint64_t count, Bytes& target)
-    {
-        const std::uint64_t whole = Left() / 8;
-        if (count > whole) {
-            Fail();
-            return;
-        }
-        for (std::uint64_t i = 0; i < count; ++i)
-            target.push_back(static_cast<typename Bytes::value_type>(Bits(8)));
-    }
+    /// Appends whole bytes, wherever they begin; none when the range ends before.
+    void Copy(std::uint64_t count, std::string& target);
 
 private:
     [[nodiscard]] std::uint64_t Window() const;

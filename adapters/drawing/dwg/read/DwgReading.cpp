@@ -96,6 +96,8 @@ void DwgReading::FindTable(Table table, Handle control)
         for (const IndexedObject& one : m_index.All())
             if (one.type == types.entry)
                 entries.push_back(one.handle);
+    for (std::size_t i = 0; i < entries.size() && table == Table::Block; ++i)
+        m_blockNumbers.emplace(entries[i], i);
     std::erase_if(entries, [&](Handle handle) {
         const IndexedObject* const entry = m_index.Find(handle);
         return entry == nullptr || entry->type != types.entry;
@@ -116,10 +118,9 @@ void DwgReading::CollectNames()
     NameBlocks();
 }
 
-/// Anonymous blocks are stored without their numbers: they get some, in the order of the table.
+/// Anonymous blocks are stored without their numbers: they are called after their places in the table, as in a DXF.
 void DwgReading::NameBlocks()
 {
-    std::unordered_map<std::string, int> numbers;
     for (const Handle handle : EntriesOf(Table::Block)) {
         std::string& name = m_names.entries[handle];
         const std::string folded = base::FoldCase(name);
@@ -127,10 +128,9 @@ void DwgReading::NameBlocks()
             m_names.modelSpace = handle;
         if (folded == "*paper_space" && m_names.paperSpace == 0)
             m_names.paperSpace = handle;
-        if (name.size() == 2 && name.starts_with('*'))
-            name += std::to_string(++numbers[folded]);
-        else if (folded == "*paper_space" && handle != m_names.paperSpace)
-            name += std::to_string(numbers[folded]++);
+        const bool anonymous = name.size() == 2 && name.starts_with('*');
+        if (anonymous || (folded == "*paper_space" && handle != m_names.paperSpace))
+            name += std::to_string(m_blockNumbers[handle]);
     }
 }
 

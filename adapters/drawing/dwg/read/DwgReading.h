@@ -48,6 +48,7 @@ private:
     Object m_object, m_member;
     HeaderLinks m_links;
     std::array<Entries, static_cast<std::size_t>(Table::Count)> m_entries;
+    std::unordered_map<Handle, std::size_t> m_blockNumbers; ///< places in the table of blocks
     std::vector<BlockHeader> m_blocks;
     std::unordered_map<Handle, Entries> m_orphans; ///< entities by owner, when a chain is broken
     bool m_hasOrphans = false;

@@ -103,12 +103,9 @@ void WriteItem(Object& object, int code)
     case ValueType::Integer:
         WriteInteger(object, code, code >= 280 && code <= 289 ? 1 : type.width);
         break;
-    case ValueType::Chunk: {
-        std::string bytes;
-        data.Copy(data.RC(), bytes);
-        object.sink.Chunks(code, bytes);
+    case ValueType::Chunk: // previews and other bytes that nobody reads
+        data.Skip(data.RC() * std::uint64_t{8});
         break;
-    }
     case ValueType::Text:
         WriteString(object, code);
         break;

@@ -203,8 +203,7 @@ std::vector<Handle> ReadControl(Object& object, Table table)
     count += table == Table::Block || table == Table::Linetype ? 2 : 0;
     std::vector<Handle> entries;
     for (; count > 0 && object.Links().Left() >= 8; --count)
-        if (const Handle handle = object.H(); handle != 0)
-            entries.push_back(handle);
+        entries.push_back(object.H());
     return entries;
 }
 

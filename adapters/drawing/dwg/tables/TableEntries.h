@@ -16,7 +16,7 @@ struct TableTypes {
 };
 TableTypes TypesOf(Table table);
 
-/// The entries that a control object lists; `object` is open on it, in front of its head.
+/// The entries that a control object lists, 0 for those that are gone; `object` is open on it, in front of its head.
 std::vector<Handle> ReadControl(Object& object, Table table);
 
 /// The name at the head of an entry; `object` is open on it.
