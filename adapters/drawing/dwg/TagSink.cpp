@@ -8,28 +8,6 @@
 
 namespace sm::drawing::dwg {
 
-namespace {
-
-/// BinaryTypeOf for every code, found without a search.
-constexpr int kCodes = 1072;
-const std::array<BinaryType, kCodes>& Types()
-{
-    static const std::array<BinaryType, kCodes> kTypes = [] {
-        std::array<BinaryType, kCodes> types;
-        for (int code = 0; code < kCodes; ++code)
-            types[static_cast<std::size_t>(code)] = BinaryTypeOf(code);
-        return types;
-    }();
-    return kTypes;
-}
-
-BinaryType TypeOf(int code)
-{
-    return code >= 0 && code < kCodes ? Types()[static_cast<std::size_t>(code)] : BinaryTypeOf(code);
-}
-
-} // namespace
-
 void TagSink::Close()
 {
     if (m_open == Open::Entity)
@@ -155,7 +133,7 @@ void TagSink::Text(int code, std::string_view text)
 
 void TagSink::Real(int code, double value)
 {
-    if (TypeOf(code).type != ValueType::Real) {
+    if (BinaryTypeOf(code).type != ValueType::Real) {
         Integer(code, static_cast<std::int64_t>(std::clamp(value, -9e18, 9e18)));
         return;
     }
@@ -165,7 +143,7 @@ void TagSink::Real(int code, double value)
 
 void TagSink::Integer(int code, std::int64_t value)
 {
-    const BinaryType type = TypeOf(code);
+    const BinaryType type = BinaryTypeOf(code);
     if (type.type == ValueType::Real) {
         Real(code, static_cast<double>(value));
         return;

@@ -32,6 +32,19 @@ constexpr std::array kTypes{
     TypeRow{1070, kInt16}, TypeRow{1071, kInt32},
 };
 
+/// The types by their codes, so that none is searched for.
+constexpr std::size_t kCodes = 1072;
+constexpr std::array<BinaryType, kCodes> MakeTypes()
+{
+    std::array<BinaryType, kCodes> types{};
+    std::size_t code = 0;
+    for (const TypeRow& row : kTypes)
+        for (; code <= static_cast<std::size_t>(row.last); ++code)
+            types[code] = row.type;
+    return types;
+}
+constexpr std::array<BinaryType, kCodes> kTypeOfCode = MakeTypes();
+
 template <class T> T Load(const char* at)
 {
     T value;
@@ -43,10 +56,7 @@ template <class T> T Load(const char* at)
 
 BinaryType BinaryTypeOf(int code)
 {
-    for (const TypeRow& row : kTypes)
-        if (code <= row.last)
-            return row.type;
-    return kText;
+    return code >= 0 && code < static_cast<int>(kCodes) ? kTypeOfCode[static_cast<std::size_t>(code)] : kText;
 }
 
 bool TagCursor::ReadBinaryCode()

@@ -4,7 +4,7 @@
 #include "drawing/CodePage.h"
 #include "dwg/objects/NearestIndex.h"
 
-#include <cmath>
+#include <algorithm>
 
 namespace sm::drawing::dwg {
 
@@ -26,6 +26,12 @@ void AppendPlain(std::string& text, unsigned character)
         if (character == '^')
             text.push_back(' ');
     }
+}
+
+/// A byte that isn't copied as it is.
+bool NeedsCare(char c)
+{
+    return static_cast<unsigned char>(c) < 0x20 || c == '^';
 }
 
 bool IsLeadByte(unsigned byte)
@@ -150,6 +156,13 @@ std::string_view Fields::Bytes(BitReader& reader, std::uint64_t length)
         reader.Fail();
         return {};
     }
+    // Nearly all texts need no more than a copy.
+    BitReader again = reader;
+    reader.Copy(length, m_text);
+    if (std::ranges::none_of(m_text, NeedsCare))
+        return m_text;
+    m_text.clear();
+    reader = again;
     for (; length > 0; --length) {
         const unsigned byte = reader.RC();
         if (m_doubleByte && IsLeadByte(byte) && length > 1) {

@@ -42,6 +42,7 @@ public:
     std::vector<Handle> members;                        ///< vertices and attributes, from R2004 on
     Handle firstMember = 0, lastMember = 0;             ///< up to R2000: the ends of their chain
     std::vector<std::pair<Handle, std::string>> bodies; ///< binary saves of bodies by their entity
+    std::vector<Handle> records;                        ///< XRECORDs that dictionaries led to, over all objects
     Handle annotation = 0;                              ///< the text that a LEADER leads to
     std::int32_t viewports = 0;                         ///< counted over a block
     bool hasData = false;                               ///< more of it lies in the data store

@@ -24,6 +24,8 @@ constexpr std::array kTables{TableLink{Table::Application, &HeaderLinks::applica
                              TableLink{Table::DimensionStyle, &HeaderLinks::dimensionStyles},
                              TableLink{Table::Block, &HeaderLinks::blocks}};
 
+constexpr std::uint32_t kXRecord = 79;
+
 /// Tags take about that many bytes for one of the objects' stream.
 constexpr std::uint64_t kGrowth = 3;
 
@@ -202,8 +204,12 @@ void DwgReading::WriteRecords()
         root->taken = true;
     }
     for (const IndexedObject& object : m_index.All())
-        if (!object.taken)
+        if (!object.taken && object.type != kXRecord)
             write(object);
+    for (const Handle handle : m_object.records)
+        if (IndexedObject* const record = m_index.Find(handle); record != nullptr && record->type == kXRecord)
+            if (!std::exchange(record->taken, true))
+                write(*record);
     m_sink.Close();
 }
 

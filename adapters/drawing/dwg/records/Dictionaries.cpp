@@ -6,6 +6,13 @@ namespace sm::drawing::dwg {
 
 namespace {
 
+/// The XRECORDs that something is read of: what layers look like in viewports, and the scales of viewports. Most
+/// drawings hold many others, and large ones.
+bool IsReadRecord(std::string_view name)
+{
+    return name.starts_with("ADSK_XREC_LAYER_") || name == "ASDK_XREC_ANNOTATION_SCALE_INFO";
+}
+
 /// Entries are names, in the texts, and as many handles. Where names and handles share no stream, both run on
 /// alongside each other.
 void WriteEntries(Object& object, bool hasFlags, bool hasOwner)
@@ -17,8 +24,12 @@ void WriteEntries(Object& object, bool hasFlags, bool hasOwner)
     if (hasOwner)
         object.sink.Integer(280, data.RC());
     for (; count > 0 && !object.Lost() && object.Links().Left() >= 8; --count) {
-        object.WriteT(3);
-        object.sink.HandleTag(350, object.H());
+        const std::string_view name = object.T();
+        object.sink.Text(3, name);
+        const Handle entry = object.H();
+        object.sink.HandleTag(350, entry);
+        if (IsReadRecord(name))
+            object.records.push_back(entry);
     }
 }
 
@@ -54,16 +65,11 @@ bool IsPointCode(int code)
            (code >= 1010 && code <= 1013);
 }
 
-void WriteString(Object& object, int code)
+/// What is read of XRECORDs are numbers and handles.
+void SkipString(Object& object)
 {
-    BitReader& data = object.data;
-    const std::uint32_t length = data.RS();
-    if (object.Since(Release::R2007)) {
-        object.sink.Text(code, object.Utf16(length));
-    } else {
-        (void)data.RC();
-        object.sink.Text(code, object.Bytes(data, length));
-    }
+    const std::uint64_t length = object.data.RS();
+    object.data.Skip(object.Since(Release::R2007) ? length * 16 : 8 + length * 8);
 }
 
 void WriteInteger(Object& object, int code, unsigned width)
@@ -107,7 +113,7 @@ void WriteItem(Object& object, int code)
         data.Skip(data.RC() * std::uint64_t{8});
         break;
     case ValueType::Text:
-        WriteString(object, code);
+        SkipString(object);
         break;
     }
 }
