@@ -1,6 +1,7 @@
 #include "drawing/dwg/Twins.h"
 
 #include "base/text/Names.h"
+#include "drawing/AnnotationContexts.h"
 #include "drawing/TextDecoder.h"
 
 #include <unordered_map>
@@ -66,6 +67,17 @@ void CompareEntities(const Pair& pair, std::uint32_t dwg, std::uint32_t dxf, Rep
 
 } // namespace
 
+Pair MakePair(const Drawing& dwg, const Drawing& dxf)
+{
+    Pair pair{dwg, dxf, {}};
+    for (const Layout& layout : dxf.Layouts())
+        for (const EntityRecord& record : dxf.EntitiesOf(layout.block))
+            if (const Handle scale = record.kind == EntityKind::Viewport ? AnnotationScaleOf(dxf, record) : 0;
+                scale != 0)
+                pair.scales.push_back(scale);
+    return pair;
+}
+
 void CompareBlocks(const Pair& pair, Report& report, const std::string& name)
 {
     std::unordered_map<Handle, std::uint32_t> others;
@@ -81,7 +93,8 @@ void CompareBlocks(const Pair& pair, Report& report, const std::string& name)
         ++report.both["BLOCK"];
         const Block& b = pair.dxf.Blocks()[found->second];
         Fields fields(report, "BLOCK", name + " " + b.name);
-        fields.Is("name", a.name, b.name);
+        const bool anonymous = b.name.starts_with('*') && !b.isModelSpace && !b.isPaperSpace;
+        fields.Is(anonymous ? "anonymous name" : "name", a.name, b.name);
         fields.Is("base", a.base, b.base);
         fields.Is("flags", a.flags, b.flags);
         fields.Is("xrefPath", a.xrefPath, b.xrefPath);

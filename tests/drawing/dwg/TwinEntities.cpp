@@ -1,5 +1,6 @@
 #include "drawing/dwg/Twins.h"
 
+#include "drawing/AnnotationContexts.h"
 #include "drawing/Graphics.h"
 #include "drawing/Solids.h"
 
@@ -327,6 +328,21 @@ Compared ByKind(EntityKind kind)
     return found == kKinds.end() ? nullptr : found->second;
 }
 
+template <class Data> void CompareForms(const Pair& pair, const EntityRecord& dwg, const EntityRecord& dxf, Fields& f)
+{
+    for (const Handle scale : pair.scales) {
+        Both<Data> both(pair, dwg, dxf);
+        AdaptTo(pair.dwg, dwg, scale, both.dwg);
+        AdaptTo(pair.dxf, dxf, scale, both.dxf);
+        f.Is("form.insertion", both.dwg.insertion, both.dxf.insertion);
+        f.Is("form.rotation", both.dwg.rotation, both.dxf.rotation);
+        if constexpr (!std::is_same_v<Data, InsertData>)
+            f.Is("form.height", both.dwg.height, both.dxf.height);
+        else
+            f.Is("form.scale", both.dwg.scale, both.dxf.scale);
+    }
+}
+
 void CompareAttached(const Pair& pair, const EntityRecord& dwg, const EntityRecord& dxf, Fields& f)
 {
     std::vector<Hyperlink> a, b;
@@ -337,6 +353,14 @@ void CompareAttached(const Pair& pair, const EntityRecord& dwg, const EntityReco
         f.Is("hyperlink.description", x.description, y.description);
         f.Is("hyperlink.subLocation", x.subLocation, y.subLocation);
     });
+    if (dxf.kind == EntityKind::Text)
+        CompareForms<TextData>(pair, dwg, dxf, f);
+    else if (dxf.kind == EntityKind::MText)
+        CompareForms<MTextData>(pair, dwg, dxf, f);
+    else if (dxf.kind == EntityKind::Insert)
+        CompareForms<InsertData>(pair, dwg, dxf, f);
+    else if (dxf.kind == EntityKind::Viewport)
+        f.Is("annotationScale", AnnotationScaleOf(pair.dwg, dwg), AnnotationScaleOf(pair.dxf, dxf));
     std::vector<Vec3> clipA, clipB;
     const bool clips = ReadInsertClip(pair.dwg, dwg, clipA);
     f.Is("clip", clips, ReadInsertClip(pair.dxf, dxf, clipB));

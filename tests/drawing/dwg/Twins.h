@@ -34,7 +34,10 @@ public:
 struct Pair {
     const Drawing& dwg;
     const Drawing& dxf;
+    std::vector<Handle> scales; ///< that viewports of the DXF show their annotations at
 };
+/// Fills `scales`.
+Pair MakePair(const Drawing& dwg, const Drawing& dxf);
 
 inline bool Near(double a, double b)
 {
