@@ -85,7 +85,8 @@ DimensionData::Form FormOf(const Drawing& drawing, const EntityRecord& record, s
 /// A DWG leaves the hook line to whoever draws it (group 75); a DXF has it among the points.
 constexpr std::int32_t kHookToMake = 2;
 
-/// Text and tolerances hang on a hook line where the last segment is steeper than 15 degrees against the leader's direction.
+/// Text and tolerances hang on a hook line where the last segment is steeper than 15 degrees against the leader's
+/// direction.
 bool NeedsHook(const LeaderData& data)
 {
     constexpr double kSine = 0.25881904510252074;

@@ -1,8 +1,8 @@
 #include "text/MTextParser.h"
 
 #include "base/text/Utf8.h"
-#include "text/TextCodes.h"
 #include "fonts/Unicode.h"
+#include "text/TextCodes.h"
 
 namespace sm::render {
 
