@@ -198,6 +198,9 @@ KNOWN_CIRCLES = (
     {"adapters/publisher/document/Annotations", "adapters/publisher/document/MarkWriter",
      "adapters/publisher/document/PdfAssembly", "adapters/publisher/document/StampWriter"},
     {"adapters/publisher/document/PubDoc", "adapters/publisher/document/SavePdf"},
+    # The maps of a DWG's objects, and the container that holds them.
+    {"adapters/drawing/dwg/file/Container", "adapters/drawing/dwg/file/ContainerBuilder",
+     "adapters/drawing/dwg/file/ObjectMap"},
     # The windows of attachments and signatures open each other through what they share.
     {"src/ui/frmAttach", "src/ui/frmDigSig", "src/ui/frmGUITap", "src/ui/mdlGUITap"},
     # A run and its surroundings, until one session holds both.

@@ -61,6 +61,7 @@ std::uint32_t PartColor(const PaintContext& context, const std::optional<TextCol
     style.transparency = context.style.transparency;
     return context.InkOf(style);
 }
+
 void DrawTextPath(PaintContext& context, const Path& path, const Matrix2& plane, std::uint32_t color, bool filled)
 {
     context.path.Clear();
@@ -74,6 +75,7 @@ void DrawTextPath(PaintContext& context, const Path& path, const Matrix2& plane,
     pen.color = color;
     context.ink.Stroke(context.path, pen);
 }
+
 void DrawRun(PaintContext& context, const TextRun& from, const Matrix2& plane, std::uint32_t color)
 {
     TextRun& run = context.run;
@@ -87,6 +89,7 @@ void DrawRun(PaintContext& context, const TextRun& from, const Matrix2& plane, s
     }
     context.ink.Text(run, context.outline);
 }
+
 } // namespace
 
 void AppendCorners(Path& path, const std::vector<Vec2>& corners, const Matrix2& plane)
@@ -98,10 +101,12 @@ void AppendCorners(Path& path, const std::vector<Vec2>& corners, const Matrix2& 
         path.Close();
     }
 }
+
 void DrawLaidText(PaintContext& context, const LaidText& text)
 {
     DrawLaidText(context, text, PlaneOf(context.frame->toPaper, text.extrusion, text.elevation));
 }
+
 void DrawLaidText(PaintContext& context, const LaidText& text, const Matrix2& plane)
 {
     context.outline.Clear();

@@ -35,6 +35,7 @@ LaidText LaySymbol(PaintContext& context, const drawing::LinetypeElement& elemen
     text.oblique = known ? styles[element.style].obliqueAngle : 0;
     return context.text.Lay(context.drawing, text);
 }
+
 // Text and shapes of the line type along the path stroked last (DXF reference, LTYPE groups 74 to 9).
 void DrawSymbols(PaintContext& context, const Pen& pen)
 {
@@ -68,6 +69,7 @@ void DrawSymbols(PaintContext& context, const Pen& pen)
         context.ink.Stroke(strokes, plain);
     }
 }
+
 } // namespace
 
 void StrokePath(PaintContext& context, std::span<const std::uint32_t> breaks)
@@ -87,6 +89,7 @@ void StrokePath(PaintContext& context, const Path& path, const Pen& pen, std::sp
         DrawSymbols(context, pen);
     }
 }
+
 void FillArea(PaintContext& context, const Path& path, FillRule rule)
 {
     const FillLines pattern = context.pen != nullptr ? LinesOf(context.pen->fill) : FillLines{};
@@ -107,6 +110,7 @@ void FillArea(PaintContext& context, const Path& path, FillRule rule)
     }
     context.ink.Stroke(lines, {context.style.color, pattern.width, nullptr, 1, LineCap::Butt, LineJoin::Miter});
 }
+
 void StrokeSides(PaintContext& context, const drawing::Entity& entity)
 {
     const Vec2 across = context.frame->toPaper.ApplyVector(OcsAxes(entity.extrusion).z * entity.thickness);

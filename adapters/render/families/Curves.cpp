@@ -7,7 +7,6 @@
 #include "render/Arcs.h"
 #include "render/ClipBox.h"
 
-#include <array>
 #include <cmath>
 
 namespace sm::render {
@@ -34,6 +33,7 @@ bool Lines::Draw(const drawing::LineData& line, drawing::EntityKind kind)
     StrokePath(m_context);
     return true;
 }
+
 class Circles final : public LeafPainter<drawing::CircleData> {
 public:
     using LeafPainter::LeafPainter;
@@ -52,6 +52,7 @@ bool Circles::Draw(const drawing::CircleData& circle, drawing::EntityKind)
     StrokePath(m_context);
     return true;
 }
+
 class Arcs final : public LeafPainter<drawing::ArcData> {
 public:
     using LeafPainter::LeafPainter;
@@ -74,6 +75,7 @@ bool Arcs::Draw(const drawing::ArcData& arc, drawing::EntityKind)
     StrokePath(m_context);
     return true;
 }
+
 class Ellipses final : public LeafPainter<drawing::EllipseData> {
 public:
     using LeafPainter::LeafPainter;
@@ -99,6 +101,7 @@ bool Ellipses::Draw(const drawing::EllipseData& ellipse, drawing::EntityKind)
     StrokePath(m_context);
     return true;
 }
+
 class Splines final : public LeafPainter<drawing::SplineData> {
 public:
     using LeafPainter::LeafPainter;
@@ -130,6 +133,7 @@ bool Splines::Draw(const drawing::SplineData& spline, drawing::EntityKind)
     StrokePath(m_context);
     return true;
 }
+
 } // namespace
 
 void DrawEndlessLine(PaintContext& context, const drawing::LineData& line, bool bothWays)
@@ -154,6 +158,7 @@ void DrawEndlessLine(PaintContext& context, const drawing::LineData& line, bool 
         StrokePath(context);
     }
 }
+
 std::unique_ptr<EntityPainter> MakeLines(PaintContext& context, IWalk& walk)
 {
     return std::make_unique<Lines>(context, walk);

@@ -36,6 +36,7 @@ void Hatches::AppendSources(const drawing::HatchData& hatch)
         AppendJoined(m_path, std::move(pieces));
     }
 }
+
 bool Hatches::Draw(const drawing::HatchData& hatch, drawing::EntityKind)
 {
     const Matrix2 plane = PlaneOf(ToPaper(), hatch.extrusion, hatch.elevation);
@@ -62,6 +63,7 @@ bool Hatches::Draw(const drawing::HatchData& hatch, drawing::EntityKind)
     DrawPattern(hatch, plane);
     return true;
 }
+
 void Hatches::DrawPattern(const drawing::HatchData& hatch, const Matrix2& plane)
 {
     const Box2 hull = HullOf(m_path);
@@ -92,6 +94,7 @@ void Hatches::DrawPattern(const drawing::HatchData& hatch, const Matrix2& plane)
     pen.width = thinned ? std::min(pen.width, kHairline) : pen.width;
     m_ink.Stroke(m_path, pen);
 }
+
 } // namespace
 
 std::unique_ptr<EntityPainter> MakeHatches(PaintContext& context, IWalk& walk)

@@ -117,6 +117,7 @@ Outcome Images::Paint(const drawing::EntityRecord& record, const Frame& frame)
     const bool drawn = m_ink.End();
     return !possible ? Outcome::NotDrawn : drawn ? Outcome::Drawn : Outcome::OffPage;
 }
+
 bool Images::DrawImage()
 {
     const ImagePlace place = PlaceOf(m_image, *m_context.frame, false);
@@ -139,6 +140,7 @@ bool Images::DrawImage()
     StrokeFrame(place, frames);
     return true;
 }
+
 bool Images::DrawUnderlay()
 {
     ImagePlace place = PlaceOf(m_image, *m_context.frame, true);
@@ -169,6 +171,7 @@ bool Images::DrawUnderlay()
     StrokeFrame(place, m_drawing.Frames().underlay);
     return true;
 }
+
 bool Images::DrawWipeout()
 {
     const ImagePlace place = PlaceOf(m_image, *m_context.frame, false);
@@ -180,6 +183,7 @@ bool Images::DrawWipeout()
     StrokeFrame(place, m_drawing.Frames().wipeout);
     return true;
 }
+
 void Images::DrawPicture(const Picture& picture, const ImagePlace& place, bool opaque)
 {
     m_path.Clear();
@@ -196,6 +200,7 @@ void Images::DrawPicture(const Picture& picture, const ImagePlace& place, bool o
     }
     m_ink.Image(picture, place.UnitSquare(), m_context.style.color);
 }
+
 /// `setting` as in FrameSettings. For bounds the frame always counts.
 void Images::StrokeFrame(const ImagePlace& place, std::int32_t setting)
 {
@@ -206,6 +211,7 @@ void Images::StrokeFrame(const ImagePlace& place, std::int32_t setting)
         StrokePath(m_context);
     }
 }
+
 /// The file's name where its picture should be.
 void Images::DrawMissing(const std::string& name, const ImagePlace& place)
 {
@@ -228,6 +234,7 @@ void Images::DrawMissing(const std::string& name, const ImagePlace& place)
     DrawLaidText(m_context, m_context.text.Lay(m_drawing, text));
     m_context.frame = outer;
 }
+
 } // namespace
 
 std::unique_ptr<EntityPainter> MakeImages(PaintContext& context, IWalk& walk)

@@ -58,6 +58,7 @@ Outcome Inserts::Paint(const drawing::EntityRecord& record, const Frame& frame)
     const Outcome best = std::max(copies, attributes);
     return best == Outcome::NotReached ? Outcome::OffPage : best;
 }
+
 Outcome Inserts::PaintCopies(const drawing::InsertData& insert, const std::vector<Vec3>& clip, const Frame& frame,
                              const Style& style)
 {
@@ -94,6 +95,7 @@ Outcome Inserts::PaintCopies(const drawing::InsertData& insert, const std::vecto
     }
     return best;
 }
+
 // What of a block lies within a boundary of its own coordinates.
 Outcome Inserts::PaintClipped(std::uint32_t block, const std::vector<Vec3>& clip, const Frame& frame)
 {
@@ -122,6 +124,7 @@ Outcome Inserts::PaintClipped(std::uint32_t block, const std::vector<Vec3>& clip
     }
     return best;
 }
+
 Outcome Inserts::PaintAttributes(const drawing::InsertData& insert, const Frame& frame, const Style& style)
 {
     Frame own = frame;
@@ -132,6 +135,7 @@ Outcome Inserts::PaintAttributes(const drawing::InsertData& insert, const Frame&
     }
     return best;
 }
+
 } // namespace
 
 std::unique_ptr<EntityPainter> MakeInserts(PaintContext& context, IWalk& walk)

@@ -55,6 +55,7 @@ void NotePainter::PaintShapes(const NotePicture& picture, const Frame& frame, co
         DrawMText(m_context, text);
     }
 }
+
 /// The values that the note gives to the attributes of its block.
 Outcome NotePainter::PaintAttributes(const NotePicture::Copy& copy, const Frame& inner)
 {
@@ -76,6 +77,7 @@ Outcome NotePainter::PaintAttributes(const NotePicture::Copy& copy, const Frame&
     }
     return best;
 }
+
 Outcome NotePainter::PaintCopy(const NotePicture::Copy& copy, const Frame& frame, const Inherited& inherited)
 {
     if (!m_context.CanEnter(copy.insert.block)) {
@@ -89,6 +91,7 @@ Outcome NotePainter::PaintCopy(const NotePicture::Copy& copy, const Frame& frame
     const Outcome best = m_walk.PaintBlock(copy.insert.block, inner);
     return std::max(best, PaintAttributes(copy, inner));
 }
+
 Outcome NotePainter::PaintPicture(const NotePicture& picture, const drawing::Entity& entity,
                                   const drawing::EntityRecord& record, const Frame& frame)
 {
@@ -101,6 +104,7 @@ Outcome NotePainter::PaintPicture(const NotePicture& picture, const drawing::Ent
     }
     return picture.Empty() ? Outcome::NotDrawn : best;
 }
+
 template <class Data> Outcome NotePainter::PaintNote(const drawing::EntityRecord& record, const Frame& frame)
 {
     Data note;
@@ -112,6 +116,7 @@ template <class Data> Outcome NotePainter::PaintNote(const drawing::EntityRecord
     Build(note, {m_drawing, m_context.text}, picture);
     return PaintPicture(picture, note, record, frame);
 }
+
 template <class Data> Outcome NotePainter::PaintStyledNote(const drawing::EntityRecord& record, const Frame& frame)
 {
     Data note;
@@ -125,6 +130,7 @@ template <class Data> Outcome NotePainter::PaintStyledNote(const drawing::Entity
     Build(note, style, {m_drawing, m_context.text}, picture);
     return PaintPicture(picture, note, record, frame);
 }
+
 template <class Data> class Notes final : public NotePainter {
 public:
     using NotePainter::NotePainter;
@@ -177,6 +183,7 @@ Outcome Dimensions::Paint(const drawing::EntityRecord& record, const Frame& fram
     const Outcome best = m_walk.PaintBlock(dimension.block, inner);
     return best == Outcome::NotReached ? Outcome::OffPage : best;
 }
+
 } // namespace
 
 std::unique_ptr<EntityPainter> MakeLeaders(PaintContext& context, IWalk& walk)

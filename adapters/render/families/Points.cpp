@@ -17,24 +17,30 @@ public:
 
 private:
     bool Draw(const drawing::PointData& point, drawing::EntityKind /*kind*/) override;
+    [[nodiscard]] double HalfSize() const;
+    void AppendSign(std::int32_t mode, Vec2 at, double half);
 };
 
-bool Points::Draw(const drawing::PointData& point, drawing::EntityKind)
+// $PDSIZE: drawing units, or in per cent of the view's height when it is negative.
+double Points::HalfSize() const
 {
-    const std::int32_t mode = m_drawing.HeaderInteger("$PDMODE", 0);
-    const Vec2 at = ToPaper().Apply(point.location);
+    constexpr double kPartOfView = 0.05; // of the view's height, when no size is given
     const double given = m_drawing.HeaderReal("$PDSIZE", 0);
     const double unit = ScaleOf(PlaneOf(ToPaper(), {0, 0, 1}, 0));
-    constexpr double kPartOfView = 0.05; // of the view's height, when no size is given
     const double view = m_ink.Bounded() ? m_ink.Clip().Height() : 0;
     const double size = given > 0 ? given * unit : view * (given < 0 ? -given / 100 : kPartOfView);
-    const double half = m_context.options.boxesOnly ? 0 : size / 2;
+    return m_context.options.boxesOnly ? 0 : size / 2;
+}
+
+// DXF reference, $PDMODE: 0 dot, 1 nothing, 2 plus, 3 cross, 4 tick; 32 and 64 add a frame.
+void Points::AppendSign(std::int32_t mode, Vec2 at, double half)
+{
     const auto line = [&](double x0, double y0, double x1, double y1) {
         m_path.MoveTo(at + Vec2{x0, y0} * half);
         m_path.LineTo(at + Vec2{x1, y1} * half);
     };
     constexpr double kDot = 0.02; // mm
-    switch (mode % 32) { // DXF reference, $PDMODE: 0 dot, 1 nothing, 2 plus, 3 cross, 4 tick; 32 and 64 add a frame
+    switch (mode % 32) {
     case 0:
         m_path.MoveTo(at);
         m_path.LineTo(at + Vec2{m_context.options.boxesOnly ? 0 : kDot, 0});
@@ -59,11 +65,17 @@ bool Points::Draw(const drawing::PointData& point, drawing::EntityKind)
     if ((mode & 64) != 0) {
         AppendBox(m_path, {at - Vec2{half, half}, at + Vec2{half, half}});
     }
+}
+
+bool Points::Draw(const drawing::PointData& point, drawing::EntityKind)
+{
+    AppendSign(m_drawing.HeaderInteger("$PDMODE", 0), ToPaper().Apply(point.location), HalfSize());
     Pen pen = m_context.StrokePen();
     pen.pattern = nullptr;
     m_ink.Stroke(m_path, pen);
     return true;
 }
+
 class Shapes final : public LeafPainter<drawing::ShapeData> {
 public:
     using LeafPainter::LeafPainter;
@@ -93,6 +105,7 @@ bool Shapes::Draw(const drawing::ShapeData& shape, drawing::EntityKind)
     m_ink.Stroke(m_path, pen);
     return true;
 }
+
 } // namespace
 
 std::unique_ptr<EntityPainter> MakePoints(PaintContext& context, IWalk& walk)

@@ -169,6 +169,7 @@ void PolylinePen::Draw(const drawing::PolylineData& polyline)
         DrawPlain(polyline, plane);
     }
 }
+
 void PolylinePen::DrawInSpace(const drawing::PolylineData& polyline)
 {
     for (const drawing::PolyVertex& vertex : polyline.vertices) {
@@ -182,6 +183,7 @@ void PolylinePen::DrawInSpace(const drawing::PolylineData& polyline)
     }
     StrokePath(m_context);
 }
+
 void PolylinePen::DrawPlain(const drawing::PolylineData& polyline, const Matrix2& plane)
 {
     Pen pen = m_context.StrokePen();
@@ -205,6 +207,7 @@ void PolylinePen::DrawPlain(const drawing::PolylineData& polyline, const Matrix2
         StrokePath(m_context, breaks);
     }
 }
+
 void PolylinePen::DrawWide(const drawing::PolylineData& polyline, const Matrix2& plane)
 {
     const std::vector<WideSegment> segments = SegmentsOf(polyline);
@@ -228,6 +231,7 @@ void PolylinePen::DrawWide(const drawing::PolylineData& polyline, const Matrix2&
     m_context.ink.Fill(m_context.path, m_context.style.color, FillRule::NonZero);
     StrokePath(m_context, thin, m_context.StrokePen());
 }
+
 std::unique_ptr<EntityPainter> MakePolylines(PaintContext& context, IWalk& walk)
 {
     return std::make_unique<Polylines>(context, walk);

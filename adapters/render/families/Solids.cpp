@@ -37,6 +37,7 @@ bool Quads::Draw(const drawing::QuadData& quad, drawing::EntityKind kind)
     FillArea(m_context, m_path, FillRule::NonZero);
     return true;
 }
+
 void Quads::DrawEdges(const drawing::QuadData& quad)
 {
     for (std::size_t i = 0; i < quad.corners.size(); ++i) {
@@ -50,6 +51,7 @@ void Quads::DrawEdges(const drawing::QuadData& quad)
     }
     StrokePath(m_context);
 }
+
 class Solids final : public LeafPainter<drawing::SolidData> {
 public:
     using LeafPainter::LeafPainter;
@@ -98,6 +100,7 @@ bool Solids::Draw(const drawing::SolidData& solid, drawing::EntityKind)
     StrokePath(m_context);
     return true;
 }
+
 class Meshes final : public LeafPainter<drawing::MeshData> {
 public:
     using LeafPainter::LeafPainter;
@@ -133,6 +136,7 @@ bool Meshes::Draw(const drawing::MeshData& mesh, drawing::EntityKind)
     StrokePath(m_context);
     return !edges.empty();
 }
+
 } // namespace
 
 std::unique_ptr<EntityPainter> MakeQuads(PaintContext& context, IWalk& walk)

@@ -49,6 +49,7 @@ void DrawMask(PaintContext& context, const drawing::MTextData& text, const LaidT
         context.ink.Stroke(context.path, context.StrokePen());
     }
 }
+
 class Texts final : public LeafPainter<drawing::TextData> {
 public:
     using LeafPainter::LeafPainter;
@@ -112,6 +113,7 @@ Outcome Attributes::PaintText(const drawing::TextData& text, const drawing::Enti
     }
     return m_ink.End() ? Outcome::Drawn : Outcome::OffPage;
 }
+
 std::unique_ptr<EntityPainter> MakeTexts(PaintContext& context, IWalk& walk)
 {
     return std::make_unique<Texts>(context, walk);

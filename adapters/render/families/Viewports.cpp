@@ -71,6 +71,7 @@ Outcome Viewports::Paint(const drawing::EntityRecord& record, const Frame& frame
     }
     return best;
 }
+
 // The sheet's own viewport shows nothing: it is the sheet.
 bool Viewports::IsSheet(const drawing::EntityRecord& record)
 {
@@ -91,6 +92,7 @@ bool Viewports::IsOff(const drawing::ViewportData& viewport) const
     const bool oldFile = version != drawing::Version::Unknown && version <= drawing::Version::R12;
     return viewport.Off() || (oldFile && viewport.status == 0);
 }
+
 // Puts the viewport's outline on the sheet into the path; false when it shows nothing.
 bool Viewports::MakeClipPath(const drawing::ViewportData& viewport, const Frame& frame)
 {
@@ -114,6 +116,7 @@ bool Viewports::MakeClipPath(const drawing::ViewportData& viewport, const Frame&
     }
     return viewport.width > 0 && viewport.height > 0;
 }
+
 Outcome Viewports::PaintContent(const drawing::EntityRecord& record, const drawing::ViewportData& viewport,
                                 const Frame& frame)
 {

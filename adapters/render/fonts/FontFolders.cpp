@@ -16,6 +16,7 @@ namespace {
 struct PatternEnd {
     void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
 };
+
 using Pattern = std::unique_ptr<FcPattern, PatternEnd>;
 
 std::optional<FontPlace> Match(FcPattern* wanted)
