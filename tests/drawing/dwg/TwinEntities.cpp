@@ -1,8 +1,18 @@
 #include "drawing/dwg/Twins.h"
 
 #include "drawing/AnnotationContexts.h"
-#include "drawing/Graphics.h"
-#include "drawing/Solids.h"
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Curves.h"
+#include "drawing/entities/Graphics.h"
+#include "drawing/entities/Hatches.h"
+#include "drawing/entities/Hyperlinks.h"
+#include "drawing/entities/Images.h"
+#include "drawing/entities/Inserts.h"
+#include "drawing/entities/Points.h"
+#include "drawing/entities/Polylines.h"
+#include "drawing/entities/Solids.h"
+#include "drawing/entities/Texts.h"
+#include "drawing/entities/Viewports.h"
 
 namespace sm::drawing::twins {
 

@@ -1,4 +1,11 @@
+#include "drawing/EntityKinds.h"
 #include "drawing/dwg/Twins.h"
+#include "drawing/entities/DimStyles.h"
+#include "drawing/entities/Dimensions.h"
+#include "drawing/entities/MLines.h"
+#include "drawing/entities/MultiLeaders.h"
+#include "drawing/entities/NoteAttribute.h"
+#include "drawing/entities/TableEntities.h"
 
 namespace sm::drawing::twins {
 

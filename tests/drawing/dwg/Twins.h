@@ -2,6 +2,7 @@
 #pragma once
 
 #include "drawing/Drawing.h"
+#include "drawing/entities/Texts.h"
 
 #include <cmath>
 #include <map>
