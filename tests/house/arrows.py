@@ -201,10 +201,8 @@ KNOWN_CIRCLES = (
     # The maps of a DWG's objects, and the container that holds them.
     {"adapters/drawing/dwg/file/Container", "adapters/drawing/dwg/file/ContainerBuilder",
      "adapters/drawing/dwg/file/ObjectMap"},
-    # The windows of attachments and signatures open each other through what they share.
-    {"src/ui/frmAttach", "src/ui/frmDigSig", "src/ui/frmGUITap", "src/ui/mdlGUITap"},
-    # A run and its surroundings, until one session holds both.
-    {"apps/sheetmaker/run/DrawingRun", "apps/sheetmaker/run/Surrounded"},
+    # The editor of records and the lists that it edits.
+    {"apps/sheetmaker/records/RecordEditor", "apps/sheetmaker/records/RecordListEditor"},
 )
 
 
