@@ -1,6 +1,7 @@
 #include "shapes/ShapeFile.h"
 
 #include "base/files/Paths.h"
+#include "base/text/Names.h"
 
 #include <fstream>
 #include <iterator>
