@@ -1,5 +1,6 @@
 #include "commands/ConvertCommand.h"
 
+#include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
@@ -13,7 +14,6 @@
 #include <ostream>
 #include <sstream>
 #include <thread>
-#include <unistd.h>
 
 namespace sm::app {
 namespace {
@@ -36,7 +36,7 @@ void CheckJobOptions(ConvertOptions& options, const Install& install)
 class Conversion {
 public:
     Conversion(const ConvertJob& job, const Install& install, std::ostream& out, std::ostream& err)
-        : m_job(job), m_install(install), m_out(out), m_err(err), m_console(err, isatty(STDERR_FILENO) == 1)
+        : m_job(job), m_install(install), m_out(out), m_err(err), m_console(err, base::IsTerminal(base::Stream::Errors))
     {
     }
 

@@ -1,5 +1,7 @@
 #include "commands/Doctor.h"
 
+#include "base/files/FileFacts.h"
+#include "base/files/Paths.h"
 #include "commandline/ExitCodes.h"
 #include "run/DwgSetup.h"
 #include "workers/WindowsProgram.h"
@@ -10,7 +12,6 @@
 #include <fmt/format.h>
 #include <memory>
 #include <ostream>
-#include <unistd.h>
 
 namespace sm::app {
 namespace {
@@ -48,8 +49,8 @@ Finding ShareFolder(const Install& install)
     std::error_code unreadable;
     for (const char* part : {"Drivers/ps8.hdi", "PC3", "Settings"})
         if (!fs::exists(share / part, unreadable))
-            return {State::Missing, "share folder", (share / part).string() + " is missing", remedy};
-    return {State::Good, "share folder", share.string(), {}};
+            return {State::Missing, "share folder", base::ToText(share / part) + " is missing", remedy};
+    return {State::Good, "share folder", base::ToText(share), {}};
 }
 
 Finding JobOptionFiles(const Install& install)
@@ -73,10 +74,10 @@ bool HoldsFont(const fs::path& folder)
 Finding Fonts(const Install& install)
 {
     const fs::path home = install.environment("HOME").value_or("/nonexistent");
-    for (const fs::path& folder : {fs::path("/usr/share/fonts"), fs::path("/usr/local/share/fonts"),
+    for (const fs::path& folder : {base::ToPath("/usr/share/fonts"), base::ToPath("/usr/local/share/fonts"),
                                    home / ".local/share/fonts", home / ".fonts"})
         if (HoldsFont(folder))
-            return {State::Good, "fonts", folder.string(), {}};
+            return {State::Good, "fonts", base::ToText(folder), {}};
     return {State::Missing, "fonts", "no TrueType font is installed", "sudo apt-get install fonts-dejavu-core"};
 }
 
@@ -87,9 +88,10 @@ Finding WritableFolder(const char* what, fs::path folder, const char* remedy)
     std::error_code unreadable;
     while (!fs::exists(folder, unreadable) && folder.has_relative_path())
         folder = folder.parent_path();
-    if (access(folder.c_str(), W_OK | X_OK) == 0)
-        return {State::Good, what, wanted.string(), {}};
-    return {State::Missing, what, wanted.string() + " can't be written", remedy};
+    std::error_code closed;
+    if (base::MayMakeFilesIn(base::ToText(folder), closed))
+        return {State::Good, what, base::ToText(wanted), {}};
+    return {State::Missing, what, base::ToText(wanted) + " can't be written", remedy};
 }
 
 Finding Settings(const Install& install)
@@ -118,7 +120,7 @@ Finding Viewer(const Install& install)
 
 Finding Windows(const Install& install)
 {
-    const std::string program = system::FindProgram(install.environment, install.windowsProgram.string());
+    const std::string program = system::FindProgram(install.environment, base::ToText(install.windowsProgram));
     if (install.windowsProgram.empty() || program.empty())
         return {State::Optional, "windows", "the program with the windows is missing (settings, page-setup need it)",
                 "sudo apt-get install qt6-base-dev, then build or install sheetmaker-pdf anew"};
@@ -148,17 +150,18 @@ std::vector<Finding> Examine(const Install& install)
 {
     std::error_code unset;
     const fs::path temporary = fs::temp_directory_path(unset);
-    return {Ghostscript(install),
-            {State::Good, "PDF library", "libqpdf, part of this program", {}},
-            Fonts(install),
-            ShareFolder(install),
-            JobOptionFiles(install),
-            Settings(install),
-            WritableFolder("log folder", install.places.stateFolder, "give yourself the right to write there"),
-            WritableFolder("temporary folder", unset ? fs::path(P_tmpdir) : temporary, "set TMPDIR to another folder"),
-            Viewer(install),
-            Windows(install),
-            DwgConverter(install)};
+    return {
+        Ghostscript(install),
+        {State::Good, "PDF library", "libqpdf, part of this program", {}},
+        Fonts(install),
+        ShareFolder(install),
+        JobOptionFiles(install),
+        Settings(install),
+        WritableFolder("log folder", install.places.stateFolder, "give yourself the right to write there"),
+        WritableFolder("temporary folder", unset ? base::ToPath(P_tmpdir) : temporary, "set TMPDIR to another folder"),
+        Viewer(install),
+        Windows(install),
+        DwgConverter(install)};
 }
 
 std::string FindingText(const std::vector<Finding>& findings)

@@ -9,7 +9,6 @@
 
 #include <filesystem>
 #include <ostream>
-#include <unistd.h>
 
 namespace sm::app {
 namespace {

@@ -1,5 +1,6 @@
 #include "commands/Readiness.h"
 
+#include "base/files/Paths.h"
 #include "commandline/Refusal.h"
 
 #include <filesystem>
@@ -20,7 +21,7 @@ void MakeFolderOf(const std::string& pdfPath)
     std::error_code failed;
     std::filesystem::create_directories(folder, failed);
     if (failed)
-        throw Refusal{kExitUsage, "the folder " + folder.string() + " can't be made: " + failed.message()};
+        throw Refusal{kExitUsage, "the folder " + base::ToText(folder) + " can't be made: " + failed.message()};
 }
 
 } // namespace sm::app

@@ -1,5 +1,7 @@
 #include "records/AttachCommand.h"
 
+#include "base/files/FileFacts.h"
+#include "base/files/Paths.h"
 #include "commandline/MarkValues.h"
 #include "commandline/Refusal.h"
 #include "records/RecordListEditor.h"
@@ -7,7 +9,6 @@
 
 #include <filesystem>
 #include <fmt/format.h>
-#include <unistd.h>
 
 namespace sm::app {
 namespace {
@@ -16,7 +17,7 @@ namespace fs = std::filesystem;
 
 std::string FullPath(const std::string& file)
 {
-    return fs::absolute(file).lexically_normal().string();
+    return base::ToText(fs::absolute(file).lexically_normal());
 }
 
 /// The full path of a file that can be attached.
@@ -27,7 +28,7 @@ std::string CheckedFile(const std::string& file)
         throw Refusal{kExitUsage, "there is no file " + file};
     if (!fs::is_regular_file(file, unreadable))
         throw Refusal{kExitUsage, file + " is no plain file"};
-    if (access(file.c_str(), R_OK) != 0)
+    if (!base::MayRead(file, unreadable))
         throw Refusal{kExitUsage, file + " can't be read: you have no permission to"};
     const std::string path = FullPath(file);
     CheckRecordText("the path " + path, path);
@@ -41,7 +42,7 @@ std::string Described(const AttachmentEntry& entry)
 
 std::vector<std::string> NamesOf(const AttachmentEntry& entry)
 {
-    return {entry.FilePath, fs::path(entry.FilePath).filename().string()};
+    return {entry.FilePath, base::ToText(base::ToPath(entry.FilePath).filename())};
 }
 
 constexpr RecordList<AttachmentEntry> kAttachments{

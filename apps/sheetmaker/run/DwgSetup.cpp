@@ -1,5 +1,6 @@
 #include "run/DwgSetup.h"
 
+#include "base/files/Paths.h"
 #include "preferences/SettingNames.h"
 #include "run/UnderlayPages.h"
 #include "settings/mdlWinReg.h"
@@ -16,8 +17,8 @@ fs::path CacheFolder(const Install& install)
 {
     const std::string given = install.environment("XDG_CACHE_HOME").value_or("");
     if (given.starts_with('/'))
-        return fs::path(given) / "sheetmaker-pdf" / "dwg";
-    return fs::path(install.environment("HOME").value_or("/nonexistent")) / ".cache" / "sheetmaker-pdf" / "dwg";
+        return base::ToPath(given) / "sheetmaker-pdf" / "dwg";
+    return base::ToPath(install.environment("HOME").value_or("/nonexistent")) / ".cache" / "sheetmaker-pdf" / "dwg";
 }
 
 /// Folders of the search path for files that drawings refer to, with colons between them.
@@ -41,8 +42,8 @@ drawing::DwgOptions DwgOptionsOf(const Install& install, IRegistry& registry)
     if (options.converter.empty())
         options.converter =
             RegReadString(registry, RegistryRoot::CurrentUser, kSettingsKey, "DwgConverter").value_or("");
-    options.scriptFolder = install.places.shareFolder.empty() ? "" : scripts.string();
-    options.packageFolders = {scripts.string(), CacheFolder(install).string()};
+    options.scriptFolder = install.places.shareFolder.empty() ? "" : base::ToText(scripts);
+    options.packageFolders = {base::ToText(scripts), base::ToText(CacheFolder(install))};
     options.searchPath = install.environment("PATH");
     return options;
 }
@@ -50,7 +51,7 @@ drawing::DwgOptions DwgOptionsOf(const Install& install, IRegistry& registry)
 cadhost::HostOptions HostOptionsOf(const Install& install, IRegistry& registry, const std::string& workFolder,
                                    bool keepLayers)
 {
-    cadhost::HostOptions options{install.places.shareFolder.string(), install.LoginName(),
+    cadhost::HostOptions options{base::ToText(install.places.shareFolder), install.LoginName(),
                                  DwgOptionsOf(install, registry), install.PlotStyleFolder(), keepLayers};
     options.dwg.workFolder = workFolder;
     options.references = ReferenceOptionsOf(install);

@@ -1,11 +1,10 @@
 #include "run/Install.h"
 
+#include "base/files/Paths.h"
+#include "base/process/ThisProcess.h"
 #include "store/Facts.h"
 #include "store/SqliteRegistry.h"
 #include "system/SystemPorts.h"
-
-#include <pwd.h>
-#include <unistd.h>
 
 namespace sm::app {
 
@@ -16,8 +15,7 @@ std::string Install::LoginName() const
         if (!name.empty())
             return name;
     }
-    const passwd* account = getpwuid(getuid());
-    return account ? account->pw_name : "";
+    return base::AccountName();
 }
 
 Install ThisInstall()
@@ -33,8 +31,8 @@ Install ThisInstall()
 
 std::unique_ptr<IRegistry> OpenSettings(const Install& install, const std::function<void(const std::string&)>& complain)
 {
-    const std::string share = install.places.shareFolder.string();
-    const store::Install facts{(install.places.shareFolder / "acadsmpdf.hlp").string(), install.JobOptionsFolder(),
+    const std::string share = base::ToText(install.places.shareFolder);
+    const store::Install facts{base::ToText(install.places.shareFolder / "acadsmpdf.hlp"), install.JobOptionsFolder(),
                                install.version, share};
     return store::OpenSqliteRegistry(install.places.SettingsFile(), store::ShippedFacts(facts), complain,
                                      store::Reading::Once);

@@ -1,6 +1,7 @@
 // What one process knows of its machine: places, environment, version.
 #pragma once
 
+#include "base/files/Paths.h"
 #include "ports/IRegistry.h"
 #include "ports/ISystem.h"
 #include "system/Environment.h"
@@ -20,9 +21,9 @@ struct Install {
     std::string dwgConverter{};             ///< of this run; empty: the stored setting
     std::filesystem::path windowsProgram{}; ///< the program with the windows; need not be there
 
-    [[nodiscard]] std::string JobOptionsFolder() const { return (places.shareFolder / "Settings").string(); }
+    [[nodiscard]] std::string JobOptionsFolder() const { return base::ToText(places.shareFolder / "Settings"); }
     /// The user's own plot style tables.
-    [[nodiscard]] std::string PlotStyleFolder() const { return (places.settingsFolder / "PlotStyles").string(); }
+    [[nodiscard]] std::string PlotStyleFolder() const { return base::ToText(places.settingsFolder / "PlotStyles"); }
     [[nodiscard]] std::string LoginName() const;
 };
 

@@ -1,18 +1,18 @@
 #include "run/LogFiles.h"
 
+#include "base/process/ThisProcess.h"
 #include "run/Install.h"
 
 #include <fmt/format.h>
 #include <fstream>
 #include <sstream>
-#include <unistd.h>
 
 namespace sm::app {
 
 LogFiles::LogFiles(std::filesystem::path folder, std::size_t workers) : m_folder(std::move(folder)), m_names(workers)
 {
     for (std::size_t worker = 0; workers > 1 && worker < workers; ++worker)
-        m_names[worker] = fmt::format("SmPdfAcad-{}-{}.log", getpid(), worker + 1);
+        m_names[worker] = fmt::format("SmPdfAcad-{}-{}.log", base::ProcessNumber(), worker + 1);
 }
 
 LogFiles::~LogFiles()

@@ -1,5 +1,6 @@
 #include "run/PublishRun.h"
 
+#include "base/files/Paths.h"
 #include "commandline/ExitCodes.h"
 #include "hostobjects/cNativeDoc.h"
 #include "plugin/cPlugin.h"
@@ -180,7 +181,7 @@ void SetRun::Save()
     CallContext& context = m_session.Context();
     const std::string path = *m_task.savePath;
     const LocalDateTime now = context.surroundings.clock.Now();
-    m_document->SetDocSummary(std::filesystem::path(path).stem().string(), m_install.LoginName(), now, now);
+    m_document->SetDocSummary(base::ToText(base::ToPath(path).stem()), m_install.LoginName(), now, now);
     m_document->SetDocInfo("Creator", std::string(kProductTitle) + " " + ProductVersion(context.surroundings));
     const std::int32_t status = m_document->SaveToPdf(path, 0, false, true);
     m_report.saveStatus = status;

@@ -1,17 +1,18 @@
 #include "run/SetLog.h"
 
+#include "base/process/ThisProcess.h"
 #include "run/Install.h"
 #include "run/LogFiles.h"
 
 #include <fmt/format.h>
 #include <fstream>
-#include <unistd.h>
 
 namespace sm::app {
 
 namespace fs = std::filesystem;
 
-SetLog::SetLog(fs::path folder) : m_folder(std::move(folder)), m_sheetLog(fmt::format("SmPdfAcad-{}-1.log", getpid()))
+SetLog::SetLog(fs::path folder)
+    : m_folder(std::move(folder)), m_sheetLog(fmt::format("SmPdfAcad-{}-1.log", base::ProcessNumber()))
 {
 }
 

@@ -1,5 +1,6 @@
 #include "run/Surrounded.h"
 
+#include "base/files/Paths.h"
 #include "plotting/JobOptions.h"
 #include "plugin/Attempt.h"
 #include "preferences/SettingNames.h"
@@ -52,12 +53,13 @@ Surrounded::Surrounded(const DrawingTask& task, const Install& install, terminal
     : m_report(report), m_screen(screen), m_watcher(report, console),
       m_stored(OpenSettings(install, [&console](const std::string& text) { console.Line("warning: " + text); })),
       m_registry(*m_stored),
-      m_files(std::make_unique<InstallFiles>(system::CreateFileSystem(), install.places.shareFolder.string())),
+      m_files(std::make_unique<InstallFiles>(system::CreateFileSystem(), base::ToText(install.places.shareFolder))),
       m_terminalDesktop(MakeDesktop(task, install, console)), m_desktop(screen ? screen->desktop : *m_terminalDesktop),
       m_windows(MakeWindows(console)),
       m_library(publisher::CreatePublisher(PublishingOptions(task, install), m_desktop)),
       m_locale(system::CreateLocale(install.environment)), m_clock(system::CreateClock()),
-      m_component(system::CreateComponent(install.places.shareFolder.string(), system::ParseVersion(install.version))),
+      m_component(
+          system::CreateComponent(base::ToText(install.places.shareFolder), system::ParseVersion(install.version))),
       m_surroundings{m_registry, *m_files, m_desktop,    *m_windows, *m_library,
                      *m_locale,  *m_clock, *m_component, m_watcher},
       m_context{m_surroundings, nullptr, nullptr, nullptr}
@@ -106,7 +108,7 @@ bool Surrounded::KeepsLayers(const ConvertOptions& options)
 publisher::PublisherOptions Surrounded::PublishingOptions(const DrawingTask& task, const Install& install)
 {
     publisher::PublisherOptions options;
-    options.logFolder = install.places.stateFolder.string();
+    options.logFolder = base::ToText(install.places.stateFolder);
     options.logFileName = task.logFileName;
     options.workFolder = task.workFolder;
     options.producer = "Sheetmaker PDF " + install.version;

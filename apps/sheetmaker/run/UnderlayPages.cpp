@@ -1,6 +1,7 @@
 #include "run/UnderlayPages.h"
 
 #include "base/files/File.h"
+#include "base/files/Paths.h"
 #include "base/files/PrivateFolder.h"
 #include "base/process/ChildProcess.h"
 #include "drawing/FindReferenced.h"
@@ -139,8 +140,8 @@ private:
                                      " is not there; install it with: apt-get install ghostscript");
         }
         std::error_code error;
-        fs::create_symlink(fs::absolute(path, error), fs::path(folder) / kInput, error);
-        fs::create_directory(fs::path(folder) / kTemporary, error);
+        fs::create_symlink(fs::absolute(path, error), base::ToPath(folder) / kInput, error);
+        fs::create_directory(base::ToPath(folder) / kTemporary, error);
         command.arguments = {"-q", "-dBATCH", "-dNOPAUSE", "-dSAFER"};
         command.arguments.insert(command.arguments.end(), arguments.begin(), arguments.end());
         command.arguments.emplace_back(fmt::format("--permit-file-read={}", kInput));

@@ -1,6 +1,8 @@
 // The program with the windows: "settings" and "page-setup" on a screen. It knows the toolkit; the command line's own
 // program, which becomes this one for those commands, doesn't.
 #include "Dispatch.h"
+#include "base/files/Paths.h"
+#include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
 #include "commandline/HelpTopic.h"
 #include "commands/PageSetupCommand.h"
@@ -12,7 +14,6 @@
 
 #include <csignal>
 #include <iostream>
-#include <unistd.h>
 
 namespace sm::app {
 namespace {
@@ -20,7 +21,7 @@ namespace {
 qt::ScreenOptions ScreenOptionsOf(const Install& install)
 {
     qt::ScreenOptions options;
-    options.helpFolder = (install.places.shareFolder / "help").string();
+    options.helpFolder = base::ToText(install.places.shareFolder / "help");
     options.open = [environment = install.environment](const std::string& pathOrAddress) {
         return system::OpenOnDesktop(environment, HelpTopic(pathOrAddress));
     };
@@ -36,7 +37,7 @@ int ShowOnScreen(const Job& job, const Install& install)
         return kExitToolMissing;
     }
     const auto picker = qt::CreateDrawingWindow({ReferenceOptionsOf(install)});
-    const ScreenParts parts{screen->Desktop(), screen->Toolkit(), *picker, isatty(STDERR_FILENO) == 1};
+    const ScreenParts parts{screen->Desktop(), screen->Toolkit(), *picker, base::IsTerminal(base::Stream::Errors)};
     if (const auto* const settings = std::get_if<SettingsJob>(&job))
         return RunSettings(*settings, install, parts, std::cout, std::cerr);
     return RunPageSetup(std::get<PageSetupJob>(job), install, parts, std::cout, std::cerr);

@@ -1,5 +1,6 @@
 #include "workers/OutputPlan.h"
 
+#include "base/files/Paths.h"
 #include "settings/mdlUtilities.h"
 
 #include <fmt/format.h>
@@ -15,7 +16,7 @@ std::string Identity(const std::string& path)
 {
     std::error_code unreadable;
     const fs::path identity = fs::weakly_canonical(fs::absolute(path), unreadable);
-    return unreadable ? fs::absolute(path).lexically_normal().string() : identity.string();
+    return unreadable ? base::ToText(fs::absolute(path).lexically_normal()) : base::ToText(identity);
 }
 
 bool NamesFolder(const std::string& output, std::size_t drawingCount)
@@ -37,12 +38,12 @@ std::string AsPdfName(const std::string& output)
 PlannedDrawing Plan(const std::string& drawing, const std::optional<std::string>& output, std::size_t count)
 {
     if (!output)
-        return {drawing, StripExtension(fs::absolute(drawing).string()) + ".pdf", std::nullopt};
+        return {drawing, StripExtension(base::ToText(fs::absolute(drawing))) + ".pdf", std::nullopt};
     if (!NamesFolder(*output, count))
-        return {drawing, AsPdfName(*output), fs::absolute(AsPdfName(*output)).string()};
-    const std::string name = fs::path(drawing).stem().string() + ".pdf";
-    const std::string path = (fs::path(*output) / name).string();
-    return {drawing, path, fs::absolute(path).string()};
+        return {drawing, AsPdfName(*output), base::ToText(fs::absolute(AsPdfName(*output)))};
+    const std::string name = base::ToText(base::ToPath(drawing).stem()) + ".pdf";
+    const std::string path = base::ToText(base::ToPath(*output) / name);
+    return {drawing, path, base::ToText(fs::absolute(path))};
 }
 
 std::string Clash(const std::vector<PlannedDrawing>& drawings)

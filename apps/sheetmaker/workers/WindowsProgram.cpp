@@ -1,11 +1,10 @@
 #include "workers/WindowsProgram.h"
 
+#include "base/files/Paths.h"
+#include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
 
-#include <cerrno>
-#include <cstring>
 #include <ostream>
-#include <unistd.h>
 
 namespace sm::app {
 namespace {
@@ -50,14 +49,10 @@ int BecomeWindowsProgram(const std::vector<std::string>& words, const Install& i
         err << WithoutScreen(words.front());
         return kExitToolMissing;
     }
-    const std::string program = install.windowsProgram.string();
-    std::vector<char*> arguments{const_cast<char*>(program.c_str())};
-    for (const std::string& word : words)
-        arguments.push_back(const_cast<char*>(word.c_str()));
-    arguments.push_back(nullptr);
-    execv(program.c_str(), arguments.data());
+    const std::string program = base::ToText(install.windowsProgram);
+    const std::string reason = base::BecomeProgram(program, words);
     err << "sheetmaker " << words.front() << ": the program with the windows can't be started (" << program << ": "
-        << std::strerror(errno) << "); \"sheetmaker doctor\" says more\n";
+        << reason << "); \"sheetmaker doctor\" says more\n";
     return kExitToolMissing;
 }
 

@@ -1,5 +1,8 @@
 #include "workers/Worker.h"
 
+#include "base/files/AtomicFile.h"
+#include "base/files/Paths.h"
+#include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
 
 #include <array>
@@ -31,9 +34,9 @@ std::string MakeWorkFolder()
 {
     std::error_code unset;
     const fs::path parent = fs::temp_directory_path(unset);
-    std::string pattern = ((unset ? fs::path(P_tmpdir) : parent) / "sheetmaker-XXXXXX").string();
+    std::string pattern = base::ToText((unset ? base::ToPath(P_tmpdir) : parent) / "sheetmaker-XXXXXX");
     if (!mkdtemp(pattern.data()))
-        ThrowErrno(("no temporary folder can be made in " + parent.string()).c_str());
+        ThrowErrno(("no temporary folder can be made in " + base::ToText(parent)).c_str());
     return pattern;
 }
 
@@ -111,7 +114,7 @@ void Worker::Start(const WorkerWork& work, Lines lines)
         close(linesStart);
         DrawingReport report;
         {
-            terminal::Console console(std::cerr, lines == Lines::Straight && isatty(STDERR_FILENO) == 1);
+            terminal::Console console(std::cerr, lines == Lines::Straight && base::IsTerminal(base::Stream::Errors));
             report = work(m_task, console);
         }
         WriteAll(reportStart, ToJson(report, -1));
@@ -168,13 +171,7 @@ void Worker::RemoveLeftovers()
     if (m_endedWell)
         return;
     // A PDF that was being written when the process was ended stands half-made beside its target.
-    const std::string prefix = fmt::format(".sheetmaker-{}-", m_lastProcess);
-    for (fs::directory_iterator file(m_pdfFolder, ignored), end; !ignored && file != end; file.increment(ignored)) {
-        const std::string name = file->path().filename().string();
-        std::error_code gone;
-        if (name.starts_with(prefix) && name.ends_with(".part"))
-            fs::remove(file->path(), gone);
-    }
+    base::RemoveLeftovers(base::ToText(m_pdfFolder), m_lastProcess);
 }
 
 Worker::~Worker()
