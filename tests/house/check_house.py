@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Proves the rules of the house: which folder may include what, headers that compile alone, no bare try in the plug-in,
-file and function lengths, words that don't belong in the tree.
+the operating system in its own rooms, file and function lengths, words that don't belong in the tree.
 
-    check_house.py RULE [--source DIR]      RULE: arrows headers policies lengths words format
+    check_house.py RULE [--source DIR]      RULE: arrows headers policies lengths words platform format
 """
 import argparse
 import concurrent.futures
@@ -15,6 +15,7 @@ import sys
 
 from arrows import check_arrows, resolve, room_of
 from sources import INCLUDE, files, read
+from systems import check_platform
 
 WORDS = re.compile(r"\bspecification\b|\bthe spec\b|\bparts? [1-6]\.[1-9]\b", re.I)
 PATHS = re.compile(r"(^|[\s\"'=(])/(root|work)/|/tmp/[a-z]")  # of one machine
@@ -109,7 +110,7 @@ def check_words(source):
 
 def main():
     rules = {"arrows": check_arrows, "headers": check_headers, "policies": check_policies, "lengths": check_lengths,
-             "words": check_words, "format": check_format}
+             "words": check_words, "platform": check_platform, "format": check_format}
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("rule", choices=rules)
     parser.add_argument("--source", default=os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))

@@ -16,7 +16,7 @@ HEADERS = re.compile(r"^(sys|net|netinet|arpa|linux)/|^(unistd|fcntl|dirent|pwd|
                      r"iconv|locale|termios|netdb|pthread|sched|glob|fnmatch|wordexp|libgen|syslog|ftw|nl_types|utime|"
                      r"semaphore|mqueue|aio|stdlib|windows)\.h$")
 CALLS = re.compile(r"(?<![\w.>])(?:::)?(getpid|getppid|getuid|geteuid|getpwuid|isatty|fork|vfork|execv|execve|execvp|waitpid|"
-                   r"pipe2?|dup2|mkstemp|mkostemp|mkdtemp|localtime_r|gmtime_r|strsignal|strcasecmp|strncasecmp|readlink|"
+                   r"pipe2|dup2|mkstemp|mkostemp|mkdtemp|localtime_r|gmtime_r|strsignal|strcasecmp|strncasecmp|readlink|"
                    r"realpath|setenv|unsetenv|sigprocmask|sigaction|usleep|lseek|pread|ftruncate|fsync|umask|chmod|chown)\s*\(")
 ENVIRON = re.compile(r"\bextern char\s*\*\*\s*environ\b")
 
