@@ -122,10 +122,4 @@ std::string FindReferenced(const std::string& name, const SearchPlaces& places)
     return found;
 }
 
-std::string ReferencedFileName(const std::string& name)
-{
-    const std::size_t slash = name.find_last_of("/\\");
-    return slash == std::string::npos ? name : name.substr(slash + 1);
-}
-
 } // namespace sm::drawing

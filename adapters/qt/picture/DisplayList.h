@@ -108,7 +108,4 @@ struct DisplayList {
     [[nodiscard]] std::size_t Bytes() const;
 };
 
-/// Writes an item's shape in millimetres from `from`.
-void AppendShape(const DisplayList& list, const Item& item, Vec2 from, Path& out);
-
 } // namespace sm::qt

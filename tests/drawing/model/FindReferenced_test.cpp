@@ -84,12 +84,5 @@ TEST_F(FindReferencedTest, ReadsRegularFilesWithinALimit)
     EXPECT_EQ(read("job/missing", 99), "(none)");
 }
 
-TEST(ReferencedFileName, IsTheLastPart)
-{
-    EXPECT_EQ(ReferencedFileName("C:\\a\\b.png"), "b.png");
-    EXPECT_EQ(ReferencedFileName("a/b\\c.png"), "c.png");
-    EXPECT_EQ(ReferencedFileName("plain"), "plain");
-}
-
 } // namespace
 } // namespace sm::drawing

@@ -7,6 +7,25 @@
 namespace sm::qt {
 namespace {
 
+/// Writes an item's shape in millimetres from `from`.
+void AppendShape(const DisplayList& list, const Item& item, Vec2 from, Path& out)
+{
+    const Vec2 shift = item.origin - from;
+    const auto points = list.PointsOf(item);
+    std::size_t next = 0;
+    const auto take = [&] {
+        const Spot spot = points[next++];
+        return Vec2{shift.x + static_cast<double>(spot.x), shift.y + static_cast<double>(spot.y)};
+    };
+    for (const render::Verb verb : list.VerbsOf(item)) {
+        out.verbs.push_back(verb);
+        if (verb == render::Verb::Close)
+            continue;
+        for (int i = verb == render::Verb::Cubic ? 3 : 1; i > 0; --i)
+            out.points.push_back(take());
+    }
+}
+
 using render::FillRule;
 using render::Verb;
 using ::testing::ElementsAre;

@@ -20,7 +20,4 @@ struct SearchPlaces {
 /// the folders of the system's devices and processes, or behind an address ("http://…") is touched.
 std::string FindReferenced(const std::string& name, const SearchPlaces& places);
 
-/// The file name at the end of a path with separators of either kind.
-std::string ReferencedFileName(const std::string& name);
-
 } // namespace sm::drawing
