@@ -1,3 +1,4 @@
+#include "drawing/entities/DimStyles.h"
 #include "drawing/entities/Dimensions.h"
 #include "entities/EntityTags.h"
 

@@ -1,8 +1,9 @@
 #include "drawing/dwg/Twins.h"
 
 #include "base/text/Names.h"
-#include "drawing/AnnotationContexts.h"
+#include "drawing/EntityKinds.h"
 #include "drawing/TextDecoder.h"
+#include "drawing/entities/AnnotationContexts.h"
 
 #include <unordered_map>
 

@@ -1,7 +1,7 @@
 #include "drawing/dwg/Twins.h"
 
-#include "drawing/AnnotationContexts.h"
 #include "drawing/EntityKinds.h"
+#include "drawing/entities/AnnotationContexts.h"
 #include "drawing/entities/Curves.h"
 #include "drawing/entities/Graphics.h"
 #include "drawing/entities/Hatches.h"
