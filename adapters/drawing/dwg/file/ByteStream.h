@@ -51,8 +51,13 @@ public:
     void Put(std::string_view bytes)
     {
         const std::size_t count = std::min(bytes.size(), Left());
-        if (count != 0)
-            std::memcpy(m_bytes.data() + m_at, bytes.data(), count);
+        constexpr std::size_t kFew = 4;
+        char* const to = m_bytes.data() + m_at;
+        if (count <= kFew)
+            for (std::size_t i = 0; i < count; ++i)
+                to[i] = bytes[i];
+        else
+            std::memcpy(to, bytes.data(), count);
         m_at += count;
     }
     /// Repeats what stands `distance` bytes back; the repetition may run into itself. False: nothing stands there.
@@ -63,6 +68,13 @@ public:
         count = std::min(count, Left());
         char* to = m_bytes.data() + m_at;
         const char* from = to - distance;
+        if (distance >= kWord && Left() >= count + kWord) {
+            // Whole words: what is written too far is overwritten, or cleared by Finish.
+            for (std::size_t done = 0; done < count; done += kWord)
+                std::memcpy(to + done, from + done, kWord);
+            m_at += count;
+            return true;
+        }
         m_at += count;
         if (distance >= count) {
             if (count != 0)
@@ -74,7 +86,17 @@ public:
         return true;
     }
 
+    /// Clears what stands behind the last byte by the way of writing.
+    void Finish()
+    {
+        const std::size_t count = std::min(Left(), kWord);
+        if (count != 0)
+            std::memset(m_bytes.data() + m_at, 0, count);
+    }
+
 private:
+    static constexpr std::size_t kWord = 8;
+
     std::span<char> m_bytes;
     std::size_t m_at = 0;
 };

@@ -67,8 +67,10 @@ Decompressed Decompress2004(std::string_view bytes, std::span<char> room)
             target.Put(source.Take(literals));
             opcode = source.Next();
         }
-        if (opcode == kEndMark || target.Full())
+        if (opcode == kEndMark || target.Full()) {
+            target.Finish();
             return {target.Written(), true};
+        }
         if (opcode < 0x10)
             break;
         const Reference reference = ReadReference(opcode, source);
@@ -80,6 +82,7 @@ Decompressed Decompress2004(std::string_view bytes, std::span<char> room)
             literals = opcode < 0x10 ? LiteralCount(opcode, source) : 0;
         }
     }
+    target.Finish();
     return {target.Written(), target.Full()};
 }
 

@@ -175,6 +175,7 @@ Decompressed Decompress2007(std::string_view bytes, std::span<char> room)
         CopyLiterals(literals, source, target);
         literals = source.AtEnd() ? 0 : CopyReferences(source, target, sound);
     }
+    target.Finish();
     return {target.Written(), target.Full()};
 }
 
