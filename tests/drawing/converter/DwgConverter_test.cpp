@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kDxf = "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10\n0\n20\n0\n11\n5\n21\n5\n0\nENDSEC\n0\nEOF\n";
-const std::string kDwg = std::string("AC1032\0\0\0\0\0", 11) + "the rest of a DWG";
+const std::string kDwg = std::string("AC1003\0\0\0\0\0", 11) + "the rest of a DWG";
 
 class Converted : public ::testing::Test {
 protected:
@@ -174,16 +174,16 @@ TEST_F(Converted, WhatTheConverterLostIsReported)
 TEST_F(Converted, WithoutAConverterOneLineSaysHowToGetOne)
 {
     m_options.scriptFolder = m_folder.Path("share");
-    EXPECT_EQ(Error(), m_dwg + ": this is a DWG of release 2018, and the script to-dxf.mjs is missing; install "
+    EXPECT_EQ(Error(), m_dwg + ": this is a DWG of release R2.6, and the script to-dxf.mjs is missing; install "
                                "sheetmaker-pdf anew; or save the drawing as DXF");
     fs::create_directories(m_folder.Path("share"));
     static_cast<void>(m_folder.Write("share/to-dxf.mjs", ""));
     EXPECT_EQ(Error(), m_dwg +
-                           ": this is a DWG of release 2018, and no DWG converter is installed; run: sudo apt-get "
+                           ": this is a DWG of release R2.6, and no DWG converter is installed; run: sudo apt-get "
                            "install nodejs npm && '" +
                            m_folder.Path("share/install") + "'; or save the drawing as DXF");
     Program("node", "exit 1");
-    EXPECT_EQ(Error(), m_dwg + ": this is a DWG of release 2018, and no DWG converter is installed; run: '" +
+    EXPECT_EQ(Error(), m_dwg + ": this is a DWG of release R2.6, and no DWG converter is installed; run: '" +
                            m_folder.Path("share/install") + "'; or save the drawing as DXF");
 }
 
