@@ -29,6 +29,9 @@ constexpr std::uint32_t kXRecord = 79;
 /// Tags take about that many bytes for one of the objects' stream.
 constexpr std::uint64_t kGrowth = 3;
 
+/// A sound file's tags take six times its size at most.
+constexpr std::uint64_t kMostTags = 16'000'000, kMostGrowth = 12;
+
 Names NamesOf(const Container& container)
 {
     Names names;
@@ -38,10 +41,10 @@ Names NamesOf(const Container& container)
 
 } // namespace
 
-DwgReading::DwgReading(const Container& container, FindingList& findings)
+DwgReading::DwgReading(const Container& container, std::uint64_t fileSize, FindingList& findings)
     : m_container(container), m_findings(findings), m_names(NamesOf(container)),
       m_index(container, m_names.classes, findings), m_object(container, m_sink, m_names),
-      m_member(container, m_sink, m_names)
+      m_member(container, m_sink, m_names), m_most(kMostTags + kMostGrowth * fileSize)
 {
     m_sink.Reserve(container.Objects().size() * kGrowth);
 }
@@ -102,7 +105,7 @@ void DwgReading::FindTable(Table table, Handle control)
         m_blockNumbers.emplace(entries[i], i);
     std::erase_if(entries, [&](Handle handle) {
         const IndexedObject* const entry = m_index.Find(handle);
-        return entry == nullptr || entry->type != types.entry;
+        return entry == nullptr || entry->type != types.entry || !m_listed.insert(handle).second;
     });
 }
 
@@ -142,7 +145,7 @@ void DwgReading::WriteTables()
         if (link.table == Table::Block)
             continue;
         for (const Handle handle : EntriesOf(link.table)) {
-            if (Open(m_object, m_index.Find(handle)))
+            if (!IsFull() && Open(m_object, m_index.Find(handle)))
                 WriteTableEntry(m_object, link.table);
             if (m_object.Lost() && m_sink.Abandon())
                 ++m_lostObjects;
@@ -215,7 +218,7 @@ void DwgReading::WriteRecords()
 
 void DwgReading::WriteRecord(const IndexedObject& object, const RecordRow& row)
 {
-    if (!Open(m_object, &object)) {
+    if (IsFull() || !Open(m_object, &object)) {
         ++m_lostObjects;
         return;
     }
@@ -251,7 +254,7 @@ void DwgReading::WriteBodies()
 DecodedTags ReadDwg(std::string_view file, const std::string& path, FindingList& findings)
 {
     const Container container = Container::Open(file, path, findings);
-    return DwgReading(container, findings).Run();
+    return DwgReading(container, file.size(), findings).Run();
 }
 
 } // namespace sm::drawing::dwg

@@ -7,12 +7,14 @@
 #include "dwg/tables/TableEntries.h"
 
 #include <array>
+#include <unordered_set>
 
 namespace sm::drawing::dwg {
 
 class DwgReading {
 public:
-    DwgReading(const Container& container, FindingList& findings);
+    /// `fileSize` bounds what the tags may take.
+    DwgReading(const Container& container, std::uint64_t fileSize, FindingList& findings);
     DecodedTags Run();
 
 private:
@@ -38,6 +40,8 @@ private:
     void WriteRecord(const IndexedObject& object, const RecordRow& row);
     void WriteBodies();
     [[nodiscard]] bool Open(Object& object, const IndexedObject* place);
+    /// Long names on many entities would make a small file large: no more is written then.
+    [[nodiscard]] bool IsFull() const { return m_sink.Size() > m_most; }
     Entries& EntriesOf(Table table) { return m_entries[static_cast<std::size_t>(table)]; }
 
     const Container& m_container;
@@ -49,10 +53,12 @@ private:
     HeaderLinks m_links;
     std::array<Entries, static_cast<std::size_t>(Table::Count)> m_entries;
     std::unordered_map<Handle, std::size_t> m_blockNumbers; ///< places in the table of blocks
+    std::unordered_set<Handle> m_listed;                    ///< entries of tables: each counts once
     std::vector<BlockHeader> m_blocks;
     std::unordered_map<Handle, Entries> m_orphans; ///< entities by owner, when a chain is broken
     bool m_hasOrphans = false;
     bool m_inPaper = false; ///< what is written belongs to the active paper space
+    std::uint64_t m_most;   ///< bytes of tags
     std::uint32_t m_lostEntities = 0, m_lostObjects = 0;
 };
 

@@ -81,7 +81,7 @@ void DwgReading::WriteOrphans(const BlockHeader& block)
 bool DwgReading::WriteEntity(IndexedObject& entity)
 {
     entity.taken = true;
-    if (!Open(m_object, &entity)) {
+    if (IsFull() || !Open(m_object, &entity)) {
         ++m_lostEntities;
         return false;
     }
@@ -150,7 +150,7 @@ void DwgReading::WriteMembers()
 bool DwgReading::WriteMember(Handle handle)
 {
     IndexedObject* const place = m_index.Find(handle);
-    if (place == nullptr || place->taken || !IsPart(place->type) || !Open(m_member, place))
+    if (IsFull() || place == nullptr || place->taken || !IsPart(place->type) || !Open(m_member, place))
         return false;
     place->taken = true;
     m_member.ReadEntityHead();
