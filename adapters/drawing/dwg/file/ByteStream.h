@@ -43,10 +43,14 @@ public:
     [[nodiscard]] bool Full() const { return m_at >= m_bytes.size(); }
     [[nodiscard]] std::size_t Left() const { return m_bytes.size() - m_at; }
 
-    void Put(char byte)
+    /// Room for so many bytes, which the caller writes; null when they don't fit.
+    char* Claim(std::size_t count)
     {
-        if (!Full())
-            m_bytes[m_at++] = byte;
+        if (Left() < count)
+            return nullptr;
+        char* const room = m_bytes.data() + m_at;
+        m_at += count;
+        return room;
     }
     void Put(std::string_view bytes)
     {

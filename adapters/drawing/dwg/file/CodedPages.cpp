@@ -200,10 +200,17 @@ private:
 std::vector<char> Deinterleaved(std::string_view bytes, std::uint64_t count, std::uint64_t data)
 {
     std::vector<char> joined(count * data);
-    char* to = joined.data();
-    for (std::uint64_t word = 0; word < count; ++word)
-        for (std::uint64_t j = 0, from = word; j < data; ++j, from += count)
-            *to++ = from < bytes.size() ? bytes[from] : '\0';
+    // Codeword by codeword in the inner loop: the bytes are read in the order of the file.
+    std::string_view left = bytes;
+    for (std::uint64_t j = 0; j < data && !left.empty(); ++j) {
+        const std::string_view row = left.substr(0, count);
+        char* to = joined.data() + j;
+        for (const char c : row) {
+            *to = c;
+            to += data;
+        }
+        left.remove_prefix(row.size());
+    }
     return joined;
 }
 

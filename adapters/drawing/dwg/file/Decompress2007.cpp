@@ -55,11 +55,32 @@ constexpr std::array<Runs, kBlock> kOrders{{
 /// Whole blocks stand in the file in this order of their quarters' halves.
 constexpr Runs kWholeBlock{{{24, 4}, {28, 4}, {16, 4}, {20, 4}, {8, 4}, {12, 4}, {0, 4}, {4, 4}}};
 
+/// Runs have one, four or eight bytes.
+char* CopyRun(char* to, const char* from, std::size_t count)
+{
+    if (count == 8)
+        std::memcpy(to, from, 8);
+    else if (count == 4)
+        std::memcpy(to, from, 4);
+    else
+        *to = *from;
+    return to + count;
+}
+
+/// All `bytes`, whose number the order is for. Fewer bytes, or less room, and they end early.
 void PutOrdered(std::string_view bytes, const Runs& order, ByteTarget& target)
 {
-    for (const Run& run : order)
-        if (run.count != 0 && run.from < bytes.size())
-            target.Put(bytes.substr(run.from, run.count));
+    char buffer[kBlock];
+    char* const direct = target.Claim(bytes.size());
+    char* to = direct != nullptr ? direct : buffer;
+    const char* const begin = to;
+    for (const Run& run : order) {
+        if (run.count == 0 || run.from + std::size_t{run.count} > bytes.size())
+            break;
+        to = CopyRun(to, bytes.data() + run.from, run.count);
+    }
+    if (direct == nullptr)
+        target.Put({begin, static_cast<std::size_t>(to - begin)});
 }
 
 void CopyLiterals(std::size_t count, ByteSource& source, ByteTarget& target)
