@@ -1,3 +1,4 @@
+#include "drawing/EntityKinds.h"
 #include "dwg/TagSink.h"
 
 #include "dwg/objects/NearestIndex.h"
