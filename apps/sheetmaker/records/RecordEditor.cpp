@@ -1,4 +1,4 @@
-#include "records/RecordListEditor.h"
+#include "records/RecordEditor.h"
 
 #include "commandline/MarkValues.h"
 #include "commandline/Refusal.h"
@@ -72,17 +72,6 @@ int RunEdit(const std::string& command, std::ostream& err, const std::function<v
         err << "sheetmaker " << command << ": " << error.what() << "\n";
         return kExitFailed;
     }
-}
-
-void RefuseIdleOptions(RecordAction action, bool anyOption, const std::string& item)
-{
-    const bool edits = action == RecordAction::Add || action == RecordAction::Change;
-    if (anyOption && !edits)
-        throw Refusal{kExitUsage, "list and remove take no options"};
-    if (action == RecordAction::List && !item.empty())
-        throw Refusal{kExitUsage, "list shows all; it takes no name"};
-    if (!anyOption && action == RecordAction::Change)
-        throw Refusal{kExitUsage, "change takes at least one of the options"};
 }
 
 void CheckRecordText(const std::string& what, const std::string& text)
