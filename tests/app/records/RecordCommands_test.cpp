@@ -191,9 +191,9 @@ TEST_F(Records, ADrawingThatCanHoldNoneSaysTheRemedy)
     EXPECT_EQ(Out(), "STAMP 11\n");
 }
 
-TEST_F(Records, OfADwgNeedAConverter)
+TEST_F(Records, OfAnOldDwgNeedAConverter)
 {
-    const std::string dwg = m_machine.MakeFile("site.dwg", "AC1032 and more");
+    const std::string dwg = m_machine.MakeFile("site.dwg", "AC1003 and more");
     m_machine.MakeFile("share/dwg/to-dxf.mjs");
     for (const char* command : {"stamp", "layouts", "convert"}) {
         m_err.str("");
@@ -205,7 +205,7 @@ TEST_F(Records, OfADwgNeedAConverter)
         if (words[0] != "convert") { // whose lines go to the process's own stderr
             EXPECT_EQ(Err(),
                       "sheetmaker " + words[0] +
-                          ": site.dwg: this is a DWG of release 2018, and no DWG converter is installed; run: sudo "
+                          ": site.dwg: this is a DWG of release 2.6, and no DWG converter is installed; run: sudo "
                           "apt-get install nodejs npm && 'share/dwg/install'; or save the drawing as DXF\n");
         }
     }
@@ -213,7 +213,7 @@ TEST_F(Records, OfADwgNeedAConverter)
 
 TEST_F(Records, OfADwgStandBesideIt)
 {
-    const std::string dwg = m_machine.MakeFile("site.dwg", "AC1032 and more");
+    const std::string dwg = m_machine.MakeFile("site.dwg", "AC1003 and more");
     m_machine.MakeProgram("conv", "cp '" + Drawing() + "' \"$2\"");
     const auto run = [&](std::vector<std::string> words) {
         words.insert(words.end(), {"--dwg-converter", m_machine.In("bin/conv") + " {in} {out}"});
@@ -222,7 +222,7 @@ TEST_F(Records, OfADwgStandBesideIt)
         return RunProgram(words, m_machine.Here(), m_out, m_err);
     };
     EXPECT_EQ(run({"stamp", dwg, "--text", "2", "--at", "10,10"}), 0) << m_err.str();
-    EXPECT_EQ(Contents(dwg), "AC1032 and more");
+    EXPECT_EQ(Contents(dwg), "AC1003 and more");
     EXPECT_EQ(run({"stamp", dwg, "list"}), 0);
     EXPECT_EQ(Out(), "stamp 2 \"FOR REVIEW\", Helvetica, 24 pt, #FF0000, left, at 10,10, on All Layouts\n");
     EXPECT_EQ(run({"sign", dwg, "add", "Approval", "--rect", "1,1,5,5"}), 0) << m_err.str();

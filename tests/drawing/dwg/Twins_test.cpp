@@ -110,6 +110,11 @@ const char* ReasonFor(const std::string& field)
         {"VIEWPORT.isSheet", kUnseenSheets},
         {"VIEWPORT.shown", kUnseenSheets},
         {"VPORT.", "the view on the screen is that of the moment of saving"},
+        {"ACAD_TABLE.cells.size", "NOT DONE: cells of a DWG's table are not decoded, its block is drawn"},
+        {"ACAD_TABLE.columnWidths.size", "NOT DONE: as its cells"},
+        {"ACAD_TABLE.rowHeights.size", "NOT DONE: as its cells"},
+        {"ACAD_TABLE.marginX", "NOT DONE: table styles of R2010 and later are not decoded"},
+        {"ACAD_TABLE.marginY", "NOT DONE: table styles of R2010 and later are not decoded"},
     };
     for (const Reason& reason : kReasons)
         if (field == reason.field || (std::string_view(reason.field).ends_with('.') && field.starts_with(reason.field)))
