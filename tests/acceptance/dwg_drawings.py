@@ -5,8 +5,8 @@
 
 Every DWG and DWT outside "broken" must become a PDF that `qpdf --check` likes (99 of 100 at least). The damaged ones may be
 refused by one clear line or be converted; they never hang, crash or leave anything in the temporary folder. Twins give the
-same pages: number and sizes, and ink that differs no more than TWINS allows and explains. Skipped (77) where no DWG
-converter is installed. Prints tables and, at the end, "N passed, M failed".
+same pages: number and sizes, and ink that differs no more than TWINS allows and explains. Releases before R9 are left out
+where no DWG converter is installed. Prints tables and, at the end, "N passed, M failed".
 """
 import glob
 import os
@@ -30,12 +30,12 @@ DEADLINE = 150    # seconds, beyond every limit of the program itself
 SAME = 0.02
 # The twin, the DWG, the share of ink that may differ on the page of each paper layout and on that of the model, and why.
 TWINS = [
-    ("layouts/acadsharp/sample_AC1032_ascii.dxf", "dwg/sample_AC1032.dwg", [SAME, SAME, SAME], 0.06,
-     "(the converter loses two tables)"),
+    ("layouts/acadsharp/sample_AC1032_ascii.dxf", "dwg/sample_AC1032.dwg", [SAME, SAME, SAME], SAME, ""),
     ("layouts/acadsharp/sample_AC1032_ascii.dxf", "dwg/sample_AC1021.dwg", [SAME, SAME, SAME], SAME, ""),
     ("layouts/acadsharp/sample_AC1032_ascii.dxf", "dwg/sample_AC1014.dwg", [SAME, SAME, SAME], 0.45,
      "(R14 has no multileaders, tables and meshes)"),
-    ("converted/Building_A_Floor_0_Mapwize.dwg2dxf.dxf", "dwg/Building_A_Floor_0_Mapwize.dwg", [SAME, SAME], SAME, ""),
+    ("converted/Building_A_Floor_0_Mapwize.dwg2dxf.dxf", "dwg/Building_A_Floor_0_Mapwize.dwg", [SAME, 0.4], 0.35,
+     "(the converter that wrote the DXF loses the walls, proxies with their graphics, and true colours of layers)"),
 ]
 
 
@@ -75,7 +75,7 @@ def check_damaged(program, drawing):
         problems = []
         if code not in (0, 1, 4):
             problems.append(f"exit code {code}: {said[:2]}")
-        said = [line for line in said if drawing in line and ": lost: " not in line] or said
+        said = [line for line in said if drawing in line and ": lost: " not in line and ": mended: " not in line] or said
         if code == 1 and (len(said) != 1 or os.path.basename(drawing) not in said[0]):
             problems.append(f"not one clear line that names the file: {said[:4]}")
         if code == 1 and os.path.exists(pdf):
@@ -181,6 +181,13 @@ def check_twins(program, folder, twin, dwg, allowed, model):
     return " ".join(f"{share:.3f}" for share in shares), problems
 
 
+def is_native(drawing):
+    """From R9 (AC1004) on a DWG is read without a converter."""
+    with open(drawing, "rb") as file:
+        magic = file.read(6)
+    return magic.startswith(b"AC10") and magic >= b"AC1004"
+
+
 class Tally:
     passed = failed = 0
 
@@ -197,11 +204,13 @@ def main(program, folder):
                       for path in glob.glob(os.path.join(folder, "**", "*." + ending), recursive=True)
                       if os.sep + "broken" + os.sep not in path)
     doctor = subprocess.run([program, "doctor"], capture_output=True, text=True).stdout
-    ready = [line for line in doctor.splitlines() if "DWG converter:" in line and line.startswith("ok")]
-    if not drawings or not ready:
-        print("skipped: " + ("no DWG converter is installed" if drawings else f"no DWG in {folder}"))
+    if not any("DWG converter:" in line and line.startswith("ok") for line in doctor.splitlines()):
+        old = [drawing for drawing in drawings if not is_native(drawing)]
+        print(f"no DWG converter is installed, left out: {', '.join(os.path.basename(one) for one in old) or 'none'}")
+        drawings = [drawing for drawing in drawings if drawing not in old]
+    if not drawings:
+        print(f"skipped: no DWG in {folder}")
         return 77
-    print(ready[0])
     tally = Tally()
     good = 0
     for drawing in drawings:

@@ -65,7 +65,7 @@ def check_links(page):
 
 def captions(root):
     found = set()
-    for path in glob.glob(os.path.join(root, "src", "ui", "*.cpp")):
+    for path in glob.glob(os.path.join(root, "src", "ui", "**", "*.cpp"), recursive=True):
         text = read(path)
         found.update(CAPTION.findall(text))
         found.update(PAGES.findall(text))
