@@ -6,6 +6,7 @@
 #include "dwg/read/ReadDwg.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace sm::drawing::dwg {
 
