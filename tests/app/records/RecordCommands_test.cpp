@@ -205,7 +205,7 @@ TEST_F(Records, OfAnOldDwgNeedAConverter)
         if (words[0] != "convert") { // whose lines go to the process's own stderr
             EXPECT_EQ(Err(),
                       "sheetmaker " + words[0] +
-                          ": site.dwg: this is a DWG of release 2.6, and no DWG converter is installed; run: sudo "
+                          ": site.dwg: this is a DWG of release R2.6, and no DWG converter is installed; run: sudo "
                           "apt-get install nodejs npm && 'share/dwg/install'; or save the drawing as DXF\n");
         }
     }
