@@ -8,7 +8,9 @@ namespace sm::windows {
 
 std::shared_ptr<IAcadApplication> AutomationDocument::Application()
 {
-    const ComRef<IDispatch> application = ToObject(m_object.Call("Application").Raw());
+    const ComRef<IDispatch> application = ToObjectOrNull(m_object.Call("Application").Raw());
+    if (!application)
+        return nullptr;
     return std::make_shared<AutomationApplication>(AutomationObject(application.Get(), m_object.Link()));
 }
 

@@ -17,7 +17,7 @@ public:
     void SetWindowState(std::int32_t state) override { m_object.Put("WindowState", FromInteger(state)); }
 
     std::shared_ptr<IAcadLayouts> Layouts() override { return Object<AutomationLayouts>("Layouts"); }
-    std::shared_ptr<IAcadLayout> ActiveLayout() override { return ObjectOrNull<AutomationLayout>("ActiveLayout"); }
+    std::shared_ptr<IAcadLayout> ActiveLayout() override { return Object<AutomationLayout>("ActiveLayout"); }
     void SetActiveLayout(const std::shared_ptr<IAcadLayout>& layout) override;
     void SetActiveSpace(std::int32_t space) override { m_object.Put("ActiveSpace", FromInteger(space)); }
 
@@ -55,7 +55,7 @@ public:
     using HostObject::HostObject;
     std::shared_ptr<IAcadDocument> ActiveDocument() override
     {
-        return ObjectOrNull<AutomationDocument>("ActiveDocument");
+        return Object<AutomationDocument>("ActiveDocument");
     }
     std::shared_ptr<IAcadDocuments> Documents() override { return Object<AutomationDocuments>("Documents"); }
     std::shared_ptr<IAcadPreferences> Preferences() override { return Object<AutomationPreferences>("Preferences"); }

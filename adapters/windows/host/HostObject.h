@@ -21,16 +21,11 @@ protected:
     bool Boolean(std::string_view member) { return ToBoolean(m_object.Call(member).Raw()); }
     AcadPoint Point(std::string_view member) { return ToPoint(m_object.Call(member).Raw()); }
 
-    /// A port over the object that a member answers with.
+    /// A port over the object that a member answers with; null when it answers with nothing.
     template <class Port, class... Arguments>
     std::shared_ptr<Port> Object(std::string_view member, const Arguments&... arguments)
     {
-        return std::make_shared<Port>(Linked(ToObject(m_object.Call(member, arguments...).Raw())));
-    }
-    /// The same where a member may answer with nothing.
-    template <class Port> std::shared_ptr<Port> ObjectOrNull(std::string_view member)
-    {
-        const ComRef<IDispatch> found = ToObjectOrNull(m_object.Call(member).Raw());
+        const ComRef<IDispatch> found = ToObjectOrNull(m_object.Call(member, arguments...).Raw());
         return found ? std::make_shared<Port>(Linked(found)) : nullptr;
     }
     /// An object of the same host.

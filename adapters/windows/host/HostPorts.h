@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ports/IAcadApplication.h"
+#include "ports/HostError.h"
 #include "windows/host/HostObject.h"
 
 namespace sm::windows {
@@ -139,7 +140,10 @@ public:
 private:
     AutomationPreferences Part(std::string_view member)
     {
-        return AutomationPreferences(Linked(ToObject(m_object.Call(member).Raw())));
+        const ComRef<IDispatch> part = ToObjectOrNull(m_object.Call(member).Raw());
+        if (!part)
+            throw HostError("There is no " + std::string(member) + ".");
+        return AutomationPreferences(Linked(part));
     }
 };
 

@@ -48,6 +48,8 @@ OwnedVariant Profiles(PreferencesParts& parts, Invocation&)
 
 ComRef<IDispatch> Offer(const std::shared_ptr<IAcadPreferences>& preferences)
 {
+    if (preferences == nullptr)
+        return {};
     using Port = PreferencesParts;
     static const auto kMembers =
         std::to_array<Member<Port>>({{"Files", kRead, 0, 0, Files}, {"Profiles", kRead, 0, 0, Profiles}});
