@@ -58,7 +58,8 @@ ROOMS = {
         "session": ("answers", "devices"),
         "objects": ("*",),
     }),
-    "publisher": (("prologue", "ports"), {
+    "ghostscript": ((), {"": ()}),
+    "publisher": (("prologue", "ghostscript", "ports"), {
         "pdf": (),
         "joboptions": ("pdf",),
         "marks": ("pdf",),

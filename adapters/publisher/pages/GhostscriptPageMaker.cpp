@@ -2,8 +2,8 @@
 
 #include "base/files/File.h"
 #include "base/files/Paths.h"
-#include "base/process/ChildProcess.h"
 #include "base/process/ThisProcess.h"
+#include "ghostscript/Interpreter.h"
 #include "pages/GhostscriptDriver.h"
 #include "pages/GhostscriptFailure.h"
 #include "pdf/PublishStatus.h"
@@ -20,7 +20,6 @@ constexpr std::uint64_t kAddressSpace = std::uint64_t{4} << 30;
 constexpr std::uint64_t kLargestFile = std::uint64_t{4} << 30;
 constexpr const char* kOutputName = "out.pdf";
 constexpr const char* kDriverName = "driver.ps";
-constexpr const char* kTemporaryName = "tmp";
 
 std::string MakeNonce()
 {
@@ -65,39 +64,23 @@ std::uintmax_t InputBytes(const std::vector<PageSource>& pages)
 }
 
 /// The pages' files under plain relative names, whatever characters their own paths hold.
-void LinkPages(const std::vector<PageSource>& pages, const std::filesystem::path& folder)
+void LinkPages(const std::vector<PageSource>& pages, const std::string& folder)
 {
     for (std::size_t i = 0; i < pages.size(); ++i) {
-        std::error_code error;
-        std::filesystem::create_symlink(std::filesystem::absolute(base::ToPath(pages[i].psPath), error),
-                                        folder / PageFileName(i), error);
-        if (error) {
+        const std::string reason = ghostscript::LinkInput(folder, PageFileName(i), pages[i].psPath);
+        if (!reason.empty()) {
             throw PublishFailure(PublishStatus::WorkFolderUnusable,
-                                 fmt::format("{} could not be written: {}. Set TMPDIR to a folder that can be written.",
-                                             base::ToText(folder / PageFileName(i)), error.message()));
+                                 fmt::format("{}/{} could not be written: {}. Set TMPDIR to a folder that can be "
+                                             "written.",
+                                             folder, PageFileName(i), reason));
         }
     }
-}
-
-std::vector<std::string> Environment()
-{
-    std::vector<std::string> environment{fmt::format("TMPDIR={}", kTemporaryName), "LC_ALL=C.UTF-8"};
-    for (const char* name : {"PATH", "HOME", "XDG_CACHE_HOME"}) {
-        if (const auto value = base::Variable(name)) {
-            environment.push_back(fmt::format("{}={}", name, *value));
-        }
-    }
-    return environment;
 }
 
 std::vector<std::string> Arguments(const std::vector<PageSource>& pages, const std::string& colorConversion)
 {
     const PageSource& first = pages.front();
     std::vector<std::string> arguments{
-        "-q",
-        "-dBATCH",
-        "-dNOPAUSE",
-        "-dSAFER",
         "-dNOOUTERSAVE",
         "-sDEVICE=pdfwrite",
         "-dAutoRotatePages=/None",
@@ -110,10 +93,6 @@ std::vector<std::string> Arguments(const std::vector<PageSource>& pages, const s
     if (!colorConversion.empty()) {
         arguments.push_back(fmt::format("-sColorConversionStrategy={}", colorConversion));
     }
-    for (std::size_t i = 0; i < pages.size(); ++i) {
-        arguments.push_back(fmt::format("--permit-file-read={}", PageFileName(i)));
-    }
-    arguments.emplace_back(kDriverName);
     return arguments;
 }
 
@@ -124,26 +103,26 @@ public:
     MadePages MakePages(const std::vector<PageSource>& pages, const std::string& jobOptions,
                         const std::string& folder) override
     {
-        base::ChildCommand command;
-        command.program = base::FindProgram(m_options.program);
-        if (command.program.empty()) {
+        ghostscript::InterpreterRun run;
+        run.program = ghostscript::FindInterpreter(m_options.program);
+        if (run.program.empty()) {
             FailMissingInterpreter(m_options.program);
         }
-        const std::uintmax_t bytes = InputBytes(pages);
-        const std::string nonce = MakeNonce();
+        run.limits = Limits(InputBytes(pages));
+        run.keptLines = MakeNonce();
+        run.folder = folder;
+        LinkPages(pages, folder);
+        for (std::size_t i = 0; i < pages.size(); ++i) {
+            run.readable.push_back(PageFileName(i));
+        }
         const std::filesystem::path place = base::ToPath(folder);
-        LinkPages(pages, place);
-        std::error_code error;
-        std::filesystem::create_directory(place / kTemporaryName, error);
         std::string settings = jobOptions;
-        command.arguments = Arguments(pages, TakeColorConversion(settings));
-        WriteDriver(base::ToText(place / kDriverName), DriverProgram(pages, settings, nonce));
-        command.environment = Environment();
-        command.workingFolder = folder;
-        command.keptLines = nonce;
-        command.limits = Limits(bytes);
-        const base::ChildResult result = base::RunChild(command);
-        CheckRun(result, ReadDriverOutput(result.output, nonce), pages, folder, base::ToText(place / kOutputName));
+        run.arguments = Arguments(pages, TakeColorConversion(settings));
+        run.input = kDriverName;
+        WriteDriver(base::ToText(place / kDriverName), DriverProgram(pages, settings, run.keptLines));
+        const base::ChildResult result = ghostscript::RunInterpreter(run);
+        CheckRun(result, ReadDriverOutput(result.output, run.keptLines), pages, folder,
+                 base::ToText(place / kOutputName));
         return {base::ToText(place / kOutputName), nullptr};
     }
 

@@ -1,4 +1,4 @@
-// Pages of PDF files as pixels, by the PostScript interpreter in a process of its own.
+// Pages of PDF files that drawings refer to, for the front end.
 #pragma once
 
 #include "render/References.h"
@@ -8,8 +8,7 @@
 
 namespace sm::app {
 
-/// `program`: the interpreter, a path or a name on $PATH. Each call runs it once, within limits and a deadline, where
-/// it can read nothing but the one file.
+/// `program`: the interpreter, a path or a name on $PATH.
 std::shared_ptr<render::IPageRasterizer> CreateUnderlayPages(const std::string& program);
 
 } // namespace sm::app
