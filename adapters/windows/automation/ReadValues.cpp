@@ -160,7 +160,7 @@ std::vector<ComRef<IDispatch>> ToObjects(const VARIANT& value)
     if (IsNothing(value))
         return objects;
     for (const OwnedVariant& element : ElementsOf(value))
-        objects.push_back(ToObject(element.Raw()));
+        objects.push_back(ToObjectOrNull(element.Raw()));
     return objects;
 }
 

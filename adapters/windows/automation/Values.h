@@ -56,6 +56,7 @@ AcadPoint ToPoint(const VARIANT& value);
 std::vector<double> ToDoubles(const VARIANT& value, std::size_t atLeast);
 /// Of an array of any length; nothing is an empty list.
 std::vector<std::string> ToTexts(const VARIANT& value);
+/// The same; an element that is nothing is null.
 std::vector<ComRef<IDispatch>> ToObjects(const VARIANT& value);
 AcadVariant ToAcadVariant(const VARIANT& value);
 /// Of two arrays of equal length, or twice nothing.

@@ -53,10 +53,7 @@ public:
 class AutomationApplication final : public IAcadApplication, public HostObject {
 public:
     using HostObject::HostObject;
-    std::shared_ptr<IAcadDocument> ActiveDocument() override
-    {
-        return Object<AutomationDocument>("ActiveDocument");
-    }
+    std::shared_ptr<IAcadDocument> ActiveDocument() override { return Object<AutomationDocument>("ActiveDocument"); }
     std::shared_ptr<IAcadDocuments> Documents() override { return Object<AutomationDocuments>("Documents"); }
     std::shared_ptr<IAcadPreferences> Preferences() override { return Object<AutomationPreferences>("Preferences"); }
 };

@@ -15,7 +15,7 @@ std::vector<std::shared_ptr<IAcadAttribute>> AutomationReference::Attributes(std
 {
     std::vector<std::shared_ptr<IAcadAttribute>> attributes;
     for (const ComRef<IDispatch>& object : ToObjects(m_object.Call(member).Raw()))
-        attributes.push_back(std::make_shared<AutomationAttribute>(Linked(object)));
+        attributes.push_back(object ? std::make_shared<AutomationAttribute>(Linked(object)) : nullptr);
     return attributes;
 }
 

@@ -1,8 +1,8 @@
 // The classes over the CAD host's automation objects. Each makes those that it hands out.
 #pragma once
 
-#include "ports/IAcadApplication.h"
 #include "ports/HostError.h"
+#include "ports/IAcadApplication.h"
 #include "windows/host/HostObject.h"
 
 namespace sm::windows {

@@ -102,6 +102,7 @@ TEST(AutomationValues, ListsMayBeEmptyOrMissing)
     EXPECT_EQ(ToTexts(OwnedVariant().Raw()), std::vector<std::string>{});
     EXPECT_EQ(ToTexts(NullArray().Raw()), std::vector<std::string>{});
     EXPECT_TRUE(ToObjects(EmptyArray(VT_DISPATCH).Raw()).empty());
+    EXPECT_EQ(ToObjects(FromObjects({ComRef<IDispatch>()}).Raw()).size(), 1U);
 }
 
 struct Refusal {
@@ -157,7 +158,7 @@ INSTANTIATE_TEST_SUITE_P(
                             kPoint},
                     Refusal{"NumberAsTexts", [] { return FromInteger(3); }, kTexts},
                     Refusal{"ObjectsAmongTexts", [] { return FromObjects({ComRef<IDispatch>()}); }, kTexts},
-                    Refusal{"NullAmongObjects", [] { return FromObjects({ComRef<IDispatch>()}); }, kObjects},
+                    Refusal{"TextAmongObjects", [] { return FromTexts({"A"}); }, kObjects},
                     Refusal{"DateAsAnyValue", [] { return Typed(VT_DATE); }, kVariant},
                     Refusal{"EmptyArrayAsAnyValue", [] { return EmptyArray(VT_R8); }, kVariant},
                     Refusal{"NoCodesForAValue", [] { return EmptyArray(VT_I2); }, kCodes},
