@@ -9,10 +9,10 @@
 namespace sm {
 namespace {
 
-constexpr RowControls kNames{"lstAttach",       "btnAttachAdd",    "btnAttachModify",
-                             "btnAttachDelete", "cmbAttachLayout", "btnAttachPoints"};
+constexpr RowControls kAttachRows{"lstAttach",       "btnAttachAdd",    "btnAttachModify",
+                                  "btnAttachDelete", "cmbAttachLayout", "btnAttachPoints"};
 
-FormTable Table()
+FormTable AttachTable()
 {
     using enum ControlKind;
     return {
@@ -38,7 +38,7 @@ FormTable Table()
 } // namespace
 
 frmAttach::frmAttach(FormSession& session, Form& settings, std::int32_t& action)
-    : RowDialog(session, Table(), settings, action, kActionPickAttachPoint, kNames)
+    : RowDialog(session, AttachTable(), settings, action, kActionPickAttachPoint, kAttachRows)
 {
     On("btnAttachBrowse", FormEvent::Click, [this] { Browse(); });
     On("btnHelp", FormEvent::Click, [this] { Session().ShowHelp(kHelpAttachments); });
@@ -50,7 +50,7 @@ void frmAttach::Prepare(const ListRow* row)
     SetText("txtAttachFile", row != nullptr ? row->subItems.at(0) : "");
     SetText("txtAttachX", row != nullptr ? row->subItems.at(1) : PointText(0));
     SetText("txtAttachY", row != nullptr ? row->subItems.at(2) : PointText(0));
-    Select(kNames.layoutCombo, kNothingSelected);
+    Select(kAttachRows.layoutCombo, kNothingSelected);
     SelectLayout(row != nullptr ? row->subItems.at(3) : CurrentLayoutName(Session().context));
 }
 
@@ -70,7 +70,7 @@ void frmAttach::Browse()
 
 std::unique_ptr<ListRow> frmAttach::Entered()
 {
-    const std::string path = Text("txtAttachFile"), layout = Text(kNames.layoutCombo);
+    const std::string path = Text("txtAttachFile"), layout = Text(kAttachRows.layoutCombo);
     if (path.empty() || layout.empty() || Text("txtAttachX").empty() || Text("txtAttachY").empty()) {
         Session().ShowMessage("Please enter a valid Filename, Layout Tab and Icon Location.", MessageButtons::Ok,
                               MessageIcon::Critical, kHelpAttachments);

@@ -20,7 +20,7 @@ constexpr MacroButton kMacroButtons[] = {
 };
 constexpr std::int32_t kButtonWidth = 34;
 
-FormTable Table()
+FormTable StampTable()
 {
     FormTable table = {
         ControlRow(FormWindow, "frmCustomStamp", "Customize Text Stamps", {0, 0, 324, 76}),
@@ -40,7 +40,7 @@ FormTable Table()
 
 } // namespace
 
-frmCustomStamp::frmCustomStamp(FormSession& session) : Form(session, Table())
+frmCustomStamp::frmCustomStamp(FormSession& session) : Form(session, StampTable())
 {
     for (const MacroButton& button : kMacroButtons)
         On(button.name, FormEvent::Click, [this, &button] { Insert(button.macro); });

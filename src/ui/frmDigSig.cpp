@@ -8,11 +8,11 @@
 namespace sm {
 namespace {
 
-constexpr RowControls kNames{"lstDigSig",       "btnDigSigAdd",    "btnDigSigModify",
-                             "btnDigSigDelete", "cmbDigSigLayout", "btnDigSigPoints"};
+constexpr RowControls kDigSigRows{"lstDigSig",       "btnDigSigAdd",    "btnDigSigModify",
+                                  "btnDigSigDelete", "cmbDigSigLayout", "btnDigSigPoints"};
 constexpr const char* kCorners[] = {"txtDigSigX1", "txtDigSigY1", "txtDigSigX2", "txtDigSigY2"};
 
-FormTable Table()
+FormTable DigSigTable()
 {
     using enum ControlKind;
     return {
@@ -44,7 +44,7 @@ FormTable Table()
 } // namespace
 
 frmDigSig::frmDigSig(FormSession& session, Form& settings, std::int32_t& action)
-    : RowDialog(session, Table(), settings, action, kActionPickDigSigRectangle, kNames)
+    : RowDialog(session, DigSigTable(), settings, action, kActionPickDigSigRectangle, kDigSigRows)
 {
     On("btnHelp", FormEvent::Click, [this] { Session().ShowHelp(kHelpDigSigs); });
     MakePointFields(*this, {std::begin(kCorners), std::end(kCorners)});
@@ -56,13 +56,13 @@ void frmDigSig::Prepare(const ListRow* row)
     SetText("txtDigSigDesc", row != nullptr ? row->subItems.at(0) : "");
     for (std::size_t i = 0; i < std::size(kCorners); ++i)
         SetText(kCorners[i], row != nullptr ? row->subItems.at(i + 1) : PointText(0));
-    Select(kNames.layoutCombo, kNothingSelected);
+    Select(kDigSigRows.layoutCombo, kNothingSelected);
     SelectLayout(row != nullptr ? row->subItems.at(5) : CurrentLayoutName(Session().context));
 }
 
 bool frmDigSig::IsNameTaken() const
 {
-    const FormControl& list = Settings().Control(kNames.list);
+    const FormControl& list = Settings().Control(kDigSigRows.list);
     for (std::size_t i = 0; i < list.rows.size(); ++i) {
         const bool isOwn = Mode() == RowMode::Modify && static_cast<std::int32_t>(i) == list.selection;
         if (!isOwn && list.rows[i].text == Text("txtDigSigName"))
@@ -81,7 +81,7 @@ std::unique_ptr<ListRow> frmDigSig::Entered()
     auto row = std::make_unique<ListRow>(ListRow{Text("txtDigSigName"), {Text("txtDigSigDesc")}});
     for (const char* corner : kCorners)
         row->subItems.push_back(PointText(Val(Text(corner))));
-    row->subItems.push_back(Text(kNames.layoutCombo));
+    row->subItems.push_back(Text(kDigSigRows.layoutCombo));
     const std::vector<std::string>& items = row->subItems;
     if (row->text.empty() || items[5].empty() || items[1] == items[3] || items[2] == items[4]) {
         Session().ShowMessage("You must enter a valid Name, Layout Tab and Rectangle.", MessageButtons::Ok,

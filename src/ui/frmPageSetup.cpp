@@ -5,7 +5,7 @@
 namespace sm {
 namespace {
 
-FormTable Table()
+FormTable PageSetupFormTable()
 {
     using enum ControlKind;
     FormTable table = {ControlRow(FormWindow, "frmPageSetup", "Page Setup", {0, 0, 374, 262})};
@@ -19,7 +19,7 @@ FormTable Table()
 } // namespace
 
 frmPageSetup::frmPageSetup(FormSession& session)
-    : Form(session, Table()), m_pageSetup(*this, PageSetupKind::PageSetupDialog)
+    : Form(session, PageSetupFormTable()), m_pageSetup(*this, PageSetupKind::PageSetupDialog)
 {
     On("btnOK", FormEvent::Click, [this] {
         m_confirmed = true;

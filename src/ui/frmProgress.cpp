@@ -10,7 +10,7 @@
 namespace sm {
 namespace {
 
-FormTable Table()
+FormTable ProgressTable()
 {
     using enum ControlKind;
     return {
@@ -23,7 +23,7 @@ FormTable Table()
 
 } // namespace
 
-frmProgress::frmProgress(FormSession& session) : Form(session, Table())
+frmProgress::frmProgress(FormSession& session) : Form(session, ProgressTable())
 {
     On(Name(), FormEvent::Load, [this] { SetCaption(Name(), kProductTitle); });
     On(Name(), FormEvent::Activate, [this] {

@@ -13,7 +13,7 @@ namespace sm::base {
 namespace {
 
 constexpr std::size_t kBufferSize = 1 << 18;
-constexpr int kAttempts = 100;
+constexpr int kNamesTried = 100;
 constexpr const char* kEnding = ".part";
 
 std::string Prefix(std::int64_t processNumber)
@@ -42,7 +42,7 @@ AtomicFile::AtomicFile(const std::string& path, Keeping keeping) : m_target(Foll
 {
     const mode_t rights = FirstRights(m_target);
     // A name is taken when a process of another machine with the same number writes to the same folder.
-    for (int attempt = 0; attempt < kAttempts && m_handle < 0; ++attempt) {
+    for (int attempt = 0; attempt < kNamesTried && m_handle < 0; ++attempt) {
         m_temporary = TemporaryBeside(m_target);
         m_handle = ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, rights);
         if (m_handle < 0 && errno != EEXIST)

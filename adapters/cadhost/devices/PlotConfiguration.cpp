@@ -1,6 +1,7 @@
 #include "devices/PlotConfiguration.h"
 
 #include "answers/HostText.h"
+#include "base/Numbers.h"
 #include "devices/PaperRules.h"
 #include "drawing/PlanView.h"
 #include "ports/HostError.h"
@@ -32,7 +33,7 @@ void AddOnce(std::vector<Medium>& media, const Medium& medium)
 /// A part of a scale that can't be one counts as 1.
 double ScalePart(double value)
 {
-    return std::isfinite(value) && value > 0 ? value : 1;
+    return base::IsSize(value) ? value : 1;
 }
 
 double FiniteOrZero(double value)

@@ -3,23 +3,16 @@
 #include "entities/SpaceVectors.h"
 #include "entities/SplinePoints.h"
 
-#include <numbers>
-
 namespace sm::drawing {
 
 namespace {
 
 using Kind = AcisToken::Kind;
-constexpr double kTurn = 2 * std::numbers::pi;
 constexpr double kSame = 1e-6;
 
 bool Near(Vec3 a, Vec3 b)
 {
     return Length(a - b) <= kSame * (1 + Length(a));
-}
-Vec3 At(const std::vector<double>& numbers, std::size_t first)
-{
-    return {numbers[first], numbers[first + 1], numbers[first + 2]};
 }
 /// The sense of a curve stands behind it, in old releases as a number.
 bool IsReversed(const AcisToken& token)
@@ -60,10 +53,10 @@ AcisCurves::Map AcisCurves::BodyMap() const
             continue;
         const std::size_t first = n.size() == kNumbers + 1 || n.size() == kNumbers + 1 + kFlags ? 1 : 0;
         const double scale = n[first + 12] != 0 ? n[first + 12] : 1;
-        map.x = At(n, first) * scale;
-        map.y = At(n, first + 3) * scale;
-        map.z = At(n, first + 6) * scale;
-        map.origin = At(n, first + 9);
+        map.x = PointAt(n, first) * scale;
+        map.y = PointAt(n, first + 3) * scale;
+        map.z = PointAt(n, first + 6) * scale;
+        map.origin = PointAt(n, first + 9);
         break;
     }
     return map;
@@ -78,7 +71,7 @@ bool AcisCurves::Vertex(const AcisRecord& record, Vec3& point) const
         const std::vector<double> numbers = m_records.Numbers(*target);
         if (numbers.size() < 3)
             return false;
-        point = At(numbers, 0);
+        point = PointAt(numbers, 0);
         return true;
     }
     return false;
@@ -120,7 +113,7 @@ bool AcisCurves::AppendArc(const AcisRecord& curve, Vec3 from, Vec3 to, std::vec
     const std::vector<double> n = m_records.Numbers(curve);
     if (n.size() < 10)
         return false;
-    const Vec3 center = At(n, 0), normal = At(n, 3), u = At(n, 6);
+    const Vec3 center = PointAt(n, 0), normal = PointAt(n, 3), u = PointAt(n, 6);
     const double size = Length(normal);
     if (!(Length(u) > 0) || !(size > 0))
         return false;

@@ -5,8 +5,18 @@
 #include "drawing/entities/Solids.h"
 
 #include <functional>
+#include <numbers>
+#include <vector>
 
 namespace sm::drawing {
+
+inline constexpr double kTurn = 2 * std::numbers::pi;
+
+/// The point whose coordinates begin at number `first`, which the caller knows to be there.
+inline Vec3 PointAt(const std::vector<double>& numbers, std::size_t first)
+{
+    return {numbers[first], numbers[first + 1], numbers[first + 2]};
+}
 
 /// Reads the edges, and the circles that stand for whole spheres and tori, moved by the body's own map.
 class AcisCurves {

@@ -2,18 +2,10 @@
 #include "drawing/entities/Solids.h"
 #include "entities/SpaceVectors.h"
 
-#include <numbers>
-
 namespace sm::drawing {
 
 namespace {
 
-constexpr double kTurn = 2 * std::numbers::pi;
-
-Vec3 At(const std::vector<double>& numbers, std::size_t first)
-{
-    return {numbers[first], numbers[first + 1], numbers[first + 2]};
-}
 /// At right angles to `v`, of length 1.
 Vec3 AnyNormal(Vec3 v)
 {
@@ -102,9 +94,10 @@ void AcisCurves::AppendWhole(const AcisRecord& face, std::vector<SolidEdge>& edg
         const double r = std::abs(n[3]);
         for (const auto& [u, v] : {std::pair{Vec3{r, 0, 0}, Vec3{0, r, 0}}, std::pair{Vec3{r, 0, 0}, Vec3{0, 0, r}},
                                    std::pair{Vec3{0, r, 0}, Vec3{0, 0, r}}})
-            AppendCircle(At(n, 0), u, v, edges);
-    } else if (n.size() >= 8 && surface->name == "torus-surface" && Length(At(n, 3)) > 0) {
-        const Vec3 center = At(n, 0), axis = At(n, 3) * (1 / Length(At(n, 3))), u = AnyNormal(axis), v = Cross(axis, u);
+            AppendCircle(PointAt(n, 0), u, v, edges);
+    } else if (n.size() >= 8 && surface->name == "torus-surface" && Length(PointAt(n, 3)) > 0) {
+        const Vec3 center = PointAt(n, 0), axis = PointAt(n, 3) * (1 / Length(PointAt(n, 3))), u = AnyNormal(axis),
+                   v = Cross(axis, u);
         const double ring = n[6], tube = n[7];
         for (const double radius : {ring + tube, ring - tube})
             AppendCircle(center, u * radius, v * radius, edges);

@@ -101,14 +101,14 @@ private:
 };
 
 enum Flag : std::uint32_t {
-    kExtrusion = 1,
-    kThickness = 2,
-    kWidth = 4,
-    kElevation = 8,
-    kBulges = 16,
-    kWidths = 32,
-    kClosed = 512,
-    kIdentifiers = 1024
+    kHasExtrusion = 1,
+    kHasThickness = 2,
+    kHasWidth = 4,
+    kHasElevation = 8,
+    kHasBulges = 16,
+    kHasWidths = 32,
+    kIsClosed = 512,
+    kHasIdentifiers = 1024
 };
 
 void ReadVertices(BitReader& bits, std::size_t count, PolylineData& polyline)
@@ -134,16 +134,16 @@ bool ReadPackedPolyline(std::string_view bytes, PolylineData& polyline)
     const std::uint32_t flags = bits.Short();
     const auto real = [&](Flag flag) { return (flags & flag) != 0 ? bits.Real() : 0; };
     const auto count = [&](Flag flag) { return (flags & flag) != 0 ? bits.Long() : 0; };
-    polyline.constantWidth = real(kWidth);
-    polyline.elevation = real(kElevation);
-    polyline.thickness = real(kThickness);
-    if ((flags & kExtrusion) != 0) {
+    polyline.constantWidth = real(kHasWidth);
+    polyline.elevation = real(kHasElevation);
+    polyline.thickness = real(kHasThickness);
+    if ((flags & kHasExtrusion) != 0) {
         const double x = bits.Real(), y = bits.Real();
         polyline.extrusion = {x, y, bits.Real()};
     }
     const std::uint32_t vertices = bits.Long();
-    const std::uint32_t bulges = count(kBulges), identifiers = count(kIdentifiers), widths = count(kWidths);
-    polyline.closed = (flags & kClosed) != 0;
+    const std::uint32_t bulges = count(kHasBulges), identifiers = count(kHasIdentifiers), widths = count(kHasWidths);
+    polyline.closed = (flags & kIsClosed) != 0;
     if (vertices > bits.BitsLeft() / 4)
         return false;
     ReadVertices(bits, vertices, polyline);

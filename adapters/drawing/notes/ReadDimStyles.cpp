@@ -9,30 +9,30 @@ namespace sm::drawing {
 namespace {
 
 /// A value's group in DIMSTYLE and in extended data, its header variable and its place.
-template <class Value> struct Field {
+template <class Value> struct StyleField {
     int code;
     const char* variable;
     Value DimStyle::*member;
 };
 
-constexpr std::array<Field<double>, 16> kReals{{{40, "$DIMSCALE", &DimStyle::scale},
-                                                {41, "$DIMASZ", &DimStyle::arrowSize},
-                                                {42, "$DIMEXO", &DimStyle::extensionGap},
-                                                {44, "$DIMEXE", &DimStyle::extensionPast},
-                                                {45, "$DIMRND", &DimStyle::rounding},
-                                                {46, "$DIMDLE", &DimStyle::dimensionPast},
-                                                {47, "$DIMTP", &DimStyle::plus},
-                                                {48, "$DIMTM", &DimStyle::minus},
-                                                {140, "$DIMTXT", &DimStyle::textHeight},
-                                                {141, "$DIMCEN", &DimStyle::centerMark},
-                                                {142, "$DIMTSZ", &DimStyle::tickSize},
-                                                {144, "$DIMLFAC", &DimStyle::lengthFactor},
-                                                {145, "$DIMTVP", &DimStyle::textShift},
-                                                {146, "$DIMTFAC", &DimStyle::toleranceFactor},
-                                                {147, "$DIMGAP", &DimStyle::textGap},
-                                                {49, "$DIMFXL", &DimStyle::fixedExtension}}};
+constexpr std::array<StyleField<double>, 16> kReals{{{40, "$DIMSCALE", &DimStyle::scale},
+                                                     {41, "$DIMASZ", &DimStyle::arrowSize},
+                                                     {42, "$DIMEXO", &DimStyle::extensionGap},
+                                                     {44, "$DIMEXE", &DimStyle::extensionPast},
+                                                     {45, "$DIMRND", &DimStyle::rounding},
+                                                     {46, "$DIMDLE", &DimStyle::dimensionPast},
+                                                     {47, "$DIMTP", &DimStyle::plus},
+                                                     {48, "$DIMTM", &DimStyle::minus},
+                                                     {140, "$DIMTXT", &DimStyle::textHeight},
+                                                     {141, "$DIMCEN", &DimStyle::centerMark},
+                                                     {142, "$DIMTSZ", &DimStyle::tickSize},
+                                                     {144, "$DIMLFAC", &DimStyle::lengthFactor},
+                                                     {145, "$DIMTVP", &DimStyle::textShift},
+                                                     {146, "$DIMTFAC", &DimStyle::toleranceFactor},
+                                                     {147, "$DIMGAP", &DimStyle::textGap},
+                                                     {49, "$DIMFXL", &DimStyle::fixedExtension}}};
 
-constexpr std::array<Field<std::int32_t>, 28> kIntegers{
+constexpr std::array<StyleField<std::int32_t>, 28> kIntegers{
     {{71, "$DIMTOL", &DimStyle::tolerances},         {72, "$DIMLIM", &DimStyle::limits},
      {73, "$DIMTIH", &DimStyle::textInsideLevel},    {74, "$DIMTOH", &DimStyle::textOutsideLevel},
      {75, "$DIMSE1", &DimStyle::hideFirstExtension}, {76, "$DIMSE2", &DimStyle::hideSecondExtension},

@@ -21,7 +21,7 @@ void TakeColor(ReadLayer& read, std::int32_t color)
     read.layer.color = index >= 1 && index <= 255 ? static_cast<std::int16_t>(index) : std::int16_t{7};
 }
 
-ReadLayer ReadEntry(const Model& model, const Slice& slice)
+ReadLayer ReadLayerEntry(const Model& model, const Slice& slice)
 {
     ReadLayer read;
     read.layer.linetype = 2;
@@ -123,7 +123,7 @@ void BuildLayers(Model& model)
     model.layers[0].linetype = 2;
     bool hasZero = false;
     ForEachEntry(model, "LAYER", [&](const Slice& slice) {
-        ReadLayer read = ReadEntry(model, slice);
+        ReadLayer read = ReadLayerEntry(model, slice);
         if (read.layer.name.empty()) {
             model.findings.Add(Damage::NamelessEntry, slice.line);
             return;

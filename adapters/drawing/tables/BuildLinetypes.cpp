@@ -62,7 +62,7 @@ struct ReadLinetype {
     std::string_view rawName;
 };
 
-ReadLinetype ReadEntry(const Model& model, const Slice& slice)
+ReadLinetype ReadLinetypeEntry(const Model& model, const Slice& slice)
 {
     ReadLinetype read;
     Linetype& type = read.type;
@@ -102,7 +102,7 @@ void BuildLinetypes(Model& model)
         model.linetypes.back().name = name;
     }
     ForEachEntry(model, "LTYPE", [&](const Slice& slice) {
-        ReadLinetype read = ReadEntry(model, slice);
+        ReadLinetype read = ReadLinetypeEntry(model, slice);
         if (read.type.name.empty()) {
             model.findings.Add(Damage::NamelessEntry, slice.line);
             return;

@@ -9,7 +9,7 @@ namespace {
 /// Bits of the extended data "ACAD", group 1071: bold and italic of a TrueType font.
 constexpr std::int32_t kBold = 0x2000000, kItalic = 0x1000000;
 
-struct ReadStyle {
+struct StyleEntry {
     TextStyle style;
     std::string_view rawName;
 };
@@ -20,9 +20,9 @@ void TakeFlags(TextStyle& style, std::int32_t flags)
     style.vertical = (flags & 4) != 0;
 }
 
-ReadStyle ReadEntry(const Model& model, const Slice& slice)
+StyleEntry ReadStyleEntry(const Model& model, const Slice& slice)
 {
-    ReadStyle read;
+    StyleEntry read;
     TextStyle& style = read.style;
     ForEachTag(model, slice, [&](const TagCursor& tag) {
         switch (tag.Code()) {
@@ -70,7 +70,7 @@ ReadStyle ReadEntry(const Model& model, const Slice& slice)
     return read;
 }
 
-void Register(Model& model, const ReadStyle& read, std::uint32_t index)
+void Register(Model& model, const StyleEntry& read, std::uint32_t index)
 {
     model.source.styles.Add(read.rawName, read.style.name, index);
     if (read.style.handle != 0)
@@ -86,7 +86,7 @@ void BuildStyles(Model& model)
     model.styles[0].fontFile = "txt";
     bool hasStandard = false;
     ForEachEntry(model, "STYLE", [&](const Slice& slice) {
-        ReadStyle read = ReadEntry(model, slice);
+        StyleEntry read = ReadStyleEntry(model, slice);
         // Shape files have no name: linetypes find them by handle.
         if (read.style.name.empty() && !read.style.isShapeFile) {
             model.findings.Add(Damage::NamelessEntry, slice.line);

@@ -1,3 +1,4 @@
+#include "base/Numbers.h"
 #include "base/Units.h"
 #include "page/PlotArea.h"
 #include "page/SheetFrame.h"
@@ -18,11 +19,6 @@ double UnitInMillimetres(std::int32_t paperUnits)
     return paperUnits == 0 ? base::kMillimetresPerInch : 1;
 }
 
-bool Positive(double value)
-{
-    return std::isfinite(value) && value > 0;
-}
-
 /// The ratio the settings ask for; nothing for scale to fit.
 std::optional<StandardScaleValue> AskedScale(const PlotSettings& settings)
 {
@@ -32,7 +28,7 @@ std::optional<StandardScaleValue> AskedScale(const PlotSettings& settings)
             return settings.standardScale == 0 ? std::nullopt : std::optional(*scale);
         }
     }
-    if (Positive(settings.scaleNumerator) && Positive(settings.scaleDenominator)) {
+    if (base::IsSize(settings.scaleNumerator) && base::IsSize(settings.scaleDenominator)) {
         return StandardScaleValue{settings.scaleNumerator, settings.scaleDenominator};
     }
     return std::nullopt;
@@ -44,7 +40,7 @@ double FittedScale(const SheetFrame& frame, const Box2& area)
     const double across = area.Empty() || area.Width() <= 0 ? 0 : frame.width / area.Width();
     const double along = area.Empty() || area.Height() <= 0 ? 0 : frame.height / area.Height();
     const double fitted = across > 0 && along > 0 ? std::min(across, along) : std::max(across, along);
-    return Positive(fitted) ? fitted : 0;
+    return base::IsSize(fitted) ? fitted : 0;
 }
 
 StandardScaleValue ScaleInForce(const PlotSettings& settings, const PlotArea& area, const SheetFrame& frame)

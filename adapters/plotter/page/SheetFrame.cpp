@@ -1,4 +1,5 @@
 #include "page/SheetFrame.h"
+#include "base/Numbers.h"
 
 namespace sm::plotter {
 
@@ -8,19 +9,14 @@ struct Medium {
     double width, height, left, bottom, right, top;
 };
 
-bool Usable(double length)
-{
-    return std::isfinite(length) && length > 0;
-}
-
 double MarginOr0(double margin)
 {
-    return Usable(margin) ? margin : 0;
+    return base::IsSize(margin) ? margin : 0;
 }
 
 Medium MediumOf(const drawing::PlotSettings& s, bool metric, const drawing::Box2& area)
 {
-    if (!Usable(s.paperWidth) || !Usable(s.paperHeight)) {
+    if (!base::IsSize(s.paperWidth) || !base::IsSize(s.paperHeight)) {
         const double across = metric ? 210 : 215.9;
         const double along = metric ? 297 : 279.4;
         const bool lying = !area.Empty() && area.Width() > area.Height();

@@ -6,7 +6,7 @@ namespace {
 
 using Widths = std::array<std::uint16_t, 224>;
 
-constexpr Widths kHelvetica = {
+constexpr Widths kHelveticaWidths = {
     278,  278, 355, 556,  556, 889, 667, 191, 333, 333, 389, 584,  278, 333, 278,  278, 556,  556,  556, 556,  556,
     556,  556, 556, 556,  556, 278, 278, 584, 584, 584, 556, 1015, 667, 667, 722,  722, 667,  611,  778, 722,  278,
     500,  667, 556, 833,  722, 778, 667, 778, 722, 667, 611, 722,  667, 944, 667,  667, 611,  278,  278, 278,  469,
@@ -19,7 +19,7 @@ constexpr Widths kHelvetica = {
     667,  667, 611, 556,  556, 556, 556, 556, 556, 889, 500, 556,  556, 556, 556,  278, 278,  278,  278, 556,  556,
     556,  556, 556, 556,  556, 584, 611, 556, 556, 556, 556, 500,  556, 500};
 
-constexpr Widths kHelveticaBold = {
+constexpr Widths kHelveticaBoldWidths = {
     278,  333, 474, 556,  556, 889, 722, 238, 333, 333, 389, 584, 278, 333, 278,  278, 556,  556,  556, 556,  556,
     556,  556, 556, 556,  556, 333, 333, 584, 584, 584, 611, 975, 722, 722, 722,  722, 667,  611,  778, 722,  278,
     556,  722, 611, 833,  722, 778, 667, 778, 722, 667, 611, 722, 667, 944, 667,  667, 611,  333,  278, 333,  584,
@@ -32,7 +32,7 @@ constexpr Widths kHelveticaBold = {
     667,  667, 611, 556,  556, 556, 556, 556, 556, 889, 556, 556, 556, 556, 556,  278, 278,  278,  278, 611,  611,
     611,  611, 611, 611,  611, 584, 611, 611, 611, 611, 611, 556, 611, 556};
 
-constexpr Widths kTimesRoman = {
+constexpr Widths kTimesRomanWidths = {
     250,  333, 408, 500, 500, 833, 778, 180, 333, 333, 500, 564, 250, 333, 250,  278, 500, 500,  500, 500, 500,
     500,  500, 500, 500, 500, 278, 278, 564, 564, 564, 444, 921, 722, 667, 667,  722, 611, 556,  722, 722, 333,
     389,  722, 611, 889, 722, 722, 556, 722, 667, 556, 611, 722, 722, 944, 722,  722, 611, 333,  278, 333, 469,
@@ -45,7 +45,7 @@ constexpr Widths kTimesRoman = {
     722,  556, 500, 444, 444, 444, 444, 444, 444, 667, 444, 444, 444, 444, 444,  278, 278, 278,  278, 500, 500,
     500,  500, 500, 500, 500, 564, 500, 500, 500, 500, 500, 500, 500, 500};
 
-constexpr Widths kTimesBold = {
+constexpr Widths kTimesBoldWidths = {
     250,  333, 555, 500,  500, 1000, 833, 278, 333, 333, 500, 570, 250, 333,  250,  278, 500,  500,  500, 500,  500,
     500,  500, 500, 500,  500, 333,  333, 570, 570, 570, 500, 930, 722, 667,  722,  722, 667,  611,  778, 778,  389,
     500,  778, 667, 944,  722, 778,  611, 778, 722, 556, 667, 722, 722, 1000, 722,  722, 667,  333,  278, 333,  581,
@@ -58,7 +58,7 @@ constexpr Widths kTimesBold = {
     722,  611, 556, 500,  500, 500,  500, 500, 500, 722, 444, 444, 444, 444,  444,  278, 278,  278,  278, 500,  556,
     500,  500, 500, 500,  500, 570,  500, 556, 556, 556, 556, 500, 556, 500};
 
-constexpr Widths kTimesItalic = {
+constexpr Widths kTimesItalicWidths = {
     250, 333, 420, 500, 500, 833, 778, 214, 333, 333, 500, 675, 250, 333,  250, 278, 500, 500, 500, 500, 500, 500, 500,
     500, 500, 500, 333, 333, 675, 675, 675, 500, 920, 611, 611, 667, 722,  611, 611, 722, 722, 333, 444, 667, 556, 833,
     667, 722, 611, 722, 611, 500, 556, 722, 611, 833, 611, 556, 556, 389,  278, 389, 422, 500, 333, 500, 500, 444, 500,
@@ -70,7 +70,7 @@ constexpr Widths kTimesItalic = {
     722, 722, 722, 722, 722, 556, 611, 500, 500, 500, 500, 500, 500, 500,  667, 444, 444, 444, 444, 444, 278, 278, 278,
     278, 500, 500, 500, 500, 500, 500, 500, 675, 500, 500, 500, 500, 500,  444, 500, 444};
 
-constexpr Widths kTimesBoldItalic = {
+constexpr Widths kTimesBoldItalicWidths = {
     250,  389, 555, 500, 500, 833, 778, 278, 333, 333, 500, 570, 250, 333, 250,  278, 500,  500,  500, 500, 500,
     500,  500, 500, 500, 500, 333, 333, 570, 570, 570, 500, 832, 667, 667, 667,  722, 667,  667,  722, 778, 389,
     500,  667, 611, 889, 722, 722, 611, 722, 667, 556, 611, 722, 667, 889, 667,  611, 611,  333,  278, 333, 570,
@@ -112,24 +112,24 @@ constexpr Widths kZapfDingbats = {
 
 std::uint16_t StandardFontWidth(StandardFace face, unsigned char code)
 {
-    static constexpr std::uint16_t kCourier = 600;
+    static constexpr std::uint16_t kCourierWidths = 600;
     if (code < 32) {
         return 0;
     }
     const std::size_t at = code - 32U;
     switch (face) {
     case StandardFace::Helvetica:
-        return kHelvetica[at];
+        return kHelveticaWidths[at];
     case StandardFace::HelveticaBold:
-        return kHelveticaBold[at];
+        return kHelveticaBoldWidths[at];
     case StandardFace::TimesRoman:
-        return kTimesRoman[at];
+        return kTimesRomanWidths[at];
     case StandardFace::TimesBold:
-        return kTimesBold[at];
+        return kTimesBoldWidths[at];
     case StandardFace::TimesItalic:
-        return kTimesItalic[at];
+        return kTimesItalicWidths[at];
     case StandardFace::TimesBoldItalic:
-        return kTimesBoldItalic[at];
+        return kTimesBoldItalicWidths[at];
     case StandardFace::Symbol:
         return kSymbol[at];
     case StandardFace::ZapfDingbats:
@@ -137,7 +137,7 @@ std::uint16_t StandardFontWidth(StandardFace face, unsigned char code)
     case StandardFace::Courier:
         break;
     }
-    return kCourier;
+    return kCourierWidths;
 }
 
 } // namespace sm::publisher

@@ -14,7 +14,7 @@ namespace {
 // The interpreter counts device coordinates in 1/256 pixel within 31 bits; a quarter of that is kept free for
 // strokes that leave the page.
 constexpr double kLargestDeviceSide = 6e6;
-constexpr std::int32_t kLowestResolution = 10;
+constexpr std::int32_t kLowestAsked = 10;
 
 // A PostScript program may end with its operands, dictionaries or definitions lying about: they are cleared before
 // the restore. What its error left on the stacks is printed, never trusted.
@@ -72,7 +72,7 @@ void ReadReportLine(const std::vector<std::string_view>& words, DriverReport& re
 std::int32_t UsableResolution(double width, double height, std::int32_t resolution)
 {
     const double highest = kLargestDeviceSide * base::kPointsPerInch / std::max({width, height, 1.0});
-    return std::max(kLowestResolution, static_cast<std::int32_t>(std::min<double>(resolution, highest)));
+    return std::max(kLowestAsked, static_cast<std::int32_t>(std::min<double>(resolution, highest)));
 }
 
 std::string PageFileName(std::size_t index)

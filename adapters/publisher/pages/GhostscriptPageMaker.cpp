@@ -17,7 +17,7 @@ namespace sm::publisher {
 namespace {
 
 constexpr std::uint64_t kAddressSpace = std::uint64_t{4} << 30;
-constexpr std::uint64_t kLargestFile = std::uint64_t{4} << 30;
+constexpr std::uint64_t kLargestOutput = std::uint64_t{4} << 30;
 constexpr const char* kOutputName = "out.pdf";
 constexpr const char* kDriverName = "driver.ps";
 
@@ -134,7 +134,7 @@ private:
         limits.deadline = m_options.deadline + m_options.deadlinePerMegabyte * megabytes;
         limits.cpuSeconds = static_cast<std::uint64_t>(limits.deadline.count() / 1000 + 2);
         limits.memoryBytes = kAddressSpace;
-        limits.fileBytes = kLargestFile;
+        limits.fileBytes = kLargestOutput;
         return limits;
     }
 

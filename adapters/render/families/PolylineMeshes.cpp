@@ -11,7 +11,6 @@ namespace sm::render {
 namespace {
 
 // DXF reference, VERTEX group 70.
-constexpr std::uint8_t kFrameVertex = 16;
 constexpr std::uint8_t kPolyfacePosition = 64;
 constexpr std::uint8_t kPolyfaceMesh = 128;
 
@@ -22,7 +21,7 @@ void DrawPolylineMesh(PaintContext& context, const drawing::PolylineData& mesh)
 {
     std::vector<Vec2> points;
     for (const drawing::PolyVertex& vertex : mesh.vertices) {
-        if (!mesh.splineFitted || (vertex.flags & kFrameVertex) == 0) {
+        if (!mesh.splineFitted || (vertex.flags & drawing::kFrameVertex) == 0) {
             points.push_back(context.frame->toPaper.Apply(vertex.point));
         }
     }

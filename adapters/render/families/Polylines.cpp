@@ -11,11 +11,9 @@ namespace sm::render {
 
 namespace {
 
-constexpr std::uint8_t kFrameVertex = 16; // DXF reference, VERTEX group 70: a control point of a fitted curve
-
 bool IsDrawnVertex(const drawing::PolylineData& polyline, const drawing::PolyVertex& vertex)
 {
-    return !polyline.splineFitted || (vertex.flags & kFrameVertex) == 0;
+    return !polyline.splineFitted || (vertex.flags & drawing::kFrameVertex) == 0;
 }
 
 struct Widths {

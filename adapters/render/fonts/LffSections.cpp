@@ -9,7 +9,7 @@ namespace sm::render {
 
 namespace {
 
-constexpr int kDeepest = 4;        // characters made of others
+constexpr int kDeepestCopy = 4;        // characters made of others
 constexpr double kLargest = 10000; // coordinates beyond are damage
 
 std::string_view TakeLine(std::string_view& text)
@@ -157,7 +157,7 @@ void StrokeFont::ReadSection(std::string_view section, StrokeGlyph& glyph, int d
         }
         const auto character = Hex(line.substr(1));
         const auto other = character ? m_sections.find(*character) : m_sections.end();
-        if (other != m_sections.end() && depth < kDeepest) {
+        if (other != m_sections.end() && depth < kDeepestCopy) {
             ReadSection(other->second, glyph, depth + 1);
         }
     }

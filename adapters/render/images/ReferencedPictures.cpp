@@ -11,7 +11,7 @@ namespace sm::render {
 
 namespace {
 
-constexpr std::uint64_t kLargestFile = std::uint64_t{512} << 20;
+constexpr std::uint64_t kLargestPictureFile = std::uint64_t{512} << 20;
 constexpr double kPageDots = 300;        ///< of a page, on paper, per inch
 constexpr double kFewestDots = 18;       ///< per inch of a page: the interpreter wants some
 constexpr double kMostPagePixels = 60e6; ///< of a page
@@ -94,7 +94,7 @@ std::shared_ptr<const Picture> References::PictureOf(const drawing::ImageDefinit
         }
     }
     const std::string path = Find(definition.path);
-    auto bytes = path.empty() ? std::nullopt : base::ReadRegularFile(path, kLargestFile);
+    auto bytes = path.empty() ? std::nullopt : base::ReadRegularFile(path, kLargestPictureFile);
     if (!bytes) {
         parts.unusable.insert(definition.handle);
         Report(ReferenceFinding::kMissing,

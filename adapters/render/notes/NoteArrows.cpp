@@ -10,38 +10,38 @@ namespace sm::render {
 
 namespace {
 
-enum class Form : std::uint8_t { Triangle, Open, Dot, Box, Tick, WideTick, Datum, Integral, Nothing };
+enum class HeadForm : std::uint8_t { Triangle, Open, Dot, Box, Tick, WideTick, Datum, Integral, Nothing };
 
 /// The well-known arrow heads: `half` is half the width, or the radius, of a head 1 long; `cut` what of the line behind
 /// the tip they replace.
 struct Head {
     std::string_view name;
-    Form form;
+    HeadForm form;
     double half;
     double cut;
     bool filled;
 };
 
-constexpr std::array kHeads{Head{"", Form::Triangle, 1.0 / 6, 1, true},
-                            Head{"CLOSEDBLANK", Form::Triangle, 1.0 / 6, 1, false},
-                            Head{"CLOSED", Form::Triangle, 1.0 / 6, 0, false},
-                            Head{"OPEN", Form::Open, 1.0 / 6, 0, false},
-                            Head{"OPEN30", Form::Open, 0.268, 0, false},
-                            Head{"OPEN90", Form::Open, 1, 0, false},
-                            Head{"DOT", Form::Dot, 0.5, 0.5, true},
-                            Head{"DOTSMALL", Form::Dot, 0.25, 0, true},
-                            Head{"DOTBLANK", Form::Dot, 0.5, 0.5, false},
-                            Head{"SMALL", Form::Dot, 0.25, 0.25, false},
-                            Head{"ORIGIN", Form::Dot, 0.5, 0, false},
-                            Head{"ORIGIN2", Form::Dot, 0.5, 0.5, false},
-                            Head{"BOXFILLED", Form::Box, 0.5, 0.5, true},
-                            Head{"BOXBLANK", Form::Box, 0.5, 0.5, false},
-                            Head{"OBLIQUE", Form::Tick, 0.5, 0, false},
-                            Head{"ARCHTICK", Form::WideTick, 0.5, 0, true},
-                            Head{"DATUMFILLED", Form::Datum, 0.577, 1, true},
-                            Head{"DATUMBLANK", Form::Datum, 0.577, 1, false},
-                            Head{"INTEGRAL", Form::Integral, 0.5, 0, false},
-                            Head{"NONE", Form::Nothing, 0, 0, false}};
+constexpr std::array kHeads{Head{"", HeadForm::Triangle, 1.0 / 6, 1, true},
+                            Head{"CLOSEDBLANK", HeadForm::Triangle, 1.0 / 6, 1, false},
+                            Head{"CLOSED", HeadForm::Triangle, 1.0 / 6, 0, false},
+                            Head{"OPEN", HeadForm::Open, 1.0 / 6, 0, false},
+                            Head{"OPEN30", HeadForm::Open, 0.268, 0, false},
+                            Head{"OPEN90", HeadForm::Open, 1, 0, false},
+                            Head{"DOT", HeadForm::Dot, 0.5, 0.5, true},
+                            Head{"DOTSMALL", HeadForm::Dot, 0.25, 0, true},
+                            Head{"DOTBLANK", HeadForm::Dot, 0.5, 0.5, false},
+                            Head{"SMALL", HeadForm::Dot, 0.25, 0.25, false},
+                            Head{"ORIGIN", HeadForm::Dot, 0.5, 0, false},
+                            Head{"ORIGIN2", HeadForm::Dot, 0.5, 0.5, false},
+                            Head{"BOXFILLED", HeadForm::Box, 0.5, 0.5, true},
+                            Head{"BOXBLANK", HeadForm::Box, 0.5, 0.5, false},
+                            Head{"OBLIQUE", HeadForm::Tick, 0.5, 0, false},
+                            Head{"ARCHTICK", HeadForm::WideTick, 0.5, 0, true},
+                            Head{"DATUMFILLED", HeadForm::Datum, 0.577, 1, true},
+                            Head{"DATUMBLANK", HeadForm::Datum, 0.577, 1, false},
+                            Head{"INTEGRAL", HeadForm::Integral, 0.5, 0, false},
+                            Head{"NONE", HeadForm::Nothing, 0, 0, false}};
 
 const Head* FindHead(std::string_view name)
 {
@@ -57,38 +57,38 @@ void DrawHead(NotePicture& picture, const Head& head, Vec2 tip, Vec2 along, cons
 {
     const Vec2 across = Left(along) * head.half;
     switch (head.form) {
-    case Form::Triangle:
+    case HeadForm::Triangle:
         picture.AddPolygon({tip, tip - along - across, tip - along + across}, pen, head.filled);
         break;
-    case Form::Datum:
+    case HeadForm::Datum:
         picture.AddPolygon({tip + across, tip - across, tip - along}, pen, head.filled);
         break;
-    case Form::Open: {
+    case HeadForm::Open: {
         Path& path = picture.Add(pen);
         path.MoveTo(tip - along + across);
         path.LineTo(tip);
         path.LineTo(tip - along - across);
         break;
     }
-    case Form::Dot:
+    case HeadForm::Dot:
         AppendEllipse(picture.Add(pen, head.filled), tip, along * head.half, across);
         break;
-    case Form::Box: {
+    case HeadForm::Box: {
         const Vec2 a = along * head.half;
         picture.AddPolygon({tip - a - across, tip + a - across, tip + a + across, tip - a + across}, pen, head.filled);
         break;
     }
-    case Form::Tick:
+    case HeadForm::Tick:
         picture.AddLine(tip - along * head.half - across, tip + along * head.half + across, pen);
         break;
-    case Form::WideTick: {
+    case HeadForm::WideTick: {
         constexpr double kHalfWidth = 0.053; // of a stroke 0.15 wide, along each axis
         const Vec2 end = along * head.half + across;
         const Vec2 wide = (along - Left(along)) * kHalfWidth;
         picture.AddPolygon({tip - end - wide, tip + end - wide, tip + end + wide, tip - end + wide}, pen, true);
         break;
     }
-    case Form::Integral: {
+    case HeadForm::Integral: {
         const Vec2 reach = Left(along) * head.half;
         Path& path = picture.Add(pen);
         path.MoveTo(tip - reach - along * 0.2);
@@ -96,7 +96,7 @@ void DrawHead(NotePicture& picture, const Head& head, Vec2 tip, Vec2 along, cons
         path.CubicTo(tip + reach * 0.5, tip + reach - along * 0.1, tip + reach + along * 0.2);
         break;
     }
-    case Form::Nothing:
+    case HeadForm::Nothing:
         break;
     }
 }

@@ -10,9 +10,9 @@ namespace {
 
 using drawing::TableData;
 
-class Builder {
+class TableBuilder {
 public:
-    Builder(const TableData& table, NotePicture& picture) : m_table(table), m_picture(picture)
+    TableBuilder(const TableData& table, NotePicture& picture) : m_table(table), m_picture(picture)
     {
         m_at = picture.ToPlane(table.insertion);
         const Vec2 along = Unit(picture.ToPlane(table.direction));
@@ -171,7 +171,7 @@ void Build(const drawing::TableData& table, const NoteTools& tools, NotePicture&
         copy.insert.lineweight = drawing::kLineweightByBlock;
         picture.copies.push_back(std::move(copy));
     } else if (!table.columnWidths.empty() && !table.rowHeights.empty()) {
-        Builder(table, picture).Run();
+        TableBuilder(table, picture).Run();
     }
 }
 

@@ -57,10 +57,10 @@ std::vector<std::string_view> Split(std::string_view text, std::string_view sepa
     return parts;
 }
 
-class Builder {
+class ToleranceBuilder {
 public:
-    Builder(const drawing::ToleranceData& tolerance, const drawing::DimStyle& style, const NoteTools& tools,
-            NotePicture& picture)
+    ToleranceBuilder(const drawing::ToleranceData& tolerance, const drawing::DimStyle& style, const NoteTools& tools,
+                     NotePicture& picture)
         : m_tools(tools), m_picture(picture), m_linePen(NotePen(style.dimensionColor, style.dimensionWeight)),
           m_textPen(NotePen(style.textColor)), m_height(style.textHeight * style.scale)
     {
@@ -150,7 +150,7 @@ void Build(const drawing::ToleranceData& tolerance, const drawing::DimStyle& sty
            NotePicture& picture)
 {
     picture.SetPlane(tolerance.extrusion, tolerance.insertion);
-    Builder builder(tolerance, style, tools, picture);
+    ToleranceBuilder builder(tolerance, style, tools, picture);
     Vec2 at = picture.ToPlane(tolerance.insertion);
     for (const std::string_view line : Split(tolerance.text, "\n")) {
         builder.AddRow(line, at);

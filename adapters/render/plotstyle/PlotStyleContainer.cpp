@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view kHead = "PIAFILEVERSION_";
 constexpr std::string_view kCodec = "pmzlibcodec";
-constexpr std::size_t kLargestFile = 8 << 20;
+constexpr std::size_t kLargestTable = 8 << 20;
 constexpr std::size_t kLargestText = 16 << 20;
 
 std::size_t WordAt(std::string_view bytes, std::size_t at)
@@ -71,7 +71,7 @@ std::string Inflate(std::string_view bytes, const std::string& path)
 
 PlotStyleContent UnpackPlotStyleFile(std::string_view bytes, const std::string& path)
 {
-    if (bytes.size() > kLargestFile) {
+    if (bytes.size() > kLargestTable) {
         FailPlotStyle(path, 0, "the file is larger than 8 MB");
     }
     if (!bytes.starts_with(kHead)) {
@@ -98,7 +98,7 @@ PlotStyleContent UnpackPlotStyleFile(std::string_view bytes, const std::string& 
 PlotStyleTable ReadPlotStyleTable(const std::string& path)
 {
     std::ifstream file(base::ToPath(path), std::ios::binary);
-    std::string bytes(kLargestFile + 1, '\0');
+    std::string bytes(kLargestTable + 1, '\0');
     file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     if (file.bad() || !file.is_open() || file.gcount() == 0) {
         FailPlotStyle(path, 0, file.is_open() && !file.bad() ? "the file is empty" : "the file can't be read");

@@ -10,7 +10,7 @@ namespace sm::render {
 
 namespace {
 
-constexpr std::size_t kLargestFile = 16'000'000;
+constexpr std::size_t kLargestShapeFile = 16'000'000;
 constexpr char kHeadEnd = '\x1A';
 
 } // namespace
@@ -22,7 +22,7 @@ std::unique_ptr<ShapeFile> ShapeFile::Open(const std::string& path)
         return nullptr;
     }
     std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    return bytes.size() > kLargestFile ? nullptr : FromBytes(std::move(bytes));
+    return bytes.size() > kLargestShapeFile ? nullptr : FromBytes(std::move(bytes));
 }
 
 std::unique_ptr<ShapeFile> ShapeFile::FromBytes(std::string bytes)

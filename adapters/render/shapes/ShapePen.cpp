@@ -9,7 +9,7 @@ namespace sm::render {
 namespace {
 
 constexpr double kOctant = 45; // degrees
-constexpr int kDeepest = 8;
+constexpr int kDeepestSubshape = 8;
 constexpr std::size_t kMostKept = 64;
 
 // The 16 directions, counter-clockwise from the right; the odd ones reach as far as their longer part.
@@ -135,7 +135,7 @@ void ShapePen::Skip(Reader& reader)
     Path nowhere;
     ShapePen other(m_file, nowhere);
     other.m_budget = std::min(m_budget, 100);
-    other.Obey(reader.Byte(), reader, kDeepest);
+    other.Obey(reader.Byte(), reader, kDeepestSubshape);
 }
 
 void ShapePen::Nested(Reader& reader, int depth)
@@ -144,7 +144,7 @@ void ShapePen::Nested(Reader& reader, int depth)
     if (m_file.IsUnifont()) {
         number = static_cast<std::uint16_t>(number << 8 | reader.Byte());
     }
-    if (depth < kDeepest) {
+    if (depth < kDeepestSubshape) {
         Draw(number, depth + 1);
     }
 }

@@ -1,5 +1,6 @@
 #include "text/LineLayout.h"
 
+#include "base/Numbers.h"
 #include "base/Units.h"
 #include "base/text/Utf8.h"
 #include "drawing/entities/Texts.h"
@@ -15,11 +16,6 @@ enum Vertical : std::int32_t { kBaseline, kBottom, kMiddleLine, kTop };
 
 /// From one letter's base line to the next in text that runs down.
 constexpr double kStepDown = 1.5;
-
-bool Positive(double value)
-{
-    return std::isfinite(value) && value > 0;
-}
 
 /// The corner of a line's box that stands on the alignment point.
 Vec2 AnchorOf(const drawing::TextData& text, double width, double height, double descent, double depth)
@@ -56,13 +52,13 @@ Stretch StretchOf(const drawing::TextData& text, double width, double span)
 
 double HeightOf(const drawing::Drawing& drawing, const drawing::TextData& text)
 {
-    if (Positive(text.height)) {
+    if (base::IsSize(text.height)) {
         return text.height;
     }
     const auto& styles = drawing.TextStyles();
     const double fixed = text.style < styles.size() ? styles[text.style].fixedHeight : 0;
     const double header = drawing.HeaderReal("$TEXTSIZE", 2.5);
-    return Positive(fixed) ? fixed : Positive(header) ? header : 2.5;
+    return base::IsSize(fixed) ? fixed : base::IsSize(header) ? header : 2.5;
 }
 
 } // namespace
@@ -127,7 +123,7 @@ void LineLayout::Lay(const drawing::Drawing& drawing, const drawing::TextData& t
     TypeStyle style;
     style.font = &m_fonts.ForStyle(drawing, text.style);
     style.height = HeightOf(drawing, text);
-    style.width = Positive(text.widthFactor) ? text.widthFactor : 1;
+    style.width = base::IsSize(text.widthFactor) ? text.widthFactor : 1;
     style.oblique = std::isfinite(text.oblique) ? text.oblique : 0;
     const bool spans = (text.horizontal == kAligned || text.horizontal == kFit) && text.hasAlignment;
     Vec2 base{text.insertion.x, text.insertion.y};

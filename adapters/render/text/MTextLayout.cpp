@@ -1,5 +1,6 @@
 #include "text/MTextLayout.h"
 
+#include "base/Numbers.h"
 #include "drawing/entities/Texts.h"
 #include "text/TextColumns.h"
 #include "text/TextPlane.h"
@@ -15,16 +16,11 @@ using Kind = MTextToken::Kind;
 
 constexpr double kLineStep = 5.0 / 3; ///< base line to base line, in heights (DXF reference, MTEXT group 44)
 
-bool Positive(double value)
-{
-    return std::isfinite(value) && value > 0;
-}
-
 double HeightOf(const drawing::Drawing& drawing, const drawing::MTextData& text)
 {
     const auto& styles = drawing.TextStyles();
     const double fixed = text.style < styles.size() ? styles[text.style].fixedHeight : 0;
-    return Positive(text.height) ? text.height : Positive(fixed) ? fixed : 2.5;
+    return base::IsSize(text.height) ? text.height : base::IsSize(fixed) ? fixed : 2.5;
 }
 
 /// A filled bar from `a` to `b`, `half` to either side.
@@ -89,7 +85,7 @@ void MTextLayout::PlaceColumns(const drawing::MTextData& text, double lineWidth)
     const std::vector<TextLine>& lines = m_breaker.Lines();
     const int used = lines.back().column + 1;
     const int count = std::max(used, ColumnsShown(text));
-    const double gutter = count > 1 && Positive(text.columnGutter) ? text.columnGutter : 0;
+    const double gutter = count > 1 && base::IsSize(text.columnGutter) ? text.columnGutter : 0;
     m_columnWidth = lineWidth;
     m_boxWidth = count * lineWidth + (count - 1) * gutter;
     m_columnStarts.clear();
@@ -205,7 +201,7 @@ TypeStyle MTextLayout::BaseStyle(const drawing::Drawing& drawing, const drawing:
     base.height = HeightOf(drawing, text);
     if (text.style < styles.size()) {
         const drawing::TextStyle& style = styles[text.style];
-        base.width = Positive(style.widthFactor) ? style.widthFactor : 1;
+        base.width = base::IsSize(style.widthFactor) ? style.widthFactor : 1;
         base.oblique = std::isfinite(style.obliqueAngle) ? style.obliqueAngle : 0;
     }
     return base;
@@ -234,8 +230,8 @@ void MTextLayout::Lay(const drawing::Drawing& drawing, const drawing::MTextData&
     const TypeStyle base = BaseStyle(drawing, text);
     m_height = base.height;
     ParseMText(text.text, base, m_fonts, m_parsed);
-    const double asked = HasColumns(text) && Positive(text.columnWidth) ? text.columnWidth : text.width;
-    const double wrap = Positive(asked) ? asked : 0;
+    const double asked = HasColumns(text) && base::IsSize(text.columnWidth) ? text.columnWidth : text.width;
+    const double wrap = base::IsSize(asked) ? asked : 0;
     m_breaker.Break(m_parsed, wrap, m_height);
     StackLines(text);
     double lineWidth = wrap;

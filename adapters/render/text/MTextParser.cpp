@@ -8,7 +8,7 @@ namespace sm::render {
 
 namespace {
 
-constexpr std::size_t kDeepest = 64; // groups within groups
+constexpr std::size_t kDeepestGroup = 64; // groups within groups
 
 } // namespace
 
@@ -59,7 +59,7 @@ void MTextParser::Step()
         Code();
     } else if (c == '{' || c == '}') {
         ++m_at;
-        const bool opens = c == '{' && m_groups.size() < kDeepest;
+        const bool opens = c == '{' && m_groups.size() < kDeepestGroup;
         if (opens) {
             m_groups.push_back(m_look);
         } else if (c == '}' && !m_groups.empty()) {

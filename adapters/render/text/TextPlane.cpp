@@ -1,5 +1,6 @@
 #include "text/TextPlane.h"
 
+#include "base/Numbers.h"
 #include "base/Units.h"
 #include "drawing/entities/Texts.h"
 
@@ -8,11 +9,6 @@
 namespace sm::render {
 
 namespace {
-
-bool Positive(double value)
-{
-    return std::isfinite(value) && value > 0;
-}
 
 /// Axes of the OCS of an extrusion direction (DXF reference, arbitrary axis algorithm).
 struct Ocs {
@@ -32,7 +28,7 @@ Vec3 Cross(Vec3 a, Vec3 b)
 Vec3 Unit(Vec3 v)
 {
     const double length = std::sqrt(Dot(v, v));
-    return Positive(length) ? v * (1 / length) : Vec3{0, 0, 1};
+    return base::IsSize(length) ? v * (1 / length) : Vec3{0, 0, 1};
 }
 
 Ocs OcsOf(Vec3 extrusion)

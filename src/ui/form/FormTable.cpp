@@ -106,6 +106,11 @@ ControlRow& ControlRow::Cancel()
     return *this;
 }
 
+void AddRows(FormTable& table, const std::vector<ControlRow>& rows)
+{
+    table.insert(table.end(), rows.begin(), rows.end());
+}
+
 std::vector<FormControl> BuildControls(const FormTable& table)
 {
     std::vector<FormControl> controls;

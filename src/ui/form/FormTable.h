@@ -36,6 +36,7 @@ private:
 
 /// The form itself comes first. The keyboard visits the controls in the order of the table.
 using FormTable = std::vector<ControlRow>;
+void AddRows(FormTable& table, const std::vector<ControlRow>& rows);
 
 /// The table with parents and tab indices resolved.
 std::vector<FormControl> BuildControls(const FormTable& table);

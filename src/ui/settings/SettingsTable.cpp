@@ -10,41 +10,36 @@ using enum ControlKind;
 
 constexpr ControlPlace kPage{0, 0, 374, 236};
 
-void Add(FormTable& table, const std::vector<ControlRow>& rows)
-{
-    table.insert(table.end(), rows.begin(), rows.end());
-}
-
 void AddConversion(FormTable& table)
 {
-    Add(table,
-        {ControlRow(Frame, "FrmWhatToPlot", "What To Plot", {7, 7, 178, 42}, "pagGeneral"),
-         ControlRow(OptionButton, "optAllLayouts", "All Layout Tabs", {6, 12, 166, 10}, "FrmWhatToPlot"),
-         ControlRow(OptionButton, "optCurrentTab", "Current Tab", {6, 26, 166, 10}, "FrmWhatToPlot"),
-         ControlRow(Frame, "FrmGeneral", "General", {7, 55, 178, 56}, "pagGeneral"),
-         ControlRow(CheckBox, "chkFileName", "Prompt For File Name", {6, 12, 166, 10}, "FrmGeneral"),
-         ControlRow(CheckBox, "chkDeletePs", "Delete Temporary Postscript Files", {6, 26, 166, 10}, "FrmGeneral"),
-         ControlRow(CheckBox, "chkViewResults", "View Results in PDF Reader", {6, 40, 166, 10}, "FrmGeneral"),
-         ControlRow(Frame, "FrmLineQuality", "Line Quality", {7, 117, 178, 42}, "pagGeneral"),
-         ControlRow(OptionButton, "optSpeed", "Draft", {6, 12, 166, 10}, "FrmLineQuality"),
-         ControlRow(OptionButton, "optQuality", "Print", {6, 26, 166, 10}, "FrmLineQuality"),
-         ControlRow(Frame, "Frame1", "Raster Image Quality", {7, 165, 178, 32}, "pagGeneral"),
-         ControlRow(ComboBox, "cmbJobOpts", "", {6, 13, 166, 12}, "Frame1")});
+    AddRows(table,
+            {ControlRow(Frame, "FrmWhatToPlot", "What To Plot", {7, 7, 178, 42}, "pagGeneral"),
+             ControlRow(OptionButton, "optAllLayouts", "All Layout Tabs", {6, 12, 166, 10}, "FrmWhatToPlot"),
+             ControlRow(OptionButton, "optCurrentTab", "Current Tab", {6, 26, 166, 10}, "FrmWhatToPlot"),
+             ControlRow(Frame, "FrmGeneral", "General", {7, 55, 178, 56}, "pagGeneral"),
+             ControlRow(CheckBox, "chkFileName", "Prompt For File Name", {6, 12, 166, 10}, "FrmGeneral"),
+             ControlRow(CheckBox, "chkDeletePs", "Delete Temporary Postscript Files", {6, 26, 166, 10}, "FrmGeneral"),
+             ControlRow(CheckBox, "chkViewResults", "View Results in PDF Reader", {6, 40, 166, 10}, "FrmGeneral"),
+             ControlRow(Frame, "FrmLineQuality", "Line Quality", {7, 117, 178, 42}, "pagGeneral"),
+             ControlRow(OptionButton, "optSpeed", "Draft", {6, 12, 166, 10}, "FrmLineQuality"),
+             ControlRow(OptionButton, "optQuality", "Print", {6, 26, 166, 10}, "FrmLineQuality"),
+             ControlRow(Frame, "Frame1", "Raster Image Quality", {7, 165, 178, 32}, "pagGeneral"),
+             ControlRow(ComboBox, "cmbJobOpts", "", {6, 13, 166, 12}, "Frame1")});
 }
 
 void AddTransfer(FormTable& table)
 {
     const char* const links = "FrmTransPaperHyper";
-    Add(table,
-        {ControlRow(Frame, "Frame3", "Transfer Block Attributes", {189, 7, 178, 28}, "pagGeneral"),
-         ControlRow(CheckBox, "chkTransferAttributes", "Transfer Block Attribute Data", {6, 12, 166, 10}, "Frame3"),
-         ControlRow(Frame, links, "Transfer Paperspace Hyperlinks", {189, 41, 178, 70}, "pagGeneral"),
-         ControlRow(CheckBox, "chkHlinkBlocks", "Blocks and XRefs", {6, 12, 166, 10}, links),
-         ControlRow(CheckBox, "chkHlinkText", "Text", {6, 26, 166, 10}, links),
-         ControlRow(CheckBox, "chkHlinkDrawing", "Drawing Entities", {6, 40, 166, 10}, links),
-         ControlRow(CheckBox, "chkHlinkVPorts", "Viewports", {6, 54, 166, 10}, links),
-         ControlRow(Picture, "picTarnwick", "", {189, 119, 178, 78}, "pagGeneral"),
-         ControlRow(Image, "imgLogo", "", {9, 0, 160, 48}, "picTarnwick").Picture("logo")});
+    AddRows(table,
+            {ControlRow(Frame, "Frame3", "Transfer Block Attributes", {189, 7, 178, 28}, "pagGeneral"),
+             ControlRow(CheckBox, "chkTransferAttributes", "Transfer Block Attribute Data", {6, 12, 166, 10}, "Frame3"),
+             ControlRow(Frame, links, "Transfer Paperspace Hyperlinks", {189, 41, 178, 70}, "pagGeneral"),
+             ControlRow(CheckBox, "chkHlinkBlocks", "Blocks and XRefs", {6, 12, 166, 10}, links),
+             ControlRow(CheckBox, "chkHlinkText", "Text", {6, 26, 166, 10}, links),
+             ControlRow(CheckBox, "chkHlinkDrawing", "Drawing Entities", {6, 40, 166, 10}, links),
+             ControlRow(CheckBox, "chkHlinkVPorts", "Viewports", {6, 54, 166, 10}, links),
+             ControlRow(Picture, "picTarnwick", "", {189, 119, 178, 78}, "pagGeneral"),
+             ControlRow(Image, "imgLogo", "", {9, 0, 160, 48}, "picTarnwick").Picture("logo")});
 }
 
 void AddPageSetup(FormTable& table)
@@ -60,33 +55,34 @@ ControlRow Stamped(ControlKind kind, const char* name, const char* caption, Cont
 
 void AddStamp(FormTable& table)
 {
-    Add(table, {ControlRow(Frame, "fmeStampText", "Step 1: Text Stamp", {7, 7, 360, 44}, "pagStamp"),
-                ControlRow(Label, "lblStamp", "Select Stamp Text:", {6, 11, 100, 8}, "fmeStampText"),
-                ControlRow(ComboBox, "cmbStampText", "", {6, 22, 276, 12}, "fmeStampText"),
-                ControlRow(ListBox, "lstStampText", "", {}, "fmeStampText").Hidden(),
-                Stamped(CommandButton, "btnStampEdit", "Customize...", {288, 21, 66, 14}, "fmeStampText"),
-                ControlRow(Frame, "fmeStampFont", "Step 2: Font Settings", {7, 57, 360, 54}, "pagStamp"),
-                Stamped(Label, "lblStampFont", "Font:", {6, 14, 50, 8}, "fmeStampFont"),
-                Stamped(ComboBox, "cmbStampFont", "", {60, 12, 140, 12}, "fmeStampFont"),
-                Stamped(Label, "lblStampSize", "Size:", {220, 14, 40, 8}, "fmeStampFont"),
-                Stamped(ComboBox, "cmbStampSize", "", {264, 12, 60, 12}, "fmeStampFont"),
-                Stamped(Label, "lblStampJustify", "Justify:", {6, 34, 50, 8}, "fmeStampFont"),
-                Stamped(ComboBox, "cmbStampJustify", "", {60, 32, 140, 12}, "fmeStampFont"),
-                Stamped(Label, "lblStampColor", "Color:", {220, 34, 40, 8}, "fmeStampFont"),
-                Stamped(ColorButton, "btnStampColor", "", {264, 31, 60, 14}, "fmeStampFont"),
-                ControlRow(Frame, "fmeStampPosition", "Step 3: Stamp Position", {7, 117, 360, 54}, "pagStamp"),
-                Stamped(Label, "lblStampLayout", "Layout Tab:", {6, 14, 50, 8}, "fmeStampPosition"),
-                Stamped(ComboBox, "cmbStampLayout", "", {60, 12, 140, 12}, "fmeStampPosition"),
-                Stamped(Label, "lblStampX", "X:", {48, 34, 10, 8}, "fmeStampPosition"),
-                Stamped(TextBox, "txtStampX", "", {60, 32, 60, 12}, "fmeStampPosition"),
-                Stamped(Label, "lblStampY", "Y:", {128, 34, 10, 8}, "fmeStampPosition"),
-                Stamped(TextBox, "txtStampY", "", {140, 32, 60, 12}, "fmeStampPosition"),
-                Stamped(CommandButton, "btnStampPoints", "Get Point >", {220, 31, 66, 14}, "fmeStampPosition")});
+    AddRows(table, {ControlRow(Frame, "fmeStampText", "Step 1: Text Stamp", {7, 7, 360, 44}, "pagStamp"),
+                    ControlRow(Label, "lblStamp", "Select Stamp Text:", {6, 11, 100, 8}, "fmeStampText"),
+                    ControlRow(ComboBox, "cmbStampText", "", {6, 22, 276, 12}, "fmeStampText"),
+                    ControlRow(ListBox, "lstStampText", "", {}, "fmeStampText").Hidden(),
+                    Stamped(CommandButton, "btnStampEdit", "Customize...", {288, 21, 66, 14}, "fmeStampText"),
+                    ControlRow(Frame, "fmeStampFont", "Step 2: Font Settings", {7, 57, 360, 54}, "pagStamp"),
+                    Stamped(Label, "lblStampFont", "Font:", {6, 14, 50, 8}, "fmeStampFont"),
+                    Stamped(ComboBox, "cmbStampFont", "", {60, 12, 140, 12}, "fmeStampFont"),
+                    Stamped(Label, "lblStampSize", "Size:", {220, 14, 40, 8}, "fmeStampFont"),
+                    Stamped(ComboBox, "cmbStampSize", "", {264, 12, 60, 12}, "fmeStampFont"),
+                    Stamped(Label, "lblStampJustify", "Justify:", {6, 34, 50, 8}, "fmeStampFont"),
+                    Stamped(ComboBox, "cmbStampJustify", "", {60, 32, 140, 12}, "fmeStampFont"),
+                    Stamped(Label, "lblStampColor", "Color:", {220, 34, 40, 8}, "fmeStampFont"),
+                    Stamped(ColorButton, "btnStampColor", "", {264, 31, 60, 14}, "fmeStampFont"),
+                    ControlRow(Frame, "fmeStampPosition", "Step 3: Stamp Position", {7, 117, 360, 54}, "pagStamp"),
+                    Stamped(Label, "lblStampLayout", "Layout Tab:", {6, 14, 50, 8}, "fmeStampPosition"),
+                    Stamped(ComboBox, "cmbStampLayout", "", {60, 12, 140, 12}, "fmeStampPosition"),
+                    Stamped(Label, "lblStampX", "X:", {48, 34, 10, 8}, "fmeStampPosition"),
+                    Stamped(TextBox, "txtStampX", "", {60, 32, 60, 12}, "fmeStampPosition"),
+                    Stamped(Label, "lblStampY", "Y:", {128, 34, 10, 8}, "fmeStampPosition"),
+                    Stamped(TextBox, "txtStampY", "", {140, 32, 60, 12}, "fmeStampPosition"),
+                    Stamped(CommandButton, "btnStampPoints", "Get Point >", {220, 31, 66, 14}, "fmeStampPosition")});
 }
 
 void AddLists(FormTable& table)
 {
-    Add(table,
+    AddRows(
+        table,
         {ControlRow(Frame, "fmeAttach", "File Attachments", {7, 7, 360, 222}, "pagAttach"),
          ControlRow(ListView, "lstAttach", "", {6, 13, 348, 184}, "fmeAttach")
              .Columns({{"Title", 80}, {"Path", 120}, {"X", 44}, {"Y", 44}, {"Tab", 56}}),
@@ -136,10 +132,10 @@ FormTable SettingsTable()
     AddPageSetup(table);
     AddStamp(table);
     AddLists(table);
-    Add(table, {ControlRow(CommandButton, "btnPDF", "Create PDF", {155, 268, 60, 14}),
-                ControlRow(CommandButton, "btnOK", "&OK", {219, 268, 54, 14}).Default(),
-                ControlRow(CommandButton, "btnCancel", "Canc&el", {277, 268, 54, 14}).Cancel(),
-                ControlRow(CommandButton, "btnHelp", "Help", {335, 268, 54, 14})});
+    AddRows(table, {ControlRow(CommandButton, "btnPDF", "Create PDF", {155, 268, 60, 14}),
+                    ControlRow(CommandButton, "btnOK", "&OK", {219, 268, 54, 14}).Default(),
+                    ControlRow(CommandButton, "btnCancel", "Canc&el", {277, 268, 54, 14}).Cancel(),
+                    ControlRow(CommandButton, "btnHelp", "Help", {335, 268, 54, 14})});
     return table;
 }
 

@@ -8,6 +8,9 @@
 
 namespace sm::drawing {
 
+/// Bit of `flags`: the vertex is a control point of the frame that a curve or surface was fitted to.
+inline constexpr std::uint8_t kFrameVertex = 16;
+
 struct PolyVertex {
     Vec3 point;
     double bulge = 0, startWidth = 0, endWidth = 0;
@@ -23,7 +26,7 @@ struct PolylineData : Entity {
     double constantWidth = 0;
     double defaultStartWidth = 0, defaultEndWidth = 0;
     std::int32_t curveType = 0;                     ///< 75: 5 quadratic, 6 cubic B-spline, 8 Bezier
-    bool splineFitted = false, curveFitted = false; ///< 70 bits 4, 2: frame points (vertex flag 16) aren't drawn
+    bool splineFitted = false, curveFitted = false; ///< 70 bits 4, 2: frame points aren't drawn
     std::int32_t meshM = 0, meshN = 0;              ///< bounded by the vertices found
     bool meshClosedM = false, meshClosedN = false;
 };
