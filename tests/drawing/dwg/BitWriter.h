@@ -24,6 +24,26 @@ public:
     BitWriter& RS(unsigned value) { return RC(value & 0xFFU).RC(value >> 8U & 0xFFU); }
     BitWriter& RL(std::uint32_t value) { return RS(value & 0xFFFFU).RS(value >> 16U); }
     BitWriter& BS(unsigned value) { return value < 256 ? Bits(1, 2).RC(value) : Bits(0, 2).RS(value); }
+    BitWriter& B(bool value) { return Bits(value ? 1 : 0, 1); }
+    BitWriter& BL(std::uint32_t value) { return value < 256 ? Bits(1, 2).RC(value) : Bits(0, 2).RL(value); }
+    BitWriter& BD(double value) { return value == 0 ? Bits(2, 2) : value == 1 ? Bits(1, 2) : Bits(0, 2).RD(value); }
+    /// A colour of tables: its method and value as one number.
+    BitWriter& Color(std::uint32_t raw) { return BS(0).BL(raw).RC(0); }
+    /// A text up to R2004, and one from R2007 on.
+    BitWriter& T(const std::string& text)
+    {
+        BS(static_cast<unsigned>(text.size()));
+        for (const char c : text)
+            RC(static_cast<unsigned char>(c));
+        return *this;
+    }
+    BitWriter& WideT(const std::string& text)
+    {
+        BS(static_cast<unsigned>(text.size()));
+        for (const char c : text)
+            RS(static_cast<unsigned char>(c));
+        return *this;
+    }
     BitWriter& RD(double value)
     {
         std::uint64_t bits = 0;

@@ -192,6 +192,31 @@ void CompareCell(const Pair& pair, Fields& f, const TableData::Cell& a, const Ta
     f.Is("cell.block", BlockHandle(pair.dwg, a.block), BlockHandle(pair.dxf, b.block));
     f.Is("cell.textHeight", a.textHeight, b.textHeight);
     f.Is("cell.alignment", a.alignment, b.alignment);
+    f.Is("cell.blockScale", a.blockScale, b.blockScale);
+    f.Is("cell.rotation", a.rotation, b.rotation);
+    f.Is("cell.style", a.style, b.style);
+    f.Is("cell.textColor", a.textColor, b.textColor);
+    f.Is("cell.fillColor", a.fillColor, b.fillColor);
+    f.Is("cell.filled", a.filled, b.filled);
+    f.Each("cell.borders", a.borders, b.borders, [&](const TableData::Border& x, const TableData::Border& y) {
+        f.Is("cell.border.color", x.color, y.color);
+        f.Is("cell.border.lineweight", x.lineweight, y.lineweight);
+        f.Is("cell.border.hidden", x.hidden, y.hidden);
+    });
+    f.Each("cell.attributes", a.attributes, b.attributes, [&](const NoteAttribute& x, const NoteAttribute& y) {
+        f.Is("cell.attribute.definition", x.definition, y.definition);
+        f.Is("cell.attribute.text", x.text, y.text);
+    });
+}
+
+void CompareKind(Fields& f, const TableData::Kind& a, const TableData::Kind& b)
+{
+    f.Is("kind.style", a.style, b.style);
+    f.Is("kind.textHeight", a.textHeight, b.textHeight);
+    f.Is("kind.alignment", a.alignment, b.alignment);
+    f.Is("kind.textColor", a.textColor, b.textColor);
+    f.Is("kind.fillColor", a.fillColor, b.fillColor);
+    f.Is("kind.filled", a.filled, b.filled);
 }
 
 void Compare(const Pair& pair, Fields& f, const TableData& a, const TableData& b)
@@ -207,6 +232,8 @@ void Compare(const Pair& pair, Fields& f, const TableData& a, const TableData& b
     f.Is("marginY", a.marginY, b.marginY);
     f.Each("cells", a.cells, b.cells,
            [&](const TableData::Cell& x, const TableData::Cell& y) { CompareCell(pair, f, x, y); });
+    for (std::size_t kind = 0; kind < a.kinds.size(); ++kind)
+        CompareKind(f, a.kinds[kind], b.kinds[kind]);
 }
 
 template <class Data> void CompareAs(const Pair& pair, const EntityRecord& dwg, const EntityRecord& dxf, Fields& fields)

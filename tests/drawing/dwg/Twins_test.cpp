@@ -80,6 +80,7 @@ constexpr const char* kOldProxies = "an R14 DXF has newer objects as proxies, a 
 constexpr const char* kExtents = "the program brings the extents up to date when it writes a DXF";
 constexpr const char* kOldColors = "an R2000 DWG holds the nearest index of a multileader's true colour";
 constexpr const char* kFitSplines = "a DXF has the control points that the program makes of fit points and tangents";
+constexpr const char* kNewPicture = "the program made this anonymous block anew for the DXF";
 constexpr const char* kUnseenSheets = "the sheet of a layout that was never opened has no number in a DXF";
 
 /// A reason counts for the fields that begin with its own.
@@ -87,6 +88,7 @@ const char* ReasonFor(const std::string& field)
 {
     static constexpr Reason kReasons[] = {
         {"ACAD_PROXY_ENTITY.name", kOldProxies},
+        {"ACAD_TABLE.cell.block", kNewPicture},
         {"BLOCK.anonymous name", "the numbers of anonymous blocks are made up when a file is written"},
         {"COUNT.", kOldProxies},
         {"DRAWING.applications", "names that nothing refers to are left out of a DXF"},
@@ -94,7 +96,7 @@ const char* ReasonFor(const std::string& field)
         {"HEADER.$EXTMAX", kExtents},
         {"HEADER.$EXTMIN", kExtents},
         {"HEADER.$XCLIPFRAME", "a DXF up to R2007 knows 0 and 1 alone, a DWG 2 as well"},
-        {"INSERT.block", "the program made this anonymous block anew for the DXF"},
+        {"INSERT.block", kNewPicture},
         {"LAYOUT.", kOldProxies},
         {"LEADER.layer", "the two files were saved at different times, with another name of this layer"},
         {"LEADER.textWidth",
@@ -110,11 +112,6 @@ const char* ReasonFor(const std::string& field)
         {"VIEWPORT.isSheet", kUnseenSheets},
         {"VIEWPORT.shown", kUnseenSheets},
         {"VPORT.", "the view on the screen is that of the moment of saving"},
-        {"ACAD_TABLE.cells.size", "NOT DONE: cells of a DWG's table are not decoded, its block is drawn"},
-        {"ACAD_TABLE.columnWidths.size", "NOT DONE: as its cells"},
-        {"ACAD_TABLE.rowHeights.size", "NOT DONE: as its cells"},
-        {"ACAD_TABLE.marginX", "NOT DONE: table styles of R2010 and later are not decoded"},
-        {"ACAD_TABLE.marginY", "NOT DONE: table styles of R2010 and later are not decoded"},
     };
     for (const Reason& reason : kReasons)
         if (field == reason.field || (std::string_view(reason.field).ends_with('.') && field.starts_with(reason.field)))

@@ -48,6 +48,7 @@ void DecodeEmbeddedMText(Object& object);
 // Inserts.cpp
 void DecodeInsert(Object& object);
 void DecodeMInsert(Object& object);
+// Tables.cpp
 void DecodeTable(Object& object);
 // Polylines.cpp
 void DecodeLightPolyline(Object& object);

@@ -1,4 +1,5 @@
 #include "dwg/entities/EntityDecoders.h"
+#include "dwg/entities/InsertFields.h"
 
 namespace sm::drawing::dwg {
 
@@ -29,12 +30,7 @@ Vec3 ReadScale(Object& object)
     return scale;
 }
 
-struct InsertFields {
-    Vec3 insertion, scale, extrusion;
-    double rotation = 0, columnSpacing = 0, rowSpacing = 0;
-    std::int32_t columns = 1, rows = 1;
-    Handle block = 0;
-};
+} // namespace
 
 InsertFields ReadInsert(Object& object, bool array)
 {
@@ -59,6 +55,8 @@ InsertFields ReadInsert(Object& object, bool array)
     }
     return insert;
 }
+
+namespace {
 
 void WriteInsert(Object& object, bool array)
 {
@@ -91,27 +89,6 @@ void DecodeInsert(Object& object)
 void DecodeMInsert(Object& object)
 {
     WriteInsert(object, true);
-}
-
-void DecodeTable(Object& object)
-{
-    const InsertFields insert = ReadInsert(object, false);
-    BitReader& data = object.data;
-    TagSink& sink = object.sink;
-    object.WriteName(2, insert.block);
-    sink.Point(10, insert.insertion);
-    sink.HandleTag(343, insert.block);
-    object.WriteExtrusion(insert.extrusion);
-    if (object.Since(Release::R2010))
-        return; // the table's picture is its block
-    (void)data.BS();
-    sink.Point(11, object.BD3());
-    const std::uint32_t columns = data.Count(data.BL(), 2), rows = data.Count(data.BL(), 2);
-    for (std::uint32_t i = 0; i < columns && !data.Overrun(); ++i)
-        sink.Real(142, data.BD());
-    for (std::uint32_t i = 0; i < rows && !data.Overrun(); ++i)
-        sink.Real(141, data.BD());
-    sink.HandleTag(342, object.H());
 }
 
 } // namespace sm::drawing::dwg

@@ -1,3 +1,4 @@
+#include "dwg/objects/CellStyle.h"
 #include "dwg/records/RecordDecoders.h"
 
 namespace sm::drawing::dwg {
@@ -87,12 +88,18 @@ void DecodeMLeaderStyle(Object& object)
 
 namespace {
 
+/// What begins the values of data, title and header cells each: there is one even without a name.
+void WriteTextStyle(Object& object, Handle style)
+{
+    object.sink.Text(7, object.names.Of(style));
+}
+
 void WriteTableRow(Object& object)
 {
     BitReader& data = object.data;
     TagSink& sink = object.sink;
     constexpr int kBorders = 6;
-    object.WriteName(7, object.H());
+    WriteTextStyle(object, object.H());
     sink.Real(140, data.BD());
     sink.Integer(170, data.BS());
     sink.Integer(62, object.CMTC().Index());
@@ -110,12 +117,8 @@ void WriteTableRow(Object& object)
     }
 }
 
-} // namespace
-
-void DecodeTableStyle(Object& object)
+void DecodeOldTableStyle(Object& object)
 {
-    if (object.Since(Release::R2010))
-        return;
     BitReader& data = object.data;
     TagSink& sink = object.sink;
     object.WriteT(3);
@@ -127,6 +130,55 @@ void DecodeTableStyle(Object& object)
     sink.Integer(281, data.B() ? 1 : 0);
     for (int row = 0; row < 3; ++row)
         WriteTableRow(object);
+}
+
+/// Numbers of the cell styles that a table style has always.
+constexpr std::uint32_t kTitleStyle = 1, kHeaderStyle = 2, kDataStyle = 3;
+
+void WriteCellStyle(Object& object, const CellStyle& style)
+{
+    TagSink& sink = object.sink;
+    WriteTextStyle(object, style.format.style);
+    sink.Real(140, style.format.textHeight);
+    sink.Integer(170, style.format.alignment);
+    sink.Integer(62, style.format.color.Index());
+    sink.Integer(63, style.fill.Index());
+    sink.Integer(283, style.Filled() ? 1 : 0);
+}
+
+} // namespace
+
+void DecodeTableStyle(Object& object)
+{
+    constexpr std::uint32_t kLeastStyle = 10;
+    if (object.Before(Release::R2010)) {
+        DecodeOldTableStyle(object);
+        return;
+    }
+    BitReader& data = object.data;
+    (void)data.RC();
+    object.WriteT(3);
+    (void)data.BL();
+    (void)data.BL();
+    (void)object.H();
+    const CellStyle table = ReadCellStyle(object);
+    (void)data.BL();
+    (void)data.BL();
+    object.SkipT();
+    std::array<CellStyle, kDataStyle> styles;
+    for (std::uint32_t i = data.Count(data.BL(), kLeastStyle); i > 0 && !object.Lost(); --i) {
+        const std::uint32_t number = data.BL();
+        CellStyle style = ReadCellStyle(object);
+        (void)data.BL();
+        (void)data.BL();
+        object.SkipT();
+        if (number >= kTitleStyle && number <= kDataStyle)
+            styles[number - 1] = std::move(style);
+    }
+    object.sink.Real(40, table.marginX);
+    object.sink.Real(41, table.marginY);
+    for (const std::uint32_t number : {kDataStyle, kTitleStyle, kHeaderStyle})
+        WriteCellStyle(object, styles[number - 1]);
 }
 
 } // namespace sm::drawing::dwg

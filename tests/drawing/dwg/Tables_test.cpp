@@ -1,0 +1,306 @@
+// Tables and their styles from bits as each generation of releases stores them. Texts and handles follow the numbers in
+// the same stream here, as if an object had no other.
+#include "drawing/dwg/BitWriter.h"
+#include "drawing/dwg/DwgFiles.h"
+#include "dwg/entities/EntityDecoders.h"
+#include "dwg/records/RecordDecoders.h"
+
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace sm::drawing::dwg::testing {
+
+namespace {
+
+constexpr std::uint32_t kRed = 0xC3000001, kBlue = 0xC3000005, kByBlockColor = 0xC1000000, kNoFill = 0xC8000000;
+constexpr unsigned kPicture = 0x50, kTextStyle = 0x11, kTableStyle = 0x87;
+
+/// An object that reads the test's own bits.
+class Bench {
+public:
+    Bench(Release release, BitWriter bits)
+        : m_bits(std::move(bits)), m_file(FileOf2000({8}, 1).bytes),
+          m_container(Container::Open(m_file, "bench.dwg", m_findings)), object(m_container, m_sink, names)
+    {
+        names.entries = {{kTextStyle, "Notes"}};
+        object.release = release;
+        object.Fields::Open(BitReader(m_bits.Bytes(), 0, m_bits.Count()));
+        m_sink.Object("BENCH");
+    }
+    /// The tags that were written: code and value of each.
+    std::string Tags()
+    {
+        const DecodedTags decoded = m_sink.Finish();
+        const Slice& slice = decoded.structure.objects.at(0).slice;
+        TagCursor tags(decoded.bytes, TagFormat::BinaryLong, slice.begin, slice.length, 1);
+        std::ostringstream out;
+        while (tags.Next()) {
+            out << tags.Code() << '=';
+            if (tags.Type() == ValueType::Real)
+                out << tags.Real() << ' ';
+            else if (tags.Type() == ValueType::Integer)
+                out << tags.Long() << ' ';
+            else
+                out << tags.Text() << ' ';
+        }
+        return out.str();
+    }
+
+private:
+    BitWriter m_bits;
+    std::string m_file;
+    FindingList m_findings;
+    Container m_container;
+    TagSink m_sink;
+
+public:
+    Names names;
+    Object object;
+};
+
+/// The fields of the block reference that every table begins with, from R2000 on.
+void WriteReference(BitWriter& bits)
+{
+    bits.BD(1).BD(2).BD(0).Bits(3, 2).BD(0).BD(0).BD(0).BD(1).B(false).H(5, kPicture);
+}
+
+/// A cell up to R2007, as far as its text or block.
+void BeginCell(BitWriter& bits, unsigned kind, bool hidden, unsigned columns, unsigned rows)
+{
+    bits.BS(kind).RC(0).B(hidden).B(false).BL(columns).BL(rows).BD(0);
+}
+
+/// Two columns and one row: 12 and 8 wide, 3 high.
+void BeginOldTable(BitWriter& bits)
+{
+    WriteReference(bits);
+    bits.BS(22).BD(1).BD(0).BD(0).BL(2).BL(1).BD(12).BD(8).BD(3).H(5, kTableStyle);
+}
+
+const std::string kHeadTags = "10=1 20=2 30=0 343=50 ";
+const std::string kGridTags = "342=87 11=1 21=0 31=0 141=3 142=12 142=8 ";
+
+TEST(Tables, UpTo2004HaveTextsBlocksAndAllOverrides)
+{
+    constexpr unsigned kAll = 0x3FFFF & ~2U;
+    BitWriter bits;
+    BeginOldTable(bits);
+    BeginCell(bits, 1, false, 1, 1);
+    bits.H(5, 0).T("Title").B(true).BL(kAll).RC(0);
+    bits.BS(5).Color(kRed).Color(kBlue).H(5, kTextStyle).BD(2.5);
+    for (const unsigned side : {1U, 2U, 3U, 4U}) // top, right, bottom, left
+        bits.Color(0xC3000000 + side).BS(10 * side).BS(side == 4 ? 1 : 0);
+    BeginCell(bits, 2, true, 2, 3);
+    bits.H(5, 0x60).BD(0.5).B(true).BS(1).H(4, 0x61).BS(1).T("A7").B(false);
+    Bench bench(Release::R2004, bits);
+    DecodeTable(bench.object);
+    EXPECT_FALSE(bench.object.Lost());
+    EXPECT_EQ(bench.Tags(), kHeadTags + kGridTags +
+                                "171=1 173=0 175=1 176=1 1=Title 7=Notes 140=2.5 145=0 170=5 63=1 64=5 "
+                                "69=1 279=10 65=2 275=20 66=3 276=30 68=4 278=40 288=0 "
+                                "171=2 173=1 175=2 176=3 340=60 144=0.5 331=61 300=A7 145=0 ");
+}
+
+/// A value of R2007 and later.
+BitWriter& Value(BitWriter& bits, unsigned flags, unsigned type)
+{
+    return bits.BL(flags).BL(type);
+}
+void Shown(BitWriter& bits, const std::string& text)
+{
+    bits.BL(0).WideT("").WideT(text);
+}
+
+TEST(Tables, Of2007ShowTheTextOfValuesOrTheStringThatAValueIs)
+{
+    BitWriter bits;
+    BeginOldTable(bits);
+    BeginCell(bits, 1, false, 1, 1);
+    bits.H(5, 0).B(false).BL(0);
+    Shown(Value(bits, 4, 2).BD(0.35), "35 %");
+    BeginCell(bits, 1, false, 1, 1);
+    bits.H(5, 0).B(true).BL(2 + 4).RC(0).B(true).Color(kRed).BL(0); // a fill, but switched off
+    Shown(Value(bits, 0, 4).BL(6).RS('d').RS('r').RS('y'), "");
+    Bench bench(Release::R2007, bits);
+    DecodeTable(bench.object);
+    EXPECT_FALSE(bench.object.Lost());
+    EXPECT_EQ(bench.Tags(), kHeadTags + kGridTags +
+                                "171=1 173=0 175=1 176=1 1=35 % 145=0 "
+                                "171=1 173=0 175=1 176=1 1=dry 145=0 ");
+}
+
+/// How contents are shown.
+void Format(BitWriter& bits, unsigned overrides, double height, unsigned alignment)
+{
+    bits.BL(overrides).BL(0).BL(512).BL(0).WideT("").BD(0).BD(2).BL(alignment).Color(kBlue).H(5, kTextStyle).BD(height);
+}
+
+/// A style of a cell, row or column with margins of 0.5 at the top and 2.5 at the left.
+void Style(BitWriter& bits, unsigned overrides, double height, unsigned alignment, std::uint32_t fill)
+{
+    bits.BL(1).BS(1).BL(overrides).BL(0).Color(fill).BL(1);
+    Format(bits, 0, height, alignment);
+    bits.BS(1).BD(0.5).BD(2.5).BD(0.5).BD(2.5).BD(4.5).BD(4.5);
+    bits.BL(2);
+    for (const unsigned edge : {0x20U, 2U}) // right, and what lies between cells
+        bits.BL(edge).BL(0x1A).BL(1).Color(kRed).BL(40).H(5, 0).BL(1).BD(1);
+}
+
+void NoStyle(BitWriter& bits)
+{
+    bits.BL(1).BS(0);
+}
+
+void BeginNewCell(BitWriter& bits, unsigned contents)
+{
+    bits.BL(0).WideT("").BL(0).BL(0).BL(0).BL(contents);
+}
+
+void EndRow(BitWriter& bits, double height)
+{
+    bits.BL(1).BD(height);
+}
+
+/// From R2013 on: two columns and two rows; those of the first are merged.
+BitWriter NewTable()
+{
+    BitWriter bits;
+    WriteReference(bits);
+    bits.RC(0).H(5, 0).BL(0).BL(0).WideT("").WideT("").BL(2);
+    for (const double width : {12.0, 8.0}) {
+        bits.WideT("").BL(0).BL(0);
+        NoStyle(bits);
+        bits.BL(0).BD(width);
+    }
+    bits.BL(2);
+    // A text of its own height and a custom value, and an empty cell that has its row's.
+    bits.BL(2).BL(0).WideT("").BL(0).BL(1).WideT("sum");
+    Shown(Value(bits, 0, 32).BL(24).RD(1).RD(2).RD(3), "");
+    bits.BL(0).BL(1).BL(1);
+    Shown(Value(bits, 6, 4).BL(4).RS('T').RS('i'), "Ti");
+    bits.BL(0).BS(1);
+    Format(bits, 0x80, 4, 1);
+    Style(bits, 0x10 + 0x200, 9, 6, kRed);
+    bits.BL(0).BL(1).BL(3).BD(5).BD(6).BL(1).H(5, 0);
+    for (int i = 0; i < 10; ++i)
+        bits.BD(1);
+    bits.BL(0);
+    BeginNewCell(bits, 0);
+    NoStyle(bits);
+    bits.BL(0).BL(0).BL(0).BL(0);
+    Style(bits, 0x80, 7, 1, kNoFill);
+    EndRow(bits, 3);
+    // A block with an attribute, and two contents in one cell.
+    bits.BL(2);
+    BeginNewCell(bits, 1);
+    bits.BL(4).H(5, 0x60).BL(1).H(4, 0x61).WideT("A7").BL(1).BS(1);
+    Format(bits, 8, 4, 1);
+    NoStyle(bits);
+    bits.BL(0).BL(0);
+    BeginNewCell(bits, 2);
+    for (const char* const text : {"a", "b"}) {
+        bits.BL(1);
+        Shown(Value(bits, 0, 512).BL(0), text);
+        bits.BL(0).BS(0);
+    }
+    NoStyle(bits);
+    bits.BL(0).BL(0).BL(0).BL(0);
+    NoStyle(bits);
+    EndRow(bits, 4);
+    bits.BL(0);
+    NoStyle(bits);
+    bits.BL(2).BL(0).BL(0).BL(0).BL(1).BL(1).BL(1).BL(9).BL(9); // the second merge lies outside
+    return bits.H(5, kTableStyle).BS(6).BD(1).BD(0).BD(0);
+}
+
+const std::string kBordersOfTheStyle = "65=1 275=40 285=0 ";
+
+TEST(Tables, From2010OnInheritFromRowsAndAreMergedAtTheEnd)
+{
+    Bench bench(Release::R2018, NewTable());
+    DecodeTable(bench.object);
+    EXPECT_FALSE(bench.object.Lost());
+    EXPECT_EQ(bench.Tags(), kHeadTags + "342=87 11=1 21=0 31=0 141=3 141=4 142=12 142=8 " +
+                                "171=1 173=0 175=2 176=1 1=Ti 140=4 170=6 63=1 " + kBordersOfTheStyle +
+                                "171=1 173=1 175=1 176=1 140=7 " + kBordersOfTheStyle +
+                                "171=2 173=0 175=1 176=1 340=60 144=2 331=61 300=A7 "
+                                "171=1 173=0 175=1 176=1 1=a\\Pb ");
+}
+
+BitWriter CutTable()
+{
+    const BitWriter whole = NewTable();
+    BitWriter bits;
+    BitReader reader(whole.Bytes(), 0, whole.Count());
+    for (std::uint64_t i = whole.Count() / 2; i > 0; --i)
+        bits.B(reader.B());
+    return bits;
+}
+
+TEST(Tables, WhoseCellsAreDamagedAreDrawnByTheirBlock)
+{
+    Bench bench(Release::R2018, CutTable());
+    bench.names.entries[kPicture] = "*T1";
+    DecodeTable(bench.object);
+    EXPECT_FALSE(bench.object.Lost());
+    EXPECT_EQ(bench.Tags(), "2=*T1 " + kHeadTags);
+}
+
+TEST(Tables, WhoseCellsAreDamagedAreLostWithoutABlock)
+{
+    Bench bench(Release::R2018, CutTable());
+    DecodeTable(bench.object);
+    EXPECT_TRUE(bench.object.Lost());
+}
+
+TEST(Tables, OfMoreCellsThanTheirBitsAreLostAndTakeNoMemory)
+{
+    BitWriter bits;
+    WriteReference(bits);
+    bits.BS(22).BD(1).BD(0).BD(0).BL(60'000).BL(60'000);
+    for (int i = 0; i < 120'000; ++i)
+        bits.BD(0);
+    bits.H(5, kTableStyle);
+    Bench bench(Release::R2000, bits);
+    DecodeTable(bench.object);
+    EXPECT_TRUE(bench.object.Lost());
+}
+
+TEST(TableStyles, Of2010HaveTheirCellStylesInTheOrderOfADxf)
+{
+    BitWriter bits;
+    bits.RC(0).WideT("Standard").BL(0).BL(101).H(5, 0);
+    Style(bits, 0, 1, 1, kNoFill);
+    bits.BL(4).BL(2).WideT("Table").BL(4);
+    unsigned alignment = 4;
+    for (const unsigned number : {1U, 2U, 3U, 101U}) { // title, header, data, one of the user's
+        bits.BL(number);
+        Style(bits, 0, 10.0 * number, alignment++, number == 2 ? kRed : kNoFill);
+        bits.BL(number).BL(1).WideT("name");
+    }
+    Bench bench(Release::R2010, bits);
+    DecodeTableStyle(bench.object);
+    EXPECT_FALSE(bench.object.Lost());
+    EXPECT_EQ(bench.Tags(), "3=Standard 40=2.5 41=0.5 7=Notes 140=30 170=6 62=5 63=7 283=0 "
+                            "7=Notes 140=10 170=4 62=5 63=7 283=0 7=Notes 140=20 170=5 62=5 63=1 283=1 ");
+}
+
+TEST(TableStyles, Of2000NameATextStyleForEachKindEvenIfItIsMissing)
+{
+    BitWriter bits;
+    bits.T("Old").BS(0).BS(0).BD(1.5).BD(2.5).B(true).B(false);
+    for (const unsigned style : {kTextStyle, 0x99U, kTextStyle}) {
+        bits.H(5, style).BD(3).BS(2).Color(kByBlockColor).Color(kNoFill).B(false);
+        for (int border = 0; border < 6; ++border)
+            bits.BS(0).B(true).Color(kByBlockColor);
+    }
+    Bench bench(Release::R2000, bits);
+    DecodeTableStyle(bench.object);
+    EXPECT_FALSE(bench.object.Lost());
+    EXPECT_EQ(bench.Tags(), "3=Old 70=0 71=0 40=1.5 41=2.5 280=1 281=0 7=Notes 140=3 170=2 62=0 63=7 283=0 "
+                            "7= 140=3 170=2 62=0 63=7 283=0 7=Notes 140=3 170=2 62=0 63=7 283=0 ");
+}
+
+} // namespace
+
+} // namespace sm::drawing::dwg::testing
