@@ -1,12 +1,10 @@
 // Tables and their styles from bits as each generation of releases stores them. Texts and handles follow the numbers in
 // the same stream here, as if an object had no other.
-#include "drawing/dwg/BitWriter.h"
-#include "drawing/dwg/DwgFiles.h"
+#include "drawing/dwg/ObjectBench.h"
 #include "dwg/entities/EntityDecoders.h"
 #include "dwg/records/RecordDecoders.h"
 
 #include <gtest/gtest.h>
-#include <sstream>
 
 namespace sm::drawing::dwg::testing {
 
@@ -15,47 +13,11 @@ namespace {
 constexpr std::uint32_t kRed = 0xC3000001, kBlue = 0xC3000005, kByBlockColor = 0xC1000000, kNoFill = 0xC8000000;
 constexpr unsigned kPicture = 0x50, kTextStyle = 0x11, kTableStyle = 0x87;
 
-/// An object that reads the test's own bits.
-class Bench {
-public:
-    Bench(Release release, BitWriter bits)
-        : m_bits(std::move(bits)), m_file(FileOf2000({8}, 1).bytes),
-          m_container(Container::Open(m_file, "bench.dwg", m_findings)), object(m_container, m_sink, names)
+struct TableBench : ObjectBench {
+    TableBench(Release release, const BitWriter& bits) : ObjectBench(release, bits)
     {
         names.entries = {{kTextStyle, "Notes"}};
-        object.release = release;
-        object.Fields::Open(BitReader(m_bits.Bytes(), 0, m_bits.Count()));
-        m_sink.Object("BENCH");
     }
-    /// The tags that were written: code and value of each.
-    std::string Tags()
-    {
-        const DecodedTags decoded = m_sink.Finish();
-        const Slice& slice = decoded.structure.objects.at(0).slice;
-        TagCursor tags(decoded.bytes, TagFormat::BinaryLong, slice.begin, slice.length, 1);
-        std::ostringstream out;
-        while (tags.Next()) {
-            out << tags.Code() << '=';
-            if (tags.Type() == ValueType::Real)
-                out << tags.Real() << ' ';
-            else if (tags.Type() == ValueType::Integer)
-                out << tags.Long() << ' ';
-            else
-                out << tags.Text() << ' ';
-        }
-        return out.str();
-    }
-
-private:
-    BitWriter m_bits;
-    std::string m_file;
-    FindingList m_findings;
-    Container m_container;
-    TagSink m_sink;
-
-public:
-    Names names;
-    Object object;
 };
 
 /// The fields of the block reference that every table begins with, from R2000 on.
@@ -92,7 +54,7 @@ TEST(Tables, UpTo2004HaveTextsBlocksAndAllOverrides)
         bits.Color(0xC3000000 + side).BS(10 * side).BS(side == 4 ? 1 : 0);
     BeginCell(bits, 2, true, 2, 3);
     bits.H(5, 0x60).BD(0.5).B(true).BS(1).H(4, 0x61).BS(1).T("A7").B(false);
-    Bench bench(Release::R2004, bits);
+    TableBench bench(Release::R2004, bits);
     DecodeTable(bench.object);
     EXPECT_FALSE(bench.object.Lost());
     EXPECT_EQ(bench.Tags(), kHeadTags + kGridTags +
@@ -121,7 +83,7 @@ TEST(Tables, Of2007ShowTheTextOfValuesOrTheStringThatAValueIs)
     BeginCell(bits, 1, false, 1, 1);
     bits.H(5, 0).B(true).BL(2 + 4).RC(0).B(true).Color(kRed).BL(0); // a fill, but switched off
     Shown(Value(bits, 0, 4).BL(6).RS('d').RS('r').RS('y'), "");
-    Bench bench(Release::R2007, bits);
+    TableBench bench(Release::R2007, bits);
     DecodeTable(bench.object);
     EXPECT_FALSE(bench.object.Lost());
     EXPECT_EQ(bench.Tags(), kHeadTags + kGridTags +
@@ -217,7 +179,7 @@ const std::string kBordersOfTheStyle = "65=1 275=40 285=0 ";
 
 TEST(Tables, From2010OnInheritFromRowsAndAreMergedAtTheEnd)
 {
-    Bench bench(Release::R2018, NewTable());
+    TableBench bench(Release::R2018, NewTable());
     DecodeTable(bench.object);
     EXPECT_FALSE(bench.object.Lost());
     EXPECT_EQ(bench.Tags(), kHeadTags + "342=87 11=1 21=0 31=0 141=3 141=4 142=12 142=8 " +
@@ -239,7 +201,7 @@ BitWriter CutTable()
 
 TEST(Tables, WhoseCellsAreDamagedAreDrawnByTheirBlock)
 {
-    Bench bench(Release::R2018, CutTable());
+    TableBench bench(Release::R2018, CutTable());
     bench.names.entries[kPicture] = "*T1";
     DecodeTable(bench.object);
     EXPECT_FALSE(bench.object.Lost());
@@ -248,7 +210,7 @@ TEST(Tables, WhoseCellsAreDamagedAreDrawnByTheirBlock)
 
 TEST(Tables, WhoseCellsAreDamagedAreLostWithoutABlock)
 {
-    Bench bench(Release::R2018, CutTable());
+    TableBench bench(Release::R2018, CutTable());
     DecodeTable(bench.object);
     EXPECT_TRUE(bench.object.Lost());
 }
@@ -261,7 +223,7 @@ TEST(Tables, OfMoreCellsThanTheirBitsAreLostAndTakeNoMemory)
     for (int i = 0; i < 120'000; ++i)
         bits.BD(0);
     bits.H(5, kTableStyle);
-    Bench bench(Release::R2000, bits);
+    TableBench bench(Release::R2000, bits);
     DecodeTable(bench.object);
     EXPECT_TRUE(bench.object.Lost());
 }
@@ -278,7 +240,7 @@ TEST(TableStyles, Of2010HaveTheirCellStylesInTheOrderOfADxf)
         Style(bits, 0, 10.0 * number, alignment++, number == 2 ? kRed : kNoFill);
         bits.BL(number).BL(1).WideT("name");
     }
-    Bench bench(Release::R2010, bits);
+    TableBench bench(Release::R2010, bits);
     DecodeTableStyle(bench.object);
     EXPECT_FALSE(bench.object.Lost());
     EXPECT_EQ(bench.Tags(), "3=Standard 40=2.5 41=0.5 7=Notes 140=30 170=6 62=5 63=7 283=0 "
@@ -294,7 +256,7 @@ TEST(TableStyles, Of2000NameATextStyleForEachKindEvenIfItIsMissing)
         for (int border = 0; border < 6; ++border)
             bits.BS(0).B(true).Color(kByBlockColor);
     }
-    Bench bench(Release::R2000, bits);
+    TableBench bench(Release::R2000, bits);
     DecodeTableStyle(bench.object);
     EXPECT_FALSE(bench.object.Lost());
     EXPECT_EQ(bench.Tags(), "3=Old 70=0 71=0 40=1.5 41=2.5 280=1 281=0 7=Notes 140=3 170=2 62=0 63=7 283=0 "
