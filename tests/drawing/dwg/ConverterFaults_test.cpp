@@ -153,10 +153,11 @@ BitWriter AttributeOf2010(unsigned flags)
     return bits.RC(0).WideT("ROOM").BS(0).RC(flags).B(true);
 }
 
-BitWriter FitSplineOf2013()
+/// `knots`: 0 by the lengths of chords, 2 even.
+BitWriter FitSplineOf2013(unsigned knots)
 {
     BitWriter bits;
-    bits.BL(2).BL(1).BL(0).BL(3).BD(0).BD(1).BD(0).BD(0).BD(0).BD(1).BD(0).BL(2);
+    bits.BL(2).BL(1).BL(knots).BL(3).BD(0).BD(3).BD(0).BD(0).BD(0).BD(6).BD(0).BL(2);
     return bits.BD(1).BD(2).BD(0).BD(3).BD(4).BD(0);
 }
 
@@ -187,8 +188,10 @@ const std::vector<Row> kRows{
      "10=10 20=0 30=0 70=162 "},
     {"AnAttributeKeepsItsFlags", Release::R2010, 2, DecodeAttribute, AttributeOf2010(9),
      "10=1 20=2 30=0 40=2.5 1=7 7=Notes 2=ROOM 70=9 280=1 "},
-    {"ASplineOf2013MayHaveFitPointsAndTangents", Release::R2013, 36, DecodeSpline, FitSplineOf2013(),
-     "70=0 71=3 12=1 22=0 32=0 13=0 23=1 33=0 11=1 21=2 31=0 11=3 21=4 31=0 "},
+    {"ASplineOf2013MayHaveFitPointsAndTangents", Release::R2013, 36, DecodeSpline, FitSplineOf2013(0),
+     "70=0 71=3 12=3 22=0 32=0 13=0 23=6 33=0 11=1 21=2 31=0 11=3 21=4 31=0 "},
+    {"ASplineOfTwoFitPointsOverEvenKnotsIsABezierCurve", Release::R2013, 36, DecodeSpline, FitSplineOf2013(2),
+     "70=0 71=3 40=0 40=0 40=0 40=0 40=1 40=1 40=1 40=1 10=1 20=2 30=0 10=2 20=2 30=0 10=3 20=2 30=0 10=3 20=4 30=0 "},
     {"ASolidHasItsElevationInEachCorner", Release::R2004, 31, DecodeSolid,
      BitWriter().B(true).BD(5).RD(1).RD(2).RD(3).RD(4).RD(5).RD(6).RD(7).RD(8).B(true),
      "10=1 20=2 30=5 11=3 21=4 31=5 12=5 22=6 32=5 13=7 23=8 33=5 "},

@@ -1,5 +1,7 @@
 #include "dwg/entities/EntityDecoders.h"
 
+#include <vector>
+
 namespace sm::drawing::dwg {
 
 void DecodeLine(Object& object)
@@ -90,20 +92,51 @@ void DecodeControlForm(Object& object, std::uint32_t degree)
     }
 }
 
-void DecodeFitForm(Object& object, std::uint32_t degree, std::int32_t flags)
+/// What fit points and tangents define.
+struct FitForm {
+    Vec3 startTangent, endTangent;
+    std::vector<Vec3> points;
+};
+
+FitForm ReadFitForm(Object& object)
 {
     BitReader& data = object.data;
-    TagSink& sink = object.sink;
+    FitForm form;
     (void)data.BD();
-    const Vec3 start = object.BD3(), end = object.BD3();
-    sink.Integer(70, flags);
-    sink.Integer(71, degree);
-    if (start != Vec3{})
-        sink.Point(12, start);
-    if (end != Vec3{})
-        sink.Point(13, end);
+    form.startTangent = object.BD3();
+    form.endTangent = object.BD3();
     for (std::uint32_t points = data.Count(data.BL(), 6); points > 0 && !data.Overrun(); --points)
-        sink.Point(11, object.BD3());
+        form.points.push_back(object.BD3());
+    return form;
+}
+
+void WriteFitForm(TagSink& sink, const FitForm& form)
+{
+    if (form.startTangent != Vec3{})
+        sink.Point(12, form.startTangent);
+    if (form.endTangent != Vec3{})
+        sink.Point(13, form.endTangent);
+    for (const Vec3& point : form.points)
+        sink.Point(11, point);
+}
+
+/// Two points and two tangents over even knots are one Bezier curve: there the length of the tangents counts, which
+/// readers of fit points don't look at.
+bool IsBezier(const FitForm& form, std::uint32_t knots)
+{
+    constexpr std::uint32_t kEvenKnots = 2;
+    return knots == kEvenKnots && form.points.size() == 2 && form.startTangent != Vec3{} && form.endTangent != Vec3{};
+}
+
+void WriteBezier(TagSink& sink, const FitForm& form)
+{
+    constexpr double kThird = 1.0 / 3;
+    for (const double knot : {0, 0, 0, 0, 1, 1, 1, 1})
+        sink.Real(40, knot);
+    sink.Point(10, form.points[0]);
+    sink.Point(10, form.points[0] + form.startTangent * kThird);
+    sink.Point(10, form.points[1] - form.endTangent * kThird);
+    sink.Point(10, form.points[1]);
 }
 
 } // namespace
@@ -114,16 +147,25 @@ void DecodeSpline(Object& object)
     BitReader& data = object.data;
     bool fit = data.BL() == kFitScenario;
     std::int32_t flags = 0;
+    std::uint32_t knots = 0;
     if (object.Since(Release::R2013)) {
-        const std::uint32_t bits = data.BL(), knots = data.BL();
+        const std::uint32_t bits = data.BL();
+        knots = data.BL();
         fit = (bits & kFitMethod) != 0 && knots != kCustomKnots;
         flags = (bits & kClosedFit) != 0 ? kClosed : 0;
     }
     const std::uint32_t degree = data.BL();
-    if (fit)
-        DecodeFitForm(object, degree, flags);
-    else
+    if (!fit) {
         DecodeControlForm(object, degree);
+        return;
+    }
+    const FitForm form = ReadFitForm(object);
+    object.sink.Integer(70, flags);
+    object.sink.Integer(71, degree);
+    if (IsBezier(form, knots))
+        WriteBezier(object.sink, form);
+    else
+        WriteFitForm(object.sink, form);
 }
 
 void DecodeHelix(Object& object)
