@@ -216,7 +216,7 @@ TEST_P(ConverterFaults, AreNoneOfOurs)
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ConverterFaults, ::testing::ValuesIn(kRows),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         [](const auto& row) { return std::string(row.param.name); });
 
 namespace fs = std::filesystem;
 

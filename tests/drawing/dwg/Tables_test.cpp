@@ -219,13 +219,34 @@ TEST(Tables, OfMoreCellsThanTheirBitsAreLostAndTakeNoMemory)
 {
     BitWriter bits;
     WriteReference(bits);
-    bits.BS(22).BD(1).BD(0).BD(0).BL(60'000).BL(60'000);
-    for (int i = 0; i < 120'000; ++i)
+    bits.BS(22).BD(1).BD(0).BD(0).BL(15'000).BL(15'000);
+    for (int i = 0; i < 30'000; ++i)
         bits.BD(0);
     bits.H(5, kTableStyle);
     TableBench bench(Release::R2000, bits);
     DecodeTable(bench.object);
     EXPECT_TRUE(bench.object.Lost());
+}
+
+TEST(Tables, KeepBoundedNumbersOfAttributes)
+{
+    BitWriter bits;
+    BeginOldTable(bits);
+    for (int cell = 0; cell < 2; ++cell) {
+        BeginCell(bits, 2, false, 1, 1);
+        bits.H(5, 0x60).BD(1).B(true).BS(15'000);
+        for (int i = 0; i < 15'000; ++i)
+            bits.H(4, 0x61).BS(1).T("");
+        bits.B(false);
+    }
+    TableBench bench(Release::R2004, bits);
+    DecodeTable(bench.object);
+    EXPECT_FALSE(bench.object.Lost());
+    const std::string tags = bench.Tags();
+    std::size_t kept = 0;
+    for (std::size_t at = tags.find(" 331="); at != std::string::npos; at = tags.find(" 331=", at + 1))
+        ++kept;
+    EXPECT_EQ(kept, 20'000U);
 }
 
 TEST(TableStyles, Of2010HaveTheirCellStylesInTheOrderOfADxf)

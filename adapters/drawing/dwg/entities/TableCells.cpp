@@ -45,7 +45,7 @@ CellLook ReadLook(Object& object)
     return look;
 }
 
-void ReadBlockOfCell(Object& object, TableCell& cell)
+void ReadBlockOfCell(Object& object, TableGrid& grid, TableCell& cell)
 {
     constexpr std::uint32_t kLeastAttribute = 2;
     BitReader& data = object.data;
@@ -54,12 +54,12 @@ void ReadBlockOfCell(Object& object, TableCell& cell)
     for (; attributes > 0 && !object.Lost(); --attributes) {
         const Handle definition = object.H();
         (void)data.BS();
-        cell.attributes.emplace_back(definition, object.T());
+        KeepAttribute(grid, cell, definition, object.T());
     }
     cell.look.scale = scale;
 }
 
-TableCell ReadCell(Object& object)
+TableCell ReadCell(Object& object, TableGrid& grid)
 {
     BitReader& data = object.data;
     TableCell cell;
@@ -73,7 +73,7 @@ TableCell ReadCell(Object& object)
     const Handle value = object.H(); // of a block, or of a field in place of a text
     if (cell.isBlock) {
         cell.block = value;
-        ReadBlockOfCell(object, cell);
+        ReadBlockOfCell(object, grid, cell);
     } else if (object.Before(Release::R2007) && value == 0) {
         cell.text = object.T();
     }
@@ -143,6 +143,21 @@ void WriteCell(Object& object, const TableCell& cell)
 
 } // namespace
 
+std::uint32_t ReadTableCount(Object& object, std::uint32_t bits)
+{
+    const std::uint32_t count = object.data.Count(object.data.BL(), bits);
+    if (count <= kMostTableCells)
+        return count;
+    object.data.Fail();
+    return 0;
+}
+
+void KeepAttribute(TableGrid& grid, TableCell& cell, Handle definition, std::string_view text)
+{
+    if (grid.attributes++ < kMostTableCells)
+        cell.attributes.emplace_back(definition, text);
+}
+
 std::string ReadTableValue(Object& object)
 {
     constexpr std::uint32_t kEmpty = 1;
@@ -165,7 +180,7 @@ TableGrid ReadTableCells(Object& object)
     TableGrid grid;
     (void)data.BS();
     grid.direction = object.BD3();
-    const std::uint32_t columns = data.Count(data.BL(), kLeastNumber), rows = data.Count(data.BL(), kLeastNumber);
+    const std::uint32_t columns = ReadTableCount(object, kLeastNumber), rows = ReadTableCount(object, kLeastNumber);
     for (std::uint32_t i = 0; i < columns && !data.Overrun(); ++i)
         grid.columnWidths.push_back(data.BD());
     for (std::uint32_t i = 0; i < rows && !data.Overrun(); ++i)
@@ -175,7 +190,7 @@ TableGrid ReadTableCells(Object& object)
     if (cells > data.Left() / kLeastCell)
         data.Fail();
     for (; cells > 0 && grid.cells.size() < kMostTableCells && !object.Lost(); --cells)
-        grid.cells.push_back(ReadCell(object));
+        grid.cells.push_back(ReadCell(object, grid));
     return grid;
 }
 

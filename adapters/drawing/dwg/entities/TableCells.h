@@ -22,6 +22,7 @@ struct TableGrid {
     Handle style = 0;
     std::vector<double> columnWidths, rowHeights;
     std::vector<TableCell> cells; ///< row by row; those of the largest tables are cut off, as readers of DXF do
+    std::size_t attributes = 0;   ///< kept in all cells
 };
 
 /// From behind the fields of the block reference on, up to R2007.
@@ -30,8 +31,14 @@ TableGrid ReadTableCells(Object& object);
 TableGrid ReadTableContent(Object& object);
 void WriteTableGrid(Object& object, const TableGrid& grid);
 
-/// Cells that are kept of one table.
+/// Cells, and attributes in them, that are kept of one table; a table of more rows or columns is damaged.
 constexpr std::size_t kMostTableCells = 20'000;
+
+/// How many rows or columns follow, of at least `bits` bits each; 0, and the object is lost, when there are too many.
+std::uint32_t ReadTableCount(Object& object, std::uint32_t bits);
+
+/// Keeps what an attribute of a cell's block says, unless the table has too many.
+void KeepAttribute(TableGrid& grid, TableCell& cell, Handle definition, std::string_view text);
 
 /// What shows of a value that a cell holds, from R2007 on: what the program made of it, else the text that it is.
 std::string ReadTableValue(Object& object);

@@ -21,7 +21,7 @@ void SkipCustomData(Object& object)
     }
 }
 
-void ReadContent(Object& object, TableCell& cell)
+void ReadContent(Object& object, TableGrid& grid, TableCell& cell)
 {
     BitReader& data = object.data;
     const std::uint32_t kind = data.BL();
@@ -38,7 +38,7 @@ void ReadContent(Object& object, TableCell& cell)
     }
     for (std::uint32_t i = data.Count(data.BL(), kLeastItem); i > 0 && !object.Lost(); --i) {
         const Handle definition = object.H();
-        cell.attributes.emplace_back(definition, object.T());
+        KeepAttribute(grid, cell, definition, object.T());
         (void)data.BL();
     }
     if (data.BS() != 0) {
@@ -63,7 +63,7 @@ void SkipGeometry(Object& object)
     }
 }
 
-TableCell ReadCell(Object& object)
+TableCell ReadCell(Object& object, TableGrid& grid)
 {
     BitReader& data = object.data;
     TableCell cell;
@@ -77,7 +77,7 @@ TableCell ReadCell(Object& object)
             (void)data.BL();
     }
     for (std::uint32_t i = data.Count(data.BL(), kLeastItem); i > 0 && !object.Lost(); --i)
-        ReadContent(object, cell);
+        ReadContent(object, grid, cell);
     cell.look.FillFrom(ReadCellStyle(object).look);
     (void)data.BL();
     if (data.BL() != 0)
@@ -92,7 +92,7 @@ void ReadRow(Object& object, TableGrid& grid, std::size_t row)
     const std::size_t columns = grid.columnWidths.size(), first = std::min(row * columns, kMostTableCells);
     const std::size_t end = std::min(first + columns, kMostTableCells);
     for (std::uint32_t i = data.Count(data.BL(), kLeastCell); i > 0 && !object.Lost(); --i) {
-        TableCell cell = ReadCell(object);
+        TableCell cell = ReadCell(object, grid);
         if (grid.cells.size() < end)
             grid.cells.push_back(std::move(cell));
     }
@@ -132,13 +132,11 @@ std::vector<CellLook> ReadColumns(Object& object, TableGrid& grid)
 {
     BitReader& data = object.data;
     std::vector<CellLook> looks;
-    for (std::uint32_t i = data.Count(data.BL(), kLeastColumn); i > 0 && !object.Lost(); --i) {
+    for (std::uint32_t i = ReadTableCount(object, kLeastColumn); i > 0 && !object.Lost(); --i) {
         object.SkipT();
         (void)data.BL();
         SkipCustomData(object);
-        const CellLook look = ReadCellStyle(object).look;
-        if (looks.size() < kMostTableCells)
-            looks.push_back(look);
+        looks.push_back(ReadCellStyle(object).look);
         (void)data.BL();
         grid.columnWidths.push_back(data.BD());
     }
@@ -161,7 +159,7 @@ TableGrid ReadTableContent(Object& object)
     object.SkipT();
     object.SkipT();
     const std::vector<CellLook> columns = ReadColumns(object, grid);
-    const std::uint32_t rows = data.Count(data.BL(), kLeastRow);
+    const std::uint32_t rows = ReadTableCount(object, kLeastRow);
     for (std::uint32_t row = 0; row < rows && !object.Lost(); ++row)
         ReadRow(object, grid, row);
     object.SkipH(data.Count(data.BL()));
