@@ -1,7 +1,7 @@
 // One row for each thing that DWG converters get wrong, here read right: fields from bits as the format stores them,
 // and what needs whole files from drawings of the shared folder (SM_SHARED_DRAWINGS, or beside the source tree).
 #include "drawing/Drawing.h"
-#include "drawing/dwg/ObjectBench.h"
+#include "drawing/dwg/objects/ObjectBench.h"
 #include "drawing/entities/Graphics.h"
 #include "drawing/entities/Solids.h"
 #include "drawing/entities/TableEntities.h"
