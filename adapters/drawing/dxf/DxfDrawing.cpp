@@ -98,6 +98,13 @@ std::unique_ptr<Drawing> Drawing::Open(const std::string& path, const DwgOptions
     return std::make_unique<DxfDrawing>(std::move(model), dwg, std::move(records));
 }
 
+std::unique_ptr<Drawing> OpenDwgBytes(std::string bytes, const std::string& name)
+{
+    if (!IsNativeDwg(bytes))
+        throw DrawingError(name + ": this is no DWG of a release that is read without a converter");
+    return std::make_unique<DxfDrawing>(ReadDwgModel(FileBytes::Keep(std::move(bytes)), name));
+}
+
 std::unique_ptr<Drawing> Drawing::FromBytes(std::string bytes, const std::string& name)
 {
     if (bytes.empty())

@@ -73,4 +73,7 @@ private:
 /// Reads the whole model. Throws DrawingError when nothing is usable.
 std::unique_ptr<Model> ReadModel(FileBytes bytes, const std::string& path);
 
+/// A DWG of R9 or later that lies in memory, for tests. Throws DrawingError as Drawing::Open does, and for other bytes.
+std::unique_ptr<Drawing> OpenDwgBytes(std::string bytes, const std::string& name);
+
 } // namespace sm::drawing

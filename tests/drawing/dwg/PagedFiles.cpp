@@ -1,6 +1,8 @@
 #include "drawing/dwg/DwgFiles.h"
 #include "dwg/file/Checksums.h"
 
+#include <algorithm>
+
 namespace sm::drawing::dwg::testing {
 
 namespace {
@@ -68,8 +70,11 @@ public:
 
 } // namespace
 
-std::string Literal2004(const std::string& bytes)
+std::string Literal2004(const std::string& shortOrLong)
 {
+    // No run is shorter than four bytes; what is too much isn't read.
+    std::string bytes = shortOrLong;
+    bytes.resize(std::max<std::size_t>(bytes.size(), 4));
     std::string data;
     const std::size_t count = bytes.size() - 3;
     if (count <= 0x0F) {

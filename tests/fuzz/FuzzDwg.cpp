@@ -1,0 +1,92 @@
+#include "fuzz/FuzzDwg.h"
+
+#include "drawing/Drawing.h"
+#include "dwg/file/Decompress.h"
+#include "dxf/DxfDrawing.h"
+#include "fuzz/BuiltFile.h"
+#include "fuzz/WalkDrawing.h"
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <vector>
+
+namespace sm::drawing::dwg::testing {
+
+namespace {
+
+void Decompress(Mode mode, std::string_view bytes)
+{
+    if (bytes.size() < 2)
+        return;
+    std::vector<char> target(static_cast<unsigned char>(bytes[0]) |
+                             static_cast<unsigned>(static_cast<unsigned char>(bytes[1])) << 8U);
+    bytes.remove_prefix(2);
+    const Decompressed done = mode == Mode::Pages2004 ? Decompress2004(bytes, target) : Decompress2007(bytes, target);
+    if (done.written > target.size())
+        std::abort();
+}
+
+/// An error is one line that names the file; anything else that is thrown ends the run.
+void OpenFile(std::string bytes)
+{
+    if (bytes.empty())
+        return;
+    try {
+        const auto drawing = OpenDwgBytes(std::move(bytes), "plan.dwg");
+        (void)sm::drawing::testing::Walk(*drawing);
+    } catch (const DrawingError& error) {
+        if (std::strncmp(error.what(), "plan.dwg: ", 10) != 0 || std::strchr(error.what(), '\n') != nullptr)
+            std::abort();
+    }
+}
+
+Mode ModeOf(std::uint8_t byte)
+{
+    return static_cast<Mode>(byte % static_cast<unsigned>(Mode::Count));
+}
+
+constexpr std::array kMagics{"AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"};
+
+} // namespace
+
+std::string KindOfInput(const std::uint8_t* data, std::size_t size)
+{
+    if (size == 0)
+        return "empty";
+    if (data[0] == kWholeFile) {
+        const std::string magic(reinterpret_cast<const char*>(data), size < 6 ? size : 6);
+        for (const char* known : {"AC1004", "AC1006", "AC1009"})
+            if (magic == known)
+                return "whole " + magic;
+        for (const char* known : kMagics)
+            if (magic == known)
+                return "whole " + magic;
+        return "whole, other";
+    }
+    switch (ModeOf(data[0])) {
+    case Mode::Pages2004:
+        return "pages 2004";
+    case Mode::Pages2007:
+        return "pages 2007";
+    default:
+        return size < 2 ? "empty" : "built " + std::string(kMagics[data[1] % kReleases]);
+    }
+}
+
+} // namespace sm::drawing::dwg::testing
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    using namespace sm::drawing::dwg::testing;
+    if (size == 0)
+        return 0;
+    const std::string_view input(reinterpret_cast<const char*>(data), size);
+    if (data[0] == kWholeFile)
+        OpenFile(std::string(input));
+    else if (ModeOf(data[0]) != Mode::Built)
+        Decompress(ModeOf(data[0]), input.substr(1));
+    else if (size > 1)
+        OpenFile(FileOfParts(data[1], input.substr(2)));
+    return 0;
+}
