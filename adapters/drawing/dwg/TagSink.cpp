@@ -118,17 +118,17 @@ std::uint16_t TagSink::IndexOfUnknown(std::string_view name)
     return static_cast<std::uint16_t>(m_found.unknownNames.size() - 1);
 }
 
-void TagSink::Code(int code)
-{
-    ++m_found.tags;
-    Append(static_cast<std::int16_t>(code));
-}
-
 void TagSink::Text(int code, std::string_view text)
 {
-    Code(code);
-    m_bytes.append(text.substr(0, text.find('\0')));
-    m_bytes.push_back('\0');
+    ++m_found.tags;
+    text = text.substr(0, text.find('\0'));
+    const auto number = static_cast<std::int16_t>(code);
+    const std::size_t at = m_bytes.size();
+    m_bytes.resize(at + sizeof number + text.size() + 1); // with the NUL
+    char* const to = m_bytes.data() + at;
+    std::memcpy(to, &number, sizeof number);
+    if (!text.empty())
+        std::memcpy(to + sizeof number, text.data(), text.size());
 }
 
 void TagSink::Real(int code, double value)
@@ -137,8 +137,7 @@ void TagSink::Real(int code, double value)
         Integer(code, static_cast<std::int64_t>(std::clamp(value, -9e18, 9e18)));
         return;
     }
-    Code(code);
-    Append(value);
+    Append(code, value);
 }
 
 void TagSink::Integer(int code, std::int64_t value)
@@ -152,28 +151,30 @@ void TagSink::Integer(int code, std::int64_t value)
         Text(code, std::to_string(value));
         return;
     }
-    Code(code);
     if (type.width == 1)
-        Append(static_cast<std::uint8_t>(value));
+        Append(code, static_cast<std::uint8_t>(value));
     else if (type.width == 2)
-        Append(static_cast<std::int16_t>(value));
+        Append(code, static_cast<std::int16_t>(value));
     else if (type.width == 4)
-        Append(static_cast<std::int32_t>(value));
+        Append(code, static_cast<std::int32_t>(value));
     else
-        Append(value);
+        Append(code, value);
 }
 
 void TagSink::HandleTag(int code, Handle handle)
 {
     constexpr std::string_view kDigits = "0123456789ABCDEF";
-    std::array<char, 17> text{};
-    std::size_t at = text.size() - 1;
+    std::array<char, 19> tag{};
+    std::size_t at = tag.size() - 1; // before the NUL
     do {
-        text[--at] = kDigits[handle & 15];
+        tag[--at] = kDigits[handle & 15];
         handle >>= 4;
     } while (handle != 0);
-    Code(code);
-    m_bytes.append(text.data() + at, text.size() - at); // with the NUL
+    const auto number = static_cast<std::int16_t>(code);
+    at -= sizeof number;
+    std::memcpy(tag.data() + at, &number, sizeof number);
+    ++m_found.tags;
+    m_bytes.append(tag.data() + at, tag.size() - at);
 }
 
 void TagSink::Chunks(int code, std::string_view bytes)
@@ -181,23 +182,35 @@ void TagSink::Chunks(int code, std::string_view bytes)
     constexpr std::size_t kMost = 255;
     for (std::size_t at = 0; at < bytes.size(); at += kMost) {
         const std::string_view chunk = bytes.substr(at, kMost);
-        Code(code);
-        m_bytes.push_back(static_cast<char>(chunk.size()));
+        Append(code, static_cast<std::uint8_t>(chunk.size()));
         m_bytes.append(chunk);
     }
 }
 
+void TagSink::Points(int code, std::span<const double> values)
+{
+    constexpr std::size_t kCode = sizeof(std::int16_t), kTag = kCode + sizeof(double), kMost = 3;
+    std::array<char, kTag * kMost> tags;
+    char* to = tags.data();
+    for (const double value : values) {
+        const auto number = static_cast<std::int16_t>(code);
+        std::memcpy(to, &number, kCode);
+        std::memcpy(to + kCode, &value, sizeof value);
+        to += kTag;
+        code += 10;
+    }
+    m_found.tags += values.size();
+    m_bytes.append(tags.data(), to);
+}
+
 void TagSink::Point(int code, const Vec2& point)
 {
-    Real(code, point.x);
-    Real(code + 10, point.y);
+    Points(code, std::array{point.x, point.y});
 }
 
 void TagSink::Point(int code, const Vec3& point)
 {
-    Real(code, point.x);
-    Real(code + 10, point.y);
-    Real(code + 20, point.z);
+    Points(code, std::array{point.x, point.y, point.z});
 }
 
 std::string TagSink::Take(std::size_t from)

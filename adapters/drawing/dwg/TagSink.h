@@ -4,7 +4,9 @@
 
 #include "tags/Structure.h"
 
+#include <cstring>
 #include <deque>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -49,7 +51,7 @@ public:
     void HandleTag(int code, Handle handle);
     /// As tags of at most 255 bytes.
     void Chunks(int code, std::string_view bytes);
-    /// A point whose x has that code: y +10, z +20.
+    /// A point whose x has that code: y +10, z +20. The codes are those of reals.
     void Point(int code, const Vec2& point);
     void Point(int code, const Vec3& point);
 
@@ -68,10 +70,16 @@ private:
     void CloseEntity();
     std::uint16_t IndexOfUnknown(std::string_view name);
     [[nodiscard]] Slice Here() const { return {m_bytes.size(), 0, m_found.tags + 1}; }
-    void Code(int code);
-    template <class Value> void Append(Value value)
+    void Points(int code, std::span<const double> values);
+    /// A code and its value in one step.
+    template <class Value> void Append(int code, Value value)
     {
-        m_bytes.append(reinterpret_cast<const char*>(&value), sizeof value);
+        ++m_found.tags;
+        const auto number = static_cast<std::int16_t>(code);
+        char tag[sizeof number + sizeof value];
+        std::memcpy(tag, &number, sizeof number);
+        std::memcpy(tag + sizeof number, &value, sizeof value);
+        m_bytes.append(tag, sizeof tag);
     }
 
     std::string m_bytes;

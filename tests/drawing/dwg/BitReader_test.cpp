@@ -1,5 +1,7 @@
 #include "dwg/bits/BitReader.h"
 
+#include "drawing/dwg/BitWriter.h"
+
 #include <gtest/gtest.h>
 
 namespace sm::drawing::dwg {
@@ -125,6 +127,31 @@ TEST(BitReader, BytesAreCopiedFromAnyBit)
     bits.Copy(1, copied);
     EXPECT_EQ(copied, "ABD");
     EXPECT_TRUE(bits.Overrun());
+}
+
+TEST(BitReader, WholeWordsAndHandlesAreReadFromAnyBit)
+{
+    for (unsigned shift = 0; shift < 8; ++shift) {
+        testing::BitWriter written;
+        written.Bits(0, shift).RL(0x55667788).RL(0x11223344).H(5, 0x8899AABBCCDDEEFF).H(4, 0x123456789ABCDE).H(2, 0);
+        written.Bits(0x0102030405060708, 64).Bits(0x090A0B0C0D0E0F10, 64).Bits(0x11, 8);
+        BitReader bits(written.Bytes(), shift, written.Count());
+        EXPECT_EQ(bits.RLL(), 0x1122334455667788U) << shift;
+        RawHandle handle = bits.H();
+        EXPECT_EQ(handle.code, 5) << shift;
+        EXPECT_EQ(handle.value, 0x8899AABBCCDDEEFFU) << shift;
+        handle = bits.H();
+        EXPECT_EQ(handle.value, 0x123456789ABCDEU) << shift;
+        handle = bits.H();
+        EXPECT_EQ(handle.code, 2) << shift;
+        EXPECT_EQ(handle.value, 0U) << shift;
+        std::string copied;
+        bits.Copy(17, copied);
+        EXPECT_EQ(copied, Hex("0102030405060708090A0B0C0D0E0F1011")) << shift;
+        EXPECT_FALSE(bits.Overrun()) << shift;
+        EXPECT_EQ(bits.RLL(), 0U) << shift;
+        EXPECT_TRUE(bits.Overrun()) << shift;
+    }
 }
 
 TEST(BitReader, ValuesThatNoWriterStoresFail)

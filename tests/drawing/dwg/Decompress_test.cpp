@@ -139,6 +139,11 @@ TEST(Checksums, AgreeWithTheirDefinitions)
     EXPECT_EQ(PageSum(0, "abc"), 0x024A0126U);
     EXPECT_EQ(PageSum(PageSum(0, "a"), "bc"), 0x024A0126U);
     // Both sums are kept below 0xFFF1.
+    std::string rising(70000, '\0');
+    for (std::size_t i = 0; i < rising.size(); ++i)
+        rising[i] = static_cast<char>(i * 7);
+    EXPECT_EQ(PageSum(0, rising), 0x26DF3670U);
+    EXPECT_EQ(PageSum(0x00050003, rising.substr(0, 77)), 0xE75C2505U);
     EXPECT_EQ(PageSum(0, std::string(300, '\xFF')), (std::uint32_t{0xB7E3} << 16U) | 0x2AE3U);
 }
 

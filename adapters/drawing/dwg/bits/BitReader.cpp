@@ -53,21 +53,6 @@ double BitReader::RD()
     return 0;
 }
 
-std::uint32_t BitReader::BL()
-{
-    switch (Bits(2)) {
-    case 0:
-        return RL();
-    case 1:
-        return RC();
-    case 2:
-        return 0;
-    default:
-        Fail();
-        return 0;
-    }
-}
-
 std::uint64_t BitReader::BLL()
 {
     const unsigned count = Bits(3);
@@ -75,21 +60,6 @@ std::uint64_t BitReader::BLL()
     for (unsigned i = 0; i < count; ++i)
         value |= static_cast<std::uint64_t>(RC()) << (8 * i);
     return value;
-}
-
-double BitReader::BD()
-{
-    switch (Bits(2)) {
-    case 0:
-        return RD();
-    case 1:
-        return 1;
-    case 2:
-        return 0;
-    default:
-        Fail();
-        return 0;
-    }
 }
 
 double BitReader::DD(double normal)
@@ -182,20 +152,16 @@ void BitReader::Copy(std::uint64_t count, std::string& target)
     }
     const std::size_t old = target.size();
     target.resize(old + count);
-    for (std::uint64_t i = 0; i < count; ++i, ++from)
-        target[old + i] = static_cast<char>(from[0] << shift | from[1] >> (8 - shift));
-}
-
-RawHandle BitReader::H()
-{
-    RawHandle handle;
-    handle.code = static_cast<std::uint8_t>(Bits(4));
-    const unsigned count = Bits(4);
-    if (count > 8)
-        Fail();
-    for (unsigned i = 0; i < count && count <= 8; ++i)
-        handle.value = handle.value << 8 | RC();
-    return handle;
+    char* to = target.data() + old;
+    std::uint64_t i = 0;
+    for (; i + sizeof i <= count; i += sizeof i, from += sizeof i) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, from, sizeof word);
+        word = __builtin_bswap64(__builtin_bswap64(word) << shift | from[8] >> (8 - shift));
+        std::memcpy(to + i, &word, sizeof word);
+    }
+    for (; i < count; ++i, ++from)
+        to[i] = static_cast<char>(from[0] << shift | from[1] >> (8 - shift));
 }
 
 } // namespace sm::drawing::dwg

@@ -70,6 +70,7 @@ public:
 
 private:
     [[nodiscard]] std::uint64_t Window() const;
+    [[nodiscard]] std::uint64_t Word() const;
 
     const unsigned char* m_bytes = nullptr;
     std::uint64_t m_size = 0; ///< bytes that may be touched
@@ -113,10 +114,25 @@ inline std::uint32_t BitReader::RL()
     return __builtin_bswap32(Bits(32));
 }
 
+/// The next 64 bits, left-aligned; the caller has proven that they are there.
+inline std::uint64_t BitReader::Word() const
+{
+    const unsigned shift = m_at & 7;
+    const std::uint64_t byte = m_at >> 3;
+    const std::uint64_t window = Window();
+    return shift == 0 ? window : window | m_bytes[byte + 8] >> (8 - shift);
+}
+
 inline std::uint64_t BitReader::RLL()
 {
-    const std::uint64_t low = RL();
-    return low | static_cast<std::uint64_t>(RL()) << 32;
+    constexpr unsigned kBits = 64;
+    if (m_at + kBits > m_end) {
+        Fail();
+        return 0;
+    }
+    const std::uint64_t word = Word();
+    m_at += kBits;
+    return __builtin_bswap64(word);
 }
 
 inline std::uint16_t BitReader::BS()
@@ -131,6 +147,55 @@ inline std::uint16_t BitReader::BS()
     default:
         return 256;
     }
+}
+
+inline std::uint32_t BitReader::BL()
+{
+    switch (Bits(2)) {
+    case 0:
+        return RL();
+    case 1:
+        return RC();
+    case 2:
+        return 0;
+    default:
+        Fail();
+        return 0;
+    }
+}
+
+inline double BitReader::BD()
+{
+    switch (Bits(2)) {
+    case 0:
+        return RD();
+    case 1:
+        return 1;
+    case 2:
+        return 0;
+    default:
+        Fail();
+        return 0;
+    }
+}
+
+inline RawHandle BitReader::H()
+{
+    constexpr unsigned kMostBytes = 8, kWindowBytes = 7;
+    const std::uint32_t head = Bits(8);
+    RawHandle handle;
+    handle.code = static_cast<std::uint8_t>(head >> 4);
+    const unsigned count = head & 15U;
+    if (count > kMostBytes || m_at + 8 * count > m_end) {
+        Fail();
+        return handle;
+    }
+    if (count > kWindowBytes)
+        handle.value = Word();
+    else if (count != 0)
+        handle.value = Window() >> (64 - 8 * count);
+    m_at += 8 * count;
+    return handle;
 }
 
 } // namespace sm::drawing::dwg

@@ -1,6 +1,10 @@
 #include "dwg/file/Checksums.h"
 
 #include <array>
+#ifdef __SSE2__
+#include <cstring>
+#include <emmintrin.h>
+#endif
 
 namespace sm::drawing::dwg {
 
@@ -41,19 +45,55 @@ std::uint32_t Crc32(std::string_view bytes)
 
 namespace {
 
-/// The two sums of a page over a block: each byte counts for itself, and in the second sum once more for each byte from
-/// it to the end of the block. Written so that the compiler adds many bytes at once.
 constexpr std::size_t kBlock = 32;
-void AddBlock(const char* bytes, std::uint32_t& low, std::uint32_t& high)
+
+#ifdef __SSE2__
+/// Adds the sum of four lanes to `sum`.
+void AddLanes(__m128i lanes, std::uint32_t& sum)
 {
-    std::uint32_t sum = 0, weighted = 0;
-    for (std::uint32_t i = 0; i < kBlock; ++i) {
+    std::uint32_t parts[4];
+    std::memcpy(parts, &lanes, sizeof parts);
+    sum += parts[0] + parts[1] + parts[2] + parts[3];
+}
+
+/// Sixteen bytes, each times its weight: those of `weights` for the first eight, eight less for the others.
+__m128i Weighted(__m128i bytes, __m128i weights)
+{
+    const __m128i zero = _mm_setzero_si128();
+    return _mm_add_epi32(_mm_madd_epi16(_mm_unpacklo_epi8(bytes, zero), weights),
+                         _mm_madd_epi16(_mm_unpackhi_epi8(bytes, zero), _mm_sub_epi16(weights, _mm_set1_epi16(8))));
+}
+#endif
+
+/// The two sums of a page over whole blocks: each byte counts for itself, and in the second sum once more for each byte
+/// from it to the end.
+void AddBlocks(const char* bytes, std::size_t blocks, std::uint32_t& low, std::uint32_t& high)
+{
+    high += static_cast<std::uint32_t>(blocks * kBlock) * low;
+#ifdef __SSE2__
+    const __m128i zero = _mm_setzero_si128();
+    const __m128i first = _mm_set_epi16(25, 26, 27, 28, 29, 30, 31, 32),
+                  second = _mm_sub_epi16(first, _mm_set1_epi16(16));
+    __m128i sums = zero, before = zero, weighted = zero; // before: the sums at the start of each block
+    for (std::size_t i = 0; i < blocks; ++i, bytes += kBlock) {
+        const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
+        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + kBlock / 2));
+        before = _mm_add_epi32(before, sums);
+        sums = _mm_add_epi32(sums, _mm_add_epi32(_mm_sad_epu8(a, zero), _mm_sad_epu8(b, zero)));
+        weighted = _mm_add_epi32(weighted, _mm_add_epi32(Weighted(a, first), Weighted(b, second)));
+    }
+    AddLanes(sums, low);
+    AddLanes(_mm_slli_epi32(before, 5), high); // times 32
+    AddLanes(weighted, high);
+#else
+    std::uint32_t sum = 0;
+    for (std::size_t i = 0; i < blocks * kBlock; ++i) {
         const std::uint32_t byte = static_cast<unsigned char>(bytes[i]);
         sum += byte;
-        weighted += byte * (kBlock - i);
+        high += sum;
     }
-    high += kBlock * low + weighted;
     low += sum;
+#endif
 }
 
 } // namespace
@@ -68,8 +108,9 @@ std::uint32_t PageSum(std::uint32_t seed, std::string_view bytes)
     while (!bytes.empty()) {
         std::string_view run = bytes.substr(0, kRun);
         bytes.remove_prefix(run.size());
-        for (; run.size() >= kBlock; run.remove_prefix(kBlock))
-            AddBlock(run.data(), low, high);
+        const std::size_t blocks = run.size() / kBlock;
+        AddBlocks(run.data(), blocks, low, high);
+        run.remove_prefix(blocks * kBlock);
         for (const char c : run) {
             low += static_cast<unsigned char>(c);
             high += low;

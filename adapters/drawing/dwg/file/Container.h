@@ -4,6 +4,8 @@
 #include "tags/FindingList.h"
 
 #include <cstdint>
+#include <cstdlib>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -65,7 +67,10 @@ private:
     friend class ContainerBuilder;
 
     FileFacts m_facts;
-    std::vector<std::vector<char>> m_buffers; ///< what was decompressed; views point into them
+    struct Free {
+        void operator()(char* bytes) const { std::free(bytes); }
+    };
+    std::vector<std::unique_ptr<char, Free>> m_buffers; ///< what was decompressed; views point into them
     std::string_view m_header, m_classes, m_objects, m_dataStore, m_summary;
     std::vector<ObjectPlace> m_map;
     std::optional<std::int16_t> m_measurement;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 
 namespace sm::drawing::dwg {
 
@@ -74,7 +75,13 @@ std::uint64_t ContainerBuilder::Granted(std::uint64_t size)
 
 std::span<char> ContainerBuilder::Zeros(std::uint64_t size)
 {
-    return m_built.m_buffers.emplace_back(Granted(size));
+    // Not a vector: memory that the system gives is zero already, and most of it is written at once.
+    size = Granted(size);
+    char* const bytes = static_cast<char*>(std::calloc(std::max<std::uint64_t>(size, 1), 1));
+    if (bytes == nullptr)
+        throw std::bad_alloc();
+    m_built.m_buffers.emplace_back(bytes);
+    return {bytes, size};
 }
 
 std::vector<char> ContainerBuilder::Scratch(std::uint64_t size)

@@ -52,8 +52,8 @@ constexpr std::array<Runs, kBlock> kOrders{{
     {{{30, 1}, {26, 4}, {18, 8}, {10, 8}, {2, 8}, {1, 1}, {0, 1}}},
 }};
 
-/// Whole blocks stand in the file in this order of their quarters' halves.
-constexpr Runs kWholeBlock{{{24, 4}, {28, 4}, {16, 4}, {20, 4}, {8, 4}, {12, 4}, {0, 4}, {4, 4}}};
+/// Whole blocks stand in the file in this order of their quarters.
+constexpr Runs kWholeBlock{{{24, 8}, {16, 8}, {8, 8}, {0, 8}}};
 
 /// Runs have one, four or eight bytes.
 char* CopyRun(char* to, const char* from, std::size_t count)

@@ -5,6 +5,7 @@
 #include "dwg/objects/NearestIndex.h"
 
 #include <algorithm>
+#include <array>
 
 namespace sm::drawing::dwg {
 
@@ -28,10 +29,13 @@ void AppendPlain(std::string& text, unsigned character)
     }
 }
 
-/// A byte that isn't copied as it is.
-bool NeedsCare(char c)
+/// A byte that isn't copied as it is. All are asked, so that the compiler asks many at once.
+bool NeedsCare(std::string_view bytes)
 {
-    return static_cast<unsigned char>(c) < 0x20 || c == '^';
+    unsigned care = 0;
+    for (const char c : bytes)
+        care |= static_cast<unsigned>(static_cast<unsigned char>(c) < 0x20) | static_cast<unsigned>(c == '^');
+    return care != 0;
 }
 
 bool IsLeadByte(unsigned byte)
@@ -120,6 +124,21 @@ std::string_view Fields::Utf16(std::uint64_t units)
     return Utf16(data, units);
 }
 
+/// Most texts are letters of ASCII: four of them at a time, as long as they are nothing else.
+void Fields::AppendLetters(BitReader& reader, std::uint64_t& units)
+{
+    for (; units >= 4; units -= 4) {
+        BitReader ahead = reader;
+        const std::uint64_t word = ahead.RLL();
+        const std::array<char, 4> four{static_cast<char>(word), static_cast<char>(word >> 16),
+                                       static_cast<char>(word >> 32), static_cast<char>(word >> 48)};
+        if ((word & 0xFF80FF80FF80FF80U) != 0 || NeedsCare({four.data(), four.size()}))
+            return;
+        m_text.append(four.data(), four.size());
+        reader = ahead;
+    }
+}
+
 std::string_view Fields::Utf16(BitReader& reader, std::uint64_t units)
 {
     m_text.clear();
@@ -127,6 +146,7 @@ std::string_view Fields::Utf16(BitReader& reader, std::uint64_t units)
         reader.Fail();
         return {};
     }
+    AppendLetters(reader, units);
     for (; units > 0; --units) {
         std::uint32_t unit = reader.RS();
         if (unit == 0)
@@ -159,7 +179,7 @@ std::string_view Fields::Bytes(BitReader& reader, std::uint64_t length)
     // Nearly all texts need no more than a copy.
     BitReader again = reader;
     reader.Copy(length, m_text);
-    if (std::ranges::none_of(m_text, NeedsCare))
+    if (!NeedsCare(m_text))
         return m_text;
     m_text.clear();
     reader = again;

@@ -84,6 +84,7 @@ public:
 private:
     [[nodiscard]] Handle Resolve(RawHandle raw) const;
     std::string_view Utf16(BitReader& reader, std::uint64_t units);
+    void AppendLetters(BitReader& reader, std::uint64_t& units);
 
     BitReader m_texts, m_links;
     bool m_ownTexts = false, m_ownLinks = false;
