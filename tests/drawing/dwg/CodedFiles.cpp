@@ -52,15 +52,15 @@ std::string HeadOf(std::uint64_t pageMapAt, std::uint64_t pageMapSize, std::uint
 
 } // namespace
 
-std::string CodedFileOf(const std::map<std::string, std::string>& sections)
+std::string CodedFileOf(const std::map<std::string, std::string>& sections, bool encrypted)
 {
     CodedPages pages;
     std::string table;
     for (const auto& [name, bytes] : sections) {
         const std::string wide = Wide(name);
         const std::uint64_t id = pages.Add(Interleaved(bytes, 251));
-        table +=
-            Le64(bytes.size()) + Le64(0xF800) + Le64(0) + Le64(0) + Le64(wide.size()) + Le64(0) + Le64(4) + Le64(1);
+        table += Le64(bytes.size()) + Le64(0xF800) + Le64(encrypted ? 1 : 0) + Le64(0) + Le64(wide.size()) + Le64(0) +
+                 Le64(4) + Le64(1);
         table += wide + Le64(0) + Le64(bytes.size()) + Le64(id) + Le64(bytes.size()) + Le64(bytes.size()) + Le64(0) +
                  Le64(0);
     }
@@ -70,6 +70,8 @@ std::string CodedFileOf(const std::map<std::string, std::string>& sections)
     std::string file = "AC1021";
     file.resize(0x13);
     file += Le16(30);
+    file.resize(0x18);
+    file += Le32(encrypted ? 1 : 0);
     file.resize(0x80);
     file += HeadOf(pageMapAt, pages.map.size(), sectionMap, table.size());
     file.resize(0x480);

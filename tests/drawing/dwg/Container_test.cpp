@@ -160,6 +160,13 @@ TEST(Containers, UnderAPasswordAreRefused)
     EXPECT_EQ(ErrorOf(PagesOf(SectionsOf(LinesOf2018({20}), true), options).bytes),
               "plan.dwg: DWG of release 2018: it is encrypted under a password; open it in the CAD program and save it "
               "without one");
+    options.magic = "AC1018";
+    EXPECT_EQ(ErrorOf(PagesOf(SectionsOf(LinesOf2000({20}, 0), false), options).bytes),
+              "plan.dwg: DWG of release 2004: it is encrypted under a password; open it in the CAD program and save it "
+              "without one");
+    EXPECT_EQ(ErrorOf(CodedFileOf(SectionsOf(LinesOf2000({20}, 0), false), true)),
+              "plan.dwg: DWG of release 2007: it is encrypted under a password; open it in the CAD program and save it "
+              "without one");
 }
 
 TEST(Containers, ThatEndInTheirHeadAreRefused)

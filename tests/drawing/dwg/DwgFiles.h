@@ -61,7 +61,7 @@ PagedFile PagesOf(const std::map<std::string, std::string>& sections, const Page
 std::map<std::string, std::string> SectionsOf(const Objects& objects, bool longSize);
 
 /// R2007: the same in coded pages.
-std::string CodedFileOf(const std::map<std::string, std::string>& sections);
+std::string CodedFileOf(const std::map<std::string, std::string>& sections, bool encrypted = false);
 
 /// The R2004 compression with nothing but literal bytes.
 std::string Literal2004(const std::string& bytes);
