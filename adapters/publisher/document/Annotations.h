@@ -1,7 +1,7 @@
 // The PDF objects of links, attachments and signature fields.
 #pragma once
 
-#include "document/MarkWriter.h"
+#include "document/SheetPage.h"
 
 #include <map>
 #include <optional>

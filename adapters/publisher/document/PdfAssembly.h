@@ -2,6 +2,7 @@
 #pragma once
 
 #include "document/DocumentInfo.h"
+#include "document/MarkTally.h"
 #include "marks/Marks.h"
 #include "pages/IPageMaker.h"
 #include "publisher/Navigation.h"
@@ -22,11 +23,6 @@ struct PagePlace {
     double width = 0, height = 0;
     std::string title;            ///< the sheet's name, may be empty
     const Marks* marks = nullptr; ///< never null when the document is put together
-};
-
-struct MarkTally {
-    std::size_t drawn = 0;
-    std::size_t notDrawn = 0; ///< attachments whose file went away since they were queued
 };
 
 /// Everything that makes up the document.

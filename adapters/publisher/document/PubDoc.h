@@ -3,7 +3,7 @@
 
 #include "base/files/PrivateFolder.h"
 #include "document/DocumentInfo.h"
-#include "marks/Marks.h"
+#include "document/DocumentPage.h"
 #include "pages/IPageMaker.h"
 #include "pdf/PublishStatus.h"
 #include "ports/IDesktop.h"
@@ -17,13 +17,6 @@
 #include <vector>
 
 namespace sm::publisher {
-
-/// One page that was accepted.
-struct DocumentPage {
-    PageSource source;
-    std::string jobOptions; ///< clean text, empty for none
-    Marks marks;
-};
 
 /// A page belongs to the document from the `AddPsFile` that accepted it to the first successful `SaveToPdf`, which
 /// empties the document. A failing save changes nothing and may be repeated.

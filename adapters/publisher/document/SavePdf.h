@@ -1,7 +1,10 @@
 // The road from accepted pages to a PDF on disk.
 #pragma once
 
-#include "document/PubDoc.h"
+#include "document/DocumentInfo.h"
+#include "document/DocumentPage.h"
+#include "publisher/Navigation.h"
+#include "publisher/Publisher.h"
 
 #include <functional>
 #include <string>

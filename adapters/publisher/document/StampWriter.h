@@ -1,7 +1,7 @@
 // Text stamps as page content over the plot.
 #pragma once
 
-#include "document/MarkWriter.h"
+#include "document/SheetPage.h"
 #include "marks/StampText.h"
 
 #include <map>
