@@ -65,7 +65,7 @@ double SnapMicroseconds(const DrawingView& view, const LayoutPicture& picture)
 void Measure(const char* path)
 {
     const auto drawing = sm::drawing::Drawing::Open(path);
-    const auto text = sm::render::TextEngine::Create();
+    const auto text = sm::render::TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""});
     sm::render::References references(*drawing, {});
     const std::atomic<bool> stop = false;
     DrawingView view;

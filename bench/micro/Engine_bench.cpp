@@ -45,7 +45,7 @@ void Reading(benchmark::State& state, const std::string& path)
 void Rendering(benchmark::State& state, const std::string& path)
 {
     const auto opened = drawing::Drawing::Open(path);
-    const auto text = render::TextEngine::Create();
+    const auto text = render::TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""});
     for (auto _ : state) {
         CountingCanvas canvas;
         render::RenderReport report(*opened);
@@ -61,7 +61,7 @@ void Rendering(benchmark::State& state, const std::string& path)
 void Plotting(benchmark::State& state, const std::string& path)
 {
     const auto opened = drawing::Drawing::Open(path);
-    const auto text = render::TextEngine::Create();
+    const auto text = render::TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""});
     const std::string output = (std::filesystem::temp_directory_path() / "sheetmaker-micro.ps").string();
     for (auto _ : state) {
         render::RenderReport report(*opened);

@@ -35,7 +35,7 @@ void SendMouse(QEvent::Type type, QPointF pixel, Qt::MouseButton button, Qt::Mou
 DrawingWindowTest::DrawingWindowTest()
 {
     TheScreen();
-    picker = CreateDrawingWindow({});
+    picker = CreateDrawingWindow({{}, SM_SOURCE_DIR "/share/sheetmaker-pdf"});
 }
 
 DrawingWindowTest::~DrawingWindowTest()

@@ -33,10 +33,10 @@ std::optional<std::size_t> FindLayout(const drawing::Drawing& drawing, const std
 
 } // namespace
 
-OpenDrawing::OpenDrawing(const std::string& path, DocumentOverlay overlay, const drawing::DwgOptions& dwg,
+OpenDrawing::OpenDrawing(const std::string& path, DocumentOverlay overlay, const HostOptions& options,
                          render::ReferenceOptions references)
-    : m_fullName(AbsolutePath(path)), m_file(drawing::Drawing::Open(path, dwg)), m_active(m_file->ActiveLayout()),
-      m_referenceOptions(std::move(references))
+    : m_fullName(AbsolutePath(path)), m_file(drawing::Drawing::Open(path, options.dwg)),
+      m_active(m_file->ActiveLayout()), m_referenceOptions(std::move(references)), m_shareFolder(options.shareFolder)
 {
     m_configurations.resize(m_file->Layouts().size());
     SetOverlay(std::move(overlay));
@@ -136,7 +136,7 @@ ExtentsSource OpenDrawing::ExtentsOf(std::size_t index)
 render::TextEngine& OpenDrawing::Text()
 {
     if (m_text == nullptr)
-        m_text = AsHost([] { return render::TextEngine::Create(); });
+        m_text = AsHost([this] { return render::TextEngine::Create(render::TextFoldersOf(m_shareFolder)); });
     return *m_text;
 }
 

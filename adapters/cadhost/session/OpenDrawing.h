@@ -10,8 +10,8 @@ namespace sm::cadhost {
 class OpenDrawing {
 public:
     /// Throws drawing::DrawingError.
-    OpenDrawing(const std::string& path, DocumentOverlay overlay, const drawing::DwgOptions& dwg,
-                render::ReferenceOptions references = {});
+    OpenDrawing(const std::string& path, DocumentOverlay overlay, const HostOptions& options,
+                render::ReferenceOptions references);
 
     /// Throws HostError once the drawing is closed; so does everything below that needs the file.
     [[nodiscard]] drawing::Drawing& File() const;
@@ -77,6 +77,7 @@ private:
     std::vector<KnownExtents> m_extents;
     std::unique_ptr<render::TextEngine> m_text;
     render::ReferenceOptions m_referenceOptions;
+    std::string m_shareFolder;
     std::unique_ptr<render::References> m_references;
     std::unique_ptr<render::RenderReport> m_report;
     std::map<std::string, render::PlotStyleTable> m_plotStyles; ///< by path, as far as they were asked for

@@ -57,7 +57,7 @@ std::shared_ptr<OpenDrawing> Session::Open(const std::string& path, const Docume
     }
     render::ReferenceOptions references = m_options.references;
     references.dwg = m_options.dwg;
-    auto open = std::make_shared<OpenDrawing>(path, overlay, m_options.dwg, std::move(references));
+    auto open = std::make_shared<OpenDrawing>(path, overlay, m_options, std::move(references));
     m_drawings.push_back(open);
     m_active = open;
     return open;

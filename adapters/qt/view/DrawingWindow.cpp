@@ -29,11 +29,11 @@ struct Recorded {
 /// Records in a thread of its own while the window waits for it.
 class Recorder {
 public:
-    Recorder(const drawing::Drawing& drawing, std::size_t layout, const render::ReferenceOptions& options,
+    Recorder(const drawing::Drawing& drawing, std::size_t layout, const DrawingWindowOptions& options,
              std::unique_ptr<render::TextEngine>& text)
         : m_drawing(drawing), m_layout(layout), m_options(options), m_text(text)
     {
-        m_options.dwg = drawing.Dwg();
+        m_options.references.dwg = drawing.Dwg();
     }
     ~Recorder() { Stop(); }
     Recorder(const Recorder&) = delete;
@@ -45,8 +45,8 @@ public:
         m_thread = std::thread([this, done] {
             try {
                 if (m_text == nullptr)
-                    m_text = render::TextEngine::Create();
-                render::References references(m_drawing, m_options);
+                    m_text = render::TextEngine::Create(render::TextFoldersOf(m_options.shareFolder));
+                render::References references(m_drawing, m_options.references);
                 m_picture = RecordLayout(m_drawing, m_layout, *m_text, references, m_stop);
             } catch (...) {
                 m_error = std::current_exception();
@@ -72,7 +72,7 @@ public:
 private:
     const drawing::Drawing& m_drawing;
     std::size_t m_layout;
-    render::ReferenceOptions m_options;
+    DrawingWindowOptions m_options;
     std::unique_ptr<render::TextEngine>& m_text;
     std::unique_ptr<LayoutPicture> m_picture;
     std::exception_ptr m_error;
@@ -156,7 +156,7 @@ private:
                                            std::optional<Vec2> first, const QString& prompt)
     {
         QObject receiver; // of what is posted for this pick alone
-        Recorder recorder(drawing, layout, m_options.references, m_text);
+        Recorder recorder(drawing, layout, m_options, m_text);
         std::exception_ptr error;
         const auto take = [&] {
             try {

@@ -1,10 +1,6 @@
-#include "base/files/Paths.h"
 #include "drawing/entities/Texts.h"
 #include "text/LineLayout.h"
 #include "text/MTextLayout.h"
-
-#include <cstdlib>
-#include <filesystem>
 
 namespace sm::render {
 
@@ -45,41 +41,16 @@ private:
     drawing::MTextData m_embedded;
 };
 
-std::string Variable(const char* name)
-{
-    const char* value = std::getenv(name);
-    return value != nullptr && *value == '/' ? value : "";
-}
-
-/// The shipped data: an installed tree's or, above the program, a source tree's.
-std::string ShippedFolder()
-{
-    namespace fs = std::filesystem;
-    std::error_code error;
-    const std::string told = Variable("SHEETMAKER_PDF_SHARE");
-    if (!told.empty()) {
-        return told;
-    }
-    const fs::path program = fs::read_symlink("/proc/self/exe", error);
-    for (fs::path at = program.parent_path(); at.has_relative_path(); at = at.parent_path()) {
-        const fs::path share = at / "share" / "sheetmaker-pdf";
-        if (fs::exists(share / "fonts.map", error)) {
-            return base::ToText(share);
-        }
-    }
-    return "/usr/share/sheetmaker-pdf";
-}
-
 } // namespace
+
+TextFolders TextFoldersOf(const std::string& shareFolder)
+{
+    return {shareFolder, UserDataFolder()};
+}
 
 void TextEngine::Prepare()
 {
     FontFolders::Prepare();
-}
-
-std::unique_ptr<TextEngine> TextEngine::Create()
-{
-    return Create({ShippedFolder(), UserDataFolder()});
 }
 
 std::unique_ptr<TextEngine> TextEngine::Create(const TextFolders& folders)

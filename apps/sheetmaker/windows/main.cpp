@@ -36,7 +36,8 @@ int ShowOnScreen(const Job& job, const Install& install)
         std::cerr << "sheetmaker: " << why << "\n";
         return kExitToolMissing;
     }
-    const auto picker = qt::CreateDrawingWindow({ReferenceOptionsOf(install)});
+    const auto picker =
+        qt::CreateDrawingWindow({ReferenceOptionsOf(install), base::ToText(install.places.shareFolder)});
     const ScreenParts parts{screen->Desktop(), screen->Toolkit(), *picker, base::IsTerminal(base::Stream::Errors)};
     if (const auto* const settings = std::get_if<SettingsJob>(&job))
         return RunSettings(*settings, install, parts, std::cout, std::cerr);

@@ -64,7 +64,7 @@ protected:
     std::vector<PageSource> Plot(const std::string& sample)
     {
         const auto drawing = drawing::Drawing::Open(std::string(SM_SOURCE_DIR "/samples/") + sample);
-        const auto text = render::TextEngine::Create();
+        const auto text = render::TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""});
         std::vector<PageSource> pages;
         for (const drawing::Layout& layout : drawing->Layouts()) {
             const std::string path = (m_folder / (std::to_string(pages.size()) + ".ps")).string();

@@ -46,7 +46,7 @@ protected:
     std::unique_ptr<LayoutPicture> RecordOf(std::unique_ptr<drawing::Drawing> opened, std::size_t layout)
     {
         drawing = std::move(opened);
-        const auto text = render::TextEngine::Create();
+        const auto text = render::TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""});
         render::References references(*drawing, {});
         return RecordLayout(*drawing, layout, *text, references, stop);
     }

@@ -386,7 +386,7 @@ TEST(DrawingWindow, WithoutAScreenPickingFails)
 {
     if (QCoreApplication::instance() != nullptr)
         GTEST_SKIP() << "another test has opened a screen";
-    const auto picker = CreateDrawingWindow({});
+    const auto picker = CreateDrawingWindow({{}, SM_SOURCE_DIR "/share/sheetmaker-pdf"});
     const auto drawing = drawing::Drawing::FromBytes(Plan(), "plan.dxf");
     EXPECT_THROW(picker->PickPoint(*drawing, 0, "Enter a point: "), std::runtime_error);
 }

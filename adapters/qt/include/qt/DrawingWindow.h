@@ -9,8 +9,9 @@
 namespace sm::qt {
 
 struct DrawingWindowOptions {
-    render::ReferenceOptions
-        references; ///< as the host has them; converters are those that the drawing was opened with
+    /// As the host has them; converters are those that the drawing was opened with.
+    render::ReferenceOptions references;
+    std::string shareFolder{}; ///< as the host has it
 };
 
 /// To be used while a Screen is open, from its thread; may be made before and may outlive it. Without a screen each

@@ -49,12 +49,12 @@ struct LaidText {
 struct TextFolders {
     std::string data, user; ///< may be empty
 };
+/// The shipped data that whoever wires the program found, and the user's own folder.
+TextFolders TextFoldersOf(const std::string& shareFolder);
 
 /// Lays text out; keeps fonts open between calls. Not for use by several threads at once.
 class TextEngine {
 public:
-    /// With the shipped fonts.map ("SHEETMAKER_PDF_SHARE", or share/sheetmaker-pdf above the program) and the user's.
-    static std::unique_ptr<TextEngine> Create();
     static std::unique_ptr<TextEngine> Create(const TextFolders& folders);
     /// Reads what all engines of this process and of those that it forks share: many drawings need it but once.
     static void Prepare();
