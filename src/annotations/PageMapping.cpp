@@ -2,6 +2,7 @@
 
 #include "plugin/Present.h"
 #include "ports/HostError.h"
+#include "ports/PlotNumbers.h"
 
 #include <cmath>
 
@@ -10,7 +11,6 @@ namespace sm {
 namespace {
 
 constexpr double kPointsPerMillimetre = 72 / 25.4;
-enum PlotArea { kExtents = 1, kLimits = 2, kView = 3, kWindow = 4 };
 
 double MarkScale(IAcadLayout& layout)
 {
@@ -20,9 +20,9 @@ double MarkScale(IAcadLayout& layout)
         throw HostError("Division by zero");
     const double ratio = numerator / denominator;
     switch (layout.PaperUnits()) {
-    case 0:
+    case kPaperInches:
         return ratio * 72;
-    case 1:
+    case kPaperMillimeters:
         return ratio * kPointsPerMillimetre;
     default:
         return ratio;
@@ -56,18 +56,18 @@ AcadPoint ExtentsCorner(IAcadDocument& document)
 AcadPoint PlottedCorner(IAcadDocument& document, IAcadLayout& layout)
 {
     switch (layout.PlotType()) {
-    case kWindow: {
+    case kPlotWindow: {
         AcadPoint lowerLeft, upperRight;
         layout.GetWindowToPlot(lowerLeft, upperRight);
         return lowerLeft;
     }
-    case kLimits: {
+    case kPlotLimits: {
         const auto limits = document.Limits();
         return WorldToWorld(document, {limits[0], limits[1], 0});
     }
-    case kView:
+    case kPlotView:
         return ViewCorner(document, layout);
-    case kExtents:
+    case kPlotExtents:
         return ExtentsCorner(document);
     default:
         return {};

@@ -59,7 +59,7 @@ const StampSettings* StampOfSheet(const MarkState& state)
     if (state.keg.Layouts.empty())
         return nullptr;
     const StampSettings& stamp = state.keg.Layouts.front().Stamp;
-    const bool meant = stamp.LayoutName == state.layoutName || stamp.LayoutName == "All Layouts";
+    const bool meant = stamp.LayoutName == state.layoutName || stamp.LayoutName == kAllLayouts;
     const bool inList = stamp.StampIndex > 0 && static_cast<std::size_t>(stamp.StampIndex) < state.keg.Stamps.size();
     return meant && inList ? &stamp : nullptr;
 }

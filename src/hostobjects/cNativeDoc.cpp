@@ -73,7 +73,7 @@ AcadVariant cNativeDoc::INativeDoc_GetSheetName(std::int32_t sheetIndex)
 
 std::int32_t cNativeDoc::INativeDoc_GetPageSetupSelected()
 {
-    return m_Doc == nullptr ? 0 : ReadPlotSelection(m_context, *m_Doc);
+    return m_Doc == nullptr ? kPageSetupNative : ReadPlotSelection(m_context, *m_Doc);
 }
 
 void cNativeDoc::INativeDoc_SetPageSetupSelected(std::int32_t value)

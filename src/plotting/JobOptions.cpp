@@ -40,7 +40,7 @@ std::optional<std::string> PickJobOptions(Surroundings& surroundings)
     if (!choice || *choice < 0 || static_cast<std::size_t>(*choice) >= names.size())
         return {};
     const std::string& name = names[static_cast<std::size_t>(*choice)];
-    WriteSetting(surroundings, "JobOptionsFile", name);
+    WriteSetting(surroundings, SettingNamed("JobOptionsFile").name, name);
     return name;
 }
 

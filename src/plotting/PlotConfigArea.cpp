@@ -11,21 +11,6 @@ namespace sm {
 namespace {
 
 constexpr double kMillimetresPerInch = 25.4;
-constexpr std::int32_t kPlotView = 3, kPlotWindow = 4, kPlotLayout = 5;
-constexpr std::int32_t kInches = 0, kMillimetres = 1;
-
-std::string PlotTypeText(std::int32_t type)
-{
-    static constexpr const char* kNames[] = {"Display", "Extents", "Limits", "View", "Window", "Layout"};
-    return type >= 0 && type <= kPlotLayout ? kNames[type] : "";
-}
-
-std::string PaperUnitsText(std::int32_t units)
-{
-    static constexpr const char* kNames[] = {"Inches", "Millimeters", "Pixels"};
-    return units >= 0 && units <= 2 ? kNames[units] : "";
-}
-
 std::string PairText(double x, double y)
 {
     return NumberText(x) + " " + NumberText(y);
@@ -74,7 +59,7 @@ bool PlotConfig::DrawingHasView()
 
 PlotConfig::StepResult PlotConfig::SetPlotArea()
 {
-    Trace("  PlotType: " + PlotTypeText(m_record.PlotType));
+    Trace(std::string("  PlotType: ") + NameOf(kPlotTypes, m_record.PlotType));
     const bool modelTab = m_layout.ModelType();
     m_layout.SetPlotType(m_record.PlotType);
     if (modelTab) {
@@ -108,7 +93,7 @@ void PlotConfig::UseWindowInPlaceOfLayout()
     AcadPoint leftBottom, rightTop;
     m_layout.GetPaperSize(width, height);
     m_layout.GetPaperMargins(leftBottom, rightTop);
-    const double unit = m_record.PaperUnits == kMillimetres ? 1 : kMillimetresPerInch;
+    const double unit = m_record.PaperUnits == kPaperMillimeters ? 1 : kMillimetresPerInch;
     m_record.WinLowerLeftX = m_record.WinLowerLeftY = 0;
     m_record.WinUpperRightX = (width - leftBottom.x - rightTop.x) / unit;
     m_record.WinUpperRightY = (height - leftBottom.y - rightTop.y) / unit;
@@ -143,7 +128,7 @@ PlotConfig::StepResult PlotConfig::SetScale()
 
 void PlotConfig::SetStandardScale()
 {
-    Trace("  PaperUnits: " + PaperUnitsText(m_record.PaperUnits));
+    Trace(std::string("  PaperUnits: ") + NameOf(kPaperUnits, m_record.PaperUnits));
     m_layout.SetPaperUnits(m_record.PaperUnits);
     Trace("  UseStandardScale: 1");
     m_layout.SetUseStandardScale(true);
@@ -154,10 +139,10 @@ void PlotConfig::SetStandardScale()
 void PlotConfig::SetCustomScale()
 {
     const std::int32_t layoutUnits = m_layout.PaperUnits();
-    Trace("  PaperUnits: " + PaperUnitsText(layoutUnits));
-    if (layoutUnits == kInches && m_record.PaperUnits == kMillimetres)
+    Trace(std::string("  PaperUnits: ") + NameOf(kPaperUnits, layoutUnits));
+    if (layoutUnits == kPaperInches && m_record.PaperUnits == kPaperMillimeters)
         m_record.ScaleNumer /= kMillimetresPerInch;
-    else if (layoutUnits == kMillimetres && m_record.PaperUnits == kInches)
+    else if (layoutUnits == kPaperMillimeters && m_record.PaperUnits == kPaperInches)
         m_record.ScaleNumer *= kMillimetresPerInch;
     if (m_record.ScaleNumer == 0)
         m_record.ScaleNumer = 1;

@@ -13,24 +13,19 @@
 #include "settings/mdlDataKegIO.h"
 #include "settings/mdlUtilities.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
 namespace sm {
 namespace {
 
+/// In capitals; of the numbers without a name, nothing.
 std::string SourceText(std::int32_t source)
 {
-    switch (source) {
-    case 0:
-        return "NATIVE";
-    case 1:
-        return "CUSTOM";
-    case 2:
-        return "GLOBAL";
-    default:
-        return "";
-    }
+    std::string text = NameOf(kPageSetupSources, source);
+    std::transform(text.begin(), text.end(), text.begin(), UpperAsciiLetter);
+    return text;
 }
 
 } // namespace
@@ -120,18 +115,18 @@ PlotLoop::Next PlotLoop::ReadUserSetup()
         return Next::Step;
     }
     Tell(PlotMessage::PageSetupNotInitialized);
-    return m_source == 0 ? Leave(kPlotNoPageSetup, Next::ShortExit) : Next::Step;
+    return m_source == kPageSetupNative ? Leave(kPlotNoPageSetup, Next::ShortExit) : Next::Step;
 }
 
 PlotLoop::Next PlotLoop::ChoosePlotSetup()
 {
     std::optional<PageSetupRecord> chosen;
-    if (m_source == 1) {
+    if (m_source == kPageSetupCustom) {
         PageSetupRecord record;
         if (m_context.g_AcadDoc != nullptr &&
             ReadCustomPageSetup(m_context, *m_context.g_AcadDoc, record) == CustomPageSetup::Read)
             chosen = record;
-    } else if (m_source == 2) {
+    } else if (m_source == kPageSetupGlobal) {
         chosen = ReadGlobalPageSetup(m_context.surroundings);
     }
     if (!chosen)

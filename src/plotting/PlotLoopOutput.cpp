@@ -19,7 +19,6 @@ constexpr std::int32_t kJobOptionsUnusable = -4;
 /// Stands for the code of an AddPsFile that never answered.
 constexpr std::int32_t kAddFailed = -1;
 constexpr std::int32_t kPsFileFlag = 1;
-constexpr std::int32_t kPlotDisplay = 0;
 
 double Points(double millimetres)
 {
@@ -141,10 +140,11 @@ void PlotLoop::RestoreUserSetup()
 void PlotLoop::AskAboutMissingPlotter()
 {
     Surroundings& surroundings = m_context.surroundings;
-    if (ReadIntegerSetting(surroundings, "NoShowAcad2000PlotterMsg", 0) != 0)
+    const Setting& noShow = SettingNamed("NoShowAcad2000PlotterMsg");
+    if (ReadIntegerSetting(surroundings, noShow) != 0)
         return;
     const MessageAnswer answer = ShowPlotMessage(m_context, PlotMessage::OriginalPlotterMissing);
-    WriteSetting(surroundings, "NoShowAcad2000PlotterMsg", std::string(answer == MessageAnswer::No ? "1" : "0"));
+    WriteSetting(surroundings, noShow.name, std::string(answer == MessageAnswer::No ? "1" : "0"));
 }
 
 void PlotLoop::ShortExit()

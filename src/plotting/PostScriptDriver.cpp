@@ -4,6 +4,7 @@
 #include "plugin/mdlAcadHelper.h"
 #include "ports/IAcadApplication.h"
 #include "ports/IFileSystem.h"
+#include "ports/IRunObserver.h"
 #include "settings/mdlUtilities.h"
 #include "settings/mdlWinReg.h"
 
@@ -25,9 +26,6 @@ constexpr std::array<DriverFacts, 3> kDrivers{{
     {"ps8.hdi", "16", "Tarnwick PS8 HighRes.pc3", "Tarnwick PS8 MidRes.pc3"},
 }};
 
-constexpr const char* kSavedProfile = "Profile";
-constexpr const char* kSavedFolder = "PrinterConfigPath";
-
 std::string Saved(CallContext& context, const std::string& valueName)
 {
     return ReadReleaseSetting(context.surroundings, DriverVersion(context), valueName, "");
@@ -43,10 +41,15 @@ bool KeepUsersFolder(CallContext& context, const std::string& folder, const std:
 {
     ILocale& locale = context.surroundings.locale;
     const bool switchedAlready = locale.LowerCase(folder) == locale.LowerCase(target);
-    if (switchedAlready && !Saved(context, kSavedFolder).empty())
+    if (switchedAlready && !Saved(context, kSavedPlotterFolder).empty())
         return true;
-    Save(context, kSavedFolder, folder);
-    return Saved(context, kSavedFolder) == folder;
+    Save(context, kSavedPlotterFolder, folder);
+    if (Saved(context, kSavedPlotterFolder) == folder)
+        return true;
+    context.surroundings.observer.CarriedPast(
+        "SetPlotterPath",
+        "the user's settings don't keep the plotter folder in force, which couldn't be put back then");
+    return false;
 }
 
 bool SetFolder(CallContext& context, const std::string& folder)
@@ -93,7 +96,7 @@ std::string Pc3Name(const std::string& driverVersion, std::int32_t resolution)
 {
     for (const DriverFacts& driver : kDrivers) {
         if (driverVersion == driver.version)
-            return resolution == 1200 ? driver.highResolution : driver.mediumResolution;
+            return resolution == ResolutionOf(kLinesForPrint) ? driver.highResolution : driver.mediumResolution;
     }
     return {};
 }
@@ -128,7 +131,7 @@ std::int32_t SetPlotterPath(CallContext& context)
 std::int32_t ResetPlotterPath(CallContext& context)
 {
     const auto reset = [&] {
-        const std::string saved = Saved(context, kSavedFolder);
+        const std::string saved = Saved(context, kSavedPlotterFolder);
         if (saved.empty()) {
             TryLogLine(context, "  OK: Plotter Already Reset");
             return 0;
@@ -136,7 +139,7 @@ std::int32_t ResetPlotterPath(CallContext& context)
         const auto preferences = HostPreferences(context);
         const std::int32_t status = PutBack(context, *preferences, saved);
         // Cleared in any case: a reset that failed isn't tried again.
-        Save(context, kSavedFolder, "");
+        Save(context, kSavedPlotterFolder, "");
         Save(context, kSavedProfile, "");
         return status;
     };

@@ -21,9 +21,9 @@ constexpr std::int32_t kSaveFailed = -1;
 
 struct ConversionRequest {
     std::int32_t hostValue = 0;
-    std::int32_t whatToPlot = 0;
+    std::int32_t whatToPlot = kPlotCurrentTab;
     bool promptForFileName = false, openInViewer = false, deletePs = false;
-    std::int32_t resolution = 1200;
+    std::int32_t resolution = ResolutionOf(kLinesForPrint);
     std::string jobOptionsFile;
 };
 
@@ -99,9 +99,10 @@ std::string ConversionRun::ChoosePdfPath()
 bool ConversionRun::PlotLayouts()
 {
     m_observer.Stage("layouts");
-    const std::vector<std::string> layoutNames = AcadGetPlotLayoutList(m_context, m_request.whatToPlot != 0);
+    const std::vector<std::string> layoutNames =
+        AcadGetPlotLayoutList(m_context, m_request.whatToPlot != kPlotCurrentTab);
     const std::int32_t pageSetupSource =
-        m_context.g_AcadDoc == nullptr ? 0 : ReadPlotSelection(m_context, *m_context.g_AcadDoc);
+        m_context.g_AcadDoc == nullptr ? kPageSetupNative : ReadPlotSelection(m_context, *m_context.g_AcadDoc);
     const auto savedLayout = CarryPast([&] { return ActiveDrawing(m_context).ActiveLayout(); }).value_or(nullptr);
     const auto count = static_cast<std::int32_t>(layoutNames.size());
     for (std::int32_t i = 0; i < count; ++i) {
@@ -193,7 +194,7 @@ void ConvertToPdfDriver(CallContext& context, std::int32_t hostValue, std::int32
     request.promptForFileName = promptForFileName != kFalse;
     request.openInViewer = openInViewer != kFalse;
     request.deletePs = deletePs != kFalse;
-    request.resolution = optimization == 0 ? 1200 : 600;
+    request.resolution = ResolutionOf(optimization);
     request.jobOptionsFile = jobOptionsFile;
     ConversionRun(context, std::move(request)).Run();
 }

@@ -71,78 +71,78 @@ std::string cPlugin::IPlugin_Version()
 
 VariantBool cPlugin::IPlugin_GetPromptForFileName()
 {
-    return ReadSwitch("PromptForFileName");
+    return ReadSwitch(SettingNamed("PromptForFileName"));
 }
 
 void cPlugin::IPlugin_SetPromptForFileName(VariantBool value)
 {
-    WriteSwitch("PromptForFileName", value);
+    WriteSwitch(SettingNamed("PromptForFileName"), value);
 }
 
 VariantBool cPlugin::IPlugin_GetDeletePs()
 {
-    return ReadSwitch("DeletePs");
+    return ReadSwitch(SettingNamed("DeletePs"));
 }
 
 void cPlugin::IPlugin_SetDeletePs(VariantBool value)
 {
-    WriteSwitch("DeletePs", value);
+    WriteSwitch(SettingNamed("DeletePs"), value);
 }
 
 VariantBool cPlugin::IPlugin_GetOpenInViewer()
 {
-    return ReadSwitch("OpenInViewer");
+    return ReadSwitch(SettingNamed("OpenInViewer"));
 }
 
 void cPlugin::IPlugin_SetOpenInViewer(VariantBool value)
 {
-    WriteSwitch("OpenInViewer", value);
+    WriteSwitch(SettingNamed("OpenInViewer"), value);
 }
 
 std::int32_t cPlugin::IPlugin_GetWhatToPlot()
 {
-    return ReadIntegerSetting(m_context.surroundings, "WhatToPlot", 0);
+    return ReadIntegerSetting(m_context.surroundings, SettingNamed("WhatToPlot"));
 }
 
 void cPlugin::IPlugin_SetWhatToPlot(std::int32_t value)
 {
-    WriteZeroOrOne("WhatToPlot", value);
+    WriteZeroOrOne(SettingNamed("WhatToPlot"), value);
 }
 
 std::int32_t cPlugin::IPlugin_GetOptimization()
 {
-    return ReadIntegerSetting(m_context.surroundings, "Optimization", 0);
+    return ReadIntegerSetting(m_context.surroundings, SettingNamed("Optimization"));
 }
 
 void cPlugin::IPlugin_SetOptimization(std::int32_t value)
 {
-    WriteZeroOrOne("Optimization", value);
+    WriteZeroOrOne(SettingNamed("Optimization"), value);
 }
 
 std::string cPlugin::IPlugin_GetJobOptionsFile()
 {
-    return ReadTextSetting(m_context.surroundings, "JobOptionsFile", "Graphics [600 dpi]");
+    return ReadTextSetting(m_context.surroundings, SettingNamed("JobOptionsFile"));
 }
 
 void cPlugin::IPlugin_SetJobOptionsFile(const std::string& value)
 {
     // The suite's front end relies on this name being overwritten, "JobOptionsFile" staying as it is.
-    WriteSetting(m_context.surroundings, "Optimization", value);
+    WriteSetting(m_context.surroundings, SettingNamed("Optimization").name, value);
 }
 
-VariantBool cPlugin::ReadSwitch(const std::string& valueName)
+VariantBool cPlugin::ReadSwitch(const Setting& setting)
 {
-    return ReadBooleanSetting(m_context.surroundings, valueName, true) ? kTrue : kFalse;
+    return ReadBooleanSetting(m_context.surroundings, setting) ? kTrue : kFalse;
 }
 
-void cPlugin::WriteSwitch(const std::string& valueName, VariantBool value)
+void cPlugin::WriteSwitch(const Setting& setting, VariantBool value)
 {
-    WriteSetting(m_context.surroundings, valueName, value == kTrue);
+    WriteSetting(m_context.surroundings, setting.name, value == kTrue);
 }
 
-void cPlugin::WriteZeroOrOne(const std::string& valueName, std::int32_t value)
+void cPlugin::WriteZeroOrOne(const Setting& setting, std::int32_t value)
 {
-    WriteSetting(m_context.surroundings, valueName, value == 1 ? value : std::int32_t{0});
+    WriteSetting(m_context.surroundings, setting.name, value == 1 ? value : std::int32_t{0});
 }
 
 } // namespace sm

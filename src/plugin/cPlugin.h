@@ -3,6 +3,7 @@
 
 #include "plugin/CallContext.h"
 #include "ports/IPlugin.h"
+#include "settings/SettingTable.h"
 
 namespace sm {
 
@@ -32,9 +33,9 @@ private:
     void IPlugin_SetJobOptionsFile(const std::string& value) override;
 
     void ConvertActiveDrawing(std::int32_t hostValue);
-    VariantBool ReadSwitch(const std::string& valueName);
-    void WriteSwitch(const std::string& valueName, VariantBool value);
-    void WriteZeroOrOne(const std::string& valueName, std::int32_t value);
+    VariantBool ReadSwitch(const Setting& setting);
+    void WriteSwitch(const Setting& setting, VariantBool value);
+    void WriteZeroOrOne(const Setting& setting, std::int32_t value);
 
     CallContext& m_context;
     std::shared_ptr<IAcadApplication> m_AcadApp; ///< null until `Initialize` succeeds

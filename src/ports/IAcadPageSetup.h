@@ -2,20 +2,16 @@
 #pragma once
 
 #include "ports/IAcadDocument.h"
+#include "ports/PlotNumbers.h"
 
 #include <optional>
 
 namespace sm {
 
-/// Sources of a page setup, as `Initialize` and the "PltSel" record number them.
-inline constexpr std::int32_t kPageSetupNative = 0;
-inline constexpr std::int32_t kPageSetupCustom = 1;
-inline constexpr std::int32_t kPageSetupGlobal = 2;
-
 class IAcadPageSetup {
 public:
     virtual ~IAcadPageSetup() = default;
-    /// 1 with a document: the drawing's page setup; 2: the global one. False for any other source or a host error.
+    /// `source` is a PageSetupSource: custom with a document, or global. False for any other source or a host error.
     VariantBool Initialize(std::int32_t source, std::shared_ptr<IAcadDocument>& document)
     {
         return IAcadPageSetup_Initialize(source, document);

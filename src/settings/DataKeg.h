@@ -2,9 +2,9 @@
 #pragma once
 
 #include "settings/PageSetupRecord.h"
+#include "settings/StampChoices.h"
 #include "settings/TransferFlags.h"
 
-#include <array>
 #include <string>
 #include <vector>
 
@@ -20,11 +20,11 @@ struct PaperSize {
 struct StampSettings {
     std::int32_t Color = 255; ///< RGB, red in the low byte
     std::string FontName = "Helvetica";
-    std::int32_t StampIndex = 0; ///< 0 none, 1 to 15 into the stamp list
-    std::int32_t Justification = 0;
-    std::string LayoutName;     ///< or "All Layouts"
-    double X = 0, Y = 0;        ///< drawing units
-    std::int32_t FontSize = 24; ///< points
+    std::int32_t StampIndex = 0;    ///< 0 none, 1 to 15 into the stamp list
+    std::int32_t Justification = 0; ///< see kStampJustifications
+    std::string LayoutName;         ///< or kAllLayouts
+    double X = 0, Y = 0;            ///< drawing units
+    std::int32_t FontSize = 24;     ///< points
     friend bool operator==(const StampSettings&, const StampSettings&) = default;
 };
 
@@ -54,10 +54,12 @@ struct LayoutSettings {
 
 struct GeneralSettings {
     TransferFlags Transfer;
-    bool PromptForFileName = true, DeletePs = true, OpenInViewer = true;
-    std::int32_t WhatToPlot = 0;
-    std::int32_t Optimization = 0;
-    std::string JobOptionsFile = "Graphics [600 dpi]";
+    bool PromptForFileName = DefaultSwitch("PromptForFileName");
+    bool DeletePs = DefaultSwitch("DeletePs");
+    bool OpenInViewer = DefaultSwitch("OpenInViewer");
+    std::int32_t WhatToPlot = DefaultWhole("WhatToPlot");     ///< see WhatToPlot
+    std::int32_t Optimization = DefaultWhole("Optimization"); ///< see LineQuality
+    std::string JobOptionsFile = DefaultName("JobOptionsFile");
     friend bool operator==(const GeneralSettings&, const GeneralSettings&) = default;
 };
 
@@ -67,9 +69,10 @@ struct DataKeg {
     GeneralSettings General;
     std::vector<PaperSize> PaperSizes;
     std::vector<std::string> PlotStyles;
-    std::array<std::string, 16> Stamps; ///< entry 0 is "(NONE)"
+    StampTexts Stamps;
     std::vector<LayoutSettings> Layouts;
-    std::int32_t PageSetupSelected = 0; ///< "PltSel"; filled by the dialog's load only
+    /// "PltSel", see PageSetupSource; filled by the dialog's load only.
+    std::int32_t PageSetupSelected = kPageSetupNative;
 };
 
 } // namespace sm

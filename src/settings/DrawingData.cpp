@@ -59,7 +59,7 @@ void SetDrawingData(CallContext& context, const std::string& recordName, const s
 
 std::int32_t ReadPlotSelection(CallContext& context, IAcadDocument& document)
 {
-    return IntegerAt(GetDrawingData(context, "PltSel", 1, document), 1, 0);
+    return IntegerAt(GetDrawingData(context, "PltSel", 1, document), 1, kPageSetupNative);
 }
 
 bool WritePlotSelection(CallContext& context, IAcadDocument& document, std::int32_t selection)

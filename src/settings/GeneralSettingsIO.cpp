@@ -8,40 +8,45 @@ namespace sm {
 namespace {
 
 struct TransferValue {
-    const char* name;
+    const Setting& setting;
     VariantBool TransferFlags::*flag;
 };
 
 constexpr TransferValue kTransferValues[] = {
-    {"TransferTextHlinks", &TransferFlags::TransferTextHlinks},
-    {"TransferDrawingHlinks", &TransferFlags::TransferDrawingHlinks},
-    {"TransferBlockHlinks", &TransferFlags::TransferBlockHlinks},
-    {"TransferVPortHlinks", &TransferFlags::TransferVPortHlinks},
-    {"TransferAttributes", &TransferFlags::TransferAttributes},
+    {SettingNamed("TransferTextHlinks"), &TransferFlags::TransferTextHlinks},
+    {SettingNamed("TransferDrawingHlinks"), &TransferFlags::TransferDrawingHlinks},
+    {SettingNamed("TransferBlockHlinks"), &TransferFlags::TransferBlockHlinks},
+    {SettingNamed("TransferVPortHlinks"), &TransferFlags::TransferVPortHlinks},
+    {SettingNamed("TransferAttributes"), &TransferFlags::TransferAttributes},
 };
 
-constexpr const char* kStampList[] = {
-    "(NONE)",
-    "DRAFT PRINT",
-    "FOR REVIEW",
-    "DO NOT BUILD TO PRINT",
-    "PROPRIETARY - DO NOT DISTRIBUTE",
-    "EMAILED ON &[Date]",
-    "PRINTED ON &[Date]",
-    "PRELIMINARY - &[User] - &[Date]",
-    "FOR BID ONLY - &[Date]",
-    "ENGINEERING PRE-RELEASE - &[Date]",
-    "&[Path] - &[Date]",
-    "STAMP 11",
-    "STAMP 12",
-    "STAMP 13",
-    "STAMP 14",
-    "STAMP 15",
+struct GeneralValue {
+    const Setting& setting;
+    std::variant<bool GeneralSettings::*, std::int32_t GeneralSettings::*, std::string GeneralSettings::*> member;
 };
 
-std::string StampValueName(std::size_t index)
+constexpr GeneralValue kGeneralValues[] = {
+    {SettingNamed("PromptForFileName"), &GeneralSettings::PromptForFileName},
+    {SettingNamed("DeletePs"), &GeneralSettings::DeletePs},
+    {SettingNamed("OpenInViewer"), &GeneralSettings::OpenInViewer},
+    {SettingNamed("WhatToPlot"), &GeneralSettings::WhatToPlot},
+    {SettingNamed("Optimization"), &GeneralSettings::Optimization},
+    {SettingNamed("JobOptionsFile"), &GeneralSettings::JobOptionsFile},
+};
+
+void Read(Surroundings& surroundings, const Setting& setting, bool& value)
 {
-    return "Stamp" + std::to_string(index);
+    value = ReadBooleanSetting(surroundings, setting);
+}
+
+void Read(Surroundings& surroundings, const Setting& setting, std::int32_t& value)
+{
+    value = ReadIntegerSetting(surroundings, setting);
+}
+
+void Read(Surroundings& surroundings, const Setting& setting, std::string& value)
+{
+    value = ReadTextSetting(surroundings, setting);
 }
 
 } // namespace
@@ -50,53 +55,46 @@ TransferFlags ReadTransferFlags(Surroundings& surroundings)
 {
     TransferFlags flags;
     for (const TransferValue& value : kTransferValues)
-        flags.*value.flag = ReadBooleanSetting(surroundings, value.name, false) ? kTrue : kFalse;
+        flags.*value.flag = ReadBooleanSetting(surroundings, value.setting) ? kTrue : kFalse;
     return flags;
 }
 
 void WriteTransferFlags(Surroundings& surroundings, const TransferFlags& flags)
 {
     for (const TransferValue& value : kTransferValues)
-        WriteSetting(surroundings, value.name, BoolToBit(flags.*value.flag) == 1);
+        WriteSetting(surroundings, value.setting.name, BoolToBit(flags.*value.flag) == 1);
 }
 
 GeneralSettings ReadGeneralSettings(Surroundings& surroundings)
 {
     GeneralSettings settings;
     settings.Transfer = ReadTransferFlags(surroundings);
-    settings.PromptForFileName = ReadBooleanSetting(surroundings, "PromptForFileName", true);
-    settings.DeletePs = ReadBooleanSetting(surroundings, "DeletePs", true);
-    settings.OpenInViewer = ReadBooleanSetting(surroundings, "OpenInViewer", true);
-    settings.WhatToPlot = ReadIntegerSetting(surroundings, "WhatToPlot", 0);
-    settings.Optimization = ReadIntegerSetting(surroundings, "Optimization", 0);
-    settings.JobOptionsFile = ReadTextSetting(surroundings, "JobOptionsFile", "Graphics [600 dpi]");
+    for (const GeneralValue& value : kGeneralValues)
+        std::visit([&](auto member) { Read(surroundings, value.setting, settings.*member); }, value.member);
     return settings;
 }
 
 void WriteGeneralSettings(Surroundings& surroundings, const GeneralSettings& settings)
 {
     WriteTransferFlags(surroundings, settings.Transfer);
-    WriteSetting(surroundings, "PromptForFileName", settings.PromptForFileName);
-    WriteSetting(surroundings, "DeletePs", settings.DeletePs);
-    WriteSetting(surroundings, "OpenInViewer", settings.OpenInViewer);
-    WriteSetting(surroundings, "WhatToPlot", settings.WhatToPlot);
-    WriteSetting(surroundings, "Optimization", settings.Optimization);
-    WriteSetting(surroundings, "JobOptionsFile", settings.JobOptionsFile);
+    for (const GeneralValue& value : kGeneralValues)
+        std::visit([&](auto member) { WriteSetting(surroundings, value.setting.name, settings.*member); },
+                   value.member);
 }
 
-std::array<std::string, 16> ReadStampList(Surroundings& surroundings)
+StampTexts ReadStampList(Surroundings& surroundings)
 {
-    std::array<std::string, 16> stamps;
-    stamps[0] = kStampList[0];
+    StampTexts stamps;
+    stamps[0] = kNoStampText;
     for (std::size_t i = 1; i < stamps.size(); ++i)
-        stamps[i] = ReadTextSetting(surroundings, StampValueName(i), kStampList[i]);
+        stamps[i] = ReadTextSetting(surroundings, StampTextSetting(i));
     return stamps;
 }
 
-void WriteStampList(Surroundings& surroundings, const std::array<std::string, 16>& stamps)
+void WriteStampList(Surroundings& surroundings, const StampTexts& stamps)
 {
     for (std::size_t i = 1; i < stamps.size(); ++i)
-        WriteSetting(surroundings, StampValueName(i), stamps[i]);
+        WriteSetting(surroundings, StampTextSetting(i).name, stamps[i]);
 }
 
 } // namespace sm

@@ -14,8 +14,8 @@ GeneralSettings ReadGeneralSettings(Surroundings& surroundings);
 void WriteGeneralSettings(Surroundings& surroundings, const GeneralSettings& settings);
 
 /// Entry 0 is "(NONE)", entries 1 to 15 are the stored stamp texts or their defaults.
-std::array<std::string, 16> ReadStampList(Surroundings& surroundings);
+StampTexts ReadStampList(Surroundings& surroundings);
 /// Entry 0 isn't stored.
-void WriteStampList(Surroundings& surroundings, const std::array<std::string, 16>& stamps);
+void WriteStampList(Surroundings& surroundings, const StampTexts& stamps);
 
 } // namespace sm

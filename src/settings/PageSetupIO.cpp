@@ -11,7 +11,7 @@ namespace {
 
 /// The first value of the "Plots" record; position 1 stands empty.
 constexpr std::size_t kFirstPosition = 2;
-constexpr std::int32_t kPlotsCount = 27;
+constexpr std::int32_t kPlotsCount = std::tuple_size_v<PageSetupFieldTable> + kFirstPosition - 1;
 
 std::int32_t Bit(bool flag)
 {
@@ -95,7 +95,7 @@ PageSetupRecord ReadGlobalPageSetup(Surroundings& surroundings)
 {
     PageSetupRecord record;
     for (const PageSetupField& field : PageSetupFields())
-        SetFieldText(record, field, ReadTextSetting(surroundings, field.valueName, ""));
+        SetFieldText(record, field, StoredSetting(surroundings.registry, field.valueName));
     MendScale(record);
     return record;
 }

@@ -1,3 +1,4 @@
+#include "ports/IRunObserver.h"
 #include "settings/mdlUtilities.h"
 #include "settings/mdlWinReg.h"
 
@@ -5,12 +6,11 @@ namespace sm {
 
 namespace {
 
-constexpr const char* kReleaseSettingsKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD\\";
 constexpr const char* kAcadKey = "Software\\Autodesk\\AutoCAD";
 
 std::string SettingsKeyOf(const AcadProductKey& product)
 {
-    return kReleaseSettingsKey + product.ReleaseKey + "\\" + product.ProductKey;
+    return std::string(kSettingsKey) + "\\" + product.ReleaseKey + "\\" + product.ProductKey;
 }
 
 } // namespace
@@ -36,8 +36,9 @@ std::string ReadReleaseSetting(Surroundings& surroundings, const std::string& dr
 void WriteReleaseSetting(Surroundings& surroundings, const std::string& driverVersion, const std::string& valueName,
                          const std::string& value)
 {
-    RegWriteString(surroundings.registry, RegistryRoot::CurrentUser,
-                   SettingsKeyOf(ResolveAcadProductKey(surroundings, driverVersion)), valueName, value);
+    if (!RegWriteString(surroundings.registry, RegistryRoot::CurrentUser,
+                        SettingsKeyOf(ResolveAcadProductKey(surroundings, driverVersion)), valueName, value))
+        surroundings.observer.CarriedPast("WriteReleaseSetting", "the setting " + valueName + " could not be stored");
 }
 
 AcadInstallInfo ReadAcadInstallInfo(Surroundings& surroundings, const std::string& driverVersion)

@@ -1,31 +1,46 @@
 #include "ports/IAcadDocument.h"
 #include "settings/DrawingValues.h"
+#include "settings/RecordFields.h"
 #include "settings/mdlDataKegIO.h"
+
+#include <iterator>
 
 namespace sm {
 
+namespace {
+
+constexpr const char* kRecordName = "Stamp";
+
+constexpr RecordField<StampSettings> kFields[] = {
+    {"StampIndex", &StampSettings::StampIndex},
+    {"FontName", &StampSettings::FontName},
+    {"FontSize", &StampSettings::FontSize},
+    {"Justification", &StampSettings::Justification},
+    {"X", &StampSettings::X},
+    {"Y", &StampSettings::Y},
+    {"Color", &StampSettings::Color},
+    {"LayoutName", &StampSettings::LayoutName},
+};
+
+} // namespace
+
 bool ReadStamp(CallContext& context, IAcadDocument& document, StampSettings& stamp)
 {
-    const std::vector<std::string> values = GetDrawingData(context, "Stamp", 8, document);
-    const StampSettings defaults;
-    stamp.StampIndex = IntegerAt(values, 1, defaults.StampIndex);
-    stamp.FontName = TextOrDefault(ValueAt(values, 2), defaults.FontName);
-    stamp.FontSize = IntegerAt(values, 3, defaults.FontSize);
-    stamp.Justification = IntegerAt(values, 4, defaults.Justification);
-    stamp.X = NumberOrDefault(ValueAt(values, 5), defaults.X);
-    stamp.Y = NumberOrDefault(ValueAt(values, 6), defaults.Y);
-    stamp.Color = IntegerAt(values, 7, defaults.Color);
-    stamp.LayoutName = ValueAt(values, 8);
+    const std::vector<std::string> values =
+        GetDrawingData(context, kRecordName, static_cast<std::int32_t>(std::size(kFields)), document);
+    stamp = StampSettings();
+    std::size_t position = 1;
+    for (const RecordField<StampSettings>& field : kFields)
+        SetFieldText(stamp, field, ValueAt(values, position++));
     return true;
 }
 
 bool WriteStamp(CallContext& context, IAcadDocument& document, const StampSettings& stamp)
 {
-    const auto text = [&](const AcadVariant& value) { return BoolToText(context.surroundings.locale, value); };
-    SetDrawingData(context, "Stamp",
-                   {text(stamp.StampIndex), text(stamp.FontName), text(stamp.FontSize), text(stamp.Justification),
-                    text(stamp.X), text(stamp.Y), text(stamp.Color), text(stamp.LayoutName)},
-                   document);
+    std::vector<AcadVariant> values;
+    for (const RecordField<StampSettings>& field : kFields)
+        values.emplace_back(BoolToText(context.surroundings.locale, FieldValue(stamp, field)));
+    SetDrawingData(context, kRecordName, values, document);
     return true;
 }
 

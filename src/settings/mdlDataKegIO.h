@@ -27,7 +27,7 @@ void SetDrawingData(CallContext& context, const std::string& recordName, const s
 // The records. A reader that meets a host error finds what an absent record holds, and a writer's record is then lost;
 // all report success: a record must not keep a conversion from going on.
 
-/// 0 the layout's own page setup, 1 the drawing's, 2 the global one; other numbers come back as stored.
+/// A PageSetupSource; other numbers come back as stored.
 std::int32_t ReadPlotSelection(CallContext& context, IAcadDocument& document);
 bool WritePlotSelection(CallContext& context, IAcadDocument& document, std::int32_t selection);
 

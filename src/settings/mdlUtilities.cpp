@@ -28,8 +28,24 @@ std::string BoolToText(ILocale& locale, const AcadVariant& value)
 
 bool SameAsciiLetter(char left, char right)
 {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return lower(left) == lower(right);
+    return LowerAsciiLetter(left) == LowerAsciiLetter(right);
+}
+
+char UpperAsciiLetter(char letter)
+{
+    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
+char LowerAsciiLetter(char letter)
+{
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+std::string LowerAsciiText(std::string_view text)
+{
+    std::string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), LowerAsciiLetter);
+    return lower;
 }
 
 bool SameAsciiText(std::string_view left, std::string_view right)

@@ -26,6 +26,10 @@ std::string LocaleNumberText(ILocale& locale, double value);
 /// Equal but for the letter case of ASCII, in every locale: for words of the program's own.
 bool SameAsciiText(std::string_view left, std::string_view right);
 bool SameAsciiLetter(char left, char right);
+char UpperAsciiLetter(char letter);
+char LowerAsciiLetter(char letter);
+/// `text` in small letters, those of ASCII alone.
+std::string LowerAsciiText(std::string_view text);
 
 /// A Boolean gives "1" or "0"; anything else its text (numbers in the locale's form) with blanks trimmed.
 std::string BoolToText(ILocale& locale, const AcadVariant& value);

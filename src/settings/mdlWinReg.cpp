@@ -1,14 +1,12 @@
 #include "settings/mdlWinReg.h"
 
 #include "plugin/Attempt.h"
+#include "ports/IRunObserver.h"
 #include "settings/mdlUtilities.h"
 
 namespace sm {
 
 namespace {
-
-constexpr const char* kProductKey = "Software\\Tarnwick Software\\Sheetmaker PDF";
-constexpr const char* kSettingsKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD";
 
 std::string MachineFact(Surroundings& surroundings, const char* keyPath, const char* valueName)
 {
@@ -38,22 +36,33 @@ std::optional<std::string> RegReadString(IRegistry& registry, RegistryRoot root,
     return GiveUp(read, [](const std::string&) { return std::nullopt; });
 }
 
-void RegWriteString(IRegistry& registry, RegistryRoot root, const std::string& keyPath, const std::string& valueName,
+bool RegWriteString(IRegistry& registry, RegistryRoot root, const std::string& keyPath, const std::string& valueName,
                     const std::string& value)
 {
     const auto key = registry.CreateKey(root, keyPath);
     if (!key)
-        return;
+        return false;
     const std::string bytes = registry.Encode(value);
-    registry.SetValue(*key, valueName, RegistryType::String, bytes, static_cast<std::uint32_t>(bytes.size()));
+    const bool written =
+        registry.SetValue(*key, valueName, RegistryType::String, bytes, static_cast<std::uint32_t>(bytes.size()));
     registry.CloseKey(*key);
+    return written;
+}
+
+std::string StoredSetting(IRegistry& registry, const std::string& valueName)
+{
+    return RegReadString(registry, RegistryRoot::CurrentUser, kSettingsKey, valueName).value_or("");
+}
+
+bool StoreSetting(IRegistry& registry, const std::string& valueName, const std::string& text)
+{
+    return RegWriteString(registry, RegistryRoot::CurrentUser, kSettingsKey, valueName, text);
 }
 
 AcadVariant ReadSetting(Surroundings& surroundings, const std::string& valueName, const AcadVariant& defaultValue,
                         std::int32_t typeCode)
 {
-    const std::string text =
-        RegReadString(surroundings.registry, RegistryRoot::CurrentUser, kSettingsKey, valueName).value_or("");
+    const std::string text = StoredSetting(surroundings.registry, valueName);
     if (text.empty())
         return defaultValue;
     if (typeCode == kSettingBoolean)
@@ -66,23 +75,25 @@ AcadVariant ReadSetting(Surroundings& surroundings, const std::string& valueName
 void WriteSetting(Surroundings& surroundings, const std::string& valueName, const AcadVariant& value)
 {
     const auto* text = std::get_if<std::string>(&value);
-    RegWriteString(surroundings.registry, RegistryRoot::CurrentUser, kSettingsKey, valueName,
-                   text != nullptr ? *text : BoolToText(surroundings.locale, value));
+    if (!StoreSetting(surroundings.registry, valueName,
+                      text != nullptr ? *text : BoolToText(surroundings.locale, value)))
+        surroundings.observer.CarriedPast(kWriteSettingRoutine, "the setting " + valueName + " could not be stored");
 }
 
-std::string ReadTextSetting(Surroundings& surroundings, const std::string& valueName, const std::string& defaultValue)
+std::string ReadTextSetting(Surroundings& surroundings, const Setting& setting)
 {
-    return std::get<std::string>(ReadSetting(surroundings, valueName, defaultValue, kSettingText));
+    return std::get<std::string>(ReadSetting(surroundings, setting.name, DefaultText(setting), kSettingText));
 }
 
-bool ReadBooleanSetting(Surroundings& surroundings, const std::string& valueName, bool defaultValue)
+bool ReadBooleanSetting(Surroundings& surroundings, const Setting& setting)
 {
-    return std::get<bool>(ReadSetting(surroundings, valueName, defaultValue, kSettingBoolean));
+    return std::get<bool>(
+        ReadSetting(surroundings, setting.name, std::get<bool>(setting.defaultValue), kSettingBoolean));
 }
 
-std::int32_t ReadIntegerSetting(Surroundings& surroundings, const std::string& valueName, std::int32_t defaultValue)
+std::int32_t ReadIntegerSetting(Surroundings& surroundings, const Setting& setting)
 {
-    return std::get<std::int32_t>(ReadSetting(surroundings, valueName, defaultValue, kSettingInteger));
+    return std::get<std::int32_t>(ReadSetting(surroundings, setting.name, WholeDefault(setting), kSettingInteger));
 }
 
 std::string HelpFilePath(Surroundings& surroundings)

@@ -1,10 +1,12 @@
-// The registry settings store. Failing registry calls are passed over: a missing value reads as its default, a failed
-// write is lost. Nothing here throws.
+// The registry settings store. Failing registry calls are passed over: a missing value reads as its default; a failed
+// write is lost, and the observer is told. Nothing here throws.
 #pragma once
 
 #include "ports/IRegistry.h"
+#include "ports/RegistryKeys.h"
 #include "ports/Surroundings.h"
 #include "ports/Variant.h"
+#include "settings/SettingTable.h"
 
 #include <optional>
 #include <string>
@@ -20,18 +22,26 @@ inline constexpr std::int32_t kSettingInteger = 2;
 /// The key stays open, as the suite's other readers leave it.
 std::optional<std::string> RegReadString(IRegistry& registry, RegistryRoot root, const std::string& keyPath,
                                          const std::string& valueName);
-void RegWriteString(IRegistry& registry, RegistryRoot root, const std::string& keyPath, const std::string& valueName,
+/// False when the registry didn't take the value.
+bool RegWriteString(IRegistry& registry, RegistryRoot root, const std::string& keyPath, const std::string& valueName,
                     const std::string& value);
 
 /// Per-user setting as text, Boolean or integer by `typeCode`; `defaultValue` unchanged when absent or empty.
 AcadVariant ReadSetting(Surroundings& surroundings, const std::string& valueName, const AcadVariant& defaultValue,
                         std::int32_t typeCode);
+/// The routine that the observer hears of when a user's setting was lost.
+inline constexpr const char* kWriteSettingRoutine = "WriteSetting";
 void WriteSetting(Surroundings& surroundings, const std::string& valueName, const AcadVariant& value);
 
-// The same with the result's type fixed.
-std::string ReadTextSetting(Surroundings& surroundings, const std::string& valueName, const std::string& defaultValue);
-bool ReadBooleanSetting(Surroundings& surroundings, const std::string& valueName, bool defaultValue);
-std::int32_t ReadIntegerSetting(Surroundings& surroundings, const std::string& valueName, std::int32_t defaultValue);
+// The same of a setting of the table, whose default it is, with the result's type fixed. An integer may be read from a
+// switch; text from every kind; a Boolean from a switch alone.
+std::string ReadTextSetting(Surroundings& surroundings, const Setting& setting);
+bool ReadBooleanSetting(Surroundings& surroundings, const Setting& setting);
+std::int32_t ReadIntegerSetting(Surroundings& surroundings, const Setting& setting);
+
+/// The text that is stored for a user's setting; empty when its default is in force.
+std::string StoredSetting(IRegistry& registry, const std::string& valueName);
+bool StoreSetting(IRegistry& registry, const std::string& valueName, const std::string& text);
 
 std::string HelpFilePath(Surroundings& surroundings);       ///< machine-wide "HelpFile"
 std::string SettingsFolderPath(Surroundings& surroundings); ///< machine-wide "SettingsFolder"

@@ -1,6 +1,7 @@
 #include "ui/frmGUITap.h"
 
 #include "plugin/mdlAcadHelper.h"
+#include "settings/StampChoices.h"
 #include "settings/mdlUtilities.h"
 #include "settings/mdlWinReg.h"
 #include "ui/settings/SettingsAction.h"
@@ -12,7 +13,7 @@ namespace sm {
 namespace {
 
 constexpr const char* kMakersWebSite = "https://www.tarnwick.example/";
-constexpr const char* kRemindAgain = "BlockAttribRemindAgain";
+constexpr const Setting& kRemindAgain = SettingNamed("BlockAttribRemindAgain");
 
 constexpr const char* kPunctuationReminder =
     "To properly transfer block attributes to PDF file properties, the block names and attribute\r\n"
@@ -20,6 +21,15 @@ constexpr const char* kPunctuationReminder =
     "converted to the '-' character and trailing punctuation will be removed.\r\n"
     "\r\n"
     "Would you like to be reminded of this in the future?";
+
+/// The position of a name is its number.
+std::vector<std::string> Names(std::span<const NamedNumber> numbers)
+{
+    std::vector<std::string> names;
+    for (const NamedNumber& one : numbers)
+        names.emplace_back(one.name);
+    return names;
+}
 
 } // namespace
 
@@ -59,9 +69,9 @@ void frmGUITap::ClosesWith(const char* button, std::int32_t action)
 
 void frmGUITap::OnLoad()
 {
-    SetItems("cmbStampFont", StampFonts());
-    SetItems("cmbStampSize", StampSizes());
-    SetItems("cmbStampJustify", StampJustifications());
+    SetItems("cmbStampFont", {kStampFonts.begin(), kStampFonts.end()});
+    SetItems("cmbStampSize", {kStampSizes.begin(), kStampSizes.end()});
+    SetItems("cmbStampJustify", Names(kStampJustifications));
     SetCaption(Name(), kProductTitle);
     Surroundings& surroundings = Session().context.surroundings;
     Session().helpFile = JoinPath(surroundings.locale, surroundings.component.Folder(), "acadsmpdf.hlp");
@@ -73,12 +83,12 @@ void frmGUITap::OnLoad()
 void frmGUITap::RemindOfPunctuation()
 {
     Surroundings& surroundings = Session().context.surroundings;
-    if (!IsTicked("chkTransferAttributes") || ReadTextSetting(surroundings, kRemindAgain, "1") != "1")
+    if (!IsTicked("chkTransferAttributes") || ReadTextSetting(surroundings, kRemindAgain) != "1")
         return;
     const MessageAnswer answer =
         Session().ShowMessage(kPunctuationReminder, MessageButtons::YesNo, MessageIcon::Question, kHelpBlockAttributes);
     if (answer == MessageAnswer::No)
-        WriteSetting(surroundings, kRemindAgain, std::string("0"));
+        WriteSetting(surroundings, kRemindAgain.name, std::string("0"));
 }
 
 void frmGUITap::SwitchPageSetup()

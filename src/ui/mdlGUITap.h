@@ -23,20 +23,20 @@ bool SetConversionSettingsTab(Form& form, const DataKeg& keg);
 bool SaveConversionSettingsTab(Form& form, DataKeg& keg);
 
 /// What SetPageSetupTab fills the controls from.
-struct PageSetupSource {
+struct PageSetupFilling {
     const PageSetupRecord& record;
     const std::vector<PaperSize>& papers;
     const std::vector<std::string>& plotStyles; ///< "None" first
     /// The drawing's page setup selection; only the settings dialog has a control for it.
-    std::int32_t selection = 0;
+    std::int32_t selection = kPageSetupNative;
 };
 /// The named views are those of the drawing in hand; the settings dialog must have one.
-bool SetPageSetupTab(PageSetupControls& controls, const PageSetupSource& source);
+bool SetPageSetupTab(PageSetupControls& controls, const PageSetupFilling& source);
 /// Writes the controls into `record` and the switch into `selection`. The settings dialog's controls are saved only
 /// while "Use Custom PDF Page Setup" is ticked; `layout` says what the choice Layout means there.
 bool SavePageSetupTab(const PageSetupControls& controls, const LayoutSettings& layout, PageSetupRecord& record,
                       std::int32_t& selection);
-/// The page setup selection once the custom page setup is switched on or off: only 1 is ever taken away.
+/// The page setup selection once the custom page setup is switched on or off: only the custom one is ever taken away.
 std::int32_t SelectionOf(bool custom, std::int32_t before);
 
 bool SetStampTab(StampControls& controls, const DataKeg& keg);

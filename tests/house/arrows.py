@@ -16,7 +16,7 @@ ROOMS = {
     "base": ((), {"text": (), "files": (), "process": ("files",)}),
     "ondemand": ((), {"": ()}),
     "prologue": ((), {}),
-    "drawing": ((), {
+    "drawing": (("ports",), {
         "tags": (),
         "entities": ("tags",),
         "graphics": ("tags", "entities"),
@@ -51,7 +51,7 @@ ROOMS = {
         "families": ("context", "geometry", "ink", "notes"),
         "paint": ("*",),
     }),
-    "plotter": (("prologue", "render", "drawing"), {"fonts": (), "postscript": ("fonts",), "page": ("postscript",)}),
+    "plotter": (("prologue", "render", "drawing", "ports"), {"fonts": (), "postscript": ("fonts",), "page": ("postscript",)}),
     "cadhost": (("plotter", "render", "drawing", "ports"), {
         "answers": (),
         "devices": ("answers",),
@@ -195,15 +195,9 @@ GENERATED = {"TarnwickSmPubAcad.h"}
 
 # Circles that stand until their rooms are rebuilt. A new one is a finding, and so is one that grows.
 KNOWN_CIRCLES = (
-    # The document and its parts know each other; they are to be split by what they write.
-    {"adapters/publisher/document/Annotations", "adapters/publisher/document/MarkWriter",
-     "adapters/publisher/document/PdfAssembly", "adapters/publisher/document/StampWriter"},
-    {"adapters/publisher/document/PubDoc", "adapters/publisher/document/SavePdf"},
     # The maps of a DWG's objects, and the container that holds them.
     {"adapters/drawing/dwg/file/Container", "adapters/drawing/dwg/file/ContainerBuilder",
      "adapters/drawing/dwg/file/ObjectMap"},
-    # The editor of records and the lists that it edits.
-    {"apps/sheetmaker/records/RecordEditor", "apps/sheetmaker/records/RecordListEditor"},
 )
 
 

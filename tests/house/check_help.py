@@ -15,9 +15,12 @@ import sys
 USES = [re.compile(r"constexpr std::int32_t kHelp\w+ = (\d+);"), re.compile(r"MessageIcon::\w+,\s*(\d+)\b")]
 # Captions that nobody needs to look up, or that stand in the page in other words.
 PLAIN = {"", "Font:", "Size:", "Justify:", "Color:", "X:", "Y:", "Inches", "Drawing Units", "Name:", "Custom:", "Step 1: Text Stamp",
-         "Status: Scanning for Hyperlinks and File Attributes", "Layout/ Limits", "Step 2: Font Settings", "Insert:"}
+         "Status: Scanning for Hyperlinks and File Attributes", "Layout/ Limits", "Step 2: Font Settings", "Insert:",
+         "Limits", "Millimeters", "Pixels", "Native"}
 CAPTION = re.compile(r'(?:ControlRow|Governed|Stamped)\((?:ControlKind::)?(?:CheckBox|OptionButton|CommandButton),\s*'
                      r'"\w+",\s*(?:onItsOwn \? "[^"]*" : )?"([^"]*)"')
+SETTING = re.compile(r'SwitchSetting\("\w+",\s*SettingUse::\w+,\s*(?:true|false),\s*"([^"]+)"\)')
+NAMED = re.compile(r'\{k\w+, "([^"]+)"\}')
 PAGES = re.compile(r'ControlRow\((?:ControlKind::)?TabPage,\s*"\w+",\s*"([^"]*)"')
 
 
@@ -69,6 +72,8 @@ def captions(root):
         text = read(path)
         found.update(CAPTION.findall(text))
         found.update(PAGES.findall(text))
+    found.update(SETTING.findall(read(os.path.join(root, "src", "settings", "SettingTable.h"))))
+    found.update(NAMED.findall(read(os.path.join(root, "src", "ports", "PlotNumbers.h"))))
     return {one.replace("&", "") for one in found} - PLAIN
 
 

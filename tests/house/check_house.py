@@ -2,7 +2,7 @@
 """Proves the rules of the house: which folder may include what, headers that compile alone, no bare try in the plug-in,
 the operating system in its own rooms, file and function lengths, words that don't belong in the tree.
 
-    check_house.py RULE [--source DIR]      RULE: arrows headers policies lengths words platform format
+    check_house.py RULE [--source DIR]      RULE: arrows headers policies lengths words platform settings format
 """
 import argparse
 import concurrent.futures
@@ -14,6 +14,7 @@ import subprocess
 import sys
 
 from arrows import check_arrows, resolve, room_of
+from settings import check_settings
 from sources import INCLUDE, files, read
 from systems import check_platform
 
@@ -110,7 +111,7 @@ def check_words(source):
 
 def main():
     rules = {"arrows": check_arrows, "headers": check_headers, "policies": check_policies, "lengths": check_lengths,
-             "words": check_words, "platform": check_platform, "format": check_format}
+             "words": check_words, "platform": check_platform, "settings": check_settings, "format": check_format}
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("rule", choices=rules)
     parser.add_argument("--source", default=os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))

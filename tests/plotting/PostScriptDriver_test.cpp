@@ -125,7 +125,13 @@ TEST_F(PostScriptDriver, AFolderThatCannotBeNotedIsNotSwitched)
 {
     failingRegistry.faults = {FaultPlan::Mode::Onwards, 1};
     EXPECT_EQ(SetPlotterPath(context), -1);
-    EXPECT_EQ(Log().back(), "  ERROR: Could not set Plotter Path.");
+    EXPECT_EQ(Log(), (Lines{"  Original Profile Name: Unnamed Profile",
+                            "  Original PrinterConfigPath: C:\\Users\\me\\Plotters",
+                            "  Set PrinterConfigPath To: C:\\Program Files\\Tarnwick\\PC3",
+                            "  ERROR: Could not set Plotter Path."}));
+    EXPECT_EQ(observer.carriedPast.back(),
+              "SetPlotterPath: the user's settings don't keep the plotter folder in force, "
+              "which couldn't be put back then");
     EXPECT_EQ(host.facts.PrinterConfigPath, kUsersPlotters);
 }
 

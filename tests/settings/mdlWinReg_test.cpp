@@ -69,17 +69,30 @@ TEST_F(RegistrySettings, CountsTheBytesOfTheEncodedText)
     EXPECT_EQ(RegReadString(registry, kUser, "Key", "Text"), "M\xC3\xBCller");
 }
 
-TEST_F(RegistrySettings, AFailedWriteIsLostWithoutAWord)
+TEST_F(RegistrySettings, AFailedWriteIsLost)
 {
     FailingRegistry failing(registry);
     for (const int call : {1, 2, 3}) { // create, set, close
         failing.faults = {FaultPlan::Mode::Once, call};
-        RegWriteString(failing, kUser, "Key", "Text" + std::to_string(call), "words");
+        EXPECT_EQ(RegWriteString(failing, kUser, "Key", "Text" + std::to_string(call), "words"), call == 3);
         EXPECT_EQ(failing.faults.injected, 1);
     }
     EXPECT_EQ(registry.Text(kUser, "Key", "Text1"), "(absent)");
     EXPECT_EQ(registry.Text(kUser, "Key", "Text2"), "(absent)");
     EXPECT_EQ(registry.Text(kUser, "Key", "Text3"), "words");
+}
+
+TEST_F(RegistrySettings, TheObserverHearsOfASettingThatWasLost)
+{
+    WriteSetting(surroundings, "DeletePs", false);
+    EXPECT_EQ(observer.carriedPast, std::vector<std::string>());
+    failingRegistry.faults = {FaultPlan::Mode::Onwards, 1};
+    WriteSetting(surroundings, "DeletePs", true);
+    WriteReleaseSetting(surroundings, "16", "Profile", "mine");
+    EXPECT_EQ(observer.carriedPast,
+              (std::vector<std::string>{"WriteSetting: the setting DeletePs could not be stored",
+                                        "WriteReleaseSetting: the setting Profile could not be stored"}));
+    EXPECT_EQ(registry.Text(kUser, kKey, "DeletePs"), "0");
 }
 
 TEST_F(RegistrySettings, ReadsByTypeCode)
@@ -123,19 +136,21 @@ TEST_F(RegistrySettings, GivesTheDefaultUnchangedWhenAbsentOrEmpty)
     for (const char* name : {"Missing", "Empty", "Number"}) {
         EXPECT_EQ(ReadSetting(surroundings, name, 12.5, 2), AcadVariant(12.5)) << name;
         EXPECT_EQ(ReadSetting(surroundings, name, std::string("x"), 1), AcadVariant(std::string("x"))) << name;
-        EXPECT_TRUE(ReadBooleanSetting(surroundings, name, true)) << name;
-        EXPECT_FALSE(ReadBooleanSetting(surroundings, name, false)) << name;
-        EXPECT_EQ(ReadIntegerSetting(surroundings, name, 7), 7) << name;
-        EXPECT_EQ(ReadTextSetting(surroundings, name, "default"), "default") << name;
+        EXPECT_TRUE(ReadBooleanSetting(surroundings, SwitchSetting(name, SettingUse::Answer, true))) << name;
+        EXPECT_FALSE(ReadBooleanSetting(surroundings, SwitchSetting(name, SettingUse::Answer, false))) << name;
+        EXPECT_EQ(ReadIntegerSetting(surroundings, WholeSetting(name, SettingUse::Answer, 7, 9)), 7) << name;
+        EXPECT_EQ(ReadIntegerSetting(surroundings, SwitchSetting(name, SettingUse::Answer, true)), 1) << name;
+        EXPECT_EQ(ReadTextSetting(surroundings, TextSetting(name, SettingUse::Answer, "default")), "default") << name;
+        EXPECT_EQ(ReadTextSetting(surroundings, SwitchSetting(name, SettingUse::Answer, true)), "1") << name;
     }
 }
 
 TEST_F(RegistrySettings, PromptForFileNameReadsFalseAsZeroAndTrueAsEmpty)
 {
     registry.Put(kUser, kKey, "PromptForFileName", "0");
-    EXPECT_FALSE(ReadBooleanSetting(surroundings, "PromptForFileName", true));
+    EXPECT_FALSE(ReadBooleanSetting(surroundings, SettingNamed("PromptForFileName")));
     registry.Put(kUser, kKey, "PromptForFileName", "");
-    EXPECT_TRUE(ReadBooleanSetting(surroundings, "PromptForFileName", true));
+    EXPECT_TRUE(ReadBooleanSetting(surroundings, SettingNamed("PromptForFileName")));
 }
 
 TEST_F(RegistrySettings, WritesEveryKindAsText)
@@ -165,7 +180,7 @@ TEST_F(RegistrySettings, ANumberWrittenUnderACommaLocaleLosesItsFraction)
     locale.decimalSeparator = ',';
     WriteSetting(surroundings, "PaperWidth", 279.4);
     EXPECT_EQ(registry.Text(kUser, kKey, "PaperWidth"), "279,4");
-    EXPECT_EQ(ReadIntegerSetting(surroundings, "PaperWidth", 0), 279);
+    EXPECT_EQ(ReadSetting(surroundings, "PaperWidth", std::int32_t(0), kSettingInteger), AcadVariant(279));
 }
 
 TEST_F(RegistrySettings, ReadsTheFactsOfTheInstallationMachineWide)

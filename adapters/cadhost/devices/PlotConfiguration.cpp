@@ -50,7 +50,7 @@ drawing::Vec2 AcrossWhenTurned(drawing::Vec2 v, std::int32_t rotation)
 void AssumeValues(drawing::PlotSettings& values)
 {
     using drawing::PlotSettings;
-    values.plotType = 1;
+    values.plotType = kPlotExtents;
     values.standardScale = 0;
     values.flags |= PlotSettings::kCentered | PlotSettings::kStandardScale | PlotSettings::kPlotStyles |
                     PlotSettings::kLineweights | PlotSettings::kDrawViewportsFirst;
@@ -60,10 +60,10 @@ void AssumeValues(drawing::PlotSettings& values)
 void MendValues(drawing::PlotSettings& values, bool isModel)
 {
     values.rotation &= 3;
-    if (values.plotType < 0 || values.plotType > 5)
-        values.plotType = isModel ? 1 : 5;
-    if (values.paperUnits < 0 || values.paperUnits > 2)
-        values.paperUnits = 1;
+    if (values.plotType < kPlotDisplay || values.plotType > kPlotLayout)
+        values.plotType = isModel ? kPlotExtents : kPlotLayout;
+    if (values.paperUnits < kPaperInches || values.paperUnits > kPaperPixels)
+        values.paperUnits = kPaperMillimeters;
     values.origin = {FiniteOrZero(values.origin.x), FiniteOrZero(values.origin.y)};
     const drawing::Box2& window = values.window;
     for (const double side : {window.min.x, window.min.y, window.max.x, window.max.y}) {

@@ -42,7 +42,10 @@ public:
         Values().rotation = InRange("PlotRotation", rotation, 0, 3);
     }
     std::int32_t PlotType() override { return Values().plotType; }
-    void SetPlotType(std::int32_t type) override { Values().plotType = InRange("PlotType", type, 0, 5); }
+    void SetPlotType(std::int32_t type) override
+    {
+        Values().plotType = InRange("PlotType", type, kPlotDisplay, kPlotLayout);
+    }
     std::string ViewToPlot() override { return Values().viewName; }
     void SetViewToPlot(const std::string& name) override
     {
@@ -83,7 +86,10 @@ public:
     }
 
     std::int32_t PaperUnits() override { return Values().paperUnits; }
-    void SetPaperUnits(std::int32_t units) override { Values().paperUnits = InRange("PaperUnits", units, 0, 2); }
+    void SetPaperUnits(std::int32_t units) override
+    {
+        Values().paperUnits = InRange("PaperUnits", units, kPaperInches, kPaperPixels);
+    }
     bool UseStandardScale() override { return Has(PlotSettings::kStandardScale); }
     void SetUseStandardScale(bool value) override { Set(PlotSettings::kStandardScale, value); }
     std::int32_t StandardScale() override { return Values().standardScale; }

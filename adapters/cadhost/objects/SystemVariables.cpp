@@ -25,9 +25,8 @@ bool IsMetric(const OpenDrawing& open)
 /// empty layout are turned inside out, as a CAD program gives them.
 Box2 ExtentsOf(OpenDrawing& open)
 {
-    constexpr std::int32_t kPlotsExtents = 1;
     const drawing::Layout& layout = open.LayoutAt(open.Active());
-    const bool plotted = open.Configuration(open.Active()).Values().plotType == kPlotsExtents;
+    const bool plotted = open.Configuration(open.Active()).Values().plotType == kPlotExtents;
     const Box2 box =
         layout.extents.Empty() || plotted ? open.Extents(layout.block, DisplayMatrix(open)) : layout.extents;
     constexpr double kNowhere = 1e20;

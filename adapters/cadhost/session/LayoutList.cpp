@@ -1,6 +1,7 @@
 #include "session/LayoutList.h"
 
 #include "answers/HostText.h"
+#include "base/text/Names.h"
 #include "drawing/EntityKinds.h"
 #include "drawing/entities/Viewports.h"
 
@@ -64,27 +65,21 @@ std::vector<LayoutOutline> OutlineLayouts(const OpenDrawing& open)
     for (const std::size_t index : open.Shown()) {
         const drawing::Layout& layout = open.LayoutAt(index);
         list.push_back({layout.name, layout.isModel, HoldsSomething(open.File(), layout),
-                        layout.plot.paperWidth > 0 && layout.plot.paperHeight > 0, layout.plot.plotType == 0});
+                        layout.plot.paperWidth > 0 && layout.plot.paperHeight > 0,
+                        layout.plot.plotType == kPlotDisplay});
     }
     return list;
 }
 
 std::string PlotAreaText(const drawing::PlotSettings& settings)
 {
-    switch (settings.plotType) {
-    case 0:
-        return "display";
-    case 1:
-        return "extents";
-    case 2:
-        return "limits";
-    case 3:
-        return "view '" + settings.viewName + "'";
-    case 4:
-        return "window " + PointText(settings.window.min) + " to " + PointText(settings.window.max);
-    default:
-        return "layout";
-    }
+    const char* const known = NameOf(kPlotTypes, settings.plotType);
+    const std::string name = base::FoldCase(*known != '\0' ? known : NameOf(kPlotTypes, kPlotLayout));
+    if (settings.plotType == kPlotView)
+        return name + " '" + settings.viewName + "'";
+    if (settings.plotType == kPlotWindow)
+        return name + " " + PointText(settings.window.min) + " to " + PointText(settings.window.max);
+    return name;
 }
 
 std::string ScaleText(const PlotScale& scale, bool fit)

@@ -27,12 +27,11 @@ Box2 Back(const render::Matrix2& map, const Box2& box)
 
 PlotSettings SheetSettings(const drawing::Drawing& drawing, const drawing::Layout& layout)
 {
-    constexpr std::int32_t kPlotsLayout = 5;
     const auto landscape = [&] { return layout.extents.Empty() || layout.extents.Width() > layout.extents.Height(); };
     PlotSettings settings = PlotConfiguration(drawing, layout, landscape).Settings();
-    if (settings.plotType != kPlotsLayout)
+    if (settings.plotType != kPlotLayout)
         settings.origin = {}; // it moves another plot area
-    settings.plotType = kPlotsLayout;
+    settings.plotType = kPlotLayout;
     return settings;
 }
 

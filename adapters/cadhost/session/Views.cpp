@@ -43,8 +43,7 @@ render::Matrix3 DisplayMatrix(OpenDrawing& open)
     const drawing::Drawing& file = open.File();
     const drawing::Layout& layout = open.LayoutAt(open.Active());
     const drawing::PlotSettings& values = open.Configuration(open.Active()).Values();
-    constexpr std::int32_t kPlotsView = 3;
-    if (values.plotType == kPlotsView) {
+    if (values.plotType == kPlotView) {
         for (const drawing::NamedView& view : file.Views()) {
             if (SameName(view.name, values.viewName) && view.paperSpace != layout.isModel)
                 return MatrixOf(view);

@@ -16,7 +16,7 @@ using drawing::Vec2;
 /// Pixels count as millimetres: media in pixels give their size so.
 double UnitInMillimetres(std::int32_t paperUnits)
 {
-    return paperUnits == 0 ? base::kMillimetresPerInch : 1;
+    return paperUnits == kPaperInches ? base::kMillimetresPerInch : 1;
 }
 
 /// The ratio the settings ask for; nothing for scale to fit.

@@ -15,8 +15,6 @@ using drawing::Box2;
 using drawing::Vec2;
 using drawing::Vec3;
 
-enum PlotType : std::int32_t { kDisplay, kExtents, kLimits, kView, kWindow, kLayout };
-
 Box2 BoxAround(Vec2 center, double width, double height)
 {
     Box2 box;
@@ -101,7 +99,7 @@ Box2 Ordered(const Box2& window)
 PlotArea FindPlotArea(const drawing::Drawing& drawing, const drawing::Layout& layout,
                       const drawing::PlotSettings& settings, const std::function<Box2(const render::Matrix3&)>& extents)
 {
-    if (settings.plotType == kView) {
+    if (settings.plotType == kPlotView) {
         return NamedViewArea(drawing, layout, settings.viewName);
     }
     PlotArea area;
@@ -109,17 +107,17 @@ PlotArea FindPlotArea(const drawing::Drawing& drawing, const drawing::Layout& la
     const auto active =
         layout.isModel ? drawing.ActiveModelView().value_or(drawing::ModelView{}) : drawing::ModelView{};
     area.view = ViewOf(active.direction, active.target, active.twist);
-    const bool showsLayout = settings.plotType == kLayout && !layout.isModel;
+    const bool showsLayout = settings.plotType == kPlotLayout && !layout.isModel;
     area.isSheet = showsLayout;
-    if (settings.plotType == kWindow) {
+    if (settings.plotType == kPlotWindow) {
         // The file keeps the window in world coordinates as long as one looks straight down, in the view's own else.
         const bool plan = drawing::IsPlanView(active.direction);
         area.box = plan ? Seen(area.view, Ordered(settings.window)) : Ordered(settings.window);
-    } else if (settings.plotType == kDisplay && layout.isModel) {
+    } else if (settings.plotType == kPlotDisplay && layout.isModel) {
         area.box = BoxAround(active.center, active.height * active.aspect, active.height);
-    } else if (settings.plotType == kDisplay && !layout.isModel) {
+    } else if (settings.plotType == kPlotDisplay && !layout.isModel) {
         area.box = SheetView(drawing, layout);
-    } else if (settings.plotType == kLimits || (settings.plotType == kLayout && layout.isModel)) {
+    } else if (settings.plotType == kPlotLimits || (settings.plotType == kPlotLayout && layout.isModel)) {
         area.box = Seen(area.view, LimitsOf(drawing, layout));
     }
     if (area.box.Empty() && !showsLayout) {

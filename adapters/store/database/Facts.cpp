@@ -1,10 +1,10 @@
 #include "store/Facts.h"
 
+#include "ports/RegistryKeys.h"
+
 namespace sm::store {
 namespace {
 
-constexpr const char* kProductKey = "Software\\Tarnwick Software\\Sheetmaker PDF";
-constexpr const char* kPluginKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD";
 constexpr const char* kHostKey = "Software\\Autodesk\\AutoCAD";
 constexpr const char* kReleaseKey = "R16.0";
 constexpr const char* kHostProductKey = "EMBEDDED-1:409";
@@ -35,8 +35,8 @@ ValueTable ShippedFacts(const Install& install)
 {
     ValueTable facts;
     facts.SetText(RegistryRoot::LocalMachine, kProductKey, "Version", install.version);
-    facts.SetText(RegistryRoot::LocalMachine, kPluginKey, "HelpFile", install.helpFile);
-    facts.SetText(RegistryRoot::LocalMachine, kPluginKey, "SettingsFolder", install.settingsFolder);
+    facts.SetText(RegistryRoot::LocalMachine, kSettingsKey, "HelpFile", install.helpFile);
+    facts.SetText(RegistryRoot::LocalMachine, kSettingsKey, "SettingsFolder", install.settingsFolder);
     AddReleaseChain(facts, RegistryRoot::CurrentUser);
     AddReleaseChain(facts, RegistryRoot::LocalMachine);
     AddInstallRecord(facts, install.hostFolder);

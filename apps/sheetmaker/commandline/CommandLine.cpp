@@ -3,12 +3,14 @@
 #include "commandline/CommandHelp.h"
 #include "commandline/ExitCodes.h"
 #include "commandline/MarkCommandLine.h"
+#include "commandline/NamedNumbers.h"
 #include "commandline/Suggest.h"
 #include "drawing/DwgConverter.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <map>
+#include <span>
 
 namespace sm::app {
 namespace {
@@ -21,8 +23,6 @@ const std::map<std::string, LayoutChoice> kLayoutChoices = {{"auto", LayoutChoic
                                                             {"all", LayoutChoice::All},
                                                             {"active", LayoutChoice::Active},
                                                             {"model", LayoutChoice::Model}};
-const std::map<std::string, std::int32_t> kPageSetups = {{"native", 0}, {"custom", 1}, {"global", 2}};
-const std::map<std::string, std::int32_t> kLineQualities = {{"print", 0}, {"draft", 1}};
 constexpr int kMostWorkers = 256;
 
 /// An option with named values, stored by name and checked against the names in their own order.
@@ -41,6 +41,21 @@ void AddChoice(CLI::App& command, const std::string& option, std::optional<Value
         });
 }
 
+/// An option whose words are the names of numbers.
+void AddNamedNumber(CLI::App& command, const std::string& option, std::optional<std::int32_t>& target,
+                    std::span<const NamedNumber> numbers, const std::string& help)
+{
+    const std::vector<std::string> words = WordsOf(numbers);
+    command
+        .add_option_function<std::string>(
+            option, [&target, numbers](const std::string& word) { target = NumberOfWord(word, numbers); }, help)
+        ->type_name(CLI::detail::join(words, "|"))
+        ->check([numbers, words](const std::string& word) {
+            return NumberOfWord(word, numbers) ? std::string()
+                                               : "\"" + word + "\" is none of " + CLI::detail::join(words, ", ");
+        });
+}
+
 void AddLayoutOptions(CLI::App& command, ConvertOptions& options)
 {
     AddChoice(command, "--layouts", options.layouts, kLayoutChoices, {"auto", "all", "active", "model"},
@@ -48,14 +63,15 @@ void AddLayoutOptions(CLI::App& command, ConvertOptions& options)
     command.add_option("--layout", options.layoutName, "Convert the layout of this name only")
         ->type_name("NAME")
         ->excludes("--layouts");
-    AddChoice(command, "--page-setup", options.pageSetupSource, kPageSetups, {"native", "custom", "global"},
-              "Plot with the layout's own page setup, the drawing's PDF page setup or the user's global one");
+    AddNamedNumber(command, "--page-setup", options.pageSetupSource, kPageSetupSources,
+                   "Plot with the layout's own page setup, the drawing's PDF page setup or the user's global one");
 }
 
 void AddQualityOptions(CLI::App& command, ConvertOptions& options)
 {
-    AddChoice(command, "--line-quality", options.lineQuality, kLineQualities, {"print", "draft"},
-              "1200 dpi or 600 dpi");
+    AddNamedNumber(command, "--line-quality", options.lineQuality, kLineQualities,
+                   std::to_string(ResolutionOf(kLinesForPrint)) + " dpi or " +
+                       std::to_string(ResolutionOf(kLinesForDraft)) + " dpi");
     command.add_option("--job-options", options.jobOptions, "Name of the job options, without extension")
         ->type_name("NAME");
     command.add_flag("--pdf-layers", options.pdfLayers, "Make the drawing's layers layers of the PDF");

@@ -15,8 +15,8 @@ enum class LayoutChoice { Auto, All, Active, Model };
 struct ConvertOptions {
     std::optional<LayoutChoice> layouts;
     std::optional<std::string> layoutName;
-    std::optional<std::int32_t> pageSetupSource; ///< 0 native, 1 custom, 2 global
-    std::optional<std::int32_t> lineQuality;     ///< 0 print (1200 dpi), 1 draft (600 dpi)
+    std::optional<std::int32_t> pageSetupSource; ///< see PageSetupSource
+    std::optional<std::int32_t> lineQuality;     ///< see LineQuality
     std::optional<std::string> jobOptions;
     bool keepPs = false;
     bool open = false;
@@ -87,7 +87,7 @@ struct StampJob {
     std::optional<std::string> font;
     std::optional<std::int32_t> size;          ///< points
     std::optional<std::int32_t> color;         ///< red in the low byte
-    std::optional<std::int32_t> justification; ///< 0 left, 1 centre, 2 right
+    std::optional<std::int32_t> justification; ///< see kStampJustifications
     std::optional<std::string> layout;
     std::optional<DrawingPoint> at;
     friend bool operator==(const StampJob&, const StampJob&) = default;

@@ -2,7 +2,9 @@
 
 #include "commandline/MarkHelp.h"
 #include "commandline/MarkValues.h"
+#include "commandline/NamedNumbers.h"
 #include "commandline/Suggest.h"
+#include "settings/DataKeg.h"
 
 #include <CLI/CLI.hpp>
 #include <map>
@@ -14,7 +16,6 @@ const std::map<std::string, RecordAction> kActions = {{"list", RecordAction::Lis
                                                       {"add", RecordAction::Add},
                                                       {"change", RecordAction::Change},
                                                       {"remove", RecordAction::Remove}};
-const std::map<std::string, std::int32_t> kJustifications = {{"left", 0}, {"center", 1}, {"centre", 1}, {"right", 2}};
 constexpr std::int32_t kLargestStamp = 1000; // points
 
 /// An option whose text `parse` turns into a value, or refuses by giving nothing; `meaning` then says what is wanted.
@@ -64,10 +65,10 @@ std::optional<std::int32_t> ParseSize(const std::string& text)
     return number && size >= 1 && size <= kLargestStamp ? std::optional(size) : std::nullopt;
 }
 
+/// "centre" is taken, too.
 std::optional<std::int32_t> ParseJustification(const std::string& name)
 {
-    const auto found = kJustifications.find(name);
-    return found == kJustifications.end() ? std::nullopt : std::optional(found->second);
+    return NumberOfWord(name == "centre" ? "center" : name, kStampJustifications);
 }
 
 std::string FontError(const std::string& name)
@@ -81,24 +82,27 @@ std::string FontError(const std::string& name)
 
 void AddStampLooks(CLI::App& command, StampJob& job)
 {
+    const StampSettings defaults;
     command.add_option("--text", job.text, "A number of the stamp list, 1 to 15, or a text (default: 1)")
         ->type_name("N|TEXT");
     command
         .add_option_function<std::string>(
             "--font", [&job](const std::string& name) { job.font = FindName(name, StampFontNames()); },
-            "One of the 14 standard fonts (default: Helvetica)")
+            "One of the 14 standard fonts (default: " + defaults.FontName + ")")
         ->type_name("NAME")
         ->check(FontError);
-    AddParsed(command, "--size", job.size, ParseSize, "size from 1 to 1000 points", "Points (default: 24)")
+    AddParsed(command, "--size", job.size, ParseSize, "size from 1 to 1000 points",
+              "Points (default: " + std::to_string(defaults.FontSize) + ")")
         ->type_name("POINTS");
     AddParsed(command, "--color", job.color, ParseColor,
               "colour; write #RRGGBB or one of " + CLI::detail::join(ColorNames(), ", "),
-              "#RRGGBB or a name such as blue (default: red)")
+              "#RRGGBB or a name such as blue (default: " + ColorName(defaults.Color) + ")")
         ->type_name("COLOR");
     AddParsed(command, "--justify", job.justification, ParseJustification,
-              "justification; there are left, center, right",
-              "Which part of the text stands at the point (default: left)")
-        ->type_name("left|center|right");
+              "justification; there are " + CLI::detail::join(WordsOf(kStampJustifications), ", "),
+              "Which part of the text stands at the point (default: " +
+                  WordOf(defaults.Justification, kStampJustifications) + ")")
+        ->type_name(CLI::detail::join(WordsOf(kStampJustifications), "|"));
 }
 
 void AddStamp(CLI::App& program, StampJob& job)
@@ -108,7 +112,9 @@ void AddStamp(CLI::App& program, StampJob& job)
     AddDrawing(command, job.drawing);
     AddAction(command, job.action, false);
     AddStampLooks(command, job);
-    command.add_option("--layout", job.layout, "The layout that is stamped (default: All Layouts)")->type_name("NAME");
+    command
+        .add_option("--layout", job.layout, std::string("The layout that is stamped (default: ") + kAllLayouts + ")")
+        ->type_name("NAME");
     AddPlace(command, job.at, "Where the stamp stands, in drawing units");
 }
 

@@ -1,6 +1,7 @@
 #include "commandline/MarkValues.h"
 
 #include "commandline/Suggest.h"
+#include "settings/StampChoices.h"
 
 #include <algorithm>
 #include <charconv>
@@ -10,7 +11,6 @@
 namespace sm::app {
 namespace {
 
-constexpr std::int32_t kStampListLength = 15;
 constexpr std::size_t kLongestRecordText = 255; // bytes; what an item of extended data may hold
 
 struct NamedColor {
@@ -81,12 +81,21 @@ std::vector<std::string> ColorNames()
     return names;
 }
 
+std::string ColorName(std::int32_t color)
+{
+    for (const NamedColor& one : kColors)
+        if (one.color == color)
+            return one.name;
+    return ColorText(color);
+}
+
 std::optional<std::int32_t> ParseStampNumber(const std::string& text)
 {
     std::int32_t number = 0;
     const char* const end = text.data() + text.size();
     const auto [rest, error] = std::from_chars(text.data(), end, number);
-    const bool inList = error == std::errc() && rest == end && number >= 1 && number <= kStampListLength;
+    const bool inList =
+        error == std::errc() && rest == end && number >= 1 && number <= static_cast<std::int32_t>(kStampTextCount);
     return inList ? std::optional(number) : std::nullopt;
 }
 
@@ -99,17 +108,8 @@ bool IsWholeNumber(const std::string& text)
 
 const std::vector<std::string>& StampFontNames()
 {
-    static const std::vector<std::string> names = {
-        "Courier",     "Courier-Bold",   "Courier-Oblique",   "Courier-BoldOblique",
-        "Helvetica",   "Helvetica-Bold", "Helvetica-Oblique", "Helvetica-BoldOblique",
-        "Times-Roman", "Times-Bold",     "Times-Italic",      "Times-BoldItalic",
-        "Symbol",      "ZapfDingbats"};
+    static const std::vector<std::string> names(kStampFonts.begin(), kStampFonts.end());
     return names;
-}
-
-std::string JustificationName(std::int32_t justification)
-{
-    return justification == 1 ? "centre" : justification == 2 ? "right" : "left";
 }
 
 std::string RecordTextError(const std::string& text)

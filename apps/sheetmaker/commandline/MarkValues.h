@@ -17,6 +17,8 @@ std::optional<DrawingBox> ParseBox(const std::string& text);
 /// "#RRGGBB" or one of `ColorNames`, letter case aside. Red ends up in the low byte.
 std::optional<std::int32_t> ParseColor(const std::string& text);
 std::vector<std::string> ColorNames();
+/// Its name, or "#RRGGBB" where it has none.
+std::string ColorName(std::int32_t color);
 /// A number of the stamp list, 1 to 15.
 std::optional<std::int32_t> ParseStampNumber(const std::string& text);
 /// True for a text that is a whole number, whatever its size.
@@ -24,8 +26,6 @@ bool IsWholeNumber(const std::string& text);
 
 /// The fonts that every PDF reader has, as the stamp record names them.
 const std::vector<std::string>& StampFontNames();
-/// "left", "centre" or "right".
-std::string JustificationName(std::int32_t justification);
 
 /// Why a text can't stand in a drawing's record, as the end of a sentence about it; empty when it can.
 std::string RecordTextError(const std::string& text);

@@ -12,16 +12,10 @@
 namespace sm::app {
 namespace {
 
-/// The stored text; empty when the default is in force.
-std::string Stored(IRegistry& registry, const SettingName& setting)
+std::string Value(IRegistry& registry, const Setting& setting)
 {
-    return RegReadString(registry, RegistryRoot::CurrentUser, kSettingsKey, setting.name).value_or("");
-}
-
-std::string Value(IRegistry& registry, const SettingName& setting)
-{
-    const std::string stored = Stored(registry, setting);
-    return stored.empty() ? setting.defaultValue : stored;
+    const std::string stored = StoredSetting(registry, setting.name);
+    return stored.empty() ? DefaultText(setting) : stored;
 }
 
 int UnknownSetting(const std::string& command, const std::string& name, std::ostream& err)
@@ -36,7 +30,7 @@ int UnknownSetting(const std::string& command, const std::string& name, std::ost
 
 int RunGet(IRegistry& registry, const GetJob& job, std::ostream& out, std::ostream& err)
 {
-    const SettingName* setting = FindSetting(job.name);
+    const Setting* setting = FindSetting(job.name);
     if (!setting)
         return UnknownSetting("get", job.name, err);
     out << Value(registry, *setting) << "\n";
@@ -45,7 +39,7 @@ int RunGet(IRegistry& registry, const GetJob& job, std::ostream& out, std::ostre
 
 int RunSet(IRegistry& registry, const SetJob& job, const std::vector<std::string>& jobOptionNames, std::ostream& err)
 {
-    const SettingName* setting = FindSetting(job.name);
+    const Setting* setting = FindSetting(job.name);
     if (!setting)
         return UnknownSetting("set", job.name, err);
     const CheckedValue checked = CheckValue(*setting, job.value, jobOptionNames);
@@ -53,8 +47,8 @@ int RunSet(IRegistry& registry, const SetJob& job, const std::vector<std::string
         err << "sheetmaker set: " << setting->name << " " << checked.error << "\n";
         return kExitUsage;
     }
-    RegWriteString(registry, RegistryRoot::CurrentUser, kSettingsKey, setting->name, *checked.stored);
-    if (Stored(registry, *setting) == *checked.stored)
+    StoreSetting(registry, setting->name, *checked.stored);
+    if (StoredSetting(registry, setting->name) == *checked.stored)
         return kExitDone;
     err << "sheetmaker set: " << setting->name << " could not be stored\n";
     return kExitFailed;
@@ -63,11 +57,11 @@ int RunSet(IRegistry& registry, const SetJob& job, const std::vector<std::string
 int RunList(IRegistry& registry, const ListJob& job, std::ostream& out, std::ostream& err)
 {
     bool any = false;
-    for (const SettingName& setting : AllSettings()) {
+    for (const Setting& setting : kSettings) {
         if (base::FoldCase(setting.name).find(base::FoldCase(job.part)) == std::string::npos)
             continue;
         any = true;
-        const bool changed = !Stored(registry, setting).empty();
+        const bool changed = !StoredSetting(registry, setting.name).empty();
         out << (changed ? "* " : "  ") << setting.name << " = " << Value(registry, setting) << "\n";
     }
     if (any)

@@ -22,7 +22,7 @@ CheckedValue CheckSwitch(const std::string& value)
     return {{}, "takes 1 or 0"};
 }
 
-CheckedValue CheckNumber(const SettingName& setting, const std::string& value)
+CheckedValue CheckNumber(const Setting& setting, const std::string& value)
 {
     double number = 0;
     const char* end = value.data() + value.size();
@@ -47,7 +47,24 @@ CheckedValue CheckJobOptions(const std::string& value, const std::vector<std::st
 
 } // namespace
 
-CheckedValue CheckValue(const SettingName& setting, const std::string& value,
+std::vector<std::string> SettingNameList()
+{
+    std::vector<std::string> names;
+    for (const Setting& setting : kSettings)
+        names.emplace_back(setting.name);
+    return names;
+}
+
+const Setting* FindSetting(const std::string& name)
+{
+    const std::string found = FindName(name, SettingNameList());
+    for (const Setting& setting : kSettings)
+        if (found == setting.name)
+            return &setting;
+    return nullptr;
+}
+
+CheckedValue CheckValue(const Setting& setting, const std::string& value,
                         const std::vector<std::string>& jobOptionNames)
 {
     if (value.empty())

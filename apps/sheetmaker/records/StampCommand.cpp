@@ -1,6 +1,7 @@
 #include "records/StampCommand.h"
 
 #include "commandline/MarkValues.h"
+#include "commandline/NamedNumbers.h"
 #include "commandline/Refusal.h"
 #include "records/RecordEditor.h"
 #include "records/StampList.h"
@@ -12,8 +13,14 @@
 namespace sm::app {
 namespace {
 
-constexpr const char* kAllLayouts = "All Layouts";
 constexpr const char* kDefaultText = "1";
+
+/// A number that means nothing stands for the first, as on the sheet.
+std::string JustificationWord(std::int32_t justification)
+{
+    const std::string word = WordOf(justification, kStampJustifications);
+    return word.empty() ? WordsOf(kStampJustifications).front() : word;
+}
 
 class StampEdit {
 public:
@@ -45,7 +52,7 @@ private:
         const auto index = static_cast<std::size_t>(stamp.StampIndex);
         return fmt::format("stamp {} \"{}\", {}, {} pt, {}, {}, at {}, on {}", stamp.StampIndex,
                            index < texts.size() ? texts[index] : "", stamp.FontName, stamp.FontSize,
-                           ColorText(stamp.Color), JustificationName(stamp.Justification), PointText(stamp.X, stamp.Y),
+                           ColorText(stamp.Color), JustificationWord(stamp.Justification), PointText(stamp.X, stamp.Y),
                            stamp.LayoutName);
     }
 

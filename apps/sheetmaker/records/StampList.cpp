@@ -2,7 +2,7 @@
 
 #include "commandline/MarkValues.h"
 #include "commandline/Refusal.h"
-#include "preferences/SettingNames.h"
+#include "settings/mdlUtilities.h"
 #include "settings/mdlWinReg.h"
 
 #include <algorithm>
@@ -14,15 +14,9 @@ namespace {
 
 constexpr std::size_t kFirstFree = 11; // the entries before it come with texts of their own
 
-std::string SettingOf(std::size_t index)
-{
-    return "Stamp" + std::to_string(index);
-}
-
 std::string Default(std::size_t index)
 {
-    const SettingName* setting = FindSetting(SettingOf(index));
-    return setting == nullptr ? std::string() : setting->defaultValue;
+    return DefaultText(StampTextSetting(index));
 }
 
 std::string Listed(const StampTexts& texts)
@@ -38,10 +32,8 @@ std::string Listed(const StampTexts& texts)
 StampTexts StoredStampTexts(IRegistry& registry)
 {
     StampTexts texts;
-    for (std::size_t index = 1; index < texts.size(); ++index) {
-        const auto stored = RegReadString(registry, RegistryRoot::CurrentUser, kSettingsKey, SettingOf(index));
-        texts[index] = stored.value_or("").empty() ? Default(index) : *stored;
-    }
+    for (std::size_t index = 1; index < texts.size(); ++index)
+        texts[index] = TextOrDefault(StoredSetting(registry, StampTextSetting(index).name), Default(index));
     return texts;
 }
 
@@ -69,9 +61,9 @@ StampChoice ChooseStamp(const StampTexts& texts, const std::string& wanted)
 void StoreStampText(IRegistry& registry, const StampChoice& choice)
 {
     const auto index = static_cast<std::size_t>(choice.index);
-    RegWriteString(registry, RegistryRoot::CurrentUser, kSettingsKey, SettingOf(index), choice.text);
+    StoreSetting(registry, StampTextSetting(index).name, choice.text);
     if (StoredStampTexts(registry)[index] != choice.text)
-        throw std::runtime_error("the text could not be stored as " + SettingOf(index));
+        throw std::runtime_error(std::string("the text could not be stored as ") + StampTextSetting(index).name);
 }
 
 } // namespace sm::app

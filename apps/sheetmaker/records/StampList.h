@@ -2,16 +2,12 @@
 #pragma once
 
 #include "ports/IRegistry.h"
+#include "settings/StampChoices.h"
 
-#include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
 
 namespace sm::app {
-
-/// Entry 0 stands for "no stamp"; 1 to 15 are the settings "Stamp1" to "Stamp15".
-using StampTexts = std::array<std::string, 16>;
 
 StampTexts StoredStampTexts(IRegistry& registry);
 

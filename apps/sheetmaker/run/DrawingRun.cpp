@@ -66,7 +66,7 @@ bool DrawingRun::Open()
         return false;
     }
     if (selection.whatToPlot)
-        m_session.Around().LaySetting("WhatToPlot", std::to_string(*selection.whatToPlot));
+        m_session.Around().LaySetting(SettingNamed("WhatToPlot"), std::to_string(*selection.whatToPlot));
     m_report.times.open = MillisecondsSince(start);
     return true;
 }

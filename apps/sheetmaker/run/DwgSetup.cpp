@@ -1,7 +1,6 @@
 #include "run/DwgSetup.h"
 
 #include "base/files/Paths.h"
-#include "preferences/SettingNames.h"
 #include "run/UnderlayPages.h"
 #include "settings/mdlWinReg.h"
 
@@ -40,8 +39,7 @@ drawing::DwgOptions DwgOptionsOf(const Install& install, IRegistry& registry)
     drawing::DwgOptions options;
     options.converter = install.dwgConverter;
     if (options.converter.empty())
-        options.converter =
-            RegReadString(registry, RegistryRoot::CurrentUser, kSettingsKey, "DwgConverter").value_or("");
+        options.converter = StoredSetting(registry, SettingNamed("DwgConverter").name);
     options.scriptFolder = install.places.shareFolder.empty() ? "" : base::ToText(scripts);
     options.packageFolders = {base::ToText(scripts), base::ToText(CacheFolder(install))};
     options.searchPath = install.environment("PATH");

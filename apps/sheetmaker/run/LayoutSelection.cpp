@@ -1,6 +1,7 @@
 #include "run/LayoutSelection.h"
 
 #include "commandline/Suggest.h"
+#include "ports/PlotNumbers.h"
 
 #include <algorithm>
 
@@ -8,9 +9,6 @@ namespace sm::app {
 namespace {
 
 using cadhost::LayoutOutline;
-
-constexpr std::int32_t kActiveLayout = 0, kAllLayouts = 1;
-constexpr std::int32_t kGlobalPageSetup = 2;
 
 std::vector<std::string> Names(const std::vector<LayoutOutline>& layouts)
 {
@@ -31,7 +29,7 @@ void SelectByName(const std::string& name, const std::vector<LayoutOutline>& lay
         return;
     }
     selection.activeLayout = found;
-    selection.whatToPlot = kActiveLayout;
+    selection.whatToPlot = kPlotCurrentTab;
 }
 
 /// The model tab; with the global page setup where its own has no paper or plots what a screen happened to show.
@@ -39,14 +37,14 @@ void SelectModel(const std::vector<LayoutOutline>& layouts, LayoutSelection& sel
 {
     const auto model =
         std::find_if(layouts.begin(), layouts.end(), [](const LayoutOutline& layout) { return layout.isModel; });
-    selection.whatToPlot = kActiveLayout;
+    selection.whatToPlot = kPlotCurrentTab;
     if (model == layouts.end()) {
         selection.error = "has no model layout";
         return;
     }
     selection.activeLayout = model->name;
     if ((!model->hasPaper || model->plotsDisplay) && !selection.pageSetupSource)
-        selection.pageSetupSource = kGlobalPageSetup;
+        selection.pageSetupSource = kPageSetupGlobal;
 }
 
 void SelectAuto(const std::vector<LayoutOutline>& layouts, LayoutSelection& selection)
@@ -61,7 +59,7 @@ void SelectAuto(const std::vector<LayoutOutline>& layouts, LayoutSelection& sele
         SelectModel(layouts, selection);
         return;
     }
-    selection.whatToPlot = kAllLayouts;
+    selection.whatToPlot = kPlotAllTabs;
     if (selection.onlyLayouts.size() == paperLayouts)
         selection.onlyLayouts.clear();
 }
@@ -80,10 +78,10 @@ LayoutSelection SelectLayouts(const ConvertOptions& options, const std::vector<L
         return selection;
     switch (options.layouts.value_or(LayoutChoice::Auto)) {
     case LayoutChoice::All:
-        selection.whatToPlot = kAllLayouts;
+        selection.whatToPlot = kPlotAllTabs;
         break;
     case LayoutChoice::Active:
-        selection.whatToPlot = kActiveLayout;
+        selection.whatToPlot = kPlotCurrentTab;
         break;
     case LayoutChoice::Model:
         SelectModel(layouts, selection);

@@ -14,9 +14,9 @@ namespace sm::app {
 /// Laid over the document and the settings for one run. Nothing in an optional: as the drawing or the settings have it.
 struct LayoutSelection {
     std::optional<std::string> activeLayout;
-    std::vector<std::string> onlyLayouts;   ///< not empty: the paper layouts that the document shows
-    std::optional<std::int32_t> whatToPlot; ///< 0 the active layout, 1 all paper layouts
-    std::optional<std::int32_t> pageSetupSource;
+    std::vector<std::string> onlyLayouts;        ///< not empty: the paper layouts that the document shows
+    std::optional<std::int32_t> whatToPlot;      ///< see WhatToPlot
+    std::optional<std::int32_t> pageSetupSource; ///< see PageSetupSource
     std::string error; ///< not empty: the wanted layout isn't there, as the end of a sentence about the drawing
     friend bool operator==(const LayoutSelection&, const LayoutSelection&) = default;
 };

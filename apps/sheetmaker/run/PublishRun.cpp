@@ -78,8 +78,7 @@ private:
 /// The sheets of a native document that a selection means, in the order of their tabs.
 std::vector<std::string> SheetNames(INativeDoc& native, const LayoutSelection& selection)
 {
-    constexpr std::int32_t kActiveLayout = 0;
-    if (selection.whatToPlot == kActiveLayout)
+    if (selection.whatToPlot == kPlotCurrentTab)
         return {*selection.activeLayout};
     std::vector<std::string> names;
     const std::int32_t count = native.SheetCount();

@@ -3,7 +3,6 @@
 #include "base/files/Paths.h"
 #include "plotting/JobOptions.h"
 #include "plugin/Attempt.h"
-#include "preferences/SettingNames.h"
 #include "publisher/JobOptions.h"
 #include "run/InstallFiles.h"
 #include "settings/mdlDataKegIO.h"
@@ -36,8 +35,9 @@ std::optional<terminal::Paper> WantedPaper(CallContext& context)
     const auto layout = CarryOn([&] { return document.ActiveLayout(); }).value_or(nullptr);
     PageSetupRecord record;
     const std::int32_t source = ReadPlotSelection(context, document);
-    const bool custom = source == 1 && ReadCustomPageSetup(context, document, record) == CustomPageSetup::Read;
-    if (source == 2)
+    const bool custom =
+        source == kPageSetupCustom && ReadCustomPageSetup(context, document, record) == CustomPageSetup::Read;
+    if (source == kPageSetupGlobal)
         record = ReadGlobalPageSetup(context.surroundings);
     else if (!custom && (!layout || !ReadLayoutPageSetup(context, *layout, record)))
         return std::nullopt;
@@ -75,33 +75,39 @@ std::unique_ptr<IWindows> Surrounded::MakeWindows(terminal::Console& console)
                                                      [this](const std::string& reason) { m_watcher.Reason(reason); }});
 }
 
-void Surrounded::LaySetting(const std::string& name, const std::string& value)
+void Surrounded::LaySetting(const Setting& setting, const std::string& value)
 {
-    m_registry.Lay(RegistryRoot::CurrentUser, kSettingsKey, name, value);
+    m_registry.Lay(RegistryRoot::CurrentUser, kSettingsKey, setting.name, value);
+}
+
+void Surrounded::LaySwitch(const Setting& setting, bool isOn)
+{
+    LaySetting(setting, isOn ? "1" : "0");
 }
 
 void Surrounded::LayOptions(const DrawingTask& task)
 {
     const ConvertOptions& options = task.options;
-    for (const char* name : {"Profile", "PrinterConfigPath"})
+    for (const char* name : {kSavedProfile, kSavedPlotterFolder})
         m_registry.Isolate(RegistryRoot::CurrentUser, kSettingsKey, name);
-    if (!m_screen) // the answer nobody gave isn't stored
-        m_registry.KeepWrites("NoShowAcad2000PlotterMsg");
+    for (const Setting& setting : kSettings)
+        if (setting.use == SettingUse::Answer && !m_screen) // the answer nobody gave isn't stored
+            m_registry.KeepWrites(setting.name);
     if (task.savePath || !options.asSet)
-        LaySetting("PromptForFileName", task.savePath ? "1" : "0");
+        LaySwitch(SettingNamed("PromptForFileName"), task.savePath.has_value());
     if (options.open || !options.asSet)
-        LaySetting("OpenInViewer", options.open ? "1" : "0");
+        LaySwitch(SettingNamed("OpenInViewer"), options.open);
     if (options.keepPs || !options.asSet)
-        LaySetting("DeletePs", options.keepPs ? "0" : "1");
+        LaySwitch(SettingNamed("DeletePs"), !options.keepPs);
     if (options.lineQuality)
-        LaySetting("Optimization", std::to_string(*options.lineQuality));
+        LaySetting(SettingNamed("Optimization"), std::to_string(*options.lineQuality));
     if (options.jobOptions)
-        LaySetting("JobOptionsFile", *options.jobOptions);
+        LaySetting(SettingNamed("JobOptionsFile"), *options.jobOptions);
 }
 
 bool Surrounded::KeepsLayers(const ConvertOptions& options)
 {
-    const std::string name = ReadTextSetting(m_surroundings, "JobOptionsFile", "Graphics [600 dpi]");
+    const std::string name = ReadTextSetting(m_surroundings, SettingNamed("JobOptionsFile"));
     return options.pdfLayers || publisher::AsksForLayers(JobOptionsPath(m_surroundings, name));
 }
 

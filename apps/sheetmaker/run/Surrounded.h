@@ -10,6 +10,7 @@
 #include "run/DrawingTask.h"
 #include "run/Install.h"
 #include "run/ScreenParts.h"
+#include "settings/SettingTable.h"
 #include "store/OverlayRegistry.h"
 #include "terminal/Console.h"
 
@@ -32,9 +33,10 @@ public:
     /// The PDF is to have the drawing's layers: asked for by option or by the job options in force.
     [[nodiscard]] bool KeepsLayers(const ConvertOptions& options);
     /// Lays an option over a stored setting for this run.
-    void LaySetting(const std::string& name, const std::string& value);
+    void LaySetting(const Setting& setting, const std::string& value);
 
 private:
+    void LaySwitch(const Setting& setting, bool isOn);
     void LayOptions(const DrawingTask& task);
     [[nodiscard]] std::unique_ptr<IWindows> MakeWindows(terminal::Console& console);
     [[nodiscard]] publisher::PublisherOptions PublishingOptions(const DrawingTask& task, const Install& install);

@@ -3,6 +3,8 @@
 #include "base/files/Paths.h"
 #include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
+#include "commandline/NamedNumbers.h"
+#include "settings/SettingTable.h"
 
 #include <ostream>
 
@@ -18,13 +20,17 @@ constexpr const char* kInsteadOfSettings =
     "  sheetmaker convert DRAWING --as-set              \"Create PDF\", with the stored settings\n"
     "The page setup tab has no command; \"convert --page-setup native|global\" needs none of its entries.\n";
 
-constexpr const char* kInsteadOfPageSetup =
-    "The global page setup is kept as settings, which these commands show and change:\n"
-    "  sheetmaker list                                 all of them, with their values\n"
-    "  sheetmaker set CanonicalMediaName NAME          the paper; PaperWidth and PaperHeight (mm) go with it\n"
-    "  sheetmaker set PlotType 1                       0 display, 1 extents, 2 limits, 3 view, 4 window, 5 layout\n"
-    "  sheetmaker set StyleSheet NAME                  the plot style table\n"
-    "A drawing's own PDF page setup has no command.\n";
+std::string InsteadOfPageSetup()
+{
+    return "The global page setup is kept as settings, which these commands show and change:\n"
+           "  sheetmaker list                                 all of them, with their values\n"
+           "  sheetmaker set CanonicalMediaName NAME          the paper; PaperWidth and PaperHeight (mm) go with it\n"
+           "  sheetmaker set PlotType 1                       " +
+           ListOf(SettingNamed("PlotType").choices) +
+           "\n"
+           "  sheetmaker set StyleSheet NAME                  the plot style table\n"
+           "A drawing's own PDF page setup has no command.\n";
+}
 
 } // namespace
 
@@ -40,7 +46,7 @@ bool HasScreen(const system::Environment& environment)
 std::string WithoutScreen(const std::string& command)
 {
     return "sheetmaker " + command + ": there is no screen to show a window on\n" +
-           (command == "page-setup" ? kInsteadOfPageSetup : kInsteadOfSettings);
+           (command == "page-setup" ? InsteadOfPageSetup() : kInsteadOfSettings);
 }
 
 int BecomeWindowsProgram(const std::vector<std::string>& words, const Install& install, std::ostream& err)

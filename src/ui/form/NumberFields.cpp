@@ -1,5 +1,6 @@
 #include "ui/form/NumberFields.h"
 
+#include "ports/PlotNumbers.h"
 #include "settings/mdlUtilities.h"
 
 #include <algorithm>
@@ -62,7 +63,7 @@ std::string PointText(double value)
 
 void FormatUnitField(Form& form, const std::string& textBox, const std::string& unitsCombo)
 {
-    const int decimals = form.Text(unitsCombo) == "Millimeters" ? 1 : 2;
+    const int decimals = form.Text(unitsCombo) == NameOf(kPaperUnits, kPaperMillimeters) ? 1 : 2;
     form.SetText(textBox, FixedText(Val(form.Text(textBox)), decimals));
 }
 

@@ -1,6 +1,7 @@
 // What the user's choices lead to.
 #include "ui/settings/PageSetupControls.h"
 
+#include "ports/PlotNumbers.h"
 #include "settings/mdlUtilities.h"
 #include "ui/form/NumberFields.h"
 #include "ui/settings/PageSetupTable.h"
@@ -11,6 +12,8 @@ namespace sm {
 namespace {
 
 constexpr double kMillimetresPerInch = 25.4;
+constexpr const char* kInches = NameOf(kPaperUnits, kPaperInches);
+constexpr const char* kMillimetreLabel = "mm"; // shorter than the unit in the list
 constexpr std::int32_t kCustomScale = 0;
 constexpr std::int32_t kNoPlotStyle = 0;
 
@@ -182,12 +185,12 @@ void PageSetupControls::TurnPaper(bool toLandscape)
 void PageSetupControls::cmbPaperUnits_click()
 {
     const std::string wanted = m_form.Text("cmbPaperUnits"), shown = m_form.Control("lblXUnits").caption;
-    const bool toInches = wanted == "Inches" && shown == "mm";
-    const bool toMillimetres = wanted == "Millimeters" && shown == "Inches";
+    const bool toInches = wanted == kInches && shown == kMillimetreLabel;
+    const bool toMillimetres = wanted == NameOf(kPaperUnits, kPaperMillimeters) && shown == kInches;
     if (!toInches && !toMillimetres)
         return;
     for (const char* label : {"lblXUnits", "lblYUnits", "lblScaleUnits"})
-        m_form.SetCaption(label, toInches ? "Inches" : "mm");
+        m_form.SetCaption(label, toInches ? kInches : kMillimetreLabel);
     ConvertLengths(toInches);
 }
 

@@ -11,13 +11,9 @@ namespace sm {
 namespace {
 
 constexpr double kMillimetresPerInch = 25.4;
-constexpr std::int32_t kMillimeters = 1;
-constexpr std::int32_t kCustomSelected = 1;
 constexpr std::int32_t kLastStandardScale = 31; ///< "100:1"
 
-enum PlotType : std::int32_t { kDisplay, kExtents, kLimits, kView, kWindow, kLayout };
-
-void FillPapers(Form& form, const PageSetupSource& source)
+void FillPapers(Form& form, const PageSetupFilling& source)
 {
     std::vector<std::string> names;
     std::vector<ListRow> rows;
@@ -36,8 +32,8 @@ void FillPapers(Form& form, const PageSetupSource& source)
 void FillUnitsAndOffsets(PageSetupControls& controls, const PageSetupRecord& record)
 {
     Form& form = controls.GetForm();
-    const bool millimetres = record.PaperUnits == kMillimeters;
-    form.Select("cmbPaperUnits", millimetres ? 1 : 0);
+    const bool millimetres = record.PaperUnits == kPaperMillimeters;
+    form.Select("cmbPaperUnits", millimetres ? kPaperMillimeters : kPaperInches); // its items are those of the units
     controls.cmbPaperUnits_click(); // the labels; what it converts is filled anew below
     const double unit = millimetres ? 1 : kMillimetresPerInch;
     controls.PlotOffsetX = record.PlotOriginX / unit;
@@ -58,7 +54,7 @@ void FillPlotArea(PageSetupControls& controls, const PageSetupRecord& record)
     const char* const options[] = {"optDisplay", "optExtents", "optLayout", "optView", "optWindow", "optLayout"};
     for (const char* option : options)
         form.SetTicked(option, false);
-    if (record.PlotType >= kDisplay && record.PlotType <= kLayout)
+    if (record.PlotType >= kPlotDisplay && record.PlotType <= kPlotLayout)
         form.SetTicked(options[record.PlotType], true);
 }
 
@@ -84,7 +80,7 @@ void FillNames(Form& form, const std::string& combo, const std::vector<std::stri
 }
 
 /// The page setup dialog's pairs: lists where there are any, else boxes to type into.
-void FillNameBoxes(PageSetupControls& controls, const PageSetupSource& source, bool anyViews)
+void FillNameBoxes(PageSetupControls& controls, const PageSetupFilling& source, bool anyViews)
 {
     Form& form = controls.GetForm();
     form.SetText("txtView", source.record.ViewToPlot);
@@ -92,7 +88,7 @@ void FillNameBoxes(PageSetupControls& controls, const PageSetupSource& source, b
     controls.ShowNameBoxes(!anyViews, source.plotStyles.size() <= 1);
 }
 
-void FillViewsAndStyles(PageSetupControls& controls, const PageSetupSource& source)
+void FillViewsAndStyles(PageSetupControls& controls, const PageSetupFilling& source)
 {
     Form& form = controls.GetForm();
     const CallContext& context = form.Session().context;
@@ -125,8 +121,8 @@ void ApplySwitch(PageSetupControls& controls, std::int32_t selection)
     controls.PDFPageSetupOn();
     if (controls.Kind() == PageSetupKind::PageSetupDialog)
         return;
-    form.SetTicked("chkPageSetup", selection == kCustomSelected);
-    if (selection != kCustomSelected)
+    form.SetTicked("chkPageSetup", selection == kPageSetupCustom);
+    if (selection != kPageSetupCustom)
         controls.PDFPageSetupOff();
 }
 
@@ -146,19 +142,19 @@ void SavePaper(const Form& form, PageSetupRecord& record)
 /// In the page setup dialog the choice reads "Layout/ Limits": limits stay limits there.
 std::int32_t LayoutPlotType(PageSetupKind kind, const LayoutSettings& layout, const PageSetupRecord& record)
 {
-    const bool limits = kind == PageSetupKind::SettingsDialog ? layout.IsModelSpace : record.PlotType == kLimits;
-    return limits ? kLimits : kLayout;
+    const bool limits = kind == PageSetupKind::SettingsDialog ? layout.IsModelSpace : record.PlotType == kPlotLimits;
+    return limits ? kPlotLimits : kPlotLayout;
 }
 
 void SavePlotArea(const PageSetupControls& controls, const LayoutSettings& layout, PageSetupRecord& record)
 {
     const Form& form = controls.GetForm();
     const std::pair<const char*, std::int32_t> options[] = {
-        {"optExtents", kExtents},
-        {"optWindow", kWindow},
+        {"optExtents", kPlotExtents},
+        {"optWindow", kPlotWindow},
         {"optLayout", LayoutPlotType(controls.Kind(), layout, record)},
-        {"optView", kView},
-        {"optDisplay", kDisplay}};
+        {"optView", kPlotView},
+        {"optDisplay", kPlotDisplay}};
     const auto chosen = std::find_if(std::begin(options), std::end(options),
                                      [&](const auto& option) { return form.IsTicked(option.first); });
     if (chosen != std::end(options))
@@ -186,7 +182,7 @@ void SaveNames(const PageSetupControls& controls, PageSetupRecord& record)
 
 void SaveLengthsAndScale(const Form& form, PageSetupRecord& record)
 {
-    const double unit = form.Selection("cmbPaperUnits") == 0 ? kMillimetresPerInch : 1;
+    const double unit = form.Selection("cmbPaperUnits") == kPaperInches ? kMillimetresPerInch : 1;
     record.CenterPlot = form.IsTicked("chkCenterThePlot") ? 1 : 0;
     record.PlotOriginX = Val(form.Text("txtPlotOffsetX")) * unit;
     record.PlotOriginY = Val(form.Text("txtPlotOffsetY")) * unit;
@@ -217,11 +213,11 @@ void SaveOptions(const Form& form, PageSetupRecord& record)
 std::int32_t SelectionOf(bool custom, std::int32_t before)
 {
     if (custom)
-        return kCustomSelected;
-    return before == kCustomSelected ? 0 : before;
+        return kPageSetupCustom;
+    return before == kPageSetupCustom ? kPageSetupNative : before;
 }
 
-bool SetPageSetupTab(PageSetupControls& controls, const PageSetupSource& source)
+bool SetPageSetupTab(PageSetupControls& controls, const PageSetupFilling& source)
 {
     Form& form = controls.GetForm();
     return RunTabRoutine(form.Session().context, "SetPageSetupTab", [&] {

@@ -1,5 +1,7 @@
 #include "ui/settings/PageSetupTable.h"
 
+#include "settings/SettingTable.h"
+
 namespace sm {
 namespace {
 
@@ -37,14 +39,15 @@ void AddPlotArea(FormTable& table, const char* parent, bool onItsOwn)
 {
     const char* const frame = "fmePlotArea";
     AddRows(table, {ControlRow(Frame, frame, "Plot Area", {7, 84, 178, 84}, parent),
-                    Governed(OptionButton, "optDisplay", "Display", {6, 12, 80, 10}, frame),
-                    Governed(OptionButton, "optExtents", "Extents", {6, 25, 80, 10}, frame),
-                    Governed(OptionButton, "optLayout", onItsOwn ? "Layout/ Limits" : "Layout", {6, 38, 80, 10}, frame),
-                    Governed(OptionButton, "optView", "View", {6, 51, 48, 10}, frame),
+                    Governed(OptionButton, "optDisplay", NameOf(kPlotTypes, kPlotDisplay), {6, 12, 80, 10}, frame),
+                    Governed(OptionButton, "optExtents", NameOf(kPlotTypes, kPlotExtents), {6, 25, 80, 10}, frame),
+                    Governed(OptionButton, "optLayout", onItsOwn ? "Layout/ Limits" : NameOf(kPlotTypes, kPlotLayout),
+                             {6, 38, 80, 10}, frame),
+                    Governed(OptionButton, "optView", NameOf(kPlotTypes, kPlotView), {6, 51, 48, 10}, frame),
                     Governed(ComboBox, "cmbView", "", {58, 50, 114, 12}, frame)});
     if (onItsOwn)
         table.push_back(Governed(TextBox, "txtView", "", {58, 50, 114, 12}, frame).Hidden());
-    table.push_back(Governed(OptionButton, "optWindow", "Window", {6, 67, 48, 10}, frame));
+    table.push_back(Governed(OptionButton, "optWindow", NameOf(kPlotTypes, kPlotWindow), {6, 67, 48, 10}, frame));
     if (!onItsOwn)
         table.push_back(Governed(CommandButton, "btnWindowPoints", "Window >", {58, 65, 60, 14}, frame));
 }
@@ -62,38 +65,41 @@ void AddPlotStyle(FormTable& table, const char* parent, bool onItsOwn)
 void AddPlotScale(FormTable& table, const char* parent)
 {
     const char* const frame = "fmePlotScale";
-    AddRows(table, {ControlRow(Frame, frame, "Plot Scale", {189, 22, 178, 76}, parent),
-                    Governed(Label, "lblScale", "Scale:", {6, 14, 36, 8}, frame),
-                    Governed(ComboBox, "cmbScale", "", {46, 12, 126, 12}, frame).Items(ScaleItems()).Selected(0),
-                    Governed(Label, "lblCustom", "Custom:", {6, 30, 36, 8}, frame),
-                    Governed(TextBox, "txtScaleNumer", "", {46, 28, 50, 12}, frame),
-                    Governed(Label, "lblScaleUnits", "Inches", {100, 30, 60, 8}, frame),
-                    Governed(TextBox, "txtScaleDenom", "", {46, 43, 50, 12}, frame),
-                    Governed(Label, "lblDrawingUnits", "Drawing Units", {100, 45, 60, 8}, frame),
-                    Governed(CheckBox, "chkScaleLine", "Scale Lineweights", {6, 60, 120, 10}, frame)});
+    AddRows(table,
+            {ControlRow(Frame, frame, "Plot Scale", {189, 22, 178, 76}, parent),
+             Governed(Label, "lblScale", "Scale:", {6, 14, 36, 8}, frame),
+             Governed(ComboBox, "cmbScale", "", {46, 12, 126, 12}, frame).Items(ScaleItems()).Selected(0),
+             Governed(Label, "lblCustom", "Custom:", {6, 30, 36, 8}, frame),
+             Governed(TextBox, "txtScaleNumer", "", {46, 28, 50, 12}, frame),
+             Governed(Label, "lblScaleUnits", NameOf(kPaperUnits, kPaperInches), {100, 30, 60, 8}, frame),
+             Governed(TextBox, "txtScaleDenom", "", {46, 43, 50, 12}, frame),
+             Governed(Label, "lblDrawingUnits", "Drawing Units", {100, 45, 60, 8}, frame),
+             Governed(CheckBox, "chkScaleLine", SettingNamed("ScaleLineWeights").caption, {6, 60, 120, 10}, frame)});
 }
 
 void AddPlotOffset(FormTable& table, const char* parent)
 {
     const char* const frame = "fmePlotOffset";
     AddRows(table, {ControlRow(Frame, frame, "Plot Offset", {189, 102, 178, 60}, parent),
-                    Governed(CheckBox, "chkCenterThePlot", "Center The Plot", {6, 12, 120, 10}, frame),
+                    Governed(CheckBox, "chkCenterThePlot", SettingNamed("CenterPlot").caption, {6, 12, 120, 10}, frame),
                     Governed(Label, "lblPlotOffsetX", "X:", {34, 29, 10, 8}, frame),
                     Governed(TextBox, "txtPlotOffsetX", "", {46, 27, 50, 12}, frame),
-                    Governed(Label, "lblXUnits", "Inches", {100, 29, 60, 8}, frame),
+                    Governed(Label, "lblXUnits", NameOf(kPaperUnits, kPaperInches), {100, 29, 60, 8}, frame),
                     Governed(Label, "lblPlotOffsetY", "Y:", {34, 44, 10, 8}, frame),
                     Governed(TextBox, "txtPlotOffsetY", "", {46, 42, 50, 12}, frame),
-                    Governed(Label, "lblYUnits", "Inches", {100, 44, 60, 8}, frame)});
+                    Governed(Label, "lblYUnits", NameOf(kPaperUnits, kPaperInches), {100, 44, 60, 8}, frame)});
 }
 
 void AddPlotOptions(FormTable& table, const char* parent)
 {
     const char* const frame = "fmePlotOptions";
-    AddRows(table, {ControlRow(Frame, frame, "Plot Options", {189, 166, 178, 64}, parent),
-                    Governed(CheckBox, "chkPlotStyles", "Plot With Plot Styles", {6, 12, 160, 10}, frame),
-                    Governed(CheckBox, "chkPlotLineWeights", "Plot Object Lineweights", {6, 24, 160, 10}, frame),
-                    Governed(CheckBox, "chkPaperSpace", "Plot Paperspace Last", {6, 36, 160, 10}, frame),
-                    Governed(CheckBox, "chkPlotHidden", "Hide Objects", {6, 48, 160, 10}, frame)});
+    AddRows(
+        table,
+        {ControlRow(Frame, frame, "Plot Options", {189, 166, 178, 64}, parent),
+         Governed(CheckBox, "chkPlotStyles", SettingNamed("PlotWithPlotStyles").caption, {6, 12, 160, 10}, frame),
+         Governed(CheckBox, "chkPlotLineWeights", SettingNamed("PlotWithLineWeights").caption, {6, 24, 160, 10}, frame),
+         Governed(CheckBox, "chkPaperSpace", SettingNamed("PlotViewportsFirst").caption, {6, 36, 160, 10}, frame),
+         Governed(CheckBox, "chkPlotHidden", SettingNamed("PlotHidden").caption, {6, 48, 160, 10}, frame)});
 }
 
 } // namespace
@@ -102,7 +108,7 @@ void AddPageSetupRows(FormTable& table, const char* parent, bool onItsOwn)
 {
     AddRows(table, {Governed(Label, "Label1", "Units:", {260, 7, 32, 8}, parent),
                     Governed(ComboBox, "cmbPaperUnits", "", {295, 5, 72, 12}, parent)
-                        .Items({"Inches", "Millimeters"})
+                        .Items({NameOf(kPaperUnits, kPaperInches), NameOf(kPaperUnits, kPaperMillimeters)})
                         .Selected(0)});
     AddPaperSize(table, parent, onItsOwn);
     AddPlotArea(table, parent, onItsOwn);

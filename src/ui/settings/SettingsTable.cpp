@@ -1,5 +1,6 @@
 #include "ui/settings/SettingsTable.h"
 
+#include "settings/SettingTable.h"
 #include "ui/settings/PageSetupTable.h"
 #include "ui/settings/StampControls.h"
 
@@ -12,34 +13,42 @@ constexpr ControlPlace kPage{0, 0, 374, 236};
 
 void AddConversion(FormTable& table)
 {
-    AddRows(table,
-            {ControlRow(Frame, "FrmWhatToPlot", "What To Plot", {7, 7, 178, 42}, "pagGeneral"),
-             ControlRow(OptionButton, "optAllLayouts", "All Layout Tabs", {6, 12, 166, 10}, "FrmWhatToPlot"),
-             ControlRow(OptionButton, "optCurrentTab", "Current Tab", {6, 26, 166, 10}, "FrmWhatToPlot"),
-             ControlRow(Frame, "FrmGeneral", "General", {7, 55, 178, 56}, "pagGeneral"),
-             ControlRow(CheckBox, "chkFileName", "Prompt For File Name", {6, 12, 166, 10}, "FrmGeneral"),
-             ControlRow(CheckBox, "chkDeletePs", "Delete Temporary Postscript Files", {6, 26, 166, 10}, "FrmGeneral"),
-             ControlRow(CheckBox, "chkViewResults", "View Results in PDF Reader", {6, 40, 166, 10}, "FrmGeneral"),
-             ControlRow(Frame, "FrmLineQuality", "Line Quality", {7, 117, 178, 42}, "pagGeneral"),
-             ControlRow(OptionButton, "optSpeed", "Draft", {6, 12, 166, 10}, "FrmLineQuality"),
-             ControlRow(OptionButton, "optQuality", "Print", {6, 26, 166, 10}, "FrmLineQuality"),
-             ControlRow(Frame, "Frame1", "Raster Image Quality", {7, 165, 178, 32}, "pagGeneral"),
-             ControlRow(ComboBox, "cmbJobOpts", "", {6, 13, 166, 12}, "Frame1")});
+    AddRows(
+        table,
+        {ControlRow(Frame, "FrmWhatToPlot", "What To Plot", {7, 7, 178, 42}, "pagGeneral"),
+         ControlRow(OptionButton, "optAllLayouts", NameOf(kWhatToPlot, kPlotAllTabs), {6, 12, 166, 10},
+                    "FrmWhatToPlot"),
+         ControlRow(OptionButton, "optCurrentTab", NameOf(kWhatToPlot, kPlotCurrentTab), {6, 26, 166, 10},
+                    "FrmWhatToPlot"),
+         ControlRow(Frame, "FrmGeneral", "General", {7, 55, 178, 56}, "pagGeneral"),
+         ControlRow(CheckBox, "chkFileName", SettingNamed("PromptForFileName").caption, {6, 12, 166, 10}, "FrmGeneral"),
+         ControlRow(CheckBox, "chkDeletePs", SettingNamed("DeletePs").caption, {6, 26, 166, 10}, "FrmGeneral"),
+         ControlRow(CheckBox, "chkViewResults", SettingNamed("OpenInViewer").caption, {6, 40, 166, 10}, "FrmGeneral"),
+         ControlRow(Frame, "FrmLineQuality", "Line Quality", {7, 117, 178, 42}, "pagGeneral"),
+         ControlRow(OptionButton, "optSpeed", NameOf(kLineQualities, kLinesForDraft), {6, 12, 166, 10},
+                    "FrmLineQuality"),
+         ControlRow(OptionButton, "optQuality", NameOf(kLineQualities, kLinesForPrint), {6, 26, 166, 10},
+                    "FrmLineQuality"),
+         ControlRow(Frame, "Frame1", "Raster Image Quality", {7, 165, 178, 32}, "pagGeneral"),
+         ControlRow(ComboBox, "cmbJobOpts", "", {6, 13, 166, 12}, "Frame1")});
 }
 
 void AddTransfer(FormTable& table)
 {
     const char* const links = "FrmTransPaperHyper";
-    AddRows(table,
-            {ControlRow(Frame, "Frame3", "Transfer Block Attributes", {189, 7, 178, 28}, "pagGeneral"),
-             ControlRow(CheckBox, "chkTransferAttributes", "Transfer Block Attribute Data", {6, 12, 166, 10}, "Frame3"),
-             ControlRow(Frame, links, "Transfer Paperspace Hyperlinks", {189, 41, 178, 70}, "pagGeneral"),
-             ControlRow(CheckBox, "chkHlinkBlocks", "Blocks and XRefs", {6, 12, 166, 10}, links),
-             ControlRow(CheckBox, "chkHlinkText", "Text", {6, 26, 166, 10}, links),
-             ControlRow(CheckBox, "chkHlinkDrawing", "Drawing Entities", {6, 40, 166, 10}, links),
-             ControlRow(CheckBox, "chkHlinkVPorts", "Viewports", {6, 54, 166, 10}, links),
-             ControlRow(Picture, "picTarnwick", "", {189, 119, 178, 78}, "pagGeneral"),
-             ControlRow(Image, "imgLogo", "", {9, 0, 160, 48}, "picTarnwick").Picture("logo")});
+    AddRows(
+        table,
+        {ControlRow(Frame, "Frame3", "Transfer Block Attributes", {189, 7, 178, 28}, "pagGeneral"),
+         ControlRow(CheckBox, "chkTransferAttributes", SettingNamed("TransferAttributes").caption, {6, 12, 166, 10},
+                    "Frame3"),
+         ControlRow(Frame, links, "Transfer Paperspace Hyperlinks", {189, 41, 178, 70}, "pagGeneral"),
+         ControlRow(CheckBox, "chkHlinkBlocks", SettingNamed("TransferBlockHlinks").caption, {6, 12, 166, 10}, links),
+         ControlRow(CheckBox, "chkHlinkText", SettingNamed("TransferTextHlinks").caption, {6, 26, 166, 10}, links),
+         ControlRow(CheckBox, "chkHlinkDrawing", SettingNamed("TransferDrawingHlinks").caption, {6, 40, 166, 10},
+                    links),
+         ControlRow(CheckBox, "chkHlinkVPorts", SettingNamed("TransferVPortHlinks").caption, {6, 54, 166, 10}, links),
+         ControlRow(Picture, "picTarnwick", "", {189, 119, 178, 78}, "pagGeneral"),
+         ControlRow(Image, "imgLogo", "", {9, 0, 160, 48}, "picTarnwick").Picture("logo")});
 }
 
 void AddPageSetup(FormTable& table)
@@ -99,24 +108,6 @@ void AddLists(FormTable& table)
 }
 
 } // namespace
-
-std::vector<std::string> StampFonts()
-{
-    return {"Courier",     "Courier-Bold",   "Courier-Oblique",   "Courier-BoldOblique",
-            "Helvetica",   "Helvetica-Bold", "Helvetica-Oblique", "Helvetica-BoldOblique",
-            "Times-Roman", "Times-Bold",     "Times-Italic",      "Times-BoldItalic",
-            "Symbol",      "ZapfDingbats"};
-}
-
-std::vector<std::string> StampSizes()
-{
-    return {"8", "10", "12", "14", "16", "18", "20", "24", "28", "32", "36", "40", "44", "48"};
-}
-
-std::vector<std::string> StampJustifications()
-{
-    return {"Left", "Center", "Right"};
-}
 
 FormTable SettingsTable()
 {

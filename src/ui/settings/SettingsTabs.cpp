@@ -12,8 +12,6 @@
 namespace sm {
 namespace {
 
-constexpr const char* kAllLayouts = "All Layouts";
-
 struct SwitchBox {
     const char* box;
     bool GeneralSettings::*value;
@@ -95,8 +93,8 @@ bool SetConversionSettingsTab(Form& form, const DataKeg& keg)
     CallContext& context = form.Session().context;
     return RunTabRoutine(context, "SetConversionSettingsTab", [&] {
         const GeneralSettings& general = keg.General;
-        form.SetTicked(general.WhatToPlot != 0 ? "optAllLayouts" : "optCurrentTab", true);
-        form.SetTicked(general.Optimization != 0 ? "optSpeed" : "optQuality", true);
+        form.SetTicked(general.WhatToPlot != kPlotCurrentTab ? "optAllLayouts" : "optCurrentTab", true);
+        form.SetTicked(general.Optimization != kLinesForPrint ? "optSpeed" : "optQuality", true);
         for (const SwitchBox& row : kSwitchBoxes)
             form.SetTicked(row.box, general.*row.value);
         for (const TransferBox& row : kTransferBoxes)
@@ -110,8 +108,8 @@ bool SaveConversionSettingsTab(Form& form, DataKeg& keg)
 {
     return RunTabRoutine(form.Session().context, "SaveConversionSettingsTab", [&] {
         GeneralSettings general = keg.General;
-        general.WhatToPlot = form.IsTicked("optAllLayouts") ? 1 : 0;
-        general.Optimization = form.IsTicked("optSpeed") ? 1 : 0;
+        general.WhatToPlot = form.IsTicked("optAllLayouts") ? kPlotAllTabs : kPlotCurrentTab;
+        general.Optimization = form.IsTicked("optSpeed") ? kLinesForDraft : kLinesForPrint;
         for (const SwitchBox& row : kSwitchBoxes)
             general.*row.value = form.IsTicked(row.box);
         for (const TransferBox& row : kTransferBoxes)

@@ -18,7 +18,7 @@ namespace sm::cadhost {
 class IPointPicker;
 
 struct HostOptions {
-    std::string shareFolder; ///< holds Drivers, PC3, Plotters, PlotStyles
+    std::string shareFolder; ///< holds Drivers, PC3, Plotters, PlotStyles, fonts.map
     std::string loginName;   ///< what "LOGINNAME" gives
     drawing::DwgOptions dwg{};
     std::string userStyleFolder = {}; ///< the user's own plot style tables; may be missing
@@ -32,7 +32,7 @@ struct HostOptions {
 
 /// The run's layer over a document: seen through the automation model, never saved.
 struct DocumentOverlay {
-    std::optional<std::int32_t> pageSetupSource; ///< stands for the "PltSel" record
+    std::optional<std::int32_t> pageSetupSource; ///< a PageSetupSource; stands for the "PltSel" record
     std::optional<std::string> activeLayout;
     std::vector<std::string> layouts; ///< when not empty, the paper layouts that "Layouts" shows, in tab order
 };

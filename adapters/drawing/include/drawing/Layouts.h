@@ -2,6 +2,7 @@
 #pragma once
 
 #include "drawing/Tables.h"
+#include "ports/PlotNumbers.h"
 
 #include <string>
 
@@ -16,16 +17,16 @@ struct PlotSettings {
     double marginLeft = 0, marginBottom = 0, marginRight = 0, marginTop = 0; ///< 40 to 43, of the unturned sheet
     double paperWidth = 0, paperHeight = 0;                                  ///< 44, 45, of the unturned sheet
     Vec2 origin;                                                             ///< 46, 47
-    Box2 window;                    ///< 48, 49, 140, 141, drawing units; may be empty or inverted in the file
-    double scaleNumerator = 1;      ///< 142, paper units
-    double scaleDenominator = 1;    ///< 143, drawing units
-    std::int32_t flags = 0;         ///< 70
-    std::int32_t paperUnits = 0;    ///< 72: 0 inches, 1 millimetres, 2 pixels
-    std::int32_t rotation = 0;      ///< 73: 0 to 3, quarter turns counter-clockwise
-    std::int32_t plotType = 0;      ///< 74: 0 display, 1 extents, 2 limits, 3 view, 4 window, 5 layout
-    std::string styleSheet;         ///< 7
-    std::int32_t standardScale = 0; ///< 75; 0 scale to fit
-    double standardScaleFactor = 1; ///< 147
+    Box2 window;                            ///< 48, 49, 140, 141, drawing units; may be empty or inverted in the file
+    double scaleNumerator = 1;              ///< 142, paper units
+    double scaleDenominator = 1;            ///< 143, drawing units
+    std::int32_t flags = 0;                 ///< 70
+    std::int32_t paperUnits = kPaperInches; ///< 72, a PaperUnits where the file is sound
+    std::int32_t rotation = 0;              ///< 73: 0 to 3, quarter turns counter-clockwise
+    std::int32_t plotType = kPlotDisplay;   ///< 74, a PlotType where the file is sound
+    std::string styleSheet;                 ///< 7
+    std::int32_t standardScale = 0;         ///< 75; 0 scale to fit
+    double standardScaleFactor = 1;         ///< 147
     // Bits of `flags`.
     [[nodiscard]] bool Has(std::int32_t bit) const { return (flags & bit) != 0; }
     static constexpr std::int32_t kViewportBorders = 1, kShowStyles = 2, kCentered = 4, kHidden = 8,
