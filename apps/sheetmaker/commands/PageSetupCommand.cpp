@@ -33,6 +33,8 @@ int ShowPageSetup(ScreenRun& run, std::ostream& out)
     if (!EditPageSetup(run))
         return kExitDone;
     if (!run.Document()) {
+        if (!run.Watcher().LostSetting().empty())
+            throw std::runtime_error("the global page setup was not kept: " + run.Watcher().LostSetting());
         out << "The global page setup was kept; \"sheetmaker convert DRAWING --page-setup global\" plots with it\n";
         return kExitDone;
     }

@@ -61,13 +61,14 @@ public:
         if (converted)
             m_run.ConcludeConversion();
         SaveDrawing();
-        return converted ? TellConversion() : kExitDone;
+        return WithLostSetting(converted ? TellConversion() : kExitDone);
     }
 
 private:
     bool MayDropSignatureFields();
     void SaveDrawing();
     int TellConversion();
+    int WithLostSetting(int exitCode);
 
     std::string m_drawing;
     const ScreenParts& m_screen;
@@ -104,7 +105,8 @@ void SettingsRun::SaveDrawing()
     const std::string records = RecordsFileOf(m_drawing);
     const bool isNew = !fs::exists(records);
     if (m_run.Save())
-        m_out << fmt::format("{}: the settings were kept{}\n", m_drawing,
+        m_out << fmt::format("{}: {} were kept{}\n", m_drawing,
+                             m_run.Watcher().LostSetting().empty() ? "the settings" : "its own entries",
                              isNew ? " in " + records : "; the former file is " + records + ".bak");
 }
 
@@ -121,6 +123,16 @@ int SettingsRun::TellConversion()
     else
         ShowWithoutTerminal(m_screen, m_drawing + ": " + report.failure);
     return report.exitCode;
+}
+
+/// The drawing may be saved, and the settings not.
+int SettingsRun::WithLostSetting(int exitCode)
+{
+    const std::string& reason = m_run.Watcher().LostSetting();
+    if (reason.empty())
+        return exitCode;
+    TellOnScreen("settings", m_screen, m_err, "the user's settings were not kept: " + reason);
+    return exitCode == kExitDone ? kExitFailed : exitCode;
 }
 
 } // namespace

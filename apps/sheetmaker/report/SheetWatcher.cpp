@@ -1,5 +1,7 @@
 #include "report/SheetWatcher.h"
 
+#include "settings/mdlWinReg.h"
+
 #include <fmt/format.h>
 
 namespace sm::app {
@@ -88,6 +90,8 @@ void SheetWatcher::CarriedPast(const std::string& routine, const std::string& de
     Quietly([&] {
         if (routine == "SetDrawingData")
             m_lostRecord = description.empty() ? "it was not taken" : description;
+        if (routine == kWriteSettingRoutine && m_lostSetting.empty())
+            m_lostSetting = description;
         if (!description.empty())
             m_carriedPast = routine + ": " + description;
     });

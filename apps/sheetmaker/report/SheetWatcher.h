@@ -40,6 +40,8 @@ public:
     [[nodiscard]] bool SettingsKept() const { return m_settingsKept; }
     /// Why the drawing didn't take a record; empty when it took all.
     [[nodiscard]] const std::string& LostRecord() const { return m_lostRecord; }
+    /// Why one of the user's settings could not be stored; empty when all could.
+    [[nodiscard]] const std::string& LostSetting() const { return m_lostSetting; }
     /// The sheet that failed and why; empty when none did.
     [[nodiscard]] std::string FailedSheet(const std::string& plotFailure) const;
 
@@ -47,7 +49,7 @@ private:
     DrawingReport& m_report;
     terminal::Console& m_console;
     std::optional<Save> m_save;
-    std::string m_reason, m_carriedPast, m_where, m_lostRecord;
+    std::string m_reason, m_carriedPast, m_where, m_lostRecord, m_lostSetting;
     std::function<void()> m_whenSettingsAreKept;
     bool m_settingsKept = false;
     bool m_annotationsLost = false; ///< of the sheet at hand; told once

@@ -1,6 +1,8 @@
 // "page-setup": the user's global page setup, and a drawing's own.
 #include "app/ScreenStand.h"
 
+#include <gmock/gmock.h>
+
 namespace sm::app {
 namespace {
 
@@ -53,6 +55,20 @@ TEST_F(PageSetupDialog, CancelKeepsNothing)
     EXPECT_EQ(Shell({"list"}), settings);
     EXPECT_EQ(Contents(drawing), before);
     EXPECT_EQ(out.str() + err.str(), "");
+}
+
+TEST_F(PageSetupDialog, SettingsThatCantBeWrittenAreTold)
+{
+    machine.MakeFile("home/.config", "a file where the folder should be"); // nobody gets past it, root included
+    toolkit.When("frmPageSetup", [](FormDriver& user) {
+        user.Choose("cmbPaperSize", "ISO A3 (420.00 x 297.00 MM)");
+        user.Click("btnOK");
+    });
+    EXPECT_EQ(PageSetup({}), 1);
+    EXPECT_EQ(out.str(), "");
+    EXPECT_THAT(Short(err.str()),
+                testing::EndsWith("sheetmaker page-setup: the global page setup was not kept: the setting "
+                                  "CanonicalMediaName could not be stored\n"));
 }
 
 TEST_F(PageSetupDialog, ADrawingThatIsNotThereIsTold)

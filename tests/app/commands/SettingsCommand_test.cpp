@@ -1,6 +1,8 @@
 // "settings": what the drawing, the settings and the user get, for each way out of the dialog.
 #include "app/ScreenStand.h"
 
+#include <gmock/gmock.h>
+
 namespace sm::app {
 namespace {
 
@@ -35,6 +37,24 @@ TEST_F(SettingsDialog, OkKeepsEverythingAndTheFormerDrawing)
     EXPECT_EQ(Shell({"stamp", drawing, "list"}),
               "stamp 2 \"FOR REVIEW\", Helvetica, 24 pt, #FF0000, left, at 12.5,30, on All Layouts\n");
     EXPECT_EQ(Files("house"), (std::vector<std::string>{"house.dxf", "house.dxf.bak"}));
+}
+
+TEST_F(SettingsDialog, SettingsThatCantBeWrittenAreToldAndTheDrawingIsKept)
+{
+    machine.MakeFile("home/.config", "a file where the folder should be"); // nobody gets past it, root included
+    hasTerminal = false;
+    toolkit.When("frmGUITap", [&](FormDriver& user) {
+        ChangeAll(user);
+        user.Click("btnOK");
+    });
+    EXPECT_EQ(Settings(), 1);
+    EXPECT_EQ(Short(out.str()), "house.dxf: its own entries were kept; the former file is house.dxf.bak\n");
+    const std::string reason = "the user's settings were not kept: the setting TransferTextHlinks could not be stored";
+    EXPECT_THAT(Short(err.str()), testing::EndsWith("sheetmaker settings: " + reason + "\n"));
+    const std::vector<Message> messages = desktop.TakeMessages();
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_EQ(messages.front().text, reason);
+    EXPECT_NE(Contents(drawing), before);
 }
 
 TEST_F(SettingsDialog, CancelKeepsNothing)

@@ -40,6 +40,7 @@ TEST_P(SettingsFaults, LeaveTheOldDrawingOrTheNewOne)
     ASSERT_EQ(Settings(), 0);
     const std::string complete = Contents(drawing);
     ASSERT_NE(complete, before);
+    const std::string settings = Shell({"list"});
     int kept = 0, written = 0, injected = 1;
     for (int failing = 1; injected != 0; ++failing) {
         SCOPED_TRACE("call " + std::to_string(failing));
@@ -55,7 +56,7 @@ TEST_P(SettingsFaults, LeaveTheOldDrawingOrTheNewOne)
         const std::string now = Contents(drawing);
         ASSERT_TRUE(now == before || now == complete) << "neither the old drawing nor the new one";
         (now == before ? kept : written) += 1;
-        EXPECT_EQ(code, now == complete ? 0 : 1) << err.str();
+        EXPECT_EQ(code, now == complete && Shell({"list"}) == settings ? 0 : 1) << err.str();
         const std::string backup = Contents(drawing + ".bak");
         ASSERT_TRUE(backup == before || (backup == kOlder && now == before)) << "no backup of either day";
         EXPECT_LE(Files("house").size(), 2U) << "something was left behind";
