@@ -11,7 +11,7 @@ namespace sm::drawing::dwg {
 
 namespace {
 
-constexpr std::uint64_t kHeadAt = 0x80, kFirstPage = 0x480, kSecurityAt = 0x18;
+constexpr std::uint64_t kCodedHeadAt = 0x80, kFirstCodedPage = 0x480, kSecurityAt = 0x18;
 constexpr std::uint64_t kHeadCodewords = 3, kHeadData = 32, kHeadSize = 0x110;
 
 /// What of the file's head leads to the two tables: places among its 34 numbers.
@@ -70,7 +70,7 @@ private:
     std::vector<char> ReadHead()
     {
         const std::vector<char> coded =
-            Deinterleaved(SliceOf(m_file, kHeadAt, kHeadCodewords * kCodeword), kHeadCodewords, kTableData);
+            Deinterleaved(SliceOf(m_file, kCodedHeadAt, kHeadCodewords * kCodeword), kHeadCodewords, kTableData);
         const std::string_view bytes(coded.data(), coded.size());
         const auto stored = LoadAt<std::int32_t>(bytes, 24);
         std::vector<char> head(kHeadSize);
@@ -90,7 +90,7 @@ private:
         const std::uint64_t raw = RoundedUp(stored) * std::max<std::uint64_t>(repeat, 1);
         const std::uint64_t count = std::min((raw + kTableData - 1) / kTableData, most / kCodeword + 1);
         const std::vector<char> coded =
-            Deinterleaved(SliceOf(m_file, kFirstPage + at, count * kCodeword), count, kTableData);
+            Deinterleaved(SliceOf(m_file, kFirstCodedPage + at, count * kCodeword), count, kTableData);
         const std::string_view bytes = SliceOf({coded.data(), coded.size()}, 0, stored);
         // Records of 16 bytes for pages of at least 32; names and heads of sections beside them.
         std::vector<char> table = m_builder.Scratch(std::min(size, most + (64U << 10U)));
@@ -176,7 +176,7 @@ private:
         const Extent* const place = Find(page.id);
         if (place == nullptr || place->address >= m_file.size() || page.stored > m_file.size())
             return false;
-        const std::string_view disk = SliceOf(m_file, kFirstPage + place->address, place->size);
+        const std::string_view disk = SliceOf(m_file, kFirstCodedPage + place->address, place->size);
         const std::uint64_t count = (RoundedUp(page.stored) + kSectionData - 1) / kSectionData;
         const bool coded = IsCoded(section, page, place->size, count);
         const bool whole = disk.size() >= (coded ? count * kCodeword : page.stored);
@@ -216,7 +216,7 @@ std::vector<char> Deinterleaved(std::string_view bytes, std::uint64_t count, std
 
 void OpenCodedPages(ContainerBuilder& builder)
 {
-    if (builder.File().size() < kFirstPage)
+    if (builder.File().size() < kFirstCodedPage)
         builder.Refuse("the file is cut off in its head; save the drawing again");
     CodedFile(builder).Open();
 }

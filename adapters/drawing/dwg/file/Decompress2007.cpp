@@ -91,7 +91,7 @@ void CopyLiterals(std::size_t count, ByteSource& source, ByteTarget& target)
         PutOrdered(source.Take(count), kOrders[count], target);
 }
 
-std::size_t LiteralCount(unsigned opcode, ByteSource& source)
+std::size_t LiteralRun(unsigned opcode, ByteSource& source)
 {
     constexpr std::size_t kLong = 0x17;
     std::size_t count = opcode + 8;
@@ -109,15 +109,15 @@ std::size_t LiteralCount(unsigned opcode, ByteSource& source)
     return count;
 }
 
-struct Reference {
+struct CodedReference {
     std::size_t length = 0, distance = 0;
     unsigned opcode = 0; ///< its last byte: the low bits say how many literals follow
 };
 
 /// The long form, whose distance takes two bytes.
-Reference ReadFar(unsigned opcode, ByteSource& source)
+CodedReference ReadFar(unsigned opcode, ByteSource& source)
 {
-    Reference found;
+    CodedReference found;
     found.distance = source.Next();
     found.distance |= static_cast<std::size_t>(source.Next()) << 8U;
     found.length = opcode & 7U;
@@ -133,12 +133,12 @@ Reference ReadFar(unsigned opcode, ByteSource& source)
     return found;
 }
 
-Reference ReadReference(unsigned opcode, ByteSource& source)
+CodedReference ReadCodedReference(unsigned opcode, ByteSource& source)
 {
     const unsigned kind = opcode >> 4U;
     if (kind == 2)
         return ReadFar(opcode, source);
-    Reference found;
+    CodedReference found;
     if (kind >= 3) {
         found.length = kind;
         found.opcode = source.Next();
@@ -162,7 +162,7 @@ std::size_t CopyReferences(ByteSource& source, ByteTarget& target, bool& sound)
 {
     unsigned opcode = source.Next();
     while (!target.Full()) {
-        const Reference reference = ReadReference(opcode, source);
+        const CodedReference reference = ReadCodedReference(opcode, source);
         sound = !source.CutOff() && target.Repeat(reference.distance, reference.length);
         if (!sound || source.AtEnd())
             return 0;
@@ -170,7 +170,7 @@ std::size_t CopyReferences(ByteSource& source, ByteTarget& target, bool& sound)
             return literals;
         opcode = source.Next();
         if (opcode < 0x10)
-            return LiteralCount(opcode, source);
+            return LiteralRun(opcode, source);
         if (opcode >= 0xF0)
             opcode &= 15U;
     }
@@ -190,7 +190,7 @@ Decompressed Decompress2007(std::string_view bytes, std::span<char> room)
         literals = source.Next() & 7U;
     }
     if (literals == 0)
-        literals = LiteralCount(opcode, source);
+        literals = LiteralRun(opcode, source);
     bool sound = true;
     while (sound && literals != 0 && !source.AtEnd() && !target.Full()) {
         CopyLiterals(literals, source, target);

@@ -13,7 +13,6 @@ namespace sm::drawing::dwg {
 namespace {
 
 constexpr std::uint32_t kDataPageType = 0x4163043B, kPageMask = 0x4164536B;
-constexpr std::uint64_t kFirstPage = 0x100, kGrid = 0x20;
 /// What a page holds, decompressed, in every file seen.
 constexpr std::uint32_t kUsualPageSize = 0x7400;
 
@@ -94,7 +93,7 @@ bool SumsHold(std::string_view file, std::uint64_t address, const PageHead& head
 std::vector<FoundPage> SearchPages(std::string_view file)
 {
     std::vector<FoundPage> found;
-    for (std::uint64_t at = kFirstPage; at + kPageHeadSize <= file.size(); at += kGrid)
+    for (std::uint64_t at = kFirstPage; at + kPageHeadSize <= file.size(); at += kPageGrid)
         if (const PageHead head = ReadPageHead(file, at); head.sound)
             found.push_back({at, head});
     return found;

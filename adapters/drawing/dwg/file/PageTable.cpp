@@ -11,7 +11,7 @@ namespace sm::drawing::dwg {
 
 namespace {
 
-constexpr std::uint64_t kHeadAt = 0x80, kFirstPage = 0x100, kSystemHeadSize = 20;
+constexpr std::uint64_t kHeadAt = 0x80, kSystemHeadSize = 20;
 constexpr std::size_t kHeadSize = 0x6C, kHeadSumAt = 0x68;
 constexpr std::string_view kHeadMark("AcFssFcAJMB\0", 12);
 constexpr std::uint32_t kPageMapType = 0x41630E3B, kSectionMapType = 0x4163003B;
@@ -99,8 +99,8 @@ std::uint64_t AddressOf(const std::vector<Page>& pages, std::int32_t id)
 std::vector<char> FindTable(ContainerBuilder& builder, std::uint64_t address, std::uint32_t type)
 {
     std::vector<char> table = address != 0 ? ReadTable(builder, address, type) : std::vector<char>();
-    constexpr std::uint64_t kGrid = 0x20;
-    for (std::uint64_t at = builder.File().size() / kGrid * kGrid; table.empty() && at >= kFirstPage; at -= kGrid)
+    for (std::uint64_t at = builder.File().size() / kPageGrid * kPageGrid; table.empty() && at >= kFirstPage;
+         at -= kPageGrid)
         if (LoadAt<std::uint32_t>(builder.File(), at) == type)
             table = ReadTable(builder, at, type);
     return table;

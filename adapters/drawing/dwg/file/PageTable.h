@@ -5,6 +5,9 @@
 
 namespace sm::drawing::dwg {
 
+/// Where the first page stands, and on what multiples of bytes from there all do.
+inline constexpr std::uint64_t kFirstPage = 0x100, kPageGrid = 0x20;
+
 /// A page's bytes lie in the file from `address` on, its own header first.
 struct Page {
     std::int32_t id = 0;

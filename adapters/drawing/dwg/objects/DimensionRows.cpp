@@ -7,7 +7,7 @@ namespace sm::drawing::dwg {
 
 namespace {
 
-constexpr std::array<Row, 113> kRows{{
+constexpr std::array<Row, 113> kDimensionRows{{
     {Field::Text, "$DIMPOST", 3, Release::R2000},
     {Field::Text, "$DIMAPOST", 4, Release::R2000},
     {Field::Bit, "$DIMTOL", 71, Release::R13, Release::R14},
@@ -127,7 +127,7 @@ constexpr std::array<Row, 113> kRows{{
 
 std::span<const Row> DimensionRows()
 {
-    return kRows;
+    return kDimensionRows;
 }
 
 } // namespace sm::drawing::dwg

@@ -7,7 +7,7 @@ namespace sm::drawing::dwg {
 
 namespace {
 
-constexpr std::array<Row, 150> kRows{{
+constexpr std::array<Row, 150> kHeaderRows{{
     {Field::LongLong, nullptr, 0, Release::R2013},
     {Field::Double},
     {Field::Double},
@@ -164,7 +164,7 @@ constexpr std::array<Row, 150> kRows{{
 
 std::span<const Row> LeadingHeaderRows()
 {
-    return kRows;
+    return kHeaderRows;
 }
 
 } // namespace sm::drawing::dwg

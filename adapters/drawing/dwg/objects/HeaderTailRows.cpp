@@ -7,7 +7,7 @@ namespace sm::drawing::dwg {
 
 namespace {
 
-constexpr std::array<Row, 72> kRows{{
+constexpr std::array<Row, 72> kTailRows{{
     {Field::Handle, "#blocks"},
     {Field::Handle, "#layers"},
     {Field::Handle, "#styles"},
@@ -86,7 +86,7 @@ constexpr std::array<Row, 72> kRows{{
 
 std::span<const Row> TrailingHeaderRows()
 {
-    return kRows;
+    return kTailRows;
 }
 
 } // namespace sm::drawing::dwg

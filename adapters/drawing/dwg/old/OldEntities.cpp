@@ -10,7 +10,7 @@ namespace sm::drawing::dwg {
 
 namespace {
 
-constexpr std::uint32_t kPlace = 0xFFFFFF, kInBlocks = 0x40000000, kInExtras = 0x80000000;
+constexpr std::uint32_t kInBlocks = 0x40000000, kInExtras = 0x80000000;
 constexpr unsigned kLastType = 24;
 
 constexpr std::array<const char*, kLastType + 1> kNames{
@@ -35,7 +35,7 @@ public:
         const auto& records = m_file.Records(OldTable::Block);
         for (std::size_t i = 0; i < records.size(); ++i) {
             const OldRecordHead head = HeadOf(m_file, records[i]);
-            const std::uint64_t at = m_file.blocks.begin + (LoadAt<std::uint32_t>(head.fields, 0) & kPlace);
+            const std::uint64_t at = m_file.blocks.begin + (LoadAt<std::uint32_t>(head.fields, 0) & kOldPlace);
             const std::string_view bytes = RecordAt(at);
             // Records of external blocks and of erased ones lead nowhere.
             if (bytes.empty() || ReadOldRecord(m_file, bytes).type != OldType::Block)
@@ -135,9 +135,9 @@ private:
     {
         const std::uint64_t size = m_file.bytes.size();
         if ((place & kInExtras) != 0)
-            at = m_file.extras.begin + (place & kPlace);
+            at = m_file.extras.begin + (place & kOldPlace);
         else if ((place & kInBlocks) != 0)
-            at = m_file.blocks.begin + (place & kPlace);
+            at = m_file.blocks.begin + (place & kOldPlace);
         else
             at = place;
         if (at < range.begin || at >= range.end)

@@ -16,7 +16,6 @@ constexpr std::uint64_t kCodePageAt = 0x3F9;
 constexpr std::uint64_t kHeadSize = 0x3EF; // of R9, the shortest
 constexpr std::size_t kNameSize = 32;
 /// The top byte of an address or size marks the section it belongs to.
-constexpr std::uint32_t kPlace = 0xFFFFFF;
 
 /// Where the place of a table is described, from which release on, and the size of its records in R9, R10 and R11.
 struct TableRow {
@@ -76,7 +75,7 @@ private:
     OldRange Sized(std::uint64_t at)
     {
         const std::uint64_t begin = LoadAt<std::uint32_t>(m_file.bytes, at);
-        return Bounded(begin, begin + (LoadAt<std::uint32_t>(m_file.bytes, at + 4) & kPlace));
+        return Bounded(begin, begin + (LoadAt<std::uint32_t>(m_file.bytes, at + 4) & kOldPlace));
     }
 
     void ReadTable(const TableRow& row)

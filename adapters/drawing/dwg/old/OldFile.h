@@ -14,6 +14,9 @@ enum class OldRelease : std::uint8_t { R9, R10, R11 };
 enum class OldTable : std::uint8_t { Block, Layer, Style, Linetype, View, Ucs, Viewport, AppId, DimensionStyle };
 inline constexpr std::size_t kOldTables = 9;
 
+/// The bits of a place of four bytes that count: the highest byte says what it leads to.
+inline constexpr std::uint32_t kOldPlace = 0xFFFFFF;
+
 /// Bytes [begin, end) of the file.
 struct OldRange {
     std::uint64_t begin = 0, end = 0;

@@ -27,7 +27,7 @@ constexpr std::array kView{
     As(Value::Point3, 12), As(Value::Short, 71),  As(Value::Real, 42), As(Value::Real, 43),   As(Value::Real, 44),
     As(Value::Angle, 50)};
 constexpr std::array kUcs{As(Value::Point3, 10), As(Value::Point3, 11), As(Value::Point3, 12)};
-constexpr std::array kViewport{
+constexpr std::array kViewportRow{
     As(Value::Point2, 10), As(Value::Point2, 11), As(Value::Point3, 17), As(Value::Point3, 16), As(Value::Angle, 51),
     As(Value::Real, 40),   As(Value::Point2, 12), As(Value::Real, 41),   As(Value::Real, 42),   As(Value::Real, 43),
     As(Value::Real, 44),   As(Value::Short, 71),  As(Value::Short, 72),  As(Value::Short, 73),  As(Value::Short, 74),
@@ -54,7 +54,7 @@ const std::array kKinds{TableKind{OldTable::Layer, "LAYER", kLayer},
                         TableKind{OldTable::Style, "STYLE", kStyle},
                         TableKind{OldTable::View, "VIEW", kView},
                         TableKind{OldTable::Ucs, "UCS", kUcs},
-                        TableKind{OldTable::Viewport, "VPORT", kViewport},
+                        TableKind{OldTable::Viewport, "VPORT", kViewportRow},
                         TableKind{OldTable::AppId, "APPID", {}},
                         TableKind{OldTable::DimensionStyle, "DIMSTYLE", kDimensionStyle}};
 

@@ -8,7 +8,6 @@ namespace sm::drawing::dwg {
 
 namespace {
 
-constexpr std::uint32_t kFirstClass = 500;
 constexpr std::uint32_t kEntityItem = 0x1F2;
 
 /// Sets the streams of the class section; the bit where the classes end, 0 when there are none.

@@ -1,12 +1,13 @@
 // The entities of blocks and spaces, with their vertices and attributes.
 #include "dwg/read/DwgReading.h"
+#include "dwg/recovery/ObjectSearch.h"
 
 namespace sm::drawing::dwg {
 
 namespace {
 
 constexpr std::uint32_t kAttribute = 2, kBlock = 4, kEndBlock = 5, kSequenceEnd = 6, kFirstVertex = 10,
-                        kLastVertex = 14, kFirstClass = 500;
+                        kLastVertex = 14;
 
 bool IsVertex(std::uint32_t type)
 {

@@ -11,7 +11,7 @@ namespace sm::drawing::dwg {
 
 namespace {
 
-constexpr std::uint32_t kLastFixedType = 82, kProxyEntity = 498, kFirstClass = 500;
+constexpr std::uint32_t kLastFixedType = 82, kProxyEntity = 498;
 /// When the classes can't be read: more than any file has.
 constexpr std::uint32_t kAnyClassEnd = 2000;
 constexpr std::uint64_t kSmallest = 4, kChecksum = 2;

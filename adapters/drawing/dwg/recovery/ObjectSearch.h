@@ -5,6 +5,9 @@
 
 namespace sm::drawing::dwg {
 
+/// Types from here on are the classes of the file.
+inline constexpr std::uint32_t kFirstClass = 500;
+
 /// The frame in front of an object: enough to tell an object from other bytes.
 struct ObjectFrame {
     std::uint64_t handle = 0;
@@ -12,8 +15,8 @@ struct ObjectFrame {
     std::uint32_t type = 0;
 };
 
-/// The frame at `offset` of the container's objects; nothing when no object can start there. Types from 500 on are
-/// classes, numbered below `typeEnd`.
+/// The frame at `offset` of the container's objects; nothing when no object can start there. Classes are
+/// numbered below `typeEnd`.
 std::optional<ObjectFrame> FrameAt(const Container& container, std::uint64_t offset, std::uint32_t typeEnd);
 
 /// The places of all objects, ascending by handle: those of the container's map at which an object of that handle
