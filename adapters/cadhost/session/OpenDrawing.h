@@ -43,10 +43,9 @@ public:
     /// What the drawing brings along from other files.
     render::References& References();
 
-    /// Plots the active layout; false when that failed, and why is kept in `PlotFailure`. Plot style tables come from
+    /// Plots the active layout; false when that failed, and why is kept for the report. Plot style tables come from
     /// `folders`: the drawing's, the user's, then ours.
     bool Plot(const std::string& path, const PlotFolders& folders, bool keepLayers);
-    [[nodiscard]] const std::string& PlotFailure() const { return m_plotFailure; }
     [[nodiscard]] DocumentReport Report() const;
 
     /// Keeps what the reader found and mended for the report, until the drawing is saved.

@@ -37,15 +37,11 @@ bool Form::ShowModal()
     Load();
     if (m_view == nullptr)
         return false;
-    m_shown = true;
-    const bool shown = m_view->ShowModal();
-    m_shown = false;
-    return shown;
+    return m_view->ShowModal();
 }
 
 void Form::Hide()
 {
-    m_shown = false;
     if (m_view != nullptr)
         m_view->Hide();
 }

@@ -34,7 +34,6 @@ public:
     /// Loads and shows the form; returns when it is hidden. False when there is no window to show.
     bool ShowModal();
     void Hide();
-    [[nodiscard]] bool IsShown() const { return m_shown; }
     void PumpEvents();
 
     void On(const std::string& name, FormEvent event, Handler handler);
@@ -103,7 +102,7 @@ private:
     std::vector<FormControl> m_controls;
     std::map<std::pair<std::size_t, FormEvent>, Handler> m_handlers;
     std::unique_ptr<IFormView> m_view;
-    bool m_loaded = false, m_shown = false;
+    bool m_loaded = false;
 };
 
 } // namespace sm
