@@ -1,5 +1,7 @@
 #include "system/Environment.h"
 
+#include "base/files/Paths.h"
+
 #include <cstdlib>
 #include <filesystem>
 #include <sstream>
@@ -11,7 +13,7 @@ namespace {
 bool IsProgram(const std::string& path)
 {
     std::error_code unreadable;
-    return std::filesystem::is_regular_file(path, unreadable) && access(path.c_str(), X_OK) == 0;
+    return std::filesystem::is_regular_file(base::ToPath(path), unreadable) && access(path.c_str(), X_OK) == 0;
 }
 
 } // namespace

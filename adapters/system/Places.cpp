@@ -14,7 +14,7 @@ std::filesystem::path HomeFolder(const Environment& environment)
 {
     const std::string home = environment("HOME").value_or("");
     if (home.starts_with('/'))
-        return home;
+        return base::ToPath(home);
     const passwd* account = getpwuid(getuid());
     return account && account->pw_dir && *account->pw_dir == '/' ? account->pw_dir : "/";
 }
@@ -36,7 +36,7 @@ bool IsFolder(const std::filesystem::path& path)
 std::filesystem::path ShareFolder(const Environment& environment, const std::filesystem::path& executable,
                                   const std::filesystem::path& fallback)
 {
-    const std::filesystem::path given = environment("SHEETMAKER_PDF_SHARE").value_or("");
+    const std::filesystem::path given = base::ToPath(environment("SHEETMAKER_PDF_SHARE").value_or(""));
     if (!given.empty())
         return IsFolder(given) ? std::filesystem::absolute(given) : std::filesystem::path();
     const std::filesystem::path installed =

@@ -49,7 +49,7 @@ std::shared_ptr<const Pc3File> PlotShelf::Device(const std::string& folder, cons
         return nullptr;
     std::shared_ptr<const Pc3File>& file = listed.read[device];
     if (file == nullptr)
-        file = std::make_shared<const Pc3File>(ReadPc3(base::ToText(base::ToPath(folder) / device)));
+        file = std::make_shared<const Pc3File>(ReadPc3(base::ToText(base::ToPath(folder) / base::ToPath(device))));
     return file;
 }
 

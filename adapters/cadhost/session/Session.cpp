@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 bool IsSameFile(const std::string& left, const std::string& right)
 {
     std::error_code error;
-    return left == right || (fs::equivalent(left, right, error) && !error);
+    return left == right || (fs::equivalent(base::ToPath(left), base::ToPath(right), error) && !error);
 }
 
 } // namespace

@@ -46,7 +46,7 @@ DwgCommand NodeCommand(const DwgOptions& options)
     const std::string package = PackageFolder(options);
     DwgCommand command{
         "node", Program(options, "node"), {"--liftoff-only", "--no-warnings", script, package, "{in}", "{out}"}, {}};
-    if (options.scriptFolder.empty() || !Exists(script))
+    if (options.scriptFolder.empty() || !Exists(base::ToPath(script)))
         command.readiness = {false, "the script to-dxf.mjs is missing", "install sheetmaker-pdf anew"};
     else if (command.program.empty())
         command.readiness = {false, "no DWG converter is installed", InstallingCommand(options, true), true};

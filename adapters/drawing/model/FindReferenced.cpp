@@ -95,7 +95,8 @@ std::string FileInPlace(const std::string& folder, const NamedPath& path)
         if (first > 0 && leadsUp) {
             continue;
         }
-        if (std::string found = FileBelow(folder.empty() ? "." : folder, path.parts, first); !found.empty()) {
+        if (std::string found = FileBelow(base::ToPath(folder.empty() ? "." : folder), path.parts, first);
+            !found.empty()) {
             return found;
         }
     }

@@ -57,7 +57,7 @@ void RefuseInputAsTarget(const SaveRequest& request)
 {
     for (const DocumentPage& page : request.pages) {
         std::error_code error;
-        if (fs::equivalent(page.source.psPath, request.pdfPath, error) && !error) {
+        if (fs::equivalent(base::ToPath(page.source.psPath), base::ToPath(request.pdfPath), error) && !error) {
             throw PublishFailure(PublishStatus::TargetIsInput,
                                  fmt::format("{} can't be saved: it is the PostScript file of page {}. Choose another "
                                              "name.",
@@ -133,8 +133,8 @@ SaveReport SavePages(const SaveRequest& request, IPageMaker& pageMaker)
     Assembly assembly{{}, {}, request.info, request.navigation, request.note};
     std::vector<std::unique_ptr<RunFolder>> folders;
     for (const Group& group : GroupPages(request.pages, assembly.pages)) {
-        folders.push_back(
-            std::make_unique<RunFolder>(base::ToPath(request.workFolder) / fmt::format("run-{}", folders.size() + 1)));
+        folders.push_back(std::make_unique<RunFolder>(base::ToPath(request.workFolder) /
+                                                      base::ToPath(fmt::format("run-{}", folders.size() + 1))));
         assembly.sources.push_back(pageMaker.MakePages(group.pages, group.jobOptions, folders.back()->Path()));
     }
     SaveReport report;

@@ -2,15 +2,15 @@
 
 #include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
+#include "base/process/ChildProcess.h"
 #include "commandline/ExitCodes.h"
 #include "run/DwgSetup.h"
 #include "workers/WindowsProgram.h"
 
 #include <algorithm>
-#include <array>
+#include <chrono>
 #include <cstdio>
 #include <fmt/format.h>
-#include <memory>
 #include <ostream>
 
 namespace sm::app {
@@ -19,21 +19,28 @@ namespace {
 namespace fs = std::filesystem;
 using State = Finding::State;
 
-/// The first line that a command prints; empty when it can't be run.
-std::string FirstLine(const std::string& command)
+constexpr std::chrono::seconds kPatience{10};
+
+/// The first line that a program prints of itself; empty when it can't be run.
+std::string VersionOf(const std::string& program, const system::Environment& environment)
 {
-    const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen((command + " 2>/dev/null").c_str(), "r"), pclose);
-    std::array<char, 256> line{};
-    if (!pipe || !std::fgets(line.data(), line.size(), pipe.get()))
-        return {};
-    const std::string text = line.data();
-    return text.substr(0, text.find('\n'));
+    base::ChildCommand command;
+    command.program = program;
+    command.arguments = {"--version"};
+    for (const char* name : {"PATH", "HOME", "LD_LIBRARY_PATH"})
+        if (const auto value = environment(name))
+            command.environment.push_back(name + ("=" + *value));
+    command.workingFolder = "/";
+    command.limits.deadline = kPatience;
+    const base::ChildResult result = base::RunChild(command);
+    const bool ended = result.end == base::ChildResult::End::Exited && result.code == 0;
+    return ended ? result.output.substr(0, result.output.find('\n')) : std::string();
 }
 
 Finding Ghostscript(const Install& install)
 {
     const std::string program = system::FindProgram(install.environment, "gs");
-    const std::string version = program.empty() ? "" : FirstLine("'" + program + "' --version");
+    const std::string version = program.empty() ? "" : VersionOf(program, install.environment);
     if (version.empty())
         return {State::Missing, "Ghostscript", program.empty() ? "not installed" : program + " can't be run",
                 "sudo apt-get install ghostscript"};
@@ -73,7 +80,7 @@ bool HoldsFont(const fs::path& folder)
 
 Finding Fonts(const Install& install)
 {
-    const fs::path home = install.environment("HOME").value_or("/nonexistent");
+    const fs::path home = base::ToPath(install.environment("HOME").value_or("/nonexistent"));
     for (const fs::path& folder : {base::ToPath("/usr/share/fonts"), base::ToPath("/usr/local/share/fonts"),
                                    home / ".local/share/fonts", home / ".fonts"})
         if (HoldsFont(folder))

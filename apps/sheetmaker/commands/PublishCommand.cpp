@@ -1,5 +1,6 @@
 #include "commands/PublishCommand.h"
 
+#include "base/files/Paths.h"
 #include "commandline/Refusal.h"
 #include "commands/Readiness.h"
 #include "records/RecordEditor.h"
@@ -27,7 +28,7 @@ std::vector<SetPart> Parts(const PublishJob& job)
 PlannedDrawing PlanSet(const std::string& output, const std::vector<SetPart>& parts)
 {
     std::error_code unreadable;
-    if (output.ends_with('/') || fs::is_directory(output, unreadable))
+    if (output.ends_with('/') || fs::is_directory(base::ToPath(output), unreadable))
         throw Refusal{kExitUsage, output + " is a folder; -o takes the name of the PDF"};
     PlannedDrawing planned;
     for (const SetPart& part : parts) {
@@ -91,7 +92,7 @@ SetPart ParseSetPart(const std::string& text)
 {
     std::error_code unreadable;
     const std::size_t colon = text.rfind(':');
-    if (colon == std::string::npos || fs::exists(text, unreadable))
+    if (colon == std::string::npos || fs::exists(base::ToPath(text), unreadable))
         return {text, std::nullopt};
     return {text.substr(0, colon), text.substr(colon + 1)};
 }

@@ -17,7 +17,7 @@ void NeedTools(const Install& install)
 
 void MakeFolderOf(const std::string& pdfPath)
 {
-    const std::filesystem::path folder = std::filesystem::absolute(pdfPath).parent_path();
+    const std::filesystem::path folder = std::filesystem::absolute(base::ToPath(pdfPath)).parent_path();
     std::error_code failed;
     std::filesystem::create_directories(folder, failed);
     if (failed)

@@ -1,5 +1,6 @@
 #include "commands/SettingsCommand.h"
 
+#include "base/files/Paths.h"
 #include "commandline/ExitCodes.h"
 #include "plugin/cPlugin.h"
 #include "plugin/mdlAcadHelper.h"
@@ -22,7 +23,7 @@ constexpr std::int32_t kHelpSignatureFields = 440;
 std::string RecordsFileOf(const std::string& drawing)
 {
     char beginning[4] = {};
-    std::ifstream(drawing, std::ios::binary).read(beginning, sizeof beginning);
+    std::ifstream(base::ToPath(drawing), std::ios::binary).read(beginning, sizeof beginning);
     return std::string_view(beginning, sizeof beginning) == "AC10" ? drawing + ".sheetmaker" : drawing;
 }
 
@@ -30,7 +31,7 @@ std::string RecordsFileOf(const std::string& drawing)
 std::string WhatStays(const std::string& drawing)
 {
     const std::string records = RecordsFileOf(drawing);
-    if (fs::exists(records))
+    if (fs::exists(base::ToPath(records)))
         return "The drawing as it is now stays as\r\n" + records + ".bak";
     return "The DWG itself stays as it is; what is kept for it goes into\r\n" + records;
 }
@@ -103,7 +104,7 @@ bool SettingsRun::MayDropSignatureFields()
 void SettingsRun::SaveDrawing()
 {
     const std::string records = RecordsFileOf(m_drawing);
-    const bool isNew = !fs::exists(records);
+    const bool isNew = !fs::exists(base::ToPath(records));
     if (m_run.Save())
         m_out << fmt::format("{}: {} were kept{}\n", m_drawing,
                              m_run.Watcher().LostSetting().empty() ? "the settings" : "its own entries",

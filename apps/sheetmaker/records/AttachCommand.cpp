@@ -17,16 +17,16 @@ namespace fs = std::filesystem;
 
 std::string FullPath(const std::string& file)
 {
-    return base::ToText(fs::absolute(file).lexically_normal());
+    return base::ToText(fs::absolute(base::ToPath(file)).lexically_normal());
 }
 
 /// The full path of a file that can be attached.
 std::string CheckedFile(const std::string& file)
 {
     std::error_code unreadable;
-    if (!fs::exists(file, unreadable))
+    if (!fs::exists(base::ToPath(file), unreadable))
         throw Refusal{kExitUsage, "there is no file " + file};
-    if (!fs::is_regular_file(file, unreadable))
+    if (!fs::is_regular_file(base::ToPath(file), unreadable))
         throw Refusal{kExitUsage, file + " is no plain file"};
     if (!base::MayRead(file, unreadable))
         throw Refusal{kExitUsage, file + " can't be read: you have no permission to"};

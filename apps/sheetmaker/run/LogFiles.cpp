@@ -1,5 +1,6 @@
 #include "run/LogFiles.h"
 
+#include "base/files/Paths.h"
 #include "base/process/ThisProcess.h"
 #include "run/Install.h"
 
@@ -20,7 +21,7 @@ LogFiles::~LogFiles()
     std::error_code ignored;
     for (const std::string& name : m_names)
         if (!name.empty())
-            std::filesystem::remove(m_folder / name, ignored);
+            std::filesystem::remove(m_folder / base::ToPath(name), ignored);
 }
 
 void LogFiles::Join() const
@@ -28,13 +29,13 @@ void LogFiles::Join() const
     if (m_names.size() < 2)
         return;
     const std::filesystem::path whole = m_folder / kLogFileName;
-    const std::filesystem::path part = m_folder / (m_names.front() + ".part");
+    const std::filesystem::path part = m_folder / base::ToPath(m_names.front() + ".part");
     std::error_code ignored;
     std::filesystem::create_directories(m_folder, ignored);
     {
         std::ofstream joined(part, std::ios::binary);
         for (const std::string& name : m_names)
-            joined << ReadWholeFile(m_folder / name);
+            joined << ReadWholeFile(m_folder / base::ToPath(name));
     }
     std::filesystem::rename(part, whole, ignored);
 }

@@ -19,7 +19,7 @@ SetLog::SetLog(fs::path folder)
 SetLog::~SetLog()
 {
     std::error_code ignored;
-    fs::remove(m_folder / m_sheetLog, ignored);
+    fs::remove(m_folder / base::ToPath(m_sheetLog), ignored);
     fs::remove(Part(), ignored);
 }
 
@@ -36,8 +36,8 @@ void SetLog::Finish() const
 void SetLog::TakeSheetLog()
 {
     std::error_code ignored;
-    m_text += ReadWholeFile(m_folder / m_sheetLog);
-    fs::remove(m_folder / m_sheetLog, ignored);
+    m_text += ReadWholeFile(m_folder / base::ToPath(m_sheetLog));
+    fs::remove(m_folder / base::ToPath(m_sheetLog), ignored);
 }
 
 } // namespace sm::app

@@ -1,6 +1,8 @@
 // The conversion log of a set of sheets: each sheet opens a log of its own, and one text is made of them.
 #pragma once
 
+#include "base/files/Paths.h"
+
 #include <filesystem>
 #include <string>
 
@@ -24,7 +26,7 @@ public:
     void Finish() const;
 
 private:
-    [[nodiscard]] std::filesystem::path Part() const { return m_folder / (m_sheetLog + ".part"); }
+    [[nodiscard]] std::filesystem::path Part() const { return m_folder / base::ToPath(m_sheetLog + ".part"); }
 
     std::filesystem::path m_folder;
     std::string m_sheetLog, m_text;

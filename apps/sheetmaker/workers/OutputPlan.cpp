@@ -15,14 +15,14 @@ namespace fs = std::filesystem;
 std::string Identity(const std::string& path)
 {
     std::error_code unreadable;
-    const fs::path identity = fs::weakly_canonical(fs::absolute(path), unreadable);
-    return unreadable ? base::ToText(fs::absolute(path).lexically_normal()) : base::ToText(identity);
+    const fs::path identity = fs::weakly_canonical(fs::absolute(base::ToPath(path)), unreadable);
+    return unreadable ? base::ToText(fs::absolute(base::ToPath(path)).lexically_normal()) : base::ToText(identity);
 }
 
 bool NamesFolder(const std::string& output, std::size_t drawingCount)
 {
     std::error_code unreadable;
-    return drawingCount > 1 || output.ends_with('/') || fs::is_directory(output, unreadable);
+    return drawingCount > 1 || output.ends_with('/') || fs::is_directory(base::ToPath(output), unreadable);
 }
 
 /// The name under which the publisher saves: ".pdf" is added to any other ending. A drawing's own ending stays, so
@@ -38,12 +38,12 @@ std::string AsPdfName(const std::string& output)
 PlannedDrawing Plan(const std::string& drawing, const std::optional<std::string>& output, std::size_t count)
 {
     if (!output)
-        return {drawing, StripExtension(base::ToText(fs::absolute(drawing))) + ".pdf", std::nullopt};
+        return {drawing, StripExtension(base::ToText(fs::absolute(base::ToPath(drawing)))) + ".pdf", std::nullopt};
     if (!NamesFolder(*output, count))
-        return {drawing, AsPdfName(*output), base::ToText(fs::absolute(AsPdfName(*output)))};
+        return {drawing, AsPdfName(*output), base::ToText(fs::absolute(base::ToPath(AsPdfName(*output))))};
     const std::string name = base::ToText(base::ToPath(drawing).stem()) + ".pdf";
-    const std::string path = base::ToText(base::ToPath(*output) / name);
-    return {drawing, path, base::ToText(fs::absolute(path))};
+    const std::string path = base::ToText(base::ToPath(*output) / base::ToPath(name));
+    return {drawing, path, base::ToText(fs::absolute(base::ToPath(path)))};
 }
 
 std::string Clash(const std::vector<PlannedDrawing>& drawings)
@@ -75,7 +75,8 @@ OutputPlan PlanOutput(const std::vector<std::string>& drawings, const std::optio
         return plan;
     }
     std::error_code unreadable;
-    if (output && drawings.size() > 1 && fs::exists(*output, unreadable) && !fs::is_directory(*output, unreadable)) {
+    if (output && drawings.size() > 1 && fs::exists(base::ToPath(*output), unreadable) &&
+        !fs::is_directory(base::ToPath(*output), unreadable)) {
         plan.error = fmt::format("{} is a file; several drawings need a folder", *output);
         return plan;
     }

@@ -95,7 +95,7 @@ Worker::Worker(DrawingTask task, const std::string& pdfPath, const WorkerWork& w
     : m_task(std::move(task))
 {
     std::error_code unknown;
-    m_pdfFolder = fs::weakly_canonical(pdfPath, unknown).parent_path();
+    m_pdfFolder = fs::weakly_canonical(base::ToPath(pdfPath), unknown).parent_path();
     m_task.workFolder = MakeWorkFolder();
     Start(work, lines);
 }
@@ -163,8 +163,8 @@ void Worker::RemoveLeftovers()
     std::error_code ignored;
     // The interpreter of an ended worker is ended by the system, a moment later than the worker itself.
     for (int attempt = 0; attempt < kRemovalAttempts; ++attempt) {
-        fs::remove_all(m_task.workFolder, ignored);
-        if (m_endedWell || !fs::exists(m_task.workFolder, ignored))
+        fs::remove_all(base::ToPath(m_task.workFolder), ignored);
+        if (m_endedWell || !fs::exists(base::ToPath(m_task.workFolder), ignored))
             break;
         usleep(kRemovalPause);
     }
