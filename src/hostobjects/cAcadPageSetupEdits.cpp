@@ -1,5 +1,6 @@
 #include "hostobjects/cAcadPageSetup.h"
 #include "plotting/PaperTable.h"
+#include "ports/PlotNumbers.h"
 #include "settings/PageSetupFields.h"
 #include "settings/mdlUtilities.h"
 
@@ -7,7 +8,6 @@ namespace sm {
 
 namespace {
 
-constexpr double kMillimetresPerInch = 25.4;
 constexpr std::int32_t kInches = 0;
 constexpr std::int32_t kMillimetres = 1;
 

@@ -5,12 +5,12 @@
 #include "plugin/Present.h"
 #include "plugin/mdlAcadHelper.h"
 #include "ports/IAcadDocument.h"
+#include "ports/PlotNumbers.h"
 #include "settings/mdlUtilities.h"
 
 namespace sm {
 namespace {
 
-constexpr double kMillimetresPerInch = 25.4;
 std::string PairText(double x, double y)
 {
     return NumberText(x) + " " + NumberText(y);

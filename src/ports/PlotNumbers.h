@@ -6,6 +6,8 @@
 
 namespace sm {
 
+inline constexpr double kMillimetresPerInch = 25.4;
+
 // They stay numbers where they are handed on, since files and records may hold others; so they convert to numbers.
 
 /// Which part of a layout is plotted; group 74 of a PLOTSETTINGS object has the same numbers.

@@ -121,7 +121,7 @@ constexpr const char* kHead = "<?xpacket begin=\"\uFEFF\" id=\"W5M0MpCehiHzreSzN
                               " xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\" xmlns:pdf=\"http://ns.adobe.com/pdf/1.3/\""
                               " xmlns:pdfx=\"http://ns.adobe.com/pdfx/1.3/\">\n"
                               "   <dc:format>application/pdf</dc:format>\n";
-constexpr const char* kTail = "  </rdf:Description>\n </rdf:RDF>\n</x:xmpmeta>\n<?xpacket end=\"r\"?>\n";
+constexpr const char* kPacketEnd = "  </rdf:Description>\n </rdf:RDF>\n</x:xmpmeta>\n<?xpacket end=\"r\"?>\n";
 
 } // namespace
 
@@ -200,7 +200,7 @@ std::string DocumentInfo::Xmp() const
         packet += Element("xmp:CreateDate", XmpDate(*m_creation));
         packet += Element("xmp:ModifyDate", XmpDate(*m_modification));
     }
-    return packet + kTail;
+    return packet + kPacketEnd;
 }
 
 } // namespace sm::publisher

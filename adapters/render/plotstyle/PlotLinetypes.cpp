@@ -53,8 +53,8 @@ const std::array<HatchLine, 2> kChecks{{{0, {0, 0.5}, {0, 2}, {1, -1}}, {0, {1, 
 const std::array<HatchLine, 2> kGrid{{{0, {}, {0, 1}, {}}, {90, {}, {1, 0}, {}}}};
 const std::array<HatchLine, 2> kDiamonds{{{45, {}, {0, 1.5}, {}}, {135, {}, {0, 1.5}, {}}}};
 const std::array<HatchLine, 1> kHorizontal{{{0, {}, {0, 1}, {}}}};
-const std::array<HatchLine, 1> kLeft{{{135, {}, {0, 1.5}, {}}}};
-const std::array<HatchLine, 1> kRight{{{45, {}, {0, 1.5}, {}}}};
+const std::array<HatchLine, 1> kSlantsLeft{{{135, {}, {0, 1.5}, {}}}};
+const std::array<HatchLine, 1> kSlantsRight{{{45, {}, {0, 1.5}, {}}}};
 const std::array<HatchLine, 1> kSquares{{{0, {}, {0, 2}, {1, -1}}}};
 const std::array<HatchLine, 1> kVertical{{{90, {}, {1, 0}, {}}}};
 
@@ -90,9 +90,9 @@ FillLines LinesOf(PlotFill fill)
     case PlotFill::HorizontalBars:
         return {kHorizontal, 0.5};
     case PlotFill::SlantLeft:
-        return {kLeft, 0.5};
+        return {kSlantsLeft, 0.5};
     case PlotFill::SlantRight:
-        return {kRight, 0.5};
+        return {kSlantsRight, 0.5};
     case PlotFill::SquareDots:
         return {kSquares, 1};
     case PlotFill::VerticalBars:

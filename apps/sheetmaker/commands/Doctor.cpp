@@ -143,7 +143,7 @@ Finding DwgConverter(const Install& install)
     const auto registry = OpenSettings(install, [](const std::string&) {}); // told of the settings already
     const drawing::DwgReadiness found = drawing::ExamineDwgConverter(DwgOptionsOf(install, *registry));
     return {found.ready ? State::Good : State::Optional, "DWG converter",
-            found.ready ? found.what : found.what + " (DWG files need one, DXF files don't)", found.remedy};
+            found.ready ? found.what : found.what + " (needed for DWG files older than R9 alone)", found.remedy};
 }
 
 const char* Mark(State state)

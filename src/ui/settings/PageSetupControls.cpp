@@ -11,7 +11,6 @@
 namespace sm {
 namespace {
 
-constexpr double kMillimetresPerInch = 25.4;
 constexpr const char* kInches = NameOf(kPaperUnits, kPaperInches);
 constexpr const char* kMillimetreLabel = "mm"; // shorter than the unit in the list
 constexpr std::int32_t kCustomScale = 0;

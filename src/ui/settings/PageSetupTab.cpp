@@ -2,6 +2,7 @@
 #include "ui/mdlGUITap.h"
 
 #include "plugin/mdlAcadHelper.h"
+#include "ports/PlotNumbers.h"
 #include "settings/mdlUtilities.h"
 #include "ui/form/HostLists.h"
 
@@ -10,7 +11,6 @@
 namespace sm {
 namespace {
 
-constexpr double kMillimetresPerInch = 25.4;
 constexpr std::int32_t kLastStandardScale = 31; ///< "100:1"
 
 void FillPapers(Form& form, const PageSetupFilling& source)

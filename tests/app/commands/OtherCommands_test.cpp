@@ -81,7 +81,7 @@ TEST_F(Commands, DoctorNamesTheCommandThatMends)
           "MISSING   job options: none installed\n          -> install sheetmaker-pdf anew\n",
           "optional  PDF viewer: xdg-open is not installed (--open needs it)\n          -> sudo apt-get install "
           "xdg-utils\n",
-          "optional  DWG converter: the script to-dxf.mjs is missing (DWG files need one, DXF files don't)\n          "
+          "optional  DWG converter: the script to-dxf.mjs is missing (needed for DWG files older than R9 alone)\n          "
           "-> "
           "install sheetmaker-pdf anew\n"})
         EXPECT_NE(text.find(line), std::string::npos) << line << "in\n" << text;
@@ -100,7 +100,7 @@ TEST_F(Commands, DoctorShowsTheDwgConverter)
     EXPECT_EQ(Examine(m_machine.Here()).back().state, Finding::State::Good);
     EXPECT_EQ(Run({"set", "DwgConverter", "my-own {in} {out}"}), 0);
     EXPECT_EQ(Examine(m_machine.Here()).back().detail,
-              "the program of \"my-own {in} {out}\" can't be found (DWG files need one, DXF files don't)");
+              "the program of \"my-own {in} {out}\" can't be found (needed for DWG files older than R9 alone)");
     m_machine.MakeProgram("my-own", "true");
     EXPECT_EQ(Examine(m_machine.Here()).back().detail, "your own command, " + m_machine.In("bin/my-own"));
     EXPECT_EQ(Run({"doctor", "--dwg-converter", "oda"}), 3);

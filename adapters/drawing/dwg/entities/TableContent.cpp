@@ -63,7 +63,7 @@ void SkipGeometry(Object& object)
     }
 }
 
-TableCell ReadCell(Object& object, TableGrid& grid)
+TableCell ReadContentCell(Object& object, TableGrid& grid)
 {
     BitReader& data = object.data;
     TableCell cell;
@@ -92,7 +92,7 @@ void ReadRow(Object& object, TableGrid& grid, std::size_t row)
     const std::size_t columns = grid.columnWidths.size(), first = std::min(row * columns, kMostTableCells);
     const std::size_t end = std::min(first + columns, kMostTableCells);
     for (std::uint32_t i = data.Count(data.BL(), kLeastCell); i > 0 && !object.Lost(); --i) {
-        TableCell cell = ReadCell(object, grid);
+        TableCell cell = ReadContentCell(object, grid);
         if (grid.cells.size() < end)
             grid.cells.push_back(std::move(cell));
     }

@@ -45,7 +45,7 @@ std::uint32_t Crc32(std::string_view bytes)
 
 namespace {
 
-constexpr std::size_t kBlock = 32;
+constexpr std::size_t kSummedBlock = 32;
 
 #ifdef __SSE2__
 /// Adds the sum of four lanes to `sum`.
@@ -69,15 +69,15 @@ __m128i Weighted(__m128i bytes, __m128i weights)
 /// from it to the end.
 void AddBlocks(const char* bytes, std::size_t blocks, std::uint32_t& low, std::uint32_t& high)
 {
-    high += static_cast<std::uint32_t>(blocks * kBlock) * low;
+    high += static_cast<std::uint32_t>(blocks * kSummedBlock) * low;
 #ifdef __SSE2__
     const __m128i zero = _mm_setzero_si128();
     const __m128i first = _mm_set_epi16(25, 26, 27, 28, 29, 30, 31, 32),
                   second = _mm_sub_epi16(first, _mm_set1_epi16(16));
     __m128i sums = zero, before = zero, weighted = zero; // before: the sums at the start of each block
-    for (std::size_t i = 0; i < blocks; ++i, bytes += kBlock) {
+    for (std::size_t i = 0; i < blocks; ++i, bytes += kSummedBlock) {
         const __m128i a = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
-        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + kBlock / 2));
+        const __m128i b = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + kSummedBlock / 2));
         before = _mm_add_epi32(before, sums);
         sums = _mm_add_epi32(sums, _mm_add_epi32(_mm_sad_epu8(a, zero), _mm_sad_epu8(b, zero)));
         weighted = _mm_add_epi32(weighted, _mm_add_epi32(Weighted(a, first), Weighted(b, second)));
@@ -87,7 +87,7 @@ void AddBlocks(const char* bytes, std::size_t blocks, std::uint32_t& low, std::u
     AddLanes(weighted, high);
 #else
     std::uint32_t sum = 0;
-    for (std::size_t i = 0; i < blocks * kBlock; ++i) {
+    for (std::size_t i = 0; i < blocks * kSummedBlock; ++i) {
         const std::uint32_t byte = static_cast<unsigned char>(bytes[i]);
         sum += byte;
         high += sum;
@@ -108,9 +108,9 @@ std::uint32_t PageSum(std::uint32_t seed, std::string_view bytes)
     while (!bytes.empty()) {
         std::string_view run = bytes.substr(0, kRun);
         bytes.remove_prefix(run.size());
-        const std::size_t blocks = run.size() / kBlock;
+        const std::size_t blocks = run.size() / kSummedBlock;
         AddBlocks(run.data(), blocks, low, high);
-        run.remove_prefix(blocks * kBlock);
+        run.remove_prefix(blocks * kSummedBlock);
         for (const char c : run) {
             low += static_cast<unsigned char>(c);
             high += low;

@@ -11,8 +11,8 @@ namespace sm::drawing::dwg {
 
 namespace {
 
-constexpr std::uint64_t kCodedHeadAt = 0x80, kFirstCodedPage = 0x480, kSecurityAt = 0x18;
-constexpr std::uint64_t kHeadCodewords = 3, kHeadData = 32, kHeadSize = 0x110;
+constexpr std::uint64_t kCodedHeadAt = 0x80, kFirstCodedPage = 0x480;
+constexpr std::uint64_t kHeadCodewords = 3, kHeadData = 32, kCodedHeadSize = 0x110;
 
 /// What of the file's head leads to the two tables: places among its 34 numbers.
 enum HeadNumber : std::uint8_t {
@@ -73,11 +73,11 @@ private:
             Deinterleaved(SliceOf(m_file, kCodedHeadAt, kHeadCodewords * kCodeword), kHeadCodewords, kTableData);
         const std::string_view bytes(coded.data(), coded.size());
         const auto stored = LoadAt<std::int32_t>(bytes, 24);
-        std::vector<char> head(kHeadSize);
+        std::vector<char> head(kCodedHeadSize);
         if (stored > 0)
             Decompress2007(SliceOf(bytes, kHeadData, static_cast<std::uint64_t>(stored)), head);
         else
-            std::ranges::copy(SliceOf(bytes, kHeadData, kHeadSize), head.begin());
+            std::ranges::copy(SliceOf(bytes, kHeadData, kCodedHeadSize), head.begin());
         return head;
     }
 

@@ -11,6 +11,9 @@ namespace sm::drawing::dwg {
 enum class Stream : std::uint8_t { Header, Classes, Map, Objects, DataStore, Summary, Template };
 inline constexpr std::size_t kStreams = 7;
 
+/// Where the file says, from R2004 on, which of its parts are encrypted.
+inline constexpr std::uint64_t kSecurityAt = 0x18;
+
 class ContainerBuilder {
 public:
     ContainerBuilder(std::string_view file, const std::string& path, FindingList& findings);

@@ -11,7 +11,6 @@ namespace sm::drawing::dwg {
 
 namespace {
 
-constexpr std::uint64_t kSecurityAt = 0x18;
 constexpr std::uint32_t kEncrypted = 1;
 
 constexpr std::uint64_t kSmall = 4096;

@@ -10,10 +10,6 @@ namespace {
 
 using Value = OldValue;
 
-constexpr OldRow Skip(std::uint8_t bytes)
-{
-    return {Value::Skip, 0, bytes, nullptr};
-}
 constexpr OldRow Point3(const char* name)
 {
     return {Value::Point3, 10, 0, name};
@@ -45,7 +41,7 @@ constexpr OldRow Date(const char* name)
 
 constexpr std::array kFirst{Point3("$INSBASE")};
 /// R9 has the number of entities here.
-constexpr std::array kSecondOfR9{Skip(2)};
+constexpr std::array kSecondOfR9{SkipBytes(2)};
 constexpr std::array kSecond{Short("$PLINEGEN")};
 constexpr std::array kLimits{
     Point3("$EXTMIN"),
@@ -71,13 +67,13 @@ constexpr std::array kLimits{
     Real("$TEXTSIZE"),
     Real("$TRACEWID"),
     OldRow{Value::Layer, 8, 0, "$CLAYER"},
-    Skip(8), // the colour of new entities in older releases
-    Skip(2),
+    SkipBytes(8), // the colour of new entities in older releases
+    SkipBytes(2),
 };
-constexpr std::array kScalesOfR9{Skip(6)};
-constexpr std::array kScales{Short("$PSLTSCALE"), Short("$TREEDEPTH"), Skip(2)};
+constexpr std::array kScalesOfR9{SkipBytes(6)};
+constexpr std::array kScales{Short("$PSLTSCALE"), Short("$TREEDEPTH"), SkipBytes(2)};
 constexpr std::array kUnits{
-    Skip(8), // aspect of the screen
+    SkipBytes(8), // aspect of the screen
     Short("$LUNITS"),
     Short("$LUPREC"),
     Short("$AXISMODE"),
@@ -108,18 +104,18 @@ constexpr std::array kUnits{
     Byte("$DIMSE2"),
     Byte("$DIMTAD"),
     Byte("$LIMCHECK"),
-    Skip(46), // the rest of the menu's name
+    SkipBytes(46), // the rest of the menu's name
     Real("$ELEVATION"),
     Real("$THICKNESS"),
     Point3("$VIEWDIR"),
-    Skip(144), // axes of the view
-    Skip(2),
+    SkipBytes(144), // axes of the view
+    SkipBytes(2),
     Short("$BLIPMODE"),
     Byte("$DIMZIN"),
     Real("$DIMRND"),
     Real("$DIMDLE"),
     Text("$DIMBLK", 33),
-    Skip(2),
+    SkipBytes(2),
     Short("$COORDS"),
     OldRow{Value::Short, 62, 0, "$CECOLOR"},
     OldRow{Value::Linetype, 6, 0, "$CELTYPE"},
@@ -130,7 +126,7 @@ constexpr std::array kUnits{
     Short("$USRTIMER"),
     Short("$FASTZOOM"),
     Short("$SKPOLY"),
-    Skip(14), // a date by its parts
+    SkipBytes(14), // a date by its parts
     OldRow{Value::Angle, 50, 0, "$ANGBASE"},
     Short("$ANGDIR"),
     Short("$PDMODE"),
@@ -164,13 +160,13 @@ constexpr std::array kUnits{
 };
 constexpr std::uint8_t kTablePlace = 10;
 constexpr std::array kSinceR10{
-    Skip(kTablePlace), // UCS
-    Skip(2),           // the code page
+    SkipBytes(kTablePlace), // UCS
+    SkipBytes(2),           // the code page
     Point3("$UCSORG"),
     Point3("$UCSXDIR"),
     Point3("$UCSYDIR"),
-    Skip(24 + 32), // target and lens of the view
-    Skip(2),
+    SkipBytes(24 + 32), // target and lens of the view
+    SkipBytes(2),
     Byte("$DIMTOFL"),
     Text("$DIMBLK1", 33),
     Text("$DIMBLK2", 33),
@@ -178,7 +174,7 @@ constexpr std::array kSinceR10{
     Byte("$DIMTIX"),
     Byte("$DIMSOXD"),
     Real("$DIMTVP"),
-    Skip(33),
+    SkipBytes(33),
     Short("$HANDLING"),
     OldRow{Value::Handle, 5, 0, "$HANDSEED"},
     Short("$SURFU"),
@@ -186,39 +182,39 @@ constexpr std::array kSinceR10{
     Short("$SURFTYPE"),
     Short("$SURFTAB1"),
     Short("$SURFTAB2"),
-    Skip(kTablePlace), // VPORT
+    SkipBytes(kTablePlace), // VPORT
     Short("$FLATLAND"),
     Short("$SPLINETYPE"),
-    Skip(2 + 2), // the icon of the coordinate system and its name
+    SkipBytes(2 + 2), // the icon of the coordinate system and its name
 };
 constexpr std::array kSinceR11{
-    Skip(kTablePlace), // APPID
+    SkipBytes(kTablePlace), // APPID
     Short("$WORLDVIEW"),
-    Skip(4),
-    Skip(kTablePlace), // DIMSTYLE
-    Skip(5),
+    SkipBytes(4),
+    SkipBytes(kTablePlace), // DIMSTYLE
+    SkipBytes(5),
     Short("$DIMCLRD"),
     Short("$DIMCLRE"),
     Short("$DIMCLRT"),
     Short("$SHADEDGE"),
     Short("$SHADEDIF"),
-    Skip(2),
+    SkipBytes(2),
     Short("$UNITMODE"),
-    Skip(4 * 8 + 4 * 32), // conversions of units
+    SkipBytes(4 * 8 + 4 * 32), // conversions of units
     Real("$DIMTFAC"),
     Point3("$PUCSORG"),
     Point3("$PUCSXDIR"),
     Point3("$PUCSYDIR"),
-    Skip(2),
+    SkipBytes(2),
     Short("$TILEMODE"),
     Short("$PLIMCHECK"),
-    Skip(2),
+    SkipBytes(2),
     Point3("$PEXTMIN"),
     Point3("$PEXTMAX"),
     Point2("$PLIMMIN"),
     Point2("$PLIMMAX"),
     Point3("$PINSBASE"),
-    Skip(kTablePlace), // viewports of the sheet
+    SkipBytes(kTablePlace), // viewports of the sheet
     Short("$MAXACTVP"),
     Real("$DIMGAP"),
     Real("$PELEVATION"),

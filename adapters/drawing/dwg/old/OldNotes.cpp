@@ -5,17 +5,10 @@ namespace sm::drawing::dwg {
 
 namespace {
 
-constexpr double kToDegrees = 180.0 / std::numbers::pi;
-
-Vec3 At(const Vec2& flat, double z)
-{
-    return {flat.x, flat.y, z};
-}
-
 void PutAngle(int code, OldRecord& record, unsigned option, TagSink& sink)
 {
     if (record.Has(option))
-        sink.Real(code, record.fields.RD() * kToDegrees);
+        sink.Real(code, record.fields.RD() * kDegreesPerRadian);
 }
 
 void PutReal(int code, OldRecord& record, unsigned option, TagSink& sink)
@@ -41,7 +34,7 @@ void PutSetting(const OldFile& file, OldRecord& record, unsigned first, int vert
     PutByte(71, record, first << 4U, sink);
     PutByte(72, record, first << 5U, sink);
     if (record.Has(first << 6U))
-        sink.Point(11, At(record.fields.Point2(), record.elevation));
+        sink.Point(11, Raised(record.fields.Point2(), record.elevation));
     if (record.Has(first << 7U))
         sink.Point(210, record.fields.Point3());
     PutByte(verticalCode, record, first << 8U, sink);
@@ -49,7 +42,7 @@ void PutSetting(const OldFile& file, OldRecord& record, unsigned first, int vert
 
 void PutText(const OldFile& file, OldRecord& record, TagSink& sink)
 {
-    sink.Point(10, At(record.fields.Point2(), record.elevation));
+    sink.Point(10, Raised(record.fields.Point2(), record.elevation));
     sink.Real(40, record.fields.RD());
     sink.Text(1, record.fields.Text());
     PutSetting(file, record, 1, 73, sink);
@@ -57,7 +50,7 @@ void PutText(const OldFile& file, OldRecord& record, TagSink& sink)
 
 void PutAttribute(const OldFile& file, OldRecord& record, TagSink& sink)
 {
-    sink.Point(10, At(record.fields.Point2(), record.elevation));
+    sink.Point(10, Raised(record.fields.Point2(), record.elevation));
     sink.Real(40, record.fields.RD());
     sink.Text(1, record.fields.Text());
     if (record.type == OldType::AttributeDefinition)
@@ -74,7 +67,7 @@ void PutInsert(const OldFile& file, OldRecord& record, TagSink& sink)
     if (record.hasMembers)
         sink.Integer(66, 1);
     sink.Text(2, file.Name(OldTable::Block, record.fields.Count()));
-    sink.Point(10, At(record.fields.Point2(), record.elevation));
+    sink.Point(10, Raised(record.fields.Point2(), record.elevation));
     PutReal(41, record, 1, sink);
     PutReal(42, record, 2, sink);
     PutAngle(50, record, 4, sink);
@@ -92,8 +85,8 @@ void PutInsert(const OldFile& file, OldRecord& record, TagSink& sink)
 void PutDimension(const OldFile& file, OldRecord& record, TagSink& sink)
 {
     const bool flat = record.release == OldRelease::R9;
-    const auto point = [&] { return flat ? At(record.fields.Point2(), record.elevation) : record.fields.Point3(); };
-    const auto flatPoint = [&] { return At(record.fields.Point2(), record.elevation); };
+    const auto point = [&] { return flat ? Raised(record.fields.Point2(), record.elevation) : record.fields.Point3(); };
+    const auto flatPoint = [&] { return Raised(record.fields.Point2(), record.elevation); };
     sink.Text(2, file.Name(OldTable::Block, record.fields.Count()));
     sink.Point(10, point());
     sink.Point(11, flatPoint());

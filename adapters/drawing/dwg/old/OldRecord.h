@@ -5,9 +5,18 @@
 #include "dwg/old/OldBytes.h"
 #include "dwg/old/OldFile.h"
 
+#include <numbers>
 #include <optional>
 
 namespace sm::drawing::dwg {
+
+inline constexpr double kDegreesPerRadian = 180.0 / std::numbers::pi;
+
+/// A point of a flat entity, at the elevation that the record gives once.
+inline Vec3 Raised(const Vec2& flat, double elevation)
+{
+    return {flat.x, flat.y, elevation};
+}
 
 /// Types of records; an erased one has the highest bit set.
 enum class OldType : std::uint8_t {

@@ -33,6 +33,11 @@ struct OldRow {
     const char* name = nullptr; ///< of a header variable
 };
 
+constexpr OldRow SkipBytes(std::uint8_t count)
+{
+    return {OldValue::Skip, 0, count, nullptr};
+}
+
 /// Writes what a row stands for; a header variable's entry is opened before.
 void PutRow(const OldFile& file, const OldRow& row, OldBytes& bytes, TagSink& sink);
 

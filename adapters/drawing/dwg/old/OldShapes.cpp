@@ -5,17 +5,10 @@ namespace sm::drawing::dwg {
 
 namespace {
 
-constexpr double kToDegrees = 180.0 / std::numbers::pi;
-
-Vec3 At(const Vec2& flat, double z)
-{
-    return {flat.x, flat.y, z};
-}
-
 /// A point of an entity that has a z of its own but for the flat ones.
 Vec3 PointOf(OldRecord& record, bool deep)
 {
-    return deep ? record.fields.Point3() : At(record.fields.Point2(), record.elevation);
+    return deep ? record.fields.Point3() : Raised(record.fields.Point2(), record.elevation);
 }
 
 void PutExtrusion(OldRecord& record, unsigned option, TagSink& sink)
@@ -41,7 +34,7 @@ void PutPoint(OldRecord& record, TagSink& sink)
     sink.Point(10, PointOf(record, record.release != OldRelease::R9 && !record.isFlat));
     PutExtrusion(record, 1, sink);
     if (record.Has(2))
-        sink.Real(50, record.fields.RD() * kToDegrees);
+        sink.Real(50, record.fields.RD() * kDegreesPerRadian);
 }
 
 void PutArc(OldRecord& record, TagSink& sink)
@@ -49,12 +42,12 @@ void PutArc(OldRecord& record, TagSink& sink)
     const Vec2 center = record.fields.Point2();
     sink.Real(40, record.fields.RD());
     if (record.type == OldType::Arc) {
-        sink.Real(50, record.fields.RD() * kToDegrees);
-        sink.Real(51, record.fields.RD() * kToDegrees);
+        sink.Real(50, record.fields.RD() * kDegreesPerRadian);
+        sink.Real(51, record.fields.RD() * kDegreesPerRadian);
     }
     PutExtrusion(record, 1, sink);
     const double z = record.Has(2) ? record.fields.RD() : record.elevation;
-    sink.Point(10, At(center, z));
+    sink.Point(10, Raised(center, z));
 }
 
 void PutArea(OldRecord& record, TagSink& sink)
@@ -65,7 +58,7 @@ void PutArea(OldRecord& record, TagSink& sink)
     PutExtrusion(record, 1, sink);
     const double z = record.Has(2) ? record.fields.RD() : record.elevation;
     for (int i = 0; i < 4; ++i)
-        sink.Point(10 + i, At(corners[i], z));
+        sink.Point(10 + i, Raised(corners[i], z));
 }
 
 void PutFace(OldRecord& record, TagSink& sink)
@@ -79,17 +72,17 @@ void PutFace(OldRecord& record, TagSink& sink)
 
 void PutShape(const OldFile& file, OldRecord& record, TagSink& sink)
 {
-    sink.Point(10, At(record.fields.Point2(), record.elevation));
+    sink.Point(10, Raised(record.fields.Point2(), record.elevation));
     sink.Real(40, record.fields.RD());
     sink.Integer(70, record.fields.RC());
     if (record.Has(1))
-        sink.Real(50, record.fields.RD() * kToDegrees);
+        sink.Real(50, record.fields.RD() * kDegreesPerRadian);
     if (record.Has(2))
         sink.Text(7, file.Name(OldTable::Style, record.fields.RC()));
     if (record.Has(4))
         sink.Real(41, record.fields.RD());
     if (record.Has(8))
-        sink.Real(51, record.fields.RD() * kToDegrees);
+        sink.Real(51, record.fields.RD() * kDegreesPerRadian);
 }
 
 /// Each field that is there, in the order of their bits.
@@ -121,7 +114,7 @@ void PutVertex(OldRecord& record, TagSink& sink)
 {
     constexpr unsigned kNoPoint = 0x4000;
     const Vec2 point = record.Has(kNoPoint) ? Vec2{} : record.fields.Point2();
-    sink.Point(10, At(point, record.elevation));
+    sink.Point(10, Raised(point, record.elevation));
     if (record.Has(1))
         sink.Real(40, record.fields.RD());
     if (record.Has(2))
@@ -131,7 +124,7 @@ void PutVertex(OldRecord& record, TagSink& sink)
     if (record.Has(8))
         sink.Integer(70, record.fields.RC());
     if (record.Has(0x10))
-        sink.Real(50, record.fields.RD() * kToDegrees);
+        sink.Real(50, record.fields.RD() * kDegreesPerRadian);
     PutShorts(record, 0x20, {71, 72, 73, 74}, sink);
 }
 

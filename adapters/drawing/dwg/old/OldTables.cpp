@@ -10,10 +10,6 @@ namespace {
 
 using Value = OldValue;
 
-constexpr OldRow Skip(std::uint8_t bytes)
-{
-    return {Value::Skip, 0, bytes, nullptr};
-}
 constexpr OldRow As(Value value, std::int16_t code, std::uint8_t size = 0)
 {
     return {value, code, size, nullptr};
@@ -22,10 +18,9 @@ constexpr OldRow As(Value value, std::int16_t code, std::uint8_t size = 0)
 constexpr std::array kLayer{As(Value::Short, 62), As(Value::Linetype, 6)};
 constexpr std::array kStyle{As(Value::Real, 40), As(Value::Real, 41),    As(Value::Angle, 50),  As(Value::Byte, 71),
                             As(Value::Real, 42), As(Value::Text, 3, 64), As(Value::Text, 4, 64)};
-constexpr std::array kView{
-    As(Value::Real, 40),   As(Value::Point2, 10), As(Value::Real, 41), As(Value::Point3, 11), Skip(2),
-    As(Value::Point3, 12), As(Value::Short, 71),  As(Value::Real, 42), As(Value::Real, 43),   As(Value::Real, 44),
-    As(Value::Angle, 50)};
+constexpr std::array kView{As(Value::Real, 40), As(Value::Point2, 10), As(Value::Real, 41),  As(Value::Point3, 11),
+                           SkipBytes(2),        As(Value::Point3, 12), As(Value::Short, 71), As(Value::Real, 42),
+                           As(Value::Real, 43), As(Value::Real, 44),   As(Value::Angle, 50)};
 constexpr std::array kUcs{As(Value::Point3, 10), As(Value::Point3, 11), As(Value::Point3, 12)};
 constexpr std::array kViewportRow{
     As(Value::Point2, 10), As(Value::Point2, 11), As(Value::Point3, 17), As(Value::Point3, 16), As(Value::Angle, 51),
