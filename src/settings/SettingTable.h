@@ -150,8 +150,8 @@ consteval const char* DefaultName(std::string_view name)
 }
 constexpr std::int32_t WholeDefault(const Setting& setting)
 {
-    const bool* const isOn = std::get_if<bool>(&setting.defaultValue);
-    return isOn != nullptr ? static_cast<std::int32_t>(*isOn) : std::get<std::int32_t>(setting.defaultValue);
+    const auto& value = setting.defaultValue;
+    return std::holds_alternative<bool>(value) ? std::int32_t{std::get<bool>(value)} : std::get<std::int32_t>(value);
 }
 consteval std::int32_t DefaultWhole(std::string_view name)
 {
