@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Tries the faults that plotting programs are known for, each on a drawing of its own, and looks at the PDF.
 
-    plot_faults.py PROGRAM
+    plot_faults.py PROGRAM [ROW...]
 
 Drawings are made by ezdxf in a temporary folder; pages are read back with qpdf, mutool, pdftotext and pdftoppm. Prints a line
 for each row and, at the end, "N passed, M failed".
@@ -16,6 +16,7 @@ import ezdxf
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import content_rows  # noqa: E402
+import page_rows  # noqa: E402
 import plot_rows  # noqa: E402
 
 
@@ -73,7 +74,9 @@ def tell(name, run):
 def main():
     program = os.path.abspath(sys.argv[1])
     results = []
-    for row in plot_rows.ROWS + content_rows.ROWS:
+    wanted = set(sys.argv[2:])
+    rows = [row for row in plot_rows.ROWS + page_rows.ROWS + content_rows.ROWS if not wanted or row.__name__ in wanted]
+    for row in rows:
         with tempfile.TemporaryDirectory() as folder:
             results.append(tell(f"{row.__name__}: {row.__doc__}", lambda: row(Stand(program, folder))))
             assert not os.path.isdir(os.path.join(folder, "tmp")) or not os.listdir(os.path.join(folder, "tmp"))
