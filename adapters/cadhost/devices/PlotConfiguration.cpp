@@ -3,7 +3,6 @@
 #include "answers/HostText.h"
 #include "base/Numbers.h"
 #include "devices/PaperRules.h"
-#include "drawing/PlanView.h"
 #include "ports/HostError.h"
 
 #include <algorithm>
@@ -83,7 +82,7 @@ void MendValues(drawing::PlotSettings& values, bool isModel)
 } // namespace
 
 PlotConfiguration::PlotConfiguration(const drawing::Drawing& drawing, const drawing::Layout& layout,
-                                     const std::function<bool()>& landscape)
+                                     const std::function<bool()>& landscape, const ExtentsSource& extents)
     : m_drawing(drawing), m_layout(layout), m_own(layout.plot), m_values(layout.plot), m_device(DeviceOf(layout.plot))
 {
     m_own.rotation &= 3;
@@ -98,19 +97,17 @@ PlotConfiguration::PlotConfiguration(const drawing::Drawing& drawing, const draw
     }
     m_sheet = m_ownSheet;
     m_origin = AcrossWhenTurned(m_values.origin, m_values.rotation);
-    const auto view = layout.isModel ? drawing.ActiveModelView() : std::nullopt;
-    if (view && drawing::IsPlanView(view->direction) && view->twist == 0)
-        m_windowShift = {view->target.x, view->target.y};
+    for (std::string remark : {MendView(drawing, layout, m_values), MendWindow(drawing, layout, extents, m_values)}) {
+        if (!remark.empty())
+            m_remarks.push_back(std::move(remark));
+    }
+    m_mendedType = m_values.plotType;
 }
 
-drawing::Box2 PlotConfiguration::Window() const
+// Under another page setup they don't hold.
+std::vector<std::string> PlotConfiguration::Remarks() const
 {
-    return {m_values.window.min + m_windowShift, m_values.window.max + m_windowShift};
-}
-
-void PlotConfiguration::SetWindow(const drawing::Box2& window)
-{
-    m_values.window = {window.min - m_windowShift, window.max - m_windowShift};
+    return m_values.plotType == m_mendedType ? m_remarks : std::vector<std::string>();
 }
 
 void PlotConfiguration::Refresh(const PlotFolders& folders)

@@ -1,10 +1,8 @@
 // The plot configuration of one layout, as the run changes it.
 #pragma once
 
+#include "devices/OwnPlotArea.h"
 #include "devices/PlotDevices.h"
-#include "plotter/Placement.h"
-
-#include <functional>
 
 namespace sm::cadhost {
 
@@ -12,23 +10,23 @@ struct PlotScale {
     double numerator = 1, denominator = 1; ///< paper units for drawing units
 };
 
-/// What `Place` asks for: the box of what the layout's space plots, in the display plane of a view.
-using ExtentsSource = std::function<drawing::Box2(const render::Matrix3& view)>;
-
 /// Seeded from the drawing, changed in memory only. Setters throw HostError for what the layout can't have and then
 /// change nothing. The lists are as of the last refresh; the first question refreshes them.
 class PlotConfiguration {
 public:
-    /// `landscape` is asked only for a layout without paper: whether its contents are wider than high.
+    /// `landscape` is asked only for a layout without paper: whether its contents are wider than high; `extents` as in
+    /// MendWindow.
     PlotConfiguration(const drawing::Drawing& drawing, const drawing::Layout& layout,
-                      const std::function<bool()>& landscape);
+                      const std::function<bool()>& landscape, const ExtentsSource& extents);
+
+    /// What the layout's own settings ask for and can't have: what is plotted in its place.
+    [[nodiscard]] std::vector<std::string> Remarks() const;
 
     /// The values without a rule of their own; sizes, margins and origin in here don't count.
     drawing::PlotSettings& Values() { return m_values; }
-    /// The plot window in world coordinates where the layout is seen in plan, in its display plane else. The file holds
-    /// it in the display plane, whose origin is the view's target.
-    [[nodiscard]] drawing::Box2 Window() const;
-    void SetWindow(const drawing::Box2& window);
+    /// The plot window in world coordinates where the layout is seen in plan, in its display plane else.
+    [[nodiscard]] const drawing::Box2& Window() const { return m_values.window; }
+    void SetWindow(const drawing::Box2& window) { m_values.window = window; }
     /// Of the plot, along the drawing's axes, millimetres. The file has it along the axes of the unturned sheet.
     [[nodiscard]] drawing::Vec2 Origin() const { return m_origin; }
     void SetOrigin(drawing::Vec2 origin) { m_origin = origin; }
@@ -66,7 +64,9 @@ private:
     std::string m_device;
     Medium m_ownSheet, m_sheet;
     std::shared_ptr<const Pc3File> m_pc3;
-    drawing::Vec2 m_origin, m_windowShift;
+    drawing::Vec2 m_origin;
+    std::int32_t m_mendedType = 0;
+    std::vector<std::string> m_remarks;
     bool m_listed = false;
     std::vector<std::string> m_devices, m_styles;
     std::vector<Medium> m_media;

@@ -113,7 +113,8 @@ PlotConfiguration& OpenDrawing::Configuration(std::size_t index)
     const drawing::Layout& layout = LayoutAt(index);
     auto& configuration = m_configurations[index];
     if (configuration == nullptr)
-        configuration = std::make_unique<PlotConfiguration>(File(), layout, [&] { return IsLandscape(index); });
+        configuration = std::make_unique<PlotConfiguration>(
+            File(), layout, [&] { return IsLandscape(index); }, ExtentsOf(index));
     return *configuration;
 }
 
@@ -191,6 +192,8 @@ void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders
     if (m_report == nullptr)
         m_report = std::make_unique<render::RenderReport>(File());
     const drawing::PlotSettings settings = configuration.Settings();
+    for (const std::string& remark : configuration.Remarks())
+        m_report->Remark(remark);
     const plotter::PlotJob job{File(),
                                layout,
                                settings,

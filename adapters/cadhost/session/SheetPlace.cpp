@@ -28,7 +28,7 @@ Box2 Back(const render::Matrix2& map, const Box2& box)
 PlotSettings SheetSettings(const drawing::Drawing& drawing, const drawing::Layout& layout)
 {
     const auto landscape = [&] { return layout.extents.Empty() || layout.extents.Width() > layout.extents.Height(); };
-    PlotSettings settings = PlotConfiguration(drawing, layout, landscape).Settings();
+    PlotSettings settings = PlotConfiguration(drawing, layout, landscape, [](auto&) { return Box2{}; }).Settings();
     if (settings.plotType != kPlotLayout)
         settings.origin = {}; // it moves another plot area
     settings.plotType = kPlotLayout;

@@ -141,6 +141,7 @@ TEST_F(HostPlotTest, FailsWhereTheViewIsMissing)
     drawing.sheets[0].viewName = "gone";
     const auto document = Open(drawing);
     Choose(*document, "Tarnwick PS8 HighRes.pc3", "ISO_A3_(420.00_x_297.00_MM)");
+    document->ActiveLayout()->SetPlotType(3); // as a page setup asks for it that is not the layout's own
     EXPECT_FALSE(document->Plot()->PlotToFile((folder / "out.ps").string()));
     EXPECT_THAT(host->Report(document).plotFailure, HasSubstr("gone"));
 }
