@@ -8,8 +8,30 @@
 #include "ports/PlotNumbers.h"
 #include "settings/mdlUtilities.h"
 
+#include <array>
+#include <cstddef>
+#include <utility>
+
 namespace sm {
 namespace {
+
+/// Paper units for a drawing unit by the host's number of a standard scale, 1 first; scales of feet are inches of paper
+/// for 12 of drawing.
+constexpr std::array kStandardRatios{
+    1.0 / 1536, 1.0 / 768, 1.0 / 384, 1.0 / 192, 1.0 / 128, 1.0 / 96, 1.0 / 64, 1.0 / 48, 1.0 / 32, 1.0 / 24, 1.0 / 16,
+    1.0 / 12,   1.0 / 4,   1.0 / 2,   1.0,       1.0,       1.0 / 2,  1.0 / 4,  1.0 / 8,  1.0 / 10, 1.0 / 16, 1.0 / 20,
+    1.0 / 30,   1.0 / 40,  1.0 / 50,  1.0 / 100, 2.0,       4.0,      8.0,      10.0,     100.0,    1000.0};
+
+/// Paper units for a drawing unit as the record asks for it; 1 for scale to fit, which has a layout at its own size.
+double AskedRatio(const PageSetupRecord& record)
+{
+    if (record.UseStandardScale != 0) {
+        const auto index = static_cast<std::size_t>(record.StandardScale) - 1;
+        return index < kStandardRatios.size() ? kStandardRatios[index] : 1;
+    }
+    const auto part = [](double value) { return value > 0 ? value : 1; };
+    return part(record.ScaleNumer) / part(record.ScaleDenom);
+}
 
 std::string PairText(double x, double y)
 {
@@ -94,9 +116,13 @@ void PlotConfig::UseWindowInPlaceOfLayout()
     m_layout.GetPaperSize(width, height);
     m_layout.GetPaperMargins(leftBottom, rightTop);
     const double unit = m_record.PaperUnits == kPaperMillimeters ? 1 : kMillimetresPerInch;
+    const double ratio = AskedRatio(m_record);
     m_record.WinLowerLeftX = m_record.WinLowerLeftY = 0;
-    m_record.WinUpperRightX = (width - leftBottom.x - rightTop.x) / unit;
-    m_record.WinUpperRightY = (height - leftBottom.y - rightTop.y) / unit;
+    m_record.WinUpperRightX = (width - leftBottom.x - rightTop.x) / unit / ratio;
+    m_record.WinUpperRightY = (height - leftBottom.y - rightTop.y) / unit / ratio;
+    const bool lying = m_record.PlotRotation == 1 || m_record.PlotRotation == 3;
+    if (lying) // the drawing's x runs along the sheet's y
+        std::swap(m_record.WinUpperRightX, m_record.WinUpperRightY);
     Trace("           [Window LowerLeft: " + PairText(m_record.WinLowerLeftX, m_record.WinLowerLeftY) + "]");
     Trace("           [Window UpperRight: " + PairText(m_record.WinUpperRightX, m_record.WinUpperRightY) + "]");
     WriteWindow();

@@ -83,6 +83,47 @@ TEST_F(PlotConfiguration, AWindowStandsForTheLayout)
     EXPECT_EQ(host.tape.CallsOf("Layout(Ground).SetCenterPlot"), Lines{});
 }
 
+TEST_F(PlotConfiguration, TheWindowForTheLayoutCoversTheSheetAtItsScale)
+{
+    // 199 x 262 mm of 210 x 297 can be printed on.
+    const struct {
+        const char* name;
+        std::int32_t paperUnits, useStandardScale, standardScale;
+        double numerator, denominator;
+        std::int32_t rotation;
+        const char* upperRight;
+    } rows[] = {
+        {"one to two", 1, 0, 0, 1, 2, 0, "398 524"},
+        {"two to one", 1, 0, 0, 2, 1, 0, "99.5 131"},
+        {"no scale", 1, 0, 0, 0, 0, 0, "199 262"},
+        {"inches, one to four", 0, 0, 0, 1, 4, 0, "31.3385826771654 41.259842519685"},
+        {"standard one to two", 1, 1, 17, 1, 1, 0, "398 524"},
+        {"standard one to fifty", 1, 1, 25, 1, 1, 0, "9950 13100"},
+        {"standard quarter inch to a foot", 0, 1, 8, 1, 1, 0, "376.062992125984 495.118110236221"},
+        {"standard one to one", 1, 1, 16, 1, 7, 0, "199 262"},
+        {"scale to fit", 1, 1, 0, 1, 7, 0, "199 262"},
+        {"unknown standard scale", 1, 1, 99, 1, 7, 0, "199 262"},
+        {"lying once", 1, 1, 16, 1, 1, 1, "262 199"},
+        {"upside down", 1, 1, 16, 1, 1, 2, "199 262"},
+        {"lying thrice, one to two", 1, 0, 0, 1, 2, 3, "524 398"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        record.PlotType = 5;
+        record.PaperUnits = row.paperUnits;
+        record.UseStandardScale = row.useStandardScale;
+        record.StandardScale = row.standardScale;
+        record.ScaleNumer = row.numerator;
+        record.ScaleDenom = row.denominator;
+        record.PlotRotation = row.rotation;
+        EXPECT_EQ(Configure(), 0);
+        const Lines lines = LogFrom("           [Window");
+        EXPECT_EQ(Lines(lines.begin(), lines.begin() + 2),
+                  (Lines{"           [Window LowerLeft: 0 0]",
+                         "           [Window UpperRight: " + std::string(row.upperRight) + "]"}));
+    }
+}
+
 TEST_F(PlotConfiguration, PlotTypesAndUnitsHaveTheirNames)
 {
     const char* const types[] = {"Display", "Extents", "Limits", nullptr, "Window"};
