@@ -1,7 +1,10 @@
 """Faults of plotting programs on what part of a drawing is plotted and where: each row draws and looks at the pages."""
 import json
+import subprocess
 
+import media
 import page_ink
+import pdf_tools
 from plot_rows import A3, POINTS, expect, length, sheet, viewport
 
 
@@ -104,4 +107,113 @@ def model_windows(stand):
         expect("end", max(ends)[0] - 25 * POINTS, 0, 0.2)
 
 
-ROWS = [viewports_without_ids, missing_view, model_windows]
+def _crossed_sheet(stand, plot_type, scale, at, origin=(0, 0), centred=False, model=False):
+    """A frame of 300 x 200 mm on paper and a cross at `at` (drawing units), on A3 with margins, plotted as told."""
+    document = stand.new()
+    layout = document.layouts.get("Model") if model else sheet(document)
+    unit = 1 / scale
+    layout.dxf.update({"plot_type": plot_type, "paper_width": A3[0], "paper_height": A3[1], "plot_paper_units": 1,
+                       "left_margin": 5, "bottom_margin": 10, "right_margin": 15, "top_margin": 20,
+                       "plot_layout_flags": 32 | 128 | (4 if centred else 0), "scale_numerator": scale, "scale_denominator": 1,
+                       "plot_origin_x_offset": origin[0], "plot_origin_y_offset": origin[1], "plot_rotation": 0})
+    space = document.modelspace() if model else layout
+    space.add_lwpolyline([(10 * unit, 10 * unit), (310 * unit, 10 * unit), (310 * unit, 210 * unit),
+                          (10 * unit, 210 * unit)], close=True, dxfattribs={"lineweight": 0})
+    (x, y), arm = at, 8 * unit
+    space.add_line((x - arm, y), (x + arm, y), dxfattribs={"color": 1, "lineweight": 0})
+    space.add_line((x, y - arm), (x, y + arm), dxfattribs={"color": 1, "lineweight": 0})
+    return stand.save(document), "Model" if model else "Sheet"
+
+
+def _cross_on(pdf):
+    lines = page_ink.segments(page_ink.shapes(pdf), "#ff0000")
+    assert len(lines) == 2, f"{len(lines)} lines of the cross"
+    left, bottom, right, top = page_ink.box([end for line in lines for end in line[:2]])
+    return (left + right) / 2, (bottom + top) / 2
+
+
+def _expect_marks_at_cross(stand, path, layout, at):
+    """A stamp, a field and a link that stand at the drawing's cross are at the cross of the page."""
+    x, y = at
+    for arguments in (("stamp", path, "--text", "QUOTED", "--at", f"{x},{y}", "--layout", layout),
+                      ("sign", path, "add", "Approval", "--rect", f"{x},{y},{x + 20},{y + 10}", "--layout", layout)):
+        result = stand.run(*arguments)
+        assert result.returncode == 0, result.stderr
+    pdf = stand.convert_file(path, "--layout", layout)
+    cross = _cross_on(pdf)
+    found = pdf_tools.first_character(pdf, "Q")
+    field = pdf_tools.Objects(pdf).annotations(1, "/Widget")[0]["/Rect"]
+    for what, got in (("stamp", found), ("field", field[:2])):
+        assert got and all(abs(a - b) <= 1 for a, b in zip(got, cross)), f"{what} at {got}, the cross at {cross}"
+
+
+def layout_at_a_scale(stand):
+    """Plot type Layout at 1:2 and 2:1 shows the whole sheet, and a stamp stands where it was picked."""
+    for scale in (0.5, 2):
+        at = 300 / scale, 190 / scale
+        path, name = _crossed_sheet(stand, 5, scale, at)
+        _expect_marks_at_cross(stand, path, name, at)
+
+
+def centred_plots(stand):
+    """Marks of centred sheets and of a centred model tab stand where they were picked; the stored origin stays."""
+    for model, scale in ((False, 1), (False, 0.5), (True, 1), (True, 0.25)):
+        at = 100 / scale, 150 / scale
+        path, name = _crossed_sheet(stand, 1, scale, at, origin=(3, 4), centred=True, model=model)
+        _expect_marks_at_cross(stand, path, name, at)
+
+
+def link_of_centred_plot(stand):
+    """A link of a centred sheet lies round its line."""
+    document = stand.new()
+    layout = sheet(document)
+    layout.dxf.update({"plot_type": 1, "plot_layout_flags": 32 | 128 | 4 | 16})
+    line = layout.add_line((20, 20), (120, 60), dxfattribs={"color": 1, "lineweight": 0})
+    line.set_hyperlink("https://example.com/line")
+    assert stand.run("set", "TransferDrawingHlinks", "1").returncode == 0
+    pdf = stand.convert(document, "--layout", "Sheet")
+    (start, end, _), = page_ink.segments(page_ink.shapes(pdf), "#ff0000")
+    (_, found), = pdf_tools.Objects(pdf).links(1)
+    for got, wanted in zip(found, page_ink.box([start, end])):
+        expect("side of the link", got, wanted, 1)
+
+
+def blank_pages(stand):
+    """Pages without ink are told, with the reason."""
+    document = stand.new()
+    sheet(document)
+    document.modelspace().add_line((0, 0), (10, 10))
+    expect_remark(stand, stand.save(document), 'layout "Sheet" is blank: it holds nothing; the model holds 1 entity',
+                  "--layout", "Sheet")
+    document = stand.new()
+    sheet(document).add_line((1000, 1000), (2000, 1000))
+    expect_remark(stand, stand.save(document), 'layout "Sheet" is blank: all that it holds lies outside of the plotted area')
+    document = stand.new()
+    document.layers.add("OFF").off()
+    sheet(document).add_line((10, 10), (20, 20), dxfattribs={"layer": "OFF"})
+    expect_remark(stand, stand.save(document), 'layout "Sheet" is blank: nothing that it holds leaves ink')
+    document = stand.new()
+    sheet(document).add_line((10, 10), (20, 20))
+    _, report = report_of(stand, stand.save(document))
+    assert not report["remarks"], report["remarks"]
+
+
+def empty_model_with_marks(stand):
+    """An empty model has its paper, a stamp at the sheet's corner, and a PDF that qpdf accepts."""
+    path = stand.save(stand.new())
+    for at, text in (("10,20", "NEAR"), ("1e15,1e15", "FAR")):
+        result = stand.run("stamp", path, "--text", text, "--at", at, "--layout", "Model")
+        assert result.returncode == 0, result.stderr
+        pdf, report = report_of(stand, path, "--layouts", "model")
+        subprocess.run(["qpdf", "--check", pdf], check=True, capture_output=True)
+        width, height = page_ink.size_of(pdf)
+        assert media.in_table(width / POINTS, height / POINTS, 0.01), f"{width} x {height}"
+        near = pdf_tools.first_character(pdf, "N")
+        if text == "NEAR":
+            assert near and 0 <= near[0] < 800 and 0 <= near[1] < 1500, f"the stamp stands at {near}"
+        else:
+            assert report["notes"] == ["Page 1: a mark far off the page is left out"], report["notes"]
+
+
+ROWS = [viewports_without_ids, missing_view, model_windows, blank_pages, empty_model_with_marks, layout_at_a_scale,
+        centred_plots, link_of_centred_plot]

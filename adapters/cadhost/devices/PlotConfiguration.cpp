@@ -172,6 +172,7 @@ void PlotConfiguration::SetDevice(const std::string& name, const PlotFolders& fo
     if (!Holds(Devices(folders), name))
         throw HostError("the plot device '" + name + "' is not in the list of devices");
     m_pc3 = folders.shelf->Device(folders.plotters, name);
+    m_plottedOrigin.reset();
     m_device = name;
     m_media = Media();
 }
@@ -181,7 +182,7 @@ void PlotConfiguration::SetStyle(const std::string& name, const PlotFolders& fol
     const bool none = name.empty() || SameName(name, "None");
     if (!none && !Holds(Styles(folders), name))
         throw HostError("the plot style table '" + name + "' is not in the list of tables");
-    m_values.styleSheet = none ? std::string() : name;
+    ValuesToWrite().styleSheet = none ? std::string() : name;
 }
 
 void PlotConfiguration::SetMedium(const std::string& canonicalName, const PlotFolders& folders)
@@ -190,6 +191,7 @@ void PlotConfiguration::SetMedium(const std::string& canonicalName, const PlotFo
     const Medium* medium = Find(m_media, canonicalName);
     if (medium == nullptr)
         throw HostError("the plot device '" + m_device + "' doesn't offer the medium '" + canonicalName + "'");
+    m_plottedOrigin.reset();
     m_sheet = *medium;
 }
 

@@ -4,6 +4,8 @@
 #include "devices/OwnPlotArea.h"
 #include "devices/PlotDevices.h"
 
+#include <optional>
+
 namespace sm::cadhost {
 
 struct PlotScale {
@@ -23,13 +25,25 @@ public:
     [[nodiscard]] std::vector<std::string> Remarks() const;
 
     /// The values without a rule of their own; sizes, margins and origin in here don't count.
-    drawing::PlotSettings& Values() { return m_values; }
+    [[nodiscard]] const drawing::PlotSettings& Values() const { return m_values; }
+    drawing::PlotSettings& ValuesToWrite()
+    {
+        m_plottedOrigin.reset();
+        return m_values;
+    }
     /// The plot window in world coordinates where the layout is seen in plan, in its display plane else.
     [[nodiscard]] const drawing::Box2& Window() const { return m_values.window; }
-    void SetWindow(const drawing::Box2& window) { m_values.window = window; }
-    /// Of the plot, along the drawing's axes, millimetres. The file has it along the axes of the unturned sheet.
-    [[nodiscard]] drawing::Vec2 Origin() const { return m_origin; }
-    void SetOrigin(drawing::Vec2 origin) { m_origin = origin; }
+    void SetWindow(const drawing::Box2& window) { ValuesToWrite().window = window; }
+    /// Of the plot, along the drawing's axes, millimetres. The file has it along the axes of the unturned sheet. After
+    /// a plot the one that the plotter used, which a centred plot has of its own, until something is written: marks are
+    /// placed by it. At all other times the one that was stored.
+    [[nodiscard]] drawing::Vec2 Origin() const { return m_plottedOrigin.value_or(m_origin); }
+    void SetOrigin(drawing::Vec2 origin)
+    {
+        m_plottedOrigin.reset();
+        m_origin = origin;
+    }
+    void KeepPlottedOrigin(drawing::Vec2 origin) { m_plottedOrigin = origin; }
 
     void Refresh(const PlotFolders& folders);
     const std::vector<std::string>& Devices(const PlotFolders& folders);
@@ -65,6 +79,7 @@ private:
     Medium m_ownSheet, m_sheet;
     std::shared_ptr<const Pc3File> m_pc3;
     drawing::Vec2 m_origin;
+    std::optional<drawing::Vec2> m_plottedOrigin;
     std::int32_t m_mendedType = 0;
     std::vector<std::string> m_remarks;
     bool m_listed = false;

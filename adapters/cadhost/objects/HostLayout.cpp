@@ -39,19 +39,19 @@ public:
     std::int32_t PlotRotation() override { return Values().rotation; }
     void SetPlotRotation(std::int32_t rotation) override
     {
-        Values().rotation = InRange("PlotRotation", rotation, 0, 3);
+        ToWrite().rotation = InRange("PlotRotation", rotation, 0, 3);
     }
     std::int32_t PlotType() override { return Values().plotType; }
     void SetPlotType(std::int32_t type) override
     {
-        Values().plotType = InRange("PlotType", type, kPlotDisplay, kPlotLayout);
+        ToWrite().plotType = InRange("PlotType", type, kPlotDisplay, kPlotLayout);
     }
     std::string ViewToPlot() override { return Values().viewName; }
     void SetViewToPlot(const std::string& name) override
     {
         for (const drawing::NamedView& view : m_open->File().Views()) {
             if (SameName(view.name, name) && view.paperSpace != Layout().isModel) {
-                Values().viewName = view.name;
+                ToWrite().viewName = view.name;
                 return;
             }
         }
@@ -88,7 +88,7 @@ public:
     std::int32_t PaperUnits() override { return Values().paperUnits; }
     void SetPaperUnits(std::int32_t units) override
     {
-        Values().paperUnits = InRange("PaperUnits", units, kPaperInches, kPaperPixels);
+        ToWrite().paperUnits = InRange("PaperUnits", units, kPaperInches, kPaperPixels);
     }
     bool UseStandardScale() override { return Has(PlotSettings::kStandardScale); }
     void SetUseStandardScale(bool value) override { Set(PlotSettings::kStandardScale, value); }
@@ -97,7 +97,7 @@ public:
     {
         if (code != 0 && plotter::FindStandardScale(code) == nullptr)
             throw HostError("StandardScale: " + std::to_string(code) + " is no scale code");
-        Values().standardScale = code;
+        ToWrite().standardScale = code;
     }
     void GetCustomScale(double& numerator, double& denominator) override
     {
@@ -111,8 +111,8 @@ public:
             if (!(Finite("CustomScale", part) > 0))
                 throw HostError("CustomScale: both parts of a scale are above 0");
         }
-        Values().scaleNumerator = numerator;
-        Values().scaleDenominator = denominator;
+        ToWrite().scaleNumerator = numerator;
+        ToWrite().scaleDenominator = denominator;
     }
 
     bool PlotWithPlotStyles() override { return Has(PlotSettings::kPlotStyles); }
@@ -164,12 +164,13 @@ private:
     }
     [[nodiscard]] const drawing::Layout& Layout() const { return m_open->LayoutAt(m_index); }
     [[nodiscard]] PlotConfiguration& Configuration() const { return m_open->Configuration(m_index); }
-    [[nodiscard]] PlotSettings& Values() const { return Configuration().Values(); }
+    [[nodiscard]] const PlotSettings& Values() const { return Configuration().Values(); }
+    [[nodiscard]] PlotSettings& ToWrite() const { return Configuration().ValuesToWrite(); }
     [[nodiscard]] PlotFolders Folders() const { return m_session->FoldersFor(*m_open); }
     [[nodiscard]] bool Has(std::int32_t bit) const { return Values().Has(bit); }
     void Set(std::int32_t bit, bool value) const
     {
-        std::int32_t& flags = Values().flags;
+        std::int32_t& flags = ToWrite().flags;
         flags = value ? flags | bit : flags & ~bit;
     }
 

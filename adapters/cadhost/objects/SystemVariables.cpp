@@ -22,7 +22,8 @@ bool IsMetric(const OpenDrawing& open)
 
 /// The active layout's extents as the file holds them, but computed where it holds none, and where they are what is
 /// plotted: annotations are placed by these numbers and have to meet the plot, whatever the file remembers. Those of an
-/// empty layout are turned inside out, as a CAD program gives them.
+/// empty layout are turned inside out, as a CAD program gives them; where they are plotted, the sheet's own corner
+/// stands for them.
 Box2 ExtentsOf(OpenDrawing& open)
 {
     const drawing::Layout& layout = open.LayoutAt(open.Active());
@@ -30,6 +31,8 @@ Box2 ExtentsOf(OpenDrawing& open)
     const Box2 box =
         layout.extents.Empty() || plotted ? open.Extents(layout.block, DisplayMatrix(open)) : layout.extents;
     constexpr double kNowhere = 1e20;
+    if (box.Empty() && plotted)
+        return {{0, 0}, {0, 0}};
     return box.Empty() ? Box2{{kNowhere, kNowhere}, {-kNowhere, -kNowhere}} : box;
 }
 

@@ -4,6 +4,7 @@
 #include "answers/HostText.h"
 #include "base/files/Paths.h"
 #include "plotter/Plotter.h"
+#include "session/BlankPage.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -185,7 +186,7 @@ const render::PlotStyleTable* OpenDrawing::StylesFor(const drawing::PlotSettings
 void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders, bool keepLayers)
 {
     const drawing::Layout& layout = LayoutAt(m_active);
-    const PlotConfiguration& configuration = Configuration(m_active);
+    PlotConfiguration& configuration = Configuration(m_active);
     if (configuration.Resolution() == 0)
         throw HostError("layout '" + layout.name + "': the device '" + configuration.Device() +
                         "' can't plot to a file; choose one of the plotter configurations (.pc3) of the host");
@@ -204,7 +205,10 @@ void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders
                                StylesFor(settings, folders),
                                keepLayers,
                                &References()};
-    plotter::PlotToPostScript(job, path, Text(), *m_report);
+    const plotter::PlottedPage page = plotter::PlotToPostScript(job, path, Text(), *m_report);
+    configuration.KeepPlottedOrigin(page.placement.origin);
+    if (!page.hasInk)
+        m_report->Remark(BlankPageRemark(File(), layout, page.placement, ExtentsOf(m_active)));
 }
 
 namespace {

@@ -55,11 +55,15 @@ StandardScaleValue ScaleInForce(const PlotSettings& settings, const PlotArea& ar
 /// Where the area's lower-left corner stands in the frame, millimetres.
 Vec2 CornerInFrame(const PlotSettings& settings, const PlotArea& area, const SheetFrame& frame, double scale)
 {
-    const bool sizeless = area.box.Empty() || area.box.Width() <= 0 || area.box.Height() <= 0;
-    if (!area.isSheet && (sizeless || settings.Has(PlotSettings::kCentered))) {
-        const double width = area.box.Empty() ? 0 : area.box.Width();
-        const double height = area.box.Empty() ? 0 : area.box.Height();
-        return {(frame.width - width * scale) / 2, (frame.height - height * scale) / 2};
+    if (area.isSheet) {
+        return {frame.originX, frame.originY};
+    }
+    if (area.box.Empty()) { // nothing to centre: the sheet's own corner
+        return settings.Has(PlotSettings::kCentered) ? Vec2{} : Vec2{frame.originX, frame.originY};
+    }
+    const bool sizeless = area.box.Width() <= 0 || area.box.Height() <= 0;
+    if (sizeless || settings.Has(PlotSettings::kCentered)) {
+        return {(frame.width - area.box.Width() * scale) / 2, (frame.height - area.box.Height() * scale) / 2};
     }
     return {frame.originX, frame.originY};
 }
@@ -98,6 +102,7 @@ Placement Place(const drawing::Drawing& drawing, const drawing::Layout& layout, 
     placement.view = area.view;
     placement.scaleNumerator = ratio.numerator;
     placement.scaleDenominator = ratio.denominator;
+    placement.origin = corner;
     placement.toPaper =
         Compose(frame.toSheet, {scale, 0, 0, scale, corner.x - start.x * scale, corner.y - start.y * scale});
     placement.clip = frame.printable;

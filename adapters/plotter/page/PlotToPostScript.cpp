@@ -45,8 +45,8 @@ std::vector<PsDocument::Layer> LayersOf(const PlotJob& job, const PsWriter& writ
 
 } // namespace
 
-void PlotToPostScript(const PlotJob& job, const std::string& path, render::TextEngine& text,
-                      render::RenderReport& report)
+PlottedPage PlotToPostScript(const PlotJob& job, const std::string& path, render::TextEngine& text,
+                             render::RenderReport& report)
 {
     const Placement placement = Place(job.drawing, job.layout, job.settings, [&](const render::Matrix3& view) {
         return job.extents ? job.extents(view)
@@ -63,6 +63,7 @@ void PlotToPostScript(const PlotJob& job, const std::string& path, render::TextE
         const PsDocument document{job.title,      job.creator,           placement.sheetWidth, placement.sheetHeight,
                                   job.resolution, job.settings.rotation, LayersOf(job, writer)};
         WriteDocument(document, writer, path);
+        return {placement, writer.HasInk()};
     } catch (const std::system_error& error) {
         throw PlotError("The plot file " + path + " can't be written: " + error.code().message() + ".");
     }

@@ -6,6 +6,7 @@ namespace sm::plotter {
 void PsWriter::Image(const render::Picture& picture, const render::Matrix2& toPaper, std::uint32_t color)
 {
     EnterLayer();
+    m_hasInk = true;
     EndStroke();
     const std::size_t number = m_pictures.Add(picture);
     if (picture.form == render::Picture::Form::Mask) {

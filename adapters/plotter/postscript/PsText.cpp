@@ -185,6 +185,7 @@ void PsWriter::Text(const render::TextRun& run)
     const std::size_t count =
         run.font == nullptr ? run.positions.size() : std::min(run.glyphs.size(), run.positions.size());
     m_cut.reset();
+    m_hasInk = m_hasInk || (count > 0 && !run.invisible);
     if (run.font == nullptr || run.invisible || !run.font->IsStroked()) {
         WritePieces(run, count);
     } else if (CutRun(run)) {

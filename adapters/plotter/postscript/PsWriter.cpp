@@ -184,6 +184,7 @@ void PsWriter::Draw(const render::Path& path, bool chains)
 void PsWriter::Stroke(const render::Path& path, const render::StrokeStyle& style)
 {
     EnterLayer();
+    m_hasInk = true;
     if (m_openSegments == 0 || m_openSegments >= kLongStroke || !(m_pen == style)) {
         EndStroke();
         m_pen = style;
@@ -197,6 +198,7 @@ void PsWriter::Fill(const render::Path& path, std::uint32_t color, render::FillR
 {
     EnterLayer();
     EndStroke();
+    m_hasInk = true;
     SetColor(color, false);
     Draw(path, false);
     if (m_openSegments > 0) {

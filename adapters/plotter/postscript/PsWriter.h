@@ -45,6 +45,8 @@ public:
     [[nodiscard]] BodyText& Body() { return m_body; }
     [[nodiscard]] const FontBook& Fonts() const { return m_fonts; }
     [[nodiscard]] PsPictures& Pictures() { return m_pictures; }
+    /// Something was drawn that shows, whatever its colour.
+    [[nodiscard]] bool HasInk() const { return m_hasInk; }
     /// Layers that something was written for.
     [[nodiscard]] const std::set<std::uint32_t>& Layers() const { return m_layers; }
 
@@ -109,7 +111,7 @@ private:
     std::optional<std::size_t> m_cut; ///< of the stroked font in use
     render::TextRun m_cutRun;
     render::Path m_glyph, m_strokes;
-    bool m_keepsLayers = false;
+    bool m_keepsLayers = false, m_hasInk = false;
     std::uint32_t m_wantedLayer = 0;
     std::optional<std::uint32_t> m_layer; ///< that is open
     std::set<std::uint32_t> m_layers;

@@ -121,7 +121,7 @@ struct WindowRow {
     std::array<double, 4> window;
     double x, y; ///< where the drawing lies
     AcadPoint low, high;
-    bool told;
+    std::vector<std::string> remarks;
 };
 class ModelWindowTest : public OwnPlotAreaTest, public ::testing::WithParamInterface<WindowRow> {};
 
@@ -140,23 +140,30 @@ TEST_P(ModelWindowTest, IsTakenInTheFormThatMeetsTheDrawing)
     drawing.model.plotType = 4;
     drawing.model.window = row.window;
     drawing.model.entities = LineTags(row.x, row.y, row.x + 10, row.y + 10);
-    const std::vector<std::string> told{
-        "layout \"Model\": nothing lies in its plot window as world coordinates, so it is "
-        "taken relative to the view's target"};
-    EXPECT_EQ(RemarksOf(drawing, "Model"), row.told ? told : std::vector<std::string>());
+    EXPECT_EQ(RemarksOf(drawing, "Model"), row.remarks);
     AcadPoint low, high;
     layout->GetWindowToPlot(low, high);
     EXPECT_EQ(low, row.low);
     EXPECT_EQ(high, row.high);
 }
 
+const std::string kTakenRelative =
+    "layout \"Model\": nothing lies in its plot window as world coordinates, so it is taken "
+    "relative to the view's target";
+
 INSTANTIATE_TEST_SUITE_P(
     Windows, ModelWindowTest,
-    ::testing::Values(WindowRow{"World", {0, 0, 20, 20}, 5, 5, {0, 0, 0}, {20, 20, 0}, false},
-                      WindowRow{
-                          "RelativeToTheTarget", {0, 0, 20, 20}, 1005, 2005, {1000, 2000, 0}, {1020, 2020, 0}, true},
-                      WindowRow{"InvertedToo", {20, 20, 0, 0}, 1005, 2005, {1020, 2020, 0}, {1000, 2000, 0}, true},
-                      WindowRow{"Neither", {0, 0, 20, 20}, 500, 500, {0, 0, 0}, {20, 20, 0}, false}),
+    ::testing::Values(
+        WindowRow{"World", {0, 0, 20, 20}, 5, 5, {0, 0, 0}, {20, 20, 0}, {}},
+        WindowRow{"Relative", {0, 0, 20, 20}, 1005, 2005, {1000, 2000, 0}, {1020, 2020, 0}, {kTakenRelative}},
+        WindowRow{"InvertedToo", {20, 20, 0, 0}, 1005, 2005, {1020, 2020, 0}, {1000, 2000, 0}, {kTakenRelative}},
+        WindowRow{"Neither",
+                  {0, 0, 20, 20},
+                  500,
+                  500,
+                  {0, 0, 0},
+                  {20, 20, 0},
+                  {"layout \"Model\" is blank: all that it holds lies outside of the plotted area"}}),
     [](const auto& row) { return row.param.name; });
 
 } // namespace

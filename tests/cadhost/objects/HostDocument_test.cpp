@@ -189,6 +189,9 @@ TEST_F(HostDocumentTest, HasNoExtentsWithoutContents)
     const auto document = Open(ThreeSheets());
     EXPECT_EQ(document->GetVariable("EXTMIN"), AcadVariant(AcadPoint{1e20, 1e20, 0}));
     EXPECT_EQ(document->GetVariable("EXTMAX"), AcadVariant(AcadPoint{-1e20, -1e20, 0}));
+    document->ActiveLayout()->SetPlotType(1);
+    EXPECT_EQ(document->GetVariable("EXTMIN"), AcadVariant(AcadPoint{0, 0, 0}));
+    EXPECT_EQ(document->GetVariable("EXTMAX"), AcadVariant(AcadPoint{0, 0, 0}));
 }
 
 TEST_F(HostDocumentTest, AssumesLimitsWhereTheFileHasNone)

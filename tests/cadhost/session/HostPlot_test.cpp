@@ -146,6 +146,84 @@ TEST_F(HostPlotTest, FailsWhereTheViewIsMissing)
     EXPECT_THAT(host->Report(document).plotFailure, HasSubstr("gone"));
 }
 
+struct BlankRow {
+    const char* name;
+    std::string sheet, model;
+    std::vector<std::string> remarks;
+};
+class BlankPageTest : public HostPlotTest, public ::testing::WithParamInterface<BlankRow> {};
+
+TEST_P(BlankPageTest, IsTold)
+{
+    DxfDrawing drawing;
+    drawing.AddSheet("Ground").entities = GetParam().sheet;
+    drawing.model.entities = GetParam().model;
+    drawing.active = 1;
+    const auto document = Open(drawing);
+    Choose(*document, "Tarnwick PS8 HighRes.pc3", "ISO_A3_(420.00_x_297.00_MM)");
+    ASSERT_TRUE(document->Plot()->PlotToFile((folder / "out.ps").string()));
+    std::vector<std::string> remarks;
+    for (const auto& [remark, count] : host->Report(document).remarks)
+        remarks.push_back(remark);
+    EXPECT_EQ(remarks, GetParam().remarks);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Pages, BlankPageTest,
+    ::testing::Values(BlankRow{"WithInk", LineTags(1, 1, 20, 20, Tag(67, 1)), "", {}},
+                      BlankRow{"OfNothing", "", "", {"layout \"Ground\" is blank: it holds nothing"}},
+                      BlankRow{"BesideOneInTheModel",
+                               "",
+                               LineTags(0, 0, 9, 9),
+                               {"layout \"Ground\" is blank: it holds nothing; the model holds 1 entity"}},
+                      BlankRow{"BesideAModel",
+                               "",
+                               LineTags(0, 0, 9, 9) + LineTags(0, 0, 9, 5),
+                               {"layout \"Ground\" is blank: it holds nothing; the model holds 2 entities"}},
+                      BlankRow{"WithAllOutside",
+                               LineTags(1000, 1000, 2000, 2000, Tag(67, 1)),
+                               LineTags(0, 0, 9, 9),
+                               {"layout \"Ground\" is blank: all that it holds lies outside of the plotted area"}},
+                      BlankRow{"WithHiddenThings",
+                               LineTags(1, 1, 20, 20, Tag(67, 1) + Tag(60, 1)),
+                               "",
+                               {"layout \"Ground\" is blank: nothing that it holds leaves ink on the plotted area"}}),
+    [](const auto& row) { return row.param.name; });
+
+TEST_F(HostPlotTest, AnswersThePlottersOriginUntilSomethingIsWritten)
+{
+    DxfDrawing drawing = House();
+    DxfLayout& sheet = drawing.sheets[0];
+    sheet.margins = {10, 20, 10, 20};
+    sheet.plotType = 1;
+    sheet.flags |= 4; // centred: the line of 100 x 50 mm in 400 x 257 mm
+    sheet.origin = {3, 4};
+    using Write = void (*)(IAcadLayout&);
+    const Write writes[] = {[](IAcadLayout& l) { l.SetPlotWithPlotStyles(true); },
+                            [](IAcadLayout& l) { l.SetPlotRotation(0); },
+                            [](IAcadLayout& l) { l.SetConfigName("Tarnwick PS8 HighRes.pc3"); },
+                            [](IAcadLayout& l) { l.SetCanonicalMediaName("A3"); },
+                            [](IAcadLayout& l) { l.SetStyleSheet(""); },
+                            [](IAcadLayout& l) {
+                                l.SetWindowToPlot({0, 0, 0}, {1, 1, 0});
+                            },
+                            [](IAcadLayout& l) {
+                                l.SetPlotOrigin({3, 4, 0});
+                            },
+                            [](IAcadLayout& l) { l.SetCustomScale(1, 1); }};
+    for (const Write write : writes) {
+        const auto document = Open(drawing);
+        Choose(*document, "Tarnwick PS8 HighRes.pc3", "A3");
+        const auto layout = document->ActiveLayout();
+        EXPECT_EQ(layout->PlotOrigin(), (AcadPoint{3, 4, 0}));
+        ASSERT_TRUE(document->Plot()->PlotToFile((folder / "out.ps").string()));
+        EXPECT_EQ(layout->PlotOrigin(), (AcadPoint{150, 103.5, 0}));
+        EXPECT_EQ(document->Layouts()->Item("Roof")->PlotOrigin(), (AcadPoint{0, 0, 0}));
+        write(*layout);
+        EXPECT_EQ(layout->PlotOrigin(), (AcadPoint{3, 4, 0}));
+    }
+}
+
 TEST_F(HostPlotTest, TakesDocumentsOfItsOwnOnly)
 {
     const auto other = CadHost::Create({kShare, ""});

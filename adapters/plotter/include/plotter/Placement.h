@@ -24,6 +24,7 @@ struct Placement {
     render::Matrix2 toPaper;                         ///< display plane to sheet
     drawing::Box2 clip;                              ///< printable area, and the plotted area where it is smaller
     double scaleNumerator = 1, scaleDenominator = 1; ///< in force: paper units for drawing units
+    drawing::Vec2 origin; ///< of the plotted area in the printable one, along the drawing's axes
 };
 
 /// Host scale codes: 0 scale to fit, 1 to 32 the standard scales, paper units for drawing units. Nothing for others.

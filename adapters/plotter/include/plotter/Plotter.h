@@ -20,8 +20,13 @@ struct PlotJob {
     render::References* references = nullptr;           ///< as in render::Scene
 };
 
+struct PlottedPage {
+    Placement placement;
+    bool hasInk = false; ///< something was drawn, whatever its colour
+};
+
 /// Plots to `path`, which appears whole or not at all. Throws PlotError with a line that names file and cause.
-void PlotToPostScript(const PlotJob& job, const std::string& path, render::TextEngine& text,
-                      render::RenderReport& report);
+PlottedPage PlotToPostScript(const PlotJob& job, const std::string& path, render::TextEngine& text,
+                             render::RenderReport& report);
 
 } // namespace sm::plotter

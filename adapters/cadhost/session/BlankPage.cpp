@@ -1,0 +1,52 @@
+#include "session/BlankPage.h"
+
+#include "drawing/entities/Viewports.h"
+
+#include <algorithm>
+
+namespace sm::cadhost {
+namespace {
+
+/// The sheet's own viewport aside.
+std::size_t EntitiesOn(const drawing::Drawing& drawing, const drawing::Layout& layout)
+{
+    const std::size_t count = std::size(drawing.EntitiesOf(layout.block));
+    const bool hasOwn = !layout.isModel && drawing::SheetViewportOf(drawing, layout.block) != nullptr;
+    return count - (hasOwn ? 1 : 0);
+}
+
+bool LiesOutside(const drawing::Box2& box, const plotter::Placement& placement)
+{
+    drawing::Box2 onSheet;
+    for (const drawing::Vec2 corner :
+         {box.min, drawing::Vec2{box.max.x, box.min.y}, box.max, drawing::Vec2{box.min.x, box.max.y}})
+        onSheet.Add(placement.toPaper.Apply(corner));
+    const drawing::Box2& clip = placement.clip;
+    return onSheet.max.x < clip.min.x || onSheet.min.x > clip.max.x || onSheet.max.y < clip.min.y ||
+           onSheet.min.y > clip.max.y;
+}
+
+std::string WhatTheModelHolds(const drawing::Drawing& drawing, const drawing::Layout& layout)
+{
+    const drawing::Layout* const model = drawing::ModelLayoutOf(drawing);
+    const std::size_t count = layout.isModel || model == nullptr ? 0 : EntitiesOn(drawing, *model);
+    if (count == 0)
+        return {};
+    return "; the model holds " + std::to_string(count) + (count == 1 ? " entity" : " entities");
+}
+
+} // namespace
+
+std::string BlankPageRemark(const drawing::Drawing& drawing, const drawing::Layout& layout,
+                            const plotter::Placement& placement, const ExtentsSource& extents)
+{
+    const std::string blank = "layout \"" + layout.name + "\" is blank: ";
+    if (EntitiesOn(drawing, layout) == 0)
+        return blank + "it holds nothing" + WhatTheModelHolds(drawing, layout);
+    const drawing::Box2 box = extents(placement.view);
+    if (!box.Empty() && LiesOutside(box, placement))
+        return blank + "all that it holds lies outside of the plotted area";
+    return blank + "nothing that it holds leaves ink on the plotted area";
+}
+
+} // namespace sm::cadhost
