@@ -1,9 +1,9 @@
 // Why a page has no ink.
 #pragma once
 
+#include "devices/OwnPlotArea.h"
 #include "drawing/Drawing.h"
 #include "plotter/Placement.h"
-#include "session/OpenDrawing.h"
 
 #include <string>
 

@@ -17,6 +17,10 @@ namespace sm::publisher {
 
 namespace {
 
+/// The largest page in units of its own (PDF 1.7, appendix C): marks further off than that, or than the page is large,
+/// leave numbers that readers refuse.
+constexpr double kFarthestMark = 14400;
+
 bool CanBeAttached(const std::string& path)
 {
     std::error_code error;
@@ -107,11 +111,14 @@ std::int32_t PubDoc::QueueMark(Mark mark, std::initializer_list<double> coordina
         if (m_pages.empty()) {
             throw PublishFailure(PublishStatus::NoPage, "A mark can't be added before the first page.");
         }
-        if (!std::ranges::all_of(coordinates, [](double value) { return std::isfinite(value); })) {
-            throw PublishFailure(PublishStatus::PageSizeUnusable,
-                                 fmt::format("Page {}: a mark has no place on the page.", m_pages.size()));
+        // A failing status would end the walk that queues the marks, and lose those behind this one.
+        const PageSource& page = m_pages.back().source;
+        const double farthest = std::max({kFarthestMark, page.width, page.height});
+        if (std::ranges::all_of(coordinates, [&](double value) { return std::abs(value) <= farthest; })) {
+            m_pages.back().marks.push_back(std::move(mark));
+        } else {
+            Note(fmt::format("Page {}: a mark far off the page is left out", m_pages.size()));
         }
-        m_pages.back().marks.push_back(std::move(mark));
         return PublishStatus::Done;
     });
 }

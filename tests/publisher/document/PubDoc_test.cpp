@@ -111,15 +111,24 @@ TEST_F(PubDocTest, AttachmentsThatAreMissingAreNotAddedAndNoFailure)
     EXPECT_EQ(doc->PendingMarkCount(), 1);
 }
 
-TEST_F(PubDocTest, MarksWithoutAPlaceAreRefused)
+TEST_F(PubDocTest, MarksFarOffThePageAreLeftOutAndTold)
 {
     const auto doc = Library()->CreatePubDoc();
     EXPECT_EQ(doc->AddPropertyMark(0, "A", "B"), -9);
     EXPECT_EQ(doc->LastErrorText(), "A mark can't be added before the first page.");
     ASSERT_EQ(doc->AddPsFile(NewPage(*doc), 300, 400, 600, 1, ""), 0);
-    EXPECT_EQ(doc->AddLinkMark(0, 1, 2, std::numeric_limits<double>::infinity(), 4, "x"), -14);
-    EXPECT_EQ(doc->LastErrorText(), "Page 1: a mark has no place on the page.");
+    constexpr double kInfinite = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(doc->AddLinkMark(0, 1, 2, kInfinite, 4, "x"), 0);
+    EXPECT_EQ(doc->AddLinkMark(0, 1, 2, 3, std::nan(""), "x"), 0);
+    EXPECT_EQ(doc->AddTextStampMark(0, -2.8e20, -2.8e20, "DRAFT", "Helvetica", 12, 0, 0), 0);
+    EXPECT_EQ(doc->AddSignatureFieldMark(0, 0, 0, 14400.5, 10, "A", ""), 0);
     EXPECT_EQ(doc->PendingMarkCount(), 0);
+    EXPECT_EQ(m_notes, Names(4, "Page 1: a mark far off the page is left out"));
+    EXPECT_EQ(doc->AddLinkMark(0, -14400, 2, 14400, 4, "x"), 0);
+    EXPECT_EQ(doc->PendingMarkCount(), 1);
+    ASSERT_EQ(doc->AddPsFile(NewPage(*doc), 20000, 400, 600, 1, ""), 0); // a page may be larger
+    EXPECT_EQ(doc->AddLinkMark(0, 19000, 2, 20000, 4, "x"), 0);
+    EXPECT_EQ(doc->PendingMarkCount(), 1);
 }
 
 struct Asked {
