@@ -1,5 +1,6 @@
 """Faults of plotting programs on what part of a drawing is plotted and where: each row draws and looks at the pages."""
 import json
+import math
 import subprocess
 
 import media
@@ -215,5 +216,22 @@ def empty_model_with_marks(stand):
             assert report["notes"] == ["Page 1: a mark far off the page is left out"], report["notes"]
 
 
+def line_ends(stand):
+    """Ends of lines within 0.005 point of where they must be, at both line qualities."""
+    document = stand.new()
+    layout = sheet(document)
+    wanted = []
+    for number in range(60):
+        start = 3.017 + 6.1234 * number % 410, 5.0071 + 4.4321 * number % 280
+        end = 4.013 + 11.7321 * number % 410, 2.0313 + 17.1379 * number % 280
+        layout.add_line(start, end)
+        wanted.append(tuple((x * POINTS, y * POINTS) for x, y in (start, end)))
+    for quality in ("print", "draft"):
+        found = page_ink.segments(page_ink.shapes(stand.convert(document, "--layout", "Sheet", "--line-quality", quality)))
+        for line in wanted:
+            off = min(max(math.dist(line[0], a), math.dist(line[1], b)) for a, b, _ in found)
+            assert off <= 0.005, f"a line's end is {off:.4f} point off ({quality})"
+
+
 ROWS = [viewports_without_ids, missing_view, model_windows, blank_pages, empty_model_with_marks, layout_at_a_scale,
-        centred_plots, link_of_centred_plot]
+        centred_plots, link_of_centred_plot, line_ends]

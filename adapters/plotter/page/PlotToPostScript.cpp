@@ -53,15 +53,15 @@ PlottedPage PlotToPostScript(const PlotJob& job, const std::string& path, render
                            : render::ExtentsOf(job.drawing, job.layout.block, view, text, job.references);
     });
     try {
-        PsWriter writer(job.resolution, FolderOf(path));
+        PsWriter writer(kUnitsPerInch, FolderOf(path), job.resolution);
         if (job.keepLayers) {
             writer.KeepLayers();
         }
         if (!placement.clip.Empty()) {
             render::RenderScene(SceneOf(job, placement), writer, text, report);
         }
-        const PsDocument document{job.title,      job.creator,           placement.sheetWidth, placement.sheetHeight,
-                                  job.resolution, job.settings.rotation, LayersOf(job, writer)};
+        const PsDocument document{job.title,     job.creator,           placement.sheetWidth, placement.sheetHeight,
+                                  kUnitsPerInch, job.settings.rotation, LayersOf(job, writer)};
         WriteDocument(document, writer, path);
         return {placement, writer.HasInk()};
     } catch (const std::system_error& error) {

@@ -98,7 +98,7 @@ std::string FontsAndPage(const PsDocument& d, const FontBook& fonts)
     std::string out = fonts.Definitions();
     out += "%%EndSetup\n%%Page: 1 1\n";
     out += std::string("%%ViewingOrientation: ") + ViewingOrientation(d.rotation) + "\n";
-    const std::string scale = Decimal(base::kPointsPerInch / d.resolution, 6);
+    const std::string scale = Decimal(base::kPointsPerInch / d.unitsPerInch, 6);
     return out + "q\n" + scale + " 0 0 " + scale + " 0 0 cm\n";
 }
 

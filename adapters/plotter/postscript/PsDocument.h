@@ -9,11 +9,11 @@
 namespace sm::plotter {
 
 struct PsDocument {
-    std::string title;            ///< UTF-8
-    std::string creator;          ///< UTF-8
-    double width = 0, height = 0; ///< millimetres
-    double resolution = 1200;     ///< dots per inch
-    std::int32_t rotation = 0;    ///< quarter turns counter-clockwise that make the page readable
+    std::string title;                   ///< UTF-8
+    std::string creator;                 ///< UTF-8
+    double width = 0, height = 0;        ///< millimetres
+    double unitsPerInch = kUnitsPerInch; ///< of the body's coordinates
+    std::int32_t rotation = 0;           ///< quarter turns counter-clockwise that make the page readable
     /// The layers that the body marks. They stand in comments of the head: "%SheetmakerLayer: 3 on <57616C6C73>", with
     /// on, off or unplotted and the name's UTF-8 in hexadecimal.
     struct Layer {

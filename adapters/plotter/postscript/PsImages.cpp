@@ -15,7 +15,7 @@ void PsWriter::Image(const render::Picture& picture, const render::Matrix2& toPa
     SetTransparency(color);
     Write("q");
     for (const double value : {toPaper.a, toPaper.b, toPaper.c, toPaper.d, toPaper.e, toPaper.f}) {
-        WriteNumber(value * m_dots, 3);
+        WriteNumber(value * m_units, 3);
     }
     Write("cm");
     Write(("/I" + std::to_string(number) + " Do").c_str());

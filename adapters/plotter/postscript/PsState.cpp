@@ -50,7 +50,7 @@ void PsWriter::SetColor(std::uint32_t color, bool strokes)
 void PsWriter::SetPen(const render::StrokeStyle& style)
 {
     SetColor(style.color, true);
-    const double width = std::max(style.width > 0 ? style.width : kThinnestPen, 1 / m_dots) * m_dots;
+    const double width = std::max(style.width > 0 ? style.width : kThinnestPen, m_onePen) * m_units;
     if (m_state.width != width) {
         m_state.width = width;
         WriteNumber(width, 2);

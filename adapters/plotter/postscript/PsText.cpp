@@ -40,7 +40,7 @@ std::string_view TextOf(const render::TextRun& run, std::size_t i)
 void PsWriter::WritePlace(std::uint16_t font, const render::Matrix2& m, bool moved)
 {
     // Glyphs are moved by parts of the size 1 alone, see the procedure TJ.
-    const double size = m.a * m_dots;
+    const double size = m.a * m_units;
     const bool upright = !moved && m.a == m.d && m.a > 0 && m.b == 0 && m.c == 0;
     const Dot origin = ToDots({m.e, m.f});
     m_body.Append("/F");
@@ -49,7 +49,7 @@ void PsWriter::WritePlace(std::uint16_t font, const render::Matrix2& m, bool mov
     Write("Tf");
     if (!upright) {
         for (const double value : {m.a, m.b, m.c, m.d}) {
-            WriteNumber(value * m_dots, 3);
+            WriteNumber(value * m_units, 3);
         }
     }
     WriteNumber(origin.x, 1);
@@ -148,7 +148,7 @@ void PsWriter::WriteRun(const render::TextRun& run, std::size_t from, std::size_
 /// Puts the run on a cut of its stroked font, as `m_cutRun` and `m_cut`; false where that can't be.
 bool PsWriter::CutRun(const render::TextRun& run)
 {
-    const double pen = std::max(run.penWidth > 0 ? run.penWidth : kThinnestPen, 1 / m_dots);
+    const double pen = std::max(run.penWidth > 0 ? run.penWidth : kThinnestPen, m_onePen);
     const auto text = CutOf(run.toPaper, pen);
     m_cut = text ? m_fonts.CutNumber(*run.font, text->cut) : std::nullopt;
     if (!m_cut) {

@@ -11,8 +11,9 @@ namespace sm::plotter {
 
 namespace {
 
-/// Interpreters keep device coordinates in 24 bits; what lies further off the sheet is moved to here.
-constexpr double kFarthest = 4e6;
+/// Interpreters keep device coordinates in 24 bits, of 1200 dots per inch at most; what lies further off the sheet is
+/// moved to here.
+constexpr double kFarthest = 4e6 * kUnitsPerInch / 1200;
 /// Segments after which a stroke is painted though more of the same pen follow.
 constexpr std::size_t kLongStroke = 500;
 
@@ -26,14 +27,15 @@ std::int32_t ToDot(double value)
 
 } // namespace
 
-PsWriter::PsWriter(double resolution, std::string folder)
-    : m_body(folder), m_pictures(std::move(folder)), m_dots(resolution / base::kMillimetresPerInch)
+PsWriter::PsWriter(double unitsPerInch, std::string folder, double resolution)
+    : m_body(folder), m_pictures(std::move(folder)), m_units(unitsPerInch / base::kMillimetresPerInch),
+      m_onePen(base::kMillimetresPerInch / (resolution > 0 ? resolution : unitsPerInch))
 {
 }
 
 PsWriter::Dot PsWriter::ToDots(render::Vec2 p) const
 {
-    return {ToDot(p.x * m_dots), ToDot(p.y * m_dots)};
+    return {ToDot(p.x * m_units), ToDot(p.y * m_units)};
 }
 
 void PsWriter::Write(const char* op)

@@ -1,6 +1,6 @@
 // The canvas that writes a page's PostScript.
 //
-// The body speaks in the operators of PDF content streams, one token form each, in device units of one dot:
+// The body speaks in the operators of PDF content streams, one token form each, in whole units:
 //   x y m   x y l   x1 y1 x2 y2 x3 y3 c   h   S  f  f*  q  Q  W  W*  n
 //   width w   cap J   join j   gray G|g   r g b RG|rg
 //   q a b c d e f cm /In Do Q
@@ -25,10 +25,14 @@
 
 namespace sm::plotter {
 
+/// Coordinates of a page: 0.005 point, whatever the resolution that it is printed with.
+inline constexpr double kUnitsPerInch = 14400;
+
 class PsWriter final : public render::ICanvas {
 public:
-    /// `resolution` in dots per inch; a very long page waits in a file in `folder`.
-    PsWriter(double resolution, std::string folder);
+    /// `unitsPerInch`: the step of coordinates. No pen is thinner than a dot of `resolution`, in dots per inch; 0
+    /// stands for a unit. A very long page waits in a file in `folder`.
+    PsWriter(double unitsPerInch, std::string folder, double resolution = 0);
     /// From here on the marks of layers are written.
     void KeepLayers() { m_keepsLayers = true; }
 
@@ -101,7 +105,8 @@ private:
     BodyText m_body;
     FontBook m_fonts;
     PsPictures m_pictures;
-    double m_dots; ///< of a millimetre
+    double m_units;  ///< of a millimetre
+    double m_onePen; ///< millimetres: the thinnest pen
     State m_state;
     std::vector<State> m_saved;
     render::StrokeStyle m_pen; ///< of the open stroke
