@@ -233,5 +233,23 @@ def line_ends(stand):
             assert off <= 0.005, f"a line's end is {off:.4f} point off ({quality})"
 
 
+def pens_at_the_edge(stand):
+    """Lines at the edges of an extents plot keep their whole pen; what lies beyond a window stays away."""
+    document = stand.new()
+    layout = sheet(document)
+    layout.dxf.update({"plot_type": 1, "plot_layout_flags": 32 | 128 | 16, "standard_scale_type": 0, "left_margin": 20,
+                       "bottom_margin": 20, "right_margin": 20, "top_margin": 20})
+    layout.add_lwpolyline([(0, 0), (380, 0), (380, 257), (0, 257)], close=True, dxfattribs={"lineweight": 200})
+    picture = pdf_tools.Picture(stand.convert(document, "--layout", "Sheet"), dpi=144)
+    left, bottom, right, top = (side / POINTS for side in picture.ink_box(0, 0, *(side * POINTS for side in A3)))
+    for what, got, wanted in (("left", left, 19), ("bottom", bottom, 19), ("right", right, 401), ("top", top, 278)):
+        expect(what + " end of the ink", got, wanted, 0.25)
+    layout.dxf.update({"plot_type": 4, "plot_window_x1": 0, "plot_window_y1": 0, "plot_window_x2": 380, "plot_window_y2": 257})
+    picture = pdf_tools.Picture(stand.convert(document, "--layout", "Sheet"), dpi=144)
+    left, bottom, right, top = (side / POINTS for side in picture.ink_box(0, 0, *(side * POINTS for side in A3)))
+    for what, got, wanted in (("left", left, 20), ("bottom", bottom, 20), ("right", right, 400), ("top", top, 277)):
+        expect(what + " end of the ink in a window", got, wanted, 0.25)
+
+
 ROWS = [viewports_without_ids, missing_view, model_windows, blank_pages, empty_model_with_marks, layout_at_a_scale,
-        centred_plots, link_of_centred_plot, line_ends]
+        centred_plots, link_of_centred_plot, line_ends, pens_at_the_edge]

@@ -51,7 +51,7 @@ ROOMS = {
         "families": ("context", "geometry", "ink", "notes"),
         "paint": ("*",),
     }),
-    "plotter": (("prologue", "render", "drawing", "ports"), {"fonts": (), "postscript": ("fonts",), "page": ("postscript",)}),
+    "plotter": (("prologue", "render", "drawing", "ports"), {"fonts": (), "postscript": ("fonts",), "page": ("postscript", "fonts")}),
     "cadhost": (("plotter", "render", "drawing", "ports"), {
         "answers": (),
         "devices": ("answers",),

@@ -109,6 +109,8 @@ Placement Place(const drawing::Drawing& drawing, const drawing::Layout& layout, 
     const bool hasSize = !area.box.Empty() && area.box.Width() > 0 && area.box.Height() > 0;
     if (area.clips && !area.isSheet && hasSize) {
         placement.clip = Common(frame.printable, Mapped(placement.toPaper, area.box));
+    } else if (!area.clips && !area.box.Empty()) {
+        placement.whole = Mapped(placement.toPaper, area.box);
     }
     return placement;
 }

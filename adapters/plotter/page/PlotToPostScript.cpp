@@ -1,3 +1,4 @@
+#include "page/PenRoom.h"
 #include "plotter/Plotter.h"
 #include "postscript/PsDocument.h"
 
@@ -26,6 +27,7 @@ render::Scene SceneOf(const PlotJob& job, const Placement& placement)
     if (scene.paperSpace && job.settings.Has(PlotSettings::kScaleLineweights)) {
         scene.lineweightScale = placement.scaleNumerator / placement.scaleDenominator;
     }
+    scene.clip = ClipWithRoom(placement, WidestPen(job, scene.lineweightScale));
     scene.viewportsFirst = job.settings.Has(PlotSettings::kDrawViewportsFirst);
     scene.viewportBorders = job.settings.Has(PlotSettings::kViewportBorders);
     scene.plotStyles = job.plotStyles;
