@@ -7,9 +7,12 @@ On the way it is checked that each window lies within the screen, that the three
 what is chosen there counts, and that the progress window can't be closed while it scans. Prints a line a check and
 "N passed, M failed" at the end; exit code 77 without a virtual display.
 """
+import contextlib
+import glob
 import os
 import shutil
 import signal
+import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -137,6 +140,15 @@ def create_with_picker(gallery, name, question, wanted):
     return desk.shell("log")
 
 
+def rename_stored_paper(desk, old, new):
+    """Stores a paper name that "set" refuses, as an older version or another program may have left it."""
+    path, = glob.glob(os.path.join(desk.screen.variables["XDG_CONFIG_HOME"], "sheetmaker-pdf", "*.sqlite"))
+    with contextlib.closing(sqlite3.connect(path)) as store:
+        data, = store.execute("SELECT data FROM reg_value WHERE name = 'CanonicalMediaName'").fetchone()
+        store.execute("UPDATE reg_value SET data = ? WHERE name = 'CanonicalMediaName'", (bytes(data).replace(old, new),))
+        store.commit()
+
+
 def show_pickers(gallery):
     desk = gallery.desk
     use_global_page_setup(desk)
@@ -144,7 +156,9 @@ def show_pickers(gallery):
     log = create_with_picker(gallery, "pick-plot-style", "plot style could not be found", "monochrome.ctb")
     desk.check("pick-plot-style: the choice counts", "monochrome.ctb" in log, True)
     desk.shell("set", "StyleSheet", "")
-    for name, value in (("CanonicalMediaName", "Unheard_of"), ("PaperWidth", "333"), ("PaperHeight", "111")):
+    desk.shell("set", "CanonicalMediaName", "ISO_A3_(420.00_x_297.00_MM)")
+    rename_stored_paper(desk, b"ISO_A3_", b"Unheard_of_")
+    for name, value in (("PaperWidth", "333"), ("PaperHeight", "111")):
         desk.shell("set", name, value)
     create_with_picker(gallery, "pick-page-size", "paper size was not available", "ISO A3 (420.00 x 297.00 MM)")
     size = [line.split()[2:5:2] for line in output_of("pdfinfo", desk.path(".pdf")).splitlines() if line.startswith("Page size")]

@@ -251,5 +251,20 @@ def pens_at_the_edge(stand):
         expect(what + " end of the ink in a window", got, wanted, 0.25)
 
 
+def paper_by_name(stand):
+    """The global page setup's paper set by its name alone comes with its size; a name that no plotter has is refused."""
+    result = stand.run("set", "CanonicalMediaName", "ISO_A3_(420.00_x_297.00_MM)")
+    assert result.returncode == 0 and "PaperWidth is 420 and PaperHeight 297" in result.stderr, result.stderr
+    document = stand.new()
+    document.modelspace().add_line((0, 0), (100, 50))
+    width, height = page_ink.size_of(stand.convert(document, "--layouts", "model", "--page-setup", "global"))
+    expect("width", width, A3[0] * POINTS, 0.01)
+    expect("height", height, A3[1] * POINTS, 0.01)
+    result = stand.run("set", "CanonicalMediaName", "ISO_A9")
+    assert result.returncode == 2 and "takes the name of a paper of the PDF plotter" in result.stderr, result.stderr
+    assert stand.run("get", "CanonicalMediaName").stdout == "ISO_A3_(420.00_x_297.00_MM)\n"
+
+
 ROWS = [viewports_without_ids, missing_view, model_windows, blank_pages, empty_model_with_marks, layout_at_a_scale,
-        centred_plots, link_of_centred_plot, line_ends, pens_at_the_edge]
+        centred_plots, link_of_centred_plot, line_ends, pens_at_the_edge,
+        paper_by_name]

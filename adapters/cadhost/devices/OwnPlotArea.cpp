@@ -1,8 +1,8 @@
 #include "devices/OwnPlotArea.h"
 
 #include "answers/HostText.h"
-#include "base/Units.h"
 #include "drawing/PlanView.h"
+#include "ports/PlotNumbers.h"
 
 #include <algorithm>
 
@@ -13,7 +13,6 @@ using drawing::Box2;
 using drawing::NamedView;
 using drawing::PlotSettings;
 
-constexpr std::int32_t kExtents = 1, kView = 3, kWindow = 4;
 constexpr double kSheetTolerance = 3; // mm, as media are told apart
 
 bool IsThere(const drawing::Drawing& drawing, const drawing::Layout& layout, const std::string& name)
@@ -26,7 +25,7 @@ bool IsThere(const drawing::Drawing& drawing, const drawing::Layout& layout, con
 /// Millimetres of paper for a drawing unit; under scale to fit those of 1:1.
 double Millimetres(const PlotSettings& own)
 {
-    const double unit = own.paperUnits == 0 ? base::kMillimetresPerInch : 1;
+    const double unit = own.paperUnits == kPaperInches ? kMillimetresPerInch : 1;
     if (own.Has(PlotSettings::kStandardScale)) {
         const auto* standard = plotter::FindStandardScale(own.standardScale);
         if (standard != nullptr)
@@ -72,7 +71,7 @@ bool Meets(const Box2& window, const Box2& extents)
 
 std::string MendView(const drawing::Drawing& drawing, const drawing::Layout& layout, PlotSettings& own)
 {
-    if (own.plotType != kView || IsThere(drawing, layout, own.viewName))
+    if (own.plotType != kPlotView || IsThere(drawing, layout, own.viewName))
         return {};
     const std::string missing = own.viewName.empty()
                                     ? "names no view to plot"
@@ -82,7 +81,7 @@ std::string MendView(const drawing::Drawing& drawing, const drawing::Layout& lay
         own.viewName = other->name;
         return "layout \"" + layout.name + "\" " + missing + "; its view \"" + other->name + "\" is plotted";
     }
-    own.plotType = kExtents;
+    own.plotType = kPlotExtents;
     return "layout \"" + layout.name + "\" " + missing + "; its extents are plotted";
 }
 
@@ -90,7 +89,7 @@ std::string MendWindow(const drawing::Drawing& drawing, const drawing::Layout& l
                        PlotSettings& own)
 {
     const auto view = layout.isModel ? drawing.ActiveModelView() : std::nullopt;
-    if (own.plotType != kWindow || !view || !drawing::IsPlanView(view->direction) || view->twist != 0)
+    if (own.plotType != kPlotWindow || !view || !drawing::IsPlanView(view->direction) || view->twist != 0)
         return {};
     const drawing::Vec2 target{view->target.x, view->target.y};
     if (target.x == 0 && target.y == 0)

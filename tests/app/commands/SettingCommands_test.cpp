@@ -91,6 +91,32 @@ TEST_F(SettingCommands, SetStoresWhatTheSettingTakes)
     }
 }
 
+TEST_F(SettingCommands, APaperTakesItsSizeAlong)
+{
+    EXPECT_EQ(Set("canonicalmedianame", "iso_a3_(297.00_x_420.00_mm)"), 0);
+    EXPECT_EQ(m_registry.Text(kUser, kKey, "CanonicalMediaName"), "ISO_A3_(297.00_x_420.00_MM)");
+    EXPECT_EQ(m_registry.Text(kUser, kKey, "PaperWidth"), "297");
+    EXPECT_EQ(m_registry.Text(kUser, kKey, "PaperHeight"), "420");
+    EXPECT_EQ(m_err.str(), "sheetmaker set: with it, PaperWidth is 297 and PaperHeight 420\n");
+    m_err.str("");
+    EXPECT_EQ(Set("CanonicalMediaName", ""), 0);
+    EXPECT_EQ(m_registry.Text(kUser, kKey, "CanonicalMediaName"), "");
+    EXPECT_EQ(m_registry.Text(kUser, kKey, "PaperWidth"), "");
+    EXPECT_EQ(m_registry.Text(kUser, kKey, "PaperHeight"), "");
+    EXPECT_EQ(m_err.str(), "sheetmaker set: with it, PaperWidth is 279.4 and PaperHeight 215.9\n");
+}
+
+TEST_F(SettingCommands, APaperThatNoPlotterHasIsRefused)
+{
+    EXPECT_EQ(Set("CanonicalMediaName", "ISO_A9"), 2);
+    EXPECT_EQ(m_registry.Text(kUser, kKey, "CanonicalMediaName"), "(absent)");
+    EXPECT_EQ(m_registry.Text(kUser, kKey, "PaperWidth"), "(absent)");
+    const std::string told = m_err.str();
+    EXPECT_EQ(told.find("sheetmaker set: CanonicalMediaName takes the name of a paper of the PDF plotter: \""), 0U)
+        << told;
+    EXPECT_NE(told.find("\"ISO_A3_(297.00_x_420.00_MM)\""), std::string::npos) << told;
+}
+
 TEST_F(SettingCommands, SetUsesTheSettingsOwnSpelling)
 {
     EXPECT_EQ(Set("openinviewer", "no"), 0);
