@@ -77,4 +77,24 @@ std::optional<std::int32_t> NearestLarger(const std::vector<std::string>& names,
     return best;
 }
 
+std::optional<std::int32_t> LargestLike(const std::vector<std::string>& names, const Paper& wanted)
+{
+    std::optional<std::int32_t> best;
+    bool bestIsLike = false;
+    double bestArea = 0;
+    for (std::size_t position = 0; position < names.size(); ++position) {
+        const std::optional<Paper> sheet = PaperOfName(names[position]);
+        if (!sheet)
+            continue;
+        const bool like = IsLike(wanted, *sheet);
+        const double area = sheet->width * sheet->height;
+        if (best && (like < bestIsLike || (like == bestIsLike && area <= bestArea)))
+            continue;
+        best = static_cast<std::int32_t>(position);
+        bestIsLike = like;
+        bestArea = area;
+    }
+    return best;
+}
+
 } // namespace sm::terminal

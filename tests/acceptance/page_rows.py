@@ -265,6 +265,25 @@ def paper_by_name(stand):
     assert stand.run("get", "CanonicalMediaName").stdout == "ISO_A3_(420.00_x_297.00_MM)\n"
 
 
+def larger_than_every_paper(stand):
+    """A sheet of 1600 x 1280 mm, drawn at 1:1, comes whole on the largest paper of like proportion, told as not to scale."""
+    for size in ((1600, 1280), (1280, 1600)):
+        document = stand.new()
+        layout = sheet(document, size=size)
+        layout.add_lwpolyline([(10, 10), (size[0] - 10, 10), (size[0] - 10, size[1] - 10), (10, size[1] - 10)], close=True,
+                              dxfattribs={"color": 1, "lineweight": 0})
+        path = stand.save(document)
+        pdf = expect_remark(stand, path, "not to scale")
+        width, height = (side / POINTS for side in page_ink.size_of(pdf))
+        assert media.in_table(width, height, 0.01) and (width > height) == (size[0] > size[1]), f"{width} x {height} mm"
+        left, bottom, right, top = (side / POINTS for side in page_ink.box(
+            [end for line in page_ink.segments(page_ink.shapes(pdf), "#ff0000") for end in line[:2]]))
+        assert left >= 0 and bottom >= 0 and right <= width and top <= height, "the frame is cut"
+        expect("proportion", (right - left) / (top - bottom), (size[0] - 20) / (size[1] - 20), 0.002)
+        assert max((right - left) / width, (top - bottom) / height) > 0.9, "the frame doesn't fill the paper"
+        report_of(stand, path, "--strict", code=1)
+
+
 ROWS = [viewports_without_ids, missing_view, model_windows, blank_pages, empty_model_with_marks, layout_at_a_scale,
         centred_plots, link_of_centred_plot, line_ends, pens_at_the_edge,
-        paper_by_name]
+        paper_by_name, larger_than_every_paper]

@@ -58,6 +58,16 @@ TEST(NearestLarger, TakesLikeProportionAndNeverASmallerSheet)
         EXPECT_EQ(NearestLarger(kPapers, row.wanted), row.position) << row.name;
 }
 
+TEST(LargestLike, TakesTheLargestOfLikeProportionElseOfAll)
+{
+    const std::vector<std::string> names{"A (100 x 200 MM)", "B (200 x 100 MM)", "C (300 x 150 MM)",
+                                         "D (400 x 400 MM)"};
+    EXPECT_EQ(LargestLike(names, {3000, 1500}), 2);
+    EXPECT_EQ(LargestLike(names, {1500, 3000}), 0);
+    EXPECT_EQ(LargestLike(names, {9000, 1000}), 3);
+    EXPECT_EQ(LargestLike({"nameless"}, {9000, 1000}), std::nullopt);
+}
+
 class Windows : public testing::Test {
 protected:
     std::unique_ptr<IWindows> Make(std::optional<Paper> wanted = {})

@@ -1,6 +1,7 @@
 // The plot configuration of one layout, as the run changes it.
 #pragma once
 
+#include "cadhost/CadHost.h"
 #include "devices/OwnPlotArea.h"
 #include "devices/PlotDevices.h"
 
@@ -23,6 +24,11 @@ public:
 
     /// What the layout's own settings ask for and can't have: what is plotted in its place.
     [[nodiscard]] std::vector<std::string> Remarks() const;
+
+    /// Answers the layout's own settings as this paper and scale to fit: its sheet is larger than every other one.
+    void FitOn(const FittedPaper& paper);
+    /// Whether the settings in force are those.
+    [[nodiscard]] bool IsFitted() const { return m_fitted && m_values.plotType == m_mendedType; }
 
     /// The values without a rule of their own; sizes, margins and origin in here don't count.
     [[nodiscard]] const drawing::PlotSettings& Values() const { return m_values; }
@@ -81,6 +87,7 @@ private:
     drawing::Vec2 m_origin;
     std::optional<drawing::Vec2> m_plottedOrigin;
     std::int32_t m_mendedType = 0;
+    bool m_fitted = false;
     std::vector<std::string> m_remarks;
     bool m_listed = false;
     std::vector<std::string> m_devices, m_styles;

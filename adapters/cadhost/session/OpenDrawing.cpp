@@ -113,9 +113,12 @@ PlotConfiguration& OpenDrawing::Configuration(std::size_t index)
 {
     const drawing::Layout& layout = LayoutAt(index);
     auto& configuration = m_configurations[index];
-    if (configuration == nullptr)
+    if (configuration == nullptr) {
         configuration = std::make_unique<PlotConfiguration>(
             File(), layout, [&] { return IsLandscape(index); }, ExtentsOf(index));
+        if (const auto fitted = m_overlay.fitted.find(layout.name); fitted != m_overlay.fitted.end())
+            configuration->FitOn(fitted->second);
+    }
     return *configuration;
 }
 
@@ -206,6 +209,7 @@ void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders
                                keepLayers,
                                &References()};
     const plotter::PlottedPage page = plotter::PlotToPostScript(job, path, Text(), *m_report);
+    m_notToScale = m_notToScale || configuration.IsFitted();
     configuration.KeepPlottedOrigin(page.placement.origin);
     if (!page.hasInk)
         m_report->Remark(BlankPageRemark(File(), layout, page.placement, ExtentsOf(m_active)));
@@ -246,6 +250,7 @@ DocumentReport OpenDrawing::Report() const
     report.findings = File().Findings();
     report.audited = m_audit;
     report.plotFailure = m_plotFailure;
+    report.notToScale = m_notToScale;
     if (m_text != nullptr)
         report.substitutions = m_text->Substitutions();
     if (m_report == nullptr)

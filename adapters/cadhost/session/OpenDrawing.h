@@ -82,6 +82,7 @@ private:
     std::map<std::string, render::PlotStyleTable> m_plotStyles; ///< by path, as far as they were asked for
     std::optional<DocumentAudit> m_audit;
     std::string m_plotFailure;
+    bool m_notToScale = false;
 };
 
 } // namespace sm::cadhost

@@ -52,6 +52,7 @@ Json ToObject(const DrawingReport& report)
             {"substitutions", report.substitutions},
             {"remarks", report.remarks},
             {"notes", report.notes},
+            {"notToScale", report.notToScale},
             {"milliseconds",
              {{"open", times.open},
               {"plot", times.plot},
@@ -97,6 +98,7 @@ DrawingReport ReportFromJson(const std::string& json)
     report.failure = object.at("failure");
     report.exitCode = object.at("exitCode");
     report.saveStatus = object.at("saveStatus");
+    report.notToScale = object.at("notToScale");
     report.pages = object.at("pages");
     report.pdfBytes = object.at("bytes");
     ReadLists(object, report);

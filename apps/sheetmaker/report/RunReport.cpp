@@ -71,7 +71,8 @@ int ExitCodeOf(const std::vector<DrawingReport>& reports, bool strict)
         if (report.exitCode == kExitToolMissing || report.exitCode == kExitInterrupted)
             return report.exitCode;
         usage = usage || report.exitCode == kExitUsage;
-        failed = failed || report.exitCode == kExitFailed || (strict && report.exitCode == kExitContentLost);
+        failed = failed || report.exitCode == kExitFailed ||
+                 (strict && (report.exitCode == kExitContentLost || report.notToScale));
         lost = lost || report.exitCode == kExitContentLost;
     }
     if (usage && reports.size() == 1)

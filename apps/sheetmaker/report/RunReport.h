@@ -56,6 +56,7 @@ struct DrawingReport {
     std::vector<std::string> substitutions; ///< fonts that stood in for others
     std::vector<std::string> remarks;       ///< what was drawn otherwise than the drawing has it
     std::vector<std::string> notes;         ///< what is not done or was carried past, in plain words
+    bool notToScale = false;                ///< a sheet was plotted to fit on a smaller paper; --strict fails it
     RunTimes times;
     friend bool operator==(const DrawingReport&, const DrawingReport&) = default;
 

@@ -28,6 +28,7 @@ void TakeHostReport(const cadhost::DocumentReport& host, DrawingReport& report)
     for (const drawing::Finding& finding : host.findings)
         report.damage.push_back({finding.text, finding.count, finding.line, finding.contentLost});
     report.substitutions = host.substitutions;
+    report.notToScale = host.notToScale;
     for (const auto& [remark, count] : host.remarks)
         report.remarks.push_back(count > 1 ? remark + " (" + std::to_string(count) + " times)" : remark);
 }

@@ -4,6 +4,7 @@
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
 #include "run/DwgSetup.h"
+#include "run/LargeSheets.h"
 
 namespace sm::app {
 namespace {
@@ -22,7 +23,7 @@ cadhost::HostOptions OptionsFor(const DrawingTask& task, const Install& install,
 RunSession::RunSession(const DrawingTask& task, const Install& install, terminal::Console& console,
                        DrawingReport& report, const ScreenParts* screen)
     : m_surrounded(task, install, console, report, screen),
-      m_host(cadhost::CadHost::Create(OptionsFor(task, install, m_surrounded, screen)))
+      m_host(cadhost::CadHost::Create(OptionsFor(task, install, m_surrounded, screen))), m_hasScreen(screen != nullptr)
 {
 }
 
@@ -36,7 +37,9 @@ LayoutSelection RunSession::Select(const ConvertOptions& options)
 {
     LayoutSelection selection = SelectLayouts(options, m_host->Outlines(m_document));
     if (selection.error.empty())
-        m_host->Overlay(m_document, {selection.pageSetupSource, selection.activeLayout, selection.onlyLayouts});
+        m_host->Overlay(m_document, {selection.pageSetupSource, selection.activeLayout, selection.onlyLayouts,
+                                     m_hasScreen ? std::map<std::string, cadhost::FittedPaper>()
+                                                 : SheetsToFit(Drawing(), selection)});
     return selection;
 }
 

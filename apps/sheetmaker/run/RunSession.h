@@ -54,6 +54,7 @@ private:
     std::unique_ptr<cadhost::CadHost> m_host;
     std::shared_ptr<IAcadDocument> m_document;
     std::string m_drawing;
+    bool m_hasScreen;
 };
 
 } // namespace sm::app

@@ -95,6 +95,7 @@ TEST(RunReport, IsReadableJson)
     "notes": [
       "annotations are not added by this version"
     ],
+    "notToScale": false,
     "milliseconds": {
       "open": 1.5,
       "plot": 2.25,

@@ -30,11 +30,20 @@ struct HostOptions {
     IPointPicker* picker = nullptr;
 };
 
+/// A paper by its names; the sides lie as the sheet is read, millimetres.
+struct FittedPaper {
+    std::string canonicalName, localeName;
+    double width = 0, height = 0;
+    friend bool operator==(const FittedPaper&, const FittedPaper&) = default;
+};
+
 /// The run's layer over a document: seen through the automation model, never saved.
 struct DocumentOverlay {
     std::optional<std::int32_t> pageSetupSource; ///< a PageSetupSource; stands for the "PltSel" record
     std::optional<std::string> activeLayout;
     std::vector<std::string> layouts; ///< when not empty, the paper layouts that "Layouts" shows, in tab order
+    /// By name, the layouts whose own settings are answered as this paper and scale to fit.
+    std::map<std::string, FittedPaper> fitted = {};
 };
 
 /// What an audit of a document found. What was mended is so in memory only: saving writes the records that were
@@ -52,6 +61,7 @@ struct DocumentReport {
     std::vector<std::string> substitutions;                    ///< fonts
     std::map<std::string, std::uint64_t, std::less<>> remarks; ///< what was drawn otherwise, and how often
     std::optional<DocumentAudit> audited;                      ///< the last audit; none before the first
+    bool notToScale = false;                                   ///< a layout was plotted to fit on another paper
     std::string plotFailure;                                   ///< why the last plot failed; empty when it didn't
 };
 

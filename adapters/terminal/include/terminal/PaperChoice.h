@@ -23,4 +23,7 @@ std::optional<Paper> PaperOfName(const std::string& name);
 /// be missing, as when sheets are matched by size. Nothing when `wanted` fits into none.
 std::optional<std::int32_t> NearestLarger(const std::vector<std::string>& names, const Paper& wanted);
 
+/// Position of the largest sheet among those of like proportion, else of the largest of all: for what fits into none.
+std::optional<std::int32_t> LargestLike(const std::vector<std::string>& names, const Paper& wanted);
+
 } // namespace sm::terminal

@@ -1,0 +1,16 @@
+// Sheets that no paper of the PDF plotter holds.
+#pragma once
+
+#include "run/LayoutSelection.h"
+
+#include <map>
+#include <string>
+
+namespace sm::app {
+
+/// Of the layouts that `selection` plots, those whose sheets are larger than every paper, by name; each with the
+/// largest paper of like proportion.
+std::map<std::string, cadhost::FittedPaper> SheetsToFit(const drawing::Drawing& drawing,
+                                                        const LayoutSelection& selection);
+
+} // namespace sm::app
