@@ -16,6 +16,7 @@ import ezdxf
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import content_rows  # noqa: E402
+import note_rows  # noqa: E402
 import page_rows  # noqa: E402
 import plot_rows  # noqa: E402
 
@@ -75,8 +76,8 @@ def main():
     program = os.path.abspath(sys.argv[1])
     results = []
     wanted = set(sys.argv[2:])
-    rows = [row for row in plot_rows.ROWS + page_rows.ROWS + content_rows.ROWS if not wanted or row.__name__ in wanted]
-    for row in rows:
+    rows = plot_rows.ROWS + page_rows.ROWS + content_rows.ROWS + note_rows.ROWS
+    for row in [row for row in rows if not wanted or row.__name__ in wanted]:
         with tempfile.TemporaryDirectory() as folder:
             results.append(tell(f"{row.__name__}: {row.__doc__}", lambda: row(Stand(program, folder))))
             assert not os.path.isdir(os.path.join(folder, "tmp")) or not os.listdir(os.path.join(folder, "tmp"))

@@ -30,15 +30,17 @@ Version VersionOf(std::string_view name)
     return Version::Unknown;
 }
 
-/// The first run of bytes that isn't UTF-8 and how many there are; plain ASCII is passed over by words.
-struct BadUtf8 {
-    std::uint32_t count = 0;
+/// How many bytes aren't UTF-8, where the first of them stands, and how many characters of several bytes there are.
+struct FoundUtf8 {
+    std::uint32_t bad = 0;
     std::uint32_t line = 0;
+    std::uint32_t good = 0;
 };
 
-BadUtf8 FindBadUtf8(std::string_view file)
+/// Plain ASCII is passed over by words.
+FoundUtf8 FindUtf8(std::string_view file)
 {
-    BadUtf8 bad;
+    FoundUtf8 found;
     for (std::size_t at = 0; at < file.size();) {
         std::uint64_t word = 0;
         if (file.size() - at >= sizeof word)
@@ -50,13 +52,29 @@ BadUtf8 FindBadUtf8(std::string_view file)
             continue;
         }
         const std::size_t before = at;
-        if (base::ReadUtf8(file, at))
+        if (const auto character = base::ReadUtf8(file, at)) {
+            found.good += *character >= 0x80 ? 1 : 0;
             continue;
-        if (bad.count++ == 0)
-            bad.line = 1 + static_cast<std::uint32_t>(
-                               std::count(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(before), '\n'));
+        }
+        if (found.bad++ == 0)
+            found.line = 1 + static_cast<std::uint32_t>(
+                                 std::count(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(before), '\n'));
     }
-    return bad;
+    return found;
+}
+
+/// From R2007 on texts are UTF-8, and a byte order mark says so as well. A file that doesn't say its release, or one
+/// that nobody knows, is taken for what most of its characters are.
+bool HoldsUtf8(const Model& model)
+{
+    if (model.source.File().starts_with("\xEF\xBB\xBF"))
+        return true;
+    if (model.version != Version::Unknown)
+        return model.version >= Version::R2007;
+    if (model.source.format != TagFormat::Ascii)
+        return true;
+    const FoundUtf8 found = FindUtf8(model.source.File());
+    return found.good > found.bad;
 }
 
 } // namespace
@@ -74,13 +92,12 @@ void BuildHeader(Model& model)
         model.findings.Add(Damage::UnknownCodePage, 1);
         converter = "CP1252";
     }
-    // From R2007 on texts are UTF-8, and a byte order mark says so as well.
-    const bool utf8 = model.version >= Version::R2007 || model.source.File().starts_with("\xEF\xBB\xBF");
+    const bool utf8 = HoldsUtf8(model);
     model.codePage = utf8 ? "UTF-8" : page;
     model.source.text = std::make_unique<TextDecoder>(converter, utf8);
     if (utf8 && model.source.format == TagFormat::Ascii)
-        if (const BadUtf8 bad = FindBadUtf8(model.source.File()); bad.count > 0)
-            model.findings.Add(Damage::NotUtf8, bad.line, bad.count);
+        if (const FoundUtf8 found = FindUtf8(model.source.File()); found.bad > 0)
+            model.findings.Add(Damage::NotUtf8, found.line, found.bad);
 }
 
 } // namespace sm::drawing

@@ -38,8 +38,9 @@ bool TakeDirection(const EntityTags& tags, Vec3& direction)
 
 bool TakeDimensionPoint(const EntityTags& tags, DimensionData& data)
 {
-    return tags.Take(10, data.definitionPoint) || tags.Take(11, data.textMidpoint) || tags.Take(13, data.first) ||
-           tags.Take(14, data.second) || tags.Take(15, data.third) || tags.Take(16, data.arcPoint);
+    return tags.Take(10, data.definitionPoint) || tags.Take(11, data.textMidpoint) || tags.Take(12, data.blockOffset) ||
+           tags.Take(13, data.first) || tags.Take(14, data.second) || tags.Take(15, data.third) ||
+           tags.Take(16, data.arcPoint);
 }
 
 bool TakeDimensionTag(const EntityTags& tags, DimensionData& data)

@@ -7,6 +7,8 @@
 #include "geometry/HatchLines.h"
 #include "render/ClipBox.h"
 
+#include <deque>
+
 namespace sm::render {
 
 namespace {
@@ -47,6 +49,14 @@ bool Hatches::Draw(const drawing::HatchData& hatch, drawing::EntityKind)
     if (m_path.Empty()) {
         m_context.Remark("a hatch without a boundary left out");
         return false;
+    }
+    std::deque<Ink::ClipGuard> roundTexts;
+    if (!m_context.options.boxesOnly) {
+        const Box2 hull = HullOf(m_path);
+        const Box2 seen = m_ink.Bounded() ? Intersection(hull, Grown(m_ink.Clip(), 1)) : hull;
+        for (const Path& clip : ClipsRoundTexts(hatch, plane, seen)) {
+            roundTexts.emplace_back(m_ink, clip, FillRule::EvenOdd);
+        }
     }
     if (hatch.gradient && !hatch.gradientColors.empty()) {
         DrawGradient(m_context, hatch, plane);

@@ -174,8 +174,10 @@ Outcome Dimensions::Paint(const drawing::EntityRecord& record, const Frame& fram
     if (!m_context.CanEnter(dimension.block)) {
         return Outcome::NotDrawn;
     }
-    // The block holds the dimension's picture where it stands, in world coordinates.
+    // The block holds the dimension's picture where it stood when it was drawn; copies share it at an offset of theirs.
     Frame inner = frame;
+    const Vec3 offset = OcsAxes(dimension.extrusion).Apply(dimension.blockOffset);
+    inner.toPaper = Compose(frame.toPaper, Matrix3{.origin = offset});
     inner.inherited = {
         Resolve(dimension, m_context.layers->Of(EffectiveLayer(dimension, frame.inherited)), frame.inherited),
         EffectiveLayer(dimension, frame.inherited), m_context.HidingLayer(dimension, frame, false)};

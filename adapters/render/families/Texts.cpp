@@ -87,13 +87,37 @@ Outcome Attributes::Paint(const drawing::EntityRecord& record, const Frame& fram
 {
     Read(m_drawing, record, m_text);
     if (record.kind == drawing::EntityKind::Attdef) {
-        // A definition shows only where it is constant: inserts carry no attribute for it.
+        if (StandsLoose()) {
+            return PaintTag(record, frame);
+        }
+        // In a block a definition shows only where it is constant: inserts carry no attribute for it.
         constexpr std::int32_t kConstant = 2;
-        if ((m_text.attributeFlags & kConstant) == 0 || m_context.openBlocks.empty()) {
+        if ((m_text.attributeFlags & kConstant) == 0) {
             return Outcome::Hidden;
         }
     }
     return PaintText(m_text, record, frame);
+}
+
+// In a space of the drawing itself; a reference's model is a block here.
+bool Attributes::StandsLoose() const
+{
+    const auto& layouts = m_drawing.Layouts();
+    const auto isSpace = [&](const drawing::Layout& layout) { return layout.block == m_context.openBlocks.back(); };
+    return m_context.openBlocks.empty() ||
+           (m_context.xref.layers.empty() && std::any_of(layouts.begin(), layouts.end(), isSpace));
+}
+
+// A definition that belongs to no block yet shows its tag, whatever its attributes shall look like.
+Outcome Attributes::PaintTag(const drawing::EntityRecord& record, const Frame& frame)
+{
+    if (m_context.Hidden(m_text, frame)) {
+        return Outcome::Hidden;
+    }
+    m_context.Enter(m_text, record, frame);
+    m_text.text = m_text.tag;
+    DrawLaidText(m_context, m_context.text.Lay(m_drawing, m_text));
+    return m_ink.End() ? Outcome::Drawn : Outcome::OffPage;
 }
 
 Outcome Attributes::PaintText(const drawing::TextData& text, const drawing::EntityRecord& record, const Frame& frame)

@@ -18,6 +18,8 @@ public:
     Outcome PaintText(const drawing::TextData& text, const drawing::EntityRecord& record, const Frame& frame);
 
 private:
+    [[nodiscard]] bool StandsLoose() const;
+    Outcome PaintTag(const drawing::EntityRecord& record, const Frame& frame);
     drawing::TextData m_text;
     drawing::MTextData m_mtext;
 };

@@ -104,19 +104,6 @@ void AppendPolyline(Path& path, const std::vector<drawing::PolyVertex>& vertices
     path.Close();
 }
 
-bool Inside(Vec2 p, const std::vector<Vec2>& polygon)
-{
-    bool inside = false;
-    for (std::size_t i = 0, j = polygon.size() - 1; i < polygon.size(); j = i++) {
-        const Vec2 a = polygon[i];
-        const Vec2 b = polygon[j];
-        if ((a.y > p.y) != (b.y > p.y) && p.x < (b.x - a.x) * (p.y - a.y) / (b.y - a.y) + a.x) {
-            inside = !inside;
-        }
-    }
-    return inside;
-}
-
 // A piece that is closed already, as it is; true when it was one.
 bool AppendWhole(Path& path, const Path& piece)
 {
@@ -213,72 +200,6 @@ std::vector<std::vector<Vec2>> PolygonsOf(const Path& path)
         }
     }
     return polygons;
-}
-
-std::vector<int> NestingDepths(const std::vector<std::vector<Vec2>>& polygons)
-{
-    std::vector<int> depths(polygons.size(), 0);
-    constexpr std::size_t kMost = 500;
-    if (polygons.size() > kMost) {
-        return depths;
-    }
-    std::vector<Box2> boxes;
-    for (const auto& polygon : polygons) {
-        Box2 box;
-        for (const Vec2 p : polygon) {
-            box.Add(p);
-        }
-        boxes.push_back(box);
-    }
-    for (std::size_t i = 0; i < polygons.size(); ++i) {
-        if (polygons[i].size() < 2) {
-            continue;
-        }
-        const Vec2 sample = (polygons[i][0] + polygons[i][1]) * 0.5;
-        for (std::size_t j = 0; j < polygons.size(); ++j) {
-            const bool candidate = j != i && Contains(boxes[j], boxes[i]) && !(boxes[j] == boxes[i] && j > i);
-            if (candidate && Inside(sample, polygons[j])) {
-                ++depths[i];
-            }
-        }
-    }
-    return depths;
-}
-
-Path FilledBoundary(const drawing::HatchData& hatch, const Matrix2& plane)
-{
-    constexpr std::int32_t kOutermost = 1;
-    constexpr std::int32_t kWholeArea = 2;
-    std::vector<Path> paths;
-    std::vector<std::vector<Vec2>> polygons;
-    Path all;
-    const bool asWritten = hatch.style != kOutermost && hatch.style != kWholeArea;
-    for (const drawing::HatchPath& boundary : hatch.paths) {
-        Path path;
-        AppendHatchPath(path, boundary, plane);
-        if (path.Empty()) {
-            continue;
-        }
-        all.verbs.insert(all.verbs.end(), path.verbs.begin(), path.verbs.end());
-        all.points.insert(all.points.end(), path.points.begin(), path.points.end());
-        paths.push_back(std::move(path));
-    }
-    if (asWritten || paths.size() < 2) {
-        return all;
-    }
-    for (const Path& path : paths) {
-        polygons.push_back(PolygonsOf(path).front());
-    }
-    const std::vector<int> depths = NestingDepths(polygons);
-    const int deepest = hatch.style == kWholeArea ? 0 : 1;
-    Path chosen;
-    for (std::size_t i = 0; i < paths.size(); ++i) {
-        if (depths[i] <= deepest) {
-            chosen.verbs.insert(chosen.verbs.end(), paths[i].verbs.begin(), paths[i].verbs.end());
-            chosen.points.insert(chosen.points.end(), paths[i].points.begin(), paths[i].points.end());
-        }
-    }
-    return chosen;
 }
 
 } // namespace sm::render

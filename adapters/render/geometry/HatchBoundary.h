@@ -25,7 +25,12 @@ std::vector<std::vector<Vec2>> PolygonsOf(const Path& path);
 /// How many of the other polygons each one lies in. All 0 for more than 500 of them.
 std::vector<int> NestingDepths(const std::vector<std::vector<Vec2>>& polygons);
 
-/// The boundary that is filled, by the even-odd rule, as the hatch's island style says (DXF reference, group 75).
+/// The boundary that is filled, by the even-odd rule, as the hatch's island style says (DXF reference, group 75). Boxes
+/// of texts aren't part of it.
 Path FilledBoundary(const drawing::HatchData& hatch, const Matrix2& plane);
+
+/// What stays free of the hatch wherever it lies: boxes of texts (DXF reference, group 92), as clips by the even-odd
+/// rule that show all of `area` but them. Boxes that overlap stand in different clips. Empty without such boxes.
+std::vector<Path> ClipsRoundTexts(const drawing::HatchData& hatch, const Matrix2& plane, const Box2& area);
 
 } // namespace sm::render

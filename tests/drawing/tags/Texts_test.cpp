@@ -64,6 +64,14 @@ INSTANTIATE_TEST_SUITE_P(
                               "Gr\xC3\xB6\xC3\x9F"
                               "e 図",
                               "Größe 図"},
+                      TextRow{"Utf8OfAReleaseNobodyKnows", "AC1099", "ANSI_1251",
+                              "Gr\xC3\xB6\xC3\x9F"
+                              "e 図",
+                              "Größe 図"},
+                      TextRow{"CodePageOfAReleaseNobodyKnows", "AC1099", "ANSI_1252",
+                              "Gr\xF6\xDF"
+                              "e",
+                              "Größe"},
                       TextRow{"BytesThatAreNotUtf8", "AC1027", "ANSI_1252",
                               "Gr\xF6\xDF"
                               "e",

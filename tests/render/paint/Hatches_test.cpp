@@ -49,6 +49,15 @@ const Row kRows[] = {
      Hatch(3, kNest, "75 1 | 76 1"),
      {"fill 000000 evenodd m 0 0 l 30 0 l 30 30 l 0 30 h m 5 5 l 25 5 l 25 25 l 5 25 h"}},
     {"WholeAreaWithoutIslands", Hatch(3, kNest, "75 2 | 76 1"), {"fill 000000 evenodd box 0 0 30 30"}},
+    {"TextsStayFree", // the second box stands across the boundary and in an island of whole areas
+     Hatch(3, Square(0, 30, 1) + Square(5, 10, 8) + Square(20, 40, 8), "75 2 | 76 1"),
+     {"clip evenodd m -1 -1 l 31 -1 l 31 31 l -1 31 h m 5 5 l 10 5 l 10 10 l 5 10 h m 20 20 l 40 20 l 40 40 l 20 40 h",
+      "fill 000000 evenodd box 0 0 30 30", "pop"}},
+    {"TextsThatOverlap",
+     Hatch(3, Square(0, 30, 1) + Square(5, 10, 8) + Square(9, 15, 8), "75 0 | 76 1"),
+     {"clip evenodd m -1 -1 l 31 -1 l 31 31 l -1 31 h m 5 5 l 10 5 l 10 10 l 5 10 h",
+      "clip evenodd m -1 -1 l 31 -1 l 31 31 l -1 31 h m 9 9 l 15 9 l 15 15 l 9 15 h",
+      "fill 000000 evenodd box 0 0 30 30", "pop", "pop"}},
     {"EdgesAgainstTheDirection", // the second edge runs backwards
      Hatch(1,
            "92 1 | 93 3 | 72 1 | 10 0 | 20 0 | 11 10 | 21 0 | 72 1 | 10 10 | 20 10 | 11 10 | 21 0 | 72 1 | 10 10 | 20 "

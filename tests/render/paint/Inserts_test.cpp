@@ -72,6 +72,15 @@ const Row kRows[] = {
     {"DimensionByItsBlock",
      "0 DIMENSION | 8 0 | 62 3 | 2 *D1 | 10 0 | 20 0 | 70 0",
      {"stroke 00FF00 0.25 m 1 2 l 3 4"}},
+    {"DimensionsShowTheirBlockAtItsOffset",
+     "0 DIMENSION | 8 0 | 62 3 | 2 *D1 | 10 0 | 20 0 | 12 10 | 22 -1 | 70 0",
+     {"stroke 00FF00 0.25 m 11 1 l 13 3"}},
+    {"OffsetsOfDimensionsSeenFromBelow",
+     "0 DIMENSION | 8 0 | 62 3 | 2 *D1 | 10 0 | 20 0 | 12 -10 | 22 5 | 70 0 | 210 0 | 220 0 | 230 -1",
+     {"stroke 00FF00 0.25 m 11 7 l 13 9"}},
+    {"DefinitionsOfNoBlockShowTheirTag",
+     "0 ATTDEF | 8 0 | 10 20 | 20 30 | 40 2 | 1 value | 3 p | 2 ROOM_NO | 70 1",
+     {"text 000000 [2 0 0 2 20 30] ROOM_NO"}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Entities, InsertsTest, testing::ValuesIn(kRows),

@@ -35,7 +35,9 @@ std::int32_t WriteCommon(Object& object)
     }
     for (int i = 0; i < 3 && object.Since(Release::R2007); ++i)
         data.B();
-    (void)object.RD2();
+    const Vec2 offset = object.RD2();
+    if (offset.x != 0 || offset.y != 0)
+        sink.Point(12, Vec3{offset.x, offset.y, 0});
     object.WriteName(3, object.H());
     object.WriteName(2, object.H());
     return ((flags & kDefaultPlace) == 0 ? kUserPlace : 0) | ((flags & kOwnBlock) != 0 ? kBlockIsOwn : 0);

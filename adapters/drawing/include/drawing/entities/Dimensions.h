@@ -21,7 +21,7 @@ struct LeaderData : Entity {
 };
 void Read(const Drawing&, const EntityRecord&, LeaderData&);
 
-/// DIMENSION and its relatives. `textMidpoint` and `arcPoint` are in the OCS, the others in the WCS.
+/// DIMENSION and its relatives. `textMidpoint`, `blockOffset` and `arcPoint` are in the OCS, the others in the WCS.
 struct DimensionData : Entity {
     enum class Form : std::uint8_t { Rotated, Aligned, Angular, Diameter, Radius, ThreePoint, Ordinate, Arc, Jogged };
     std::uint32_t block = kNoBlock; ///< the anonymous block that holds its picture
@@ -30,6 +30,7 @@ struct DimensionData : Entity {
     Form form = Form::Rotated;
     Vec3 definitionPoint;                                               ///< 10
     Vec3 textMidpoint;                                                  ///< 11
+    Vec3 blockOffset;                                                   ///< 12: how far its picture stands off
     Vec3 first, second, third;                                          ///< 13, 14, 15
     Vec3 arcPoint;                                                      ///< 16
     std::string text;                                                   ///< empty or "<>": the measurement; " ": none

@@ -20,7 +20,7 @@ struct HatchEdge {
     std::vector<Vec2> fitPoints;
 };
 struct HatchPath {
-    std::int32_t flags = 0;           ///< 92: 1 external, 2 polyline, 16 outermost
+    std::int32_t flags = 0;           ///< 92: 1 external, 2 polyline, 8 box of a text, 16 outermost
     std::vector<PolyVertex> polyline; ///< when flag 2 is set
     bool closed = true;
     std::vector<HatchEdge> edges;

@@ -1,0 +1,57 @@
+"""Faults of plotting programs on dimensions, attributes, texts and fonts that few drawings hold: each row draws and looks."""
+import pdf_tools
+from content_rows import expect_texts
+from plot_rows import POINTS, sheet
+
+
+def moved_dimension(stand):
+    """A copied dimension shows its block where the copy stands."""
+    document = stand.new()
+    layout = sheet(document)
+    dimension = layout.add_linear_dim(base=(100, 130), p1=(100, 100), p2=(250, 100),
+                                      override={"dimtxt": 5, "dimdec": 0, "dimlfac": 1})
+    dimension.render()
+    dimension.dimension.dxf.insert = (40, 60)
+    word, = [word for word in pdf_tools.words(stand.convert(document, "--layout", "Sheet")) if word.text == "150"]
+    middle = ((word.left + word.right) / 2 / POINTS, word.bottom / POINTS)
+    assert abs(middle[0] - 215) < 2 and abs(middle[1] - 190) < 4, f"its text stands at {middle}"
+
+
+def loose_definition(stand):
+    """An attribute definition that no block holds shows its tag, not its value."""
+    document = stand.new()
+    sheet(document).add_attdef("ROOM_NO", (50, 50), text="PRESET", dxfattribs={"height": 5})
+    expect_texts(stand.convert(document, "--layout", "Sheet"), ["ROOM_NO"], ["PRESET"])
+
+
+def hatch_round_text(stand):
+    """The box of a text stays free of its hatch, wherever it lies."""
+    document = stand.new()
+    hatch = sheet(document).add_hatch(color=7, dxfattribs={"hatch_style": 2})
+    hatch.paths.add_polyline_path([(50, 50), (150, 50), (150, 150), (50, 150)], is_closed=True)
+    for left in (80, 140):  # the second one reaches over the edge
+        box = [(left, 80), (left + 30, 80), (left + 30, 100), (left, 100)]
+        hatch.paths.add_polyline_path(box, is_closed=True, flags=8)
+    picture = pdf_tools.Picture(stand.convert(document, "--layout", "Sheet"), dpi=72)
+
+    def ink(left, bottom, right, top):
+        return next(picture.dark_in(*(part * POINTS for part in (left, bottom, right, top))), None)
+    assert ink(55, 55, 75, 145), "no hatch"
+    for left, right in ((82, 108), (142, 168)):
+        assert not ink(left, 82, right, 98), f"ink in the box from {left} to {right}"
+
+
+def unknown_release(stand):
+    """A file of a release that nobody knows has its UTF-8 read as such."""
+    document = stand.new("R2010")
+    text = "Gr\u00f6\u00dfe \u041f\u043b\u0430\u043d"
+    sheet(document).add_text(text, dxfattribs={"insert": (50, 50), "height": 8, "style": "OpenSans"})
+    path = stand.save(document)
+    with open(path, encoding="utf-8") as file:
+        lines = file.read().replace("AC1024", "AC1099")
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(lines)
+    expect_texts(stand.convert_file(path, "--layout", "Sheet"), [text], ["\u00c3", "?"])
+
+
+ROWS = [moved_dimension, loose_definition, hatch_round_text, unknown_release]
