@@ -278,17 +278,21 @@ TEST_F(MTextTest, SetsTabsAndIndents)
         return xs;
     };
     EXPECT_EQ(starts("a^Ib", 0), (std::vector<double>{0, 40}));
-    EXPECT_EQ(starts("\\pt3,6;a\tb\tc", 0), (std::vector<double>{0, 30, 60}));
-    EXPECT_EQ(starts("\\pi-2,l3;aaa bbb ccc", 70), (std::vector<double>{10, 30}));
+    EXPECT_EQ(starts("\\pxt3,6;a\tb\tc", 0), (std::vector<double>{0, 30, 60}));
+    EXPECT_EQ(starts("\\pxi-2,l3;aaa bbb ccc", 70), (std::vector<double>{10, 30}));
     EXPECT_EQ(starts("\\pqr;H", 100), (std::vector<double>{89.503}));
     EXPECT_EQ(starts("\\pxqc;H", 100), (std::vector<double>{44.752}));
     EXPECT_EQ(starts("\\pxi-3,l4t4;H^IH HHHHHHHHHH", 100), (std::vector<double>{10, 40, 40}));
-    EXPECT_EQ(starts("\\pi3;a\\P\\pi*;b", 0), (std::vector<double>{30, 0}));
-    EXPECT_EQ(starts("\\ptr10;a\tH", 0), (std::vector<double>{0, 89.503}));
-    EXPECT_EQ(starts("\\ptc10;a\tH", 0), (std::vector<double>{0, 94.752}));
-    EXPECT_EQ(starts("\\pt2,d10;a\tb\tH.5", 0), (std::vector<double>{0, 20, 89.503}));
-    EXPECT_EQ(starts("\\pl5;a\\P\\pl0,i0;b", 0), (std::vector<double>{50, 0}));
-    EXPECT_EQ(starts("\\pl2,r3,qr;H", 100), (std::vector<double>{59.503}));
+    EXPECT_EQ(starts("\\pxi3;a\\P\\pi*;b", 0), (std::vector<double>{30, 0}));
+    EXPECT_EQ(starts("\\pxtr10;a\tH", 0), (std::vector<double>{0, 89.503}));
+    EXPECT_EQ(starts("\\pxtc10;a\tH", 0), (std::vector<double>{0, 94.752}));
+    EXPECT_EQ(starts("\\pxt2,d10;a\tb\tH.5", 0), (std::vector<double>{0, 20, 89.503}));
+    EXPECT_EQ(starts("\\pi31.5;H", 75), (std::vector<double>{31.5})); // drawing units
+    EXPECT_EQ(starts("\\pl20,t30;a\tb", 0), (std::vector<double>{20, 30}));
+    EXPECT_EQ(starts("\\pi-20,l20,t90;a\tb\tc", 0), (std::vector<double>{0, 20, 90})); // the indent is a stop
+    EXPECT_EQ(starts("\\pi-60,l60;a\tb", 0), (std::vector<double>{0, 60}));
+    EXPECT_EQ(starts("\\pxl5;a\\P\\pl0,i0;b", 0), (std::vector<double>{50, 0}));
+    EXPECT_EQ(starts("\\pxl2,r3,qr;H", 100), (std::vector<double>{59.503}));
 }
 
 TEST_F(MTextTest, JustifiedLinesFillTheWidth)

@@ -1,4 +1,5 @@
-// Reads the argument of MTEXT's paragraph code, "xi-3,l4,t4,c8,qc,sm1.5,b1".
+// Reads the argument of MTEXT's paragraph code, "xi-3,l4,t4,c8,qc,sm1.5,b1"; docs/fonts.md tells how its units were
+// found.
 #include "text/MTextParser.h"
 
 #include <algorithm>
@@ -13,7 +14,7 @@ namespace {
 class ParagraphReader {
 public:
     ParagraphReader(std::string_view text, double height, ParagraphStyle& style)
-        : m_text(text), m_height(height), m_style(style)
+        : m_text(text), m_height(height), m_unit(text.starts_with('x') ? height : 1), m_style(style)
     {
     }
 
@@ -32,10 +33,10 @@ public:
                 m_style.rightIndent = std::max(0.0, Length());
                 break;
             case 'b':
-                m_style.before = std::max(0.0, Length());
+                m_style.before = std::max(0.0, Heights());
                 break;
             case 'a':
-                m_style.after = std::max(0.0, Length());
+                m_style.after = std::max(0.0, Heights());
                 break;
             case 'q':
                 ReadAlign();
@@ -77,7 +78,8 @@ private:
         return value;
     }
 
-    double Length() { return Number().value_or(0) * m_height; }
+    double Length() { return Number().value_or(0) * m_unit; }
+    double Heights() { return Number().value_or(0) * m_height; }
 
     void ReadAlign()
     {
@@ -124,7 +126,7 @@ private:
                                  : letter == 'd' ? TabKind::Decimal
                                                  : TabKind::Left;
             if (*at > 0) {
-                m_style.tabs.push_back({*at * m_height, kind});
+                m_style.tabs.push_back({*at * m_unit, kind});
             }
             if (Peek() == ',') {
                 Take();
@@ -136,6 +138,7 @@ private:
 
     std::string_view m_text;
     double m_height;
+    double m_unit; ///< of indents and tab stops: text heights where the code begins with "x", else drawing units
     ParagraphStyle& m_style;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace sm::render {
 
@@ -86,9 +87,15 @@ double LineBreaker::WidthAfterTab(std::size_t token, std::size_t end, bool toPoi
 double LineBreaker::TabWidth(std::size_t token, std::size_t end, double x)
 {
     const ParagraphStyle& style = m_parsed->paragraphs[m_line.paragraph];
+    // Where the lines after the first one begin, the first one has a stop without being told.
+    const double near = x + 1e-9 * m_height;
+    const double hanging = style.leftIndent > near ? style.leftIndent : std::numeric_limits<double>::infinity();
     for (const TabStop& stop : style.tabs) {
-        if (stop.at <= x + 1e-9 * m_height) {
+        if (stop.at <= near) {
             continue;
+        }
+        if (hanging < stop.at) {
+            break;
         }
         const double room = stop.at - x;
         if (stop.kind == TabKind::Left) {
@@ -99,8 +106,7 @@ double LineBreaker::TabWidth(std::size_t token, std::size_t end, double x)
     }
     const double step = kTabStep * m_height;
     const double next = (std::floor(x / step + 1e-9) + 1) * step;
-    const bool hangs = x < style.leftIndent - 1e-9 * m_height && style.leftIndent < next;
-    return (hangs ? style.leftIndent : next) - x;
+    return (std::isfinite(hanging) ? hanging : next) - x;
 }
 
 /// The end of the tokens from `begin` on between which a line can't break.
