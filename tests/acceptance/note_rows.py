@@ -54,4 +54,44 @@ def unknown_release(stand):
     expect_texts(stand.convert_file(path, "--layout", "Sheet"), [text], ["\u00c3", "?"])
 
 
-ROWS = [moved_dimension, loose_definition, hatch_round_text, unknown_release]
+def report_names(stand):
+    """The report names styles as the drawing does, in every code page."""
+    for page, encoding, name in (("ANSI_1251", "cp1251", "\u0421\u0442\u0435\u043d\u044b"), ("ANSI_932", "cp932", "\u56f3\u9762")):
+        document = stand.new("R2000")
+        document.header["$DWGCODEPAGE"] = page
+        document.encoding = encoding
+        document.styles.add(name, font="nosuch.ttf")
+        sheet(document).add_text("A", dxfattribs={"insert": (50, 50), "height": 8, "style": name})
+        result = stand.run("convert", stand.save(document), "-o", stand.path("out.pdf"), "--layout", "Sheet")
+        assert f"(style {name})" in result.stderr, result.stderr
+
+
+def missing_characters(stand):
+    """Characters that no font has are told once a block and counted; --strict doesn't let them pass."""
+    document = stand.new("R2010")
+    layout = sheet(document)
+    for y in (50, 80):
+        text = layout.add_text("A\U000f0000\U000f0001", dxfattribs={"insert": (50, y), "height": 8, "style": "OpenSans"})
+        text.dxf.layer = "0"
+    path = stand.save(document)
+    for options, code in (([], 0), (["--strict"], 1)):
+        result = stand.run("convert", path, "-o", stand.path("out.pdf"), "--layout", "Sheet", *options)
+        assert result.returncode == code, f"exit {result.returncode} with {options}"
+        line = "note: no font has these characters, drawn as boxes: Private Use Area (4 times)"
+        assert result.stderr.count(line) == 1, result.stderr
+
+
+def hanging_indent(stand):
+    """The indent of a paragraph's later lines is a tab stop; indents are drawing units, with "x" text heights."""
+    document = stand.new()
+    layout = sheet(document)
+    for y, text, wanted in ((250, r"\pi-20,l20,t90;1.^Ifirst", 20), (200, r"\pxi-3,l3;2.^Isecond", 15), (150, r"\pi31.5;third", 31.5)):
+        layout.add_mtext(text, {"insert": (50, y), "char_height": 5, "width": 300, "style": "OpenSans"})
+        last = text[-5:].split("I")[-1]
+        words = pdf_tools.words(stand.convert(document, "--layout", "Sheet"))
+        at, = [word.left / POINTS - 50 for word in words if word.text.endswith(last)]
+        assert abs(at - wanted) < 0.6, f"{last} stands at {at:.2f}, not {wanted}"
+
+
+ROWS = [moved_dimension, loose_definition, hatch_round_text, unknown_release, report_names, missing_characters,
+        hanging_indent]

@@ -59,6 +59,15 @@ TEST_F(TextTest, CapitalsAreAsHighAsTheTextSays)
     }
 }
 
+TEST_F(TextTest, BigFontCharactersFillTheHeightFromTheBaseLine)
+{
+    const Box2 box = BoxOfGlyphs(engine->Lay(drawing, Text("国", kStroke)));
+    EXPECT_NEAR(box.min.y, 0, 0.01);
+    EXPECT_NEAR(box.max.y, 10, 0.01);
+    const Box2 outline = BoxOfGlyphs(engine->Lay(drawing, Text("国", kOutline)));
+    EXPECT_LT(outline.min.y, -0.5); // in a text of an outline font it stands as its font has it
+}
+
 TEST_F(TextTest, AlignmentPutsTheBoxAtThePoint)
 {
     struct Row {
@@ -263,6 +272,8 @@ TEST_F(TextTest, ACharacterThatNoFontHasIsABox)
     Path path;
     run.font->Outline(run.glyphs[0], path);
     EXPECT_EQ(path.points.size(), 5U);
+    EXPECT_TRUE(laid.glyphs[0].missing);
+    EXPECT_FALSE(engine->Lay(drawing, Text("a", kStroke)).glyphs[0].missing);
 }
 
 TEST_F(TextTest, JoinsArabicAndReadsItFromTheRight)
@@ -321,6 +332,22 @@ TEST_F(TextTest, ListsWhatStandsForWhat)
                   "romans.shx drawn with romans.lff (style Standard)",
                   "arial.ttf drawn with LiberationSans (style Arial, style Arial4, style Arial5 and 3 more)",
                   "Strange.shx drawn with standard.lff (style Odd)"}));
+}
+
+TEST_F(TextTest, NamesMayHaveUnderscoresForBlanks)
+{
+    const char* names[] = {"Century_Gothic.ttf", "Times_New_Roman", "gothicb.ttf", "No_Such_Font.ttf"};
+    drawing.styles.clear();
+    for (std::uint32_t i = 0; i < std::size(names); ++i) {
+        drawing.styles.emplace_back().name = std::string(1, static_cast<char>('A' + i));
+        drawing.styles.back().fontFile = names[i];
+        engine->Lay(drawing, Text("a", i));
+    }
+    EXPECT_EQ(engine->Substitutions(),
+              (std::vector<std::string>{"Century_Gothic.ttf drawn with URWGothic-Book (style A)",
+                                        "Times_New_Roman drawn with LiberationSerif (style B)",
+                                        "gothicb.ttf drawn with URWGothic-Demi (style C)",
+                                        "No_Such_Font.ttf drawn with DejaVuSans (style D)"}));
 }
 
 TEST_F(TextTest, WorksWithoutAnyTable)

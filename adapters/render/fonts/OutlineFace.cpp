@@ -56,6 +56,14 @@ public:
     double CapHeight() const override { return m_capHeight; }
     double Descent() const override { return std::abs(m_face->descender) / static_cast<double>(m_face->units_per_EM); }
 
+    InkSpan Ideographs() const override
+    {
+        if (m_ideographs.bottom == m_ideographs.top) {
+            m_ideographs = MeasuredIdeographs();
+        }
+        return m_ideographs;
+    }
+
     std::uint16_t Advance(std::uint32_t glyph) const override
     {
         const auto [found, isNew] = m_advances.try_emplace(glyph, 0);
@@ -132,6 +140,21 @@ private:
         return 0.716; // that of most sans serif fonts
     }
 
+    InkSpan MeasuredIdeographs() const
+    {
+        const double em = m_face->units_per_EM;
+        for (const char32_t c : {U'国', U'図', U'田', U'를'}) {
+            const std::uint32_t glyph = FT_Get_Char_Index(m_face, c);
+            if (glyph != 0 && FT_Load_Glyph(m_face, glyph, FT_LOAD_NO_SCALE) == 0 &&
+                m_face->glyph->metrics.height > 0) {
+                const auto& metrics = m_face->glyph->metrics;
+                const double top = static_cast<double>(metrics.horiBearingY) / em;
+                return {top - static_cast<double>(metrics.height) / em, top};
+            }
+        }
+        return {-0.12, 0.88}; // the square of most fonts
+    }
+
     void OpenShaper(const HarfBuzz& hb) const
     {
         if (m_shaper == nullptr) {
@@ -149,6 +172,7 @@ private:
     int m_index;
     std::string m_name;
     double m_capHeight = 0;
+    mutable InkSpan m_ideographs{0, 0};             ///< measured when it is asked for
     mutable std::array<std::uint32_t, 0x500> m_low; ///< glyphs of Latin, Greek and Cyrillic
     mutable std::unordered_map<std::uint32_t, std::uint16_t> m_advances;
     mutable hb_font_t* m_shaper = nullptr;

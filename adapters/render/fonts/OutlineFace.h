@@ -17,6 +17,11 @@ struct ShapedGlyph {
     Vec2 position;
 };
 
+/// How far ink reaches, in em from the base line.
+struct InkSpan {
+    double bottom = 0, top = 1;
+};
+
 class OutlineFace : public FontFace {
 public:
     /// The face in the file, or null when it isn't a scalable font. `index`: of a collection's fonts.
@@ -26,6 +31,8 @@ public:
     [[nodiscard]] virtual double CapHeight() const = 0;
     /// What hangs below the base line, in em, positive.
     [[nodiscard]] virtual double Descent() const = 0;
+    /// Of a Chinese character that fills its square.
+    [[nodiscard]] virtual InkSpan Ideographs() const = 0;
     /// 0 when the font has none.
     [[nodiscard]] virtual std::uint32_t GlyphOf(char32_t character) const = 0;
     /// Shapes a text of one script, in visual order; returns its advance in em. For what `IsComplex`.

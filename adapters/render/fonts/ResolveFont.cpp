@@ -2,11 +2,20 @@
 #include "fonts/FontLibrary.h"
 #include "fonts/FontNames.h"
 
+#include <algorithm>
+
 namespace sm::render {
 
 namespace {
 
 constexpr const char* kLastStroke = "standard.lff";
+
+/// Some programs write the blanks of a font's name so.
+std::string WithBlanks(std::string name)
+{
+    std::replace(name.begin(), name.end(), '_', ' ');
+    return name;
+}
 
 } // namespace
 
@@ -25,7 +34,8 @@ Font FontLibrary::Resolve(const Wish& wish)
     if (bare && (m_map.File(wish.file + ".ttf") != nullptr || m_folders.Named(wish.file + ".ttf") != nullptr)) {
         return ResolveOutline({wish.style, wish.file + ".ttf", wish.folder, wish.who}); // "Arial" without an ending
     }
-    if (bare && m_map.Family(wish.file, false, false) != nullptr) {
+    if (bare && (m_map.Family(wish.file, false, false) != nullptr ||
+                 m_map.Family(WithBlanks(wish.file), false, false) != nullptr)) {
         drawing::TextStyle style = wish.style;
         style.family = wish.file;
         return ResolveOutline({style, {}, wish.folder, wish.who});
@@ -127,7 +137,8 @@ FontLibrary::SizedFace FontLibrary::FaceFor(const Wish& wish, bool& exact)
 FontLibrary::SizedFace FontLibrary::FaceInstead(const Wish& wish)
 {
     const drawing::TextStyle& style = wish.style;
-    const std::string family = style.family.empty() ? StemOf(wish.file) : style.family;
+    std::string family = style.family.empty() ? StemOf(wish.file) : style.family;
+    family = m_map.Family(family, false, false) != nullptr ? family : WithBlanks(family);
     if (!style.family.empty() && (style.bold || style.italic)) {
         if (const SizedFace sized = FirstOf(m_map.Family(family, style.bold, style.italic)); sized.face != nullptr) {
             return sized;

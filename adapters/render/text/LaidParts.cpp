@@ -67,6 +67,7 @@ GlyphPart& LaidParts::AddGlyphs()
     GlyphPart& part = Take(m_result.glyphs, m_spareGlyphs);
     Clear(part.run);
     part.color.reset();
+    part.missing = false;
     return part;
 }
 

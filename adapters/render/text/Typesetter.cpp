@@ -23,6 +23,13 @@ Matrix2 ScaleOf(const TypeStyle& style, double unit, double wider, Vec2 origin)
     return {up * style.width * wider, 0, up * Shear(style), up, origin.x, origin.y};
 }
 
+/// Characters of a stroke font's big font fill the height of the text from its base line on; an outline font that
+/// stands for it has them in its square.
+bool SquareIn(const Font& font, const GlyphSource& source, char32_t c)
+{
+    return font.stroke != nullptr && source.face != nullptr && IsEastAsian(c);
+}
+
 double StrokeWidth(const TypeStyle& style)
 {
     return style.font != nullptr ? style.font->strokeWidth : 1;
@@ -61,12 +68,13 @@ double Typesetter::Run(const Job& job)
         const StrokeFont* strokes = source.face != nullptr         ? nullptr
                                     : source.strokeFont != nullptr ? source.strokeFont
                                                                    : &StrokeFont::Boxes();
+        const bool square = SquareIn(font, source, c);
         const bool goesOn = m_segment.open && m_segment.face == source.face && m_segment.strokes == strokes &&
-                            m_segment.complex == complex &&
+                            m_segment.complex == complex && m_segment.square == square &&
                             (!complex || !letter || m_segment.rightToLeft == IsRightToLeft(c));
         if (!goesOn) {
             x += EndSegment(job);
-            m_segment = {source.face, strokes, complex, complex && IsRightToLeft(c), true, x, from, from};
+            m_segment = {source.face, strokes, complex, complex && IsRightToLeft(c), square, true, x, from, from};
             m_advance = 0;
             m_glyphs.clear();
         }
@@ -97,9 +105,13 @@ double Typesetter::EndOutlines(const Job& job)
         m_advance = m_segment.face->Shape(text, m_segment.rightToLeft, m_glyphs);
     }
     const bool own = job.style.font != nullptr && job.style.font->face == m_segment.face;
-    const Matrix2 scale = ScaleOf(job.style, 1 / m_segment.face->CapHeight(), own ? job.style.font->faceWidth : 1,
-                                  {job.pen.x + m_segment.start, job.pen.y});
+    const InkSpan ink = m_segment.square ? m_segment.face->Ideographs() : InkSpan{0, m_segment.face->CapHeight()};
+    Matrix2 scale = ScaleOf(job.style, 1 / (ink.top - ink.bottom), own ? job.style.font->faceWidth : 1,
+                            {job.pen.x + m_segment.start, job.pen.y});
     if (job.shows) {
+        const Vec2 lift = scale.ApplyVector({0, -ink.bottom});
+        scale.e += lift.x;
+        scale.f += lift.y;
         AddPart(job, *m_segment.face, scale);
     }
     return m_advance * scale.a;
@@ -110,6 +122,7 @@ void Typesetter::AddPart(const Job& job, const FontFace& face, const Matrix2& sc
     GlyphPart& part = m_parts.AddGlyphs();
     part.color = job.style.color;
     part.run.font = &face;
+    part.missing = &face == &StrokeFont::Boxes();
     part.run.text = job.text.substr(m_segment.from, m_segment.to - m_segment.from);
     part.run.advance = m_advance;
     part.run.toPaper = scale;
@@ -183,9 +196,10 @@ double Typesetter::Depth(std::string_view text, const TypeStyle& style)
     double depth = 0;
     Path path;
     for (std::size_t at = 0; at < text.size();) {
-        const GlyphSource source = m_fonts.Find(font, base::NextCharacter(text, at));
+        const char32_t c = base::NextCharacter(text, at);
+        const GlyphSource source = m_fonts.Find(font, c);
         double lowest = 0;
-        if (source.face != nullptr) {
+        if (source.face != nullptr && !SquareIn(font, source, c)) {
             source.face->Outline(source.glyph, path);
             for (const Vec2 point : path.points) {
                 lowest = std::min(lowest, point.y / source.face->CapHeight());

@@ -43,6 +43,7 @@ private:
         const OutlineFace* face = nullptr; ///< null: strokes
         const StrokeFont* strokes = nullptr;
         bool complex = false, rightToLeft = false;
+        bool square = false; ///< outlines in place of a big font, see `SquareIn`
         bool open = false;
         double start = 0;             ///< drawing units from the pen
         std::size_t from = 0, to = 0; ///< bytes of the text

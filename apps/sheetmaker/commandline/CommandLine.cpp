@@ -100,7 +100,8 @@ void AddConvert(CLI::App& program, ConvertJob& job)
     command.add_option("--jobs", job.workers, "How many drawings at a time (default: one a processor)")
         ->type_name("N")
         ->check([](const std::string& text) { return WorkerCountError(text); });
-    command.add_flag("--strict", job.strict, "Count lost content of a damaged drawing as a failure");
+    command.add_flag("--strict", job.strict,
+                     "Count lost content of a damaged drawing as a failure, and characters that no font has");
     command
         .add_option_function<std::string>(
             "--report", [&job](const std::string&) { job.reportJson = true; },

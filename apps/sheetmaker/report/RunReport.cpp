@@ -1,6 +1,7 @@
 #include "report/RunReport.h"
 
 #include "commandline/ExitCodes.h"
+#include "render/TextLayout.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -31,6 +32,13 @@ std::string DamageLine(const Damage& damage)
     else if (damage.count > 1)
         line += fmt::format(" ({} times)", damage.count);
     return line;
+}
+
+/// What --strict doesn't let pass though nothing of the drawing was lost.
+bool IsUnfaithful(const DrawingReport& report)
+{
+    return std::any_of(report.remarks.begin(), report.remarks.end(),
+                       [](const std::string& remark) { return remark.starts_with(render::kMissingCharacters); });
 }
 
 } // namespace
@@ -73,6 +81,7 @@ int ExitCodeOf(const std::vector<DrawingReport>& reports, bool strict)
         usage = usage || report.exitCode == kExitUsage;
         failed = failed || report.exitCode == kExitFailed ||
                  (strict && (report.exitCode == kExitContentLost || report.notToScale));
+                 (strict && (report.exitCode == kExitContentLost || IsUnfaithful(report)));
         lost = lost || report.exitCode == kExitContentLost;
     }
     if (usage && reports.size() == 1)
