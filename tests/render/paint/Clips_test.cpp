@@ -71,6 +71,12 @@ const Row kRows[] = {
      Insert("10 50 | 20 50"),
      Filter(kRectangle, "71 0 | 72 0 | 73 0"),
      {"stroke 000000 0.25 m 50 50 l 60 50"}},
+    {"TurnedInsideOut", // the outer edge, a seam, and the hole
+     Insert("10 50 | 20 50"),
+     Filter("10 40 | 20 40 | 10 70 | 20 40 | 10 70 | 20 60 | 10 40 | 20 60 | 10 40 | 20 40 | 10 52 | 20 48 | 10 52 | "
+            "20 52 | 10 56 | 20 52 | 10 56 | 20 48 | 10 52 | 20 48"),
+     {"clip evenodd m 40 40 l 70 40 l 70 60 l 40 60 l 40 40 l 52 48 l 52 52 l 56 52 l 56 48 l 52 48 h",
+      "stroke 000000 0.25 m 50 50 l 60 50", "pop"}},
     {"FilterIsMissing", Insert("10 50 | 20 50"), "", {"stroke 000000 0.25 m 50 50 l 60 50"}},
     {"OffThePage", Insert("10 500 | 20 50"), Filter(kRectangle), {}},
 };
