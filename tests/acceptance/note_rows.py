@@ -1,6 +1,6 @@
 """Faults of plotting programs on dimensions, attributes, texts and fonts that few drawings hold: each row draws and looks."""
 import pdf_tools
-from content_rows import expect_texts
+from content_rows import expect_texts, texts
 from plot_rows import POINTS, sheet
 
 
@@ -93,5 +93,24 @@ def hanging_indent(stand):
         assert abs(at - wanted) < 0.6, f"{last} stands at {at:.2f}, not {wanted}"
 
 
+def right_to_left(stand):
+    """Hebrew and Arabic stand from right to left beside numbers and Latin, and are found as they were written."""
+    document = stand.new("R2010")
+    layout = sheet(document)
+    tag = "\u05d3\u05dc\u05ea"
+    hebrew, arabic = "\u05d7\u05d3\u05e8 12 \u05d0\u05d1", "\u0645\u0631\u062d\u0628\u0627 34"
+    layout.add_text(hebrew, dxfattribs={"insert": (50, 250), "height": 8, "style": "OpenSans"})
+    layout.add_mtext(arabic, {"insert": (50, 200), "char_height": 8, "style": "OpenSans"})
+    layout.add_attdef(tag, (50, 150), dxfattribs={"height": 8, "style": "OpenSans"})
+    pdf = stand.convert(document, "--layout", "Sheet")
+    found = texts(pdf).translate({code: None for code in (0x200e, 0x200f, 0x202a, 0x202b, 0x202c)})
+    for text in (hebrew, arabic, tag):
+        assert text in found, f"{text!r} is not in {found!r}"
+    places = {"".join(sorted(word.text)): word for word in pdf_tools.words(pdf)}  # these words come as they are seen
+    for line in (["\u05d0\u05d1", "12", "\u05d7\u05d3\u05e8"], ["34", "\u0645\u0631\u062d\u0628\u0627"]):
+        left = [places["".join(sorted(word))].left for word in line]
+        assert left == sorted(left), f"{line} begin at {left}"
+
+
 ROWS = [moved_dimension, loose_definition, hatch_round_text, unknown_release, report_names, missing_characters,
-        hanging_indent]
+        hanging_indent, right_to_left]

@@ -4,6 +4,7 @@
 #include "base/text/Utf8.h"
 #include "fonts/Unicode.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace sm::render {
@@ -52,11 +53,65 @@ double Typesetter::Set(std::string_view text, const TypeStyle& style, Vec2 pen)
 
 double Typesetter::Run(const Job& job)
 {
+    if (!RunsBothWays(job.text)) {
+        return RunPart(job, {0, job.text.size(), false}, 0);
+    }
+    return RunBothWays(job);
+}
+
+/// Parts stand as they are seen and come as they are read, so that the text is found.
+double Typesetter::RunBothWays(const Job& job)
+{
+    const Job measured{job.text, job.style, job.pen, false};
+    std::vector<std::pair<BidiRun, double>> placed; // each with its start
+    double x = 0;
+    const auto place = [&](const BidiRun& part) {
+        placed.emplace_back(part, x);
+        x = RunPart(measured, part, x);
+    };
+    for (const BidiRun& run : VisualRuns(job.text)) {
+        if (run.rightToLeft) {
+            const std::vector<BidiRun> parts = PartsOf(job, run);
+            std::for_each(parts.rbegin(), parts.rend(), place);
+        } else {
+            place(run);
+        }
+    }
+    std::sort(placed.begin(), placed.end(), [](const auto& a, const auto& b) { return a.first.from < b.first.from; });
+    for (const auto& [part, start] : placed) {
+        if (job.shows) {
+            RunPart(job, part, start);
+        }
+    }
+    return x;
+}
+
+/// A run from right to left by the fonts it takes: outlines of one font are shaped together, strokes stand alone.
+std::vector<BidiRun> Typesetter::PartsOf(const Job& job, const BidiRun& run)
+{
     static const Font kNone;
     const Font& font = job.style.font != nullptr ? *job.style.font : kNone;
-    double x = 0;
+    std::vector<BidiRun> parts;
+    const OutlineFace* last = nullptr;
+    for (std::size_t at = run.from; at < run.to;) {
+        const std::size_t from = at;
+        const OutlineFace* const face = m_fonts.Find(font, base::NextCharacter(job.text, at)).face;
+        if (parts.empty() || face == nullptr || face != last) {
+            parts.push_back({from, from, true});
+        }
+        parts.back().to = at;
+        last = face;
+    }
+    return parts;
+}
+
+/// Sets a part of the text from `x` on, and returns where it ends.
+double Typesetter::RunPart(const Job& job, const BidiRun& part, double x)
+{
+    static const Font kNone;
+    const Font& font = job.style.font != nullptr ? *job.style.font : kNone;
     m_segment = {};
-    for (std::size_t at = 0; at < job.text.size();) {
+    for (std::size_t at = part.from; at < part.to;) {
         const std::size_t from = at;
         const char32_t c = base::NextCharacter(job.text, at);
         if (c < 32 || (c >= 0x200B && c <= 0x200F) || c == 0xFEFF) {
@@ -64,17 +119,17 @@ double Typesetter::Run(const Job& job)
         }
         const GlyphSource source = m_fonts.Find(font, c);
         const bool letter = (c >= U'0' && c <= U'9') || (c >= U'A' && c <= U'z') || c >= 0xC0;
-        const bool complex = source.face != nullptr && (IsComplex(c) || (m_segment.complex && !letter));
+        const bool complex =
+            source.face != nullptr && (part.rightToLeft || IsComplex(c) || (m_segment.complex && !letter));
         const StrokeFont* strokes = source.face != nullptr         ? nullptr
                                     : source.strokeFont != nullptr ? source.strokeFont
                                                                    : &StrokeFont::Boxes();
         const bool square = SquareIn(font, source, c);
         const bool goesOn = m_segment.open && m_segment.face == source.face && m_segment.strokes == strokes &&
-                            m_segment.complex == complex && m_segment.square == square &&
-                            (!complex || !letter || m_segment.rightToLeft == IsRightToLeft(c));
+                            m_segment.complex == complex && m_segment.square == square;
         if (!goesOn) {
             x += EndSegment(job);
-            m_segment = {source.face, strokes, complex, complex && IsRightToLeft(c), square, true, x, from, from};
+            m_segment = {source.face, strokes, complex, part.rightToLeft, square, true, x, from, from};
             m_advance = 0;
             m_glyphs.clear();
         }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "fonts/FontLibrary.h"
+#include "text/BidiRuns.h"
 #include "text/LaidParts.h"
 
 #include <optional>
@@ -55,6 +56,9 @@ private:
         bool shows = false; ///< false: only measured
     };
     double Run(const Job& job);
+    double RunBothWays(const Job& job);
+    std::vector<BidiRun> PartsOf(const Job& job, const BidiRun& run);
+    double RunPart(const Job& job, const BidiRun& part, double x);
     double EndSegment(const Job& job);
     double EndOutlines(const Job& job);
     double EndStrokes(const Job& job);
