@@ -9,7 +9,7 @@ namespace sm::render {
 
 namespace {
 
-constexpr int kDeepestCopy = 4;        // characters made of others
+constexpr int kDeepestCopy = 4;    // characters made of others
 constexpr double kLargest = 10000; // coordinates beyond are damage
 
 std::string_view TakeLine(std::string_view& text)

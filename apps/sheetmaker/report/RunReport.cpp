@@ -80,8 +80,7 @@ int ExitCodeOf(const std::vector<DrawingReport>& reports, bool strict)
             return report.exitCode;
         usage = usage || report.exitCode == kExitUsage;
         failed = failed || report.exitCode == kExitFailed ||
-                 (strict && (report.exitCode == kExitContentLost || report.notToScale));
-                 (strict && (report.exitCode == kExitContentLost || IsUnfaithful(report)));
+                 (strict && (report.exitCode == kExitContentLost || report.notToScale || IsUnfaithful(report)));
         lost = lost || report.exitCode == kExitContentLost;
     }
     if (usage && reports.size() == 1)

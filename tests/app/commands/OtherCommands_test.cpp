@@ -81,7 +81,8 @@ TEST_F(Commands, DoctorNamesTheCommandThatMends)
           "MISSING   job options: none installed\n          -> install sheetmaker-pdf anew\n",
           "optional  PDF viewer: xdg-open is not installed (--open needs it)\n          -> sudo apt-get install "
           "xdg-utils\n",
-          "optional  DWG converter: the script to-dxf.mjs is missing (needed for DWG files older than R9 alone)\n          "
+          "optional  DWG converter: the script to-dxf.mjs is missing (needed for DWG files older than R9 alone)\n      "
+          "    "
           "-> "
           "install sheetmaker-pdf anew\n"})
         EXPECT_NE(text.find(line), std::string::npos) << line << "in\n" << text;
