@@ -71,9 +71,9 @@ public:
     }
 };
 
-class ScriptedView final : public IAcadView {
+class ScriptedNamedView final : public IAcadView {
 public:
-    ScriptedView(ScriptedHost& host, ViewFacts facts) : m_host(host), m_facts(std::move(facts)) {}
+    ScriptedNamedView(ScriptedHost& host, ViewFacts facts) : m_host(host), m_facts(std::move(facts)) {}
     std::string Name() override { return m_host.tape.Answer(Get("Name", m_facts.Name)); }
     AcadPoint Center() override { return Get("Center", m_facts.Center); }
     double Width() override { return Get("Width", m_facts.Width); }
@@ -115,7 +115,7 @@ public:
 private:
     std::shared_ptr<IAcadView> View(const ViewFacts& facts)
     {
-        return m_host.tape.Answer(std::shared_ptr<IAcadView>(std::make_shared<ScriptedView>(m_host, facts)));
+        return m_host.tape.Answer(std::shared_ptr<IAcadView>(std::make_shared<ScriptedNamedView>(m_host, facts)));
     }
 };
 
