@@ -19,6 +19,7 @@ import sys
 import tempfile
 
 DIGITS = "a DXF has 16 digits: a dot of a dense hatch and the widths of two ticks are rounded to the other side"
+SHORT = "the last piece of a curve, 0.1 point long, bends otherwise by 0.06 point: all fields that were read agree to 1e-9"
 OLD_COLORS = "an R2000 DWG holds the nearest index of a multileader's true colour; also: " + DIGITS
 OLD_PROXIES = "an R14 DXF has newer objects as proxies and no page setups, a DWG has all of them"
 ANY = 1_000_000
@@ -30,6 +31,12 @@ DIFFERENT = {
     ("sample_AC1024.dwg", "model"): (4, DIGITS),
     ("sample_AC1027.dwg", "model"): (4, DIGITS),
     ("sample_AC1032.dwg", "model"): (4, DIGITS),
+    ("example_2000.dwg", "model"): (4, SHORT),
+    ("example_2004.dwg", "model"): (4, SHORT),
+    ("example_2007.dwg", "model"): (4, SHORT),
+    ("example_2010.dwg", "model"): (4, SHORT),
+    ("example_2013.dwg", "model"): (4, SHORT),
+    ("example_2018.dwg", "model"): (4, SHORT),
     ("example_r14.dwg", "all"): (ANY, OLD_PROXIES),
     ("example_r14.dwg", "model"): (ANY, OLD_PROXIES),
     ("r14_Leader.dwg", "all"): (ANY, OLD_PROXIES),
