@@ -1,7 +1,7 @@
 // From the words of the command line to the exit code.
 #pragma once
 
-#include "run/Install.h"
+#include "machine/Install.h"
 
 #include "commandline/Jobs.h"
 

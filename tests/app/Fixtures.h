@@ -1,7 +1,7 @@
 // A machine of its own for one test: home, share folder, stand-ins for the tools.
 #pragma once
 
-#include "run/Install.h"
+#include "machine/Install.h"
 
 #include <cstdlib>
 #include <filesystem>

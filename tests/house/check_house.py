@@ -2,9 +2,10 @@
 """Proves the rules of the house: which folder may include what, headers that compile alone, no bare try in the plug-in,
 the operating system in its own rooms, file and function lengths, words that don't belong in the tree.
 
-    check_house.py RULE [--source DIR]      RULE: arrows headers policies lengths words platform settings format
+    check_house.py RULE [--source DIR]      RULE: arrows headers policies lengths folders words platform settings format
 """
 import argparse
+import collections
 import concurrent.futures
 import functools
 import glob
@@ -19,6 +20,7 @@ from sources import INCLUDE, files, read
 from systems import check_platform
 
 WORDS = re.compile(r"\bspecification\b|\bthe spec\b|\bparts? [1-6]\.[1-9]\b", re.I)
+FILES_IN_A_FOLDER = 25
 PATHS = re.compile(r"(^|[\s\"'=(])/(root|work)/|/tmp/[a-z]")  # of one machine
 WORDS_ALLOWED = re.compile(r"specific|format specification|XMP specification|PDF specification", re.I)
 
@@ -109,9 +111,18 @@ def check_words(source):
                 yield f"{name}:{number}: {line.strip()[:100]}"
 
 
+def check_folders(source):
+    """A folder that nobody can take in at a glance gets walls."""
+    counts = collections.Counter(os.path.dirname(name) for name in files(source, ["src", "adapters", "apps"], ("",)))
+    for folder, count in sorted(counts.items()):
+        if count > FILES_IN_A_FOLDER:
+            yield f"{folder}: {count} files, of at most {FILES_IN_A_FOLDER}"
+
+
 def main():
     rules = {"arrows": check_arrows, "headers": check_headers, "policies": check_policies, "lengths": check_lengths,
-             "words": check_words, "platform": check_platform, "settings": check_settings, "format": check_format}
+             "folders": check_folders, "words": check_words, "platform": check_platform, "settings": check_settings,
+             "format": check_format}
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("rule", choices=rules)
     parser.add_argument("--source", default=os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))

@@ -5,8 +5,8 @@
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
 #include "commands/Readiness.h"
+#include "machine/LogFiles.h"
 #include "render/TextLayout.h"
-#include "run/LogFiles.h"
 #include "workers/OutputPlan.h"
 #include "workers/WorkerPool.h"
 

@@ -4,7 +4,7 @@
 #include "base/files/Paths.h"
 #include "base/process/ChildProcess.h"
 #include "commandline/ExitCodes.h"
-#include "run/DwgSetup.h"
+#include "machine/DwgSetup.h"
 #include "workers/WindowsProgram.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 
 #include "cadhost/CadHost.h"
 #include "commandline/Jobs.h"
-#include "run/Install.h"
+#include "machine/Install.h"
 
 #include <iosfwd>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "commands/LogCommand.h"
 
 #include "commandline/ExitCodes.h"
-#include "run/LogFiles.h"
+#include "machine/LogFiles.h"
 
 #include <ostream>
 

@@ -1,7 +1,7 @@
 // "log": the last conversion's log.
 #pragma once
 
-#include "run/Install.h"
+#include "machine/Install.h"
 
 #include <iosfwd>
 

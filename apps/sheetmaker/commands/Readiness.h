@@ -1,7 +1,7 @@
 // What a conversion needs of its machine.
 #pragma once
 
-#include "run/Install.h"
+#include "machine/Install.h"
 
 #include <string>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "commandline/Jobs.h"
-#include "run/Install.h"
+#include "machine/Install.h"
 
 #include <iosfwd>
 

@@ -1,9 +1,9 @@
 // One drawing becomes one PDF: the surroundings are wired, the plug-in is called, the report is filled.
 #pragma once
 
+#include "machine/Install.h"
 #include "report/RunReport.h"
 #include "run/DrawingTask.h"
-#include "run/Install.h"
 #include "terminal/Console.h"
 
 namespace sm::app {

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "commandline/Jobs.h"
+#include "machine/Install.h"
 #include "run/DrawingRun.h"
-#include "run/Install.h"
 #include "run/SetLog.h"
 
 #include <vector>

@@ -3,7 +3,7 @@
 #include "commandline/ExitCodes.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
-#include "run/DwgSetup.h"
+#include "machine/DwgSetup.h"
 #include "run/LargeSheets.h"
 
 namespace sm::app {

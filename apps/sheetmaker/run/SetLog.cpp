@@ -1,8 +1,8 @@
 #include "run/SetLog.h"
 
 #include "base/process/ThisProcess.h"
-#include "run/Install.h"
-#include "run/LogFiles.h"
+#include "machine/Install.h"
+#include "machine/LogFiles.h"
 
 #include <fmt/format.h>
 #include <fstream>

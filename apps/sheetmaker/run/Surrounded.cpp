@@ -1,10 +1,10 @@
 #include "run/Surrounded.h"
 
 #include "base/files/Paths.h"
+#include "machine/InstallFiles.h"
 #include "plotting/JobOptions.h"
 #include "plugin/Attempt.h"
 #include "publisher/JobOptions.h"
-#include "run/InstallFiles.h"
 #include "settings/mdlDataKegIO.h"
 #include "settings/mdlWinReg.h"
 #include "system/DocumentOpener.h"

@@ -1,6 +1,7 @@
 // Everything the plug-in finds around it in one run of the command line.
 #pragma once
 
+#include "machine/Install.h"
 #include "plugin/CallContext.h"
 #include "ports/IFileSystem.h"
 #include "ports/IPubDoc.h"
@@ -8,7 +9,6 @@
 #include "publisher/Publisher.h"
 #include "report/SheetWatcher.h"
 #include "run/DrawingTask.h"
-#include "run/Install.h"
 #include "run/ScreenParts.h"
 #include "settings/SettingTable.h"
 #include "store/OverlayRegistry.h"

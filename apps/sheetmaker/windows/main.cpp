@@ -7,9 +7,9 @@
 #include "commandline/HelpTopic.h"
 #include "commands/PageSetupCommand.h"
 #include "commands/SettingsCommand.h"
+#include "machine/DwgSetup.h"
 #include "qt/DrawingWindow.h"
 #include "qt/Screen.h"
-#include "run/DwgSetup.h"
 #include "system/DocumentOpener.h"
 
 #include <csignal>

@@ -2,7 +2,7 @@
 // toolkit.
 #pragma once
 
-#include "run/Install.h"
+#include "machine/Install.h"
 
 #include <iosfwd>
 #include <string>

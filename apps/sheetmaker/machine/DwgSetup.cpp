@@ -1,7 +1,7 @@
-#include "run/DwgSetup.h"
+#include "machine/DwgSetup.h"
 
 #include "base/files/Paths.h"
-#include "run/UnderlayPages.h"
+#include "machine/UnderlayPages.h"
 #include "settings/mdlWinReg.h"
 
 #include <sstream>

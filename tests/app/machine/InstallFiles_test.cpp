@@ -1,4 +1,4 @@
-#include "run/InstallFiles.h"
+#include "machine/InstallFiles.h"
 
 #include <gtest/gtest.h>
 

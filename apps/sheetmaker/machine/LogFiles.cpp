@@ -1,8 +1,8 @@
-#include "run/LogFiles.h"
+#include "machine/LogFiles.h"
 
 #include "base/files/Paths.h"
 #include "base/process/ThisProcess.h"
-#include "run/Install.h"
+#include "machine/Install.h"
 
 #include <fmt/format.h>
 #include <fstream>

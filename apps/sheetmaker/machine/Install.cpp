@@ -1,4 +1,4 @@
-#include "run/Install.h"
+#include "machine/Install.h"
 
 #include "base/files/Paths.h"
 #include "base/process/ThisProcess.h"

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "cadhost/CadHost.h"
+#include "machine/Install.h"
 #include "ports/IRegistry.h"
-#include "run/Install.h"
 
 #include <string>
 

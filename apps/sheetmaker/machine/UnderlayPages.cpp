@@ -1,4 +1,4 @@
-#include "run/UnderlayPages.h"
+#include "machine/UnderlayPages.h"
 
 #include "ghostscript/PdfPages.h"
 
