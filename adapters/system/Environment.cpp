@@ -2,7 +2,6 @@
 
 #include "base/files/Paths.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <sstream>
 #include <unistd.h>
@@ -20,10 +19,7 @@ bool IsProgram(const std::string& path)
 
 Environment ProcessEnvironment()
 {
-    return [](const std::string& name) -> std::optional<std::string> {
-        const char* value = std::getenv(name.c_str());
-        return value ? std::optional<std::string>(value) : std::nullopt;
-    };
+    return base::Variable;
 }
 
 std::string FindProgram(const Environment& environment, const std::string& program)

@@ -1,31 +1,12 @@
 #include "system/Places.h"
 
 #include "base/files/Paths.h"
-
-#include <pwd.h>
-#include <unistd.h>
+#include "base/files/UserFolders.h"
 
 namespace sm::system {
 namespace {
 
 constexpr const char* kFolderName = "sheetmaker-pdf";
-
-std::filesystem::path HomeFolder(const Environment& environment)
-{
-    const std::string home = environment("HOME").value_or("");
-    if (home.starts_with('/'))
-        return base::ToPath(home);
-    const passwd* account = getpwuid(getuid());
-    return account && account->pw_dir && *account->pw_dir == '/' ? account->pw_dir : "/";
-}
-
-std::filesystem::path UserFolder(const Environment& environment, const char* variable, const char* belowHome)
-{
-    const std::string given = environment(variable).value_or("");
-    const std::filesystem::path base =
-        given.starts_with('/') ? base::ToPath(given) : HomeFolder(environment) / belowHome;
-    return base / kFolderName;
-}
 
 bool IsFolder(const std::filesystem::path& path)
 {
@@ -55,8 +36,8 @@ std::filesystem::path ShareFolder(const Environment& environment, const std::fil
 Places FindPlaces(const Environment& environment, const std::filesystem::path& executable,
                   const std::filesystem::path& fallbackShare)
 {
-    return {UserFolder(environment, "XDG_CONFIG_HOME", ".config"),
-            UserFolder(environment, "XDG_STATE_HOME", ".local/state"),
+    return {base::SettingsFolder(environment),
+            base::UserFolder(environment, "XDG_STATE_HOME", ".local/state") / kFolderName,
             ShareFolder(environment, executable, fallbackShare)};
 }
 

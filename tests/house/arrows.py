@@ -19,7 +19,7 @@ ROOMS = {
     "drawing": (("ports",), {
         "tags": (),
         "entities": ("tags",),
-        "graphics": ("tags", "entities"),
+        "graphics": ("tags", "entities", "dwg/bits"),
         "acis": ("tags", "entities"),
         "model": ("tags", "entities"),
         "tables": ("tags", "model"),

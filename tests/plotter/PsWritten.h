@@ -3,7 +3,9 @@
 
 #include "postscript/PsDocument.h"
 
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 
 namespace sm::plotter {
 
@@ -16,6 +18,22 @@ inline std::string Written(auto draw)
     std::string text;
     writer.Body().WriteTo([&](std::string_view piece) { text += piece; });
     return text;
+}
+
+/// The whole file of a page that holds what `draw` draws.
+inline std::string DocumentText(const PsDocument& document, auto draw)
+{
+    PsWriter writer(document.unitsPerInch, testing::TempDir());
+    draw(writer);
+    const std::string path = testing::TempDir() + "document.ps";
+    WriteDocument(document, writer, path);
+    std::ifstream file(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+inline std::string EmptyDocumentText(const PsDocument& document)
+{
+    return DocumentText(document, [](PsWriter&) {});
 }
 
 inline render::Path Line(double x0, double y0, double x1, double y1)

@@ -49,15 +49,15 @@ const char* ViewingOrientation(std::int32_t rotation)
 std::string LayerComments(const PsDocument& d)
 {
     constexpr const char* kSights[] = {"on", "off", "unplotted"};
-    constexpr const char* kDigits = "0123456789ABCDEF";
+    constexpr const char* kHexDigits = "0123456789ABCDEF";
     std::string out;
     for (const PsDocument::Layer& layer : d.layers) {
         out += "%SheetmakerLayer: " + std::to_string(layer.number) + " " +
                kSights[static_cast<std::size_t>(layer.sight)] + " <";
         for (const char c : layer.name) {
             const auto byte = static_cast<unsigned char>(c);
-            out += kDigits[byte >> 4];
-            out += kDigits[byte & 0xF];
+            out += kHexDigits[byte >> 4];
+            out += kHexDigits[byte & 0xF];
         }
         out += ">\n";
     }
@@ -102,17 +102,9 @@ std::string FontsAndPage(const PsDocument& d, const FontBook& fonts)
     return out + "q\n" + scale + " 0 0 " + scale + " 0 0 cm\n";
 }
 
+constexpr const char* kTail = "Q\n%%PageTrailer\nshowpage\n%%Trailer\n%%EOF\n";
+
 } // namespace
-
-std::string PsHead(const PsDocument& d, const FontBook& fonts)
-{
-    return Prolog(d, fonts, "2") + FontsAndPage(d, fonts);
-}
-
-std::string PsTail()
-{
-    return "Q\n%%PageTrailer\nshowpage\n%%Trailer\n%%EOF\n";
-}
 
 void WriteDocument(const PsDocument& document, PsWriter& writer, const std::string& path)
 {
@@ -125,7 +117,7 @@ void WriteDocument(const PsDocument& document, PsWriter& writer, const std::stri
     writer.Pictures().WriteTo(write);
     file.Write(FontsAndPage(document, writer.Fonts()));
     writer.Body().WriteTo(write);
-    file.Write(PsTail());
+    file.Write(kTail);
     file.Commit();
 }
 

@@ -24,11 +24,6 @@ struct PsDocument {
     std::vector<Layer> layers = {};
 };
 
-/// Everything before the page's operators, fonts included.
-std::string PsHead(const PsDocument& document, const FontBook& fonts);
-/// Everything after them.
-std::string PsTail();
-
 /// Writes the page to `path`: to a temporary beside it, then renamed. Throws std::system_error.
 void WriteDocument(const PsDocument& document, PsWriter& writer, const std::string& path);
 

@@ -2,9 +2,9 @@
 
 #include "base/files/FolderNames.h"
 #include "base/files/Paths.h"
+#include "base/files/UserFolders.h"
 #include "base/text/Names.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <fontconfig/fontconfig.h>
 #include <memory>
@@ -44,20 +44,13 @@ bool IsFontFile(const std::string& lowered)
     return false;
 }
 
-std::string Home(const char* below)
-{
-    const char* home = std::getenv("HOME");
-    return home != nullptr && *home == '/' ? std::string(home) + below : std::string();
-}
-
 using Files = std::map<std::string, std::string>;
 
-void ScanFolder(const std::string& folder, Files& files)
+void ScanFolder(const std::filesystem::path& folder, Files& files)
 {
     namespace fs = std::filesystem;
     std::error_code error;
-    fs::recursive_directory_iterator at(base::ToPath(folder), fs::directory_options::skip_permission_denied, error),
-        end;
+    fs::recursive_directory_iterator at(folder, fs::directory_options::skip_permission_denied, error), end;
     for (; !error && at != end; at.increment(error)) {
         if (at.depth() > 6) {
             at.disable_recursion_pending();
@@ -72,15 +65,12 @@ void ScanFolder(const std::string& folder, Files& files)
 /// The user's own folders first.
 Files ScanMachine()
 {
-    const char* data = std::getenv("XDG_DATA_HOME");
     Files files;
-    for (const std::string& folder :
-         {data != nullptr && *data == '/' ? std::string(data) + "/fonts" : Home("/.local/share/fonts"), Home("/.fonts"),
-          std::string("/usr/local/share/fonts"), std::string("/usr/share/fonts"),
-          std::string("/usr/share/librecad/fonts")}) {
-        if (!folder.empty()) {
-            ScanFolder(folder, files);
-        }
+    for (const std::filesystem::path& folder :
+         {base::UserFolder(base::Variable, "XDG_DATA_HOME", ".local/share") / "fonts",
+          base::HomeFolder(base::Variable) / ".fonts", base::ToPath("/usr/local/share/fonts"),
+          base::ToPath("/usr/share/fonts"), base::ToPath("/usr/share/librecad/fonts")}) {
+        ScanFolder(folder, files);
     }
     return files;
 }
@@ -92,13 +82,6 @@ const Files& MachineFiles()
 }
 
 } // namespace
-
-std::string UserDataFolder()
-{
-    const char* const config = std::getenv("XDG_CONFIG_HOME");
-    return config != nullptr && *config == '/' ? config + std::string("/sheetmaker-pdf")
-                                               : Home("/.config/sheetmaker-pdf");
-}
 
 void FontFolders::Prepare()
 {

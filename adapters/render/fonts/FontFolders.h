@@ -13,9 +13,6 @@ struct FontPlace {
     std::string path;
     int index = 0; ///< within a collection
 };
-
-/// Where this program keeps what is the user's ($XDG_CONFIG_HOME/sheetmaker-pdf); empty when nobody is at home.
-std::string UserDataFolder();
 /// The font folders in it.
 inline std::vector<std::string> UserFontFolders(const std::string& userFolder)
 {

@@ -1,5 +1,7 @@
 #include "fonts/ShapeLibrary.h"
 
+#include "base/files/Paths.h"
+#include "base/files/UserFolders.h"
 #include "fonts/FontNames.h"
 #include "shapes/CommonShapes.h"
 #include "shapes/ShapePen.h"
@@ -21,7 +23,7 @@ std::string ShapeFileName(const std::string& fontFile)
 } // namespace
 
 ShapeLibrary::ShapeLibrary(const drawing::Drawing& drawing)
-    : m_drawing(drawing), m_folders(UserFontFolders(UserDataFolder()))
+    : m_drawing(drawing), m_folders(UserFontFolders(base::ToText(base::SettingsFolder(base::Variable))))
 {
 }
 

@@ -1,3 +1,5 @@
+#include "base/files/Paths.h"
+#include "base/files/UserFolders.h"
 #include "drawing/entities/Texts.h"
 #include "text/LineLayout.h"
 #include "text/MTextLayout.h"
@@ -45,7 +47,7 @@ private:
 
 TextFolders TextFoldersOf(const std::string& shareFolder)
 {
-    return {shareFolder, UserDataFolder()};
+    return {shareFolder, base::ToText(base::SettingsFolder(base::Variable))};
 }
 
 void TextEngine::Prepare()

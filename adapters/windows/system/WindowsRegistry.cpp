@@ -1,3 +1,4 @@
+#include "ports/RegistryKeys.h"
 #include "windows/automation/WideText.h"
 #include "windows/system/WindowsSystem.h"
 
@@ -16,8 +17,8 @@ HKEY RootKey(RegistryRoot root)
 /// What the installer writes for the machine; who installs for one user alone may write it only there.
 bool IsInstallFact(RegistryRoot root, const std::string& path)
 {
-    constexpr const char* kProduct = "Software\\Tarnwick Software\\";
-    return root == RegistryRoot::LocalMachine && _strnicmp(path.c_str(), kProduct, std::strlen(kProduct)) == 0;
+    const std::string maker = std::string(kMakerKey) + "\\";
+    return root == RegistryRoot::LocalMachine && _strnicmp(path.c_str(), maker.c_str(), maker.size()) == 0;
 }
 
 RegistryKey FromHandle(HKEY handle)

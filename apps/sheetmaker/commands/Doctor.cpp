@@ -5,6 +5,7 @@
 #include "base/process/ChildProcess.h"
 #include "commandline/ExitCodes.h"
 #include "machine/DwgSetup.h"
+#include "ports/RegistryKeys.h"
 #include "workers/WindowsProgram.h"
 
 #include <algorithm>
@@ -106,7 +107,7 @@ Finding Settings(const Install& install)
     std::string trouble;
     const auto registry = OpenSettings(install, [&](const std::string& text) { trouble = text; });
     registry->OpenKey(RegistryRoot::CurrentUser, "Software");
-    registry->OpenKey(RegistryRoot::CurrentUser, "Software\\Tarnwick Software");
+    registry->OpenKey(RegistryRoot::CurrentUser, kMakerKey);
     if (!trouble.empty())
         return {State::Missing, "settings", trouble, "look at the file, or remove it"};
     return WritableFolder("settings", install.places.SettingsFile(), "give yourself the right to write there");

@@ -48,12 +48,12 @@ TEST(PsWriter, MarksWhatEachLayerShows)
 TEST(PsDocument, NamesItsLayersInTheHead)
 {
     PsDocument document{"T", "C", 10, 10, 254, 0};
-    EXPECT_EQ(PsHead(document, FontBook()).find("%SheetmakerLayer"), std::string::npos);
+    EXPECT_EQ(EmptyDocumentText(document).find("%SheetmakerLayer"), std::string::npos);
     using Sight = render::LayerSight;
     document.layers = {{0, "0", Sight::Plots}, {3, "W\xC3\xA4", Sight::Off}, {12, "", Sight::NotPlotted}};
-    EXPECT_NE(PsHead(document, FontBook())
-                  .find("%%EndComments\n%SheetmakerLayer: 0 on <30>\n%SheetmakerLayer: 3 off <57C3A4>\n"
-                        "%SheetmakerLayer: 12 unplotted <>\n%%BeginProlog\n"),
+    EXPECT_NE(EmptyDocumentText(document).find(
+                  "%%EndComments\n%SheetmakerLayer: 0 on <30>\n%SheetmakerLayer: 3 off <57C3A4>\n"
+                  "%SheetmakerLayer: 12 unplotted <>\n%%BeginProlog\n"),
               std::string::npos);
 }
 

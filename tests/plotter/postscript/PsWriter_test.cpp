@@ -243,7 +243,7 @@ TEST(PsDocument, FramesAPage)
                               297,
                               1200,
                               1};
-    EXPECT_EQ(PsHead(document, FontBook()), R"(%!PS-Adobe-3.0
+    EXPECT_EQ(EmptyDocumentText(document), R"(%!PS-Adobe-3.0
 %%Title: (Gr\303\266\303\237e \(1\))
 %%Creator: (Sheetmaker PDF)
 %%BoundingBox: 0 0 596 842
@@ -305,18 +305,26 @@ dup/Space get dup null eq{pop imagemask}{setcolorspace image}ifelse}bind def
 %%ViewingOrientation: 0 1 -1 0
 q
 0.06 0 0 0.06 0 0 cm
+Q
+%%PageTrailer
+showpage
+%%Trailer
+%%EOF
 )");
-    EXPECT_EQ(PsTail(), "Q\n%%PageTrailer\nshowpage\n%%Trailer\n%%EOF\n");
 }
 
 TEST(PsDocument, ListsItsFonts)
 {
-    FontBook book;
-    book.Invisible(500, "A");
-    book.Invisible(250, "\xD0\xB6");
-    const std::string head = PsHead({"t", "c", 10, 10, 600, 0}, book);
-    EXPECT_NE(head.find("%%DocumentSuppliedResources: procset SheetmakerPage 1.0 0\n%%+ font F1\n"), std::string::npos);
-    EXPECT_NE(head.find(R"(%%BeginResource: font F1
+    const std::string text = DocumentText({"t", "c", 10, 10, 600, 0}, [](PsWriter& w) {
+        TextRun run = RunOf(nullptr, "A\xD0\xB6");
+        run.positions = {{0, 0}, {0.5, 0}};
+        run.clusters = {0, 1};
+        run.advance = 0.75;
+        run.invisible = true;
+        w.Text(run);
+    });
+    EXPECT_NE(text.find("%%DocumentSuppliedResources: procset SheetmakerPage 1.0 0\n%%+ font F1\n"), std::string::npos);
+    EXPECT_NE(text.find(R"(%%BeginResource: font F1
 13 dict begin/FontType 3 def/FontName/F1 def/FontMatrix[1 0 0 1 0 0]def
 /FontBBox[0 -0.25 1 1]def
 /Encoding 256 array 0 1 255{1 index exch/.notdef put}for
@@ -336,7 +344,7 @@ FontName currentdict end definefont pop
 %%EndResource
 )"),
               std::string::npos);
-    EXPECT_NE(head.find("0.12 0 0 0.12 0 0 cm\n"), std::string::npos);
+    EXPECT_NE(text.find("0.12 0 0 0.12 0 0 cm\n"), std::string::npos);
 }
 
 TEST(PsDocument, LeavesNothingBehindWhenTheFolderIsMissing)

@@ -1,14 +1,14 @@
 // The environment variables that a run looks at.
 #pragma once
 
-#include <functional>
-#include <optional>
+#include "base/files/UserFolders.h"
+
 #include <string>
 
 namespace sm::system {
 
 /// Value of a variable; nothing when it isn't set.
-using Environment = std::function<std::optional<std::string>(const std::string& name)>;
+using Environment = base::VariableLookup;
 
 /// The process's own.
 Environment ProcessEnvironment();
