@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kMostXrefs = 100;
 constexpr std::uint64_t kMostXrefBytes = std::uint64_t{2} << 30;
-constexpr std::size_t kDeepest = 16;
+constexpr std::size_t kDeepestReference = 16;
 
 // Group 70 of BLOCK (DXF reference).
 constexpr std::int32_t kIsXref = 4, kIsOverlay = 8;
@@ -106,7 +106,7 @@ std::unique_ptr<References::Xref> References::OpenXref(const drawing::Block& blo
     for (const References* at = m_parts->host; at != nullptr; at = at->m_parts->host) {
         ++depth;
     }
-    if (IsOpenAbove(path) || depth >= kDeepest) {
+    if (IsOpenAbove(path) || depth >= kDeepestReference) {
         Report(ReferenceFinding::kLeftOut, name + "refers back to itself; it is shown once", false);
         return nullptr;
     }
