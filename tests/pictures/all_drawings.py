@@ -10,6 +10,7 @@ where that is known (NOT_DRAWN); one without a reason ends the run with exit cod
 themselves: look at the worst. Takes many minutes; needs python3-matplotlib besides what compare_pictures.py needs.
 """
 import collections
+import concurrent.futures
 import glob
 import json
 import os
@@ -23,7 +24,8 @@ import compare_pictures as pictures  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 DWG = os.path.join(HERE, "..", "..", "share", "sheetmaker-pdf", "dwg")
-DEADLINE = 60  # seconds for one drawing in ezdxf
+CACHE = os.path.join(os.environ.get("XDG_CACHE_HOME") or os.path.expanduser("~/.cache"), "sheetmaker-pdf", "dwg")
+DEADLINE = 300  # seconds for one drawing in ezdxf
 NO_PICTURE = "holds no picture of itself: "
 LOST_BODY = "the DWG converter loses its body: from R2013 on all of it, in R2007 records that others point to"
 NOT_DRAWN = {
@@ -60,30 +62,18 @@ def drawings_in(folder, pattern):
 
 
 def reference_dxf(drawing, folder):
-    """What ezdxf reads: the drawing itself, or the DXF of a DWG."""
+    """What ezdxf reads: the drawing itself, the DXF beside a DWG, or else the converter's DXF."""
     if drawing.lower().endswith(".dxf"):
         return drawing
+    for ending in (".dxf", "_ascii.dxf"):
+        if os.path.exists(drawing[:-4] + ending):
+            return drawing[:-4] + ending
     dxf = os.path.join(folder, "converted.dxf")
-    package = os.path.join(DWG, "node_modules", "@mlightcad", "libredwg-web")
+    package = next((path for path in (os.path.join(root, "node_modules", "@mlightcad", "libredwg-web") for root in (DWG, CACHE))
+                    if os.path.exists(path)), "")
     subprocess.run(["node", "--liftoff-only", os.path.join(DWG, "to-dxf.mjs"), package, drawing, dxf], check=True,
                    capture_output=True)
     return dxf
-
-
-def draw_references(dxf, names, folder):
-    """Pictures 0.png, 1.png, ... of those layouts; run in a process of its own, so that it can be stopped."""
-    document, _ = pictures.recover.readfile(dxf)
-    for index, name in enumerate(names):
-        layout = document.modelspace() if name == "" else document.layouts.get(name)
-        figure = pictures.pyplot.figure(figsize=(14, 14))
-        axes = figure.add_axes([0, 0, 1, 1])
-        paper = pictures.LayoutProperties.from_layout(layout)
-        paper.set_colors("#ffffff")
-        backend = pictures.MatplotlibBackend(axes)
-        pictures.Frontend(pictures.RenderContext(document), backend).draw_layout(layout, finalize=True,
-                                                                                  layout_properties=paper)
-        figure.savefig(os.path.join(folder, f"{index}.png"), dpi=150, facecolor="white")
-        pictures.pyplot.close(figure)
 
 
 def our_page(program, drawing, layout, folder):
@@ -122,8 +112,8 @@ class Survey:
     def references(self, drawing, layouts, folder):
         names = ["" if layout["model"] else layout["name"] for layout in layouts]
         try:
-            run = subprocess.run([sys.executable, os.path.abspath(__file__), "--references", reference_dxf(drawing, folder),
-                                  folder, json.dumps(names)], capture_output=True, text=True, timeout=DEADLINE)
+            run = subprocess.run([sys.executable, os.path.join(HERE, "reference.py"), reference_dxf(drawing, folder), folder,
+                                  json.dumps(names)], capture_output=True, text=True, timeout=DEADLINE)
         except (subprocess.SubprocessError, OSError) as error:
             return f"ezdxf: {type(error).__name__}"
         return "" if run.returncode == 0 else "ezdxf: " + (run.stderr.strip().splitlines() or ["?"])[-1]
@@ -162,15 +152,12 @@ class Survey:
 def main(program, folder, out, pattern="*"):
     os.makedirs(out, exist_ok=True)
     survey = Survey(os.path.abspath(program), out)
-    for drawing in drawings_in(folder, pattern):
-        survey.take(drawing)
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        list(pool.map(survey.take, drawings_in(folder, pattern)))
     return survey.tell()
 
 
 if __name__ == "__main__":
-    if len(sys.argv) == 5 and sys.argv[1] == "--references":
-        draw_references(sys.argv[2], json.loads(sys.argv[4]), sys.argv[3])
-        sys.exit(0)
     if len(sys.argv) not in (4, 5):
         sys.exit(__doc__)
     sys.exit(main(*sys.argv[1:]))
