@@ -112,5 +112,38 @@ def right_to_left(stand):
         assert left == sorted(left), f"{line} begin at {left}"
 
 
+def column_places(pdf):
+    """Where the words of a text begin: left edge and foot, millimetres, rounded."""
+    return {word.text: (round(word.left / POINTS), round(word.bottom / POINTS)) for word in pdf_tools.words(pdf)}
+
+
+def text_columns(stand):
+    """The columns of a text: static and by hand, in the embedded object, in extended data, and as texts of their own."""
+    words = ["one", "two", "three", "four"]
+    expected = {"one": (50, 195), "two": (50, 187), "three": (110, 195), "four": (110, 187)}
+    look = {"insert": (50, 200), "char_height": 5, "style": "OpenSans"}
+    data = [(1000, "ACAD_MTEXT_COLUMN_INFO_BEGIN"), (1070, 75), (1070, 2), (1070, 79), (1070, 0), (1070, 76), (1070, 2), (1070, 78),
+            (1070, 0), (1070, 48), (1040, 50.0), (1070, 49), (1040, 10.0), (1070, 50), (1070, 2), (1040, 16.0), (1040, 0.0),
+            (1000, "ACAD_MTEXT_COLUMN_INFO_END")]
+
+    def one_text(layout):
+        layout.add_mtext("\\P".join(words), {**look, "width": 110}).set_xdata("ACAD", data)
+
+    def static(layout):
+        layout.add_mtext_static_columns(["\\P".join(words[:2]), "\\P".join(words[2:])], width=50, gutter_width=10, height=16,
+                                        dxfattribs=look)
+
+    def by_hand(layout):
+        layout.add_mtext_dynamic_manual_height_columns("\\P".join(words), width=50, gutter_width=10, heights=[16, 0], dxfattribs=look)
+    for name, version, draw in (("extended data", "R2010", one_text), ("embedded, by hand", "R2018", by_hand),
+                                ("embedded, static", "R2018", static), ("texts of their own", "R2010", static)):
+        document = stand.new(version)
+        draw(sheet(document))
+        found = column_places(stand.convert(document, "--layout", "Sheet"))
+        assert set(found) == set(words), f"{name}: {found}"
+        far = {word: found[word] for word in words if max(abs(a - b) for a, b in zip(found[word], expected[word])) > 2}
+        assert not far, f"{name}: {far}"
+
+
 ROWS = [moved_dimension, loose_definition, hatch_round_text, unknown_release, report_names, missing_characters,
-        hanging_indent, right_to_left]
+        hanging_indent, right_to_left, text_columns]

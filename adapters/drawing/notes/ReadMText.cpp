@@ -1,5 +1,6 @@
 #include "drawing/entities/Texts.h"
 #include "entities/EntityTags.h"
+#include "notes/MTextColumns.h"
 
 namespace sm::drawing {
 
@@ -114,44 +115,6 @@ bool TakeMTextTag(const EntityTags& tags, MTextData& data)
     return true;
 }
 
-constexpr std::size_t kMostColumns = 1000;
-
-/// The embedded object of newer files holds the columns, with codes of its own.
-void TakeEmbeddedColumns(TagCursor tags, MTextData& data)
-{
-    while (tags.Next() && tags.Code() != 0 && tags.Code() < 1000) {
-        switch (tags.Code()) {
-        case 41:
-            data.definedHeight = tags.Real();
-            break;
-        case 44:
-            data.columnWidth = tags.Real();
-            break;
-        case 45:
-            data.columnGutter = tags.Real();
-            break;
-        case 46:
-            if (data.columnHeights.size() < kMostColumns)
-                data.columnHeights.push_back(tags.Real());
-            break;
-        case 71:
-            data.columnType = tags.Integer();
-            break;
-        case 72:
-            data.columnCount = tags.Integer();
-            break;
-        case 73:
-            data.columnAutoHeight = tags.Integer() != 0;
-            break;
-        case 74:
-            data.columnsReversed = tags.Integer() != 0;
-            break;
-        default:
-            break;
-        }
-    }
-}
-
 } // namespace
 
 void Read(const Drawing& drawing, const EntityRecord& record, MTextData& data)
@@ -161,7 +124,7 @@ void Read(const Drawing& drawing, const EntityRecord& record, MTextData& data)
     while (tags.Next()) {
         // Column heights (50 once more) follow the column properties.
         const bool columnHeight = tags.Code() == 50 && data.columnType != 0;
-        if (columnHeight && data.columnHeights.size() < kMostColumns)
+        if (columnHeight && data.columnHeights.size() < kMostTextColumns)
             data.columnHeights.push_back(tags.Real());
         if (columnHeight || tags.Take(10, data.insertion) || TakeMTextTag(tags, data))
             continue;
@@ -170,6 +133,8 @@ void Read(const Drawing& drawing, const EntityRecord& record, MTextData& data)
     }
     if (tags.Cursor().Code() == 101)
         TakeEmbeddedColumns(tags.Cursor(), data);
+    else if (tags.Cursor().Code() == 1001)
+        TakeExtendedColumns(tags.Cursor(), data);
     DecodeCarets(data.text);
 }
 

@@ -215,13 +215,18 @@ TEST(Entities, MultiLineAttributesCarryTheirOwnText)
     EXPECT_EQ(lines.insertion, (Vec3{3, 4, 0}));
 }
 
-TEST(Entities, MTextHasItsColumnsInAnEmbeddedObjectOrInItsOwnTags)
+TEST(Entities, MTextHasItsColumnsInAnEmbeddedObjectInItsOwnTagsOrInExtendedData)
 {
     const std::string own = "0\nMTEXT\n10\n1\n40\n2.5\n41\n80\n46\n90\n1\nwords\n";
     for (
         const std::string& columns :
         {"75\n2\n76\n3\n78\n1\n79\n0\n48\n30\n49\n4\n50\n20\n50\n0\n"s,
-         "101\nEmbedded Object\n70\n1\n10\n1\n11\n7\n40\n30\n41\n90\n71\n2\n72\n3\n44\n30\n45\n4\n73\n0\n74\n1\n46\n20\n46\n0\n"s}) {
+         "101\nEmbedded Object\n70\n1\n10\n1\n11\n7\n40\n30\n41\n90\n71\n2\n72\n3\n44\n30\n45\n4\n73\n0\n74\n1\n46\n20\n46\n0\n"s,
+         "1001\nOTHER\n1000\nACAD_MTEXT_COLUMN_INFO_BEGIN\n1070\n75\n1070\n1\n1001\nACAD\n1000\nACAD_MTEXT_COLUMN_INFO_"
+         "BEGIN\n"
+         "1070\n75\n1070\n2\n1070\n79\n1070\n0\n1070\n76\n1070\n3\n1070\n78\n1070\n1\n1070\n48\n1040\n30\n1070\n49\n104"
+         "0\n4\n"
+         "1070\n50\n1070\n2\n1040\n20\n1040\n0\n1000\nACAD_MTEXT_COLUMN_INFO_END\n"s}) {
         const auto text = ReadOnly<MTextData>(own + columns);
         EXPECT_EQ(text.text, "words");
         EXPECT_EQ(text.insertion.x, 1);
@@ -236,6 +241,19 @@ TEST(Entities, MTextHasItsColumnsInAnEmbeddedObjectOrInItsOwnTags)
         EXPECT_TRUE(text.columnsReversed);
         EXPECT_FALSE(text.columnAutoHeight);
     }
+}
+
+TEST(Entities, AnMTextWhoseColumnsAreTextsOfTheirOwnHoldsTheFirstOne)
+{
+    const auto text = ReadOnly<MTextData>(
+        "0\nMTEXT\n10\n1\n40\n2.5\n41\n80\n1\nwords\n1001\nACAD\n1000\nACAD_MTEXT_COLUMN_INFO_"
+        "BEGIN\n1070\n75\n1070\n1\n1070\n76\n"
+        "1070\n2\n1070\n48\n1040\n30\n1000\nACAD_MTEXT_COLUMN_INFO_END\n1000\nACAD_MTEXT_COLUMNS_"
+        "BEGIN\n1070\n47\n1070\n2\n1005\n"
+        "1B4\n1000\nACAD_MTEXT_COLUMNS_END\n1000\nACAD_MTEXT_DEFINED_HEIGHT_BEGIN\n1070\n46\n1040\n150\n");
+    EXPECT_EQ(text.columnType, 0);
+    EXPECT_EQ(text.width, 30);
+    EXPECT_EQ(text.definedHeight, 150);
 }
 
 TEST(Entities, MTextJoinsItsParts)
