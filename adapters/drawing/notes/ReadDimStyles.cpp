@@ -15,7 +15,7 @@ template <class Value> struct StyleField {
     Value DimStyle::*member;
 };
 
-constexpr std::array<StyleField<double>, 16> kReals{{{40, "$DIMSCALE", &DimStyle::scale},
+constexpr std::array<StyleField<double>, 18> kReals{{{40, "$DIMSCALE", &DimStyle::scale},
                                                      {41, "$DIMASZ", &DimStyle::arrowSize},
                                                      {42, "$DIMEXO", &DimStyle::extensionGap},
                                                      {44, "$DIMEXE", &DimStyle::extensionPast},
@@ -30,23 +30,45 @@ constexpr std::array<StyleField<double>, 16> kReals{{{40, "$DIMSCALE", &DimStyle
                                                      {145, "$DIMTVP", &DimStyle::textShift},
                                                      {146, "$DIMTFAC", &DimStyle::toleranceFactor},
                                                      {147, "$DIMGAP", &DimStyle::textGap},
+                                                     {143, "$DIMALTF", &DimStyle::alternateFactor},
+                                                     {148, "$DIMALTRND", &DimStyle::alternateRounding},
                                                      {49, "$DIMFXL", &DimStyle::fixedExtension}}};
 
-constexpr std::array<StyleField<std::int32_t>, 28> kIntegers{
-    {{71, "$DIMTOL", &DimStyle::tolerances},         {72, "$DIMLIM", &DimStyle::limits},
-     {73, "$DIMTIH", &DimStyle::textInsideLevel},    {74, "$DIMTOH", &DimStyle::textOutsideLevel},
-     {75, "$DIMSE1", &DimStyle::hideFirstExtension}, {76, "$DIMSE2", &DimStyle::hideSecondExtension},
-     {77, "$DIMTAD", &DimStyle::textAbove},          {78, "$DIMZIN", &DimStyle::zeros},
-     {79, "$DIMAZIN", &DimStyle::angleZeros},        {173, "$DIMSAH", &DimStyle::twoArrows},
-     {176, "$DIMCLRD", &DimStyle::dimensionColor},   {177, "$DIMCLRE", &DimStyle::extensionColor},
-     {178, "$DIMCLRT", &DimStyle::textColor},        {179, "$DIMADEC", &DimStyle::angleDecimals},
-     {271, "$DIMDEC", &DimStyle::decimals},          {272, "$DIMTDEC", &DimStyle::toleranceDecimals},
-     {275, "$DIMAUNIT", &DimStyle::angleUnit},       {276, "$DIMFRAC", &DimStyle::fraction},
-     {270, "$DIMUNIT", &DimStyle::lengthUnit},       {277, "$DIMLUNIT", &DimStyle::lengthUnit},
-     {278, "$DIMDSEP", &DimStyle::separator},        {280, "$DIMJUST", &DimStyle::textPlace},
-     {281, "$DIMSD1", &DimStyle::hideFirstHalf},     {282, "$DIMSD2", &DimStyle::hideSecondHalf},
-     {290, "$DIMFXLON", &DimStyle::extensionsFixed}, {371, "$DIMLWD", &DimStyle::dimensionWeight},
-     {372, "$DIMLWE", &DimStyle::extensionWeight},   {172, "$DIMTOFL", &DimStyle::lineBetween}}};
+constexpr std::array<StyleField<std::int32_t>, 35> kIntegers{{{71, "$DIMTOL", &DimStyle::tolerances},
+                                                              {72, "$DIMLIM", &DimStyle::limits},
+                                                              {170, "$DIMALT", &DimStyle::alternates},
+                                                              {171, "$DIMALTD", &DimStyle::alternateDecimals},
+                                                              {273, "$DIMALTU", &DimStyle::alternateUnit},
+                                                              {274, "$DIMALTTD", &DimStyle::alternateToleranceDecimals},
+                                                              {284, "$DIMTZIN", &DimStyle::toleranceZeros},
+                                                              {285, "$DIMALTZ", &DimStyle::alternateZeros},
+                                                              {286, "$DIMALTTZ", &DimStyle::alternateToleranceZeros},
+                                                              {73, "$DIMTIH", &DimStyle::textInsideLevel},
+                                                              {74, "$DIMTOH", &DimStyle::textOutsideLevel},
+                                                              {75, "$DIMSE1", &DimStyle::hideFirstExtension},
+                                                              {76, "$DIMSE2", &DimStyle::hideSecondExtension},
+                                                              {77, "$DIMTAD", &DimStyle::textAbove},
+                                                              {78, "$DIMZIN", &DimStyle::zeros},
+                                                              {79, "$DIMAZIN", &DimStyle::angleZeros},
+                                                              {173, "$DIMSAH", &DimStyle::twoArrows},
+                                                              {176, "$DIMCLRD", &DimStyle::dimensionColor},
+                                                              {177, "$DIMCLRE", &DimStyle::extensionColor},
+                                                              {178, "$DIMCLRT", &DimStyle::textColor},
+                                                              {179, "$DIMADEC", &DimStyle::angleDecimals},
+                                                              {271, "$DIMDEC", &DimStyle::decimals},
+                                                              {272, "$DIMTDEC", &DimStyle::toleranceDecimals},
+                                                              {275, "$DIMAUNIT", &DimStyle::angleUnit},
+                                                              {276, "$DIMFRAC", &DimStyle::fraction},
+                                                              {270, "$DIMUNIT", &DimStyle::lengthUnit},
+                                                              {277, "$DIMLUNIT", &DimStyle::lengthUnit},
+                                                              {278, "$DIMDSEP", &DimStyle::separator},
+                                                              {280, "$DIMJUST", &DimStyle::textPlace},
+                                                              {281, "$DIMSD1", &DimStyle::hideFirstHalf},
+                                                              {282, "$DIMSD2", &DimStyle::hideSecondHalf},
+                                                              {290, "$DIMFXLON", &DimStyle::extensionsFixed},
+                                                              {371, "$DIMLWD", &DimStyle::dimensionWeight},
+                                                              {372, "$DIMLWE", &DimStyle::extensionWeight},
+                                                              {172, "$DIMTOFL", &DimStyle::lineBetween}}};
 
 /// An arrow's block: by name in files up to R14, by handle later.
 struct ArrowField {
@@ -59,7 +81,7 @@ constexpr std::array<ArrowField, 4> kArrows{{{5, 342, "$DIMBLK", &DimStyle::arro
                                              {7, 344, "$DIMBLK2", &DimStyle::second},
                                              {-1, 341, "$DIMLDRBLK", &DimStyle::leaderArrow}}};
 
-constexpr int kForm = 3, kTextStyle = 340;
+constexpr int kForm = 3, kAlternateForm = 4, kTextStyle = 340;
 
 template <class List> auto* FieldOf(const List& list, int code)
 {
@@ -94,6 +116,8 @@ void TakeValue(const Drawing& drawing, int code, const TagCursor& value, DimStyl
         style.*integer->member = value.Integer();
     else if (code == kForm)
         style.form = source.text->Decode(value.Text());
+    else if (code == kAlternateForm)
+        style.alternateForm = source.text->Decode(value.Text());
     else if (code == kTextStyle)
         style.textStyle = source.StyleOfHandle(value.HandleValue());
     else
@@ -122,6 +146,7 @@ void ReadHeader(const Drawing& drawing, DimStyle& style)
     for (const ArrowField& field : kArrows)
         style.*field.member = ArrowHeadOf(drawing, drawing.HeaderText(field.variable, ""));
     style.form = drawing.HeaderText("$DIMPOST", "");
+    style.alternateForm = drawing.HeaderText("$DIMAPOST", "");
     style.textStyle = drawing.Tags().styles.FindUtf8(drawing.HeaderText("$DIMTXSTY", "")).value_or(0);
 }
 
@@ -152,9 +177,10 @@ void Bound(DimStyle& style)
 {
     style.scale = style.scale > 0 ? style.scale : 1;
     style.lengthFactor = style.lengthFactor == 0 ? 1 : style.lengthFactor;
-    for (std::int32_t DimStyle::*places : {&DimStyle::decimals, &DimStyle::toleranceDecimals, &DimStyle::angleDecimals})
-        style.*places = std::clamp(style.*places, -1, 8);
-    style.decimals = std::max(style.decimals, 0);
+    style.angleDecimals = std::clamp(style.angleDecimals, -1, 8);
+    for (std::int32_t DimStyle::*places : {&DimStyle::decimals, &DimStyle::toleranceDecimals,
+                                           &DimStyle::alternateDecimals, &DimStyle::alternateToleranceDecimals})
+        style.*places = std::clamp(style.*places, 0, 8);
 }
 
 } // namespace

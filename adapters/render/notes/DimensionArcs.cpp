@@ -194,7 +194,7 @@ void BuildRadial(DimensionParts& parts)
     const Vec2 fallback = on + out * (4 * parts.ArrowSize());
     const bool outside = Length(parts.GivenPlace(fallback) - center) > radius;
     const std::int32_t level = outside ? parts.Style().textOutsideLevel : parts.Style().textInsideLevel;
-    parts.SetText(LengthText(measured, parts.Style()), prefix, fallback, out, level != 0);
+    parts.SetText({measured}, prefix, fallback, out, level != 0);
     const Vec2 text = parts.TextAt();
     if (outside) {
         const bool atOther = diameter && Length(text - other) < Length(text - on);
@@ -226,8 +226,8 @@ void BuildAngular(DimensionParts& parts)
     const Vec2 at = sector.center + sector.At(middle) * sector.radius;
     const bool arc = data.form == Form::Arc;
     const double arcLength = Length(sector.firstEnd - sector.center) * sector.sweep;
-    parts.SetText(arc ? LengthText(arcLength, parts.Style()) : AngleText(sector.sweep / kTurn * 360, parts.Style()),
-                  arc ? "⌒" : "", at, Left(sector.At(middle)), parts.Style().textInsideLevel != 0);
+    parts.SetText(arc ? Measure{arcLength} : Measure{sector.sweep / kTurn * 360, true}, arc ? "⌒" : "", at,
+                  Left(sector.At(middle)), parts.Style().textInsideLevel != 0);
     AddRay(parts, sector, sector.start, sector.firstEnd, parts.Style().hideFirstExtension != 0);
     AddRay(parts, sector, sector.start + sector.sweep, sector.secondEnd, parts.Style().hideSecondExtension != 0);
     AddArcWithHeads(parts, sector);

@@ -78,7 +78,7 @@ void BuildLinear(DimensionParts& parts)
     const Vec2 middle = (a + b) * 0.5;
     const bool outside = std::abs(Dot(parts.GivenPlace(middle) - middle, along)) > Length(b - a) / 2;
     const std::int32_t level = outside ? parts.Style().textOutsideLevel : parts.Style().textInsideLevel;
-    parts.SetText(LengthText(measured, parts.Style()), "", middle, along, level != 0);
+    parts.SetText({measured}, "", middle, along, level != 0);
     const Vec2 side = Dot(b - second, way) + Dot(a - first, way) < 0 ? way * -1 : way;
     AddExtension(parts, first, a, side, parts.Style().hideFirstExtension != 0);
     AddExtension(parts, second, b, side, parts.Style().hideSecondExtension != 0);
@@ -101,7 +101,7 @@ void BuildOrdinate(DimensionParts& parts)
     const double size = parts.ArrowSize();
     const double measured = Dot(feature - origin, measuredAlong);
     const Vec2 textAt = end + out * (parts.Gap() + parts.Length(parts.Style().textHeight));
-    parts.SetText(LengthText(measured, parts.Style()), "", textAt, out, false);
+    parts.SetText({measured}, "", textAt, out, false);
     const Vec2 start = feature + out * parts.Length(parts.Style().extensionGap);
     const double shift = Dot(end - feature, measuredAlong);
     Path& path = parts.Picture().Add(parts.LinePen());

@@ -54,11 +54,11 @@ Vec2 DimensionParts::GivenPlace(Vec2 fallback) const
     return m_dimension.textMidpoint == Vec3{} ? fallback : Vec2{m_dimension.textMidpoint.x, m_dimension.textMidpoint.y};
 }
 
-void DimensionParts::SetText(const std::string& measured, const std::string& prefix, Vec2 at, Vec2 along, bool level)
+void DimensionParts::SetText(const Measure& measure, const std::string& prefix, Vec2 at, Vec2 along, bool level)
 {
     m_text = {};
     static_cast<drawing::Entity&>(m_text) = NotePen(m_style.textColor);
-    m_text.text = DimensionText(m_dimension.text, measured, prefix, m_style);
+    m_text.text = DimensionText(m_dimension.text, measure, prefix, m_style);
     m_hasText = !m_text.text.empty();
     m_text.style = m_style.textStyle;
     const auto& styles = m_tools.drawing.TextStyles();

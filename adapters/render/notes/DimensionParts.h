@@ -18,7 +18,7 @@ public:
     [[nodiscard]] Vec2 GivenPlace(Vec2 fallback) const;
     /// Places the text: `at` counts where the drawing gives no place (where the style has texts above lines, it is on
     /// the line below), `along` is the direction that the text follows unless it stays level.
-    void SetText(const std::string& measured, const std::string& prefix, Vec2 at, Vec2 along, bool level);
+    void SetText(const Measure& measure, const std::string& prefix, Vec2 at, Vec2 along, bool level);
     /// A part of the dimension line, without what the text covers.
     void AddDimensionLine(Vec2 from, Vec2 to);
     void AddExtensionLine(Vec2 from, Vec2 to);

@@ -1,9 +1,6 @@
 #include "notes/DimensionText.h"
 
-#include "base/Units.h"
-
-#include <array>
-#include <charconv>
+#include <algorithm>
 #include <cmath>
 
 namespace sm::render {
@@ -11,126 +8,6 @@ namespace sm::render {
 namespace {
 
 using drawing::DimStyle;
-
-constexpr double kInchesInFoot = 12;
-
-enum LengthUnit : std::int32_t { kScientific = 1, kEngineering = 3, kArchitectural = 4, kFractional = 5 };
-
-std::string Fixed(double value, std::int32_t decimals, std::chars_format format = std::chars_format::fixed)
-{
-    std::array<char, 400> digits{};
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value, format, decimals).ptr;
-    return {digits.data(), end};
-}
-
-/// DIMZIN and DIMAZIN on a number: leading zero away, trailing zeros away.
-std::string Trimmed(std::string number, bool noLeading, bool noTrailing)
-{
-    if (noTrailing && number.find('.') != std::string::npos) {
-        number.erase(number.find_last_not_of('0') + 1);
-        if (number.back() == '.') {
-            number.pop_back();
-        }
-    }
-    if (noLeading && number.starts_with("0.")) {
-        number.erase(0, 1);
-    }
-    return number;
-}
-
-std::string WithSeparator(std::string number, const DimStyle& style)
-{
-    const auto point = number.find('.');
-    if (point != std::string::npos && style.separator > ' ' && style.separator < 127) {
-        number[point] = static_cast<char>(style.separator);
-    }
-    return number;
-}
-
-constexpr std::int32_t kNoLeadingZero = 4, kNoTrailingZeros = 8;
-
-std::string Decimal(double value, std::int32_t decimals, std::int32_t zeros, const DimStyle& style)
-{
-    return WithSeparator(
-        Trimmed(Fixed(value, decimals), (zeros & kNoLeadingZero) != 0, (zeros & kNoTrailingZeros) != 0), style);
-}
-
-/// A whole number and a fraction in halves, quarters and so on.
-std::string Fractional(double value, const DimStyle& style)
-{
-    constexpr std::int32_t kFinest = 8; // 1/256
-    auto below = std::int64_t{1} << std::min(style.decimals, kFinest);
-    constexpr double kLargest = 1e12;
-    const auto parts = std::llround(std::min(value, kLargest) * static_cast<double>(below));
-    const std::int64_t whole = parts / below;
-    std::int64_t above = parts % below;
-    if (above == 0) {
-        return std::to_string(whole);
-    }
-    while (above % 2 == 0) {
-        above /= 2;
-        below /= 2;
-    }
-    constexpr std::array<const char*, 3> kBars{"/", "#", "/"};
-    const bool stacked = style.fraction == 0 || style.fraction == 1;
-    const std::string fraction =
-        std::to_string(above) + kBars[stacked ? static_cast<std::size_t>(style.fraction) : 2] + std::to_string(below);
-    const std::string shown = stacked ? "\\S" + fraction + ";" : fraction;
-    return whole == 0 ? shown : std::to_string(whole) + (stacked ? "" : " ") + shown;
-}
-
-/// Feet and inches; DIMZIN: 0 leaves out zero feet and zero inches, 1 neither, 2 zero inches, 3 zero feet.
-std::string FeetAndInches(double inches, const DimStyle& style, bool fractions)
-{
-    constexpr std::int32_t kMode = 3;
-    const std::int32_t mode = style.zeros & kMode;
-    const double step = fractions ? std::pow(0.5, std::min(style.decimals, 8)) : std::pow(0.1, style.decimals);
-    const double rounded = std::round(inches / step) * step;
-    const double feet = std::floor(rounded / kInchesInFoot);
-    const double rest = std::max(0.0, rounded - feet * kInchesInFoot);
-    const bool showFeet = feet > 0 || mode == 1 || mode == 2;
-    const bool showInches = rest >= step / 2 || mode == 1 || mode == 3 || !showFeet;
-    std::string text = showFeet ? Fixed(feet, 0) + "'" : "";
-    if (showInches) {
-        text += std::string(showFeet ? "-" : "") +
-                (fractions ? Fractional(rest, style) : Decimal(rest, style.decimals, style.zeros, style)) + "\"";
-    }
-    return text;
-}
-
-std::string DegreesMinutesSeconds(double degrees, std::int32_t decimals)
-{
-    constexpr double kSixty = 60;
-    const int shown = decimals >= 3 ? 3 : decimals >= 1 ? 2 : 1; // parts
-    const std::int32_t fine = std::max(0, decimals - 4);
-    const double unit = shown == 1 ? 1 : shown == 2 ? kSixty : kSixty * kSixty * std::pow(10.0, fine);
-    double whole = std::round(degrees * unit) / unit;
-    std::string text = Fixed(std::floor(whole + 1e-9), 0) + "%%d";
-    whole = (whole - std::floor(whole + 1e-9)) * kSixty;
-    if (shown == 2) {
-        return text + Fixed(std::abs(whole), 0) + "'";
-    }
-    if (shown == 3) {
-        const double minutes = std::floor(whole + 1e-9);
-        text += Fixed(minutes, 0) + "'" + Fixed(std::abs(whole - minutes) * kSixty, fine) + "\"";
-    }
-    return text;
-}
-
-/// The tolerance behind a measurement.
-std::string WithTolerance(const std::string& measured, const DimStyle& style)
-{
-    if (style.tolerances == 0 || (style.plus == 0 && style.minus == 0)) {
-        return measured;
-    }
-    const auto number = [&](double value) { return Decimal(std::abs(value), style.toleranceDecimals, 0, style); };
-    if (style.plus == style.minus) {
-        return measured + "%%p" + number(style.plus);
-    }
-    const auto sign = [](double value) { return value < 0 ? "-" : "+"; };
-    return measured + "{\\H" + Fixed(style.toleranceFactor, 3) + "x;\\S" + sign(style.plus) + number(style.plus) +
-           "^ " + sign(-style.minus) + number(style.minus) + ";}";
-}
 
 std::string Replaced(std::string text, const std::string& what, const std::string& with)
 {
@@ -140,51 +17,99 @@ std::string Replaced(std::string text, const std::string& what, const std::strin
     return text;
 }
 
+std::string NumberText(const Measure& measure, const DimStyle& style)
+{
+    return measure.isAngle ? AngleText(measure.value, style) : LengthText(measure.value, style);
+}
+
+std::string Stacked(const std::string& above, const std::string& below, const DimStyle& style)
+{
+    // Fractions inside would begin stacks of their own.
+    const auto plain = [](std::string text) { return Replaced(Replaced(std::move(text), "/", "\\/"), "#", "\\#"); };
+    return "{\\H" + FixedText(style.toleranceFactor, 3) + "x;\\S" + plain(above) + "^ " + plain(below) + ";}";
+}
+
+/// The largest over the smallest length or angle. Neither scale nor rounding counts for tolerances.
+std::string Limits(const Measure& measure, const DimStyle& style)
+{
+    DimStyle exact = style;
+    constexpr std::int32_t kInLine = 2;
+    exact.fraction = kInLine;
+    double value = measure.value;
+    if (!measure.isAngle) {
+        value = ShownLength(value, style);
+        exact.lengthFactor = 1;
+        exact.rounding = 0;
+    }
+    return Stacked(NumberText({value + style.plus, measure.isAngle}, exact),
+                   NumberText({std::max(0.0, value - style.minus), measure.isAngle}, exact), style);
+}
+
+std::string ToleranceNumber(double value, const Measure& measure, const DimStyle& style)
+{
+    DimStyle look = style;
+    look.decimals = look.angleDecimals = style.toleranceDecimals;
+    look.zeros = look.angleZeros = style.toleranceZeros;
+    look.lengthFactor = 1;
+    look.rounding = 0;
+    constexpr std::int32_t kInLine = 2;
+    look.fraction = kInLine;
+    return NumberText({std::abs(value), measure.isAngle}, look);
+}
+
+/// A measurement with its tolerance behind it, or its limits.
+std::string WithTolerance(const Measure& measure, const DimStyle& style)
+{
+    const bool given = style.plus != 0 || style.minus != 0;
+    if (style.limits != 0 && given) {
+        return Limits(measure, style);
+    }
+    const std::string measured = NumberText(measure, style);
+    if (style.tolerances == 0 || !given) {
+        return measured;
+    }
+    const auto number = [&](double value) { return ToleranceNumber(value, measure, style); };
+    if (style.plus == style.minus) {
+        return measured + "%%p" + number(style.plus);
+    }
+    const auto sign = [](double value) { return value < 0 ? "-" : "+"; };
+    return measured + Stacked(sign(style.plus) + number(style.plus), sign(-style.minus) + number(style.minus), style);
+}
+
+/// `form` with the text in the place of `mark`; a form without one is a suffix behind prefix and text.
+std::string Formed(const std::string& form, const std::string& mark, const std::string& prefix, const std::string& text)
+{
+    return form.find(mark) != std::string::npos ? Replaced(form, mark, text) : prefix + text + form;
+}
+
+/// The style as it stands for the second unit.
+DimStyle AlternateStyle(const DimStyle& style)
+{
+    constexpr std::int32_t kArchitecturalInLine = 6, kFractionalInLine = 7, kSystem = 8, kInLine = 2;
+    DimStyle other = style;
+    other.lengthFactor *= style.alternateFactor;
+    other.rounding = style.alternateRounding;
+    other.decimals = style.alternateDecimals;
+    other.zeros = style.alternateZeros;
+    other.toleranceDecimals = style.alternateToleranceDecimals;
+    other.toleranceZeros = style.alternateToleranceZeros;
+    other.plus *= style.alternateFactor;
+    other.minus *= style.alternateFactor;
+    const bool inLine = style.alternateUnit == kArchitecturalInLine || style.alternateUnit == kFractionalInLine;
+    other.lengthUnit = style.alternateUnit - (inLine ? 2 : style.alternateUnit == kSystem ? 2 : 0);
+    other.fraction = inLine ? kInLine : style.fraction == kInLine ? 0 : style.fraction;
+    return other;
+}
+
+/// The length in the second unit, in brackets.
+std::string AlternateText(const Measure& measure, const std::string& prefix, const DimStyle& style)
+{
+    return "[" + Formed(style.alternateForm, "[]", prefix, WithTolerance(measure, AlternateStyle(style))) + "]";
+}
+
 } // namespace
 
-std::string LengthText(double length, const DimStyle& style)
-{
-    double value = std::abs(length * style.lengthFactor);
-    if (style.rounding > 0) {
-        value = std::round(value / style.rounding) * style.rounding;
-    }
-    switch (style.lengthUnit) {
-    case kScientific: {
-        std::string text = WithSeparator(Fixed(value, style.decimals, std::chars_format::scientific), style);
-        return Replaced(std::move(text), "e", "E");
-    }
-    case kEngineering:
-        return FeetAndInches(value, style, false);
-    case kArchitectural:
-        return FeetAndInches(value, style, true);
-    case kFractional:
-        return Fractional(value, style);
-    default:
-        return Decimal(value, style.decimals, style.zeros, style);
-    }
-}
-
-std::string AngleText(double degrees, const DimStyle& style)
-{
-    const std::int32_t decimals = style.angleDecimals < 0 ? style.decimals : style.angleDecimals;
-    const bool noLeading = (style.angleZeros & 1) != 0, noTrailing = (style.angleZeros & 2) != 0;
-    const auto decimal = [&](double value) {
-        return WithSeparator(Trimmed(Fixed(value, decimals), noLeading, noTrailing), style);
-    };
-    constexpr double kGrads = 400.0 / 360;
-    switch (style.angleUnit) {
-    case 1:
-        return DegreesMinutesSeconds(degrees, decimals);
-    case 2:
-        return decimal(degrees * kGrads) + "g";
-    case 3:
-        return decimal(base::RadiansOf(degrees)) + "r";
-    default:
-        return decimal(degrees) + "%%d";
-    }
-}
-
-std::string DimensionText(const std::string& own, const std::string& measured, const std::string& prefix,
+std::string DimensionText(const std::string& own, const Measure& measure, const std::string& prefix,
                           const DimStyle& style)
 {
     if (!own.empty() && own.find_first_not_of(' ') == std::string::npos) {
@@ -192,14 +117,14 @@ std::string DimensionText(const std::string& own, const std::string& measured, c
     }
     // Some writers put the prefix in front of "<>" themselves.
     const bool twice = !prefix.empty() && own.find(prefix + "<>") != std::string::npos;
-    std::string text = WithTolerance(measured, style);
-    if (style.form.find("<>") != std::string::npos) {
-        text = Replaced(style.form, "<>", text);
-    } else {
-        text = (twice ? "" : prefix) + text + style.form;
+    std::string text = Formed(style.form, "<>", twice ? "" : prefix, WithTolerance(measure, style));
+    const bool alternates = !measure.isAngle && style.alternateFactor > 0;
+    const std::string other = alternates ? AlternateText(measure, prefix, style) : "";
+    if (alternates && style.alternates != 0 && own.find("[]") == std::string::npos) {
+        text += " " + other;
     }
-    text = own.empty() ? text : Replaced(own, "<>", text);
-    return Replaced(Replaced(std::move(text), "[]", ""), "\\X", "\\P");
+    text = own.empty() ? text : Replaced(Replaced(own, "[]", other), "<>", text);
+    return Replaced(std::move(text), "\\X", "\\P");
 }
 
 } // namespace sm::render

@@ -104,7 +104,8 @@ TEST_P(DimensionTextsTest, FillInTheMeasurement)
     style.tolerances = 1;
     style.toleranceDecimals = 1;
     style.toleranceFactor = 0.5;
-    EXPECT_EQ(DimensionText(GetParam().own, "12", "R", style), GetParam().text);
+    style.decimals = 0;
+    EXPECT_EQ(DimensionText(GetParam().own, {12}, "R", style), GetParam().text);
 }
 
 const TextRow kTexts[] = {
@@ -119,6 +120,151 @@ const TextRow kTexts[] = {
     {"UnevenTolerance", "", "", 0.3, 0.1, "R12{\\H0.500x;\\S+0.3^ -0.1;}"},
     {"BelowTheLine", "<>\\Xtyp.", "", 0, 0, "R12\\Ptyp."},
 };
+
+struct UnitRow {
+    const char* name;
+    Measure measure;
+    const char* own;
+    void (*change)(drawing::DimStyle& style);
+    const char* text;
+};
+
+class DimensionUnitsTest : public testing::TestWithParam<UnitRow> {};
+
+TEST_P(DimensionUnitsTest, ShowLimitsAndSecondUnits)
+{
+    drawing::DimStyle style;
+    style.decimals = 2;
+    GetParam().change(style);
+    EXPECT_EQ(DimensionText(GetParam().own, GetParam().measure, "", style), GetParam().text);
+}
+
+void InMillimetres(drawing::DimStyle& style)
+{
+    style.alternates = 1;
+    style.alternateDecimals = 1;
+}
+
+void WithLimits(drawing::DimStyle& style)
+{
+    style.limits = 1;
+    style.plus = 0.2;
+    style.minus = 0.1;
+}
+
+const UnitRow kUnits[] = {
+    {"SecondUnit", {2}, "", InMillimetres, "2.00 [50.8]"},
+    {"SecondUnitInAnOwnText", {2}, "about <> net", InMillimetres, "about 2.00 [50.8] net"},
+    {"SecondUnitWhereTheOwnTextWantsIt", {2}, "<> or [] net", InMillimetres, "2.00 or [50.8] net"},
+    {"SecondUnitOfAStyleWithoutOne", {2}, "<> or []", [](drawing::DimStyle&) {}, "2.00 or [50.80]"},
+    {"AnglesHaveNone", {45, true}, "", InMillimetres, "45%%d"},
+    {"SecondUnitWithSuffixes",
+     {2},
+     "",
+     [](drawing::DimStyle& style) {
+         InMillimetres(style);
+         style.form = "<>\"";
+         style.alternateForm = "mm";
+     },
+     "2.00\" [50.8mm]"},
+    {"SecondUnitBelow",
+     {2},
+     "",
+     [](drawing::DimStyle& style) {
+         InMillimetres(style);
+         style.form = "<>\\X";
+         style.alternateForm = "ca. []";
+     },
+     "2.00\\P [ca. 50.8]"},
+    {"SecondUnitRoundedWithoutZeros",
+     {2.02},
+     "",
+     [](drawing::DimStyle& style) {
+         InMillimetres(style);
+         style.alternateRounding = 0.5;
+         style.alternateZeros = 8;
+         style.alternateDecimals = 2;
+     },
+     "2.02 [51.5]"},
+    {"SecondUnitInFeetAndInches",
+     {610},
+     "",
+     [](drawing::DimStyle& style) {
+         style.alternates = 1;
+         style.alternateUnit = 6;
+         style.alternateFactor = 0.05;
+         style.alternateDecimals = 1;
+     },
+     "610.00 [2'-6 1/2\"]"},
+    {"BothWithTolerances",
+     {2},
+     "",
+     [](drawing::DimStyle& style) {
+         InMillimetres(style);
+         style.tolerances = 1;
+         style.toleranceDecimals = 2;
+         style.alternateToleranceDecimals = 3;
+         style.plus = style.minus = 0.01;
+     },
+     "2.00%%p0.01 [50.8%%p0.254]"},
+    {"Limits", {12}, "", WithLimits, "{\\H1.000x;\\S12.20^ 11.90;}"},
+    {"LimitsAreNotScaled",
+     {12},
+     "",
+     [](drawing::DimStyle& style) {
+         WithLimits(style);
+         style.lengthFactor = 2;
+         style.toleranceFactor = 0.5;
+     },
+     "{\\H0.500x;\\S24.20^ 23.90;}"},
+    {"LimitsInBothUnits",
+     {1},
+     "",
+     [](drawing::DimStyle& style) {
+         WithLimits(style);
+         InMillimetres(style);
+     },
+     "{\\H1.000x;\\S1.20^ 0.90;} [{\\H1.000x;\\S30.5^ 22.9;}]"},
+    {"LimitsOfAnAngle",
+     {45, true},
+     "",
+     [](drawing::DimStyle& style) {
+         WithLimits(style);
+         style.angleDecimals = 1;
+     },
+     "{\\H1.000x;\\S45.2%%d^ 44.9%%d;}"},
+    {"LimitsAsFractions",
+     {3.5},
+     "",
+     [](drawing::DimStyle& style) {
+         WithLimits(style);
+         style.lengthUnit = 5;
+         style.plus = style.minus = 0.25;
+     },
+     "{\\H1.000x;\\S3 3\\/4^ 3 1\\/4;}"},
+    {"ToleranceOfAnAngle",
+     {45, true},
+     "",
+     [](drawing::DimStyle& style) {
+         style.tolerances = 1;
+         style.plus = style.minus = 0.5;
+         style.toleranceDecimals = 1;
+     },
+     "45%%d%%p0.5%%d"},
+    {"ToleranceWithoutZeros",
+     {4},
+     "",
+     [](drawing::DimStyle& style) {
+         style.tolerances = 1;
+         style.plus = style.minus = 0.5;
+         style.toleranceDecimals = 3;
+         style.toleranceZeros = 12;
+     },
+     "4.00%%p.5"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Units, DimensionUnitsTest, testing::ValuesIn(kUnits),
+                         [](const auto& row) { return std::string(row.param.name); });
 
 INSTANTIATE_TEST_SUITE_P(Texts, DimensionTextsTest, testing::ValuesIn(kTexts),
                          [](const auto& row) { return std::string(row.param.name); });
