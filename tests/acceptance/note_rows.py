@@ -145,5 +145,111 @@ def text_columns(stand):
         assert not far, f"{name}: {far}"
 
 
+def dimension_units(stand):
+    """A dimension without a picture shows its length in a second unit, its tolerance or its limits."""
+    for change, expected in (({"dimalt": 1, "dimaltf": 0.04, "dimaltd": 2}, ["150.0", "[6.00]"]),
+                             ({"dimtol": 1, "dimtp": 0.5, "dimtm": 0.5, "dimtdec": 1}, ["150.0\u00b10.5"]),
+                             ({"dimlim": 1, "dimtp": 0.5, "dimtm": 0.2}, ["150.5", "149.8"]),
+                             ({"dimtol": 1, "dimtp": 0.5, "dimtm": 0.2, "dimtdec": 1, "dimtfac": 0.6}, ["150.0", "+0.5", "-0.2"])):
+        document = stand.new()
+        look = {"dimtxt": 5, "dimdec": 1, "dimlfac": 1, "dimpost": "<>", "dimrnd": 0, "dimzin": 0, "dimtad": 1, "dimtxsty": "OpenSans"}
+        dimension = sheet(document).add_linear_dim(base=(100, 130), p1=(100, 100), p2=(250, 100), override={**look, **change})
+        dimension.commit()
+        words = pdf_tools.words(stand.convert(document, "--layout", "Sheet"))
+        assert sorted(word.text for word in words) == sorted(expected), f"{change}: {[word.text for word in words]}"
+        if "dimlim" in change:
+            upper, lower = sorted(words, key=lambda word: -word.bottom)
+            assert upper.text == "150.5" and lower.text == "149.8", "the limits stand the wrong way round"
+            assert abs(upper.left - lower.left) < 5 * POINTS, "the limits don't stand above each other"
+
+
+SCALES = """  0
+SCALE
+  5
+FFE{n}
+330
+0
+100
+AcDbScale
+ 70
+0
+300
+1:{n}
+140
+1.0
+141
+{n}.0
+290
+0
+"""
+CONTEXT = """  0
+ACDB_TEXTOBJECTCONTEXTDATA_CLASS
+  5
+FFF1
+330
+0
+100
+AcDbObjectContextData
+ 70
+4
+290
+1
+100
+AcDbAnnotScaleObjectContextData
+340
+FFE2
+ 70
+0
+ 50
+0.0
+ 10
+20.0
+ 20
+20.0
+ 11
+0.0
+ 21
+0.0
+"""
+
+
+def annotative_drawing(stand, everything):
+    """A text for 1:2 alone, seen by viewports of 1:2 and 1:5; the path of the file."""
+    document = stand.new()
+    layout = sheet(document)
+    document.modelspace().add_text("plain", dxfattribs={"insert": (20, 40), "height": 8, "style": "OpenSans"})
+    text = document.modelspace().add_text("scaled", dxfattribs={"insert": (20, 20), "height": 8, "style": "OpenSans"})
+    manager = text.new_extension_dict().dictionary.add_new_dict("AcDbContextDataManager")
+    manager.add_new_dict("ACDB_ANNOTATIONSCALES")["*A1"] = "FFF1"
+    for left, scale in ((60, "FFE2"), (160, "FFE5")):
+        viewport = layout.add_viewport(center=(left, 150), size=(90, 60), view_center_point=(50, 30), view_height=100)
+        record = viewport.new_extension_dict().dictionary.add_xrecord("ASDK_XREC_ANNOTATION_SCALE_INFO")
+        record.reset([(90, 1), (340, scale)])
+    if everything is not None:
+        variables = document.rootdict.get_required_dict("AcDbVariableDictionary")
+        variables.set_or_add_dict_var("ANNOALLVISIBLE", everything)
+    path = stand.save(document)
+    with open(path, encoding="utf-8") as file:
+        head, objects = file.read().split("OBJECTS\n", 1)
+    added = "".join(SCALES.format(n=n) for n in (2, 5)) + CONTEXT
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(head + "OBJECTS\n" + objects.replace("  0\nENDSEC\n", added + "  0\nENDSEC\n", 1))
+    return path
+
+
+def annotative_texts(stand):
+    """An annotative text shows in viewports of its scales alone, and that is told, unless the drawing shows all."""
+    told = "note: an annotative object left out of a viewport whose scale it doesn't have"
+    for everything, count, tells in ((None, 1, True), ("0", 1, False), ("1", 2, False)):
+        path = annotative_drawing(stand, everything)
+        result = stand.run("convert", path, "-o", stand.path("out.pdf"), "--layout", "Sheet")
+        assert result.returncode == 0 and (told in result.stderr) == tells, result.stderr
+        words = pdf_tools.words(stand.path("out.pdf"))
+        found = {name: sorted(round(word.left / POINTS) for word in words if word.text == name) for name in ("plain", "scaled")}
+        assert len(found["plain"]) == 2 and len(found["scaled"]) == count, f"{everything}: {found}"
+        assert found["scaled"][0] < 110, f"{everything}: it stands in the wrong viewport: {found}"
+
+
 ROWS = [moved_dimension, loose_definition, hatch_round_text, unknown_release, report_names, missing_characters,
-        hanging_indent, right_to_left, text_columns]
+        hanging_indent, right_to_left, text_columns, dimension_units,
+        annotative_texts]

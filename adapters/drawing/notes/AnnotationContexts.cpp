@@ -80,7 +80,7 @@ std::vector<Context> ContextsOf(const Drawing::Source& source, const EntityRecor
     ForEachObjectTag(source, *scales, [&](const TagCursor& entry) {
         const bool value = entry.Code() == 350 || entry.Code() == 360;
         const NamedSlice* const object = value ? source.FindObject(entry.HandleValue()) : nullptr;
-        if (object != nullptr && object->name.ends_with("OBJECTCONTEXTDATA_CLASS"))
+        if (object != nullptr && object->name.ends_with("CONTEXTDATA_CLASS"))
             ForEachObjectTag(source, *object,
                              [&, &context = contexts.emplace_back()](const TagCursor& tag) { TakeTag(tag, context); });
     });
@@ -144,6 +144,19 @@ Handle AnnotationScaleOf(const Drawing& drawing, const EntityRecord& viewport)
         ForEachObjectTag(source, *object,
                          [&](const TagCursor& tag) { scale = tag.Code() == 340 ? tag.HandleValue() : scale; });
     return scale;
+}
+
+bool SupportsScale(const Drawing& drawing, const EntityRecord& record, Handle scale)
+{
+    const Drawing::Source& source = drawing.Tags();
+    const std::vector<Context> contexts = ContextsOf(source, record);
+    const auto named = [&](const Context& context) { return context.scale == scale; };
+    if (contexts.empty() || std::any_of(contexts.begin(), contexts.end(), named))
+        return true;
+    // Drawings that were put into one another bring scales of the same ratio along.
+    const double units = UnitsOf(source, scale);
+    return std::any_of(contexts.begin(), contexts.end(),
+                       [&](const Context& context) { return units > 0 && UnitsOf(source, context.scale) == units; });
 }
 
 void AdaptTo(const Drawing& drawing, const EntityRecord& record, Handle scale, TextData& text)

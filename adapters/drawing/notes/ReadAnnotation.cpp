@@ -5,13 +5,13 @@ namespace sm::drawing {
 
 namespace {
 
-/// The dictionary of variables; null when there is none.
-const NamedSlice* VariablesOf(const Drawing::Source& source)
+/// The dictionary of variables that holds this one; null when there is none.
+const NamedSlice* VariablesWith(const Drawing::Source& source, std::string_view name)
 {
     if (source.objectList == nullptr)
         return nullptr;
     for (const NamedSlice& object : *source.objectList)
-        if (object.name == "DICTIONARY" && EntryIn(source, object, "CANNOSCALE") != 0)
+        if (object.name == "DICTIONARY" && EntryIn(source, object, name) != 0)
             return &object;
     return nullptr;
 }
@@ -26,34 +26,63 @@ std::string_view ValueOf(const Drawing::Source& source, Handle variable)
     return value;
 }
 
-/// SCALE: 300 its name, 140 paper units, 141 drawing units.
-double UnitsOf(const Drawing::Source& source, std::string_view scale)
+/// A variable of the drawing; empty when the file doesn't hold it.
+std::string_view VariableOf(const Drawing::Source& source, std::string_view name)
 {
+    const NamedSlice* const variables = VariablesWith(source, name);
+    return variables == nullptr ? std::string_view{} : ValueOf(source, EntryIn(source, *variables, name));
+}
+
+/// SCALE: 300 its name, 140 paper units, 141 drawing units.
+struct Scale {
+    Handle handle = 0;
+    double paper = 1, drawing = 1;
+};
+
+Scale FindScale(const Drawing::Source& source, std::string_view name)
+{
+    if (source.objectList == nullptr || name.empty())
+        return {};
     for (const NamedSlice& object : *source.objectList) {
         if (object.name != "SCALE")
             continue;
-        double paper = 1, drawing = 1;
+        Scale scale;
         bool wanted = false;
         ForEachObjectTag(source, object, [&](const TagCursor& tag) {
-            wanted = wanted || (tag.Code() == 300 && tag.Name() == scale);
-            paper = tag.Code() == 140 ? tag.Real() : paper;
-            drawing = tag.Code() == 141 ? tag.Real() : drawing;
+            wanted = wanted || (tag.Code() == 300 && tag.Name() == name);
+            scale.handle = tag.Code() == 5 ? tag.HandleValue() : scale.handle;
+            scale.paper = tag.Code() == 140 ? tag.Real() : scale.paper;
+            scale.drawing = tag.Code() == 141 ? tag.Real() : scale.drawing;
         });
         if (wanted)
-            return paper > 0 && drawing > 0 && std::isfinite(drawing / paper) ? drawing / paper : 1;
+            return scale;
     }
-    return 1;
+    return {};
 }
 
 } // namespace
 
+Handle ModelAnnotationScale(const Drawing& drawing)
+{
+    const Drawing::Source& source = drawing.Tags();
+    return source.HasContextData() ? FindScale(source, VariableOf(source, "CANNOSCALE")).handle : 0;
+}
+
+std::optional<bool> ShowsAllAnnotations(const Drawing& drawing)
+{
+    const std::string_view value = VariableOf(drawing.Tags(), "ANNOALLVISIBLE");
+    return value.empty() ? std::nullopt : std::optional(value != "0");
+}
+
 double ModelLinetypeUnit(const Drawing& drawing)
 {
     const Drawing::Source& source = drawing.Tags();
-    const NamedSlice* const variables = VariablesOf(source);
-    if (variables == nullptr || ValueOf(source, EntryIn(source, *variables, "MSLTSCALE")) != "1")
+    const std::string_view name = VariableOf(source, "CANNOSCALE");
+    if (name.empty() || VariableOf(source, "MSLTSCALE") != "1")
         return 1;
-    return UnitsOf(source, ValueOf(source, EntryIn(source, *variables, "CANNOSCALE")));
+    const Scale scale = FindScale(source, name);
+    const double unit = scale.drawing / scale.paper;
+    return scale.paper > 0 && scale.drawing > 0 && std::isfinite(unit) ? unit : 1;
 }
 
 } // namespace sm::drawing

@@ -37,7 +37,7 @@ void Drawing::Source::IndexObjects() const
     constexpr int kHandle = 5, kEntity = 320;
     for (const NamedSlice& object : *objectList) {
         const bool data = IsDataRecord(object);
-        m_hasContexts = m_hasContexts || object.name.ends_with("OBJECTCONTEXTDATA_CLASS");
+        m_hasContexts = m_hasContexts || object.name.ends_with("CONTEXTDATA_CLASS");
         m_hasFilters = m_hasFilters || object.name == "SPATIAL_FILTER";
         if (const Handle handle = OwnHandle(*this, object, data ? kEntity : kHandle); handle != 0)
             (data ? m_dataRecords : m_objects)[handle].push_back(object);

@@ -41,7 +41,7 @@ constexpr std::array<std::string_view, 24> kReadObjects{"DICTIONARY",
 /// How an annotative entity looks at one of its scales: one kind of object for each kind of entity.
 bool IsContextData(std::string_view name)
 {
-    return name.ends_with("OBJECTCONTEXTDATA_CLASS");
+    return name.ends_with("CONTEXTDATA_CLASS");
 }
 
 template <class List> bool Contains(const List& list, std::string_view name)

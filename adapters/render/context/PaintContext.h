@@ -45,6 +45,8 @@ struct PaintContext {
     LayerStates ownLayers;
     const LayerStates* layers;           ///< as the viewport at hand shows them
     drawing::Handle annotationScale = 0; ///< of the viewport at hand; 0: entities keep their own form
+    /// Whether annotative entities without that scale are left out, and whether that is told.
+    enum class OtherScales : std::uint8_t { Shown, LeftOut, LeftOutAndTold } otherScales = OtherScales::Shown;
     XrefMarks xref;
 
     // The entity at hand.

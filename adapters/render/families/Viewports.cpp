@@ -1,5 +1,6 @@
 #include "drawing/entities/Viewports.h"
 #include "context/Strokes.h"
+#include "drawing/Annotation.h"
 #include "drawing/EntityKinds.h"
 #include "drawing/entities/AnnotationContexts.h"
 #include "families/Families.h"
@@ -31,6 +32,15 @@ Matrix2 ViewToPaper(const drawing::ViewportData& viewport)
             scale,
             viewport.center.x - viewport.viewCenter.x * scale,
             viewport.center.y - viewport.viewCenter.y * scale};
+}
+
+using OtherScales = PaintContext::OtherScales;
+
+/// Where a file doesn't tell whether its viewports show all annotative objects, they show those of their scale.
+OtherScales OtherScalesOf(const drawing::Drawing& drawing)
+{
+    const std::optional<bool> all = drawing::ShowsAllAnnotations(drawing);
+    return !all ? OtherScales::LeftOutAndTold : *all ? OtherScales::Shown : OtherScales::LeftOut;
 }
 
 class Viewports final : public EntityPainter {
@@ -157,6 +167,7 @@ Outcome Viewports::PaintModel(std::uint32_t block, const drawing::EntityRecord& 
                              viewport.handle);
     m_context.layers = &layers;
     m_context.annotationScale = drawing::AnnotationScaleOf(m_drawing, record);
+    m_context.otherScales = m_context.annotationScale != 0 ? OtherScalesOf(m_drawing) : OtherScales::Shown;
     Outcome best = Outcome::NotReached;
     {
         const Ink::ClipGuard guard(m_ink, clip, FillRule::NonZero);
@@ -165,6 +176,7 @@ Outcome Viewports::PaintModel(std::uint32_t block, const drawing::EntityRecord& 
     }
     m_context.layers = &m_context.ownLayers;
     m_context.annotationScale = 0;
+    m_context.otherScales = OtherScales::Shown;
     return best == Outcome::Drawn ? Outcome::Drawn : Outcome::OffPage;
 }
 

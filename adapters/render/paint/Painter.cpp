@@ -1,5 +1,7 @@
 #include "paint/Painter.h"
 
+#include "drawing/Annotation.h"
+#include "drawing/entities/AnnotationContexts.h"
 #include "families/Families.h"
 #include "paint/PathCatcher.h"
 #include "paint/XrefLayers.h"
@@ -41,9 +43,25 @@ Outcome Painter::Dispatch(const drawing::EntityRecord& record, const Frame& fram
     return &painter == &graphics ? outcome : std::max(outcome, graphics.Paint(record, frame));
 }
 
+bool Painter::LacksScale(const drawing::EntityRecord& record)
+{
+    using OtherScales = PaintContext::OtherScales;
+    if (m_context.otherScales == OtherScales::Shown || m_context.annotationScale == 0 ||
+        SupportsScale(m_context.drawing, record, m_context.annotationScale)) {
+        return false;
+    }
+    if (m_context.otherScales == OtherScales::LeftOutAndTold) {
+        m_context.Remark("an annotative object left out of a viewport whose scale it doesn't have");
+    }
+    return true;
+}
+
 Outcome Painter::PaintPart(const drawing::EntityRecord& record, const Frame& frame)
 {
     try {
+        if (LacksScale(record)) {
+            return Outcome::Hidden;
+        }
         return Dispatch(record, frame);
     } catch (...) { // one entity that can't be drawn never ends the drawing
         m_context.ink.End();
@@ -73,6 +91,14 @@ Outcome Painter::PaintAll(std::uint32_t block, const Frame& frame)
         best = std::max(best, PaintEntity(record, frame));
     }
     return best;
+}
+
+void Painter::ShowModelScale()
+{
+    m_context.annotationScale = drawing::ModelAnnotationScale(m_context.drawing);
+    if (m_context.annotationScale != 0 && !drawing::ShowsAllAnnotations(m_context.drawing).value_or(true)) {
+        m_context.otherScales = PaintContext::OtherScales::LeftOut;
+    }
 }
 
 void Painter::PaintSpace(std::uint32_t block, const Frame& frame)

@@ -20,6 +20,8 @@ public:
             const PaintOptions& options, bool hideLayers = true);
     ~Painter() override;
 
+    /// Annotative entities look as at the model tab's own scale from here on.
+    void ShowModelScale();
     void PaintSpace(std::uint32_t block, const Frame& frame);
     Outcome PaintEntity(const drawing::EntityRecord& record, const Frame& frame);
     [[nodiscard]] Ink& Output() { return m_context.ink; }
@@ -30,6 +32,7 @@ private:
     Outcome PaintPart(const drawing::EntityRecord& record, const Frame& frame) override;
     bool CatchPath(const drawing::EntityRecord& record, const Frame& frame, Path& path) override;
 
+    bool LacksScale(const drawing::EntityRecord& record);
     Outcome Dispatch(const drawing::EntityRecord& record, const Frame& frame);
     [[nodiscard]] EntityPainter& PainterOf(drawing::EntityKind kind);
     bool TakeFromBudget(std::uint64_t entities);

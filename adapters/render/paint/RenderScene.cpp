@@ -64,6 +64,9 @@ void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderRe
     const double annotation = scene.paperSpace ? 1 : drawing::ModelLinetypeUnit(scene.drawing);
     frame.dashScale = annotation * LinetypeScale(scene.drawing) * scene.linetypeUnit * ScaleOf(scene.toPaper);
     Painter painter(scene.drawing, canvas, text, &report, scene.clip, options);
+    if (!scene.paperSpace) {
+        painter.ShowModelScale();
+    }
     if (scene.clip.Empty()) {
         painter.PaintSpace(scene.block, frame);
         return;

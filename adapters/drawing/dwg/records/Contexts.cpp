@@ -14,6 +14,12 @@ void WriteHead(Object& object)
 
 } // namespace
 
+/// Other kinds keep their one look: only their scale is read.
+void DecodeAnyContext(Object& object)
+{
+    WriteHead(object);
+}
+
 void DecodeTextContext(Object& object)
 {
     BitReader& data = object.data;

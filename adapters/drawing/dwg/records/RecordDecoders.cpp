@@ -30,6 +30,17 @@ constexpr std::array kRows{
     RecordRow{0, "ACDB_TEXTOBJECTCONTEXTDATA_CLASS", DecodeTextContext},
     RecordRow{0, "ACDB_MTEXTOBJECTCONTEXTDATA_CLASS", DecodeMTextContext},
     RecordRow{0, "ACDB_BLKREFOBJECTCONTEXTDATA_CLASS", DecodeInsertContext},
+    RecordRow{0, "ACDB_ALDIMOBJECTCONTEXTDATA_CLASS", DecodeAnyContext},
+    RecordRow{0, "ACDB_ANGDIMOBJECTCONTEXTDATA_CLASS", DecodeAnyContext},
+    RecordRow{0, "ACDB_DMDIMOBJECTCONTEXTDATA_CLASS", DecodeAnyContext},
+    RecordRow{0, "ACDB_ORDDIMOBJECTCONTEXTDATA_CLASS", DecodeAnyContext},
+    RecordRow{0, "ACDB_RADIMOBJECTCONTEXTDATA_CLASS", DecodeAnyContext},
+    RecordRow{0, "ACDB_RADIMLGOBJECTCONTEXTDATA_CLASS", DecodeAnyContext},
+    RecordRow{0, "ACDB_LEADEROBJECTCONTEXTDATA_CLASS", DecodeAnyContext},
+    RecordRow{0, "ACDB_MLEADEROBJECTCONTEXTDATA_CLASS", DecodeAnyContext},
+    RecordRow{0, "ACDB_FCFOBJECTCONTEXTDATA_CLASS", DecodeAnyContext},
+    RecordRow{0, "ACDB_MTEXTATTRIBUTEOBJECTCONTEXTDATA_CLASS", DecodeAnyContext},
+    RecordRow{0, "ACDB_HATCHSCALECONTEXTDATA_CLASS", DecodeAnyContext},
 };
 
 } // namespace

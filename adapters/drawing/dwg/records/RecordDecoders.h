@@ -42,6 +42,7 @@ void DecodeMLineStyle(Object& object);
 void DecodeMLeaderStyle(Object& object);
 void DecodeTableStyle(Object& object);
 // Contexts.cpp
+void DecodeAnyContext(Object& object);
 void DecodeTextContext(Object& object);
 void DecodeMTextContext(Object& object);
 void DecodeInsertContext(Object& object);

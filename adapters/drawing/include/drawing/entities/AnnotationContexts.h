@@ -13,6 +13,9 @@ struct TextData;
 /// no annotative entity that is kept for several scales.
 Handle AnnotationScaleOf(const Drawing&, const EntityRecord& viewport);
 
+/// False for an annotative entity that has no form for `scale`.
+bool SupportsScale(const Drawing&, const EntityRecord& record, Handle scale);
+
 /// Makes an entity look as at `scale`, where its extension dictionary holds its form for it and that isn't the form the
 /// entity has already. Places, turns and scales come from the file; text grows with the scale.
 void AdaptTo(const Drawing&, const EntityRecord&, Handle scale, TextData&);
