@@ -1,4 +1,5 @@
 """Faults of plotting programs on dimensions, attributes, texts and fonts that few drawings hold: each row draws and looks."""
+import ole_object
 import pdf_tools
 from content_rows import expect_texts, texts
 from plot_rows import POINTS, sheet
@@ -250,6 +251,33 @@ def annotative_texts(stand):
         assert found["scaled"][0] < 110, f"{everything}: it stands in the wrong viewport: {found}"
 
 
+def ole_objects(stand):
+    """An object of another program shows the picture that it holds in its frame, else the frame, which is told."""
+    arial = b"Arial".ljust(32, b"\0")
+    picture = ole_object.metafile(
+        200, 100, ole_object.record(0x2FC, 0, more=bytes(6)), ole_object.record(0x12D, 0),
+        ole_object.record(0x41B, 90, 90, 10, 10), ole_object.record(0x2FB, -20, 0, 0, 0, 400, 0, 0, 0, 0, more=arial),
+        ole_object.record(0x12D, 1), ole_object.record(0x12E, 24), ole_object.record(0x521, 6, more=b"Budget" + b"\x32\0\x64\0"))
+    for held, code in ((picture, 0), (b"", 1)):
+        document = stand.new()
+        sheet(document)
+        document.layouts.set_active_layout("Sheet")
+        path = stand.save(document)
+        with open(path, encoding="utf-8") as file:
+            head, entities = file.read().split("ENTITIES\n", 1)
+        with open(path, "w", encoding="utf-8") as file:
+            file.write(head + "ENTITIES\n" + ole_object.ole_frame(100, 100, 300, 200, held) + entities)
+        result = stand.run("convert", path, "-o", stand.path("out.pdf"), "--layout", "Sheet", "--strict")
+        assert result.returncode == code, f"exit {result.returncode}: {result.stderr}"
+        told = "note: an object of another program without a picture that can be read drawn as its frame"
+        assert (told in result.stderr) == (not held) and ("1 OLE2FRAME" in result.stderr) == (not held), result.stderr
+        image = pdf_tools.Picture(stand.path("out.pdf"), dpi=72)
+        inside = [next(image.dark_in(*(part * POINTS for part in box)), None) for box in ((120, 120, 180, 180), (98, 140, 102, 160))]
+        assert [bool(ink) for ink in inside] == ([True, False] if held else [False, True]), f"ink: {inside}"
+        words = [(word.text, round(word.left / POINTS)) for word in pdf_tools.words(stand.path("out.pdf"))]
+        assert words == ([("Budget", 200)] if held else []), words
+
+
 ROWS = [moved_dimension, loose_definition, hatch_round_text, unknown_release, report_names, missing_characters,
         hanging_indent, right_to_left, text_columns, dimension_units,
-        annotative_texts]
+        annotative_texts, ole_objects]

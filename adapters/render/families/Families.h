@@ -21,6 +21,7 @@ MakePainter MakeInserts;                                                        
 MakePainter MakeViewports;                                                                         // Viewports.cpp
 MakePainter MakeImages;                                                                            // Images.cpp
 MakePainter MakeLeaders, MakeMultiLeaders, MakeMLines, MakeTolerances, MakeTables, MakeDimensions; // Notes.cpp
+MakePainter MakeOleFrames;                                                                         // OleFrames.cpp
 MakePainter MakeGraphics;                                                                          // Graphics.cpp
 
 enum class Bounds : std::uint8_t { Nothing, Areas }; ///< whether a kind's outline may bound hatches and viewports
@@ -64,6 +65,7 @@ inline constexpr auto kPainters = std::to_array<PainterRow>({
     {drawing::EntityKind::Image, MakeImages},
     {drawing::EntityKind::Wipeout, MakeImages},
     {drawing::EntityKind::Underlay, MakeImages},
+    {drawing::EntityKind::OleFrame, MakeOleFrames},
     {drawing::EntityKind::Leader, MakeLeaders},
     {drawing::EntityKind::MultiLeader, MakeMultiLeaders},
     {drawing::EntityKind::MLine, MakeMLines},

@@ -42,8 +42,8 @@ void ClipCurve(const Cubic& curve, const Box2& box, int depth, Stitcher& out)
     if (!Overlaps(hull, box)) {
         return;
     }
-    constexpr int kDeepest = 16;
-    if (depth == kDeepest || (hull.Width() <= 2 * box.Width() && hull.Height() <= 2 * box.Height())) {
+    constexpr int kMostHalvings = 16;
+    if (depth == kMostHalvings || (hull.Width() <= 2 * box.Width() && hull.Height() <= 2 * box.Height())) {
         out.Curve(curve);
         return;
     }

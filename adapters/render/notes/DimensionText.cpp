@@ -72,8 +72,8 @@ std::string WithTolerance(const Measure& measure, const DimStyle& style)
     if (style.plus == style.minus) {
         return measured + "%%p" + number(style.plus);
     }
-    const auto sign = [](double value) { return value < 0 ? "-" : "+"; };
-    return measured + Stacked(sign(style.plus) + number(style.plus), sign(-style.minus) + number(style.minus), style);
+    const auto withSign = [&](double value) { return number(value).insert(0, 1, value < 0 ? '-' : '+'); };
+    return measured + Stacked(withSign(style.plus), withSign(-style.minus), style);
 }
 
 /// `form` with the text in the place of `mark`; a form without one is a suffix behind prefix and text.

@@ -49,7 +49,7 @@ constexpr std::array kRows{
     EntityRow{45, nullptr, "LEADER", DecodeLeader},
     EntityRow{46, nullptr, "TOLERANCE", DecodeTolerance},
     EntityRow{47, nullptr, "MLINE", DecodeMLine},
-    EntityRow{74, "OLE2FRAME", "OLE2FRAME", DecodeNothing, true},
+    EntityRow{74, "OLE2FRAME", "OLE2FRAME", DecodeOleFrame, true},
     EntityRow{77, "LWPOLYLINE", "LWPOLYLINE", DecodeLightPolyline},
     EntityRow{78, "HATCH", "HATCH", DecodeHatch},
     EntityRow{498, "ACAD_PROXY_ENTITY", "ACAD_PROXY_ENTITY", DecodeNothing, true},

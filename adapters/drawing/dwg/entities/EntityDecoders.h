@@ -75,6 +75,7 @@ void DecodeViewport(Object& object);
 // Pictures.cpp
 void DecodeImage(Object& object);
 void DecodeUnderlay(Object& object);
+void DecodeOleFrame(Object& object);
 // Bodies.cpp
 void DecodeBody(Object& object);
 /// What has nothing but a head, or nothing that is read.

@@ -72,4 +72,17 @@ void DecodeUnderlay(Object& object)
     sink.HandleTag(340, object.H());
 }
 
+void DecodeOleFrame(Object& object)
+{
+    BitReader& data = object.data;
+    object.sink.Integer(70, data.BS());
+    if (object.Since(Release::R2000))
+        object.sink.Integer(72, data.BS());
+    const std::uint32_t size = data.Count(data.BL(), 8);
+    std::string bytes;
+    data.Copy(size, bytes);
+    object.sink.Integer(90, size);
+    object.sink.Chunks(310, bytes);
+}
+
 } // namespace sm::drawing::dwg
