@@ -1,7 +1,10 @@
+#include "base/Units.h"
 #include "drawing/EntityKinds.h"
 #include "drawing/entities/Texts.h"
 #include "entities/EntityTags.h"
+#include "entities/SpaceVectors.h"
 
+#include <cmath>
 #include <utility>
 
 namespace sm::drawing {
@@ -100,12 +103,43 @@ void TakeEmbedded(const EntityTags& tags, const EntityRecord& record, TextData& 
         data.embeddedMText = EmbeddedRecord(cursor, record);
 }
 
+/// The same place in the plane of `extrusion`, by the arbitrary axis rule of the DXF reference.
+Vec3 InPlaneOf(Vec3 point, Vec3 extrusion)
+{
+    constexpr double kSmall = 1.0 / 64;
+    const bool isNearlyZ = std::abs(extrusion.x) < kSmall && std::abs(extrusion.y) < kSmall;
+    const Vec3 x = Cross(isNearlyZ ? Vec3{0, 1, 0} : Vec3{0, 0, 1}, extrusion);
+    const double length = Length(x), height = Length(extrusion);
+    if (length == 0 || height == 0)
+        return point;
+    const Vec3 y = Cross(extrusion, x);
+    return {Dot(point, x) / length, Dot(point, y) / (length * height), Dot(point, extrusion) / height};
+}
+
+/// RTEXT: its place is one of the world, its rotation in radians, and bit 1 of its flags tells an expression from a
+/// file's name (DXF reference).
+void ReadRemote(EntityTags& tags, TextData& data)
+{
+    constexpr std::int32_t kExpression = 1;
+    while (tags.Next())
+        if (tags.Code() == 70)
+            data.attributeFlags = tags.Integer();
+        else if (!tags.Take(10, data.insertion) && !TakeTextTag(tags, data))
+            tags.TakeCommon(data);
+    data.insertion = InPlaneOf(data.insertion, data.extrusion);
+    data.rotation *= 180 / base::kPi;
+    data.isElsewhere = (data.attributeFlags & kExpression) == 0 || data.text.find("$(") != std::string::npos;
+    data.attributeFlags = 0;
+}
+
 } // namespace
 
 void Read(const Drawing& drawing, const EntityRecord& record, TextData& data)
 {
     Reset(data);
     EntityTags tags(drawing.Tags(), record);
+    if (record.kind == EntityKind::RemoteText)
+        return ReadRemote(tags, data);
     const bool attribute = record.kind != EntityKind::Text;
     bool hasFlags = false, inAttribute = false;
     while (tags.Next()) {

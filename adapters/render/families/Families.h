@@ -55,6 +55,7 @@ inline constexpr auto kPainters = std::to_array<PainterRow>({
     {drawing::EntityKind::Surface, MakeSolids},
     {drawing::EntityKind::Mesh, MakeMeshes},
     {drawing::EntityKind::Text, MakeTexts},
+    {drawing::EntityKind::RemoteText, MakeTexts},
     {drawing::EntityKind::MText, MakeMTexts},
     {drawing::EntityKind::Attrib, MakeAttributes},
     {drawing::EntityKind::Attdef, MakeAttributes},

@@ -57,6 +57,8 @@ public:
 private:
     bool Draw(const drawing::TextData& text, drawing::EntityKind /*kind*/) override
     {
+        if (text.isElsewhere)
+            return false;
         DrawLaidText(m_context, m_context.text.Lay(m_drawing, text));
         return true;
     }

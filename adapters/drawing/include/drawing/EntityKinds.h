@@ -23,6 +23,7 @@
     KIND(Text, "TEXT")                                                                                                 \
     KIND(Attrib, "ATTRIB")                                                                                             \
     KIND(Attdef, "ATTDEF")                                                                                             \
+    KIND(RemoteText, "RTEXT")                                                                                          \
     KIND(MText, "MTEXT")                                                                                               \
     KIND(Insert, "INSERT")                                                                                             \
     KIND(Dimension, "DIMENSION", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION")                                            \

@@ -9,7 +9,7 @@
 
 namespace sm::drawing {
 
-/// TEXT, ATTRIB, ATTDEF. OCS.
+/// TEXT, ATTRIB, ATTDEF, RTEXT. OCS.
 struct TextData : Entity {
     Vec3 insertion, alignment;
     bool hasAlignment = false;
@@ -21,6 +21,7 @@ struct TextData : Entity {
     std::int32_t horizontal = 0;               ///< 72: 0 left, 1 centre, 2 right, 3 aligned, 4 middle, 5 fit
     std::int32_t vertical = 0;                 ///< 73 (TEXT) or 74 (ATTRIB): 0 baseline, 1 bottom, 2 middle, 3 top
     std::int32_t attributeFlags = 0;           ///< 70: 1 invisible, 2 constant, 4 verify, 8 preset
+    bool isElsewhere = false;                  ///< RTEXT: a file holds it, or an expression yet to be computed
     std::optional<EntityRecord> embeddedMText; ///< a multi-line attribute's own MTEXT tags
 };
 struct MTextData : Entity {
