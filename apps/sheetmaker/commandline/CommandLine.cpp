@@ -102,6 +102,7 @@ void AddConvert(CLI::App& program, ConvertJob& job)
         ->check([](const std::string& text) { return WorkerCountError(text); });
     command.add_flag("--strict", job.strict,
                      "Count lost content of a damaged drawing as a failure, and characters that no font has");
+    command.add_flag("--no-clobber", job.noClobber, "Leave out drawings whose PDF exists");
     command
         .add_option_function<std::string>(
             "--report", [&job](const std::string&) { job.reportJson = true; },

@@ -32,6 +32,7 @@ struct ConvertJob {
     int workers = 0; ///< 0: as many as the machine has processors
     bool strict = false;
     bool reportJson = false;
+    bool noClobber = false; ///< what has its PDF already is left out
     friend bool operator==(const ConvertJob&, const ConvertJob&) = default;
 };
 

@@ -1,5 +1,6 @@
 #include "commands/ConvertCommand.h"
 
+#include "base/files/Paths.h"
 #include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
 #include "commandline/Refusal.h"
@@ -10,6 +11,7 @@
 #include "workers/OutputPlan.h"
 #include "workers/WorkerPool.h"
 
+#include <filesystem>
 #include <fmt/format.h>
 #include <ostream>
 #include <sstream>
@@ -44,9 +46,11 @@ public:
     {
         NeedTools(m_install);
         CheckJobOptions(m_job.options, m_install);
-        const OutputPlan plan = PlanOutput(m_job.drawings, m_job.output);
+        OutputPlan plan = PlanOutput(m_job.drawings, m_job.output);
         if (!plan.error.empty())
             throw Refusal{kExitUsage, plan.error};
+        if (m_job.noClobber)
+            LeaveOutDone(plan);
         if (m_job.output)
             for (const PlannedDrawing& planned : plan.drawings)
                 MakeFolderOf(planned.pdfPath);
@@ -66,6 +70,17 @@ public:
     }
 
 private:
+    void LeaveOutDone(OutputPlan& plan)
+    {
+        std::erase_if(plan.drawings, [this](const PlannedDrawing& planned) {
+            std::error_code unknown;
+            const bool done = std::filesystem::exists(base::ToPath(planned.pdfPath), unknown);
+            if (done)
+                m_console.Line(planned.drawing + ": left out, " + planned.pdfPath + " exists");
+            return done;
+        });
+    }
+
     [[nodiscard]] std::size_t Workers() const
     {
         return m_job.workers > 0 ? static_cast<std::size_t>(m_job.workers)

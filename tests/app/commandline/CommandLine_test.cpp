@@ -50,6 +50,7 @@ const JobRow kJobs[] = {
     {"Run",
      {"convert", "a.dxf", "--jobs", "4", "--strict", "--report", "json"},
      ConvertJob{{"a.dxf"}, {}, {}, 4, true, true}},
+    {"NoClobber", {"convert", "a.dxf", "--no-clobber"}, ConvertJob{{"a.dxf"}, {}, {}, 0, false, false, true}},
     {"DashedName", {"convert", "--", "-a.dxf"}, ConvertJob{{"-a.dxf"}, {}, {}, 0, false, false}},
     {"Layouts", {"layouts", "a.dxf"}, LayoutsJob{"a.dxf", false}},
     {"LayoutsJson", {"layouts", "a.dxf", "--json"}, LayoutsJob{"a.dxf", true}},

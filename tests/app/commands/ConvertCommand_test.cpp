@@ -79,6 +79,16 @@ TEST_F(ConvertCommand, TellsResultsInTheOrderOfTheDrawings)
     EXPECT_EQ(m_err.str(), "a.dxf: seen\nb.dxf: seen\nc.dxf: seen\n");
 }
 
+TEST_F(ConvertCommand, LeavesOutWhatHasItsPdf)
+{
+    m_machine.MakeFile("b.pdf", "kept");
+    ConvertJob job = Job({"a.dxf", "b.dxf", "c.dxf"});
+    job.noClobber = true;
+    EXPECT_EQ(Run(job, Converting()), 0);
+    EXPECT_EQ(m_out.str(), "a.dxf -> a.dxf.pdf, 1 page\nc.dxf -> c.dxf.pdf, 1 page\n");
+    EXPECT_EQ(m_err.str(), "b.dxf: left out, " + m_machine.In("b.pdf") + " exists\na.dxf: seen\nc.dxf: seen\n");
+}
+
 TEST_F(ConvertCommand, JoinsTheLogsInOrderAndLeavesNothingElse)
 {
     EXPECT_EQ(Run(Job({"a.dxf", "b.dxf"}), Converting()), 0);
