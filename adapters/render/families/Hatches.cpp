@@ -97,6 +97,9 @@ void Hatches::DrawPattern(const drawing::HatchData& hatch, const Matrix2& plane)
     if (thinned) {
         m_context.Remark("a hatch pattern too dense for paper thinned out");
     }
+    if (lines.Moved()) {
+        m_context.Remark("a hatch pattern that begins too far off begins in its area");
+    }
     Pen pen = m_context.StrokePen();
     pen.pattern = nullptr;
     pen.cap = LineCap::Butt;

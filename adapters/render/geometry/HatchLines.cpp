@@ -16,6 +16,7 @@ constexpr double kFinestDash = 0.1; // mm, average of dashes and gaps
 constexpr double kMostCrossings = 2'000'000;
 constexpr double kMostDashes = 100'000; // on one line
 constexpr double kDotLength = 0.02;     // mm
+constexpr double kFarthest = 1e12; // line spacings or dash periods: further off, a double can't tell one from the next
 
 struct Span {
     double low = 0, high = 0;
@@ -69,13 +70,14 @@ bool HatchLines::Append(const drawing::HatchLine& line, const Matrix2& plane, Pa
     if (!std::isfinite(family.spacing) || std::abs(family.spacing) < 1e-12) {
         return false;
     }
-    const double every = Collect(family);
     std::vector<double> dashes;
     double period = 0;
     for (const double dash : line.dashes) {
         dashes.push_back(dash * family.unit);
         period += std::abs(dash * family.unit);
     }
+    BringNear(family, period);
+    const double every = Collect(family);
     const double coarser = Coarsening(static_cast<double>(dashes.size()), period);
     for (double& dash : dashes) {
         dash *= coarser;
@@ -89,6 +91,24 @@ bool HatchLines::Append(const drawing::HatchLine& line, const Matrix2& plane, Pa
         }
     }
     return every > 1 || coarser > 1;
+}
+
+// A base point or a slide from line to line so large that a spacing or a dash more changes nothing holds no phase:
+// the lines then go through the middle of the area, and their dashes begin beside each other.
+void HatchLines::BringNear(Family& family, double period)
+{
+    const double step = period > 0 ? std::min(std::abs(family.spacing), period) : std::abs(family.spacing);
+    const Vec2 middle = (m_box.min + m_box.max) * 0.5;
+    const double slide = Dot(family.offset, family.along);
+    const double lines = Length(m_box.max - m_box.min) / std::abs(family.spacing);
+    if (!(Length(middle - family.base) <= kFarthest * step)) {
+        family.base = middle;
+        m_moved = true;
+    }
+    if (!(std::abs(slide) * std::max(1.0, lines) <= kFarthest * step)) {
+        family.offset = Vec2{-family.along.y, family.along.x} * family.spacing;
+        m_moved = true;
+    }
 }
 
 // Fills `m_crossings` and returns the step from one drawn line to the next.
@@ -120,8 +140,9 @@ double HatchLines::Collect(const Family& family)
         const Span lines = range(edge);
         const double a = LineAt(family, edge.a);
         const double b = LineAt(family, edge.b);
-        for (double k = lines.low; k <= lines.high; ++k) {
-            const double line = k * every;
+        const auto count = static_cast<std::int64_t>(std::max(0.0, lines.high - lines.low + 1));
+        for (std::int64_t i = 0; i < count; ++i) {
+            const double line = (lines.low + static_cast<double>(i)) * every;
             const Vec2 p = edge.a + (edge.b - edge.a) * ((line - a) / (b - a));
             m_crossings.push_back({line, Dot(p - family.base - family.offset * line, family.along)});
         }
@@ -169,8 +190,11 @@ void HatchLines::CutLine(const Family& family, const Crossing& from, const Cross
         emit(begin, end);
         return;
     }
-    for (double start = std::floor(begin / period) * period; start < end; start += period) {
-        double t = start;
+    const double first = std::floor(begin / period);
+    const double periods = std::ceil(end / period) - first;
+    const auto count = static_cast<std::int64_t>(std::clamp(periods, 0.0, kMostDashes));
+    for (std::int64_t i = 0; i < count; ++i) {
+        double t = (first + static_cast<double>(i)) * period;
         for (const double dash : dashes) {
             if (dash >= 0 && t + dash >= begin && t <= end) {
                 emit(std::max(t, begin), std::min(std::max(t + dash, t + kDotLength), end));

@@ -17,6 +17,8 @@ public:
     /// Appends the family's dashes to `out`, `plane` from the hatch's OCS plane to the sheet. Lines closer than 0.1 mm
     /// are thinned out, evenly; true when that happened.
     bool Append(const drawing::HatchLine& family, const Matrix2& plane, Path& out);
+    /// Some family began too far off to be counted from there, and was drawn from the middle of the area.
+    [[nodiscard]] bool Moved() const { return m_moved; }
 
 private:
     struct Edge {
@@ -31,6 +33,7 @@ private:
         double unit = 1;          ///< mm for one pattern unit along the lines
     };
     [[nodiscard]] double LineAt(const Family& family, Vec2 p) const;
+    void BringNear(Family& family, double period);
     double Collect(const Family& family);
     [[nodiscard]] double Coarsening(double dashes, double period) const;
     void CutLine(const Family& family, const Crossing& from, const Crossing& to, const std::vector<double>& dashes,
@@ -38,6 +41,7 @@ private:
     std::vector<Edge> m_edges;
     Box2 m_box; ///< what of the boundary is visible
     std::vector<Crossing> m_crossings;
+    bool m_moved = false;
 };
 
 } // namespace sm::render

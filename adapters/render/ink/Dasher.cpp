@@ -11,6 +11,7 @@ constexpr double kDotLength = 0.02; // mm; a stroke without length shows nowhere
 constexpr double kTiny = 1e-9;
 constexpr std::size_t kMostSymbols = 50'000;  // on one path
 constexpr std::size_t kMostVerbs = 4'000'000; // a path with more dashes than that is drawn through from there on
+constexpr double kMostPeriods = 1e12;         // of a run; further along, a dash is below what its place is known to
 
 } // namespace
 
@@ -112,16 +113,18 @@ template <class Emit> void Dasher::DashesOfPeriod(double k, const Emit& emit) co
 
 template <class Emit> void Dasher::ForEachDash(double begin, double end, const Emit& emit) const
 {
-    if (m_periods < 1 || m_out->verbs.size() > kMostVerbs) {
-        emit(begin, end);
-        return;
-    }
     const double period = m_pattern->period * m_scale;
     const double margin = kDotLength;
     const double from = std::max(0.0, std::floor((begin - margin - m_shift) / period));
     const double to = std::min(m_periods, std::floor((end + margin - m_shift) / period));
-    for (double k = from; k <= to; ++k) {
-        DashesOfPeriod(k, [&](double dashBegin, double dashEnd) {
+    const bool known = m_periods >= 1 && m_periods <= kMostPeriods;
+    if (!known || m_out->verbs.size() > kMostVerbs || to - from > static_cast<double>(kMostVerbs)) {
+        emit(begin, end);
+        return;
+    }
+    const auto count = static_cast<std::int64_t>(to - from) + 1;
+    for (std::int64_t i = 0; i < count; ++i) {
+        DashesOfPeriod(from + static_cast<double>(i), [&](double dashBegin, double dashEnd) {
             const double a = std::max(dashBegin, begin);
             const double b = std::min(dashEnd, end);
             if (b > a + kTiny) {

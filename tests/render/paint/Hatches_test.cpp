@@ -81,6 +81,15 @@ const Row kRows[] = {
      Hatch(1, Square(1, 4.5, 1),
            "75 0 | 76 1 | 52 0 | 41 1 | 77 0 | 78 1 | 53 0 | 43 0 | 44 0 | 45 0.5 | 46 2 | 79 2 | 49 1 | 49 -1", false),
      {"stroke 000000 0.25 butt m 1 2 l 1.5 2 m 2.5 2 l 3.5 2 m 1 4 l 2 4 m 3 4 l 4 4"}},
+    {"BasePointTooFarOff", // a spacing more changes nothing there
+     Hatch(1, Square(1, 4.5, 1), "75 0 | 76 1 | 52 0 | 41 1 | 77 0 | 78 1 | 53 0 | 43 0 | 44 1e17 | 45 0 | 46 2 | 79 0",
+           false),
+     {"stroke 000000 0.25 butt m 1 2.75 l 4.5 2.75"}},
+    {"LinesThatSlideTooFar",
+     Hatch(1, Square(1, 4.5, 1),
+           "75 0 | 76 1 | 52 0 | 41 1 | 77 0 | 78 1 | 53 0 | 43 0 | 44 0 | 45 1e15 | 46 2 | 79 2 | 49 1 | 49 -1",
+           false),
+     {"stroke 000000 0.25 butt m 2 2 l 3 2 m 4 2 l 4.5 2 m 2 4 l 3 4 m 4 4 l 4.5 4"}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Entities, HatchesTest, testing::ValuesIn(kRows),
@@ -111,6 +120,11 @@ const ReportRow kReportRows[] = {
            "75 0 | 76 1 | 52 0 | 41 1 | 77 0 | 78 1 | 53 0 | 43 0 | 44 0 | 45 0 | 46 0.000001 | 79 0", false),
      "drawn 1",
      {"a hatch pattern too dense for paper thinned out 1"}},
+    {"TooFarOff",
+     Hatch(1, Square(1, 4.5, 1), "75 0 | 76 1 | 52 0 | 41 1 | 77 0 | 78 1 | 53 0 | 43 1e17 | 44 0 | 45 0 | 46 2 | 79 0",
+           false),
+     "drawn 1",
+     {"a hatch pattern that begins too far off begins in its area 1"}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Entities, HatchReportsTest, testing::ValuesIn(kReportRows),
