@@ -1,6 +1,7 @@
 #include "Dispatch.h"
 
 #include "commandline/CommandLine.h"
+#include "commandline/ExitCodes.h"
 #include "commands/ConvertCommand.h"
 #include "commands/Doctor.h"
 #include "commands/LayoutsCommand.h"
@@ -34,9 +35,15 @@ public:
         return RunConvert(job, m_install, work, m_out, m_err);
     }
     int operator()(const LayoutsJob& job) const { return RunLayouts(job, m_install, m_out, m_err); }
-    int operator()(const GetJob& job) const { return RunGet(*Settings(), job, m_out, m_err); }
+    int operator()(const GetJob& job) const
+    {
+        return AreReadable("get") ? RunGet(*Settings(), job, m_out, m_err) : kExitFailed;
+    }
     int operator()(const SetJob& job) const { return RunSet(*Settings(), job, JobOptionNames(m_install), m_err); }
-    int operator()(const ListJob& job) const { return RunList(*Settings(), job, m_out, m_err); }
+    int operator()(const ListJob& job) const
+    {
+        return AreReadable("list") ? RunList(*Settings(), job, m_out, m_err) : kExitFailed;
+    }
     int operator()(const LogJob&) const { return RunLog(m_install, m_out, m_err); }
     int operator()(const DoctorJob&) const { return RunDoctor(m_install, m_out); }
     int operator()(const StampJob& job) const { return RunStamp(job, m_install, m_out, m_err); }
@@ -47,6 +54,14 @@ public:
     int operator()(const PageSetupJob& job) const { return m_showWindows(job, m_install); }
 
 private:
+    /// Defaults are never shown for what can't be read.
+    [[nodiscard]] bool AreReadable(const char* command) const
+    {
+        const std::string trouble = SettingsTrouble(m_install);
+        if (!trouble.empty())
+            m_err << "sheetmaker " << command << ": " << trouble << "\n";
+        return trouble.empty();
+    }
     [[nodiscard]] std::unique_ptr<IRegistry> Settings() const
     {
         return OpenSettings(m_install, [this](const std::string& text) { m_err << "sheetmaker: " << text << "\n"; });

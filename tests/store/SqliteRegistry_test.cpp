@@ -4,9 +4,11 @@
 #include "doubles/RegistryAccess.h"
 #include "store/Database.h"
 
+#include <csignal>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <sys/resource.h>
 #include <vector>
 
 namespace sm::store {
@@ -39,6 +41,53 @@ TEST_F(SqliteStore, KeepsValuesFromRunToRun)
     EXPECT_TRUE(WriteText(*Open(), kKey, "Name", "value"));
     EXPECT_EQ(ReadText(*Open(), kKey, "name"), "value");
     EXPECT_TRUE(m_complaints.empty());
+}
+
+/// As on a full disk: no file may grow.
+class FullDisk {
+public:
+    FullDisk()
+    {
+        getrlimit(RLIMIT_FSIZE, &m_former);
+        m_signal = std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit none{0, m_former.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &none);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_former);
+        std::signal(SIGXFSZ, m_signal);
+    }
+
+private:
+    rlimit m_former{};
+    void (*m_signal)(int) = nullptr;
+};
+
+TEST_F(SqliteStore, ReadsWhatStandsThereWhereNothingCanBeWritten)
+{
+    EXPECT_TRUE(WriteText(*Open(), kKey, "Name", "value"));
+    const FullDisk full;
+    EXPECT_EQ(ReadText(*Open(), kKey, "Name"), "value");
+    EXPECT_FALSE(WriteText(*Open(), kKey, "Name", "other"));
+    EXPECT_EQ(ReadText(*Open(), kKey, "Name"), "value");
+    EXPECT_EQ(m_complaints.size(), 1U); // of the write
+}
+
+TEST_F(SqliteStore, TellsSettingsThatCantBeReadFromNone)
+{
+    const auto canRead = [this] {
+        return SettingsFile(m_file, [this](const std::string& text) { m_complaints.push_back(text); }).CanRead();
+    };
+    EXPECT_TRUE(canRead());
+    EXPECT_TRUE(WriteText(*Open(), kKey, "Name", "value"));
+    EXPECT_TRUE(canRead());
+    EXPECT_TRUE(m_complaints.empty());
+    std::filesystem::remove(m_file);
+    std::filesystem::create_directory(m_file);
+    EXPECT_FALSE(canRead());
+    EXPECT_EQ(m_complaints, std::vector<std::string>{"The settings file " + m_file.string() +
+                                                     " can't be used: unable to open database file."});
 }
 
 TEST_F(SqliteStore, MakesNoFileForReading)

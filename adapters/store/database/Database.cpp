@@ -1,5 +1,6 @@
 #include "store/Database.h"
 
+#include <cctype>
 #include <sqlite3.h>
 
 namespace sm::store {
@@ -13,6 +14,19 @@ constexpr int kBusyMilliseconds = 15000;
     throw DatabaseError(code & 0xff, message);
 }
 
+/// As a path stands in an address.
+std::string Escaped(const std::string& path)
+{
+    constexpr const char* kDigits = "0123456789ABCDEF";
+    std::string text;
+    for (const char c : path) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool plain = std::isalnum(byte) != 0 || c == '/' || c == '.' || c == '-' || c == '_';
+        text += plain ? std::string(1, c) : std::string{'%', kDigits[byte >> 4], kDigits[byte & 0xF]};
+    }
+    return text;
+}
+
 } // namespace
 
 bool DatabaseError::MeansDamage() const
@@ -20,11 +34,19 @@ bool DatabaseError::MeansDamage() const
     return m_code == SQLITE_CORRUPT || m_code == SQLITE_NOTADB;
 }
 
+bool DatabaseError::MeansNoWriting() const
+{
+    return m_code == SQLITE_CANTOPEN || m_code == SQLITE_READONLY || m_code == SQLITE_IOERR || m_code == SQLITE_FULL ||
+           m_code == SQLITE_PERM;
+}
+
 Database::Database(const std::string& path, Mode mode)
 {
+    const bool asItStands = mode == Mode::AsItStands;
     const int create = mode == Mode::Create ? SQLITE_OPEN_CREATE : 0;
-    const int code =
-        sqlite3_open_v2(path.c_str(), &m_handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | create, nullptr);
+    const int way = asItStands ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI : SQLITE_OPEN_READWRITE | create;
+    const std::string name = asItStands ? "file:" + Escaped(path) + "?immutable=1" : path;
+    const int code = sqlite3_open_v2(name.c_str(), &m_handle, way | SQLITE_OPEN_NOMUTEX, nullptr);
     if (code == SQLITE_OK) {
         sqlite3_busy_timeout(m_handle, kBusyMilliseconds);
         return;

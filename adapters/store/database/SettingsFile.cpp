@@ -156,32 +156,68 @@ bool SettingsFile::Ready(Database::Mode mode)
     return !m_newer && (version != 0 || mode == Database::Mode::Create);
 }
 
-bool SettingsFile::Do(Database::Mode mode, const Work& work)
+// Throws what can't be mended.
+bool SettingsFile::Try(Database::Mode mode, const Work& work)
 {
     constexpr int kAttempts = 6;
     bool mended = false;
-    try {
-        for (int attempt = 1;; ++attempt) {
-            try {
-                if (!Ready(mode))
-                    return false;
-                work(*m_database);
-                return true;
-            } catch (const DatabaseError& error) {
-                // Another process has put the file aside that this one had just opened.
-                const bool moved = FileNumber(m_file) != m_fileNumber;
-                m_database.reset();
-                if (attempt == kAttempts || (!moved && (mended || !error.MeansDamage())))
-                    throw;
-                if (!moved)
-                    PutAside("it is damaged");
-                mended = mended || !moved;
-            }
+    for (int attempt = 1;; ++attempt) {
+        try {
+            if (!Ready(mode))
+                return false;
+            work(*m_database);
+            return true;
+        } catch (const DatabaseError& error) {
+            // Another process has put the file aside that this one had just opened.
+            const bool moved = FileNumber(m_file) != m_fileNumber;
+            m_database.reset();
+            if (attempt == kAttempts || (!moved && (mended || !error.MeansDamage())))
+                throw;
+            if (!moved)
+                PutAside("it is damaged");
+            mended = mended || !moved;
         }
+    }
+}
+
+bool SettingsFile::Do(Database::Mode mode, const Work& work)
+{
+    try {
+        return Try(mode, work);
+    } catch (const DatabaseError& error) {
+        if (mode == Database::Mode::Existing && error.MeansNoWriting() && ReadAsItStands(work))
+            return true;
+        Complain("The settings file " + base::ToText(m_file) + " can't be used: " + error.what() + ".");
     } catch (const std::exception& error) {
         Complain("The settings file " + base::ToText(m_file) + " can't be used: " + error.what() + ".");
     }
     return false;
+}
+
+// A place that can't be written, a full disk: what was stored holds, unless some of it stands in the log that only a
+// writer can take in.
+bool SettingsFile::ReadAsItStands(const Work& work)
+{
+    std::error_code unknown;
+    const auto logged = std::filesystem::file_size(base::ToPath(base::ToText(m_file) + "-wal"), unknown);
+    if (!unknown && logged > 0)
+        return false;
+    try {
+        Database database(base::ToText(m_file), Database::Mode::AsItStands);
+        if (!DamageOf(database).empty() || database.Number("PRAGMA user_version") != kSchemaVersion)
+            return false;
+        work(database);
+        return true;
+    } catch (const std::exception&) { // the first error is told
+        return false;
+    }
+}
+
+bool SettingsFile::CanRead()
+{
+    const bool read =
+        Do(Database::Mode::Existing, [](Database& database) { (void)database.Number("SELECT count(*) FROM reg_key"); });
+    return read || m_newer || FileNumber(m_file) == 0;
 }
 
 bool SettingsFile::HasKey(const std::string& path)

@@ -15,6 +15,13 @@ void NeedTools(const Install& install)
         throw Refusal{kExitToolMissing, "Ghostscript (gs) is not installed: sudo apt-get install ghostscript"};
 }
 
+void NeedSettings(const Install& install)
+{
+    const std::string trouble = SettingsTrouble(install);
+    if (!trouble.empty())
+        throw Refusal{kExitFailed, trouble + " Mend or remove it, or name another folder by XDG_CONFIG_HOME."};
+}
+
 void MakeFolderOf(const std::string& pdfPath)
 {
     const std::filesystem::path folder = std::filesystem::absolute(base::ToPath(pdfPath)).parent_path();

@@ -10,6 +10,9 @@ namespace sm::app {
 /// Throws Refusal when the share folder or the PostScript interpreter is missing.
 void NeedTools(const Install& install);
 
+/// Throws Refusal when the user's settings can't be read: what isn't known isn't a default.
+void NeedSettings(const Install& install);
+
 /// Makes the folder that `pdfPath` goes to. Throws Refusal.
 void MakeFolderOf(const std::string& pdfPath);
 

@@ -3,6 +3,7 @@
 #include "base/files/Paths.h"
 #include "base/process/ThisProcess.h"
 #include "store/Facts.h"
+#include "store/SettingsFile.h"
 #include "store/SqliteRegistry.h"
 #include "system/SystemPorts.h"
 
@@ -27,6 +28,13 @@ Install ThisInstall()
             SM_VERSION,
             {},
             executable.parent_path() / "sheetmaker-pdf-windows"};
+}
+
+std::string SettingsTrouble(const Install& install)
+{
+    std::string trouble;
+    store::SettingsFile file(install.places.SettingsFile(), [&](const std::string& text) { trouble = text; });
+    return file.CanRead() ? std::string() : trouble;
 }
 
 std::unique_ptr<IRegistry> OpenSettings(const Install& install, const std::function<void(const std::string&)>& complain)

@@ -33,6 +33,9 @@ inline constexpr const char* kLogFileName = "SmPdfAcad.log";
 /// This process's own.
 Install ThisInstall();
 
+/// Why the user's settings can't be read, as a sentence; empty when they can, and when there are none.
+std::string SettingsTrouble(const Install& install);
+
 /// The user's settings, as they are at the first question, over the facts of the install. `complain` hears each trouble
 /// with the file once.
 std::unique_ptr<IRegistry> OpenSettings(const Install& install,

@@ -17,6 +17,8 @@ public:
     DatabaseError(int code, const std::string& message) : std::runtime_error(message), m_code(code) {}
     /// The file is no database, or its contents are damaged.
     [[nodiscard]] bool MeansDamage() const;
+    /// The place can't be written, which even reading needs where several processes read and write.
+    [[nodiscard]] bool MeansNoWriting() const;
 
 private:
     int m_code; ///< SQLite's primary result code
@@ -25,7 +27,8 @@ private:
 /// Every operation throws DatabaseError. One thread only.
 class Database {
 public:
-    enum class Mode { Existing, Create };
+    /// As it stands: what nobody changes meanwhile, for a place that can't be written.
+    enum class Mode { Existing, Create, AsItStands };
     Database(const std::string& path, Mode mode);
     ~Database();
     Database(const Database&) = delete;

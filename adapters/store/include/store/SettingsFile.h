@@ -24,6 +24,8 @@ public:
     SettingsFile(const SettingsFile&) = delete;
     SettingsFile& operator=(const SettingsFile&) = delete;
 
+    /// False, with a complaint, when there are settings and they can't be read: what isn't known isn't a default.
+    bool CanRead();
     /// The key itself, or one below it, is there. Reading never makes the file.
     bool HasKey(const std::string& path);
     std::optional<StoredValue> Read(const std::string& path, const std::string& name);
@@ -36,6 +38,8 @@ public:
 private:
     using Work = std::function<void(Database&)>;
     bool Do(Database::Mode mode, const Work& work);
+    bool Try(Database::Mode mode, const Work& work);
+    bool ReadAsItStands(const Work& work);
     bool Ready(Database::Mode mode);
     void PutAside(const std::string& reason);
     void Complain(const std::string& text);
