@@ -4,6 +4,7 @@
 #include "files/Descriptor.h"
 
 #include <cerrno>
+#include <filesystem>
 #include <limits>
 
 #include <sys/resource.h>
@@ -32,6 +33,13 @@ FileFacts FactsOf(const std::string& path, std::error_code& error)
     }
     error.clear();
     return FactsFrom(state);
+}
+
+bool IsSameFile(const std::string& left, const std::string& right)
+{
+    std::error_code missing;
+    const bool same = std::filesystem::equivalent(ToPath(left), ToPath(right), missing);
+    return same && !missing;
 }
 
 bool MayRead(const std::string& path, std::error_code& error)

@@ -1,9 +1,11 @@
 #include "base/files/MappedFile.h"
 
 #include "files/Descriptor.h"
+#include "files/MapGuard.h"
 
 #include <cstdint>
 #include <fcntl.h>
+#include <stdexcept>
 
 #include <sys/mman.h>
 
@@ -33,6 +35,8 @@ void MappedFile::Map(const std::string& path, Reading reading, std::error_code& 
         error = LastError();
     else
         m_bytes = {static_cast<const char*>(address), size};
+    if (!m_bytes.empty())
+        Guard(m_bytes.data(), m_bytes.size(), path);
 }
 
 MappedFile::MappedFile(const std::string& path, Reading reading)
@@ -43,8 +47,22 @@ MappedFile::MappedFile(const std::string& path, Reading reading)
 
 MappedFile::~MappedFile()
 {
-    if (!m_bytes.empty())
-        ::munmap(const_cast<char*>(m_bytes.data()), m_bytes.size());
+    if (m_bytes.empty())
+        return;
+    Unguard(m_bytes.data());
+    ::munmap(const_cast<char*>(m_bytes.data()), m_bytes.size());
+}
+
+std::string MappedFile::Cut()
+{
+    return CutFile();
+}
+
+void MappedFile::RequireWhole()
+{
+    const std::string path = Cut();
+    if (!path.empty())
+        throw std::runtime_error(path + ": the file changed while it was read; try again when nobody writes to it");
 }
 
 void MappedFile::Forget(std::string_view part) const

@@ -37,6 +37,7 @@ public:
         return ListLayouts(Behind(document));
     }
     void KeepLayers(bool keep) override { m_session->KeepLayers(keep); }
+    std::string UseOf(const std::string& path) override { return m_session->UseOf(path); }
     const drawing::Drawing& DrawingOf(const std::shared_ptr<IAcadDocument>& document) override
     {
         return Behind(document).File();

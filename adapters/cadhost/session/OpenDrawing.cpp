@@ -2,6 +2,7 @@
 
 #include "answers/HostErrors.h"
 #include "answers/HostText.h"
+#include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
 #include "plotter/Plotter.h"
 #include "session/BlankPage.h"
@@ -143,6 +144,13 @@ render::TextEngine& OpenDrawing::Text()
     if (m_text == nullptr)
         m_text = AsHost([this] { return render::TextEngine::Create(render::TextFoldersOf(m_shareFolder)); });
     return *m_text;
+}
+
+std::string OpenDrawing::UseOf(const std::string& path)
+{
+    if (m_file == nullptr)
+        return {};
+    return base::IsSameFile(m_fullName, path) ? "the drawing" : References().UseOf(path);
 }
 
 render::References& OpenDrawing::References()

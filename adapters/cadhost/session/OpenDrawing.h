@@ -42,6 +42,8 @@ public:
     render::TextEngine& Text();
     /// What the drawing brings along from other files.
     render::References& References();
+    /// What the file at `path` is to the drawing, in words; empty when it is nothing, and once the drawing is closed.
+    std::string UseOf(const std::string& path);
 
     /// Plots the active layout; false when that failed, and why is kept for the report. Plot style tables come from
     /// `folders`: the drawing's, the user's, then ours.

@@ -1,5 +1,6 @@
 #include "session/Session.h"
 
+#include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
 #include "cadhost/PointPicker.h"
 #include "ports/HostError.h"
@@ -14,8 +15,7 @@ namespace fs = std::filesystem;
 
 bool IsSameFile(const std::string& left, const std::string& right)
 {
-    std::error_code error;
-    return left == right || (fs::equivalent(base::ToPath(left), base::ToPath(right), error) && !error);
+    return left == right || base::IsSameFile(left, right);
 }
 
 } // namespace
@@ -44,6 +44,16 @@ PlotFolders Session::FoldersFor(const OpenDrawing& open) const
 {
     return {m_printerConfigPath, base::ToText(base::ToPath(m_options.shareFolder) / "PlotStyles"), open.Folder(),
             m_options.userStyleFolder, m_shelf};
+}
+
+std::string Session::UseOf(const std::string& path) const
+{
+    for (const OpenDrawingRef& open : m_drawings) {
+        std::string use = open->UseOf(path);
+        if (!use.empty())
+            return use;
+    }
+    return {};
 }
 
 std::shared_ptr<OpenDrawing> Session::Open(const std::string& path, const DocumentOverlay& overlay)

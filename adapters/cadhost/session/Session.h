@@ -18,6 +18,8 @@ public:
     void SetPrinterConfigPath(const std::string& path);
     [[nodiscard]] PlotFolders FoldersFor(const OpenDrawing& open) const;
 
+    /// See CadHost.
+    [[nodiscard]] std::string UseOf(const std::string& path) const;
     [[nodiscard]] const std::vector<std::shared_ptr<OpenDrawing>>& Drawings() const { return m_drawings; }
     [[nodiscard]] const std::shared_ptr<OpenDrawing>& Active() const { return m_active; }
     /// Opens a drawing, or takes the one that is open already, and makes it the active one. Throws DrawingError.

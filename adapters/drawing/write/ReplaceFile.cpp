@@ -1,6 +1,8 @@
 #include "write/ReplaceFile.h"
 
 #include "base/files/AtomicFile.h"
+#include "base/files/EditLock.h"
+#include "base/files/MappedFile.h"
 #include "base/files/Paths.h"
 #include "drawing/Drawing.h"
 
@@ -56,15 +58,20 @@ FileStamp ReplaceFile(const std::string& path, const std::vector<std::string_vie
                       bool keepBackup)
 {
     const std::string target = base::FollowLinks(path);
-    RequireWritable(path, target, stamp);
     try {
+        const base::EditLock lock(target);
+        RequireWritable(path, target, stamp);
         base::AtomicFile file(target, base::AtomicFile::Keeping::Durable);
         for (const std::string_view piece : pieces)
             file.Write(piece);
         file.Finish();
+        base::MappedFile::RequireWhole();
         if (keepBackup && stamp != FileStamp{})
             KeepBackup(target);
         file.Commit();
+    } catch (const base::EditLockHeld& held) {
+        throw DrawingError(path + ": the drawing was not saved and is as it was: " + held.what() +
+                           " is changing it; try again when that has ended");
     } catch (const std::system_error& error) {
         ThrowWriteError(target, error.code());
     }

@@ -197,7 +197,9 @@ std::int32_t PubDoc::SaveToPdf(const std::string& pdfPath, std::int32_t /*hostVa
             throw PublishFailure(PublishStatus::NoPage, "There is no page to save. Plot a sheet first.");
         }
         const SaveRequest request{
-            m_pages, m_info, pdfPath, Folder(), m_options.navigation, [this](const std::string& line) { Note(line); }};
+            m_pages, m_info, pdfPath, Folder(), m_options.navigation, m_options.useOf, [this](const std::string& line) {
+                Note(line);
+            }};
         const SaveReport report = SavePages(request, *m_pageMaker);
         DisposePostScript(request, deletePs);
         m_pages.clear();

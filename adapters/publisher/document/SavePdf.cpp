@@ -1,5 +1,7 @@
 #include "document/SavePdf.h"
 
+#include "base/files/FileFacts.h"
+#include "base/files/MappedFile.h"
 #include "base/files/Paths.h"
 #include "document/PdfAssembly.h"
 #include "document/SheetTitle.h"
@@ -53,16 +55,38 @@ private:
     fs::path m_path;
 };
 
-void RefuseInputAsTarget(const SaveRequest& request)
+/// What the target's file is to the document: one of its inputs, in words; empty when it is none.
+std::string InputAt(const SaveRequest& request)
 {
     for (const DocumentPage& page : request.pages) {
-        std::error_code error;
-        if (fs::equivalent(base::ToPath(page.source.psPath), base::ToPath(request.pdfPath), error) && !error) {
-            throw PublishFailure(PublishStatus::TargetIsInput,
-                                 fmt::format("{} can't be saved: it is the PostScript file of page {}. Choose another "
-                                             "name.",
-                                             request.pdfPath, page.source.number));
+        if (base::IsSameFile(page.source.psPath, request.pdfPath)) {
+            return fmt::format("the PostScript file of page {}", page.source.number);
         }
+        for (const Mark& mark : page.marks) {
+            const auto* attachment = std::get_if<AttachmentMark>(&mark);
+            if (attachment != nullptr && base::IsSameFile(attachment->filePath, request.pdfPath)) {
+                return fmt::format("the attached file {}", attachment->filePath);
+            }
+        }
+    }
+    return request.useOf ? request.useOf(request.pdfPath) : std::string();
+}
+
+void RefuseInputAsTarget(const SaveRequest& request)
+{
+    const std::string input = InputAt(request);
+    if (!input.empty()) {
+        throw PublishFailure(PublishStatus::TargetIsInput,
+                             fmt::format("{} can't be saved: it is {}. Choose another name.", request.pdfPath, input));
+    }
+}
+
+void RefuseCutInput()
+{
+    try {
+        base::MappedFile::RequireWhole();
+    } catch (const std::runtime_error& cut) {
+        throw PublishFailure(PublishStatus::Internal, cut.what());
     }
 }
 
@@ -142,6 +166,7 @@ SaveReport SavePages(const SaveRequest& request, IPageMaker& pageMaker)
     const auto assembling = Clock::now();
     TargetFile target(request.pdfPath);
     const MarkTally marks = AssemblePdf(assembly, target);
+    RefuseCutInput();
     target.Commit();
     report.assembling = Since(assembling);
     report.pdfPath = request.pdfPath;

@@ -18,7 +18,8 @@ struct SaveRequest {
     const std::string& pdfPath;
     const std::string& workFolder; ///< private; what is made there is removed again
     NavigationWanted navigation;
-    std::function<void(const std::string& line)> note; ///< never empty
+    std::function<std::string(const std::string& path)> useOf; ///< see PublisherOptions
+    std::function<void(const std::string& line)> note;         ///< never empty
 };
 
 /// Makes the pages, puts them together and renames the PDF into place. Throws PublishFailure; then nothing was

@@ -1,5 +1,6 @@
 #include "render/References.h"
 
+#include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
 #include "images/ReferenceParts.h"
 
@@ -120,6 +121,29 @@ std::vector<References::XrefReport> References::Xrefs() const
         }
     }
     return all;
+}
+
+std::string References::UseOf(const std::string& path) const
+{
+    const auto isNamed = [&](const std::string& name) { return !name.empty() && base::IsSameFile(Find(name), path); };
+    for (const drawing::ImageDefinition& definition : m_parts->drawing.ImageDefinitions()) {
+        if (isNamed(definition.path)) {
+            const bool picture = definition.kind == drawing::ImageDefinition::Kind::Image;
+            return (picture ? "the picture \"" : "the underlay \"") + definition.path + "\"";
+        }
+    }
+    for (const drawing::Block& block : m_parts->drawing.Blocks()) {
+        if (isNamed(block.xrefPath)) {
+            return "the external reference \"" + block.xrefPath + "\"";
+        }
+    }
+    for (const auto& [block, xref] : m_parts->xrefs) {
+        const std::string use = xref == nullptr ? std::string() : xref->references->UseOf(path);
+        if (!use.empty()) {
+            return use;
+        }
+    }
+    return {};
 }
 
 } // namespace sm::render

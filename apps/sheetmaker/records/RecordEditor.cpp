@@ -1,5 +1,6 @@
 #include "records/RecordEditor.h"
 
+#include "base/files/MappedFile.h"
 #include "commandline/MarkValues.h"
 #include "commandline/Refusal.h"
 #include "settings/mdlDataKegIO.h"
@@ -20,10 +21,19 @@ Install WithDecimalPoint(const Install& install)
     return changed;
 }
 
+std::unique_ptr<base::EditLock> Lock(const std::string& drawing)
+{
+    try {
+        return std::make_unique<base::EditLock>(drawing);
+    } catch (const base::EditLockHeld& held) {
+        throw Refusal{kExitFailed, drawing + ": " + held.what() + " is changing it; try again when that has ended"};
+    }
+}
+
 } // namespace
 
 RecordEditor::RecordEditor(const std::string& drawing, const Install& install, terminal::Console& console)
-    : m_task{drawing, {}, {}, {}, {}}, m_install(WithDecimalPoint(install)),
+    : m_lock(Lock(drawing)), m_task{drawing, {}, {}, {}, {}}, m_install(WithDecimalPoint(install)),
       m_session(m_task, m_install, console, m_report)
 {
     m_session.Open(drawing);
@@ -61,6 +71,7 @@ int RunEdit(const std::string& command, std::ostream& err, const std::function<v
 {
     try {
         work();
+        base::MappedFile::RequireWhole();
         return kExitDone;
     } catch (const Refusal& refusal) {
         err << "sheetmaker " << command << ": " << refusal.text << "\n";

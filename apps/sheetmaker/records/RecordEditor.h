@@ -1,6 +1,7 @@
 // One drawing, open for its records to be read and changed.
 #pragma once
 
+#include "base/files/EditLock.h"
 #include "run/RunSession.h"
 
 #include <memory>
@@ -12,8 +13,9 @@ namespace sm::app {
 
 class RecordEditor {
 public:
-    /// Opens the drawing. Throws std::exception for one that can't be read. Numbers are written and read with ".",
-    /// whatever the locale.
+    /// Opens the drawing, and keeps other processes from changing it meanwhile: waits for one that does, and throws
+    /// Refusal when that takes too long. Throws std::exception for a drawing that can't be read. Numbers are written
+    /// and read with ".", whatever the locale.
     RecordEditor(const std::string& drawing, const Install& install, terminal::Console& console);
     RecordEditor(const RecordEditor&) = delete;
     RecordEditor& operator=(const RecordEditor&) = delete;
@@ -35,6 +37,7 @@ public:
     void Save();
 
 private:
+    std::unique_ptr<base::EditLock> m_lock;
     DrawingTask m_task;
     Install m_install;
     DrawingReport m_report;

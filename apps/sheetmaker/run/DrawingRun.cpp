@@ -1,10 +1,13 @@
 #include "run/DrawingRun.h"
 
+#include "base/files/MappedFile.h"
 #include "commandline/ExitCodes.h"
+#include "commandline/Refusal.h"
 #include "plugin/cPlugin.h"
 #include "report/RunOutcome.h"
 #include "run/HostReport.h"
 #include "run/RunSession.h"
+#include "settings/mdlUtilities.h"
 
 #include <chrono>
 
@@ -60,6 +63,7 @@ bool DrawingRun::Open()
 {
     const Clock::time_point start = Clock::now();
     m_session.Open(m_task.drawing);
+    m_session.RefuseTarget(m_task.savePath.value_or(StripExtension(m_task.drawing) + ".pdf"));
     const LayoutSelection selection = m_session.Select(m_task.options);
     if (!selection.error.empty()) {
         Fail(m_report, kExitUsage, "the drawing " + selection.error);
@@ -91,8 +95,11 @@ DrawingReport ConvertDrawing(const DrawingTask& task, const Install& install, te
     report.drawing = task.drawing;
     try {
         DrawingRun(task, install, console, report).Run();
+        base::MappedFile::RequireWhole();
     } catch (const std::bad_alloc&) {
         Fail(report, kExitFailed, "there is not enough memory");
+    } catch (const Refusal& refusal) {
+        Fail(report, refusal.exitCode, refusal.text);
     } catch (const drawing::DwgConverterMissing& error) {
         Fail(report, kExitToolMissing, WithoutName(error.what(), task.drawing));
     } catch (const std::exception& error) {

@@ -1,7 +1,9 @@
 #include "run/PublishRun.h"
 
+#include "base/files/MappedFile.h"
 #include "base/files/Paths.h"
 #include "commandline/ExitCodes.h"
+#include "commandline/Refusal.h"
 #include "hostobjects/cNativeDoc.h"
 #include "plugin/cPlugin.h"
 #include "plugin/mdlAcadHelper.h"
@@ -141,6 +143,7 @@ bool SetRun::AddSheets(const SetPart& part, bool keepGoing, DrawingReport& told)
     ConvertOptions options;
     options.layoutName = part.layout;
     m_session.Open(part.drawing);
+    m_session.RefuseTarget(*m_task.savePath);
     const LayoutSelection selection = m_session.Select(options);
     OpenNative native(m_session.Context(), m_owner, m_session.Document());
     if (!selection.error.empty())
@@ -205,6 +208,10 @@ DrawingReport PublishSet(const std::vector<SetPart>& parts, bool keepGoing, cons
     report.drawing = task.drawing;
     try {
         SetRun(task, log, install, console, report).Run(parts, keepGoing);
+        base::MappedFile::RequireWhole();
+    } catch (const Refusal& refusal) {
+        report.exitCode = refusal.exitCode;
+        report.failure = refusal.text;
     } catch (const std::bad_alloc&) {
         report.failure = "there is not enough memory";
     } catch (const std::exception& error) {

@@ -25,6 +25,14 @@ RunSession::RunSession(const DrawingTask& task, const Install& install, terminal
     : m_surrounded(task, install, console, report, screen),
       m_host(cadhost::CadHost::Create(OptionsFor(task, install, m_surrounded, screen))), m_hasScreen(screen != nullptr)
 {
+    m_surrounded.AskForUses([this](const std::string& path) { return m_host->UseOf(path); });
+}
+
+void RunSession::RefuseTarget(const std::string& path) const
+{
+    const std::string use = m_host->UseOf(path);
+    if (!use.empty())
+        throw Refusal{kExitUsage, "the PDF would replace " + use + "; choose another name with -o"};
 }
 
 void RunSession::Open(const std::string& drawing)

@@ -46,6 +46,8 @@ public:
 
     /// Plots tell of layers from now on as the options and the job options now in force ask for it.
     void RenewLayers(const ConvertOptions& options) { m_host->KeepLayers(m_surrounded.KeepsLayers(options)); }
+    /// Throws Refusal when a PDF at `path` would replace a file that an open drawing is or names, shown or not.
+    void RefuseTarget(const std::string& path) const;
     /// What plotting the open drawing did so far.
     [[nodiscard]] cadhost::DocumentReport HostReport() { return m_host->Report(m_document); }
 

@@ -118,6 +118,7 @@ publisher::PublisherOptions Surrounded::PublishingOptions(const DrawingTask& tas
     options.logFileName = task.logFileName;
     options.workFolder = task.workFolder;
     options.producer = "Sheetmaker PDF " + install.version;
+    options.useOf = [this](const std::string& path) { return m_useOf ? m_useOf(path) : std::string(); };
     options.observer.note = [this](const std::string& line) { m_report.notes.push_back(line); };
     options.observer.saved = [this](const publisher::SaveReport& saved) {
         m_report.pages = saved.pages;

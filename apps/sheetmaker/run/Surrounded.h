@@ -14,6 +14,7 @@
 #include "store/OverlayRegistry.h"
 #include "terminal/Console.h"
 
+#include <functional>
 #include <memory>
 
 namespace sm::app {
@@ -32,6 +33,8 @@ public:
     [[nodiscard]] const SheetWatcher& Watcher() const { return m_watcher; }
     /// The PDF is to have the drawing's layers: asked for by option or by the job options in force.
     [[nodiscard]] bool KeepsLayers(const ConvertOptions& options);
+    /// Who tells, from now on, what a file is to the run when a PDF must not replace it; empty text: nothing.
+    void AskForUses(std::function<std::string(const std::string& path)> useOf) { m_useOf = std::move(useOf); }
     /// Lays an option over a stored setting for this run.
     void LaySetting(const Setting& setting, const std::string& value);
 
@@ -42,6 +45,7 @@ private:
     [[nodiscard]] publisher::PublisherOptions PublishingOptions(const DrawingTask& task, const Install& install);
 
     DrawingReport& m_report;
+    std::function<std::string(const std::string& path)> m_useOf;
     const ScreenParts* m_screen; ///< null: there is none
     SheetWatcher m_watcher;
     std::unique_ptr<IRegistry> m_stored;

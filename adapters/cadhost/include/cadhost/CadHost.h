@@ -103,6 +103,8 @@ public:
     virtual std::vector<LayoutOutline> Outlines(const std::shared_ptr<IAcadDocument>& document) = 0;
     /// The same with everything that is in force; those that are scaled to fit are measured for it.
     virtual std::vector<LayoutFacts> Layouts(const std::shared_ptr<IAcadDocument>& document) = 0;
+    /// What the file at `path` is to a drawing that is open, as References::UseOf says it; empty when it is nothing.
+    virtual std::string UseOf(const std::string& path) = 0;
     virtual const drawing::Drawing& DrawingOf(const std::shared_ptr<IAcadDocument>& document) = 0;
 };
 

@@ -49,6 +49,9 @@ struct PublisherOptions {
     /// The PDF's Producer entry.
     std::string producer = "Sheetmaker PDF";
     NavigationWanted navigation;
+    /// What the file at a path is to the run ("the underlay \"plan.pdf\""), when saving must not replace it; empty
+    /// text: nothing. May be empty.
+    std::function<std::string(const std::string& path)> useOf;
     PublishObserver observer;
 };
 

@@ -80,6 +80,10 @@ public:
     };
     PagePicture PageOf(const drawing::ImageDefinition& definition, const PictureLook& look, double inch);
 
+    /// What the file at `path` is to the drawing or to an external reference that was opened: "the underlay
+    /// \"plan.pdf\"". Shown or not, it must not be replaced. Empty when they don't name it.
+    [[nodiscard]] std::string UseOf(const std::string& path) const;
+
     /// What could not be found or used, each once, external references' included.
     [[nodiscard]] std::vector<drawing::Finding> Findings() const;
     /// The external references that were opened, theirs included; prefixes from the host on ("SITE|TREES").

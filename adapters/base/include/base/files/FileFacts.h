@@ -24,6 +24,9 @@ struct FileFacts {
 /// Follows links. `error` says why when nothing can be told, with kind Missing.
 FileFacts FactsOf(const std::string& path, std::error_code& error);
 
+/// Do both names lead to one file that exists, whatever links lie between?
+bool IsSameFile(const std::string& left, const std::string& right);
+
 /// May this process read it, write it? `error` says why not.
 bool MayRead(const std::string& path, std::error_code& error);
 bool MayWrite(const std::string& path, std::error_code& error);

@@ -26,6 +26,11 @@ public:
     [[nodiscard]] std::string_view Bytes() const { return m_bytes; }
     /// Of the file when it was mapped.
     [[nodiscard]] const FileFacts& Facts() const { return m_facts; }
+    /// A file that somebody cut while it was mapped by this process: what stood behind its new end was read as zeros,
+    /// and nothing made of it may be kept. Empty when that happened to none.
+    static std::string Cut();
+    /// Throws std::runtime_error that says so when there is one.
+    static void RequireWhole();
     /// Gives back the memory of a part that was read; reading it again fetches it again.
     void Forget(std::string_view part) const;
 
