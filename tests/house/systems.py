@@ -11,7 +11,7 @@ from sources import INCLUDE, STANDARD, files, read
 # Rooms that may include the system's headers and call its functions.
 KNOW_THE_SYSTEM = ("adapters/base/", "adapters/system/", "adapters/store/", "adapters/qt/", "adapters/windows/")
 # The processes of the workers are forks of this one; another system needs another worker altogether.
-FORKS = {"apps/sheetmaker/workers/Worker.h", "apps/sheetmaker/workers/Worker.cpp",
+FORKS = {"apps/sheetmaker/workers/Worker.h", "apps/sheetmaker/workers/Worker.cpp", "apps/sheetmaker/workers/WorkerLimits.cpp",
          "apps/sheetmaker/workers/WorkerPool.cpp"}
 
 HEADERS = re.compile(r"^(sys|net|netinet|arpa|linux)/|^(unistd|fcntl|dirent|pwd|grp|poll|spawn|dlfcn|signal|strings|langinfo|"

@@ -1,6 +1,7 @@
 #include "commandline/CommandLine.h"
 
 #include "commandline/CommandHelp.h"
+#include "commandline/CountOption.h"
 #include "commandline/ExitCodes.h"
 #include "commandline/MarkCommandLine.h"
 #include "commandline/NamedNumbers.h"
@@ -80,14 +81,6 @@ void AddQualityOptions(CLI::App& command, ConvertOptions& options)
     command.add_flag("--as-set", options.asSet, "Take what no option says from the stored settings");
 }
 
-/// CLI11's own range check would write its bounds into the help.
-std::string WorkerCountError(const std::string& text)
-{
-    int count = 0;
-    const bool valid = CLI::detail::lexical_cast(text, count) && count >= 1 && count <= kMostWorkers;
-    return valid ? std::string() : "\"" + text + "\" is no number from 1 to " + std::to_string(kMostWorkers);
-}
-
 void AddConvert(CLI::App& program, ConvertJob& job)
 {
     CLI::App& command = *program.add_subcommand("convert", "Convert drawings to PDF");
@@ -97,9 +90,9 @@ void AddConvert(CLI::App& program, ConvertJob& job)
         ->type_name("PATH");
     AddLayoutOptions(command, job.options);
     AddQualityOptions(command, job.options);
-    command.add_option("--jobs", job.workers, "How many drawings at a time (default: one a processor)")
-        ->type_name("N")
-        ->check([](const std::string& text) { return WorkerCountError(text); });
+    AddCount(command, "--jobs", job.workers, kMostWorkers, "N",
+             "How many drawings at a time (default: one a processor)");
+    AddLimits(command, job.seconds, job.mebibytes);
     command.add_flag("--strict", job.strict,
                      "Count lost content of a damaged drawing as a failure, and characters that no font has");
     command.add_flag("--no-clobber", job.noClobber, "Leave out drawings whose PDF exists");

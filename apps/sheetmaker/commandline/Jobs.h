@@ -33,6 +33,8 @@ struct ConvertJob {
     bool strict = false;
     bool reportJson = false;
     bool noClobber = false; ///< what has its PDF already is left out
+    int seconds = 0;        ///< that a drawing may take; 0: by its size
+    int mebibytes = 0;      ///< of memory, likewise
     friend bool operator==(const ConvertJob&, const ConvertJob&) = default;
 };
 
@@ -119,6 +121,8 @@ struct PublishJob {
     std::string output;
     std::vector<std::string> sheets; ///< a drawing, or a drawing, ":" and the name of a layout
     bool keepGoing = false;
+    int seconds = 0;   ///< that all may take together; 0: by their size
+    int mebibytes = 0; ///< of memory, likewise
     friend bool operator==(const PublishJob&, const PublishJob&) = default;
 };
 

@@ -1,5 +1,6 @@
 #include "commandline/MarkCommandLine.h"
 
+#include "commandline/CountOption.h"
 #include "commandline/MarkHelp.h"
 #include "commandline/MarkValues.h"
 #include "commandline/NamedNumbers.h"
@@ -156,6 +157,7 @@ void AddPublish(CLI::App& program, PublishJob& job)
         ->required()
         ->type_name("");
     command.add_flag("--keep-going", job.keepGoing, "Save what succeeded when a sheet fails");
+    AddLimits(command, job.seconds, job.mebibytes);
 }
 
 } // namespace

@@ -45,6 +45,7 @@ public:
     int Run(const WorkerWork& work)
     {
         NeedTools(m_install);
+        NeedSettings(m_install);
         CheckJobOptions(m_job.options, m_install);
         OutputPlan plan = PlanOutput(m_job.drawings, m_job.output);
         if (!plan.error.empty())
@@ -91,8 +92,9 @@ private:
     {
         std::vector<PooledTask> tasks;
         for (const PlannedDrawing& planned : plan.drawings)
-            tasks.push_back(
-                {{planned.drawing, planned.savePath, m_job.options, logs.Names()[tasks.size()], {}}, planned.pdfPath});
+            tasks.push_back({{planned.drawing, planned.savePath, m_job.options, logs.Names()[tasks.size()], {}},
+                             planned.pdfPath,
+                             LimitsFor({planned.drawing}, m_job.seconds, m_job.mebibytes)});
         return tasks;
     }
 

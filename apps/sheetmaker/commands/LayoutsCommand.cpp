@@ -1,5 +1,6 @@
 #include "commands/LayoutsCommand.h"
 
+#include "base/files/MappedFile.h"
 #include "commandline/ExitCodes.h"
 #include "run/RunSession.h"
 
@@ -96,6 +97,7 @@ int RunLayouts(const LayoutsJob& job, const Install& install, std::ostream& out,
         RunSession session(task, install, console, report);
         session.Open(job.drawing);
         const std::vector<cadhost::LayoutFacts> layouts = session.LayoutFacts();
+        base::MappedFile::RequireWhole();
         out << (job.json ? LayoutJson(layouts) : LayoutTable(layouts));
         return kExitDone;
     } catch (const drawing::DwgConverterMissing& error) {

@@ -51,6 +51,7 @@ public:
     int Run()
     {
         NeedTools(m_install);
+        NeedSettings(m_install);
         const std::vector<SetPart> parts = Parts(m_job);
         const PlannedDrawing planned = PlanSet(m_job.output, parts);
         MakeFolderOf(planned.pdfPath);
@@ -60,7 +61,12 @@ public:
         };
         PoolCallbacks callbacks;
         callbacks.done = [this](const DrawingReport& report, const std::string&) { Tell(report); };
-        const PooledTask task{{m_job.output, planned.savePath, {}, {}, {}}, planned.pdfPath};
+        std::vector<std::string> drawings;
+        for (const SetPart& part : parts)
+            drawings.push_back(part.drawing);
+        const PooledTask task{{m_job.output, planned.savePath, {}, {}, {}},
+                              planned.pdfPath,
+                              LimitsFor(drawings, m_job.seconds, m_job.mebibytes)};
         if (RunPool({task}, 1, work, callbacks))
             return m_exitCode;
         m_err << "sheetmaker: interrupted\n";

@@ -5,6 +5,7 @@
 #include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -91,8 +92,9 @@ void Worker::Stream::Close()
     descriptor = -1;
 }
 
-Worker::Worker(DrawingTask task, const std::string& pdfPath, const WorkerWork& work, Lines lines)
-    : m_task(std::move(task))
+Worker::Worker(DrawingTask task, const std::string& pdfPath, const WorkerWork& work, Lines lines,
+               const WorkerLimits& limits)
+    : m_task(std::move(task)), m_limits(limits)
 {
     std::error_code unknown;
     m_pdfFolder = fs::weakly_canonical(base::ToPath(pdfPath), unknown).parent_path();
@@ -109,6 +111,7 @@ void Worker::Start(const WorkerWork& work, Lines lines)
     m_process = fork();
     if (m_process == 0) {
         RestoreSignals(parent);
+        ObeyLimits(m_limits);
         if (lines == Lines::Kept)
             dup2(linesStart, STDERR_FILENO);
         close(linesStart);
@@ -153,9 +156,29 @@ DrawingReport Worker::Finish()
     DrawingReport report;
     report.drawing = m_task.drawing;
     report.exitCode = kExitFailed;
-    report.failure = WIFSIGNALED(status) ? fmt::format("the conversion was ended by signal {}", WTERMSIG(status))
-                                         : "the conversion ended without a report";
+    const bool late = m_endedLate || (WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU);
+    if (late)
+        report.failure = fmt::format("the conversion took longer than {} s and was ended; --timeout allows it more",
+                                     std::chrono::duration_cast<std::chrono::seconds>(m_limits.time).count());
+    else
+        report.failure = WIFSIGNALED(status) ? fmt::format("the conversion was ended by signal {}", WTERMSIG(status))
+                                             : "the conversion ended without a report";
     return report;
+}
+
+std::optional<std::chrono::milliseconds> Worker::TimeLeft() const
+{
+    if (m_limits.time.count() == 0)
+        return std::nullopt;
+    const auto taken =
+        std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - m_begin);
+    return std::max(m_limits.time - taken, std::chrono::milliseconds(0));
+}
+
+void Worker::EndLate()
+{
+    m_endedLate = true;
+    kill(m_process, SIGKILL);
 }
 
 void Worker::RemoveLeftovers()

@@ -2,9 +2,12 @@
 #pragma once
 
 #include "run/DrawingRun.h"
+#include "workers/WorkerLimits.h"
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <sys/types.h>
 
@@ -20,7 +23,8 @@ public:
 
     /// Starts the process, with a private folder for its temporary files. `pdfPath` is where its PDF goes. Throws
     /// std::system_error.
-    Worker(DrawingTask task, const std::string& pdfPath, const WorkerWork& work, Lines lines);
+    Worker(DrawingTask task, const std::string& pdfPath, const WorkerWork& work, Lines lines,
+           const WorkerLimits& limits = {});
     /// Ends the process when it still runs, and removes everything temporary that it left.
     ~Worker();
     Worker(const Worker&) = delete;
@@ -31,6 +35,11 @@ public:
     /// The descriptors to wait for; -1 for one that is at its end.
     [[nodiscard]] int ReportDescriptor() const { return m_report.descriptor; }
     [[nodiscard]] int LinesDescriptor() const { return m_lines.descriptor; }
+    /// How long it may still run; nothing when there is no end to it.
+    [[nodiscard]] std::optional<std::chrono::milliseconds> TimeLeft() const;
+    /// Ends the process, which took too long; `Read` and `Finish` then go on as ever.
+    void EndLate();
+    [[nodiscard]] bool EndedLate() const { return m_endedLate; }
     /// After `Read` gave false: waits for the end and gives the report; one of a crash when there was one.
     DrawingReport Finish();
     /// The kept lines.
@@ -47,11 +56,13 @@ private:
     void RemoveLeftovers();
 
     DrawingTask m_task;
+    WorkerLimits m_limits;
+    std::chrono::steady_clock::time_point m_begin = std::chrono::steady_clock::now();
     std::filesystem::path m_pdfFolder;
     Stream m_report, m_lines;
     pid_t m_process = -1;
     pid_t m_lastProcess = -1;
-    bool m_endedWell = false;
+    bool m_endedWell = false, m_endedLate = false;
 };
 
 } // namespace sm::app

@@ -70,7 +70,7 @@ private:
     {
         const PooledTask& next = m_tasks[m_started];
         const auto lines = m_tasks.size() == 1 ? Worker::Lines::Straight : Worker::Lines::Kept;
-        m_running.emplace(m_started, std::make_unique<Worker>(next.task, next.pdfPath, m_work, lines));
+        m_running.emplace(m_started, std::make_unique<Worker>(next.task, next.pdfPath, m_work, lines, next.limits));
         ++m_started;
     }
 
@@ -82,8 +82,27 @@ private:
             waits.push_back({worker->ReportDescriptor(), POLLIN, 0});
             waits.push_back({worker->LinesDescriptor(), POLLIN, 0});
         }
-        poll(waits.data(), waits.size(), -1);
+        poll(waits.data(), waits.size(), PauseUntilOneIsLate());
+        EndLateOnes();
         return (waits.front().revents & POLLIN) == 0;
+    }
+
+    /// Milliseconds until the next worker's time is over; -1: never.
+    [[nodiscard]] int PauseUntilOneIsLate() const
+    {
+        constexpr std::int64_t kLongest = 3'600'000;
+        std::int64_t pause = -1;
+        for (const auto& [index, worker] : m_running)
+            if (const auto left = worker->TimeLeft(); left && !worker->EndedLate())
+                pause = pause < 0 ? left->count() : std::min(pause, static_cast<std::int64_t>(left->count()));
+        return static_cast<int>(std::min(pause, kLongest));
+    }
+
+    void EndLateOnes()
+    {
+        for (const auto& [index, worker] : m_running)
+            if (const auto left = worker->TimeLeft(); left && left->count() == 0 && !worker->EndedLate())
+                worker->EndLate();
     }
 
     void Collect()

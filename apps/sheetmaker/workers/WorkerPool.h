@@ -12,6 +12,7 @@ namespace sm::app {
 struct PooledTask {
     DrawingTask task;
     std::string pdfPath;
+    WorkerLimits limits = {};
 };
 
 struct PoolCallbacks {

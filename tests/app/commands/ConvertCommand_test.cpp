@@ -128,6 +128,58 @@ TEST_F(ConvertCommand, KeepsABadDrawingFromTakingAnotherDown)
         EXPECT_FALSE(file.path().filename().string().starts_with(".sheetmaker-")) << file.path();
 }
 
+TEST_F(ConvertCommand, EndsDrawingsThatTakeTooLongAlone)
+{
+    const auto converting = Converting();
+    ConvertJob job = Job({"a.dxf", "b.dxf", "c.dxf"});
+    job.seconds = 1;
+    const int code = Run(job, [&](const DrawingTask& task, terminal::Console& console) {
+        while (task.drawing == "a.dxf")
+            pause();
+        for (volatile bool busy = task.drawing == "b.dxf"; busy;) {
+        }
+        return converting(task, console);
+    });
+    EXPECT_EQ(code, 1);
+    EXPECT_EQ(m_out.str(), "c.dxf -> c.dxf.pdf, 1 page\n");
+    const std::string late = "failed: the conversion took longer than 1 s and was ended; --timeout allows it more\n";
+    EXPECT_EQ(m_err.str(), "a.dxf: " + late + "b.dxf: " + late + "c.dxf: seen\n");
+    EXPECT_TRUE(fs::is_empty(m_machine.In("tmp")));
+}
+
+#ifndef __SANITIZE_ADDRESS__
+TEST_F(ConvertCommand, GivesADrawingNoMoreMemoryThanAllowed)
+{
+    ConvertJob job = Job({"a.dxf"});
+    job.mebibytes = 100;
+    const int code = Run(job, [](const DrawingTask& task, terminal::Console&) {
+        DrawingReport report;
+        report.drawing = task.drawing;
+        try {
+            const std::vector<char> much(std::size_t{200} << 20, 'x');
+            report.pages = much[77];
+        } catch (const std::bad_alloc&) {
+            report.failure = "there is not enough memory";
+            report.exitCode = 1;
+        }
+        return report;
+    });
+    EXPECT_EQ(code, 1);
+    EXPECT_EQ(m_err.str(), "a.dxf: failed: there is not enough memory\n");
+}
+#endif
+
+TEST(WorkerLimits, GrowWithTheFiles)
+{
+    const std::string path = testing::TempDir() + "limits.dxf";
+    std::ofstream(path) << std::string(2'500'000, 'x');
+    EXPECT_EQ(LimitsFor({}, 0, 0).time, std::chrono::seconds(300));
+    EXPECT_EQ(LimitsFor({path}, 0, 0).time, std::chrono::seconds(340));
+    EXPECT_EQ(LimitsFor({path, path}, 0, 0).time, std::chrono::seconds(400));
+    EXPECT_EQ(LimitsFor({"gone.dxf"}, 7, 100), (WorkerLimits{std::chrono::seconds(7), std::uint64_t{100} << 20}));
+    EXPECT_GT(LimitsFor({}, 0, 0).memory, std::uint64_t{100} << 20);
+}
+
 TEST_F(ConvertCommand, EndsCleanlyWhenItIsInterrupted)
 {
     const pid_t parent = getpid();

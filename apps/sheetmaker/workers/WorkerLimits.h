@@ -1,0 +1,24 @@
+// What one drawing may take of the machine, so that no other has to wait for it forever.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace sm::app {
+
+struct WorkerLimits {
+    std::chrono::milliseconds time{0}; ///< of the clock, and twice that of processors; 0: no end
+    std::uint64_t memory = 0;          ///< bytes of its own, files that are read aside; 0: what the machine gives
+    friend bool operator==(const WorkerLimits&, const WorkerLimits&) = default;
+};
+
+/// `seconds` and `mebibytes` as the user asked for them; 0: by the files' size, five minutes and 20 seconds a megabyte,
+/// and all of the machine's memory but a tenth.
+WorkerLimits LimitsFor(const std::vector<std::string>& drawings, int seconds, int mebibytes);
+
+/// Lays the limits on this process and on those that it starts. The end by the clock is up to the parent.
+void ObeyLimits(const WorkerLimits& limits);
+
+} // namespace sm::app
