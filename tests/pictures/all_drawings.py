@@ -4,28 +4,36 @@
     all_drawings.py PROGRAM FOLDER OUT_FOLDER [PATTERN]
 
 FOLDER holds DXF and DWG drawings ("broken" aside). For each layout that holds something, OUT_FOLDER gets a picture: ours on
-the left, ezdxf's on the right, both cut to their ink. `differences.txt` lists the shares of differing ink, the worst first.
-DWGs go to ezdxf through the DXF of our converter. The second list names each kind of entity that isn't drawn, and says why
-where that is known (NOT_DRAWN); one without a reason ends the run with exit code 1. The pictures judge nothing by
-themselves: look at the worst. Takes many minutes; needs python3-matplotlib besides what compare_pictures.py needs.
+the left, ezdxf's on the right, both cut to their ink, or moved and sized so that their ink meets best where that comes
+closer. ezdxf's own stay in OUT_FOLDER/ezdxf, and later runs take them from there.
+`differences.txt` lists the shares of differing ink, the worst first, each above 0.2 with its reason out of reasons.py.
+DWGs go to ezdxf through the DXF beside them, or that of our converter. The second list names each kind of entity that isn't
+drawn, and says why where that is known (NOT_DRAWN). A page above 0.2 without a reason ends the run with exit code 1, and so
+do a kind without one and a page that couldn't be compared without one. Takes many minutes; needs python3-matplotlib besides
+what compare_pictures.py needs.
 """
 import collections
 import concurrent.futures
 import glob
+import hashlib
 import json
 import os
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import alignment  # noqa: E402
 import compare_pictures as pictures  # noqa: E402
+import reasons  # noqa: E402
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 DWG = os.path.join(HERE, "..", "..", "share", "sheetmaker-pdf", "dwg")
 CACHE = os.path.join(os.environ.get("XDG_CACHE_HOME") or os.path.expanduser("~/.cache"), "sheetmaker-pdf", "dwg")
 DEADLINE = 300  # seconds for one drawing in ezdxf
+NOT_COMPARED = 9.0  # stands for a share
 NO_PICTURE = "holds no picture of itself: "
 LOST_BODY = "the DWG converter loses its body: from R2013 on all of it, in R2007 records that others point to"
 NOT_DRAWN = {
@@ -61,19 +69,32 @@ def drawings_in(folder, pattern):
     return sorted(path for path in paths if os.sep + "broken" + os.sep not in path)
 
 
+def twin_of(drawing):
+    """The drawing that ezdxf reads: the DXF beside a DWG, else the drawing itself."""
+    twins = [drawing[:-4] + ending for ending in (".dxf", "_ascii.dxf")]
+    return next(filter(os.path.exists, [] if drawing.lower().endswith(".dxf") else twins), drawing)
+
+
 def reference_dxf(drawing, folder):
-    """What ezdxf reads: the drawing itself, the DXF beside a DWG, or else the converter's DXF."""
+    """`drawing` itself, or the converter's DXF of it."""
     if drawing.lower().endswith(".dxf"):
         return drawing
-    for ending in (".dxf", "_ascii.dxf"):
-        if os.path.exists(drawing[:-4] + ending):
-            return drawing[:-4] + ending
     dxf = os.path.join(folder, "converted.dxf")
     package = next((path for path in (os.path.join(root, "node_modules", "@mlightcad", "libredwg-web") for root in (DWG, CACHE))
                     if os.path.exists(path)), "")
     subprocess.run(["node", "--liftoff-only", os.path.join(DWG, "to-dxf.mjs"), package, drawing, dxf], check=True,
                    capture_output=True)
     return dxf
+
+
+def draw_references(drawing, names, folder):
+    """Lets ezdxf draw 0.png, 1.png, ...; what went wrong, or nothing."""
+    try:
+        run = subprocess.run([sys.executable, os.path.join(HERE, "reference.py"), reference_dxf(drawing, folder), folder,
+                              json.dumps(names)], capture_output=True, text=True, timeout=DEADLINE)
+    except (subprocess.SubprocessError, OSError) as error:
+        return f"ezdxf: {type(error).__name__}"
+    return "" if run.returncode == 0 else "ezdxf: " + (run.stderr.strip().splitlines() or [f"exit {run.returncode}"])[-1]
 
 
 def our_page(program, drawing, layout, folder):
@@ -89,7 +110,7 @@ def our_page(program, drawing, layout, folder):
 
 
 def file_name(drawing, layout):
-    return re.sub(r"[^\w.-]+", "_", os.path.basename(drawing) + "." + layout["name"]) + ".png"
+    return re.sub(r"[^\w.-]+", "_", ".".join([*drawing.split(os.sep)[-2:], layout["name"]])) + ".png"
 
 
 class Survey:
@@ -100,23 +121,26 @@ class Survey:
     def take(self, drawing):
         listed = subprocess.run([self.program, "layouts", drawing, "--json"], capture_output=True, text=True)
         if listed.returncode != 0:
-            self.differences.append((9.0, drawing, "", listed.stderr.strip()))
+            self.differences.append((NOT_COMPARED, drawing, "", listed.stderr.strip()))
             return
         layouts = [layout for layout in json.loads(listed.stdout) if layout["entities"] > 0]
         with tempfile.TemporaryDirectory() as folder:
-            why = self.references(drawing, layouts, folder)
-            for index, layout in enumerate(layouts):
-                theirs = os.path.join(folder, f"{index}.png")
-                self.take_layout(drawing, layout, theirs if os.path.exists(theirs) else None, why, folder)
+            theirs, why = self.references(twin_of(drawing), ["" if row["model"] else row["name"] for row in layouts], folder)
+            for layout, picture in zip(layouts, theirs):
+                self.take_layout(drawing, layout, picture if os.path.exists(picture) else None, why, folder)
 
-    def references(self, drawing, layouts, folder):
-        names = ["" if layout["model"] else layout["name"] for layout in layouts]
-        try:
-            run = subprocess.run([sys.executable, os.path.join(HERE, "reference.py"), reference_dxf(drawing, folder), folder,
-                                  json.dumps(names)], capture_output=True, text=True, timeout=DEADLINE)
-        except (subprocess.SubprocessError, OSError) as error:
-            return f"ezdxf: {type(error).__name__}"
-        return "" if run.returncode == 0 else "ezdxf: " + (run.stderr.strip().splitlines() or ["?"])[-1]
+    def references(self, drawing, names, folder):
+        """The places of ezdxf's pictures, which are kept for later runs, and what went wrong."""
+        with open(drawing, "rb") as file:
+            content = file.read()
+        kept = [os.path.join(self.out, "ezdxf", hashlib.sha1(content + name.encode()).hexdigest() + ".png") for name in names]
+        missing = [(name, place) for name, place in zip(names, kept) if not os.path.exists(place)]
+        why = draw_references(drawing, [name for name, _ in missing], folder) if missing else ""
+        for index, (_, place) in enumerate(missing):
+            picture = os.path.join(folder, f"{index}.png")
+            if os.path.exists(picture):
+                shutil.move(picture, place)
+        return kept, why
 
     def take_layout(self, drawing, layout, theirs, why, folder):
         page, kinds, failure = our_page(self.program, drawing, layout, folder)
@@ -125,36 +149,53 @@ class Survey:
         boxes = [pictures.ink_box(page) if page else None,
                  pictures.ink_box(pictures.Image.open(theirs).convert("L")) if theirs else None]
         name = file_name(drawing, layout)
+        if boxes == [None, None] and not failure and not why:
+            self.differences.append((0.0, drawing, layout["name"], "both are empty"))
+            return
         if None in boxes:
             missing = [text for text, box in (("ours is empty", boxes[0]), ("ezdxf's is empty", boxes[1])) if box is None]
-            self.differences.append((8.0, drawing, layout["name"], failure or why or " and ".join(missing)))
+            self.differences.append((NOT_COMPARED, drawing, layout["name"], failure or why or " and ".join(missing)))
             return
-        pictures.pair(*boxes, os.path.join(self.out, name))
         share = pictures.difference(*boxes)
+        if share > reasons.MOST:
+            pages = alignment.aligned(*boxes)
+            share, boxes = min((share, boxes), (pictures.difference(*pages), pages), key=lambda pair: pair[0])
+        pictures.pair(*boxes, os.path.join(self.out, name))
         self.differences.append((share, drawing, layout["name"], name))
         print(f"{share:.3f}  {name}", flush=True)
 
     def tell(self):
-        rows = [f"{share:.3f}  {os.path.basename(drawing)} [{layout}]  {text}" if share < 8 else
-                f"  -    {os.path.basename(drawing)} [{layout}]  not compared: {text}"
-                for share, drawing, layout, text in sorted(self.differences, key=lambda row: -row[0])]
+        rows, unexplained, used = [], [], set()
+        for share, drawing, layout, text in sorted(self.differences, key=lambda row: -row[0]):
+            name = f"{os.path.basename(drawing)} [{layout}]"
+            row = f"{share:.3f}  {name}" if share < NOT_COMPARED else f"  -    {name}  not compared: {text}"
+            if share > reasons.MOST:
+                reason = reasons.reason_for(os.path.basename(drawing), layout)
+                unexplained += [] if reason else [row]
+                used.add(reason)
+                row += ": " + (reason or "NO REASON IS WRITTEN DOWN")
+            rows.append(row)
         with open(os.path.join(self.out, "differences.txt"), "w", encoding="utf-8") as file:
             file.write("\n".join(rows) + "\n")
-        print("\nThe worst:\n" + "\n".join([row for row in rows if not row.startswith("  -")][:10]))
-        print("\nNot compared:\n" + "\n".join(row for row in rows if row.startswith("  -")))
+        above = [share for share, *_ in self.differences if share > reasons.MOST]
+        print(f"\n{len(rows)} pages, {len(above)} above {reasons.MOST} or not compared, {len(used - {None})} reasons, "
+              f"{len(unexplained)} without one", *unexplained, sep="\n")
+        return self.tell_not_drawn() or bool(unexplained)
+
+    def tell_not_drawn(self):
         print("\nNot drawn:")
         for kind, counts in sorted(self.not_drawn.items()):
             where = ", ".join(f"{count} in {drawing}" for drawing, count in counts.most_common(3))
             print(f"  {kind}: {where}; {NOT_DRAWN.get(kind, 'NO REASON IS KNOWN')}")
-        return 1 if any(kind not in NOT_DRAWN for kind in self.not_drawn) else 0
+        return any(kind not in NOT_DRAWN for kind in self.not_drawn)
 
 
 def main(program, folder, out, pattern="*"):
-    os.makedirs(out, exist_ok=True)
+    os.makedirs(os.path.join(out, "ezdxf"), exist_ok=True)
     survey = Survey(os.path.abspath(program), out)
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         list(pool.map(survey.take, drawings_in(folder, pattern)))
-    return survey.tell()
+    return int(survey.tell())
 
 
 if __name__ == "__main__":
