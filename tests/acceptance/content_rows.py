@@ -215,5 +215,22 @@ def output_over_input(stand):
     assert not os.path.exists(path[:-4] + ".pdf"), "a PDF stands beside the drawing"
 
 
-ROWS = [attributes, dimensions, leader_arrow, mtext_codes, mtext_wraps, code_pages, stroke_text, pattern_hatches, images,
+def mirrored_paragraph(stand):
+    """A paragraph seen from behind, without a direction or an angle, runs to the right and stands on its head."""
+    document = stand.new()
+    mtext = document.modelspace().add_mtext("HHHH", dxfattribs={"insert": (100, 50), "char_height": 10, "style": "OpenSans",
+                                                                "extrusion": (0, 0, -1)})
+    assert not mtext.dxf.hasattr("text_direction") and not mtext.dxf.hasattr("rotation")
+    for start, end in (((0, 0), (200, 0)), ((200, 0), (200, 100)), ((200, 100), (0, 100)), ((0, 100), (0, 0))):
+        document.modelspace().add_line(start, end, dxfattribs={"color": 1})
+    pdf = stand.convert(document, "--layouts", "model")
+    frame = page_ink.box([point for line in page_ink.segments(page_ink.shapes(pdf), "#ff0000") for point in line[:2]])
+    unit = (frame[2] - frame[0]) / 200
+    picture = pdf_tools.Picture(pdf)
+    ink = picture.ink_box(frame[0] + 2 * unit, frame[1] + 2 * unit, frame[2] - 2 * unit, frame[3] - 2 * unit)
+    left, bottom, _, top = ((value - start) / unit for value, start in zip(ink, (frame[0], frame[1]) * 2))
+    assert 99 < left < 103 and 49 < bottom < 51 and 59 < top < 61, f"from {left:.1f}, {bottom:.1f} up to {top:.1f}"
+
+
+ROWS = [mirrored_paragraph, attributes, dimensions, leader_arrow, mtext_codes, mtext_wraps, code_pages, stroke_text, pattern_hatches, images,
         pen_colour, empty_layout, unusable_files, outputs_of_one_name, output_over_input]

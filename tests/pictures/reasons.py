@@ -7,7 +7,39 @@ import fnmatch
 
 MOST = 0.2  # share of differing ink
 
+IMAGES = "ezdxf draws neither images nor underlays, which are most of the page's ink"
+LINETYPES = "ezdxf draws line types with shapes and texts as plain lines, and points as dots whatever their form (PDMODE)"
+STROKES = "most of the ink is text in stroke fonts, which ezdxf draws as filled outlines of another width"
+OUTLINES = "nothing but a few large words: ezdxf has another outline font in Arial's place, which is wider"
+WIDTHS = "a text of a style of width 0.4 takes most of the page's width: ezdxf draws it at full width"
+CUT = "the page setup plots at 1:1 in inches, so that the paper shows only a corner of what ezdxf shows whole"
+SCALE = "the layout is set to 25.4 inches a unit (its limits say the same), so that the paper shows one corner of the sheet"
+BORDER = "the frame is as large as the paper and falls outside the printable area; the rest that differs is text in stroke fonts"
+WINDOW = "the model's plot window holds nothing that is on, in either form of the window; the report says that the page is blank"
+OFF_PAPER = "the only viewport lies above the printable area but for an empty strip; the report says that the page is blank"
+PROXIES = "the converter's DXF of an R14 drawing has no multileaders and tables; ours has them from the DWG's proxies"
+HATCHES = "ezdxf gives up dense hatches, and draws all lines as wide as a pixel; ours are thinner than that"
+FONTS = "the words come in another outline font, a viewport's border is drawn by us alone"
+
 PAGES = [
+    ("api-cw750-details.dxf", "Model", WINDOW),
+    ("testHatch.dxf", "Model", WINDOW),
+    ("api-cw750-details.dxf", "Sheet [14]", BORDER),
+    ("flange.dxf", "Layout2", OFF_PAPER),
+    ("tray-easy1.dxf", "Sheet2", SCALE),
+    ("viewports.dxf", "*", IMAGES),
+    ("images.dxf", "Model", IMAGES),
+    ("viewport_frozen_layers.dxf", "Model", OUTLINES),
+    ("sample_AC1014.dwg", "Model", PROXIES),
+    ("sample_AC10??*", "Layout[12]", LINETYPES),
+    ("sample_AC10??*", "MyLayout", LINETYPES),
+    ("text_fonts.dxf", "Model", CUT),
+    ("bin_dxf_r2000.dxf", "Model", CUT),
+    ("multi_insert_with_attribs.dxf", "Model", CUT),
+    ("shx.dxf", "Model", STROKES),
+    ("leader-mleader.dxf", "Model", WIDTHS),
+    ("Elevations.dwg", "*", HATCHES),
+    ("ifk.dwt", "Plot", FONTS),
 ]
 
 

@@ -10,6 +10,7 @@ import sys
 
 import ezdxf.path
 import numpy
+from ezdxf.math import Vec3
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import compare_pictures as pictures  # noqa: E402
@@ -69,6 +70,9 @@ def wake_views(layout):
     """Layouts that were not open when the drawing was saved have viewports without ids and states, which ezdxf leaves out."""
     for index, viewport in enumerate(layout.query("VIEWPORT")):
         if viewport.dxf.get("id", 0) != 1:
+            if Vec3(viewport.dxf.view_direction_vector).normalize().isclose((0, 0, 1), abs_tol=1e-6):
+                viewport.dxf.view_direction_vector = (0, 0, 1)  # views nearly from above and view targets pass it by, too
+                viewport.dxf.view_center_point = Vec3(viewport.dxf.view_center_point) + Vec3(viewport.dxf.view_target_point)
             viewport.dxf.id = index + 1  # the first one is the sheet itself
             viewport.dxf.status = 0 if viewport.dxf.flags & 0x20000 else index + 1
 

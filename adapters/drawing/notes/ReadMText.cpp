@@ -121,9 +121,11 @@ void Read(const Drawing& drawing, const EntityRecord& record, MTextData& data)
 {
     Reset(data);
     EntityTags tags(drawing.Tags(), record);
+    bool hasAngle = false;
     while (tags.Next()) {
         // Column heights (50 once more) follow the column properties.
         const bool columnHeight = tags.Code() == 50 && data.columnType != 0;
+        hasAngle = hasAngle || (tags.Code() == 50 && !columnHeight);
         if (columnHeight && data.columnHeights.size() < kMostTextColumns)
             data.columnHeights.push_back(tags.Real());
         if (columnHeight || tags.Take(10, data.insertion) || TakeMTextTag(tags, data))
@@ -135,6 +137,8 @@ void Read(const Drawing& drawing, const EntityRecord& record, MTextData& data)
         TakeEmbeddedColumns(tags.Cursor(), data);
     else if (tags.Cursor().Code() == 1001)
         TakeExtendedColumns(tags.Cursor(), data);
+    // CAD programs leave out the direction along the world's x axis, also where the text's own plane has another one.
+    data.hasDirection = data.hasDirection || !hasAngle;
     DecodeCarets(data.text);
 }
 

@@ -277,6 +277,25 @@ TEST(Entities, MTextJoinsItsParts)
     EXPECT_EQ(text.rotation, 0);
 }
 
+TEST(Entities, MTextRunsAlongTheWorldsXAxisUnlessTurned)
+{
+    struct Row {
+        const char* tags;
+        bool hasDirection;
+        Vec3 direction;
+        double rotation;
+    };
+    for (const Row& row : {Row{"", true, {1, 0, 0}, 0}, Row{"210\n0\n220\n0\n230\n-1\n", true, {1, 0, 0}, 0},
+                           Row{"50\n30\n", false, {1, 0, 0}, 30}, Row{"11\n0\n21\n-1\n31\n0\n", true, {0, -1, 0}, 0},
+                           Row{"75\n2\n76\n1\n50\n12\n", true, {1, 0, 0}, 0}}) {
+        SCOPED_TRACE(row.tags);
+        const auto text = ReadOnly<MTextData>("0\nMTEXT\n10\n1\n20\n2\n1\nwords\n" + std::string(row.tags));
+        EXPECT_EQ(text.hasDirection, row.hasDirection);
+        EXPECT_EQ(text.direction, row.direction);
+        EXPECT_EQ(text.rotation, row.rotation);
+    }
+}
+
 TEST(Entities, InsertsTakeTheirAttributesWithThem)
 {
     const auto drawing =
