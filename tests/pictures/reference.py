@@ -48,7 +48,8 @@ def save_closer(figure, axes, path):
             return
         size = max(rows[-1] - rows[0], columns[-1] - columns[0]) * 0.55 + 3
         middle = (columns[0] + columns[-1]) / 2, ink.shape[0] - (rows[0] + rows[-1]) / 2
-        corners = axes.transData.inverted().transform([(middle[0] - size, middle[1] - size), (middle[0] + size, middle[1] + size)])
+        corners = axes.transData.inverted().transform([(middle[0] - size, middle[1] - size),
+                                                       (middle[0] + size, middle[1] + size)])
         axes.set_xlim(corners[0][0], corners[1][0])
         axes.set_ylim(corners[0][1], corners[1][1])
 
@@ -59,7 +60,7 @@ def read(path):
     return pictures.ezdxf.readfile(path) if is_binary else pictures.recover.readfile(path)[0]
 
 
-def blacken(document):
+def prepare(document):
     """White that is given as a true colour would be white on white, where we draw it as colour 7, in black."""
     for part in [*document.layers, *document.entitydb.values()]:
         if part.dxf.is_supported("true_color") and part.dxf.get("true_color") == 0xFFFFFF:
@@ -93,7 +94,7 @@ def draw_layout(document, name, path):
 def draw(dxf, folder, names):
     """Draws what can be drawn; gives what is wrong with the rest."""
     document, faults = read(dxf), []
-    blacken(document)
+    prepare(document)
     for index, name in enumerate(names):
         try:
             draw_layout(document, name, os.path.join(folder, f"{index}.png"))
