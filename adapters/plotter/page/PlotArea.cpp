@@ -1,10 +1,12 @@
 #include "page/PlotArea.h"
 
 #include "base/text/Names.h"
+#include "drawing/EntityKinds.h"
 #include "drawing/PlanView.h"
 #include "drawing/entities/Viewports.h"
 #include "render/FrontEnd.h"
 
+#include <algorithm>
 #include <cctype>
 
 namespace sm::plotter {
@@ -94,6 +96,15 @@ Box2 Ordered(const Box2& window)
     return box;
 }
 
+/// Lines without an end have no extents: where a model holds nothing else, what the screen showed is plotted.
+bool HoldsEndlessLines(const drawing::Drawing& drawing, std::uint32_t block)
+{
+    const auto& entities = drawing.EntitiesOf(block);
+    return std::any_of(entities.begin(), entities.end(), [](const drawing::EntityRecord& record) {
+        return record.kind == drawing::EntityKind::Ray || record.kind == drawing::EntityKind::XLine;
+    });
+}
+
 } // namespace
 
 PlotArea FindPlotArea(const drawing::Drawing& drawing, const drawing::Layout& layout,
@@ -123,6 +134,10 @@ PlotArea FindPlotArea(const drawing::Drawing& drawing, const drawing::Layout& la
     if (area.box.Empty() && !showsLayout) {
         area.box = extents(area.view);
         area.clips = false;
+    }
+    if (area.box.Empty() && layout.isModel && HoldsEndlessLines(drawing, layout.block)) {
+        area.box = BoxAround(active.center, active.height * active.aspect, active.height);
+        area.clips = true;
     }
     return area;
 }
