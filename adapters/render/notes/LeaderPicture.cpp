@@ -47,7 +47,9 @@ void Build(const drawing::LeaderData& leader, const drawing::DimStyle& style, co
         points[0] = points[0] + Unit(first) * cut;
     }
     Path& path = picture.Add(pen);
-    if (leader.spline && AppendFitCurve(path, points, {}, false)) {
+    // The curve leaves its first point and meets its last one along the chords there.
+    const FitTangents tangents{first, points.back() - points[points.size() - 2]};
+    if (leader.spline && AppendFitCurve(path, points, tangents, false)) {
         return;
     }
     for (const Vec2 point : points) {

@@ -70,7 +70,7 @@ void BuildLine(const Leader& note, const Leader::Leader& leader, const Leader::L
         points[0] = points[0] + Unit(first) * cut;
     }
     Path& path = picture.Add(line.pen);
-    FitTangents tangents;
+    FitTangents tangents{first, points.back() - points[points.size() - 2]};
     if (ShowsDogleg(note, leader)) {
         tangents.end = picture.ToPlane(leader.dogleg);
     }
