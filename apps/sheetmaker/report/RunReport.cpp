@@ -34,10 +34,17 @@ std::string DamageLine(const Damage& damage)
     return line;
 }
 
+/// Lights are there for renderings and show on no plot.
+bool ShowsOnPaper(const NotDrawn& kind)
+{
+    return kind.kind != "LIGHT" && kind.kind != "SUN";
+}
+
 /// What --strict doesn't let pass though nothing of the drawing was lost.
 bool IsUnfaithful(const DrawingReport& report)
 {
-    return std::any_of(report.remarks.begin(), report.remarks.end(),
+    return std::any_of(report.notDrawn.begin(), report.notDrawn.end(), ShowsOnPaper) ||
+           std::any_of(report.remarks.begin(), report.remarks.end(),
                        [](const std::string& remark) { return remark.starts_with(render::kMissingCharacters); });
 }
 

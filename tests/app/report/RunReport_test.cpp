@@ -162,6 +162,17 @@ TEST(RunReport, GivesTheExitCodeOfTheRun)
     }
 }
 
+TEST(RunReport, WhatIsNotDrawnFailsAStrictRun)
+{
+    for (const auto& [kind, expected] :
+         std::vector<std::pair<std::string, int>>{{"OLE2FRAME", 1}, {"DWFUNDERLAY", 1}, {"LIGHT", 0}, {"SUN", 0}}) {
+        std::vector<DrawingReport> reports(1);
+        reports[0].notDrawn = {{kind, 2}};
+        EXPECT_EQ(ExitCodeOf(reports, false), 0) << kind;
+        EXPECT_EQ(ExitCodeOf(reports, true), expected) << kind;
+    }
+}
+
 class Watching : public testing::Test {
 protected:
     std::ostringstream m_out;
