@@ -15,6 +15,7 @@ import traceback
 import ezdxf
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+import clip_rows  # noqa: E402
 import content_rows  # noqa: E402
 import note_rows  # noqa: E402
 import page_rows  # noqa: E402
@@ -76,7 +77,7 @@ def main():
     program = os.path.abspath(sys.argv[1])
     results = []
     wanted = set(sys.argv[2:])
-    rows = plot_rows.ROWS + page_rows.ROWS + content_rows.ROWS + note_rows.ROWS
+    rows = plot_rows.ROWS + page_rows.ROWS + content_rows.ROWS + note_rows.ROWS + clip_rows.ROWS
     for row in [row for row in rows if not wanted or row.__name__ in wanted]:
         with tempfile.TemporaryDirectory() as folder:
             results.append(tell(f"{row.__name__}: {row.__doc__}", lambda: row(Stand(program, folder))))

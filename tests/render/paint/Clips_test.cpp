@@ -84,6 +84,73 @@ const Row kRows[] = {
 INSTANTIATE_TEST_SUITE_P(Inserts, InsertClipsTest, testing::ValuesIn(kRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
+/// The dictionaries and the filter of an insert; `prefix` begins its handles, `moved` is the way back from its place.
+std::string FilterOf(const std::string& prefix, const std::string& insert, double moved, const std::string& boundary)
+{
+    const std::string back = "40 " + std::to_string(-moved);
+    return "0 DICTIONARY | 5 " + prefix + "1 | 330 " + insert + " | 3 ACAD_FILTER | 360 " + prefix +
+           "2 | 0 DICTIONARY | 5 " + prefix + "2 | 330 " + prefix + "1 | 3 SPATIAL | 360 " + prefix +
+           "3 | 0 SPATIAL_FILTER | 5 " + prefix + "3 | 70 2 |" + boundary +
+           "| 71 1 | 72 0 | 73 0 | 40 1 | 40 0 | 40 0 |" + back + "| 40 0 | 40 1 | 40 0 |" + back +
+           "| 40 0 | 40 0 | 40 1 | 40 0 | 40 1 | 40 0 | 40 0 | 40 0 | 40 0 | 40 1 | 40 0 | 40 0 | 40 0 | 40 0 | 40 1 | "
+           "40 0 |";
+}
+
+struct NestedRow {
+    const char* name;
+    const char* outer; ///< round the block A, which stands at (50, 50)
+    const char* inner; ///< round the block B, which stands in A at (5, 5)
+    Lines lines;
+};
+
+class NestedClipsTest : public testing::TestWithParam<NestedRow> {};
+
+TEST_P(NestedClipsTest, ShowWhatBothLeave)
+{
+    SmallDrawing drawing;
+    drawing.blocks = std::string(kBlock) + "| 0 BLOCK | 8 0 | 2 A | 70 0 | 10 0 | 20 0 | 30 0 | 0 INSERT | 5 40 | 102 "
+                                           "{ACAD_XDICTIONARY | 360 41 | 102 } | 100 AcDbEntity | 8 0 | 2 B | 10 5 | "
+                                           "20 5 | 0 ENDBLK | 8 0";
+    drawing.entities =
+        "0 INSERT | 5 30 | 102 {ACAD_XDICTIONARY | 360 31 | 102 } | 100 AcDbEntity | 8 0 | 2 A | 10 60 | 20 "
+        "50"; // ten to the right since the boundary was drawn
+    drawing.objects = "0 DICTIONARY | 5 C | 330 0 |" + FilterOf("3", "30", 50, GetParam().outer) +
+                      FilterOf("4", "40", 5, GetParam().inner);
+    EXPECT_EQ(LinesOf(drawing), GetParam().lines);
+}
+
+constexpr const char* kInnerHole =
+    "10 0 | 20 0 | 10 20 | 20 0 | 10 20 | 20 10 | 10 0 | 20 10 | 10 0 | 20 0 | 10 7 | 20 4 | 10 7 | "
+    "20 6 | 10 9 | 20 6 | 10 9 | 20 4 | 10 7 | 20 4";
+constexpr const char* kOuterHole =
+    "10 40 | 20 40 | 10 80 | 20 40 | 10 80 | 20 70 | 10 40 | 20 70 | 10 40 | 20 40 | 10 60 | 20 50 | 10 60 | "
+    "20 60 | 10 62 | 20 60 | 10 62 | 20 50 | 10 60 | 20 50";
+constexpr const char* kLine = "stroke 000000 0.25 m 65 55 l 75 55";
+constexpr const char* kInnerHoleShown =
+    "clip evenodd m 60 50 l 80 50 l 80 60 l 60 60 l 60 50 l 67 54 l 67 56 l 69 56 l 69 54 l 67 54 h";
+constexpr const char* kOuterHoleShown =
+    "clip evenodd m 50 40 l 90 40 l 90 70 l 50 70 l 50 40 l 70 50 l 70 60 l 72 60 l 72 50 l 70 50 h";
+
+const NestedRow kNested[] = {
+    {"BothPlain",
+     "10 56 | 20 50 | 10 62 | 20 60",
+     "10 6 | 20 4 | 10 9 | 20 6",
+     {"clip evenodd box 66 50 72 60", "clip evenodd box 66 54 69 56", kLine, "pop", "pop"}},
+    {"TheInnerTurnedInsideOut",
+     "10 56 | 20 50 | 10 62 | 20 60",
+     kInnerHole,
+     {"clip evenodd box 66 50 72 60", kInnerHoleShown, kLine, "pop", "pop"}},
+    {"TheOuterTurnedInsideOut",
+     kOuterHole,
+     "10 6 | 20 4 | 10 9 | 20 6",
+     {kOuterHoleShown, "clip evenodd box 66 54 69 56", kLine, "pop", "pop"}},
+    {"BothTurnedInsideOut", kOuterHole, kInnerHole, {kOuterHoleShown, kInnerHoleShown, kLine, "pop", "pop"}},
+    {"ApartFromEachOther", "10 56 | 20 50 | 10 57 | 20 60", "10 8 | 20 4 | 10 9 | 20 6", {"clip evenodd box 66 50 67 60", "pop"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Inserts, NestedClipsTest, testing::ValuesIn(kNested),
+                         [](const auto& row) { return std::string(row.param.name); });
+
 TEST(InsertClipsTest, EndTheBounds)
 {
     SmallDrawing small;
