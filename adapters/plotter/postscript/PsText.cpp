@@ -1,4 +1,5 @@
 #include "base/text/NumberText.h"
+#include "base/text/Utf8.h"
 #include "fonts/PenWidth.h"
 #include "postscript/PsWriter.h"
 
@@ -13,26 +14,59 @@ constexpr double kSamePlace = 0.0006;
 /// Glyphs of one string: keeps lines below the 255 characters of the document structuring conventions.
 constexpr std::size_t kLongPiece = 80;
 
-/// The bytes of `run.text` that glyph i stands for: up to the next cluster, empty for the further glyphs of a cluster.
+/// The glyphs around glyph i that show one cluster together, and the bytes of `run.text` that they stand for.
+struct Cluster {
+    std::size_t first = 0, last = 0;
+    bool rightToLeft = false;
+    std::string_view text;
+};
+
+Cluster ClusterOf(const render::TextRun& run, std::size_t i)
+{
+    const std::vector<std::uint32_t>& clusters = run.clusters;
+    const std::uint32_t from = clusters[i];
+    Cluster cluster{i, i, false, {}};
+    while (cluster.first > 0 && clusters[cluster.first - 1] == from) {
+        --cluster.first;
+    }
+    while (cluster.last + 1 < clusters.size() && clusters[cluster.last + 1] == from) {
+        ++cluster.last;
+    }
+    auto to = static_cast<std::uint32_t>(run.text.size());
+    if (cluster.last + 1 < clusters.size() && clusters[cluster.last + 1] > from) {
+        to = clusters[cluster.last + 1];
+    } else {
+        for (const std::uint32_t other : clusters) { // right to left, or the last one
+            to = other > from && other < to ? other : to;
+        }
+    }
+    cluster.rightToLeft = cluster.first > 0 ? clusters[cluster.first - 1] > from
+                                            : cluster.last + 1 < clusters.size() && clusters[cluster.last + 1] < from;
+    cluster.text = from < to ? std::string_view(run.text).substr(from, to - from) : std::string_view();
+    return cluster;
+}
+
+/// The bytes of `run.text` that glyph i stands for: of a cluster of several glyphs each has a character, in reading
+/// order, and the last one the rest. Glyphs beyond the characters have an empty text.
 std::string_view TextOf(const render::TextRun& run, std::size_t i)
 {
     if (i >= run.clusters.size()) {
         return {};
     }
-    const std::uint32_t from = run.clusters[i];
-    const std::size_t count = run.clusters.size();
-    std::uint32_t to = static_cast<std::uint32_t>(run.text.size());
-    if (i > 0 && run.clusters[i - 1] == from) {
-        return {};
+    const Cluster cluster = ClusterOf(run, i);
+    const std::size_t order = cluster.rightToLeft ? cluster.last - i : i - cluster.first;
+    const bool last = order == cluster.last - cluster.first;
+    if (order == 0 && last) {
+        return cluster.text;
     }
-    if (i + 1 < count && run.clusters[i + 1] > from) {
-        to = run.clusters[i + 1];
-    } else {
-        for (const std::uint32_t other : run.clusters) { // right to left, or several glyphs for one cluster
-            to = other > from && other < to ? other : to;
+    std::size_t at = 0, begin = 0;
+    for (std::size_t character = 0; character <= order; ++character) {
+        begin = at;
+        if (at < cluster.text.size()) {
+            (void)base::ReadUtf8(cluster.text, at);
         }
     }
-    return from < to ? std::string_view(run.text).substr(from, to - from) : std::string_view();
+    return cluster.text.substr(begin, last ? std::string_view::npos : at - begin);
 }
 
 } // namespace

@@ -19,11 +19,16 @@ QPDFObjectHandle ToUnicode(QPDF& pdf, const DialectFont& font)
 {
     std::string map = "/CIDInit /ProcSet findresource begin\n12 dict begin\nbegincmap\n/CMapName /Codes def\n"
                       "/CMapType 2 def\n1 begincodespacerange\n<00> <FF>\nendcodespacerange\n";
-    auto entry = font.unicode.begin();
-    while (entry != font.unicode.end()) {
+    // Codes without a text would be taken for those of a usual encoding.
+    std::map<std::uint8_t, std::string> texts(font.unicode.begin(), font.unicode.end());
+    for (const auto& [code, width] : font.widths) {
+        texts.try_emplace(code);
+    }
+    auto entry = texts.begin();
+    while (entry != texts.end()) {
         std::string lines;
         int count = 0;
-        for (; entry != font.unicode.end() && count < 100; ++entry, ++count) {
+        for (; entry != texts.end() && count < 100; ++entry, ++count) {
             lines += fmt::format("<{:02X}> <{}>\n", entry->first, entry->second);
         }
         map += fmt::format("{} beginbfchar\n{}endbfchar\n", count, lines);

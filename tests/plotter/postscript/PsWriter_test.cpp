@@ -173,6 +173,30 @@ TEST(PsWriter, WritesTextByItsOwnCodes)
               "1 0 0 rg\nBT\n/F1 50 Tf\n100 200 Td\n<4180> Tj\nET\n");
 }
 
+TEST(PsWriter, GivesEachGlyphOfAClusterACharacter)
+{
+    struct Row {
+        const char* text;
+        std::vector<std::uint32_t> clusters;
+        const char* codes;
+    };
+    const TwoGlyphs face;
+    for (const Row& row : std::vector<Row>{{"ABж", {0, 0, 2}, "<414280>"},   // two glyphs for two characters
+                                           {"ABCж", {0, 0, 3}, "<418081>"},  // the second stands for BC
+                                           {"ABж", {2, 0, 0}, "<804241>"},   // from right to left
+                                           {"Aж", {0, 0, 0}, "<418081>"}}) { // the third has none
+        EXPECT_EQ(Written([&](PsWriter& w) {
+                      TextRun run = RunOf(&face, row.text);
+                      run.glyphs = {7, 9, 7};
+                      run.positions = {{0, 0}, {0.5, 0}, {0.75, 0}};
+                      run.clusters = row.clusters;
+                      w.Text(run);
+                  }),
+                  std::string("0 g\nBT\n/F1 50 Tf\n100 200 Td\n") + row.codes + " Tj\nET\n")
+            << row.text;
+    }
+}
+
 TEST(PsWriter, MovesGlyphsThatStandElsewhere)
 {
     const TwoGlyphs face;

@@ -1,0 +1,60 @@
+"""Scripts that run from right to left or that are shaped: each row draws and looks."""
+import os
+import subprocess
+import unicodedata
+import unittest
+
+import pdf_tools
+from content_rows import texts
+from plot_rows import sheet
+
+MARKS = {code: None for code in (0x200e, 0x200f, 0x202a, 0x202b, 0x202c)}
+HEBREW, ARABIC = "\u05d3\u05dc\u05ea 12", "\u0645\u0631\u062d\u0628\u0627 34"
+
+
+def right_to_left_dimensions(stand):
+    """Dimensions in Hebrew and Arabic are found as they were written."""
+    document = stand.new("R2010")
+    layout = sheet(document)
+    for y, text in ((100, HEBREW), (160, ARABIC)):
+        dimension = layout.add_linear_dim(base=(100, y + 30), p1=(100, y), p2=(250, y), text=text,
+                                          override={"dimtxt": 5, "dimtad": 1, "dimtxsty": "OpenSans"})
+        dimension.commit()
+    found = texts(stand.convert(document, "--layout", "Sheet")).translate(MARKS)
+    for text in (HEBREW, ARABIC):
+        assert text in found, f"{text!r} is not in {found!r}"
+
+
+def need_fonts_for(*languages):
+    """Skips the row where fontconfig knows no font for one of them."""
+    for language in languages:
+        known = subprocess.run(["fc-list", f":lang={language}", "file"], capture_output=True, text=True, check=True, env=os.environ)
+        if not known.stdout.strip():
+            raise unittest.SkipTest(f"no font for the language {language}: run packaging/install-packages packaging/packages-test.txt")
+
+
+def shaped_scripts(stand):
+    """Thai and Devanagari: letters join, marks stand on them, no box is drawn, and searches find them as written."""
+    need_fonts_for("hi", "th")
+    document = stand.new("R2010")
+    layout = sheet(document)
+    devanagari, thai = "\u0928\u093f\u0930\u094d\u092e\u093e\u0923", "\u0e01\u0e48\u0e2d\u0e2a\u0e23\u0e49\u0e32\u0e07"
+    parts = ["\u0915", "\u0937", "\u0915\u094d\u0937", "\u0e01", "\u0e01\u0e48"]
+    layout.add_text(devanagari, dxfattribs={"insert": (50, 250), "height": 8, "style": "OpenSans"})
+    layout.add_mtext(thai, {"insert": (50, 230), "char_height": 8, "style": "OpenSans"})
+    for number, part in enumerate(parts):
+        layout.add_text(part, dxfattribs={"insert": (50, 200 - 20 * number), "height": 8, "style": "OpenSans"})
+    path = stand.save(document)
+    result = stand.run("convert", path, "-o", stand.path("out.pdf"), "--layout", "Sheet")
+    assert result.returncode == 0 and "no font has" not in result.stderr, result.stderr
+    pdf = stand.path("out.pdf")
+    found = unicodedata.normalize("NFC", texts(pdf))
+    for text in [devanagari, thai, *parts]:
+        assert text in found, f"{text!r} is not in {found!r}"
+    widths = {word.text: word.right - word.left for word in pdf_tools.words(pdf)}
+    first, second, joined, letter, marked = (widths[part] for part in parts)
+    assert joined < 0.85 * (first + second), f"the letters don't join: {joined:.1f} of {first:.1f} and {second:.1f}"
+    assert abs(marked - letter) < 0.5, f"the mark doesn't stand on its letter: {marked:.1f}, {letter:.1f}"
+
+
+ROWS = [right_to_left_dimensions, shaped_scripts]
