@@ -78,6 +78,8 @@ struct PaintContext {
     /// False, and a remark made, for a block that is missing or holds itself.
     [[nodiscard]] bool CanEnter(std::uint32_t block);
     void Remark(std::string_view remark);
+    /// Tells that a view asks for hidden lines, where the drawing holds anything that would hide some.
+    void RemarkHiddenLines();
     [[nodiscard]] References& Referenced();
     [[nodiscard]] ShapeLibrary& Shapes();
 

@@ -149,6 +149,9 @@ Outcome Viewports::PaintContent(const drawing::EntityRecord& record, const drawi
     if (viewport.Perspective()) {
         m_context.Remark("a perspective view drawn in parallel");
     }
+    if (viewport.HidesLines()) {
+        m_context.RemarkHiddenLines();
+    }
     m_budget -= count;
     return PaintModel(model->block, record, viewport, frame, clip);
 }

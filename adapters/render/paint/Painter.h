@@ -20,6 +20,8 @@ public:
             const PaintOptions& options, bool hideLayers = true);
     ~Painter() override;
 
+    /// What the model tab's own plot settings ask for and nobody draws is told.
+    void TellHiddenLines() { m_context.RemarkHiddenLines(); }
     /// Annotative entities look as at the model tab's own scale from here on.
     void ShowModelScale();
     void PaintSpace(std::uint32_t block, const Frame& frame);

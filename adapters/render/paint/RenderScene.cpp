@@ -5,6 +5,8 @@
 #include "render/ClipBox.h"
 #include "render/FrontEnd.h"
 
+#include <algorithm>
+
 namespace sm::render {
 
 namespace {
@@ -17,6 +19,14 @@ bool LinetypesScaleWithPaper(const Scene& scene)
         }
     }
     return scene.drawing.HeaderInteger("$PSLTSCALE", 1) != 0;
+}
+
+bool HidesLines(const Scene& scene)
+{
+    const auto& layouts = scene.drawing.Layouts();
+    return std::any_of(layouts.begin(), layouts.end(), [&](const drawing::Layout& layout) {
+        return layout.block == scene.block && layout.plot.Has(drawing::PlotSettings::kHidden);
+    });
 }
 
 double LinetypeScale(const drawing::Drawing& drawing)
@@ -66,6 +76,9 @@ void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderRe
     Painter painter(scene.drawing, canvas, text, &report, scene.clip, options);
     if (!scene.paperSpace) {
         painter.ShowModelScale();
+    }
+    if (!scene.paperSpace && HidesLines(scene)) {
+        painter.TellHiddenLines();
     }
     if (scene.clip.Empty()) {
         painter.PaintSpace(scene.block, frame);

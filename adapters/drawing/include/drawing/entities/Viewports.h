@@ -11,7 +11,7 @@ struct ViewportData : Entity {
     Vec3 center; ///< paper units
     double width = 0, height = 0;
     std::int32_t status = 0, id = 0; ///< 68, 69; see SheetViewportOf
-    std::int32_t flags = 0;          ///< 90; 0x20000 off
+    std::int32_t flags = 0;          ///< 90; 1 perspective, 0x800 hidden lines when plotted, 0x20000 off
     Vec2 viewCenter;                 ///< DCS of the view
     double viewHeight = 0;           ///< model units
     Vec3 direction{0, 0, 1}, target;
@@ -19,6 +19,7 @@ struct ViewportData : Entity {
     std::vector<std::uint32_t> frozenLayers; ///< indexes into the layers
     Handle clipEntity = 0;                   ///< 340
     [[nodiscard]] bool Perspective() const { return (flags & 1) != 0; }
+    [[nodiscard]] bool HidesLines() const { return (flags & 0x800) != 0; }
     [[nodiscard]] bool Off() const { return (flags & 0x20000) != 0; }
 };
 
