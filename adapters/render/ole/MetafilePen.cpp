@@ -1,6 +1,7 @@
 #include "ole/MetafilePen.h"
 
 #include "render/ClipBox.h"
+#include "render/Projection.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,6 +29,17 @@ void MetafilePen::Restore(int which)
     m_saved.resize(static_cast<std::size_t>(index));
 }
 
+void MetafilePen::Select(const MetaObject& object)
+{
+    if (const auto* pen = std::get_if<MetaPen>(&object)) {
+        state.pen = *pen;
+    } else if (const auto* brush = std::get_if<MetaBrush>(&object)) {
+        state.brush = *brush;
+    } else if (const auto* font = std::get_if<MetaFont>(&object)) {
+        state.font = *font;
+    }
+}
+
 void MetafilePen::ClipTo(Vec2 a, Vec2 b)
 {
     Box2 box;
@@ -43,13 +55,16 @@ void MetafilePen::EndClip()
 
 Vec2 MetafilePen::Map(Vec2 logical) const
 {
+    if (state.map) {
+        return state.map->Apply(logical);
+    }
     const Vec2 from = logical - state.origin;
     return {from.x / state.extent.x * m_picture.width, m_picture.height - from.y / state.extent.y * m_picture.height};
 }
 
 double MetafilePen::Scale() const
 {
-    return std::abs(m_picture.height / state.extent.y);
+    return state.map ? Length(state.map->ApplyVector({0, 1})) : std::abs(m_picture.height / state.extent.y);
 }
 
 OleStep& MetafilePen::Add()
@@ -109,7 +124,7 @@ void MetafilePen::Text(const std::string& utf8, Vec2 at, double advance)
     text.underline = font.underline;
     text.struckOut = font.struckOut;
     text.degrees = font.degrees;
-    text.width = std::abs(advance / state.extent.x) * m_picture.width;
+    text.width = Length(Map({std::abs(advance), 0}) - Map({0, 0}));
     const unsigned column = state.textAlign & kColumns, row = state.textAlign & kRows;
     text.column = column == kMiddle ? 1 : column == kEnd ? 2 : 0;
     const double drop = row == kBaseLine ? 0 : row == kBottom ? kDescent : -kAscent;

@@ -45,14 +45,16 @@ public:
         bool backFilled = true;
         FillRule rule = FillRule::EvenOdd;
         unsigned textAlign = 0;
-        Vec2 at;                   ///< where lines and texts go on, logical
-        Vec2 origin, extent{1, 1}; ///< the window on the logical plane
-        Box2 clip;                 ///< on the picture's plane
+        Vec2 at;                    ///< where lines and texts go on, logical
+        Vec2 origin, extent{1, 1};  ///< the window on the logical plane
+        std::optional<Matrix2> map; ///< from the logical plane to the picture's, in place of the window
+        Box2 clip;                  ///< on the picture's plane
     };
     State state;
 
     /// Sets the window that the whole picture shows; the picture gets its size.
     void Begin(Vec2 origin, Vec2 extent);
+    void Select(const MetaObject& object);
     void Save() { m_saved.push_back(state); }
     /// Below 0: so many back; above 0: the state with that number.
     void Restore(int which);

@@ -49,7 +49,7 @@ struct OlePicture {
 /// none of a known kind.
 OlePicture ReadOlePicture(std::string_view compoundFile);
 
-/// A Windows metafile (16 bits), with or without the header of placeable ones.
+/// A Windows metafile (16 bits), with or without the header of placeable ones, or an enhanced one (32 bits).
 OlePicture ReadMetafile(std::string_view bytes);
 
 /// A bitmap as bitmap files hold it behind their first header; null when it can't be read.

@@ -1,5 +1,7 @@
 #include "ole/WindowsMetafile.h"
 
+#include "ole/EnhancedMetafile.h"
+
 #include <cmath>
 
 namespace sm::render {
@@ -131,16 +133,8 @@ void WindowsMetafile::Keep(MetaObject object)
 
 void WindowsMetafile::Select(unsigned number)
 {
-    const auto found = m_objects.find(number);
-    if (found == m_objects.end()) {
-        return;
-    }
-    if (const auto* pen = std::get_if<MetaPen>(&found->second)) {
-        m_pen.state.pen = *pen;
-    } else if (const auto* brush = std::get_if<MetaBrush>(&found->second)) {
-        m_pen.state.brush = *brush;
-    } else if (const auto* font = std::get_if<MetaFont>(&found->second)) {
-        m_pen.state.font = *font;
+    if (const auto found = m_objects.find(number); found != m_objects.end()) {
+        m_pen.Select(found->second);
     }
 }
 
@@ -172,6 +166,9 @@ OlePicture ReadMetafile(std::string_view bytes)
 {
     OlePicture picture;
     WindowsMetafile(bytes, picture).Read();
+    if (picture.Empty()) {
+        EnhancedMetafile(bytes, picture).Read();
+    }
     return picture;
 }
 

@@ -267,5 +267,128 @@ TEST(OleFrames, TheHeaderOfPlaceableMetafilesGivesTheirWindow)
     EXPECT_EQ(RecordingCanvas::Points(picture.steps[0].path), " m 0 20 l 50 0");
 }
 
+/// A record of an enhanced metafile: its type, 32-bit numbers, bytes behind them.
+struct WideRecord {
+    unsigned type;
+    std::vector<std::int64_t> numbers;
+    std::string more = {};
+};
+
+/// An enhanced metafile whose frame is 100 by 50 pixels: 100 pixels are 100 millimetres.
+std::string Enhanced(const std::vector<WideRecord>& records)
+{
+    std::string file = Bytes(1, 4) + Bytes(88, 4) + std::string(16, '\0') + Bytes(0, 8) + Bytes(10000, 4) +
+                       Bytes(5000, 4) + " EMF" + std::string(28, '\0') + Bytes(100, 4) + Bytes(100, 4) + Bytes(100, 4) +
+                       Bytes(100, 4);
+    for (const WideRecord& record : records) {
+        std::string content;
+        for (const std::int64_t number : record.numbers) {
+            content += Bytes(static_cast<std::uint32_t>(number), 4);
+        }
+        content += record.more;
+        file += Bytes(record.type, 4) + Bytes(8 + content.size(), 4) + content;
+    }
+    return file + Bytes(14, 4) + Bytes(20, 4) + std::string(12, '\0');
+}
+
+struct WideRow {
+    const char* name;
+    std::vector<WideRecord> records;
+    Lines lines;
+};
+
+class EnhancedMetafileTest : public testing::TestWithParam<WideRow> {};
+
+TEST_P(EnhancedMetafileTest, IsDrawnInItsFrame)
+{
+    const std::string file = Compound({{kPresentation, Presentation(14, Enhanced(GetParam().records))}});
+    Lines lines = LinesOf(DrawingWith(ObjectData(file)));
+    ASSERT_GE(lines.size(), 2U);
+    EXPECT_EQ(lines.front(), "clip m 0 50 l 100 50 l 100 0 l 0 0 h");
+    EXPECT_EQ(Lines(lines.begin() + 1, lines.end() - 1), GetParam().lines);
+}
+
+std::string Shorts(const std::vector<int>& values)
+{
+    std::string bytes;
+    for (const int value : values) {
+        bytes += Bytes(static_cast<std::uint16_t>(value), 2);
+    }
+    return bytes;
+}
+
+/// A red pen of two units, and a blue brush without a pen.
+const WideRecord kRedPen{38, {1, 0, 2, 0, 0xFF}}, kSelectOne{37, {1}}, kBlueBrush{39, {1, 0, 0xFF0000, 0}},
+    kStockNoPen{37, {0x80000008}};
+
+const WideRow kWideRows[] = {
+    {"Line", {kRedPen, kSelectOne, {27, {10, 20}}, {54, {60, 20}}}, {"stroke FF0000 2 m 10 30 l 60 30"}},
+    {"PolygonOfShortPoints",
+     {kStockNoPen, kBlueBrush, kSelectOne, {86, {0, 0, 0, 0, 3}, Shorts({0, 0, 10, 0, 10, 10})}},
+     {"fill 0000FF evenodd m 0 50 l 10 50 l 10 40 h"}},
+    {"CurveOfLongPoints",
+     {{2, {0, 0, 0, 0, 4, 0, 0, 10, 0, 20, 10, 30, 10}}},
+     {"stroke 000000 0 m 0 50 c 10 50 20 40 30 40"}},
+    {"PolygonsByTheWindingRule",
+     {kStockNoPen,
+      kBlueBrush,
+      kSelectOne,
+      {19, {2}},
+      {91, {0, 0, 0, 0, 2, 5, 2, 3}, Shorts({0, 0, 5, 5, 0, 0, 10, 0, 10, 10})}},
+     {"fill 0000FF nonzero m 0 50 l 5 45 h m 0 50 l 10 50 l 10 40 h"}},
+    {"AWindowScales",
+     {{17, {8}}, {9, {1000, 500}}, {11, {100, 50}}, kRedPen, kSelectOne, {27, {100, 200}}, {54, {600, 200}}},
+     {"stroke FF0000 0.2 m 10 30 l 60 30"}},
+    {"AWorldTurns", // by a quarter
+     {{35,
+       {},
+       Bytes(0, 4) + Bytes(0x3F800000, 4) + Bytes(0xBF800000, 4) + Bytes(0, 4) + Bytes(0x41A00000, 4) + Bytes(0, 4)},
+      {27, {0, 0}},
+      {54, {10, 0}}},
+     {"stroke 000000 0 m 20 50 l 20 40"}},
+    {"StatesAreKeptAndPutBack",
+     {{33, {}}, kRedPen, kSelectOne, {34, {-1}}, {27, {0, 0}}, {54, {10, 0}}},
+     {"stroke 000000 0 m 0 50 l 10 50"}},
+    {"APathIsFilledAndStroked",
+     {{39, {1, 0, 0xFF0000, 0}},
+      kSelectOne,
+      {59, {}},
+      {27, {0, 0}},
+      {54, {10, 0}},
+      {54, {10, 10}},
+      {61, {}},
+      {60, {}},
+      {63, {0, 0, 0, 0}}},
+     {"fill 0000FF evenodd m 0 50 l 10 50 l 10 40 h", "stroke 000000 0 m 0 50 l 10 50 l 10 40 h"}},
+    {"Bitmap",
+     {{81, {0, 0, 0, 0, 5, 5, 0, 0, 2, 1, 80, 40, 120, 8, 0, 0xCC0020, 20, 10}, TwoPixels()}},
+     {"image rgb 2x1 [20 0 0 10 5 35]"}},
+    {"TextWithAFont",
+     {{82, {1, -10, 0, 0, 0, 700, 0, 0}, Shorts({'A', 'r', 'i', 'a', 'l', 0}) + std::string(52, '\0')},
+      kSelectOne,
+      {22, {24}},
+      {24, {0xFF}},
+      {84, {0, 0, 0, 0, 1, 0, 0, 10, 20, 2, 76, 0, 0, 0, 0, 0, 0}, Shorts({0x416, 'a'})}},
+     {"text FF0000 [7.16 0 0 7.16 10 30] \\fArial|b1|i0;\u0416a"}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Records, EnhancedMetafileTest, testing::ValuesIn(kWideRows),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(OleFrames, DamagedEnhancedMetafilesEndNothing)
+{
+    std::string file;
+    for (const WideRow& row : kWideRows) {
+        file = Enhanced(row.records);
+        for (std::size_t i = 0; i < file.size(); ++i) {
+            std::string flipped = file;
+            flipped[i] = static_cast<char>(~flipped[i]);
+            ReadMetafile(flipped);
+            ReadMetafile(file.substr(0, i));
+        }
+    }
+    EXPECT_EQ(ReadMetafile(file).steps.size(), 1U);
+}
+
 } // namespace
 } // namespace sm::render
