@@ -64,7 +64,7 @@ std::string WithTolerance(const Measure& measure, const DimStyle& style)
     if (style.limits != 0 && given) {
         return Limits(measure, style);
     }
-    const std::string measured = NumberText(measure, style);
+    std::string measured = NumberText(measure, style);
     if (style.tolerances == 0 || !given) {
         return measured;
     }

@@ -78,9 +78,9 @@ bool WindowsMetafile::PlayState(unsigned function, std::string_view record)
 
 bool WindowsMetafile::HasNoInk(unsigned function)
 {
-    for (const Function known :
-         {kSetMapMode, kSetRasterOperation, kSetStretchMode, kSetCharacterExtra, kSetJustification, kSetViewOrigin,
-          kSetViewExtent, kSelectPalette, kRealizePalette, kEscape}) {
+    for (const unsigned known : std::initializer_list<unsigned>{
+             kSetMapMode, kSetRasterOperation, kSetStretchMode, kSetCharacterExtra, kSetJustification, kSetViewOrigin,
+             kSetViewExtent, kSelectPalette, kRealizePalette, kEscape}) {
         if (function == known) {
             return true;
         }
