@@ -58,7 +58,7 @@ void EnhancedMetafile::Read()
     // The frame is in hundredths of a millimetre.
     const auto pixels = [&](std::uint64_t at, std::uint64_t axis) {
         const double size = S32(m_bytes, kMillimetres + axis) * 100.0;
-        return size > 0 ? S32(m_bytes, at) * S32(m_bytes, kDevice + axis) / size : 0.0;
+        return size > 0 ? static_cast<double>(S32(m_bytes, at)) * S32(m_bytes, kDevice + axis) / size : 0.0;
     };
     const Vec2 upper{pixels(kFrame, 0), pixels(kFrame + 4, 4)}, lower{pixels(kFrame + 8, 0), pixels(kFrame + 12, 4)};
     const Vec2 size = lower - upper;
