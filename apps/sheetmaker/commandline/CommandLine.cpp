@@ -93,8 +93,9 @@ void AddConvert(CLI::App& program, ConvertJob& job)
     AddCount(command, "--jobs", job.workers, kMostWorkers, "N",
              "How many drawings at a time (default: one a processor)");
     AddLimits(command, job.seconds, job.mebibytes);
-    command.add_flag("--strict", job.strict,
-                     "Count as a failure what a damaged drawing lost, what can't be drawn, and characters that no font has");
+    command.add_flag(
+        "--strict", job.strict,
+        "Count as a failure what a damaged drawing lost, what can't be drawn, and characters that no font has");
     command.add_flag("--no-clobber", job.noClobber, "Leave out drawings whose PDF exists");
     command
         .add_option_function<std::string>(

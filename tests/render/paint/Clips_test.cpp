@@ -145,7 +145,10 @@ const NestedRow kNested[] = {
      "10 6 | 20 4 | 10 9 | 20 6",
      {kOuterHoleShown, "clip evenodd box 66 54 69 56", kLine, "pop", "pop"}},
     {"BothTurnedInsideOut", kOuterHole, kInnerHole, {kOuterHoleShown, kInnerHoleShown, kLine, "pop", "pop"}},
-    {"ApartFromEachOther", "10 56 | 20 50 | 10 57 | 20 60", "10 8 | 20 4 | 10 9 | 20 6", {"clip evenodd box 66 50 67 60", "pop"}},
+    {"ApartFromEachOther",
+     "10 56 | 20 50 | 10 57 | 20 60",
+     "10 8 | 20 4 | 10 9 | 20 6",
+     {"clip evenodd box 66 50 67 60", "pop"}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Inserts, NestedClipsTest, testing::ValuesIn(kNested),
