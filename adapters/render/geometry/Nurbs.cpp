@@ -13,6 +13,8 @@ constexpr double kFlatness = 0.01;
 
 struct Weighted {
     double x = 0, y = 0, w = 1;
+    friend Weighted operator*(const Weighted& p, double f) { return {p.x * f, p.y * f, p.w * f}; }
+    friend Weighted operator+(const Weighted& p, const Weighted& q) { return {p.x + q.x, p.y + q.y, p.w + q.w}; }
 };
 
 std::vector<double> EvenKnots(std::size_t points, std::size_t degree)
@@ -55,6 +57,35 @@ public:
         return p.w != 0 ? Vec2{p.x / p.w, p.y / p.w} : Vec2{p.x, p.y};
     }
 
+    /// The control points of the span's Bezier form: its first knot is inserted until it stands as often as the degree
+    /// says, then its last one.
+    std::array<Weighted, kLargestDegree + 1> BezierPoints(std::size_t span) const
+    {
+        const auto degree = static_cast<std::size_t>(m_curve.degree);
+        const double t0 = m_knots[span], t1 = m_knots[span + 1];
+        std::array<Weighted, kLargestDegree + 1> d, e;
+        for (std::size_t i = 0; i <= degree; ++i) {
+            d[i] = Control(span - degree + i);
+        }
+        e[degree] = d[degree];
+        for (std::size_t level = 1; level <= degree; ++level) {
+            for (std::size_t i = degree; i >= level; --i) {
+                const double low = m_knots[span - degree + i];
+                const double high = m_knots[span + 1 + i - level];
+                const double a = high > low ? (t0 - low) / (high - low) : 0;
+                d[i] = d[i - 1] * (1 - a) + d[i] * a;
+            }
+            e[degree - level] = d[degree];
+        }
+        for (std::size_t level = 1; level <= degree; ++level) {
+            for (std::size_t i = degree; i >= level; --i) {
+                const double a = (t1 - t0) / (m_knots[span + 1 + i - level] - t0);
+                e[i] = e[i - 1] * (1 - a) + e[i] * a;
+            }
+        }
+        return e;
+    }
+
 private:
     Weighted Control(std::size_t i) const
     {
@@ -66,24 +97,58 @@ private:
     std::span<const double> m_knots;
 };
 
-void AppendFlat(Path& path, const SpanReader& reader, std::size_t span, double t0, Vec2 a, double t1, Vec2 b, int depth,
-                int deepest)
+// One span by the control points of its Bezier form, for the many points that a span asks for.
+class BezierSpan {
+public:
+    BezierSpan(const SpanReader& reader, std::size_t span, std::int32_t degree)
+        : m_degree(static_cast<std::size_t>(degree)), m_terms(reader.BezierPoints(span))
+    {
+        double binomial = 1;
+        for (std::size_t i = 0; i <= m_degree; ++i) {
+            m_terms[i] = m_terms[i] * binomial;
+            binomial = binomial * static_cast<double>(m_degree - i) / static_cast<double>(i + 1);
+        }
+    }
+    /// `u`: 0 at the span's beginning, 1 at its end. All terms of the Bernstein form have one sign: nothing cancels.
+    Vec2 At(double u) const
+    {
+        const bool nearEnd = u > 0.5;
+        const double ratio = nearEnd ? (1 - u) / u : u / (1 - u);
+        Weighted sum;
+        sum.w = 0;
+        for (std::size_t i = 0; i <= m_degree; ++i) {
+            sum = sum * ratio + m_terms[nearEnd ? i : m_degree - i];
+        }
+        const double scale = sum.w != 0 ? 1 / sum.w : std::pow(nearEnd ? u : 1 - u, static_cast<double>(m_degree));
+        return {sum.x * scale, sum.y * scale};
+    }
+
+private:
+    std::size_t m_degree;
+    std::array<Weighted, kLargestDegree + 1> m_terms;
+};
+
+struct Stretch {
+    double from = 0, to = 1;
+    Vec2 a, middle, b;
+};
+
+void AppendFlat(Path& path, const BezierSpan& span, const Stretch& at, int depth, int deepest)
 {
-    const double middle = (t0 + t1) / 2;
-    const Vec2 m = reader.At(span, middle);
-    const Vec2 quarter = reader.At(span, (t0 + middle) / 2);
-    const Vec2 chord = b - a;
+    const double half = (at.from + at.to) / 2;
+    const Vec2 quarter = span.At((at.from + half) / 2);
+    const Vec2 chord = at.b - at.a;
     const double length = Length(chord);
     const auto stray = [&](Vec2 p) {
-        return length > kFlatness ? std::abs(Cross(chord, p - a)) / length : Length(p - a);
+        return length > kFlatness ? std::abs(Cross(chord, p - at.a)) / length : Length(p - at.a);
     };
     constexpr int kLeast = 2;
-    if (depth >= deepest || (depth >= kLeast && stray(m) < kFlatness && stray(quarter) < kFlatness)) {
-        path.LineTo(b);
+    if (depth >= deepest || (depth >= kLeast && stray(at.middle) < kFlatness && stray(quarter) < kFlatness)) {
+        path.LineTo(at.b);
         return;
     }
-    AppendFlat(path, reader, span, t0, a, middle, m, depth + 1, deepest);
-    AppendFlat(path, reader, span, middle, m, t1, b, depth + 1, deepest);
+    AppendFlat(path, span, {at.from, half, at.a, quarter, at.middle}, depth + 1, deepest);
+    AppendFlat(path, span, {half, at.to, at.middle, span.At((half + at.to) / 2), at.b}, depth + 1, deepest);
 }
 
 void AppendExact(Path& path, const SpanReader& reader, std::size_t span, std::int32_t degree, double t0, double t1)
@@ -148,7 +213,8 @@ bool AppendNurbs(Path& path, const Nurbs& curve)
         if (!weighted && curve.degree <= 3) {
             AppendExact(path, reader, span, curve.degree, t0, t1);
         } else {
-            AppendFlat(path, reader, span, t0, reader.At(span, t0), t1, reader.At(span, t1), 0, deepest);
+            const BezierSpan bezier(reader, span, curve.degree);
+            AppendFlat(path, bezier, {0, 1, bezier.At(0), bezier.At(0.5), bezier.At(1)}, 0, deepest);
         }
     }
     return started;
