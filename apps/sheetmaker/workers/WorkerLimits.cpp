@@ -50,7 +50,8 @@ WorkerLimits LimitsFor(const std::vector<std::string>& drawings, int seconds, in
 {
     WorkerLimits limits;
     const auto megabytes = static_cast<std::int64_t>(std::min<std::uint64_t>(MegabytesOf(drawings), 1'000'000));
-    limits.time = seconds > 0 ? std::chrono::seconds(seconds) : kTime + kTimePerMegabyte * megabytes;
+    const auto count = static_cast<std::int64_t>(std::max<std::size_t>(drawings.size(), 1));
+    limits.time = seconds > 0 ? std::chrono::seconds(seconds) : kTime * count + kTimePerMegabyte * megabytes;
     limits.memory = mebibytes > 0 ? static_cast<std::uint64_t>(mebibytes) << 20 : MachineMemory() / 10 * 9;
     return limits;
 }

@@ -175,7 +175,7 @@ TEST(WorkerLimits, GrowWithTheFiles)
     std::ofstream(path) << std::string(2'500'000, 'x');
     EXPECT_EQ(LimitsFor({}, 0, 0).time, std::chrono::seconds(300));
     EXPECT_EQ(LimitsFor({path}, 0, 0).time, std::chrono::seconds(340));
-    EXPECT_EQ(LimitsFor({path, path}, 0, 0).time, std::chrono::seconds(400));
+    EXPECT_EQ(LimitsFor({path, path}, 0, 0).time, std::chrono::seconds(700));
     EXPECT_EQ(LimitsFor({"gone.dxf"}, 7, 100), (WorkerLimits{std::chrono::seconds(7), std::uint64_t{100} << 20}));
     EXPECT_GT(LimitsFor({}, 0, 0).memory, std::uint64_t{100} << 20);
 }
