@@ -49,4 +49,13 @@ std::string BlankPageRemark(const drawing::Drawing& drawing, const drawing::Layo
     return blank + "nothing that it holds leaves ink on the plotted area";
 }
 
+std::string OffPageRemark(const drawing::Drawing& drawing, const drawing::Layout& layout, std::uint64_t off)
+{
+    const std::size_t count = EntitiesOn(drawing, layout);
+    if (off == 0)
+        return {};
+    return "layout \"" + layout.name + "\": " + std::to_string(off) + " of " + std::to_string(count) +
+           (off == 1 ? " entities lies" : " entities lie") + " outside of the plotted area";
+}
+
 } // namespace sm::cadhost

@@ -1,4 +1,4 @@
-// Why a page has no ink.
+// What a page doesn't show of its layout.
 #pragma once
 
 #include "devices/OwnPlotArea.h"
@@ -12,5 +12,8 @@ namespace sm::cadhost {
 /// The remark for a layout whose plot left no ink. `extents` gives what the layout's space plots.
 std::string BlankPageRemark(const drawing::Drawing& drawing, const drawing::Layout& layout,
                             const plotter::Placement& placement, const ExtentsSource& extents);
+
+/// The remark for a layout of which `off` entities lie off the page, though nobody chose the area; empty for none.
+std::string OffPageRemark(const drawing::Drawing& drawing, const drawing::Layout& layout, std::uint64_t off);
 
 } // namespace sm::cadhost

@@ -219,8 +219,13 @@ void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders
     const plotter::PlottedPage page = plotter::PlotToPostScript(job, path, Text(), *m_report);
     m_notToScale = m_notToScale || configuration.IsFitted();
     configuration.KeepPlottedOrigin(page.placement.origin);
+    const bool isChosen = settings.plotType != kPlotLayout && settings.plotType != kPlotLimits;
+    const std::string off =
+        isChosen ? "" : OffPageRemark(File(), layout, m_report->CountIn(layout.block, render::Outcome::OffPage));
     if (!page.hasInk)
         m_report->Remark(BlankPageRemark(File(), layout, page.placement, ExtentsOf(m_active)));
+    else if (!off.empty())
+        m_report->Remark(off);
 }
 
 namespace {

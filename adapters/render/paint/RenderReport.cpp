@@ -23,6 +23,15 @@ std::uint64_t RenderReport::Count(Outcome outcome) const
     return static_cast<std::uint64_t>(std::count(m_outcomes.begin(), m_outcomes.end(), outcome));
 }
 
+std::uint64_t RenderReport::CountIn(std::uint32_t block, Outcome outcome) const
+{
+    const auto entities = m_drawing.EntitiesOf(block);
+    return static_cast<std::uint64_t>(std::count_if(entities.begin(), entities.end(), [&](const auto& record) {
+        const std::uint64_t index = m_drawing.RecordIndex(record);
+        return index < m_outcomes.size() && m_outcomes[index] == outcome;
+    }));
+}
+
 void RenderReport::Remark(std::string_view text)
 {
     const auto at = m_remarks.find(text);

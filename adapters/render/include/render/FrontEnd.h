@@ -33,6 +33,8 @@ public:
     explicit RenderReport(const drawing::Drawing& drawing);
     void Note(const drawing::EntityRecord& record, Outcome outcome);
     [[nodiscard]] std::uint64_t Count(Outcome outcome) const;
+    /// Of the entities that stand in one block, those in blocks that it inserts aside.
+    [[nodiscard]] std::uint64_t CountIn(std::uint32_t block, Outcome outcome) const;
     struct NotDrawnKind {
         std::string kind, layer;
         std::uint64_t count = 0;
