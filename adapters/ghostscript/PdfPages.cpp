@@ -115,7 +115,7 @@ std::string Run(const std::string& program, const std::string& folder, const std
 
 PdfPages::Size PdfPages::SizeOf(const std::string& path, std::int32_t page) const
 {
-    const base::PrivateFolder folder("");
+    const base::PrivateFolder folder(m_workFolder);
     const std::string line = fmt::format("Page {} MediaBox", page);
     const std::string output = Run(m_program, folder.Path(), path, {"-dNODISPLAY", "-dPDFINFO"}, line);
     const std::size_t at = output.find(line);
@@ -129,7 +129,7 @@ PdfPages::Size PdfPages::SizeOf(const std::string& path, std::int32_t page) cons
 
 PdfPages::Pixels PdfPages::Show(const std::string& path, std::int32_t page, double dotsPerInch) const
 {
-    const base::PrivateFolder folder("");
+    const base::PrivateFolder folder(m_workFolder);
     Run(m_program, folder.Path(), path,
         {"-sDEVICE=ppmraw", "-dTextAlphaBits=4", "-dGraphicsAlphaBits=4", "-dUseCropBox", "-dInterpolateControl=0",
          fmt::format("-r{:.4f}", dotsPerInch), fmt::format("-dFirstPage={}", page), fmt::format("-dLastPage={}", page),

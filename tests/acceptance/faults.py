@@ -188,7 +188,8 @@ NO_OPTIONS = r"The job options can't be used\. Those installed are: none\."
 FAULTS = [
     ("nothing fails", lambda stand: None, 0, []),
     ("temporary folder closed", environment("TMPDIR", CLOSED), 1,
-     lines("sheetmaker convert: no temporary folder can be made in /proc: No such file or directory")),
+     lines(r"sheetmaker convert: A temporary folder could not be made in /proc: No such file or directory\. Free the folder's "
+           r"space or set TMPDIR to a folder that can be written\.")),
     ("temporary folder is a file", temporary_file, 0, []),
     ("interpreter missing", no_tool, 3, lines(NO_TOOL)),
     ("interpreter without the right to run", tool_without_right, 3, lines(NO_TOOL)),

@@ -1,12 +1,16 @@
 #include "base/files/AtomicFile.h"
 
+#include "base/files/EditLock.h"
+#include "base/files/FolderNames.h"
+#include "base/files/Leftovers.h"
 #include "base/files/Paths.h"
 #include "files/Descriptor.h"
 
-#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <mutex>
+#include <set>
 
 namespace sm::base {
 
@@ -14,19 +18,13 @@ namespace {
 
 constexpr std::size_t kBufferSize = 1 << 18;
 constexpr int kNamesTried = 100;
-constexpr const char* kEnding = ".part";
+constexpr const char* kTemporaryPrefix = ".sheetmaker-";
+constexpr const char* kTemporaryEnding = ".part";
 
-std::string Prefix(std::int64_t processNumber)
+std::string FolderOf(const std::string& path)
 {
-    return ".sheetmaker-" + std::to_string(processNumber) + "-";
-}
-
-std::string TemporaryBeside(const std::string& path)
-{
-    static std::atomic<unsigned> counter{0};
     const auto slash = path.rfind('/');
-    const std::string folder = slash == std::string::npos ? "" : path.substr(0, slash + 1);
-    return folder + Prefix(::getpid()) + std::to_string(++counter) + kEnding;
+    return slash == std::string::npos ? "" : path.substr(0, slash + 1);
 }
 
 /// At no time may more people read the new file than the old one.
@@ -41,7 +39,7 @@ mode_t FirstRights(const std::string& target)
 AtomicFile::AtomicFile(const std::string& path, Keeping keeping) : m_target(FollowLinks(path)), m_keeping(keeping)
 {
     const mode_t rights = FirstRights(m_target);
-    // A name is taken when a process of another machine with the same number writes to the same folder.
+    RemoveLeftoversOnce(FolderOf(m_target));
     for (int attempt = 0; attempt < kNamesTried && m_handle < 0; ++attempt) {
         m_temporary = TemporaryBeside(m_target);
         m_handle = ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, rights);
@@ -115,17 +113,32 @@ void AtomicFile::Commit()
         SyncFolderOf(m_target); // the file itself is whole either way
 }
 
-void RemoveLeftovers(const std::string& folder, std::int64_t processNumber)
+std::string TemporaryBeside(const std::string& path)
 {
-    namespace fs = std::filesystem;
-    const std::string prefix = Prefix(processNumber);
-    std::error_code ignored;
-    for (fs::directory_iterator file(ToPath(folder), ignored), end; !ignored && file != end; file.increment(ignored)) {
-        const std::string name = ToText(file->path().filename());
-        std::error_code gone;
-        if (name.starts_with(prefix) && name.ends_with(kEnding))
-            fs::remove(file->path(), gone);
-    }
+    return FolderOf(path) + TemporaryName(kTemporaryPrefix, kTemporaryEnding);
+}
+
+void RemoveLeftovers(const std::string& folder)
+{
+    const auto look = [&](const FolderName& name) {
+        const std::string path = (folder.empty() ? "." : folder) + "/" + std::string(name.Text());
+        if (IsAbandoned(name.Text(), kTemporaryPrefix, kTemporaryEnding))
+            ::unlink(path.c_str());
+        else if (IsEditLock(name.Text()))
+            RemoveAbandonedLock(path);
+    };
+    VisitNames(folder, look, kMostNamesSeen);
+}
+
+void RemoveLeftoversOnce(const std::string& folder)
+{
+    static std::mutex mutex;
+    static std::set<std::string> cleared;
+    std::error_code unknown;
+    const std::string place = ToText(std::filesystem::weakly_canonical(ToPath(folder.empty() ? "." : folder), unknown));
+    const std::lock_guard lock(mutex);
+    if (cleared.insert(place).second)
+        RemoveLeftovers(folder);
 }
 
 } // namespace sm::base

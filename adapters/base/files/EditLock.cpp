@@ -20,6 +20,7 @@ namespace {
 
 constexpr std::chrono::milliseconds kPause{20};
 constexpr std::size_t kLongestHolder = 200;
+constexpr std::string_view kLockEnding = ".sheetmaker-lock";
 
 /// How often a process holds a lock. Forked processes find the count of their parent, which isn't theirs.
 struct Hold {
@@ -39,14 +40,20 @@ Hold& HoldOf(const std::string& lockPath)
 std::string LockPathOf(const std::string& path)
 {
     const std::filesystem::path file = ToPath(FollowLinks(path));
-    return ToText(file.parent_path() / ToPath("." + ToText(file.filename()) + ".sheetmaker-lock"));
+    return ToText(file.parent_path() / ToPath("." + ToText(file.filename()) + std::string(kLockEnding)));
+}
+
+/// Empty when the machine has no name.
+std::string OnThisMachine()
+{
+    std::array<char, 256> name{};
+    const bool known = ::gethostname(name.data(), name.size() - 1) == 0 && name.front() != '\0';
+    return known ? std::string(" on ") + name.data() : std::string();
 }
 
 std::string ThisProcessOnThisMachine()
 {
-    std::array<char, 256> name{};
-    const bool known = ::gethostname(name.data(), name.size() - 1) == 0;
-    return "process " + std::to_string(::getpid()) + (known ? std::string(" on ") + name.data() : std::string());
+    return "process " + std::to_string(::getpid()) + OnThisMachine();
 }
 
 /// What the holder wrote into the lock's file; anybody may write there.
@@ -69,6 +76,15 @@ bool IsUnderItsName(int handle, const std::string& lockPath)
     }, named{};
     return ::fstat(handle, &opened) == 0 && ::stat(lockPath.c_str(), &named) == 0 && opened.st_ino == named.st_ino &&
            opened.st_dev == named.st_dev;
+}
+
+/// False, with errno, when somebody else holds it or no locks can be had.
+bool TakeLock(int file)
+{
+    struct flock all {};
+    all.l_type = F_WRLCK;
+    all.l_whence = SEEK_SET;
+    return ::fcntl(file, F_OFD_SETLK, &all) == 0;
 }
 
 } // namespace
@@ -94,10 +110,7 @@ bool EditLock::TryLock()
     if (m_handle < 0)
         return true;
     const int file = static_cast<int>(m_handle);
-    struct flock all {};
-    all.l_type = F_WRLCK;
-    all.l_whence = SEEK_SET;
-    const bool locked = ::fcntl(file, F_OFD_SETLK, &all) == 0;
+    const bool locked = TakeLock(file);
     const bool isHeld = !locked && (errno == EAGAIN || errno == EACCES);
     if (isHeld || (locked && !IsUnderItsName(file, m_lockPath))) {
         ::close(file);
@@ -116,6 +129,22 @@ EditLock::~EditLock()
         return;
     ::unlink(m_lockPath.c_str());
     ::close(static_cast<int>(m_handle));
+}
+
+bool IsEditLock(std::string_view name)
+{
+    return name.starts_with(".") && name.ends_with(kLockEnding) && name.size() > kLockEnding.size() + 1;
+}
+
+void RemoveAbandonedLock(const std::string& lockPath)
+{
+    const std::string machine = OnThisMachine();
+    // What another machine holds may look free from here.
+    if (machine.empty() || !HolderOf(lockPath).ends_with(machine))
+        return;
+    const Descriptor file(::open(lockPath.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    if (file.IsOpen() && TakeLock(file.Get()) && IsUnderItsName(file.Get(), lockPath))
+        ::unlink(lockPath.c_str());
 }
 
 } // namespace sm::base

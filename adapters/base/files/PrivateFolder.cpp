@@ -1,11 +1,14 @@
 #include "base/files/PrivateFolder.h"
 
+#include "base/files/Leftovers.h"
 #include "base/files/Paths.h"
 
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <mutex>
+#include <set>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -14,14 +17,48 @@ namespace sm::base {
 
 namespace {
 
+constexpr const char* kFolderPrefix = "sheetmaker-";
+constexpr int kFolderNamesTried = 100;
+
 std::string ParentFolder(const std::string& wanted)
 {
     std::error_code error;
     std::filesystem::path parent = ToPath(wanted);
     if (wanted.empty()) {
         parent = std::filesystem::temp_directory_path(error);
+        parent = error ? std::filesystem::path("/tmp") : parent; // what $TMPDIR names is no folder
     }
     return ToText(std::filesystem::absolute(parent, error).lexically_normal());
+}
+
+/// Forked processes find that their parent did it.
+void RemoveFormerOnesOnce(const std::string& folder)
+{
+    static std::mutex mutex;
+    static std::set<std::string> cleared;
+    const std::lock_guard lock(mutex);
+    if (cleared.insert(folder).second)
+        RemoveAbandonedFolders(folder, kFolderPrefix);
+}
+
+/// Within a folder of a run; its path stays short. False, with errno, when it can't be made.
+bool MakeUnnamed(const std::string& folder, std::string& path)
+{
+    path = ToText(ToPath(folder) / ToPath(std::string(kFolderPrefix) + "XXXXXX"));
+    return ::mkdtemp(path.data()) != nullptr;
+}
+
+/// The same, with a name that tells its process.
+bool MakeNamed(const std::string& folder, std::string& path)
+{
+    for (int attempt = 0; attempt < kFolderNamesTried; ++attempt) {
+        path = ToText(ToPath(folder) / ToPath(TemporaryName(kFolderPrefix, "")));
+        if (::mkdir(path.c_str(), 0700) == 0)
+            return true;
+        if (errno != EEXIST)
+            return false;
+    }
+    return false;
 }
 
 } // namespace
@@ -29,8 +66,9 @@ std::string ParentFolder(const std::string& wanted)
 PrivateFolder::PrivateFolder(const std::string& parent) : m_owner(::getpid())
 {
     const std::string folder = ParentFolder(parent);
-    m_path = ToText(ToPath(folder) / "sheetmaker-XXXXXX");
-    if (::mkdtemp(m_path.data()) == nullptr) {
+    if (parent.empty())
+        RemoveFormerOnesOnce(folder);
+    if (parent.empty() ? !MakeNamed(folder, m_path) : !MakeUnnamed(folder, m_path)) {
         const int error = errno;
         throw FolderFailure("A temporary folder could not be made in " + folder + ": " + std::strerror(error) +
                                 ". Free the folder's space or set TMPDIR to a folder that can be written.",
@@ -40,10 +78,17 @@ PrivateFolder::PrivateFolder(const std::string& parent) : m_owner(::getpid())
 
 PrivateFolder::~PrivateFolder()
 {
-    if (m_owner == ::getpid()) {
-        std::error_code error;
-        std::filesystem::remove_all(ToPath(m_path), error);
-    }
+    if (m_owner == ::getpid())
+        Remove();
+}
+
+bool PrivateFolder::Remove()
+{
+    std::error_code error;
+    if (::rmdir(m_path.c_str()) == 0) // an empty one goes even when no more descriptors can be had
+        return true;
+    std::filesystem::remove_all(ToPath(m_path), error);
+    return !std::filesystem::exists(ToPath(m_path), error);
 }
 
 void MakePrivateFolders(const std::string& path)

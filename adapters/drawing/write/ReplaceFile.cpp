@@ -28,9 +28,8 @@ namespace fs = std::filesystem;
 void KeepBackup(const std::string& path)
 {
     const fs::path file = base::ToPath(path), backup = base::ToPath(path + ".bak"),
-                   fresh = base::ToPath(path + ".bak~");
+                   fresh = base::ToPath(base::TemporaryBeside(path));
     std::error_code error;
-    fs::remove(fresh, error);
     fs::create_hard_link(file, fresh, error);
     if (error) // file systems without hard links
         fs::copy_file(file, fresh, error);

@@ -52,15 +52,15 @@ cadhost::HostOptions HostOptionsOf(const Install& install, IRegistry& registry, 
     cadhost::HostOptions options{base::ToText(install.places.shareFolder), install.LoginName(),
                                  DwgOptionsOf(install, registry), install.PlotStyleFolder(), keepLayers};
     options.dwg.workFolder = workFolder;
-    options.references = ReferenceOptionsOf(install);
+    options.references = ReferenceOptionsOf(install, workFolder);
     return options;
 }
 
-render::ReferenceOptions ReferenceOptionsOf(const Install& install)
+render::ReferenceOptions ReferenceOptionsOf(const Install& install, const std::string& workFolder)
 {
     render::ReferenceOptions options;
     options.supportFolders = SupportFolders(install);
-    options.pages = CreateUnderlayPages("gs");
+    options.pages = CreateUnderlayPages("gs", workFolder);
     return options;
 }
 

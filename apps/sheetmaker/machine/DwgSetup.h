@@ -18,6 +18,6 @@ cadhost::HostOptions HostOptionsOf(const Install& install, IRegistry& registry, 
                                    bool keepLayers = false);
 
 /// Where files that drawings refer to are looked for, and what shows pages of PDF files.
-render::ReferenceOptions ReferenceOptionsOf(const Install& install);
+render::ReferenceOptions ReferenceOptionsOf(const Install& install, const std::string& workFolder = "");
 
 } // namespace sm::app

@@ -1,19 +1,38 @@
 #include "machine/LogFiles.h"
 
+#include "base/files/Leftovers.h"
 #include "base/files/Paths.h"
-#include "base/process/ThisProcess.h"
 #include "machine/Install.h"
 
-#include <fmt/format.h>
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
 namespace sm::app {
 
-LogFiles::LogFiles(std::filesystem::path folder, std::size_t workers) : m_folder(std::move(folder)), m_names(workers)
+namespace {
+
+constexpr const char* kLogPrefix = "SmPdfAcad-";
+constexpr const char* kLogEnding = ".log";
+
+} // namespace
+
+std::string TemporaryLogName()
 {
-    for (std::size_t worker = 0; workers > 1 && worker < workers; ++worker)
-        m_names[worker] = fmt::format("SmPdfAcad-{}-{}.log", base::ProcessNumber(), worker + 1);
+    return base::TemporaryName(kLogPrefix, kLogEnding);
+}
+
+void RemoveAbandonedLogs(const std::filesystem::path& folder)
+{
+    base::RemoveAbandonedFiles(base::ToText(folder), kLogPrefix, kLogEnding);
+}
+
+LogFiles::LogFiles(std::filesystem::path folder, std::size_t workers)
+    : m_folder(std::move(folder)), m_joined(TemporaryLogName()), m_names(workers)
+{
+    RemoveAbandonedLogs(m_folder);
+    if (workers > 1)
+        std::generate(m_names.begin(), m_names.end(), TemporaryLogName);
 }
 
 LogFiles::~LogFiles()
@@ -29,7 +48,7 @@ void LogFiles::Join() const
     if (m_names.size() < 2)
         return;
     const std::filesystem::path whole = m_folder / kLogFileName;
-    const std::filesystem::path part = m_folder / base::ToPath(m_names.front() + ".part");
+    const std::filesystem::path part = m_folder / base::ToPath(m_joined);
     std::error_code ignored;
     std::filesystem::create_directories(m_folder, ignored);
     {

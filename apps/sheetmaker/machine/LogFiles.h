@@ -7,6 +7,11 @@
 
 namespace sm::app {
 
+/// A name for a log beside the user's that is gone with the run; if the run is killed, a later one removes it.
+std::string TemporaryLogName();
+/// Removes such logs of runs that were killed.
+void RemoveAbandonedLogs(const std::filesystem::path& folder);
+
 class LogFiles {
 public:
     /// `folder` holds the user's log and, while workers run, theirs.
@@ -23,6 +28,7 @@ public:
 
 private:
     std::filesystem::path m_folder;
+    std::string m_joined;
     std::vector<std::string> m_names;
 };
 

@@ -7,7 +7,7 @@ namespace {
 
 class UnderlayPages final : public render::IPageRasterizer {
 public:
-    explicit UnderlayPages(const std::string& program) : m_pages(program) {}
+    UnderlayPages(const std::string& program, const std::string& workFolder) : m_pages(program, workFolder) {}
 
     render::Vec2 SizeOf(const std::string& path, std::int32_t page) override
     {
@@ -27,9 +27,9 @@ private:
 
 } // namespace
 
-std::shared_ptr<render::IPageRasterizer> CreateUnderlayPages(const std::string& program)
+std::shared_ptr<render::IPageRasterizer> CreateUnderlayPages(const std::string& program, const std::string& workFolder)
 {
-    return std::make_shared<UnderlayPages>(program);
+    return std::make_shared<UnderlayPages>(program, workFolder);
 }
 
 } // namespace sm::app

@@ -8,7 +8,7 @@
 
 namespace sm::app {
 
-/// `program`: the interpreter, a path or a name on $PATH.
-std::shared_ptr<render::IPageRasterizer> CreateUnderlayPages(const std::string& program);
+/// `program`: the interpreter, a path or a name on $PATH. `workFolder`: for temporary files; empty: the system's.
+std::shared_ptr<render::IPageRasterizer> CreateUnderlayPages(const std::string& program, const std::string& workFolder);
 
 } // namespace sm::app

@@ -1,10 +1,8 @@
 #include "run/SetLog.h"
 
-#include "base/process/ThisProcess.h"
 #include "machine/Install.h"
 #include "machine/LogFiles.h"
 
-#include <fmt/format.h>
 #include <fstream>
 
 namespace sm::app {
@@ -12,8 +10,9 @@ namespace sm::app {
 namespace fs = std::filesystem;
 
 SetLog::SetLog(fs::path folder)
-    : m_folder(std::move(folder)), m_sheetLog(fmt::format("SmPdfAcad-{}-1.log", base::ProcessNumber()))
+    : m_folder(std::move(folder)), m_sheetLog(TemporaryLogName()), m_part(TemporaryLogName())
 {
+    RemoveAbandonedLogs(m_folder);
 }
 
 SetLog::~SetLog()

@@ -26,10 +26,10 @@ public:
     void Finish() const;
 
 private:
-    [[nodiscard]] std::filesystem::path Part() const { return m_folder / base::ToPath(m_sheetLog + ".part"); }
+    [[nodiscard]] std::filesystem::path Part() const { return m_folder / base::ToPath(m_part); }
 
     std::filesystem::path m_folder;
-    std::string m_sheetLog, m_text;
+    std::string m_sheetLog, m_part, m_text;
 };
 
 } // namespace sm::app

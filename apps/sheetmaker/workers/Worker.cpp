@@ -9,7 +9,6 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstdio>
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <iostream>
@@ -17,6 +16,7 @@
 #include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace sm::app {
 namespace {
@@ -31,23 +31,26 @@ constexpr useconds_t kRemovalPause = 20000; // microseconds
     throw std::system_error(errno, std::generic_category(), what);
 }
 
-std::string MakeWorkFolder()
-{
-    std::error_code unset;
-    const fs::path parent = fs::temp_directory_path(unset);
-    std::string pattern = base::ToText((unset ? base::ToPath(P_tmpdir) : parent) / "sheetmaker-XXXXXX");
-    if (!mkdtemp(pattern.data()))
-        ThrowErrno(("no temporary folder can be made in " + base::ToText(parent)).c_str());
-    return pattern;
-}
-
-std::array<int, 2> MakePipe()
-{
-    std::array<int, 2> ends{};
-    if (pipe2(ends.data(), O_CLOEXEC) != 0)
-        ThrowErrno("no pipe can be made");
-    return ends;
-}
+struct PipeEnds {
+    int out = -1, in = -1;
+    PipeEnds() = default;
+    PipeEnds(const PipeEnds&) = delete;
+    PipeEnds& operator=(const PipeEnds&) = delete;
+    ~PipeEnds()
+    {
+        for (const int end : {out, in})
+            if (end >= 0)
+                close(end);
+    }
+    void Open()
+    {
+        std::array<int, 2> ends{};
+        if (pipe2(ends.data(), O_CLOEXEC) != 0)
+            ThrowErrno("no pipe can be made");
+        out = ends[0];
+        in = ends[1];
+    }
+};
 
 void WriteAll(int descriptor, const std::string& text)
 {
@@ -97,15 +100,17 @@ Worker::Worker(DrawingTask task, const std::string& pdfPath, const WorkerWork& w
     : m_task(std::move(task)), m_limits(limits)
 {
     std::error_code unknown;
-    m_pdfFolder = fs::weakly_canonical(base::ToPath(pdfPath), unknown).parent_path();
-    m_task.workFolder = MakeWorkFolder();
+    m_pdfFolder = base::ToText(fs::weakly_canonical(base::ToPath(pdfPath), unknown).parent_path());
+    m_task.workFolder = m_folder.Path();
+    base::RemoveLeftoversOnce(m_pdfFolder); // here, so that not every worker does so
     Start(work, lines);
 }
 
 void Worker::Start(const WorkerWork& work, Lines lines)
 {
-    const auto [reportEnd, reportStart] = MakePipe();
-    const auto [linesEnd, linesStart] = MakePipe();
+    PipeEnds reports, told;
+    reports.Open();
+    told.Open();
     std::cout << std::flush;
     const pid_t parent = getpid();
     m_process = fork();
@@ -113,24 +118,21 @@ void Worker::Start(const WorkerWork& work, Lines lines)
         RestoreSignals(parent);
         ObeyLimits(m_limits);
         if (lines == Lines::Kept)
-            dup2(linesStart, STDERR_FILENO);
-        close(linesStart);
+            dup2(told.in, STDERR_FILENO);
+        close(std::exchange(told.in, -1));
         DrawingReport report;
         {
             terminal::Console console(std::cerr, lines == Lines::Straight && base::IsTerminal(base::Stream::Errors));
             report = work(m_task, console);
         }
-        WriteAll(reportStart, ToJson(report, -1));
+        WriteAll(reports.in, ToJson(report, -1));
         _exit(kExitDone);
     }
-    close(reportStart);
-    close(linesStart);
-    m_report.descriptor = reportEnd;
-    m_lines.descriptor = linesEnd;
-    m_lastProcess = m_process;
     if (m_process < 0)
         ThrowErrno("no process can be started");
-    for (const int end : {reportEnd, linesEnd})
+    m_report.descriptor = std::exchange(reports.out, -1);
+    m_lines.descriptor = std::exchange(told.out, -1);
+    for (const int end : {m_report.descriptor, m_lines.descriptor})
         fcntl(end, F_SETFL, O_NONBLOCK);
 }
 
@@ -183,18 +185,12 @@ void Worker::EndLate()
 
 void Worker::RemoveLeftovers()
 {
-    std::error_code ignored;
     // The interpreter of an ended worker is ended by the system, a moment later than the worker itself.
-    for (int attempt = 0; attempt < kRemovalAttempts; ++attempt) {
-        fs::remove_all(base::ToPath(m_task.workFolder), ignored);
-        if (m_endedWell || !fs::exists(base::ToPath(m_task.workFolder), ignored))
-            break;
+    for (int attempt = 0; attempt < kRemovalAttempts && !m_folder.Remove() && !m_endedWell; ++attempt)
         usleep(kRemovalPause);
-    }
-    if (m_endedWell)
-        return;
     // A PDF that was being written when the process was ended stands half-made beside its target.
-    base::RemoveLeftovers(base::ToText(m_pdfFolder), m_lastProcess);
+    if (!m_endedWell)
+        base::RemoveLeftovers(m_pdfFolder);
 }
 
 Worker::~Worker()

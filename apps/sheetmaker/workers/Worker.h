@@ -1,6 +1,7 @@
 // A process of its own for one drawing, so that one bad drawing never takes another down.
 #pragma once
 
+#include "base/files/PrivateFolder.h"
 #include "run/DrawingRun.h"
 #include "workers/WorkerLimits.h"
 
@@ -22,7 +23,7 @@ public:
     enum class Lines { Straight, Kept };
 
     /// Starts the process, with a private folder for its temporary files. `pdfPath` is where its PDF goes. Throws
-    /// std::system_error.
+    /// base::FolderFailure and std::system_error.
     Worker(DrawingTask task, const std::string& pdfPath, const WorkerWork& work, Lines lines,
            const WorkerLimits& limits = {});
     /// Ends the process when it still runs, and removes everything temporary that it left.
@@ -49,6 +50,10 @@ private:
     struct Stream {
         int descriptor = -1;
         std::string text;
+        Stream() = default;
+        Stream(const Stream&) = delete;
+        Stream& operator=(const Stream&) = delete;
+        ~Stream() { Close(); }
         void Read();
         void Close();
     };
@@ -58,10 +63,10 @@ private:
     DrawingTask m_task;
     WorkerLimits m_limits;
     std::chrono::steady_clock::time_point m_begin = std::chrono::steady_clock::now();
-    std::filesystem::path m_pdfFolder;
+    std::string m_pdfFolder;
+    base::PrivateFolder m_folder{""};
     Stream m_report, m_lines;
     pid_t m_process = -1;
-    pid_t m_lastProcess = -1;
     bool m_endedWell = false, m_endedLate = false;
 };
 

@@ -1,7 +1,6 @@
 // The conversion of several drawings, with a stand-in for the work on one.
-#include "commands/ConvertCommand.h"
-
-#include "app/Fixtures.h"
+#include "app/commands/ConvertStand.h"
+#include "base/files/AtomicFile.h"
 
 #include <csignal>
 #include <gtest/gtest.h>
@@ -11,58 +10,6 @@
 
 namespace sm::app {
 namespace {
-
-namespace fs = std::filesystem;
-
-class ConvertCommand : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        m_machine.MakeShare();
-        m_machine.MakeProgram("gs", "echo 10.00.0");
-        m_former = fs::current_path();
-        fs::current_path(m_machine.Root());
-        fs::create_directories(m_machine.Root() / "tmp");
-        setenv("TMPDIR", m_machine.In("tmp").c_str(), 1);
-        for (const char* name : {"a.dxf", "b.dxf", "c.dxf"})
-            m_machine.MakeFile(name, name);
-    }
-    void TearDown() override
-    {
-        fs::current_path(m_former);
-        unsetenv("TMPDIR");
-    }
-    int Run(const ConvertJob& job, const WorkerWork& work)
-    {
-        return RunConvert(job, m_machine.Here(), work, m_out, m_err);
-    }
-    static ConvertJob Job(std::vector<std::string> drawings)
-    {
-        ConvertJob job;
-        job.drawings = std::move(drawings);
-        return job;
-    }
-    /// Writes a log line and a PDF of one page.
-    WorkerWork Converting() const
-    {
-        return [state = m_machine.In("home/.local/state/sheetmaker-pdf")](const DrawingTask& task,
-                                                                          terminal::Console& console) {
-            console.Line("seen");
-            fs::create_directories(state);
-            std::ofstream(fs::path(state) / (task.logFileName.empty() ? "SmPdfAcad.log" : task.logFileName))
-                << "log of " << task.drawing << "\n";
-            DrawingReport report;
-            report.drawing = task.drawing;
-            report.pdfPath = task.savePath.value_or(task.drawing + ".pdf");
-            report.pages = 1;
-            return report;
-        };
-    }
-
-    Machine m_machine;
-    fs::path m_former;
-    std::ostringstream m_out, m_err;
-};
 
 TEST_F(ConvertCommand, TellsResultsInTheOrderOfTheDrawings)
 {
@@ -112,7 +59,7 @@ TEST_F(ConvertCommand, KeepsABadDrawingFromTakingAnotherDown)
     const int code = Run(Job({"a.dxf", "b.dxf", "c.dxf"}), [&](const DrawingTask& task, terminal::Console& console) {
         if (task.drawing == "a.dxf") {
             std::ofstream(task.workFolder + "/page.ps") << "left behind";
-            std::ofstream(".sheetmaker-" + std::to_string(getpid()) + "-1.part") << "half a PDF";
+            std::ofstream(base::TemporaryBeside("a.pdf")) << "half a PDF";
             kill(getpid(), SIGKILL);
         }
         if (task.drawing == "b.dxf")
@@ -178,24 +125,6 @@ TEST(WorkerLimits, GrowWithTheFiles)
     EXPECT_EQ(LimitsFor({path, path}, 0, 0).time, std::chrono::seconds(700));
     EXPECT_EQ(LimitsFor({"gone.dxf"}, 7, 100), (WorkerLimits{std::chrono::seconds(7), std::uint64_t{100} << 20}));
     EXPECT_GT(LimitsFor({}, 0, 0).memory, std::uint64_t{100} << 20);
-}
-
-TEST_F(ConvertCommand, EndsCleanlyWhenItIsInterrupted)
-{
-    const pid_t parent = getpid();
-    const int code = Run(Job({"a.dxf", "b.dxf"}), [&](const DrawingTask& task, terminal::Console&) -> DrawingReport {
-        std::ofstream(task.workFolder + "/page.ps") << "left behind";
-        std::ofstream(".sheetmaker-" + std::to_string(getpid()) + "-1.part") << "half a PDF";
-        if (task.drawing == "b.dxf")
-            kill(parent, SIGTERM);
-        for (;;)
-            pause();
-    });
-    EXPECT_EQ(code, 130);
-    EXPECT_EQ(m_err.str(), "sheetmaker: interrupted\n");
-    EXPECT_TRUE(fs::is_empty(m_machine.In("tmp")));
-    for (const auto& file : fs::directory_iterator(m_machine.Root()))
-        EXPECT_FALSE(file.path().filename().string().starts_with(".sheetmaker-")) << file.path();
 }
 
 TEST_F(ConvertCommand, ReportsAsJson)

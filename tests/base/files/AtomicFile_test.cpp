@@ -2,7 +2,6 @@
 #include "base/TempFolder.h"
 
 #include "base/files/AtomicFile.h"
-#include "base/process/ThisProcess.h"
 
 #include <csignal>
 #include <filesystem>
@@ -267,31 +266,6 @@ TEST(AtomicFile, TellsAFullDiskFromOtherFailures)
     EXPECT_TRUE(IsForbidden({EACCES, std::generic_category()}));
     EXPECT_TRUE(IsForbidden({EPERM, std::generic_category()}));
     EXPECT_TRUE(IsMissing({ENOTDIR, std::generic_category()}));
-}
-
-TEST(AtomicFile, IsClearedAwayAfterAProcessThatWasEnded)
-{
-    const TempFolder folder;
-    folder.Write(".sheetmaker-77-1.part", "half");
-    folder.Write(".sheetmaker-77-12.part", "half");
-    folder.Write(".sheetmaker-777-1.part", "another process");
-    folder.Write(".sheetmaker-77-1.pdf", "no temporary");
-    RemoveLeftovers(folder.Path(""), 77);
-    EXPECT_THAT(folder.Names(), ElementsAre(".sheetmaker-77-1.pdf", ".sheetmaker-777-1.part"));
-    RemoveLeftovers(folder.Path("missing"), 77);
-}
-
-TEST(AtomicFile, PassesByANameThatIsTaken)
-{
-    const TempFolder folder;
-    const std::string prefix = ".sheetmaker-" + std::to_string(ProcessNumber()) + "-";
-    for (int i = 0; i < 60; ++i)
-        folder.Write(prefix + std::to_string(i) + ".part", "another machine's");
-    Save(folder.Path("plan.dxf"), "new");
-    EXPECT_EQ(folder.Read("plan.dxf"), "new");
-    EXPECT_EQ(folder.Names().size(), 61U);
-    for (int i = 0; i < 60; ++i)
-        EXPECT_EQ(folder.Read(prefix + std::to_string(i) + ".part"), "another machine's");
 }
 
 } // namespace

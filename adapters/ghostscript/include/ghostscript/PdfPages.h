@@ -18,15 +18,18 @@ public:
         std::string rgb; ///< three bytes a pixel, from the top
     };
 
-    /// `program`: the interpreter, a path or a name on $PATH.
-    explicit PdfPages(std::string program) : m_program(std::move(program)) {}
+    /// `program`: the interpreter, a path or a name on $PATH. `workFolder`: for temporary files; empty: the system's.
+    explicit PdfPages(std::string program, std::string workFolder = "")
+        : m_program(std::move(program)), m_workFolder(std::move(workFolder))
+    {
+    }
 
     /// `page` counts from 1.
     [[nodiscard]] Size SizeOf(const std::string& path, std::int32_t page) const;
     [[nodiscard]] Pixels Show(const std::string& path, std::int32_t page, double dotsPerInch) const;
 
 private:
-    std::string m_program;
+    std::string m_program, m_workFolder;
 };
 
 } // namespace sm::ghostscript

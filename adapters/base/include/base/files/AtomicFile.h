@@ -47,7 +47,14 @@ private:
     bool m_finished = false;
 };
 
-/// Removes the temporaries that another process, which has ended, left in `folder`.
-void RemoveLeftovers(const std::string& folder, std::int64_t processNumber);
+/// A hidden name beside `path` for a temporary of this process, which is removed by a later run if this one can't.
+std::string TemporaryBeside(const std::string& path);
+
+/// Removes the temporaries and the locks from `folder` (empty: the working folder) that processes of this machine left
+/// which have ended. Looks at `kMostNamesSeen` names.
+void RemoveLeftovers(const std::string& folder);
+
+/// The same, unless this process or the one that it was forked from did so before: every AtomicFile begins with it.
+void RemoveLeftoversOnce(const std::string& folder);
 
 } // namespace sm::base

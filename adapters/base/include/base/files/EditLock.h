@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace sm::base {
 
@@ -32,5 +33,11 @@ private:
     std::string m_lockPath;
     std::intptr_t m_handle = -1;
 };
+
+/// Is it the name of a lock's file?
+bool IsEditLock(std::string_view name);
+
+/// Removes a lock's file that a process of this machine wrote and nobody holds: the process was killed.
+void RemoveAbandonedLock(const std::string& lockPath);
 
 } // namespace sm::base

@@ -1,6 +1,8 @@
 // The names in a folder, looked at one by one.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -25,7 +27,9 @@ private:
 };
 
 /// Calls `visit` with each name in the folder (empty: the working folder), in no order; never when it can't be read.
-/// Drawings lie by the thousand in one folder, so nothing is copied, and the files themselves are not looked at.
-void VisitNames(const std::string& folder, const std::function<void(const FolderName&)>& visit);
+/// Drawings lie by the thousand in one folder, so nothing is copied, and the files themselves are not looked at. Ends
+/// after `most` names.
+void VisitNames(const std::string& folder, const std::function<void(const FolderName&)>& visit,
+                std::size_t most = SIZE_MAX);
 
 } // namespace sm::base

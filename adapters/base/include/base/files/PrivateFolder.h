@@ -19,13 +19,15 @@ private:
 
 class PrivateFolder {
 public:
-    /// Makes a folder with a unique name in `parent` (empty: $TMPDIR, else the system's temporary folder).
-    /// Throws FolderFailure.
+    /// Makes a folder with a unique name in `parent`, or (empty) in $TMPDIR, else the system's temporary folder. There
+    /// its name tells the process, and the first one removes those whose process has ended. Throws FolderFailure.
     explicit PrivateFolder(const std::string& parent);
     PrivateFolder(const PrivateFolder&) = delete;
     PrivateFolder& operator=(const PrivateFolder&) = delete;
     /// Removes the folder and everything in it, but not when this is a forked child of the process that made it.
     ~PrivateFolder();
+    /// Removes the folder now; false when something of it is still there.
+    bool Remove();
     /// Absolute, without a trailing slash.
     [[nodiscard]] const std::string& Path() const { return m_path; }
 
