@@ -4,12 +4,7 @@
 #include "pdf/PdfNumbers.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fmt/format.h>
-#include <fstream>
-#include <iterator>
-#include <qpdf/QPDFEFStreamObjectHelper.hh>
-#include <qpdf/QPDFFileSpecObjectHelper.hh>
 
 namespace sm::publisher {
 
@@ -115,28 +110,6 @@ Object LinkMaker::Make(const LinkMark& mark, const SheetPage& sheet)
     return m_pdf.makeIndirectObject(link);
 }
 
-std::optional<Object> AttachmentMaker::FileSpec(const std::string& path)
-{
-    const auto known = m_files.find(path);
-    if (known != m_files.end()) {
-        return known->second;
-    }
-    std::ifstream file(base::ToPath(path), std::ios::binary);
-    std::error_code error;
-    if (!file || !std::filesystem::is_regular_file(base::ToPath(path), error)) {
-        return std::nullopt;
-    }
-    const std::string bytes(std::istreambuf_iterator<char>(file), {});
-    if (file.bad()) {
-        return std::nullopt;
-    }
-    const std::string name = base::ToText(base::ToPath(path).filename());
-    auto embedded = QPDFEFStreamObjectHelper::createEFStream(m_pdf, bytes);
-    auto specification = QPDFFileSpecObjectHelper::createFileSpec(m_pdf, name, embedded).getObjectHandle();
-    m_files.emplace(path, specification);
-    return specification;
-}
-
 Object AttachmentMaker::Icon()
 {
     if (!m_icon) {
@@ -147,18 +120,24 @@ Object AttachmentMaker::Icon()
 
 std::optional<Object> AttachmentMaker::Make(const AttachmentMark& mark, const SheetPage& sheet)
 {
-    const auto specification = FileSpec(mark.filePath);
-    if (!specification) {
+    const auto embedded = m_files.Embed(mark.filePath);
+    if (!embedded) {
+        m_lost.push_back(mark.filePath);
         m_note(fmt::format("Page {}: the file {} could not be attached: it can't be read any more", sheet.number,
                            mark.filePath));
         return std::nullopt;
     }
     auto annotation = Annotation(
         "/FileAttachment", PageRectangle(mark.x, mark.y, mark.x + kIconWidth, mark.y + kIconHeight, sheet.unit), sheet);
-    annotation.replaceKey("/FS", *specification);
+    const std::string name = base::ToText(base::ToPath(mark.filePath).filename());
+    annotation.replaceKey("/FS", embedded->specification);
     annotation.replaceKey("/Name", Object::newName("/Paperclip"));
-    annotation.replaceKey("/Contents", Object::newUnicodeString(base::ToText(base::ToPath(mark.filePath).filename())));
+    annotation.replaceKey("/Contents", Object::newUnicodeString(name));
     annotation.replaceKey("/AP", Appearance(Icon()));
+    const EmbeddedFile told{name, mark.filePath, embedded->bytes};
+    if (std::ranges::find(m_told, told) == m_told.end()) {
+        m_told.push_back(told);
+    }
     return m_pdf.makeIndirectObject(annotation);
 }
 

@@ -1,7 +1,9 @@
 // The PDF objects of links, attachments and signature fields.
 #pragma once
 
+#include "document/EmbeddedFiles.h"
 #include "document/SheetPage.h"
+#include "publisher/Publisher.h"
 
 #include <map>
 #include <optional>
@@ -25,19 +27,25 @@ private:
     const Note& m_note;
 };
 
-/// Icons with embedded files; a file that several marks name is embedded once.
+/// Icons with embedded files.
 class AttachmentMaker {
 public:
-    AttachmentMaker(QPDF& pdf, const Note& note) : m_pdf(pdf), m_note(note) {}
+    AttachmentMaker(QPDF& pdf, const Note& note) : m_pdf(pdf), m_files(pdf), m_note(note) {}
     /// Nothing when the file can't be read any more.
     std::optional<QPDFObjectHandle> Make(const AttachmentMark& mark, const SheetPage& sheet);
+    /// The files that were embedded, each once.
+    [[nodiscard]] const std::vector<EmbeddedFile>& Embedded() const { return m_told; }
+    /// The paths of those that could not be.
+    [[nodiscard]] const std::vector<std::string>& Lost() const { return m_lost; }
+    [[nodiscard]] const std::vector<LargeFile>& Large() const { return m_files.Large(); }
 
 private:
-    std::optional<QPDFObjectHandle> FileSpec(const std::string& path);
     QPDFObjectHandle Icon();
 
     QPDF& m_pdf;
-    std::map<std::string, QPDFObjectHandle> m_files;
+    EmbeddedFiles m_files;
+    std::vector<EmbeddedFile> m_told;
+    std::vector<std::string> m_lost;
     std::optional<QPDFObjectHandle> m_icon;
     const Note& m_note;
 };

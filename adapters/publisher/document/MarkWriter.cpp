@@ -36,6 +36,9 @@ public:
     MarkTally Finish()
     {
         m_fields.Finish();
+        m_tally.embedded = m_attachments.Embedded();
+        m_tally.lost = m_attachments.Lost();
+        m_tally.large = m_attachments.Large();
         return m_tally;
     }
 

@@ -2,6 +2,7 @@
 
 #include "dialect/PdfLayers.h"
 #include "document/MarkWriter.h"
+#include "pdf/FilePipeline.h"
 #include "pdf/PdfNumbers.h"
 #include "pdf/PublishStatus.h"
 #include "pdf/Qpdf.h"
@@ -18,17 +19,6 @@ namespace sm::publisher {
 namespace {
 
 constexpr double kLargestSide = 14400; // PDF 1.7, annex C
-
-/// qpdf's own file output doesn't notice a full disk.
-class FilePipeline : public Pipeline {
-public:
-    explicit FilePipeline(TargetFile& file) : Pipeline("pdf file", nullptr), m_file(file) {}
-    void write(unsigned char const* data, std::size_t size) override { m_file.Write(data, size); }
-    void finish() override {}
-
-private:
-    TargetFile& m_file;
-};
 
 std::shared_ptr<QPDF> OpenSource(const MadePages& made, std::size_t pageCount)
 {
@@ -115,8 +105,9 @@ std::vector<SheetPage> SizedSheets(QPDF& pdf, const std::vector<PagePlace>& page
     return sheets;
 }
 
-void WriteOut(QPDF& pdf, TargetFile& target)
+void WriteOut(QPDF& pdf, const std::vector<LargeFile>& files, TargetFile& target)
 {
+    ExpectFiles(pdf, files);
     FilePipeline pipeline(target);
     QPDFWriter writer(pdf);
     writer.setOutputPipeline(&pipeline);
@@ -125,6 +116,7 @@ void WriteOut(QPDF& pdf, TargetFile& target)
     writer.setCompressStreams(true); // object streams; all others are compressed by now
     writer.setMinimumPDFVersion("1.7");
     writer.write();
+    AppendFiles(pdf, writer, files, target);
 }
 
 } // namespace
@@ -143,12 +135,13 @@ MarkTally AssemblePdf(const Assembly& assembly, TargetFile& target)
         pdf.getRoot().removeKey("/Metadata");
         const std::vector<SheetPage> sheets = SizedSheets(pdf, assembly.pages);
         DocumentInfo info = assembly.info;
-        const MarkTally tally = WriteMarks(pdf, sheets, info, assembly.note);
+        MarkTally tally = WriteMarks(pdf, sheets, info, assembly.note);
         WriteNavigation(pdf, sheets, assembly.navigation, info.Value("Title").has_value());
         WriteLayers(pdf);
         CompressStreams(pdf);
         SetInformation(pdf, info);
-        WriteOut(pdf, target);
+        WriteOut(pdf, tally.large, target);
+        tally.large.clear(); // their document goes away
         return tally;
     } catch (const PublishFailure&) {
         throw;

@@ -21,20 +21,26 @@ namespace {
 /// leave numbers that readers refuse.
 constexpr double kFarthestMark = 14400;
 
-bool CanBeAttached(const std::string& path)
+/// Why a file can't be read, as the end of a sentence; empty when it can, with its size.
+std::string ReadingFault(const std::string& path, std::uint64_t& bytes)
 {
     std::error_code error;
     base::File file = base::File::Open(path, error);
-    if (!file.IsOpen() || file.Facts().kind != base::FileKind::File) {
-        return false;
+    if (!file.IsOpen()) {
+        return base::IsMissing(error) ? "there is no such file" : "it can't be read: " + error.message();
+    }
+    const base::FileFacts facts = file.Facts();
+    if (facts.kind != base::FileKind::File) {
+        return facts.kind == base::FileKind::Folder ? "it is a folder" : "it is not an ordinary file";
     }
     try {
         char first = 0;
         file.Read(&first, 1);
-        return true;
-    } catch (const std::system_error&) {
-        return false;
+    } catch (const std::system_error& fault) {
+        return "it can't be read: " + fault.code().message();
     }
+    bytes = facts.stamp.size;
+    return {};
 }
 
 } // namespace
@@ -136,11 +142,21 @@ std::int32_t PubDoc::AddSignatureFieldMark(std::int32_t /*reserved*/, double x1,
     return QueueMark(SignatureFieldMark{x1, y1, x2, y2, name, label}, {x1, y1, x2, y2});
 }
 
+std::string PubDoc::ReasonAgainst(const std::string& filePath) const
+{
+    std::uint64_t bytes = 0;
+    const std::string fault = ReadingFault(filePath, bytes);
+    return fault.empty() && m_options.refuseAttachment ? m_options.refuseAttachment(filePath, bytes) : fault;
+}
+
 std::int32_t PubDoc::AddAttachmentMark(std::int32_t /*reserved*/, double x, double y, const std::string& filePath,
                                        bool& added)
 {
     added = false;
-    if (!CanBeAttached(filePath)) {
+    const std::string reason = m_pages.empty() ? std::string() : ReasonAgainst(filePath);
+    if (!reason.empty()) {
+        Note(fmt::format("Page {}: the file {} could not be attached: {}", m_pages.size(), filePath, reason));
+        m_attachmentsLost.push_back(filePath);
         return static_cast<std::int32_t>(PublishStatus::Done);
     }
     const std::int32_t status = QueueMark(AttachmentMark{x, y, filePath}, {x, y});
@@ -200,9 +216,12 @@ std::int32_t PubDoc::SaveToPdf(const std::string& pdfPath, std::int32_t /*hostVa
             m_pages, m_info, pdfPath, Folder(), m_options.navigation, m_options.useOf, [this](const std::string& line) {
                 Note(line);
             }};
-        const SaveReport report = SavePages(request, *m_pageMaker);
+        SaveReport report = SavePages(request, *m_pageMaker);
         DisposePostScript(request, deletePs);
         m_pages.clear();
+        report.attachmentsLost.insert(report.attachmentsLost.begin(), m_attachmentsLost.begin(),
+                                      m_attachmentsLost.end());
+        m_attachmentsLost.clear();
         if (m_options.observer.saved) {
             m_options.observer.saved(report);
         }

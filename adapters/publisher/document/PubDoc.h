@@ -53,6 +53,7 @@ private:
     std::int32_t QueueMark(Mark mark, std::initializer_list<double> coordinates);
     const std::string& Folder();
     void Note(const std::string& line) const;
+    [[nodiscard]] std::string ReasonAgainst(const std::string& filePath) const;
 
     PublisherOptions m_options;
     IDesktop& m_desktop;
@@ -61,6 +62,7 @@ private:
     std::vector<DocumentPage> m_pages;
     std::optional<std::pair<std::string, std::string>> m_jobOptions; ///< the last page's: path and clean text
     DocumentInfo m_info;
+    std::vector<std::string> m_attachmentsLost;
     std::string m_lastError;
     std::size_t m_namesGiven = 0;
 };

@@ -174,6 +174,8 @@ SaveReport SavePages(const SaveRequest& request, IPageMaker& pageMaker)
     report.interpreterRuns = assembly.sources.size();
     report.marksDrawn = marks.drawn;
     report.marksNotDrawn = marks.notDrawn;
+    report.embedded = marks.embedded;
+    report.attachmentsLost = marks.lost;
     report.pdfBytes = target.BytesWritten();
     return report;
 }

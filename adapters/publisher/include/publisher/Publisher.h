@@ -7,11 +7,21 @@
 
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace sm::publisher {
+
+/// A file that a PDF holds.
+struct EmbeddedFile {
+    std::string name; ///< in the PDF
+    std::string path;
+    std::uint64_t bytes = 0;
+    friend bool operator==(const EmbeddedFile&, const EmbeddedFile&) = default;
+};
 
 /// What one successful `SaveToPdf` did.
 struct SaveReport {
@@ -19,7 +29,10 @@ struct SaveReport {
     std::size_t pages = 0;
     std::size_t interpreterRuns = 0;
     std::size_t marksDrawn = 0;
-    std::size_t marksNotDrawn = 0; ///< attachments whose file could no longer be read
+    std::size_t marksNotDrawn = 0;      ///< attachments whose file could no longer be read
+    std::vector<EmbeddedFile> embedded; ///< in the order of the marks, each path once
+    std::vector<std::string>
+        attachmentsLost; ///< paths of files that should have been embedded; each was told by a note
     std::uintmax_t pdfBytes = 0;
     std::chrono::microseconds makingPages{0}; ///< wall time in the PostScript interpreter
     std::chrono::microseconds assembling{0};  ///< wall time of structure, compression and writing
@@ -52,6 +65,9 @@ struct PublisherOptions {
     /// What the file at a path is to the run ("the underlay \"plan.pdf\""), when saving must not replace it; empty
     /// text: nothing. May be empty.
     std::function<std::string(const std::string& path)> useOf;
+    /// Why a file of `bytes` bytes is not to be attached, as the end of a sentence; empty text: it may be. May be
+    /// empty.
+    std::function<std::string(const std::string& path, std::uint64_t bytes)> refuseAttachment;
     PublishObserver observer;
 };
 
