@@ -124,6 +124,7 @@ inline constexpr Setting kSettings[] = {
     NumberSetting("WinUpperRightY", 0),
     TextSetting("ViewToPlot", SettingUse::GlobalPageSetup, ""),
     {"DwgConverter", SettingKind::DwgConverter, SettingUse::ThisProgram, ""},
+    WholeSetting("AttachmentLimit", SettingUse::ThisProgram, 250, 1'000'000), // mebibytes of one file
 };
 
 /// The setting of a name that is known when compiling: any other doesn't compile.

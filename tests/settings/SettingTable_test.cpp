@@ -27,7 +27,7 @@ TEST(SettingTable, HasEachNameOnce)
     std::set<std::string> names;
     for (const Setting& setting : kSettings)
         EXPECT_TRUE(names.insert(setting.name).second) << setting.name;
-    EXPECT_EQ(names.size(), 55u);
+    EXPECT_EQ(names.size(), 56u);
 }
 
 TEST(SettingTable, SaysWhereASettingCounts)
@@ -40,7 +40,7 @@ TEST(SettingTable, SaysWhereASettingCounts)
     EXPECT_EQ(With(SettingUse::StampText),
               (Lines{"Stamp1", "Stamp2", "Stamp3", "Stamp4", "Stamp5", "Stamp6", "Stamp7", "Stamp8", "Stamp9",
                      "Stamp10", "Stamp11", "Stamp12", "Stamp13", "Stamp14", "Stamp15"}));
-    EXPECT_EQ(With(SettingUse::ThisProgram), (Lines{"DwgConverter"}));
+    EXPECT_EQ(With(SettingUse::ThisProgram), (Lines{"DwgConverter", "AttachmentLimit"}));
 }
 
 TEST(SettingTable, TheGlobalPageSetupIsTheRecordsFieldsAndNothingElse)

@@ -25,6 +25,7 @@ inline constexpr const char* kConvertFooter = R"(Examples:
   sheetmaker convert plan.dxf --layout "Ground floor"      one sheet
   sheetmaker convert site.dxf --layouts model --page-setup global
   sheetmaker convert *.dxf -o pdf/ --jobs 4 --report json  a folder of PDFs, a report on stdout
+  sheetmaker convert plan.dxf --attachments refuse-outside no file from outside the drawing's folder goes into the PDF
 
 A DWG is read through a converter that "sheetmaker doctor" shows; --dwg-converter takes another one, in which
 {in} and {out} stand for the files:
@@ -55,6 +56,7 @@ inline constexpr const char* kSetFooter = R"(Examples:
   sheetmaker set OpenInViewer 0
   sheetmaker set JobOptionsFile "Print [1200 dpi]"
   sheetmaker set Stamp1 "FOR REVIEW"
+  sheetmaker set AttachmentLimit 500                       files of up to 500 MiB may be attached
   sheetmaker set DwgConverter "my-converter --to dxf {in} {out}")";
 
 inline constexpr const char* kListFooter = R"(Examples:

@@ -24,6 +24,8 @@ const std::map<std::string, LayoutChoice> kLayoutChoices = {{"auto", LayoutChoic
                                                             {"all", LayoutChoice::All},
                                                             {"active", LayoutChoice::Active},
                                                             {"model", LayoutChoice::Model}};
+const std::map<std::string, AttachmentChoice> kAttachmentChoices = {
+    {"all", AttachmentChoice::All}, {"refuse-outside", AttachmentChoice::RefuseOutside}};
 constexpr int kMostWorkers = 256;
 
 /// An option with named values, stored by name and checked against the names in their own order.
@@ -76,6 +78,9 @@ void AddQualityOptions(CLI::App& command, ConvertOptions& options)
     command.add_option("--job-options", options.jobOptions, "Name of the job options, without extension")
         ->type_name("NAME");
     command.add_flag("--pdf-layers", options.pdfLayers, "Make the drawing's layers layers of the PDF");
+    AddChoice(
+        command, "--attachments", options.attachments, kAttachmentChoices, {"all", "refuse-outside"},
+        "Embed every attached file, or fail for a drawing that attaches one from outside its folder (default: all)");
     command.add_flag("--keep-ps", options.keepPs, "Keep the PostScript files beside the PDF");
     command.add_flag("--open", options.open, "Show the PDF afterwards");
     command.add_flag("--as-set", options.asSet, "Take what no option says from the stored settings");
@@ -95,7 +100,8 @@ void AddConvert(CLI::App& program, ConvertJob& job)
     AddLimits(command, job.seconds, job.mebibytes);
     command.add_flag(
         "--strict", job.strict,
-        "Count as a failure what a damaged drawing lost, what can't be drawn, and characters that no font has");
+        "Count as a failure what a damaged drawing lost, what can't be drawn, characters that no font has, and "
+        "files that can't be attached");
     command.add_flag("--no-clobber", job.noClobber, "Leave out drawings whose PDF exists");
     command
         .add_option_function<std::string>(

@@ -10,6 +10,8 @@
 namespace sm::app {
 
 enum class LayoutChoice { Auto, All, Active, Model };
+/// Which of a drawing's attached files are embedded: all, or those in its folder and none without them.
+enum class AttachmentChoice { All, RefuseOutside };
 
 /// What the options of one run lay over the stored settings. Nothing in an optional: the stored setting holds.
 struct ConvertOptions {
@@ -22,6 +24,7 @@ struct ConvertOptions {
     bool open = false;
     bool asSet = false;
     bool pdfLayers = false;
+    std::optional<AttachmentChoice> attachments;
     friend bool operator==(const ConvertOptions&, const ConvertOptions&) = default;
 };
 

@@ -35,6 +35,14 @@ Json DamageToJson(const std::vector<Damage>& damage)
     return array;
 }
 
+Json AttachmentsToJson(const std::vector<AttachedFile>& attachments)
+{
+    Json array = Json::array();
+    for (const AttachedFile& file : attachments)
+        array.push_back({{"name", file.name}, {"path", file.path}, {"bytes", file.bytes}});
+    return array;
+}
+
 Json ToObject(const DrawingReport& report)
 {
     const RunTimes& times = report.times;
@@ -52,6 +60,8 @@ Json ToObject(const DrawingReport& report)
             {"substitutions", report.substitutions},
             {"remarks", report.remarks},
             {"notes", report.notes},
+            {"attachments", AttachmentsToJson(report.attachments)},
+            {"attachmentsLost", report.attachmentsLost},
             {"notToScale", report.notToScale},
             {"milliseconds",
              {{"open", times.open},
@@ -72,6 +82,9 @@ void ReadLists(const Json& object, DrawingReport& report)
     report.substitutions = object.at("substitutions").get<std::vector<std::string>>();
     report.remarks = object.at("remarks").get<std::vector<std::string>>();
     report.notes = object.at("notes").get<std::vector<std::string>>();
+    for (const Json& file : object.at("attachments"))
+        report.attachments.push_back({file.at("name"), file.at("path"), file.at("bytes")});
+    report.attachmentsLost = object.at("attachmentsLost").get<std::vector<std::string>>();
 }
 
 } // namespace

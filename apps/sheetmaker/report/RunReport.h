@@ -42,6 +42,13 @@ struct RunTimes {
     friend bool operator==(const RunTimes&, const RunTimes&) = default;
 };
 
+/// A file that the PDF holds.
+struct AttachedFile {
+    std::string name, path;
+    std::uint64_t bytes = 0;
+    friend bool operator==(const AttachedFile&, const AttachedFile&) = default;
+};
+
 struct DrawingReport {
     std::string drawing; ///< as given
     std::string pdfPath; ///< empty when no PDF was made
@@ -56,7 +63,9 @@ struct DrawingReport {
     std::vector<std::string> substitutions; ///< fonts that stood in for others
     std::vector<std::string> remarks;       ///< what was drawn otherwise than the drawing has it
     std::vector<std::string> notes;         ///< what is not done or was carried past, in plain words
-    bool notToScale = false;                ///< a sheet was plotted to fit on a smaller paper; --strict fails it
+    std::vector<AttachedFile> attachments;
+    std::vector<std::string> attachmentsLost; ///< paths of files that the PDF lacks; --strict fails it
+    bool notToScale = false;                  ///< a sheet was plotted to fit on a smaller paper; --strict fails it
     RunTimes times;
     friend bool operator==(const DrawingReport&, const DrawingReport&) = default;
 

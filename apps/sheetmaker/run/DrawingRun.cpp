@@ -69,6 +69,7 @@ bool DrawingRun::Open()
         Fail(m_report, kExitUsage, "the drawing " + selection.error);
         return false;
     }
+    m_session.RefuseAttachments(selection);
     if (selection.whatToPlot)
         m_session.Around().LaySetting(SettingNamed("WhatToPlot"), std::to_string(*selection.whatToPlot));
     m_report.times.open = MillisecondsSince(start);

@@ -5,6 +5,9 @@
 #include "commandline/Suggest.h"
 #include "machine/DwgSetup.h"
 #include "run/LargeSheets.h"
+#include "settings/mdlDataKegIO.h"
+
+#include <algorithm>
 
 namespace sm::app {
 namespace {
@@ -16,6 +19,15 @@ cadhost::HostOptions OptionsFor(const DrawingTask& task, const Install& install,
                                                  surrounded.KeepsLayers(task.options));
     options.picker = screen ? &screen->picker : nullptr;
     return options;
+}
+
+/// False where nothing on that layout can come into the PDF.
+bool MayPlot(const LayoutSelection& selection, const std::string& layout)
+{
+    const auto& only = selection.onlyLayouts;
+    if (!only.empty())
+        return std::find(only.begin(), only.end(), layout) != only.end();
+    return !selection.activeLayout || selection.whatToPlot != kPlotCurrentTab || *selection.activeLayout == layout;
 }
 
 } // namespace
@@ -35,10 +47,23 @@ void RunSession::RefuseTarget(const std::string& path) const
         throw Refusal{kExitUsage, "the PDF would replace " + use + "; choose another name with -o"};
 }
 
+void RunSession::RefuseAttachments(const LayoutSelection& selection)
+{
+    if (!m_surrounded.Attachments().RefusesOutside())
+        return;
+    std::vector<AttachmentEntry> entries;
+    ReadAttachments(Context(), *m_document, entries);
+    for (const AttachmentEntry& entry : entries)
+        if (MayPlot(selection, entry.LayoutName) && m_surrounded.Attachments().LiesOutside(entry.FilePath))
+            throw Refusal{kExitFailed, "the attached file " + entry.FilePath +
+                                           " lies outside the drawing's folder, which --attachments refuses"};
+}
+
 void RunSession::Open(const std::string& drawing)
 {
     m_document = m_host->Open(drawing);
     m_drawing = drawing;
+    m_surrounded.Attachments().DrawingIs(drawing);
 }
 
 LayoutSelection RunSession::Select(const ConvertOptions& options)

@@ -48,6 +48,9 @@ public:
     void RenewLayers(const ConvertOptions& options) { m_host->KeepLayers(m_surrounded.KeepsLayers(options)); }
     /// Throws Refusal when a PDF at `path` would replace a file that an open drawing is or names, shown or not.
     void RefuseTarget(const std::string& path) const;
+    /// Where the run asks for that: throws Refusal for a file from outside the open drawing's folder that is attached
+    /// to a layout that `selection` may plot.
+    void RefuseAttachments(const LayoutSelection& selection);
     /// What plotting the open drawing did so far.
     [[nodiscard]] cadhost::DocumentReport HostReport() { return m_host->Report(m_document); }
 

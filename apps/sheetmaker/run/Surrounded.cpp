@@ -50,7 +50,8 @@ std::optional<terminal::Paper> WantedPaper(CallContext& context)
 
 Surrounded::Surrounded(const DrawingTask& task, const Install& install, terminal::Console& console,
                        DrawingReport& report, const ScreenParts* screen)
-    : m_report(report), m_screen(screen), m_watcher(report, console),
+    : m_report(report), m_attachments(task.options.attachments == AttachmentChoice::RefuseOutside), m_screen(screen),
+      m_watcher(report, console),
       m_stored(OpenSettings(install, [&console](const std::string& text) { console.Line("warning: " + text); })),
       m_registry(*m_stored),
       m_files(std::make_unique<InstallFiles>(system::CreateFileSystem(), base::ToText(install.places.shareFolder))),
@@ -119,10 +120,15 @@ publisher::PublisherOptions Surrounded::PublishingOptions(const DrawingTask& tas
     options.workFolder = task.workFolder;
     options.producer = "Sheetmaker PDF " + install.version;
     options.useOf = [this](const std::string& path) { return m_useOf ? m_useOf(path) : std::string(); };
+    options.refuseAttachment = [this](const std::string& path, std::uint64_t bytes) {
+        return m_attachments.ReasonAgainst(path, bytes,
+                                           ReadIntegerSetting(m_surroundings, SettingNamed("AttachmentLimit")));
+    };
     options.observer.note = [this](const std::string& line) { m_report.notes.push_back(line); };
     options.observer.saved = [this](const publisher::SaveReport& saved) {
         m_report.pages = saved.pages;
         m_report.pdfBytes = saved.pdfBytes;
+        m_attachments.Tell(saved, m_report);
         m_report.times.pages = std::chrono::duration<double, std::milli>(saved.makingPages).count();
         m_report.times.assemble = std::chrono::duration<double, std::milli>(saved.assembling).count();
     };

@@ -8,6 +8,7 @@
 #include "ports/IWindows.h"
 #include "publisher/Publisher.h"
 #include "report/SheetWatcher.h"
+#include "run/AttachmentRules.h"
 #include "run/DrawingTask.h"
 #include "run/ScreenParts.h"
 #include "settings/SettingTable.h"
@@ -31,6 +32,7 @@ public:
     [[nodiscard]] CallContext& Context() { return m_context; }
     [[nodiscard]] SheetWatcher& Watcher() { return m_watcher; }
     [[nodiscard]] const SheetWatcher& Watcher() const { return m_watcher; }
+    [[nodiscard]] AttachmentRules& Attachments() { return m_attachments; }
     /// The PDF is to have the drawing's layers: asked for by option or by the job options in force.
     [[nodiscard]] bool KeepsLayers(const ConvertOptions& options);
     /// Who tells, from now on, what a file is to the run when a PDF must not replace it; empty text: nothing.
@@ -46,6 +48,7 @@ private:
 
     DrawingReport& m_report;
     std::function<std::string(const std::string& path)> m_useOf;
+    AttachmentRules m_attachments;
     const ScreenParts* m_screen; ///< null: there is none
     SheetWatcher m_watcher;
     std::unique_ptr<IRegistry> m_stored;

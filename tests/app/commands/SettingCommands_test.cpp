@@ -70,6 +70,9 @@ const SetRow kSetRows[] = {
     {"PaperWidth", "nan", 2, "(absent)", "sheetmaker set: PaperWidth takes a number, with \".\" for the decimals\n"},
     {"Stamp3", "NOT FOR SALE", 0, "NOT FOR SALE", ""},
     {"JobOptionsFile", "print [1200 DPI]", 0, "Print [1200 dpi]", ""},
+    {"AttachmentLimit", "1200", 0, "1200", ""},
+    {"AttachmentLimit", "1.5", 2, "(absent)", "sheetmaker set: AttachmentLimit takes a whole number\n"},
+    {"AttachmentLimit", "1000001", 2, "(absent)", "sheetmaker set: AttachmentLimit takes 0 to 1000000\n"},
     {"DwgConverter", "dwg2dxf", 0, "dwg2dxf", ""},
     {"DwgConverter", "my-converter {in} {out}", 0, "my-converter {in} {out}", ""},
     {"DwgConverter", "my-converter", 2, "(absent)",
@@ -196,6 +199,7 @@ TEST_F(SettingCommands, ListShowsEverySettingWithItsDefault)
   WinUpperRightY = 0
   ViewToPlot = 
   DwgConverter = 
+  AttachmentLimit = 250
 )");
 }
 

@@ -24,6 +24,8 @@ DrawingReport Full()
     report.substitutions = {"romans.shx by a stroke font"};
     report.remarks = {"diamond ends of a plot style table drawn round (2 times), which is told"};
     report.notes = {"annotations are not added by this version"};
+    report.attachments = {{"report.pdf", "/srv/report.pdf", 5000000000}};
+    report.attachmentsLost = {"/srv/gone.pdf"};
     report.times = {1.5, 2.25, 3, 4, 11};
     return report;
 }
@@ -94,6 +96,16 @@ TEST(RunReport, IsReadableJson)
     ],
     "notes": [
       "annotations are not added by this version"
+    ],
+    "attachments": [
+      {
+        "name": "report.pdf",
+        "path": "/srv/report.pdf",
+        "bytes": 5000000000
+      }
+    ],
+    "attachmentsLost": [
+      "/srv/gone.pdf"
     ],
     "notToScale": false,
     "milliseconds": {
@@ -171,6 +183,16 @@ TEST(RunReport, WhatIsNotDrawnFailsAStrictRun)
         EXPECT_EQ(ExitCodeOf(reports, false), 0) << kind;
         EXPECT_EQ(ExitCodeOf(reports, true), expected) << kind;
     }
+}
+
+TEST(RunReport, AFileThatIsNotAttachedFailsAStrictRun)
+{
+    std::vector<DrawingReport> reports(1);
+    reports[0].attachments = {{"report.pdf", "/srv/report.pdf", 5}};
+    EXPECT_EQ(ExitCodeOf(reports, true), 0);
+    reports[0].attachmentsLost = {"/srv/gone.pdf"};
+    EXPECT_EQ(ExitCodeOf(reports, false), 0);
+    EXPECT_EQ(ExitCodeOf(reports, true), 1);
 }
 
 class Watching : public testing::Test {

@@ -1,0 +1,69 @@
+#include "run/AttachmentRules.h"
+
+#include "base/files/Paths.h"
+#include "settings/SettingTable.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+
+namespace sm::app {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::uint64_t kMebibyte = std::uint64_t{1} << 20;
+
+/// Links followed as far as there is something.
+fs::path TruePath(const std::string& path)
+{
+    std::error_code unknown;
+    const fs::path whole = fs::absolute(base::ToPath(path), unknown);
+    const fs::path found = fs::weakly_canonical(whole, unknown);
+    return unknown ? whole.lexically_normal() : found;
+}
+
+} // namespace
+
+void AttachmentRules::DrawingIs(const std::string& path)
+{
+    m_drawing = base::ToText(base::ToPath(path).filename());
+    m_folder = TruePath(path).parent_path();
+}
+
+bool AttachmentRules::LiesOutside(const std::string& path) const
+{
+    const fs::path file = TruePath(path);
+    return std::mismatch(m_folder.begin(), m_folder.end(), file.begin(), file.end()).first != m_folder.end();
+}
+
+std::string AttachmentRules::ReasonAgainst(const std::string& path, std::uint64_t bytes, std::int32_t mostMebibytes)
+{
+    const auto most = static_cast<std::uint64_t>(std::max(mostMebibytes, 0));
+    if (bytes > most * kMebibyte) {
+        const std::uint64_t needed = (bytes + kMebibyte - 1) / kMebibyte;
+        return fmt::format(
+            "it has {} bytes, more than the {} MiB that may be attached; \"sheetmaker set {} {}\" raises "
+            "that",
+            bytes, most, SettingNamed("AttachmentLimit").name, needed);
+    }
+    if (!LiesOutside(path))
+        return {};
+    if (m_refuseOutside)
+        return "it lies outside the folder of " + m_drawing;
+    m_outside.emplace(path, m_drawing);
+    return {};
+}
+
+void AttachmentRules::Tell(const publisher::SaveReport& saved, DrawingReport& report) const
+{
+    report.attachmentsLost = saved.attachmentsLost;
+    for (const publisher::EmbeddedFile& file : saved.embedded) {
+        report.attachments.push_back({file.name, file.path, file.bytes});
+        const auto outside = m_outside.find(file.path);
+        if (outside != m_outside.end())
+            report.notes.push_back(fmt::format("attached from outside the folder of {}: {} ({} bytes)", outside->second,
+                                               file.path, file.bytes));
+    }
+}
+
+} // namespace sm::app
