@@ -14,8 +14,8 @@ struct WorkerLimits {
     friend bool operator==(const WorkerLimits&, const WorkerLimits&) = default;
 };
 
-/// `seconds` and `mebibytes` as the user asked for them; 0: five minutes a drawing and 20 seconds a megabyte, and all of
-/// the machine's memory but a tenth.
+/// `seconds` and `mebibytes` as the user asked for them; 0: five minutes a drawing and 20 seconds a megabyte, and all
+/// of the machine's memory but a tenth.
 WorkerLimits LimitsFor(const std::vector<std::string>& drawings, int seconds, int mebibytes);
 
 /// Lays the limits on this process and on those that it starts. The end by the clock is up to the parent.
