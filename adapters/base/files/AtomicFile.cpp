@@ -121,11 +121,11 @@ std::string TemporaryBeside(const std::string& path)
 void RemoveLeftovers(const std::string& folder)
 {
     const auto look = [&](const FolderName& name) {
-        const std::string path = (folder.empty() ? "." : folder) + "/" + std::string(name.Text());
+        const auto path = [&] { return (folder.empty() ? "." : folder) + "/" + std::string(name.Text()); };
         if (IsAbandoned(name.Text(), kTemporaryPrefix, kTemporaryEnding))
-            ::unlink(path.c_str());
+            ::unlink(path().c_str());
         else if (IsEditLock(name.Text()))
-            RemoveAbandonedLock(path);
+            RemoveAbandonedLock(path());
     };
     VisitNames(folder, look, kMostNamesSeen);
 }
