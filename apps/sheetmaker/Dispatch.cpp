@@ -57,10 +57,8 @@ private:
     /// Defaults are never shown for what can't be read.
     [[nodiscard]] bool AreReadable(const char* command) const
     {
-        const std::string trouble = SettingsTrouble(m_install);
-        if (!trouble.empty())
-            m_err << "sheetmaker " << command << ": " << trouble << "\n";
-        return trouble.empty();
+        return CanReadSettings(
+            m_install, [&](const std::string& text) { m_err << "sheetmaker " << command << ": " << text << "\n"; });
     }
     [[nodiscard]] std::unique_ptr<IRegistry> Settings() const
     {

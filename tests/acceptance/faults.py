@@ -206,8 +206,9 @@ FAULTS = [
     ("settings damaged", file_at("config/sheetmaker-pdf/settings.sqlite"), 0,
      lines(r"warning: The settings file .*/settings\.sqlite can't be used: it is damaged\. It was kept as "
            r".*/settings-damaged-1\.sqlite and the settings start anew\.")),
-    ("settings are a folder", folder_at("config/sheetmaker-pdf/settings.sqlite"), 0,
-     lines(r"warning: The settings file .*/settings\.sqlite can't be used: unable to open database file\.")),
+    ("settings are a folder", folder_at("config/sheetmaker-pdf/settings.sqlite"), 1,
+     lines(r"sheetmaker convert: The settings file .*/settings\.sqlite can't be used: unable to open database file\. "
+           r"Mend or remove it, or name another folder by XDG_CONFIG_HOME\.")),
     ("install missing", environment("SHEETMAKER_PDF_SHARE", "/no/such/folder"), 3,
      lines("sheetmaker convert: the install's share folder can't be found; \"sheetmaker doctor\" says more")),
     ("driver missing", share("Drivers"), 1,

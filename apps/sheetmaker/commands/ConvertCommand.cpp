@@ -45,7 +45,7 @@ public:
     int Run(const WorkerWork& work)
     {
         NeedTools(m_install);
-        NeedSettings(m_install);
+        NeedSettings(m_install, m_err);
         CheckJobOptions(m_job.options, m_install);
         OutputPlan plan = PlanOutput(m_job.drawings, m_job.output);
         if (!plan.error.empty())

@@ -51,7 +51,7 @@ public:
     int Run()
     {
         NeedTools(m_install);
-        NeedSettings(m_install);
+        NeedSettings(m_install, m_err);
         const std::vector<SetPart> parts = Parts(m_job);
         const PlannedDrawing planned = PlanSet(m_job.output, parts);
         MakeFolderOf(planned.pdfPath);

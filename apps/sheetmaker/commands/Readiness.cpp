@@ -4,6 +4,7 @@
 #include "commandline/Refusal.h"
 
 #include <filesystem>
+#include <ostream>
 
 namespace sm::app {
 
@@ -15,11 +16,13 @@ void NeedTools(const Install& install)
         throw Refusal{kExitToolMissing, "Ghostscript (gs) is not installed: sudo apt-get install ghostscript"};
 }
 
-void NeedSettings(const Install& install)
+void NeedSettings(const Install& install, std::ostream& err)
 {
-    const std::string trouble = SettingsTrouble(install);
-    if (!trouble.empty())
+    std::string trouble;
+    if (!CanReadSettings(install, [&](const std::string& text) { trouble = text; }))
         throw Refusal{kExitFailed, trouble + " Mend or remove it, or name another folder by XDG_CONFIG_HOME."};
+    if (!trouble.empty())
+        err << "warning: " << trouble << "\n";
 }
 
 void MakeFolderOf(const std::string& pdfPath)

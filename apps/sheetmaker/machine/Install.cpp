@@ -30,11 +30,9 @@ Install ThisInstall()
             executable.parent_path() / "sheetmaker-pdf-windows"};
 }
 
-std::string SettingsTrouble(const Install& install)
+bool CanReadSettings(const Install& install, const std::function<void(const std::string&)>& complain)
 {
-    std::string trouble;
-    store::SettingsFile file(install.places.SettingsFile(), [&](const std::string& text) { trouble = text; });
-    return file.CanRead() ? std::string() : trouble;
+    return store::SettingsFile(install.places.SettingsFile(), complain).CanRead();
 }
 
 std::unique_ptr<IRegistry> OpenSettings(const Install& install, const std::function<void(const std::string&)>& complain)

@@ -33,8 +33,9 @@ inline constexpr const char* kLogFileName = "SmPdfAcad.log";
 /// This process's own.
 Install ThisInstall();
 
-/// Why the user's settings can't be read, as a sentence; empty when they can, and when there are none.
-std::string SettingsTrouble(const Install& install);
+/// Whether the user's settings can be read, or there are none. `complain` hears as a sentence why not, and what was
+/// done about a file that is damaged.
+bool CanReadSettings(const Install& install, const std::function<void(const std::string&)>& complain);
 
 /// The user's settings, as they are at the first question, over the facts of the install. `complain` hears each trouble
 /// with the file once.
