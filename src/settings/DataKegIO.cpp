@@ -36,7 +36,7 @@ LayoutSettings EntryOf(CallContext& context, IAcadDocument& document, IAcadLayou
 /// A bundle with its lists and one entry; the layout is handed back. Throws when the active layout can't be reached.
 std::shared_ptr<IAcadLayout> BeginLoad(CallContext& context, IAcadDocument& document, DataKeg& keg)
 {
-    const auto layout = Present(document.ActiveLayout(), "ActiveLayout");
+    auto layout = Present(document.ActiveLayout(), "ActiveLayout");
     FillLists(context, document, *layout, keg);
     keg.Layouts.push_back(EntryOf(context, document, *layout));
     keg.LayoutCount = 1;

@@ -185,7 +185,7 @@ inline RawHandle BitReader::H()
     const std::uint32_t head = Bits(8);
     RawHandle handle;
     handle.code = static_cast<std::uint8_t>(head >> 4);
-    const unsigned count = head & 15U;
+    const std::uint64_t count = head & 15U;
     if (count > kMostBytes || m_at + 8 * count > m_end) {
         Fail();
         return handle;
