@@ -140,8 +140,8 @@ double HatchLines::Collect(const Family& family)
         const Span lines = range(edge);
         const double a = LineAt(family, edge.a);
         const double b = LineAt(family, edge.b);
-        const auto count = static_cast<std::int64_t>(std::max(0.0, lines.high - lines.low + 1));
-        for (std::int64_t i = 0; i < count; ++i) {
+        const auto steps = static_cast<std::int64_t>(std::max(0.0, lines.high - lines.low + 1));
+        for (std::int64_t i = 0; i < steps; ++i) {
             const double line = (lines.low + static_cast<double>(i)) * every;
             const Vec2 p = edge.a + (edge.b - edge.a) * ((line - a) / (b - a));
             m_crossings.push_back({line, Dot(p - family.base - family.offset * line, family.along)});
