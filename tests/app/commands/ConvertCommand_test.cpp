@@ -79,7 +79,7 @@ TEST_F(ConvertCommand, EndsDrawingsThatTakeTooLongAlone)
 {
     const auto converting = Converting();
     ConvertJob job = Job({"a.dxf", "b.dxf", "c.dxf"});
-    job.seconds = 1;
+    job.seconds = 3;
     const int code = Run(job, [&](const DrawingTask& task, terminal::Console& console) {
         while (task.drawing == "a.dxf")
             pause();
@@ -89,7 +89,7 @@ TEST_F(ConvertCommand, EndsDrawingsThatTakeTooLongAlone)
     });
     EXPECT_EQ(code, 1);
     EXPECT_EQ(m_out.str(), "c.dxf -> c.dxf.pdf, 1 page\n");
-    const std::string late = "failed: the conversion took longer than 1 s and was ended; --timeout allows it more\n";
+    const std::string late = "failed: the conversion took longer than 3 s and was ended; --timeout allows it more\n";
     EXPECT_EQ(m_err.str(), "a.dxf: " + late + "b.dxf: " + late + "c.dxf: seen\n");
     EXPECT_TRUE(fs::is_empty(m_machine.In("tmp")));
 }
