@@ -9,8 +9,7 @@ namespace sm::render {
 
 namespace {
 
-constexpr std::uint32_t kCopyPixels = 0xCC0020, kAndPixels = 0x8800C6, kPaintBrush = 0xF00021, kPaintBlack = 0x42,
-                        kPaintWhite = 0xFF0062;
+constexpr std::uint32_t kCopyPixels = 0xCC0020, kAndPixels = 0x8800C6;
 
 /// The header and the pixels of a bitmap, which stand apart.
 std::string DibOf(std::string_view record, std::uint64_t at)
@@ -225,20 +224,7 @@ bool EnhancedMetafile::PlayImage(unsigned type, std::string_view record)
         m_pen.Image(DibOf(record, info), corner, size);
         return true;
     }
-    if (operation != kPaintBrush && operation != kPaintBlack && operation != kPaintWhite) {
-        return false;
-    }
-    Box2 box;
-    box.Add(m_pen.Map(corner));
-    box.Add(m_pen.Map(corner + size));
-    Path path;
-    AppendBox(path, box);
-    if (operation == kPaintBrush) {
-        m_pen.Fill(path);
-    } else {
-        m_pen.Fill(path, operation == kPaintBlack ? 0 : 0xFFFFFF);
-    }
-    return true;
+    return m_pen.Paint(operation, corner, size);
 }
 
 } // namespace sm::render

@@ -139,6 +139,32 @@ void MetafilePen::Text(const std::string& utf8, Vec2 at, double advance)
     step.text = std::move(text);
 }
 
+bool MetafilePen::Paint(std::uint32_t operation, Vec2 corner, Vec2 size)
+{
+    constexpr std::uint32_t kBrush = 0xF00021, kBlack = 0x42, kWhite = 0xFF0062;
+    if (operation != kBrush && operation != kBlack && operation != kWhite) {
+        return false;
+    }
+    const Path box = BoxOf(corner, size);
+    if (operation == kBrush) {
+        Fill(box);
+    } else {
+        Fill(box, operation == kBlack ? 0 : 0xFFFFFF);
+    }
+    return true;
+}
+
+/// On the picture's plane.
+Path MetafilePen::BoxOf(Vec2 corner, Vec2 size) const
+{
+    Box2 box;
+    box.Add(Map(corner));
+    box.Add(Map(corner + size));
+    Path path;
+    AppendBox(path, box);
+    return path;
+}
+
 void MetafilePen::Image(std::string_view dib, Vec2 corner, Vec2 size)
 {
     auto picture = ReadDib(dib);
@@ -148,12 +174,7 @@ void MetafilePen::Image(std::string_view dib, Vec2 corner, Vec2 size)
     }
     const Vec2 upper = Map(corner), lower = Map(corner + size);
     if (picture->form == Picture::Form::Mask) {
-        Path box;
-        Box2 whole;
-        whole.Add(upper);
-        whole.Add(lower);
-        AppendBox(box, whole);
-        Fill(box, 0xFFFFFF);
+        Fill(BoxOf(corner, size), 0xFFFFFF);
     }
     OleStep& step = Add();
     step.picture = std::move(picture);

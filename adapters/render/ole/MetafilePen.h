@@ -73,10 +73,14 @@ public:
     }
     /// `advance`: that the characters shall take, logical; 0: as the font has it.
     void Text(const std::string& utf8, Vec2 at, double advance);
+    /// Paints a box by a raster operation that needs no picture; false, and nothing is painted, for any other
+    /// operation.
+    bool Paint(std::uint32_t operation, Vec2 corner, Vec2 size);
     void Image(std::string_view dib, Vec2 corner, Vec2 size);
     void LeaveOut() { ++m_picture.leftOut; }
 
 private:
+    [[nodiscard]] Path BoxOf(Vec2 corner, Vec2 size) const;
     OleStep& Add();
     OlePicture& m_picture;
     std::vector<State> m_saved;

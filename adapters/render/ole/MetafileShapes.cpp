@@ -12,8 +12,7 @@ namespace sm::render {
 
 namespace {
 
-constexpr std::uint32_t kCopySource = 0xCC0020, kAndSource = 0x8800C6, kCopyPattern = 0xF00021, kBlackness = 0x42,
-                        kWhiteness = 0xFF0062;
+constexpr std::uint32_t kCopySource = 0xCC0020, kAndSource = 0x8800C6;
 
 /// The code page of a font's character set.
 std::string PageOf(unsigned characterSet)
@@ -198,10 +197,10 @@ bool WindowsMetafile::PlayBlock(unsigned function, std::string_view record)
     constexpr std::size_t kWithoutSource = 18;
     switch (function) {
     case kPatternBlock:
-        return PlayPattern(operation, PointAt(record, 8), PointAt(record, 4));
+        return m_pen.Paint(operation, PointAt(record, 8), PointAt(record, 4));
     case kDibBlock:
         if (record.size() <= kWithoutSource) {
-            return PlayPattern(operation, PointAt(record, 14), PointAt(record, 10));
+            return m_pen.Paint(operation, PointAt(record, 14), PointAt(record, 10));
         }
         return PlayImage(operation, Part(record, 16, record.size()), PointAt(record, 12), PointAt(record, 8));
     case kDibStretchBlock:
@@ -211,25 +210,6 @@ bool WindowsMetafile::PlayBlock(unsigned function, std::string_view record)
     default:
         return false;
     }
-}
-
-bool WindowsMetafile::PlayPattern(std::uint32_t operation, Vec2 corner, Vec2 size)
-{
-    const bool known = operation == kCopyPattern || operation == kBlackness || operation == kWhiteness;
-    if (!known) {
-        return false;
-    }
-    Box2 box;
-    box.Add(m_pen.Map(corner));
-    box.Add(m_pen.Map(corner + size));
-    Path path;
-    AppendBox(path, box);
-    if (operation == kCopyPattern) {
-        m_pen.Fill(path);
-    } else {
-        m_pen.Fill(path, operation == kBlackness ? 0 : 0xFFFFFF);
-    }
-    return true;
 }
 
 bool WindowsMetafile::PlayImage(std::uint32_t operation, std::string_view dib, Vec2 corner, Vec2 size)

@@ -91,7 +91,6 @@ private:
     void PlayText(std::string_view record);
     void PlayWideText(std::string_view record);
     bool PlayBlock(unsigned function, std::string_view record);
-    bool PlayPattern(std::uint32_t operation, Vec2 corner, Vec2 size);
     bool PlayImage(std::uint32_t operation, std::string_view dib, Vec2 corner, Vec2 size);
     std::string_view m_bytes;
     MetafilePen m_pen;
