@@ -14,8 +14,7 @@ bool IsFolder(const std::filesystem::path& path)
     return !path.empty() && std::filesystem::is_directory(path, unreadable);
 }
 
-std::filesystem::path ShareFolder(const Environment& environment, const std::filesystem::path& executable,
-                                  const std::filesystem::path& fallback)
+std::filesystem::path ShareFolder(const Environment& environment, const std::filesystem::path& executable)
 {
     const std::filesystem::path given = base::ToPath(environment("SHEETMAKER_PDF_SHARE").value_or(""));
     if (!given.empty())
@@ -28,17 +27,16 @@ std::filesystem::path ShareFolder(const Environment& environment, const std::fil
          folder = folder.parent_path())
         if (IsFolder(folder / "share" / kFolderName))
             return folder / "share" / kFolderName;
-    return IsFolder(fallback) ? fallback : std::filesystem::path();
+    return {};
 }
 
 } // namespace
 
-Places FindPlaces(const Environment& environment, const std::filesystem::path& executable,
-                  const std::filesystem::path& fallbackShare)
+Places FindPlaces(const Environment& environment, const std::filesystem::path& executable)
 {
     return {base::SettingsFolder(environment),
             base::UserFolder(environment, "XDG_STATE_HOME", ".local/state") / kFolderName,
-            ShareFolder(environment, executable, fallbackShare)};
+            ShareFolder(environment, executable)};
 }
 
 std::filesystem::path ExecutablePath()

@@ -4,10 +4,12 @@
 #include "commandline/ExitCodes.h"
 #include "commands/ConvertCommand.h"
 #include "commands/Doctor.h"
+#include "commands/HelpCommand.h"
 #include "commands/LayoutsCommand.h"
 #include "commands/LogCommand.h"
 #include "commands/PublishCommand.h"
 #include "commands/SettingCommands.h"
+#include "machine/Version.h"
 #include "records/AttachCommand.h"
 #include "records/SignCommand.h"
 #include "records/StampCommand.h"
@@ -45,6 +47,7 @@ public:
         return AreReadable("list") ? RunList(*Settings(), job, m_out, m_err) : kExitFailed;
     }
     int operator()(const LogJob&) const { return RunLog(m_install, m_out, m_err); }
+    int operator()(const HelpJob& job) const { return RunHelp(job, m_out, m_err); }
     int operator()(const DoctorJob&) const { return RunDoctor(m_install, m_out); }
     int operator()(const StampJob& job) const { return RunStamp(job, m_install, m_out, m_err); }
     int operator()(const AttachJob& job) const { return RunAttach(job, m_install, m_out, m_err); }
@@ -76,7 +79,7 @@ private:
 int RunProgram(const std::vector<std::string>& words, const Install& install, std::ostream& out, std::ostream& err,
                const ShowWindows& showWindows)
 {
-    const ParsedCommand parsed = ParseCommandLine(words, install.version);
+    const ParsedCommand parsed = ParseCommandLine(words, VersionLine(install.version, Commit()));
     out << parsed.output;
     err << parsed.error;
     Install forThisRun = install;

@@ -91,7 +91,7 @@ def sizes_come_back(stand):
     out, told = stand.run("convert", "plan.dxf", "--report", "json", "--strict")
     same(told, "")
     same(sorted(stand.embedded()), sorted((name, checksum(content)) for name, content in files.items()))
-    report = json.loads(out)[0]
+    report = json.loads(out)["drawings"][0]
     same(report["attachments"], [{"name": name, "path": os.path.join(stand.folder, name), "bytes": len(content)}
                                  for name, content in files.items()])
     same((report["attachmentsLost"], report["notes"]), ([], []))
@@ -121,7 +121,7 @@ def the_limit(stand):
     out, told = stand.run("convert", "plan.dxf", "--report", "json")
     assert line in told, told
     same(stand.names(), ["small.txt", "most.bin"])
-    same(json.loads(out)[0]["attachmentsLost"], [path])
+    same(json.loads(out)["drawings"][0]["attachmentsLost"], [path])
     stand.run("convert", "plan.dxf", "--strict", code=1)
     stand.run("set", "AttachmentLimit", "2")
     _, told = stand.run("convert", "plan.dxf")
@@ -140,7 +140,7 @@ def a_missing_one(stand):
     line = f"Page 1: the file {path} could not be attached: there is no such file"
     out, told = stand.run("convert", "plan.dxf", "--report", "json")
     assert f"plan.dxf: {line}\n" in told, told
-    report = json.loads(out)[0]
+    report = json.loads(out)["drawings"][0]
     same((report["attachments"], report["attachmentsLost"], report["notes"]), ([], [path], [line]))
     stand.run("convert", "plan.dxf", "--strict", code=1)
 
@@ -157,7 +157,7 @@ def outside_is_named_or_refused(stand):
         out, told = stand.run("convert", "plan.dxf", "--report", "json", "--strict")
         line = f"attached from outside the folder of plan.dxf: {attached} (6 bytes)"
         same(told, f"plan.dxf: {line}\n")
-        same(json.loads(out)[0]["notes"], [line])
+        same(json.loads(out)["drawings"][0]["notes"], [line])
         same(stand.embedded()[1][1], checksum(b"report"))
         os.remove(stand.path("work/plan.pdf"))
         _, told = stand.run("convert", "plan.dxf", "--attachments", "refuse-outside", code=1)

@@ -74,7 +74,7 @@ def convert(program, drawing, layouts, folder):
     if run.returncode not in (0, 4):
         problems.append(f"exit code {run.returncode}: {run.stderr.strip() or run.stdout.strip()}"[:300])
     else:
-        entities = json.loads(run.stdout)[0]["entities"]
+        entities = json.loads(run.stdout)["drawings"][0]["entities"]
         wanted = 1 if layouts == "model" else media.paper_layouts(drawing)
         pages = check_pages(pdf, expected_sheets(drawing, layouts), wanted, problems)
         check = subprocess.run(["qpdf", "--check", pdf], capture_output=True, text=True)

@@ -14,7 +14,7 @@ def report_of(stand, path, *options, code=0):
     pdf = path[:-4] + ".pdf"
     result = stand.run("convert", path, "-o", pdf, "--report", "json", *options)
     assert result.returncode == code, f"exit {result.returncode}: {result.stderr.strip()}"
-    return pdf, json.loads(result.stdout)[0]
+    return pdf, json.loads(result.stdout)["drawings"][0]
 
 
 def expect_remark(stand, path, words, *options, code=0):

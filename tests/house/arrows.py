@@ -103,6 +103,7 @@ PROGRAMS = {
         "records": ("commandline", "preferences", "machine", "run"),
         "commands": ("*",),
         "windows": ("*",),
+        "pages": ("commandline", "preferences"),
         "": ("*",),
     },
 }

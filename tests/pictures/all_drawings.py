@@ -105,7 +105,7 @@ def our_page(program, drawing, layout, folder):
     if run.returncode not in (0, 4):
         return None, {}, (run.stderr.strip().splitlines() or ["?"])[-1]
     subprocess.run(["pdftoppm", "-r", "200", "-png", "-singlefile", pdf, os.path.join(folder, "ours")], check=True)
-    report = json.loads(run.stdout)[0]
+    report = json.loads(run.stdout)["drawings"][0]
     return pictures.Image.open(os.path.join(folder, "ours.png")).convert("L"), report["entities"]["notDrawnByKind"], ""
 
 

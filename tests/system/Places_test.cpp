@@ -31,7 +31,7 @@ TEST(Places, FollowTheXdgVariables)
          "/home/ann/.local/state/sheetmaker-pdf"},
     };
     for (const Row& row : rows) {
-        const Places places = FindPlaces(Variables(row.variables), "/nowhere/bin/sheetmaker-pdf", "");
+        const Places places = FindPlaces(Variables(row.variables), "/nowhere/bin/sheetmaker");
         EXPECT_EQ(places.settingsFolder, row.settings) << row.name;
         EXPECT_EQ(places.stateFolder, row.state) << row.name;
         EXPECT_EQ(places.SettingsFile(), std::string(row.settings) + "/settings.sqlite") << row.name;
@@ -40,7 +40,7 @@ TEST(Places, FollowTheXdgVariables)
 
 TEST(Places, FindTheAccountsHomeWithoutHome)
 {
-    const Places places = FindPlaces(Variables({}), "/nowhere/bin/x", "");
+    const Places places = FindPlaces(Variables({}), "/nowhere/bin/x");
     EXPECT_TRUE(places.settingsFolder.is_absolute());
     EXPECT_EQ(places.settingsFolder.filename(), "sheetmaker-pdf");
 }
@@ -49,23 +49,21 @@ TEST(Places, FindTheShareFolderOfAnInstallBesideTheProgramsFolder)
 {
     const TemporaryFolder root;
     const auto share = root.MakeFolder("usr/share/sheetmaker-pdf");
-    EXPECT_EQ(FindPlaces(Variables({}), root.Path() / "usr/bin/sheetmaker-pdf", "").shareFolder, share);
+    EXPECT_EQ(FindPlaces(Variables({}), root.Path() / "usr/bin/sheetmaker").shareFolder, share);
 }
 
 TEST(Places, FindTheShareFolderOfASourceTreeAboveTheBuild)
 {
     const TemporaryFolder root;
     const auto share = root.MakeFolder("tree/share/sheetmaker-pdf");
-    const auto program = root.Path() / "tree/build/release/apps/sheetmaker/sheetmaker-pdf";
-    EXPECT_EQ(FindPlaces(Variables({}), program, "").shareFolder, share);
+    const auto program = root.Path() / "tree/build/release/apps/sheetmaker/sheetmaker";
+    EXPECT_EQ(FindPlaces(Variables({}), program).shareFolder, share);
 }
 
-TEST(Places, FallBackToTheTreeThatWasBuiltElsewhere)
+TEST(Places, FindNoShareFolderWhereThereIsNone)
 {
     const TemporaryFolder root;
-    const auto share = root.MakeFolder("elsewhere");
-    EXPECT_EQ(FindPlaces(Variables({}), root.Path() / "build/sheetmaker-pdf", share).shareFolder, share);
-    EXPECT_EQ(FindPlaces(Variables({}), root.Path() / "build/sheetmaker-pdf", root.Path() / "gone").shareFolder, "");
+    EXPECT_EQ(FindPlaces(Variables({}), root.Path() / "usr/bin/sheetmaker").shareFolder, "");
 }
 
 TEST(Places, TakeTheShareFolderThatTheUserNames)
@@ -73,9 +71,9 @@ TEST(Places, TakeTheShareFolderThatTheUserNames)
     const TemporaryFolder root;
     const auto share = root.MakeFolder("mine");
     root.MakeFolder("usr/share/sheetmaker-pdf");
-    const auto program = root.Path() / "usr/bin/sheetmaker-pdf";
-    EXPECT_EQ(FindPlaces(Variables({{"SHEETMAKER_PDF_SHARE", share}}), program, "").shareFolder, share);
-    EXPECT_EQ(FindPlaces(Variables({{"SHEETMAKER_PDF_SHARE", root.Path() / "no"}}), program, "").shareFolder, "");
+    const auto program = root.Path() / "usr/bin/sheetmaker";
+    EXPECT_EQ(FindPlaces(Variables({{"SHEETMAKER_PDF_SHARE", share}}), program).shareFolder, share);
+    EXPECT_EQ(FindPlaces(Variables({{"SHEETMAKER_PDF_SHARE", root.Path() / "no"}}), program).shareFolder, "");
 }
 
 TEST(Places, KnowTheRunningProgram)

@@ -14,7 +14,7 @@ inline constexpr const char* kProgramFooter = R"(Examples:
   sheetmaker settings plan.dxf                  all of this in a window
   sheetmaker doctor                             what is installed, what is missing
 
-"sheetmaker COMMAND --help" explains a command.
+"sheetmaker help COMMAND" explains a command, "sheetmaker help SETTING" a setting.
 
 Exit codes: 0 all done; 1 some failed; 2 wrong usage; 3 a needed tool is missing;
 4 converted, but the input was damaged and content was lost (--strict makes that 1).)";
@@ -66,6 +66,10 @@ inline constexpr const char* kListFooter = R"(Examples:
 inline constexpr const char* kLogFooter = R"(Examples:
   sheetmaker log
   sheetmaker log | grep ERROR)";
+
+inline constexpr const char* kHelpFooter = R"(Examples:
+  sheetmaker help convert
+  sheetmaker help PaperWidth)";
 
 inline constexpr const char* kDoctorFooter = R"(Examples:
   sheetmaker doctor)";

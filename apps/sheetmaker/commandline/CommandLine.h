@@ -18,7 +18,7 @@ struct ParsedCommand {
     std::string dwgConverter{};
 };
 
-/// `words` are the arguments without the program's name. `version` is "1.2.3".
-ParsedCommand ParseCommandLine(const std::vector<std::string>& words, const std::string& version);
+/// `words` are the arguments without the program's name. `versionLine` is what --version prints.
+ParsedCommand ParseCommandLine(const std::vector<std::string>& words, const std::string& versionLine);
 
 } // namespace sm::app

@@ -44,6 +44,7 @@ struct ConvertJob {
 struct LayoutsJob {
     std::string drawing;
     bool json = false;
+    bool names = false; ///< these alone
     friend bool operator==(const LayoutsJob&, const LayoutsJob&) = default;
 };
 
@@ -60,6 +61,11 @@ struct SetJob {
 struct ListJob {
     std::string part; ///< only names that contain it; empty: all
     friend bool operator==(const ListJob&, const ListJob&) = default;
+};
+
+struct HelpJob {
+    std::string topic; ///< a command or a setting; empty: the program
+    friend bool operator==(const HelpJob&, const HelpJob&) = default;
 };
 
 struct LogJob {
@@ -140,7 +146,7 @@ struct PageSetupJob {
     friend bool operator==(const PageSetupJob&, const PageSetupJob&) = default;
 };
 
-using Job = std::variant<ConvertJob, LayoutsJob, GetJob, SetJob, ListJob, LogJob, DoctorJob, StampJob, AttachJob,
-                         SignJob, PublishJob, SettingsJob, PageSetupJob>;
+using Job = std::variant<ConvertJob, LayoutsJob, GetJob, SetJob, ListJob, LogJob, HelpJob, DoctorJob, StampJob,
+                         AttachJob, SignJob, PublishJob, SettingsJob, PageSetupJob>;
 
 } // namespace sm::app

@@ -66,7 +66,7 @@ public:
             return kExitInterrupted;
         }
         if (m_job.reportJson)
-            m_out << ToJson(m_reports) << "\n";
+            m_out << ToJson(m_reports, "sheetmaker " + m_install.version) << "\n";
         return ExitCodeOf(m_reports, m_job.strict);
     }
 

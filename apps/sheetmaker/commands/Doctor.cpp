@@ -131,7 +131,7 @@ Finding Windows(const Install& install)
     const std::string program = system::FindProgram(install.environment, base::ToText(install.windowsProgram));
     if (install.windowsProgram.empty() || program.empty())
         return {State::Optional, "windows", "the program with the windows is missing (settings, page-setup need it)",
-                "sudo apt-get install qt6-base-dev, then build or install sheetmaker-pdf anew"};
+                "sudo apt-get install sheetmaker-pdf-windows; in a source tree, \"./sheetmaker settings\" builds it"};
     const bool screen = HasScreen(install.environment);
     return {screen ? State::Good : State::Optional,
             "windows",

@@ -67,6 +67,14 @@ std::string LayoutTable(const std::vector<cadhost::LayoutFacts>& layouts)
     return table;
 }
 
+std::string LayoutNames(const std::vector<cadhost::LayoutFacts>& layouts)
+{
+    std::string lines;
+    for (const cadhost::LayoutFacts& layout : layouts)
+        lines += layout.name + "\n";
+    return lines;
+}
+
 std::string LayoutJson(const std::vector<cadhost::LayoutFacts>& layouts)
 {
     nlohmann::ordered_json array = nlohmann::ordered_json::array();
@@ -98,7 +106,7 @@ int RunLayouts(const LayoutsJob& job, const Install& install, std::ostream& out,
         session.Open(job.drawing);
         const std::vector<cadhost::LayoutFacts> layouts = session.LayoutFacts();
         base::MappedFile::RequireWhole();
-        out << (job.json ? LayoutJson(layouts) : LayoutTable(layouts));
+        out << (job.json ? LayoutJson(layouts) : job.names ? LayoutNames(layouts) : LayoutTable(layouts));
         return kExitDone;
     } catch (const drawing::DwgConverterMissing& error) {
         err << "sheetmaker layouts: " << error.what() << "\n";

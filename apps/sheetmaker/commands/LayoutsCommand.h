@@ -14,6 +14,8 @@ int RunLayouts(const LayoutsJob& job, const Install& install, std::ostream& out,
 
 /// A table with a heading, columns as wide as their longest entry.
 std::string LayoutTable(const std::vector<cadhost::LayoutFacts>& layouts);
+/// The names, a line each.
+std::string LayoutNames(const std::vector<cadhost::LayoutFacts>& layouts);
 /// An array of objects.
 std::string LayoutJson(const std::vector<cadhost::LayoutFacts>& layouts);
 

@@ -2,6 +2,7 @@
 
 #include "base/files/Paths.h"
 #include "base/process/ThisProcess.h"
+#include "machine/Version.h"
 #include "store/Facts.h"
 #include "store/SettingsFile.h"
 #include "store/SqliteRegistry.h"
@@ -19,15 +20,25 @@ std::string Install::LoginName() const
     return base::AccountName();
 }
 
+namespace {
+
+/// Installed, it lies where nobody looks for commands; in a build folder beside the program.
+std::filesystem::path WindowsProgram(const std::filesystem::path& executable)
+{
+    constexpr const char* kName = "sheetmaker-windows";
+    std::error_code unreadable;
+    const std::filesystem::path installed =
+        (executable.parent_path() / ".." / "libexec" / "sheetmaker-pdf" / kName).lexically_normal();
+    return std::filesystem::exists(installed, unreadable) ? installed : executable.parent_path() / kName;
+}
+
+} // namespace
+
 Install ThisInstall()
 {
     const system::Environment environment = system::ProcessEnvironment();
     const std::filesystem::path executable = system::ExecutablePath();
-    return {environment,
-            system::FindPlaces(environment, executable, SM_SOURCE_SHARE),
-            SM_VERSION,
-            {},
-            executable.parent_path() / "sheetmaker-pdf-windows"};
+    return {environment, system::FindPlaces(environment, executable), Version(), {}, WindowsProgram(executable)};
 }
 
 bool CanReadSettings(const Install& install, const std::function<void(const std::string&)>& complain)

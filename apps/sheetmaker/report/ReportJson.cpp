@@ -1,5 +1,7 @@
 #include "report/RunReport.h"
 
+#include "report/FileUri.h"
+
 #include <nlohmann/json.hpp>
 
 namespace sm::app {
@@ -47,7 +49,9 @@ Json ToObject(const DrawingReport& report)
 {
     const RunTimes& times = report.times;
     return {{"drawing", report.drawing},
+            {"drawingUri", FileUri(report.drawing == kStandardStream ? "" : report.drawing)},
             {"pdf", report.pdfPath},
+            {"pdfUri", FileUri(report.pdfPath == kStandardStream ? "" : report.pdfPath)},
             {"converted", report.Converted()},
             {"failure", report.failure},
             {"exitCode", report.exitCode},
@@ -87,27 +91,46 @@ void ReadLists(const Json& object, DrawingReport& report)
     report.attachmentsLost = object.at("attachmentsLost").get<std::vector<std::string>>();
 }
 
+/// A path from both its forms: the text as it was given, unless bytes of it are gone.
+std::string Name(const std::string& text, const std::string& uri)
+{
+    return text.find("\xef\xbf\xbd") == std::string::npos ? text : PathOfUri(uri);
+}
+
+/// Bytes that aren't UTF-8 become U+FFFD.
+std::string Text(const Json& json, int indent)
+{
+    return json.dump(indent, ' ', false, Json::error_handler_t::replace);
+}
+
 } // namespace
 
 std::string ToJson(const DrawingReport& report, int indent)
 {
-    return ToObject(report).dump(indent, ' ', false, Json::error_handler_t::replace);
+    return Text(ToObject(report), indent);
 }
 
-std::string ToJson(const std::vector<DrawingReport>& reports)
+std::string ToJson(const std::vector<DrawingReport>& reports, const std::string& program)
 {
-    Json array = Json::array();
+    Json whole = {{"schema", kReportSchema}, {"program", program}, {"drawings", Json::array()}};
     for (const DrawingReport& report : reports)
-        array.push_back(ToObject(report));
-    return array.dump(2, ' ', false, Json::error_handler_t::replace);
+        whole["drawings"].push_back(ToObject(report));
+    return Text(whole, 2);
+}
+
+std::string ToJsonLine(const DrawingReport& report)
+{
+    Json line = {{"schema", kReportSchema}};
+    line.update(ToObject(report));
+    return Text(line, -1);
 }
 
 DrawingReport ReportFromJson(const std::string& json)
 {
     const Json object = Json::parse(json);
     DrawingReport report;
-    report.drawing = object.at("drawing");
-    report.pdfPath = object.at("pdf");
+    report.drawing = Name(object.at("drawing"), object.at("drawingUri"));
+    report.pdfPath = Name(object.at("pdf"), object.at("pdfUri"));
     report.failure = object.at("failure");
     report.exitCode = object.at("exitCode");
     report.saveStatus = object.at("saveStatus");

@@ -73,11 +73,18 @@ struct DrawingReport {
     [[nodiscard]] bool ContentLost() const;
 };
 
-/// One JSON object; `indent` -1 puts it on one line. Text that isn't UTF-8 is mended.
+/// Number of the form of the reports; share/sheetmaker-pdf/report.schema.json describes it.
+inline constexpr int kReportSchema = 1;
+/// Stands for standard input as a drawing, and for standard output as a PDF.
+inline constexpr const char* kStandardStream = "-";
+
+/// One JSON object; `indent` -1 puts it on one line. Text that isn't UTF-8 is mended, but for the fields with URIs.
 std::string ToJson(const DrawingReport& report, int indent);
-/// An array of such objects.
-std::string ToJson(const std::vector<DrawingReport>& reports);
-/// The inverse of the first; throws std::exception for anything else.
+/// The report of a whole run. `program` is its name with the version.
+std::string ToJson(const std::vector<DrawingReport>& reports, const std::string& program);
+/// A drawing's line of a report that is written while the run goes on.
+std::string ToJsonLine(const DrawingReport& report);
+/// The inverse of the first; throws std::exception for anything else. A path that isn't UTF-8 comes back absolute.
 DrawingReport ReportFromJson(const std::string& json);
 
 /// "plan.dxf -> plan.pdf, 3 pages", or empty for a drawing that wasn't converted.

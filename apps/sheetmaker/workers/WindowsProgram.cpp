@@ -58,7 +58,7 @@ int BecomeWindowsProgram(const std::vector<std::string>& words, const Install& i
     const std::string program = base::ToText(install.windowsProgram);
     const std::string reason = base::BecomeProgram(program, words);
     err << "sheetmaker " << words.front() << ": the program with the windows can't be started (" << program << ": "
-        << reason << "); \"sheetmaker doctor\" says more\n";
+        << reason << "); the package sheetmaker-pdf-windows brings it, and \"sheetmaker doctor\" says more\n";
     return kExitToolMissing;
 }
 

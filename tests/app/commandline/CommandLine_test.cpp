@@ -63,6 +63,7 @@ const JobRow kJobs[] = {
     {"DashedName", {"convert", "--", "-a.dxf"}, ConvertJob{{"-a.dxf"}, {}, {}, 0, false, false}},
     {"Layouts", {"layouts", "a.dxf"}, LayoutsJob{"a.dxf", false}},
     {"LayoutsJson", {"layouts", "a.dxf", "--json"}, LayoutsJob{"a.dxf", true}},
+    {"LayoutNames", {"layouts", "a.dxf", "--names"}, LayoutsJob{"a.dxf", false, true}},
     {"Get", {"get", "DeletePs"}, GetJob{"DeletePs"}},
     {"Set", {"set", "DeletePs", "0"}, SetJob{"DeletePs", "0"}},
     {"SetEmpty", {"set", "DeletePs", ""}, SetJob{"DeletePs", ""}},
@@ -70,6 +71,8 @@ const JobRow kJobs[] = {
     {"ListPart", {"list", "Stamp"}, ListJob{"Stamp"}},
     {"Log", {"log"}, LogJob{}},
     {"Doctor", {"doctor"}, DoctorJob{}},
+    {"Help", {"help"}, HelpJob{}},
+    {"HelpOn", {"help", "convert"}, HelpJob{"convert"}},
     {"Settings", {"settings"}, SettingsJob{}},
     {"SettingsOfADrawing", {"settings", "a.dxf"}, SettingsJob{"a.dxf", {}}},
     {"SettingsOfALayout", {"settings", "a.dxf", "--layout", "Ground floor"}, SettingsJob{"a.dxf", "Ground floor"}},
@@ -138,7 +141,7 @@ TEST(CommandLine, SaysWhatIsWrong)
 
 TEST(CommandLine, TellsItsVersion)
 {
-    const ParsedCommand parsed = ParseCommandLine({"--version"}, "1.2.3");
+    const ParsedCommand parsed = ParseCommandLine({"--version"}, "sheetmaker 1.2.3");
     EXPECT_EQ(parsed.exitCode, 0);
     EXPECT_EQ(parsed.output, "sheetmaker 1.2.3\n");
 }
@@ -154,7 +157,7 @@ TEST(CommandLine, ShowsItsHelpWhenItIsEmpty)
 TEST(CommandLine, ExplainsEveryCommandWithExamples)
 {
     for (const char* command :
-         {"convert", "layouts", "settings", "page-setup", "get", "set", "list", "log", "doctor"}) {
+         {"convert", "layouts", "settings", "page-setup", "get", "set", "list", "log", "help", "doctor"}) {
         const ParsedCommand parsed = ParseCommandLine({command, "--help"}, "1.2.3");
         EXPECT_EQ(parsed.exitCode, 0) << command;
         EXPECT_NE(parsed.output.find("Examples:\n  sheetmaker " + std::string(command)), std::string::npos) << command;

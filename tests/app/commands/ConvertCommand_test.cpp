@@ -132,7 +132,10 @@ TEST_F(ConvertCommand, ReportsAsJson)
     ConvertJob job = Job({"a.dxf"});
     job.reportJson = true;
     EXPECT_EQ(Run(job, Converting()), 0);
-    EXPECT_EQ(m_out.str().substr(0, 28), "[\n  {\n    \"drawing\": \"a.dxf\"");
+    EXPECT_TRUE(m_out.str().starts_with(
+        "{\n  \"schema\": 1,\n  \"program\": \"sheetmaker 1.2.3\",\n  \"drawings\": [\n    {\n      "
+        "\"drawing\": \"a.dxf\""))
+        << m_out.str();
     EXPECT_EQ(m_err.str(), "");
 }
 

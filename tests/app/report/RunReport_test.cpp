@@ -1,5 +1,6 @@
 #include "report/RunReport.h"
 
+#include "report/FileUri.h"
 #include "report/SheetWatcher.h"
 
 #include <gtest/gtest.h>
@@ -40,83 +41,91 @@ TEST(RunReport, ComesBackFromJson)
 
 TEST(RunReport, IsReadableJson)
 {
-    EXPECT_EQ(ToJson(std::vector<DrawingReport>{Full()}), R"([
-  {
-    "drawing": "plan.dxf",
-    "pdf": "/out/plan.pdf",
-    "converted": true,
-    "failure": "",
-    "exitCode": 4,
-    "saveStatus": -12,
-    "pages": 3,
-    "bytes": 123456789012,
-    "sheets": [
-      {
-        "layout": "Sheet 1",
-        "status": 0,
-        "marks": 2
+    DrawingReport report = Full();
+    report.drawing = "/plans/plan.dxf";
+    EXPECT_EQ(ToJson(std::vector<DrawingReport>{report}, "sheetmaker 1.2.3"), R"({
+  "schema": 1,
+  "program": "sheetmaker 1.2.3",
+  "drawings": [
+    {
+      "drawing": "/plans/plan.dxf",
+      "drawingUri": "file:///plans/plan.dxf",
+      "pdf": "/out/plan.pdf",
+      "pdfUri": "file:///out/plan.pdf",
+      "converted": true,
+      "failure": "",
+      "exitCode": 4,
+      "saveStatus": -12,
+      "pages": 3,
+      "bytes": 123456789012,
+      "sheets": [
+        {
+          "layout": "Sheet 1",
+          "status": 0,
+          "marks": 2
+        },
+        {
+          "layout": "Sheet \"2\"",
+          "status": 1,
+          "marks": 0
+        }
+      ],
+      "entities": {
+        "read": 100,
+        "drawn": 90,
+        "hidden": 4,
+        "offPage": 3,
+        "notReached": 1,
+        "notDrawn": 2,
+        "notDrawnByKind": {
+          "IMAGE": 2,
+          "3DSOLID": 1
+        }
       },
-      {
-        "layout": "Sheet \"2\"",
-        "status": 1,
-        "marks": 0
+      "damage": [
+        {
+          "text": "a bad handle was skipped",
+          "count": 3,
+          "line": 120,
+          "contentLost": true
+        },
+        {
+          "text": "line ends were mixed",
+          "count": 1,
+          "line": 0,
+          "contentLost": false
+        }
+      ],
+      "substitutions": [
+        "romans.shx by a stroke font"
+      ],
+      "remarks": [
+        "diamond ends of a plot style table drawn round (2 times), which is told"
+      ],
+      "notes": [
+        "annotations are not added by this version"
+      ],
+      "attachments": [
+        {
+          "name": "report.pdf",
+          "path": "/srv/report.pdf",
+          "bytes": 5000000000
+        }
+      ],
+      "attachmentsLost": [
+        "/srv/gone.pdf"
+      ],
+      "notToScale": false,
+      "milliseconds": {
+        "open": 1.5,
+        "plot": 2.25,
+        "pages": 3.0,
+        "assemble": 4.0,
+        "total": 11.0
       }
-    ],
-    "entities": {
-      "read": 100,
-      "drawn": 90,
-      "hidden": 4,
-      "offPage": 3,
-      "notReached": 1,
-      "notDrawn": 2,
-      "notDrawnByKind": {
-        "IMAGE": 2,
-        "3DSOLID": 1
-      }
-    },
-    "damage": [
-      {
-        "text": "a bad handle was skipped",
-        "count": 3,
-        "line": 120,
-        "contentLost": true
-      },
-      {
-        "text": "line ends were mixed",
-        "count": 1,
-        "line": 0,
-        "contentLost": false
-      }
-    ],
-    "substitutions": [
-      "romans.shx by a stroke font"
-    ],
-    "remarks": [
-      "diamond ends of a plot style table drawn round (2 times), which is told"
-    ],
-    "notes": [
-      "annotations are not added by this version"
-    ],
-    "attachments": [
-      {
-        "name": "report.pdf",
-        "path": "/srv/report.pdf",
-        "bytes": 5000000000
-      }
-    ],
-    "attachmentsLost": [
-      "/srv/gone.pdf"
-    ],
-    "notToScale": false,
-    "milliseconds": {
-      "open": 1.5,
-      "plot": 2.25,
-      "pages": 3.0,
-      "assemble": 4.0,
-      "total": 11.0
     }
-  }
-])");
+  ]
+})");
 }
 
 TEST(RunReport, MendsTextThatIsNotUtf8)
@@ -124,7 +133,28 @@ TEST(RunReport, MendsTextThatIsNotUtf8)
     DrawingReport report;
     report.drawing = "pl\xff"
                      "n.dxf";
-    EXPECT_EQ(ReportFromJson(ToJson(report, -1)).drawing, "pl\xef\xbf\xbdn.dxf");
+    EXPECT_NE(ToJson(report, -1).find("\"drawing\":\"pl\xef\xbf\xbdn.dxf\""), std::string::npos);
+}
+
+TEST(RunReport, KeepsEveryByteOfPaths)
+{
+    DrawingReport report;
+    report.drawing = "/in/pl\xffn.dxf";
+    report.pdfPath = "/out/pl\xffn 100%.pdf";
+    EXPECT_EQ(ReportFromJson(ToJson(report, -1)), report);
+    EXPECT_EQ(FileUri(report.pdfPath), "file:///out/pl%FFn%20100%25.pdf");
+    for (const char* uri : {"", "/plan.dxf", "file:///a%4", "file:///a%zz", "http://a/b"})
+        EXPECT_EQ(PathOfUri(uri), "") << uri;
+}
+
+TEST(RunReport, NamesNoFileForStandardStreams)
+{
+    DrawingReport report;
+    report.drawing = report.pdfPath = "-";
+    EXPECT_TRUE(ToJsonLine(report).starts_with(
+        R"({"schema":1,"drawing":"-","drawingUri":"","pdf":"-","pdfUri":"","converted":true)"))
+        << ToJsonLine(report);
+    EXPECT_EQ(ToJsonLine(report).find('\n'), std::string::npos);
 }
 
 TEST(RunReport, BecomesLines)

@@ -49,7 +49,7 @@ protected:
         unsetenv("WAYLAND_DISPLAY");
         dup2(open(m_machine.In("out.txt").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDOUT_FILENO);
         dup2(open(m_machine.In("err.txt").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), STDERR_FILENO);
-        std::vector<char*> arguments{const_cast<char*>("sheetmaker-pdf")};
+        std::vector<char*> arguments{const_cast<char*>("sheetmaker")};
         for (const std::string& word : words)
             arguments.push_back(const_cast<char*>(word.c_str()));
         arguments.push_back(nullptr);

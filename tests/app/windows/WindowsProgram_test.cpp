@@ -71,21 +71,23 @@ TEST(WindowsProgram, AProgramThatIsMissingIsNamed)
     Machine machine;
     machine.variables["DISPLAY"] = ":0";
     Install install = machine.Here();
-    install.windowsProgram = machine.In("bin/sheetmaker-pdf-windows");
+    install.windowsProgram = machine.In("bin/sheetmaker-windows");
     std::ostringstream out, err;
     EXPECT_EQ(RunProgram({"settings"}, install, out, err), 3);
     EXPECT_EQ(err.str(), "sheetmaker settings: the program with the windows can't be started (" +
-                             machine.In("bin/sheetmaker-pdf-windows") +
-                             ": No such file or directory); \"sheetmaker doctor\" says more\n");
+                             machine.In("bin/sheetmaker-windows") +
+                             ": No such file or directory); the package sheetmaker-pdf-windows brings it, and "
+                             "\"sheetmaker doctor\" says "
+                             "more\n");
 }
 
 TEST(WindowsProgram, GetsTheSameWordsInTheSameProcess)
 {
     Machine machine;
     machine.variables["DISPLAY"] = ":0";
-    machine.MakeProgram("sheetmaker-pdf-windows", "echo \"$$ $# $1|$2|$3\" >'" + machine.In("words") + "'; exit 4");
+    machine.MakeProgram("sheetmaker-windows", "echo \"$$ $# $1|$2|$3\" >'" + machine.In("words") + "'; exit 4");
     Install install = machine.Here();
-    install.windowsProgram = machine.In("bin/sheetmaker-pdf-windows");
+    install.windowsProgram = machine.In("bin/sheetmaker-windows");
     const pid_t child = fork();
     if (child == 0) {
         std::ostringstream out, err;
@@ -122,12 +124,12 @@ TEST(WindowsProgram, DoctorTellsOfTheProgramAndTheScreen)
         return std::string();
     };
     EXPECT_EQ(found(), "the program with the windows is missing (settings, page-setup need it) (not good)");
-    machine.MakeProgram("sheetmaker-pdf-windows", "true");
-    install.windowsProgram = machine.In("bin/sheetmaker-pdf-windows");
+    machine.MakeProgram("sheetmaker-windows", "true");
+    install.windowsProgram = machine.In("bin/sheetmaker-windows");
     EXPECT_EQ(found(), "there is no screen (settings, page-setup need one) (not good)");
     machine.variables["DISPLAY"] = ":0";
     install.environment = machine.Here().environment;
-    EXPECT_EQ(found(), machine.In("bin/sheetmaker-pdf-windows") + " (good)");
+    EXPECT_EQ(found(), machine.In("bin/sheetmaker-windows") + " (good)");
 }
 
 } // namespace

@@ -18,9 +18,8 @@ struct Places {
 /// The XDG folders (a relative path in their variables is ignored, as the XDG base directory rules say; without HOME
 /// the account's home folder serves), and the share folder: "SHEETMAKER_PDF_SHARE" when set, else
 /// "../share/sheetmaker-pdf" of the executable's folder, else "share/sheetmaker-pdf" of the nearest folder above it
-/// (a source tree), else `fallbackShare`. Makes nothing.
-Places FindPlaces(const Environment& environment, const std::filesystem::path& executable,
-                  const std::filesystem::path& fallbackShare);
+/// (a source tree). Makes nothing.
+Places FindPlaces(const Environment& environment, const std::filesystem::path& executable);
 
 /// The running program's own file; empty when it can't be told.
 std::filesystem::path ExecutablePath();

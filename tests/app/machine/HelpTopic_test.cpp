@@ -1,4 +1,4 @@
-#include "commandline/HelpTopic.h"
+#include "machine/HelpTopic.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>

@@ -1,0 +1,114 @@
+#include "commandline/CommandTable.h"
+
+#include "commandline/CommandHelp.h"
+#include "commandline/ConvertCommandLine.h"
+#include "drawing/DwgConverter.h"
+
+#include <map>
+
+namespace sm::app {
+
+CommandTable::CommandTable(const std::string& versionLine) : m_program(kProgramSummary, "sheetmaker")
+{
+    m_program.footer(kProgramFooter);
+    m_program.set_version_flag("--version", versionLine);
+    m_program.require_subcommand(1);
+    m_program.get_formatter()->column_width(34);
+    AddCommands();
+}
+
+std::vector<std::string> CommandTable::CommandNames() const
+{
+    std::vector<std::string> names;
+    for (const CLI::App* command : m_program.get_subcommands({}))
+        names.push_back(command->get_name());
+    return names;
+}
+
+void CommandTable::AddHelp()
+{
+    CLI::App& help = *m_program.add_subcommand("help", "Explain a command or a setting");
+    help.footer(kHelpFooter);
+    help.add_option("TOPIC", m_jobs.help.topic, "A command, or a setting")->type_name("");
+}
+
+void CommandTable::AddSettings()
+{
+    CLI::App& get = *m_program.add_subcommand("get", "Print a setting");
+    get.footer(kGetFooter);
+    get.add_option("NAME", m_jobs.get.name, "The setting's name")->required()->type_name("");
+    CLI::App& set = *m_program.add_subcommand("set", "Change a setting");
+    set.footer(kSetFooter);
+    set.add_option("NAME", m_jobs.set.name, "The setting's name")->required()->type_name("");
+    set.add_option("VALUE", m_jobs.set.value, "Its new value; \"\" goes back to the default")
+        ->required()
+        ->type_name("");
+    CLI::App& list = *m_program.add_subcommand("list", "Print all settings");
+    list.footer(kListFooter);
+    list.add_option("PART", m_jobs.list.part, "Only names that contain this")->type_name("");
+}
+
+void CommandTable::AddWindows()
+{
+    CLI::App& settings = *m_program.add_subcommand("settings", "Show the settings dialog of a drawing");
+    settings.footer(kSettingsFooter);
+    settings
+        .add_option("DRAWING", m_jobs.settings.drawing, "The drawing (DXF or DWG); without one, a dialog asks for it")
+        ->type_name("");
+    settings.add_option("--layout", m_jobs.settings.layout, "Take this layout as the current one")->type_name("NAME");
+    CLI::App& pageSetup = *m_program.add_subcommand("page-setup", "Show the page setup dialog");
+    pageSetup.footer(kPageSetupFooter);
+    pageSetup
+        .add_option("DRAWING", m_jobs.pageSetup.drawing,
+                    "The drawing whose PDF page setup is edited; without one, the global page setup is")
+        ->type_name("");
+}
+
+/// The same for every command that opens drawings.
+void CommandTable::AddDwgConverter()
+{
+    for (const char* name :
+         {"convert", "publish", "layouts", "settings", "page-setup", "stamp", "attach", "sign", "doctor"})
+        m_program.get_subcommand(name)
+            ->add_option("--dwg-converter", m_jobs.dwgConverter,
+                         "What turns a DWG into DXF: a command with {in} and {out}, or node, dwg2dxf, oda "
+                         "(default: the setting DwgConverter, else node, else dwg2dxf)")
+            ->type_name("COMMAND")
+            ->check([](const std::string& command) {
+                const std::string error = drawing::DwgConverterError(command);
+                return error.empty() ? error : "\"" + command + "\" " + error;
+            });
+}
+
+void CommandTable::AddCommands()
+{
+    AddConvert(m_program, m_jobs.convert);
+    CLI::App& layouts = *m_program.add_subcommand("layouts", "Show the layouts of a drawing");
+    layouts.footer(kLayoutsFooter);
+    layouts.add_option("DRAWING", m_jobs.layouts.drawing, "The drawing (DXF or DWG)")->required()->type_name("");
+    layouts.add_flag("--json", m_jobs.layouts.json, "As JSON");
+    layouts.add_flag("--names", m_jobs.layouts.names, "The names alone, a line each")->excludes("--json");
+    AddWindows();
+    AddMarkCommands(m_program, m_jobs.marks);
+    AddSettings();
+    m_program.add_subcommand("log", "Print the log of the last conversion")->footer(kLogFooter);
+    m_program.add_subcommand("doctor", "Say what is installed, what is missing and how to mend it")
+        ->footer(kDoctorFooter);
+    AddHelp();
+    AddDwgConverter();
+}
+
+Job CommandTable::ChosenJob() const
+{
+    const std::string name = m_program.get_subcommands().front()->get_name();
+    const std::map<std::string, Job> byName = {{"convert", m_jobs.convert},   {"layouts", m_jobs.layouts},
+                                               {"get", m_jobs.get},           {"set", m_jobs.set},
+                                               {"list", m_jobs.list},         {"log", LogJob{}},
+                                               {"help", m_jobs.help},         {"doctor", DoctorJob{}},
+                                               {"stamp", m_jobs.marks.stamp}, {"attach", m_jobs.marks.attach},
+                                               {"sign", m_jobs.marks.sign},   {"publish", m_jobs.marks.publish},
+                                               {"settings", m_jobs.settings}, {"page-setup", m_jobs.pageSetup}};
+    return byName.at(name);
+}
+
+} // namespace sm::app

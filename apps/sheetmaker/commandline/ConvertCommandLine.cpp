@@ -1,0 +1,109 @@
+#include "commandline/ConvertCommandLine.h"
+
+#include "commandline/CommandHelp.h"
+#include "commandline/CountOption.h"
+#include "commandline/NamedNumbers.h"
+
+#include <CLI/CLI.hpp>
+#include <map>
+#include <span>
+
+namespace sm::app {
+namespace {
+
+const std::map<std::string, LayoutChoice> kLayoutChoices = {{"auto", LayoutChoice::Auto},
+                                                            {"all", LayoutChoice::All},
+                                                            {"active", LayoutChoice::Active},
+                                                            {"model", LayoutChoice::Model}};
+const std::map<std::string, AttachmentChoice> kAttachmentChoices = {
+    {"all", AttachmentChoice::All}, {"refuse-outside", AttachmentChoice::RefuseOutside}};
+constexpr int kMostWorkers = 256;
+
+/// An option with named values, stored by name and checked against the names in their own order.
+template <class Value>
+void AddChoice(CLI::App& command, const std::string& option, std::optional<Value>& target,
+               const std::map<std::string, Value>& values, const std::vector<std::string>& names,
+               const std::string& help)
+{
+    command
+        .add_option_function<std::string>(
+            option, [&target, &values](const std::string& name) { target = values.at(name); }, help)
+        ->type_name(CLI::detail::join(names, "|"))
+        ->check([&values, names](const std::string& name) {
+            return values.contains(name) ? std::string()
+                                         : "\"" + name + "\" is none of " + CLI::detail::join(names, ", ");
+        });
+}
+
+/// An option whose words are the names of numbers.
+void AddNamedNumber(CLI::App& command, const std::string& option, std::optional<std::int32_t>& target,
+                    std::span<const NamedNumber> numbers, const std::string& help)
+{
+    const std::vector<std::string> words = WordsOf(numbers);
+    command
+        .add_option_function<std::string>(
+            option, [&target, numbers](const std::string& word) { target = NumberOfWord(word, numbers); }, help)
+        ->type_name(CLI::detail::join(words, "|"))
+        ->check([numbers, words](const std::string& word) {
+            return NumberOfWord(word, numbers) ? std::string()
+                                               : "\"" + word + "\" is none of " + CLI::detail::join(words, ", ");
+        });
+}
+
+void AddLayoutOptions(CLI::App& command, ConvertOptions& options)
+{
+    AddChoice(command, "--layouts", options.layouts, kLayoutChoices, {"auto", "all", "active", "model"},
+              "Which layouts to convert (default: auto)");
+    command.add_option("--layout", options.layoutName, "Convert the layout of this name only")
+        ->type_name("NAME")
+        ->excludes("--layouts");
+    AddNamedNumber(command, "--page-setup", options.pageSetupSource, kPageSetupSources,
+                   "Plot with the layout's own page setup, the drawing's PDF page setup or the user's global one");
+}
+
+void AddQualityOptions(CLI::App& command, ConvertOptions& options)
+{
+    AddNamedNumber(command, "--line-quality", options.lineQuality, kLineQualities,
+                   std::to_string(ResolutionOf(kLinesForPrint)) + " dpi or " +
+                       std::to_string(ResolutionOf(kLinesForDraft)) + " dpi");
+    command.add_option("--job-options", options.jobOptions, "Name of the job options, without extension")
+        ->type_name("NAME");
+    command.add_flag("--pdf-layers", options.pdfLayers, "Make the drawing's layers layers of the PDF");
+    AddChoice(
+        command, "--attachments", options.attachments, kAttachmentChoices, {"all", "refuse-outside"},
+        "Embed every attached file, or fail for a drawing that attaches one from outside its folder (default: all)");
+    command.add_flag("--keep-ps", options.keepPs, "Keep the PostScript files beside the PDF");
+    command.add_flag("--open", options.open, "Show the PDF afterwards");
+    command.add_flag("--as-set", options.asSet, "Take what no option says from the stored settings");
+}
+
+} // namespace
+
+void AddConvert(CLI::App& program, ConvertJob& job)
+{
+    CLI::App& command = *program.add_subcommand("convert", "Convert drawings to PDF");
+    command.footer(kConvertFooter);
+    command.add_option("DRAWING", job.drawings, "The drawings (DXF or DWG)")->required()->type_name("");
+    command.add_option("-o,--output", job.output, "The PDF; with several drawings, the folder for the PDFs")
+        ->type_name("PATH");
+    AddLayoutOptions(command, job.options);
+    AddQualityOptions(command, job.options);
+    AddCount(command, "--jobs", job.workers, kMostWorkers, "N",
+             "How many drawings at a time (default: one a processor)");
+    AddLimits(command, job.seconds, job.mebibytes);
+    command.add_flag(
+        "--strict", job.strict,
+        "Count as a failure what a damaged drawing lost, what can't be drawn, characters that no font has, and "
+        "files that can't be attached");
+    command.add_flag("--no-clobber", job.noClobber, "Leave out drawings whose PDF exists");
+    command
+        .add_option_function<std::string>(
+            "--report", [&job](const std::string&) { job.reportJson = true; },
+            "Print a report of every drawing on stdout")
+        ->type_name("json")
+        ->check([](const std::string& form) {
+            return form == "json" ? std::string() : "\"" + form + "\" is none of json";
+        });
+}
+
+} // namespace sm::app
