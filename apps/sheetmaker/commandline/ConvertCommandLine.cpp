@@ -54,8 +54,12 @@ void AddLayoutOptions(CLI::App& command, ConvertOptions& options)
 {
     AddChoice(command, "--layouts", options.layouts, kLayoutChoices, {"auto", "all", "active", "model"},
               "Which layouts to convert (default: auto)");
-    command.add_option("--layout", options.layoutName, "Convert the layout of this name only")
+    command
+        .add_option(
+            "--layout", options.layoutNames,
+            "Convert the layouts of this name alone: also with * and ?, FIRST..LAST, or a number; may be repeated")
         ->type_name("NAME")
+        ->allow_extra_args(false)
         ->excludes("--layouts");
     AddNamedNumber(command, "--page-setup", options.pageSetupSource, kPageSetupSources,
                    "Plot with the layout's own page setup, the drawing's PDF page setup or the user's global one");

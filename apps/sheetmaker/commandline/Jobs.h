@@ -16,7 +16,7 @@ enum class AttachmentChoice { All, RefuseOutside };
 /// What the options of one run lay over the stored settings. Nothing in an optional: the stored setting holds.
 struct ConvertOptions {
     std::optional<LayoutChoice> layouts;
-    std::optional<std::string> layoutName;
+    std::vector<std::string> layoutNames; ///< names, patterns, ranges or numbers; empty: see layouts
     std::optional<std::int32_t> pageSetupSource; ///< see PageSetupSource
     std::optional<std::int32_t> lineQuality;     ///< see LineQuality
     std::optional<std::string> jobOptions;

@@ -1,35 +1,58 @@
 #include "run/LayoutSelection.h"
 
-#include "commandline/Suggest.h"
 #include "ports/PlotNumbers.h"
+#include "run/LayoutNames.h"
 
 #include <algorithm>
+#include <set>
 
 namespace sm::app {
 namespace {
 
 using cadhost::LayoutOutline;
 
-std::vector<std::string> Names(const std::vector<LayoutOutline>& layouts)
+/// The layouts that the words mean together, in tab order; `error` when one means none.
+std::vector<std::string> Meant(const std::vector<std::string>& words, const std::vector<LayoutOutline>& layouts,
+                               std::string& error)
 {
     std::vector<std::string> names;
-    for (const LayoutOutline& layout : layouts)
-        names.push_back(layout.name);
+    for (const bool model : {true, false})
+        for (const LayoutOutline& layout : layouts)
+            if (layout.isModel == model)
+                names.push_back(layout.name);
+    const auto models = static_cast<std::size_t>(
+        std::count_if(layouts.begin(), layouts.end(), [](const LayoutOutline& layout) { return layout.isModel; }));
+    std::set<std::string> wanted;
+    for (const std::string& word : words) {
+        const MeantLayouts meant = LayoutsMeantBy(word, names, models);
+        if (!meant.error.empty()) {
+            error = meant.error;
+            return {};
+        }
+        wanted.insert(meant.names.begin(), meant.names.end());
+    }
+    std::erase_if(names, [&](const std::string& name) { return !wanted.contains(name); });
     return names;
 }
 
-void SelectByName(const std::string& name, const std::vector<LayoutOutline>& layouts, LayoutSelection& selection)
+void SelectByName(const std::vector<std::string>& words, const std::vector<LayoutOutline>& layouts,
+                  LayoutSelection& selection)
 {
-    const std::vector<std::string> names = Names(layouts);
-    const std::string found = FindName(name, names);
-    if (found.empty()) {
-        const std::string suggestion = Suggestion(name, names);
-        selection.error =
-            "has no layout \"" + name + "\"" + (suggestion.empty() ? "; it has " + QuotedList(names) : suggestion);
+    const std::vector<std::string> names = Meant(words, layouts, selection.error);
+    const auto model = std::find_if(layouts.begin(), layouts.end(), [&](const LayoutOutline& layout) {
+        return layout.isModel && !names.empty() && layout.name == names.front();
+    });
+    if (names.size() > 1 && model != layouts.end())
+        selection.error = "can't give \"" + model->name + "\" beside its sheets; convert that layout by itself";
+    if (!selection.error.empty())
+        return;
+    if (names.size() == 1) {
+        selection.activeLayout = names.front();
+        selection.whatToPlot = kPlotCurrentTab;
         return;
     }
-    selection.activeLayout = found;
-    selection.whatToPlot = kPlotCurrentTab;
+    selection.onlyLayouts = names;
+    selection.whatToPlot = kPlotAllTabs;
 }
 
 /// The model tab; with the global page setup where its own has no paper or plots what a screen happened to show.
@@ -70,8 +93,8 @@ LayoutSelection SelectLayouts(const ConvertOptions& options, const std::vector<L
 {
     LayoutSelection selection;
     selection.pageSetupSource = options.pageSetupSource;
-    if (options.layoutName) {
-        SelectByName(*options.layoutName, layouts, selection);
+    if (!options.layoutNames.empty()) {
+        SelectByName(options.layoutNames, layouts, selection);
         return selection;
     }
     if (options.asSet && !options.layouts)

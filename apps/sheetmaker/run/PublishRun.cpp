@@ -141,7 +141,8 @@ private:
 bool SetRun::AddSheets(const SetPart& part, bool keepGoing, DrawingReport& told)
 {
     ConvertOptions options;
-    options.layoutName = part.layout;
+    if (part.layout)
+        options.layoutNames = {*part.layout};
     m_session.Open(part.drawing);
     m_session.RefuseTarget(*m_task.savePath);
     const LayoutSelection selection = m_session.Select(options);
