@@ -1,5 +1,7 @@
 #include "base/files/File.h"
 
+#include "base/files/AtomicFile.h"
+
 #include "files/Descriptor.h"
 
 #include <cerrno>
@@ -64,8 +66,9 @@ File File::CreateLog(const std::string& path, std::error_code& error)
 
 File File::CreateUnnamed(const std::string& folder, std::error_code& error)
 {
-    std::string name = (folder.empty() ? "." : folder) + "/.plot-XXXXXX";
-    File file(::mkostemp(name.data(), O_CLOEXEC));
+    // For a moment it has a name: one that a later run removes when this one is killed in between.
+    const std::string name = TemporaryBeside((folder.empty() ? "." : folder) + "/plot");
+    File file(::open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
     error = file.IsOpen() ? std::error_code() : LastError();
     if (file.IsOpen())
         ::unlink(name.c_str());

@@ -34,9 +34,9 @@ std::string ParentFolder(const std::string& wanted)
 /// Forked processes find that their parent did it.
 void RemoveFormerOnesOnce(const std::string& folder)
 {
-    static std::mutex mutex;
+    static std::mutex turn;
     static std::set<std::string> cleared;
-    const std::lock_guard lock(mutex);
+    const std::lock_guard lock(turn);
     if (cleared.insert(folder).second)
         RemoveAbandonedFolders(folder, kFolderPrefix);
 }

@@ -195,7 +195,7 @@ void PubDoc::SetDocInfo(const std::string& key, const std::string& value)
 void PubDoc::SetDocSummary(const std::string& title, const std::string& author, LocalDateTime creationDate,
                            LocalDateTime modificationDate)
 {
-    m_info.Set("Title", title);
+    m_info.Set("Title", m_options.title.empty() ? title : m_options.title);
     m_info.Set("Author", author);
     m_info.SetDates(creationDate, modificationDate);
 }

@@ -24,7 +24,10 @@ inline constexpr const char* kConvertFooter = R"(Examples:
   sheetmaker convert plan.dxf -o set.pdf --layouts all     every sheet into set.pdf
   sheetmaker convert plan.dxf --layout "Ground floor"      one sheet
   sheetmaker convert site.dxf --layouts model --page-setup global
+  sheetmaker convert plan.dxf --layout "A-1*" --layout 7..9 some sheets, by pattern and by number
   sheetmaker convert *.dxf -o pdf/ --jobs 4 --report json  a folder of PDFs, a report on stdout
+  sheetmaker convert --list night.txt --update --report jsonl --log-dir logs >> done.jsonl
+  sheetmaker convert - -o - < plan.dxf > plan.pdf          between other programs
   sheetmaker convert plan.dxf --attachments refuse-outside no file from outside the drawing's folder goes into the PDF
 
 A DWG is read through a converter that "sheetmaker doctor" shows; --dwg-converter takes another one, in which

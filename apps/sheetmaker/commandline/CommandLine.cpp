@@ -26,10 +26,32 @@ std::optional<ParsedCommand> RefuseCommand(const std::vector<std::string>& words
                       (suggestion.empty() ? "; \"sheetmaker --help\" lists them" : suggestion));
 }
 
+/// A word that looks like an option and is none; empty when there isn't one.
+std::string UnknownOption(const CLI::App& command)
+{
+    for (const std::string& word : command.remaining(true))
+        if (word.starts_with("--") && word.size() > 2)
+            return word.substr(0, word.find('='));
+    return {};
+}
+
+std::string UnknownOptionError(const std::string& option, const CLI::App& command)
+{
+    std::vector<std::string> names;
+    for (const CLI::Option* known : command.get_options())
+        for (const std::string& name : known->get_lnames())
+            names.push_back("--" + name);
+    return "there is no option \"" + option + "\"" + Suggestion(option, names);
+}
+
 std::string UsageError(const CLI::App& program, const CLI::Error& error)
 {
     const auto chosen = program.get_subcommands();
     const std::string name = chosen.empty() ? "" : " " + chosen.front()->get_name();
+    const std::string unknown = UnknownOption(program);
+    if (!unknown.empty() && error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError))
+        return "sheetmaker" + name + ": " + UnknownOptionError(unknown, chosen.empty() ? program : *chosen.front()) +
+               "\n\"sheetmaker" + name + " --help\" explains it";
     return "sheetmaker" + name + ": " + error.what() + "\n\"sheetmaker" + name + " --help\" explains it";
 }
 

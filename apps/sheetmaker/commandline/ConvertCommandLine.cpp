@@ -72,6 +72,8 @@ void AddQualityOptions(CLI::App& command, ConvertOptions& options)
                        std::to_string(ResolutionOf(kLinesForDraft)) + " dpi");
     command.add_option("--job-options", options.jobOptions, "Name of the job options, without extension")
         ->type_name("NAME");
+    command.add_option("--title", options.title, "Title of the document (default: the drawing's name)")
+        ->type_name("TEXT");
     command.add_flag("--pdf-layers", options.pdfLayers, "Make the drawing's layers layers of the PDF");
     AddChoice(
         command, "--attachments", options.attachments, kAttachmentChoices, {"all", "refuse-outside"},
@@ -81,14 +83,45 @@ void AddQualityOptions(CLI::App& command, ConvertOptions& options)
     command.add_flag("--as-set", options.asSet, "Take what no option says from the stored settings");
 }
 
+void AddReporting(CLI::App& command, ConvertJob& job)
+{
+    static const std::map<std::string, ReportForm> kForms = {{"json", ReportForm::Json},
+                                                             {"jsonl", ReportForm::JsonLines}};
+    command
+        .add_option_function<std::string>(
+            "--report", [&job](const std::string& form) { job.report = kForms.at(form); },
+            "Print a report on stdout: one object at the end, or a line for each drawing as it ends")
+        ->type_name("json|jsonl")
+        ->check([](const std::string& form) {
+            return kForms.contains(form) ? std::string() : "\"" + form + "\" is none of json, jsonl";
+        });
+    command.add_option("--log", job.log, "Write the log into this file rather than into the user's")->type_name("FILE");
+    command.add_option("--log-dir", job.logFolder, "Write a log for each drawing, NAME.log, into this folder")
+        ->type_name("FOLDER")
+        ->excludes("--log");
+    command.add_flag_callback(
+        "--quiet", [&job] { job.talk = Talk::Quiet; }, "Tell failures alone");
+    command
+        .add_flag_callback(
+            "--verbose", [&job] { job.talk = Talk::Verbose; }, "Tell of each sheet, the entities and the times, too")
+        ->excludes("--quiet");
+}
+
 } // namespace
 
 void AddConvert(CLI::App& program, ConvertJob& job)
 {
     CLI::App& command = *program.add_subcommand("convert", "Convert drawings to PDF");
     command.footer(kConvertFooter);
-    command.add_option("DRAWING", job.drawings, "The drawings (DXF or DWG)")->required()->type_name("");
-    command.add_option("-o,--output", job.output, "The PDF; with several drawings, the folder for the PDFs")
+    command.add_option("DRAWING", job.drawings, "The drawings (DXF or DWG); - is a DXF on standard input")
+        ->type_name("");
+    command
+        .add_option("--list", job.list,
+                    "Convert the drawings that this file names, too, a line each (-: standard input)")
+        ->type_name("FILE");
+    command
+        .add_option("-o,--output", job.output,
+                    "The PDF (-: standard output); with several drawings, the folder for the PDFs")
         ->type_name("PATH");
     AddLayoutOptions(command, job.options);
     AddQualityOptions(command, job.options);
@@ -100,14 +133,8 @@ void AddConvert(CLI::App& program, ConvertJob& job)
         "Count as a failure what a damaged drawing lost, what can't be drawn, characters that no font has, and "
         "files that can't be attached");
     command.add_flag("--no-clobber", job.noClobber, "Leave out drawings whose PDF exists");
-    command
-        .add_option_function<std::string>(
-            "--report", [&job](const std::string&) { job.reportJson = true; },
-            "Print a report of every drawing on stdout")
-        ->type_name("json")
-        ->check([](const std::string& form) {
-            return form == "json" ? std::string() : "\"" + form + "\" is none of json";
-        });
+    command.add_flag("--update", job.update, "Leave out drawings whose PDF is whole and newer");
+    AddReporting(command, job);
 }
 
 } // namespace sm::app

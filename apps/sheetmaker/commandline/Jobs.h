@@ -16,7 +16,7 @@ enum class AttachmentChoice { All, RefuseOutside };
 /// What the options of one run lay over the stored settings. Nothing in an optional: the stored setting holds.
 struct ConvertOptions {
     std::optional<LayoutChoice> layouts;
-    std::vector<std::string> layoutNames; ///< names, patterns, ranges or numbers; empty: see layouts
+    std::vector<std::string> layoutNames;        ///< names, patterns, ranges or numbers; empty: see layouts
     std::optional<std::int32_t> pageSetupSource; ///< see PageSetupSource
     std::optional<std::int32_t> lineQuality;     ///< see LineQuality
     std::optional<std::string> jobOptions;
@@ -24,20 +24,30 @@ struct ConvertOptions {
     bool open = false;
     bool asSet = false;
     bool pdfLayers = false;
-    std::optional<AttachmentChoice> attachments;
+    std::optional<AttachmentChoice> attachments{};
+    std::optional<std::string> title{}; ///< of the document; nothing: the drawing's name
     friend bool operator==(const ConvertOptions&, const ConvertOptions&) = default;
 };
 
+/// The report on standard output: none, one object at the end, or a line for each drawing as it ends.
+enum class ReportForm { None, Json, JsonLines };
+/// How much is told on the terminal: failures alone, or also each sheet and the times.
+enum class Talk { Quiet, Normal, Verbose };
+
 struct ConvertJob {
-    std::vector<std::string> drawings;
+    std::vector<std::string> drawings; ///< "-": standard input
     std::optional<std::string> output; ///< a file for one drawing, a folder for several
     ConvertOptions options;
     int workers = 0; ///< 0: as many as the machine has processors
     bool strict = false;
-    bool reportJson = false;
-    bool noClobber = false; ///< what has its PDF already is left out
-    int seconds = 0;        ///< that a drawing may take; 0: by its size
-    int mebibytes = 0;      ///< of memory, likewise
+    ReportForm report = ReportForm::None;
+    bool noClobber = false;                        ///< what has its PDF already is left out
+    int seconds = 0;                               ///< that a drawing may take; 0: by its size
+    int mebibytes = 0;                             ///< of memory, likewise
+    std::optional<std::string> list{};             ///< a file that names drawings, "-": standard input
+    bool update = false;                           ///< what has a newer, whole PDF is left out
+    std::optional<std::string> log{}, logFolder{}; ///< in place of the user's log; a folder for one of each drawing
+    Talk talk = Talk::Normal;
     friend bool operator==(const ConvertJob&, const ConvertJob&) = default;
 };
 

@@ -1,5 +1,7 @@
 #include "commands/ConvertCommand.h"
 
+#include "base/files/File.h"
+#include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
 #include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
@@ -8,13 +10,17 @@
 #include "commands/Readiness.h"
 #include "machine/LogFiles.h"
 #include "render/TextLayout.h"
+#include "report/ReportWriter.h"
+#include "settings/mdlUtilities.h"
+#include "workers/DrawingNames.h"
 #include "workers/OutputPlan.h"
+#include "workers/StandardStreams.h"
+#include "workers/UpToDate.h"
 #include "workers/WorkerPool.h"
 
 #include <filesystem>
 #include <fmt/format.h>
 #include <ostream>
-#include <sstream>
 #include <thread>
 
 namespace sm::app {
@@ -35,10 +41,34 @@ void CheckJobOptions(ConvertOptions& options, const Install& install)
     options.jobOptions = found;
 }
 
+constexpr const char* kNoLog = "no log is kept";
+
+/// Nothing of a run fails for want of a log, but it is told, and --strict fails.
+std::string LogTrouble(const LogFiles& logs)
+{
+    const std::string trouble = logs.Trouble();
+    return trouble.empty() ? trouble : kNoLog + (": " + trouble);
+}
+
+/// Why no PDF can be written there, before anything was drawn; empty when it can.
+std::string TargetTrouble(const std::string& pdfPath)
+{
+    const std::string target = base::FollowLinks(base::ToText(std::filesystem::absolute(base::ToPath(pdfPath))));
+    std::error_code closed;
+    if (std::filesystem::is_directory(base::ToPath(target), closed))
+        return pdfPath + " is a folder; choose another name with -o";
+    const std::string folder = base::ToText(base::ToPath(target).parent_path());
+    base::File::CreateUnnamed(folder, closed);
+    if (!closed)
+        return {};
+    return pdfPath + " can't be written: " + closed.message() + "; choose another name or folder with -o";
+}
+
 class Conversion {
 public:
     Conversion(const ConvertJob& job, const Install& install, std::ostream& out, std::ostream& err)
-        : m_job(job), m_install(install), m_out(out), m_err(err), m_console(err, base::IsTerminal(base::Stream::Errors))
+        : m_job(job), m_install(install), m_out(out), m_err(err),
+          m_console(err, base::IsTerminal(base::Stream::Errors) && job.talk != Talk::Quiet)
     {
     }
 
@@ -47,39 +77,64 @@ public:
         NeedTools(m_install);
         NeedSettings(m_install, m_err);
         CheckJobOptions(m_job.options, m_install);
-        OutputPlan plan = PlanOutput(m_job.drawings, m_job.output);
-        if (!plan.error.empty())
-            throw Refusal{kExitUsage, plan.error};
-        if (m_job.noClobber)
-            LeaveOutDone(plan);
-        if (m_job.output)
-            for (const PlannedDrawing& planned : plan.drawings)
-                MakeFolderOf(planned.pdfPath);
+        m_job.drawings = NamedDrawings(m_job);
+        const StandardStreams streams(m_job.drawings, m_job.output);
+        if (streams.OutIsTaken() && m_job.report != ReportForm::None)
+            throw Refusal{kExitUsage, "-o - and --report both write to standard output"};
+        const OutputPlan plan = Plan();
+        ReportWriter writer({m_job.report, m_job.talk, streams.OutIsTaken(), "sheetmaker " + m_install.version}, m_out,
+                            m_console);
         if (plan.drawings.size() > 1)
             render::TextEngine::Prepare();
-        const LogFiles logs(m_install.places.stateFolder, plan.drawings.size());
-        const bool ended = RunPool(Tasks(plan, logs), Workers(), work, Callbacks());
+        const LogFiles logs(m_install.places.stateFolder, Names(plan),
+                            {m_job.log.value_or(""), m_job.logFolder.value_or("")});
+        m_logTrouble = LogTrouble(logs);
+        if (!m_logTrouble.empty())
+            m_console.Line("warning: " + m_logTrouble);
+        const bool ended = RunPool(Tasks(plan, logs), Workers(), Refusing(work), Callbacks(writer, streams));
         m_console.ClearProgress();
         logs.Join();
         if (!ended) {
             m_err << "sheetmaker: interrupted\n";
             return kExitInterrupted;
         }
-        if (m_job.reportJson)
-            m_out << ToJson(m_reports, "sheetmaker " + m_install.version) << "\n";
-        return ExitCodeOf(m_reports, m_job.strict);
+        const bool written = streams.Send(m_out) && writer.Finish();
+        return std::max(ExitCodeOf(writer.Reports(), m_job.strict), written ? kExitDone : kExitFailed);
     }
 
 private:
+    OutputPlan Plan()
+    {
+        OutputPlan plan = PlanOutput(m_job.drawings, m_job.output);
+        if (!plan.error.empty())
+            throw Refusal{kExitUsage, plan.error};
+        if (m_job.noClobber || m_job.update)
+            LeaveOutDone(plan);
+        if (m_job.output)
+            for (const PlannedDrawing& planned : plan.drawings)
+                MakeFolderOf(planned.pdfPath);
+        return plan;
+    }
+
     void LeaveOutDone(OutputPlan& plan)
     {
         std::erase_if(plan.drawings, [this](const PlannedDrawing& planned) {
             std::error_code unknown;
-            const bool done = std::filesystem::exists(base::ToPath(planned.pdfPath), unknown);
-            if (done)
-                m_console.Line(planned.drawing + ": left out, " + planned.pdfPath + " exists");
+            const bool exists = std::filesystem::exists(base::ToPath(planned.pdfPath), unknown);
+            const bool kept = m_job.noClobber && exists;
+            const bool done = kept || (m_job.update && exists && IsUpToDate(planned.drawing, planned.pdfPath));
+            if (done && m_job.talk != Talk::Quiet)
+                m_console.Line(planned.drawing + ": left out, " + planned.pdfPath + (kept ? " exists" : " is newer"));
             return done;
         });
+    }
+
+    static std::vector<std::string> Names(const OutputPlan& plan)
+    {
+        std::vector<std::string> names;
+        for (const PlannedDrawing& planned : plan.drawings)
+            names.push_back(planned.drawing);
+        return names;
     }
 
     [[nodiscard]] std::size_t Workers() const
@@ -90,18 +145,47 @@ private:
 
     [[nodiscard]] std::vector<PooledTask> Tasks(const OutputPlan& plan, const LogFiles& logs) const
     {
+        const bool elsewhere = m_job.log || m_job.logFolder;
         std::vector<PooledTask> tasks;
         for (const PlannedDrawing& planned : plan.drawings)
-            tasks.push_back({{planned.drawing, planned.savePath, m_job.options, logs.Names()[tasks.size()], {}},
+            tasks.push_back({{planned.drawing,
+                              planned.savePath,
+                              m_job.options,
+                              logs.Names()[tasks.size()],
+                              elsewhere ? logs.Folder() : "",
+                              {}},
                              planned.pdfPath,
                              LimitsFor({planned.drawing}, m_job.seconds, m_job.mebibytes)});
         return tasks;
     }
 
-    PoolCallbacks Callbacks()
+    /// The work on a drawing, unless its PDF can't be written.
+    static WorkerWork Refusing(const WorkerWork& work)
+    {
+        return [&work](const DrawingTask& task, terminal::Console& console) {
+            const std::string beside = StripExtension(task.drawing) + ".pdf";
+            const std::string trouble = TargetTrouble(task.savePath.value_or(beside));
+            if (trouble.empty())
+                return work(task, console);
+            DrawingReport report;
+            report.drawing = task.drawing;
+            report.exitCode = kExitFailed;
+            report.failure = trouble;
+            return report;
+        };
+    }
+
+    PoolCallbacks Callbacks(ReportWriter& writer, const StandardStreams& streams)
     {
         PoolCallbacks callbacks;
-        callbacks.done = [this](const DrawingReport& report, const std::string& lines) { Tell(report, lines); };
+        callbacks.ended = [&, this](DrawingReport& report) {
+            Complete(report);
+            streams.Restore(report);
+            writer.Ended(report);
+        };
+        callbacks.done = [&writer](const DrawingReport& report, const std::string& lines) {
+            writer.Told(report, lines);
+        };
         if (m_job.drawings.size() > 1)
             callbacks.progress = [this](std::size_t ended, std::size_t count) {
                 m_console.Progress(fmt::format("{} of {} drawings", ended, count));
@@ -109,17 +193,12 @@ private:
         return callbacks;
     }
 
-    void Tell(const DrawingReport& report, const std::string& lines)
+    /// What only the whole run knows of a drawing.
+    void Complete(DrawingReport& report) const
     {
-        std::istringstream kept(lines);
-        for (std::string line; std::getline(kept, line);)
-            m_console.Line(report.drawing + ": " + line);
-        for (const std::string& line : RemarkLines(report))
-            m_console.Line(report.drawing + ": " + line);
-        m_console.ClearProgress();
-        if (!m_job.reportJson && report.Converted())
-            m_out << ResultLine(report) << std::endl;
-        m_reports.push_back(report);
+        if (!report.Converted())
+            report.failure += SimilarFile(report.drawing);
+        report.logLost = !m_logTrouble.empty();
     }
 
     ConvertJob m_job;
@@ -127,7 +206,7 @@ private:
     std::ostream& m_out;
     std::ostream& m_err;
     terminal::Console m_console;
-    std::vector<DrawingReport> m_reports;
+    std::string m_logTrouble; ///< empty: a log is kept
 };
 
 } // namespace

@@ -64,7 +64,7 @@ public:
         std::vector<std::string> drawings;
         for (const SetPart& part : parts)
             drawings.push_back(part.drawing);
-        const PooledTask task{{m_job.output, planned.savePath, {}, {}, {}},
+        const PooledTask task{{m_job.output, planned.savePath, {}, {}, {}, {}},
                               planned.pdfPath,
                               LimitsFor(drawings, m_job.seconds, m_job.mebibytes)};
         if (RunPool({task}, 1, work, callbacks))

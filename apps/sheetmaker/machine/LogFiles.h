@@ -12,10 +12,16 @@ std::string TemporaryLogName();
 /// Removes such logs of runs that were killed.
 void RemoveAbandonedLogs(const std::filesystem::path& folder);
 
+/// Where logs go. Both empty: into the user's log.
+struct LogWishes {
+    std::string file;   ///< the one log of all drawings
+    std::string folder; ///< a log of each drawing's own
+};
+
 class LogFiles {
 public:
-    /// `folder` holds the user's log and, while workers run, theirs.
-    LogFiles(std::filesystem::path folder, std::size_t workers);
+    /// `stateFolder` holds the user's log and, while workers run, theirs. `drawings` are the workers', in their order.
+    LogFiles(std::filesystem::path stateFolder, const std::vector<std::string>& drawings, const LogWishes& wishes = {});
     /// Removes what is left of the workers' logs.
     ~LogFiles();
     LogFiles(const LogFiles&) = delete;
@@ -23,11 +29,16 @@ public:
 
     /// The log's file name for each worker; empty, the user's own, when there is one alone.
     [[nodiscard]] const std::vector<std::string>& Names() const { return m_names; }
-    /// Puts the workers' logs in their order in the place of the user's log; nothing for one worker.
+    /// Their folder.
+    [[nodiscard]] std::string Folder() const;
+    /// Why no log can be kept there, as a sentence without its end; empty when it can.
+    [[nodiscard]] std::string Trouble() const;
+    /// Puts the workers' logs in their order in the place of the one log; nothing where each keeps its own.
     void Join() const;
 
 private:
     std::filesystem::path m_folder;
+    std::string m_whole; ///< name of the one log; empty: each drawing keeps its own
     std::string m_joined;
     std::vector<std::string> m_names;
 };

@@ -66,6 +66,7 @@ Json ToObject(const DrawingReport& report)
             {"notes", report.notes},
             {"attachments", AttachmentsToJson(report.attachments)},
             {"attachmentsLost", report.attachmentsLost},
+            {"logLost", report.logLost},
             {"notToScale", report.notToScale},
             {"milliseconds",
              {{"open", times.open},
@@ -134,6 +135,7 @@ DrawingReport ReportFromJson(const std::string& json)
     report.failure = object.at("failure");
     report.exitCode = object.at("exitCode");
     report.saveStatus = object.at("saveStatus");
+    report.logLost = object.at("logLost");
     report.notToScale = object.at("notToScale");
     report.pages = object.at("pages");
     report.pdfBytes = object.at("bytes");

@@ -12,8 +12,9 @@ struct DrawingTask {
     std::string drawing;
     std::optional<std::string> savePath; ///< what the save dialog is answered with
     ConvertOptions options;
-    std::string logFileName; ///< empty: the user's conversion log
-    std::string workFolder;  ///< empty, private; whoever starts the run removes it afterwards
+    std::string logFileName;  ///< empty: the user's conversion log
+    std::string logFolder{};  ///< empty: the user's
+    std::string workFolder{}; ///< empty, private; whoever starts the run removes it afterwards
 };
 
 } // namespace sm::app

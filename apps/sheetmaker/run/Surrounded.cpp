@@ -115,9 +115,10 @@ bool Surrounded::KeepsLayers(const ConvertOptions& options)
 publisher::PublisherOptions Surrounded::PublishingOptions(const DrawingTask& task, const Install& install)
 {
     publisher::PublisherOptions options;
-    options.logFolder = base::ToText(install.places.stateFolder);
+    options.logFolder = task.logFolder.empty() ? base::ToText(install.places.stateFolder) : task.logFolder;
     options.logFileName = task.logFileName;
     options.workFolder = task.workFolder;
+    options.title = task.options.title.value_or("");
     options.producer = "Sheetmaker PDF " + install.version;
     options.useOf = [this](const std::string& path) { return m_useOf ? m_useOf(path) : std::string(); };
     options.refuseAttachment = [this](const std::string& path, std::uint64_t bytes) {

@@ -151,8 +151,11 @@ DrawingReport Worker::Finish()
     m_process = -1;
     try {
         m_endedWell = WIFEXITED(status) && WEXITSTATUS(status) == kExitDone;
-        if (m_endedWell)
-            return ReportFromJson(m_report.text);
+        if (m_endedWell) {
+            DrawingReport report = ReportFromJson(m_report.text);
+            report.drawing = m_task.drawing; // every byte of it
+            return report;
+        }
     } catch (const std::exception&) { // cut short: told below
     }
     DrawingReport report;

@@ -113,6 +113,8 @@ private:
                 continue;
             }
             DrawingReport report = next->second->Finish();
+            if (m_callbacks.ended)
+                m_callbacks.ended(report);
             m_ended.emplace(next->first, Ended{std::move(report), next->second->KeptLines()});
             next = m_running.erase(next);
             if (m_callbacks.progress)

@@ -16,6 +16,8 @@ struct PooledTask {
 };
 
 struct PoolCallbacks {
+    /// A drawing has ended, whatever its place in the order; its report may be completed here. May be empty.
+    std::function<void(DrawingReport& report)> ended;
     /// A drawing is done, and so are all before it; `lines` is what it wrote to stderr.
     std::function<void(const DrawingReport& report, const std::string& lines)> done;
     /// How many have ended, whatever their place in the order; may be empty.

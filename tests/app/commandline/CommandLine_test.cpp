@@ -15,13 +15,17 @@ struct JobRow {
 
 ConvertJob Convert(ConvertOptions options)
 {
-    return {{"a.dxf"}, {}, options, 0, false, false};
+    return {{"a.dxf"}, {}, options, 0, false, ReportForm::None};
 }
 
 const JobRow kJobs[] = {
     {"Plain", {"convert", "a.dxf"}, Convert({})},
-    {"Several", {"convert", "a.dxf", "b.dxf", "-o", "out"}, ConvertJob{{"a.dxf", "b.dxf"}, "out", {}, 0, false, false}},
-    {"OutputFirst", {"convert", "-o", "x.pdf", "a.dxf"}, ConvertJob{{"a.dxf"}, "x.pdf", {}, 0, false, false}},
+    {"Several",
+     {"convert", "a.dxf", "b.dxf", "-o", "out"},
+     ConvertJob{{"a.dxf", "b.dxf"}, "out", {}, 0, false, ReportForm::None}},
+    {"OutputFirst",
+     {"convert", "-o", "x.pdf", "a.dxf"},
+     ConvertJob{{"a.dxf"}, "x.pdf", {}, 0, false, ReportForm::None}},
     {"All",
      {"convert", "a.dxf", "--layouts", "all"},
      Convert({LayoutChoice::All, {}, {}, {}, {}, false, false, false})},
@@ -58,12 +62,33 @@ const JobRow kJobs[] = {
     {"PdfLayers", {"convert", "a.dxf", "--pdf-layers"}, Convert({{}, {}, {}, {}, {}, false, false, false, true})},
     {"Run",
      {"convert", "a.dxf", "--jobs", "4", "--strict", "--report", "json"},
-     ConvertJob{{"a.dxf"}, {}, {}, 4, true, true}},
-    {"NoClobber", {"convert", "a.dxf", "--no-clobber"}, ConvertJob{{"a.dxf"}, {}, {}, 0, false, false, true}},
+     ConvertJob{{"a.dxf"}, {}, {}, 4, true, ReportForm::Json}},
+    {"NoClobber",
+     {"convert", "a.dxf", "--no-clobber"},
+     ConvertJob{{"a.dxf"}, {}, {}, 0, false, ReportForm::None, true}},
     {"Limits",
      {"convert", "a.dxf", "--timeout", "60", "--memory", "500"},
-     ConvertJob{{"a.dxf"}, {}, {}, 0, false, false, false, 60, 500}},
-    {"DashedName", {"convert", "--", "-a.dxf"}, ConvertJob{{"-a.dxf"}, {}, {}, 0, false, false}},
+     ConvertJob{{"a.dxf"}, {}, {}, 0, false, ReportForm::None, false, 60, 500}},
+    {"Night",
+     {"convert", "--list", "night.txt", "--update", "--report", "jsonl", "--log-dir", "logs", "--quiet"},
+     ConvertJob{{}, {}, {}, 0, false, ReportForm::JsonLines, false, 0, 0, "night.txt", true, {}, "logs", Talk::Quiet}},
+    {"Streams",
+     {"convert", "-", "-o", "-", "--log", "run.log", "--verbose", "--title", "Plan"},
+     ConvertJob{{"-"},
+                "-",
+                {{}, {}, {}, {}, {}, false, false, false, false, {}, "Plan"},
+                0,
+                false,
+                ReportForm::None,
+                false,
+                0,
+                0,
+                {},
+                false,
+                "run.log",
+                {},
+                Talk::Verbose}},
+    {"DashedName", {"convert", "--", "-a.dxf"}, ConvertJob{{"-a.dxf"}, {}, {}, 0, false, ReportForm::None}},
     {"Layouts", {"layouts", "a.dxf"}, LayoutsJob{"a.dxf", false}},
     {"LayoutsJson", {"layouts", "a.dxf", "--json"}, LayoutsJob{"a.dxf", true}},
     {"LayoutNames", {"layouts", "a.dxf", "--names"}, LayoutsJob{"a.dxf", false, true}},
@@ -106,7 +131,6 @@ const ErrorRow kErrors[] = {
      {"settings", "a.dxf", "b.dxf"},
      "sheetmaker settings: The following argument was not expected: b.dxf\n"
      "\"sheetmaker settings --help\" explains it\n"},
-    {"NoDrawing", {"convert"}, "sheetmaker convert: DRAWING is required\n\"sheetmaker convert --help\" explains it\n"},
     {"BadLayouts",
      {"convert", "a.dxf", "--layouts", "some"},
      "sheetmaker convert: --layouts: \"some\" is none of auto, all, active, model\n"
@@ -119,11 +143,15 @@ const ErrorRow kErrors[] = {
      "sheetmaker convert: --jobs: \"0\" is no number from 1 to 256\n\"sheetmaker convert --help\" explains it\n"},
     {"BadReport",
      {"convert", "a.dxf", "--report", "xml"},
-     "sheetmaker convert: --report: \"xml\" is none of json\n\"sheetmaker convert --help\" explains it\n"},
+     "sheetmaker convert: --report: \"xml\" is none of json, jsonl\n\"sheetmaker convert --help\" explains it\n"},
     {"UnknownOption",
-     {"convert", "a.dxf", "--fast"},
-     "sheetmaker convert: The following argument was not expected: --fast\n"
+     {"convert", "a.dxf", "--frobnicate"},
+     "sheetmaker convert: there is no option \"--frobnicate\"\n"
      "\"sheetmaker convert --help\" explains it\n"},
+    {"MisspeltOption",
+     {"stamp", "a.dxf", "--colour=blue"},
+     "sheetmaker stamp: there is no option \"--colour\"; did you mean \"--color\"?\n"
+     "\"sheetmaker stamp --help\" explains it\n"},
     {"TwoDrawings",
      {"layouts", "a.dxf", "b.dxf"},
      "sheetmaker layouts: The following argument was not expected: b.dxf\n"

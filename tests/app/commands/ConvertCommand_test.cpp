@@ -130,7 +130,7 @@ TEST(WorkerLimits, GrowWithTheFiles)
 TEST_F(ConvertCommand, ReportsAsJson)
 {
     ConvertJob job = Job({"a.dxf"});
-    job.reportJson = true;
+    job.report = ReportForm::Json;
     EXPECT_EQ(Run(job, Converting()), 0);
     EXPECT_TRUE(m_out.str().starts_with(
         "{\n  \"schema\": 1,\n  \"program\": \"sheetmaker 1.2.3\",\n  \"drawings\": [\n    {\n      "

@@ -115,6 +115,7 @@ TEST(RunReport, IsReadableJson)
       "attachmentsLost": [
         "/srv/gone.pdf"
       ],
+      "logLost": false,
       "notToScale": false,
       "milliseconds": {
         "open": 1.5,

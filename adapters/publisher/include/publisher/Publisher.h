@@ -61,6 +61,8 @@ struct PublisherOptions {
     std::chrono::milliseconds deadlinePerMegabyte{4000};
     /// The PDF's Producer entry.
     std::string producer = "Sheetmaker PDF";
+    /// The documents' title in place of the one that they are given, when not empty.
+    std::string title;
     NavigationWanted navigation;
     /// What the file at a path is to the run ("the underlay \"plan.pdf\""), when saving must not replace it; empty
     /// text: nothing. May be empty.
