@@ -45,11 +45,16 @@ function(add_room target folder)
     set_target_properties(${target} PROPERTIES SM_INSIDE ${inside})
 endfunction()
 
+# The ports of the plug-in, for rooms that stand below it and see nothing else of it.
+function(add_ports)
+    add_library(ports INTERFACE)
+    target_include_directories(ports INTERFACE ${CMAKE_SOURCE_DIR}/src)
+endfunction()
+
 # The plug-in: its folders include each other by their names below src/. Rooms that stand below it see its ports alone,
 # which the check of the house watches over.
 function(add_plugin)
-    add_library(ports INTERFACE)
-    target_include_directories(ports INTERFACE ${CMAKE_SOURCE_DIR}/src)
+    add_ports()
     add_room(plugin src)
     target_include_directories(plugin PUBLIC ${CMAKE_SOURCE_DIR}/src)
     optimise_little(plugin)
