@@ -23,6 +23,11 @@ void TagSink::CloseEntity()
 {
     constexpr std::uint64_t kMost = std::numeric_limits<std::uint32_t>::max();
     m_entity.length = static_cast<std::uint32_t>(std::min(m_bytes.size() - m_entity.begin, kMost));
+    ListEntity();
+}
+
+void TagSink::ListEntity()
+{
     if (m_inBlock)
         m_found.blockEntities.push_back(m_entity);
     else if (m_entity.paperSpace)
@@ -92,6 +97,27 @@ void TagSink::EndBlock()
 void TagSink::Entity(std::string_view name)
 {
     Close();
+    OpenEntity(name);
+    m_open = Open::Entity;
+}
+
+void TagSink::LateEntity(std::string_view name, std::uint64_t begin, bool inPaper)
+{
+    Close();
+    OpenEntity(name);
+    m_entity.begin = begin;
+    m_entity.paperSpace = inPaper;
+    ListEntity();
+}
+
+std::string_view TagSink::TakeEntity()
+{
+    m_open = Open::Nothing;
+    return std::string_view(m_bytes).substr(m_entity.begin);
+}
+
+void TagSink::OpenEntity(std::string_view name)
+{
     auto known = m_kinds.find(name);
     if (known == m_kinds.end()) {
         const EntityKind kind = KindOf(name);
@@ -104,7 +130,6 @@ void TagSink::Entity(std::string_view name)
     m_entity.line = m_found.tags + 1;
     m_entity.kind = known->second.first;
     m_entity.nameIndex = known->second.second;
-    m_open = Open::Entity;
 }
 
 std::uint16_t TagSink::IndexOfUnknown(std::string_view name)

@@ -35,6 +35,16 @@ public:
     void EndBlock();
     /// An entity of the open block, of model space, or (after PaperSpace) of the active paper space.
     void Entity(std::string_view name);
+    /// An entity whose tags are made later: `begin` stands for them. Ends at once.
+    void LateEntity(std::string_view name, std::uint64_t begin, bool inPaper);
+    /// The tags of the open entity, which ends unlisted; until Forget is called.
+    std::string_view TakeEntity();
+    /// Every tag so far.
+    void Forget()
+    {
+        m_bytes.clear();
+        m_open = Open::Nothing;
+    }
     void PaperSpace() { m_entity.paperSpace = true; }
     /// VERTEX, ATTRIB or SEQEND of the open entity.
     void Member(std::string_view name) { Text(0, name); }
@@ -67,6 +77,8 @@ private:
     enum class Open : std::uint8_t { Nothing, Entry, BlockHeader, Entity };
 
     void OpenSlice(std::vector<NamedSlice>& list, std::string_view name);
+    void OpenEntity(std::string_view name);
+    void ListEntity();
     void CloseEntity();
     std::uint16_t IndexOfUnknown(std::string_view name);
     [[nodiscard]] Slice Here() const { return {m_bytes.size(), 0, m_found.tags + 1}; }

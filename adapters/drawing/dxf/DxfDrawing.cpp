@@ -64,13 +64,19 @@ bool IsNativeDwg(std::string_view bytes)
     return form == DwgForm::Records || form == DwgForm::Objects;
 }
 
+dwg::DwgTags ReadOldTags(const FileBytes& bytes, const std::string& path, FindingList& findings)
+{
+    dwg::DecodedTags tags = dwg::ReadOldDrawing(bytes.View(), path, findings);
+    return {FileBytes::Keep(std::move(tags.bytes)), std::move(tags.structure), std::move(tags.names), nullptr};
+}
+
 std::unique_ptr<Model> ReadDwgModel(const FileBytes& bytes, const std::string& path)
 {
     FindingList findings;
-    dwg::DecodedTags tags = FormOfDwg(bytes.View()) == DwgForm::Records
-                                ? dwg::ReadOldDrawing(bytes.View(), path, findings)
-                                : dwg::ReadDwg(bytes.View(), path, findings);
-    auto model = std::make_unique<Model>(FileBytes::Keep(std::move(tags.bytes)), TagFormat::BinaryLong);
+    dwg::DwgTags tags = FormOfDwg(bytes.View()) == DwgForm::Records ? ReadOldTags(bytes, path, findings)
+                                                                    : dwg::ReadDwg(bytes, path, findings);
+    auto model = std::make_unique<Model>(std::move(tags.bytes), TagFormat::BinaryLong);
+    model->source.late = std::move(tags.late);
     model->path = path;
     model->structure = std::move(tags.structure);
     model->names = std::move(tags.names);
@@ -139,6 +145,14 @@ std::optional<Vec3> DxfDrawing::HeaderPoint(std::string_view name) const
     return m_model->header.Point(name);
 }
 
+const std::vector<Finding>& DxfDrawing::Findings() const
+{
+    if (m_model->source.late != nullptr)
+        if (const std::uint32_t lost = m_model->source.late->TakeLost(); lost > 0)
+            m_model->findings.Add(Damage::EntityDamaged, 1, lost);
+    return m_model->findings.All();
+}
+
 std::uint32_t DxfDrawing::FindBlock(std::string_view name) const
 {
     return m_model->source.blocks.FindUtf8(name).value_or(kNoBlock);
@@ -156,11 +170,8 @@ void DxfDrawing::IndexHandles() const
 {
     m_handles.reserve(m_model->records.size());
     for (std::size_t i = 0; i < m_model->records.size(); ++i) {
-        EntityTags tags(m_model->source, m_model->records[i]);
-        while (tags.Next() && tags.Code() != 5) {
-        }
-        if (tags.Code() == 5 && tags.HandleValue() != 0)
-            m_handles.emplace(tags.HandleValue(), i);
+        if (const Handle handle = HandleOf(m_model->source, m_model->records[i]); handle != 0)
+            m_handles.emplace(handle, i);
     }
 }
 

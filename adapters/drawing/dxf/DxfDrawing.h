@@ -47,7 +47,7 @@ public:
     [[nodiscard]] const std::vector<ImageDefinition>& ImageDefinitions() const override { return m_model->images; }
     [[nodiscard]] const std::vector<PlotStyleName>& PlotStyleNames() const override { return m_model->plotStyles; }
     [[nodiscard]] FrameSettings Frames() const override { return m_model->frames; }
-    [[nodiscard]] const std::vector<Finding>& Findings() const override { return m_model->findings.All(); }
+    [[nodiscard]] const std::vector<Finding>& Findings() const override;
 
     [[nodiscard]] std::vector<XDataItem> RecordOf(const std::string& application) const override;
     void SetRecord(const std::string& application, const std::vector<XDataItem>& items) override;

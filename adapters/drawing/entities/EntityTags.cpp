@@ -24,8 +24,20 @@ void TakeColor(Entity& entity, std::int32_t value)
 } // namespace
 
 EntityTags::EntityTags(const Drawing::Source& source, const EntityRecord& record)
-    : m_source(source), m_tags(source.File(), source.format, record.begin, record.length, record.line + 1)
+    : m_source(source), m_record(source.Located(record)),
+      m_tags(source.File(), source.format, m_record.begin, m_record.length, m_record.line + 1)
 {
+}
+
+Handle HandleOf(const Drawing::Source& source, const EntityRecord& record)
+{
+    if (record.begin >= LateTags::kFirst && source.late != nullptr)
+        return source.late->HandleOf(record.begin);
+    EntityTags tags(source, record);
+    while (tags.Next())
+        if (tags.Code() == 5)
+            return tags.HandleValue();
+    return 0;
 }
 
 bool EntityTags::Next()

@@ -12,6 +12,9 @@ class EntityTags {
 public:
     EntityTags(const Drawing::Source& source, const EntityRecord& record);
 
+    /// The record with its tags' place.
+    [[nodiscard]] const EntityRecord& Record() const { return m_record; }
+
     bool Next();
     [[nodiscard]] int Code() const { return m_tags.Code(); }
     [[nodiscard]] double Real() const { return m_tags.Real(); }
@@ -32,8 +35,12 @@ public:
 private:
     void TakePlotStyle(Entity& entity) const;
     const Drawing::Source& m_source;
+    EntityRecord m_record;
     TagCursor m_tags;
 };
+
+/// The entity's handle, 0 without one.
+Handle HandleOf(const Drawing::Source& source, const EntityRecord& record);
 
 /// The text of a tag as UTF-8 with its control characters.
 void DecodeText(const Drawing::Source& source, std::string_view raw, std::string& target);

@@ -96,7 +96,7 @@ bool ReadInsertClip(const Drawing& drawing, const EntityRecord& record, std::vec
     const Drawing::Source& source = drawing.Tags();
     if (!source.HasSpatialFilters())
         return false;
-    const TagCursor tags(source.File(), source.format, record.begin, record.length, record.line + 1);
+    const TagCursor tags = source.TagsOf(record);
     const Handle filters = DictionaryEntry(source, ExtensionDictionaryOf(tags), "ACAD_FILTER");
     const NamedSlice* const object = source.FindObject(DictionaryEntry(source, filters, "SPATIAL"));
     if (object == nullptr || object->name != "SPATIAL_FILTER")

@@ -102,7 +102,7 @@ void Read(const Drawing& drawing, const EntityRecord& record, InsertData& data)
     while (more && rest.Code() != 0)
         more = rest.Next();
     if (more)
-        ReadAttributes(rest, record, data.attributes);
+        ReadAttributes(rest, tags.Record(), data.attributes);
 }
 
 } // namespace sm::drawing

@@ -96,11 +96,11 @@ EntityRecord EmbeddedRecord(const TagCursor& tags, const EntityRecord& record)
 
 /// Older files keep the lines of a multi-line attribute in a record of its own or leave them out; newer ones embed an
 /// MTEXT object, whose text begins with its properties (10, 11, 41, 71, ...).
-void TakeEmbedded(const EntityTags& tags, const EntityRecord& record, TextData& data)
+void TakeEmbedded(const EntityTags& tags, TextData& data)
 {
     const TagCursor& cursor = tags.Cursor();
-    if (cursor.Code() == 101 && record.kind != EntityKind::Text)
-        data.embeddedMText = EmbeddedRecord(cursor, record);
+    if (cursor.Code() == 101 && tags.Record().kind != EntityKind::Text)
+        data.embeddedMText = EmbeddedRecord(cursor, tags.Record());
 }
 
 /// The same place in the plane of `extrusion`, by the arbitrary axis rule of the DXF reference.
@@ -161,7 +161,7 @@ void Read(const Drawing& drawing, const EntityRecord& record, TextData& data)
         else if (!TakeTextTag(tags, data))
             tags.TakeCommon(data);
     }
-    TakeEmbedded(tags, record, data);
+    TakeEmbedded(tags, data);
 }
 
 } // namespace sm::drawing

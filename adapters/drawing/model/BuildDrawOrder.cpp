@@ -33,22 +33,13 @@ DrawOrder ReadOrder(const Model& model, const Slice& slice)
     return order;
 }
 
-Handle HandleOf(const Model& model, const EntityRecord& record)
-{
-    EntityTags tags(model.source, record);
-    while (tags.Next())
-        if (tags.Code() == 5)
-            return tags.HandleValue();
-    return 0;
-}
-
 void Apply(Model& model, const DrawOrder& order, const RecordSpan& span)
 {
     std::vector<std::pair<Handle, EntityRecord>> sorted;
     sorted.reserve(span.count);
     for (std::size_t i = 0; i < span.count; ++i) {
         const EntityRecord& record = model.records[span.first + i];
-        const Handle handle = HandleOf(model, record);
+        const Handle handle = HandleOf(model.source, record);
         const auto key = order.keys.find(handle);
         sorted.emplace_back(key == order.keys.end() ? handle : key->second, record);
     }

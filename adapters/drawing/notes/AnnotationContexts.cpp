@@ -64,15 +64,10 @@ void TakeTag(const TagCursor& tag, Context& context)
     }
 }
 
-TagCursor TagsOfRecord(const Drawing::Source& source, const EntityRecord& record)
-{
-    return {source.File(), source.format, record.begin, record.length, record.line + 1};
-}
-
 std::vector<Context> ContextsOf(const Drawing::Source& source, const EntityRecord& record)
 {
     const Handle manager =
-        DictionaryEntry(source, ExtensionDictionaryOf(TagsOfRecord(source, record)), "AcDbContextDataManager");
+        DictionaryEntry(source, ExtensionDictionaryOf(source.TagsOf(record)), "AcDbContextDataManager");
     const NamedSlice* const scales = source.FindObject(DictionaryEntry(source, manager, "ACDB_ANNOTATIONSCALES"));
     std::vector<Context> contexts;
     if (scales == nullptr || scales->name != "DICTIONARY")
@@ -136,7 +131,7 @@ Handle AnnotationScaleOf(const Drawing& drawing, const EntityRecord& viewport)
     const Drawing::Source& source = drawing.Tags();
     if (!source.HasContextData())
         return 0;
-    const Handle record = DictionaryEntry(source, ExtensionDictionaryOf(TagsOfRecord(source, viewport)),
+    const Handle record = DictionaryEntry(source, ExtensionDictionaryOf(source.TagsOf(viewport)),
                                           "ASDK_XREC_ANNOTATION_SCALE_INFO");
     const NamedSlice* const object = source.FindObject(record);
     Handle scale = 0;

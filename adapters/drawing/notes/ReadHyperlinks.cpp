@@ -7,7 +7,7 @@ void ReadHyperlinks(const Drawing& drawing, const EntityRecord& record, std::vec
 {
     links.clear();
     const Drawing::Source& source = drawing.Tags();
-    TagCursor tags(source.File(), source.format, record.begin, record.length, record.line + 1);
+    TagCursor tags = source.TagsOf(record);
     LinkReader reader(source, links);
     bool mine = false, inExtension = false;
     Handle extension = 0;

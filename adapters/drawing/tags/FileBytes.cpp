@@ -48,6 +48,14 @@ FileBytes FileBytes::Keep(std::string text)
     return bytes;
 }
 
+FileBytes FileBytes::Share(std::shared_ptr<const void> owner, std::string_view view)
+{
+    FileBytes bytes;
+    bytes.m_view = view;
+    bytes.m_owner = std::move(owner);
+    return bytes;
+}
+
 FileStamp FileBytes::StampOf(const std::string& path)
 {
     std::error_code unknown;

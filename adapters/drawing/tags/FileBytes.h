@@ -17,6 +17,8 @@ public:
     static FileBytes Map(const std::string& path);
     /// Keeps `bytes`; nothing on disk belongs to them.
     static FileBytes Keep(std::string bytes);
+    /// `view` lives as long as `owner`.
+    static FileBytes Share(std::shared_ptr<const void> owner, std::string_view view);
     /// Of the file as it is on disk now; all zero when it can't be asked.
     static FileStamp StampOf(const std::string& path);
 

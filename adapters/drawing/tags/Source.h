@@ -12,12 +12,31 @@
 
 namespace sm::drawing {
 
+/// Tags of entities that are made when they are asked for: those of a DWG.
+class LateTags {
+public:
+    /// A record's `begin` from here on stands for such an entity; its length is unknown.
+    static constexpr std::uint64_t kFirst = std::uint64_t{1} << 63U;
+
+    LateTags() = default;
+    LateTags(const LateTags&) = delete;
+    LateTags& operator=(const LateTags&) = delete;
+    virtual ~LateTags() = default;
+    /// Where the entity's tags lie in Source::File(), for good. May be asked by several threads. An entity that turns
+    /// out to be damaged is an invisible one.
+    virtual Slice TagsOf(std::uint64_t begin) = 0;
+    [[nodiscard]] virtual Handle HandleOf(std::uint64_t begin) const = 0;
+    /// How many turned out to be damaged since it was asked last.
+    virtual std::uint32_t TakeLost() = 0;
+};
+
 class Drawing::Source {
 public:
     Source(FileBytes fileBytes, TagFormat tagFormat) : bytes(std::move(fileBytes)), format(tagFormat) {}
 
     FileBytes bytes;
     TagFormat format;
+    std::unique_ptr<LateTags> late; ///< null: all tags are there
     std::unique_ptr<TextDecoder> text;
     NameTable layers, linetypes, styles, blocks;
     std::unordered_map<Handle, std::uint32_t> layerOfHandle;
@@ -43,6 +62,21 @@ public:
     [[nodiscard]] const std::vector<NamedSlice>& DataRecordsOf(Handle entity) const;
 
     [[nodiscard]] std::string_view File() const { return bytes.View(); }
+    /// The record with the place and length of its tags.
+    [[nodiscard]] EntityRecord Located(EntityRecord record) const
+    {
+        if (record.begin >= LateTags::kFirst && late != nullptr) {
+            const Slice slice = late->TagsOf(record.begin);
+            record.begin = slice.begin;
+            record.length = static_cast<std::uint32_t>(slice.length);
+        }
+        return record;
+    }
+    [[nodiscard]] TagCursor TagsOf(const EntityRecord& record) const
+    {
+        const EntityRecord located = Located(record);
+        return {File(), format, located.begin, located.length, located.line + 1};
+    }
     /// 0, "ByLayer" or "Standard" for names that aren't there.
     [[nodiscard]] std::uint32_t LayerOf(std::string_view raw) const { return layers.Find(raw, *text).value_or(0); }
     [[nodiscard]] std::uint32_t LinetypeOf(std::string_view raw) const

@@ -4,6 +4,9 @@ namespace sm::drawing::dwg {
 
 namespace {
 
+/// How the body is stored.
+constexpr std::uint32_t kText = 1, kBinary = 2;
+
 /// A line of the text form: its characters are those of DXF already, but for the blank that follows a caret there.
 void WriteLine(TagSink& sink, std::string_view line, std::string& scratch)
 {
@@ -42,7 +45,6 @@ void WriteTextForm(Object& object)
 
 void DecodeBody(Object& object)
 {
-    constexpr std::uint32_t kText = 1, kBinary = 2;
     BitReader& data = object.data;
     if (object.hasData)
         return; // in the data store
@@ -58,6 +60,15 @@ void DecodeBody(Object& object)
         data.Copy(data.Left() / 8, save);
         object.bodies.emplace_back(object.own, std::move(save));
     }
+}
+
+bool HoldsBinaryBody(const Object& object)
+{
+    BitReader data = object.data;
+    if (object.hasData || data.B())
+        return false;
+    data.B();
+    return data.BS() == kBinary;
 }
 
 } // namespace sm::drawing::dwg

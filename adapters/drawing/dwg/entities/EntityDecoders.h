@@ -78,6 +78,8 @@ void DecodeUnderlay(Object& object);
 void DecodeOleFrame(Object& object);
 // Bodies.cpp
 void DecodeBody(Object& object);
+/// Whether the body that `object` stands on, behind its head, is in the form that goes to Object::bodies.
+bool HoldsBinaryBody(const Object& object);
 /// What has nothing but a head, or nothing that is read.
 void DecodeNothing(Object& object);
 

@@ -3,7 +3,6 @@
 #include "base/text/Names.h"
 #include "drawing/TextDecoder.h"
 #include "dwg/file/DataStore.h"
-#include "dwg/read/ReadDwg.h"
 
 #include <algorithm>
 #include <utility>
@@ -25,13 +24,20 @@ constexpr std::array kTables{TableLink{Table::Application, &HeaderLinks::applica
                              TableLink{Table::DimensionStyle, &HeaderLinks::dimensionStyles},
                              TableLink{Table::Block, &HeaderLinks::blocks}};
 
-constexpr std::uint32_t kXRecord = 79;
-
 /// Tags take about that many bytes for one of the objects' stream.
 constexpr std::uint64_t kGrowth = 3;
 
 /// A sound file's tags take six times its size at most.
 constexpr std::uint64_t kMostTags = 16'000'000, kMostGrowth = 12;
+
+} // namespace
+
+std::uint64_t MostTags(std::uint64_t fileSize)
+{
+    return kMostTags + kMostGrowth * fileSize;
+}
+
+namespace {
 
 Names NamesOf(const Container& container)
 {
@@ -45,7 +51,7 @@ Names NamesOf(const Container& container)
 DwgReading::DwgReading(const Container& container, std::uint64_t fileSize, FindingList& findings)
     : m_container(container), m_findings(findings), m_names(NamesOf(container)),
       m_index(container, m_names.classes, findings), m_object(container, m_sink, m_names),
-      m_member(container, m_sink, m_names), m_most(kMostTags + kMostGrowth * fileSize)
+      m_member(container, m_sink, m_names), m_most(MostTags(fileSize))
 {
     m_sink.Reserve(container.Objects().size() * kGrowth);
 }
@@ -201,6 +207,11 @@ void DwgReading::WriteRecords()
         if (const RecordRow* const row = m_index.RecordOf(object.type))
             WriteRecord(object, *row);
     };
+    // A type of its own in some releases, a class in others.
+    const auto isXRecord = [this](const IndexedObject& object) {
+        const RecordRow* const row = m_index.RecordOf(object.type);
+        return row != nullptr && row->decode == DecodeXRecord;
+    };
     // The named-object dictionary comes first, as in a DXF.
     IndexedObject* const root = m_index.Find(m_links.dictionary);
     if (root != nullptr) {
@@ -208,10 +219,10 @@ void DwgReading::WriteRecords()
         root->taken = true;
     }
     for (const IndexedObject& object : m_index.All())
-        if (!object.taken && object.type != kXRecord)
+        if (!object.taken && !isXRecord(object))
             write(object);
     for (const Handle handle : m_object.records)
-        if (IndexedObject* const record = m_index.Find(handle); record != nullptr && record->type == kXRecord)
+        if (IndexedObject* const record = m_index.Find(handle); record != nullptr && isXRecord(*record))
             if (!std::exchange(record->taken, true))
                 write(*record);
     m_sink.Close();
@@ -250,12 +261,6 @@ void DwgReading::WriteBodies()
     for (const auto& [entity, save] : store.bodies)
         write(entity, save);
     m_sink.Close();
-}
-
-DecodedTags ReadDwg(std::string_view file, const std::string& path, FindingList& findings)
-{
-    const Container container = Container::Open(file, path, findings);
-    return DwgReading(container, file.size(), findings).Run();
 }
 
 } // namespace sm::drawing::dwg

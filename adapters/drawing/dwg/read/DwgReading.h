@@ -5,17 +5,31 @@
 #include "dwg/read/ObjectIndex.h"
 #include "dwg/tables/BlockHeader.h"
 #include "dwg/tables/TableEntries.h"
+#include "tags/Source.h"
 
 #include <array>
 #include <unordered_set>
 
 namespace sm::drawing::dwg {
 
+/// Bytes that the tags of a file of that size may take.
+std::uint64_t MostTags(std::uint64_t fileSize);
+
 class DwgReading {
 public:
     /// `fileSize` bounds what the tags may take.
     DwgReading(const Container& container, std::uint64_t fileSize, FindingList& findings);
+    /// Entities whose tags are the same whenever they are made may wait until they are asked for, where nothing was
+    /// found damaged so far; else all are decoded at once. Called before Run.
+    void LetEntitiesWait() { m_mayWait = m_findings.All().empty(); }
+    /// Once. Nothing is told to `findings` afterwards.
     DecodedTags Run();
+
+    /// Those that wait, by LateTags::kFirst and their place in this list; after Run.
+    [[nodiscard]] const std::vector<IndexedObject*>& Waiting() const { return m_waiting; }
+    /// The tags of one of them, until the next is asked for; nothing when it is damaged. `lost` is raised by it and by
+    /// its damaged parts.
+    std::optional<std::string_view> TagsOfWaiting(IndexedObject& entity, std::uint32_t& lost);
 
 private:
     using Entries = std::vector<Handle>;
@@ -31,7 +45,12 @@ private:
     void WriteChain(const BlockHeader& block);
     void WriteOrphans(const BlockHeader& block);
     void CollectOrphans();
+    void PassListed(IndexedObject& entity);
+    bool PassChained(IndexedObject& entity);
+    [[nodiscard]] bool MayWait(const IndexedObject& entity, const EntityRow* row) const;
+    void Wait(IndexedObject& entity, const EntityRow* row);
     bool WriteEntity(IndexedObject& entity);
+    [[nodiscard]] std::string_view NameOf(const IndexedObject& entity, const EntityRow* row) const;
     void WriteKnown(const EntityRow* row, std::string_view name);
     void WriteAnnotationWidth();
     void WriteMembers();
@@ -56,6 +75,8 @@ private:
     std::unordered_set<Handle> m_listed;                    ///< entries of tables: each counts once
     std::vector<BlockHeader> m_blocks;
     std::unordered_map<Handle, Entries> m_orphans; ///< entities by owner, when a chain is broken
+    std::vector<IndexedObject*> m_waiting;
+    bool m_mayWait = false;
     bool m_hasOrphans = false;
     bool m_inPaper = false; ///< what is written belongs to the active paper space
     std::uint64_t m_most;   ///< bytes of tags

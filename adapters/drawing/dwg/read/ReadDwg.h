@@ -2,12 +2,21 @@
 #pragma once
 
 #include "dwg/TagSink.h"
+#include "tags/FileBytes.h"
 #include "tags/FindingList.h"
+#include "tags/Source.h"
 
 namespace sm::drawing::dwg {
 
-/// `file` is the whole file; `path` names it in messages. What is lost is counted in `findings`. Throws DrawingError
-/// when nothing can be read of it.
-DecodedTags ReadDwg(std::string_view file, const std::string& path, FindingList& findings);
+struct DwgTags {
+    FileBytes bytes;
+    Structure structure;
+    std::deque<std::string> names;  ///< that `structure` refers to
+    std::unique_ptr<LateTags> late; ///< the entities that are decoded when they are asked for; null when none are
+};
+
+/// `file` is the whole file, which is kept while entities wait; `path` names it in messages. What is lost is counted in
+/// `findings`. Throws DrawingError when nothing can be read of it.
+DwgTags ReadDwg(const FileBytes& file, const std::string& path, FindingList& findings);
 
 } // namespace sm::drawing::dwg

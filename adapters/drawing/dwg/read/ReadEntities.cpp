@@ -32,7 +32,7 @@ void DwgReading::WriteEntitiesOf(const BlockHeader& block)
         if (entity == nullptr)
             ++m_lostEntities;
         else if (!entity->taken)
-            WriteEntity(*entity);
+            PassListed(*entity);
     }
     if (m_hasOrphans)
         WriteOrphans(block);
@@ -45,7 +45,7 @@ void DwgReading::WriteChain(const BlockHeader& block)
     bool whole = handle == 0;
     while (handle != 0) {
         IndexedObject* const entity = m_index.Find(handle);
-        if (entity == nullptr || entity->taken || !WriteEntity(*entity))
+        if (entity == nullptr || entity->taken || !PassChained(*entity))
             break;
         whole = handle == block.last;
         handle = whole ? 0 : m_object.next;
@@ -54,6 +54,61 @@ void DwgReading::WriteChain(const BlockHeader& block)
         CollectOrphans();
         WriteOrphans(block);
     }
+}
+
+/// Whether its tags are the same whenever they are made: viewports are counted over their block, and binary bodies
+/// become records of their own.
+bool DwgReading::MayWait(const IndexedObject& entity, const EntityRow* row) const
+{
+    if (!m_mayWait || m_hasOrphans || IsPart(entity.type))
+        return false;
+    if (row == nullptr) {
+        const ObjectClass* const kind = m_index.ClassOf(entity.type);
+        return kind != nullptr && kind->isEntity;
+    }
+    return row->decode != DecodeViewport && (row->decode != DecodeBody || m_object.Before(Release::R2004));
+}
+
+void DwgReading::Wait(IndexedObject& entity, const EntityRow* row)
+{
+    entity.taken = true;
+    m_sink.LateEntity(NameOf(entity, row), LateTags::kFirst + m_waiting.size(), m_inPaper);
+    m_waiting.push_back(&entity);
+}
+
+void DwgReading::PassListed(IndexedObject& entity)
+{
+    if (const EntityRow* const row = m_index.EntityOf(entity.type); MayWait(entity, row))
+        Wait(entity, row);
+    else
+        WriteEntity(entity);
+}
+
+/// The same, but for its head, which leads to the next one. False: it is damaged, and left out.
+bool DwgReading::PassChained(IndexedObject& entity)
+{
+    const EntityRow* const row = m_index.EntityOf(entity.type);
+    if (!MayWait(entity, row))
+        return WriteEntity(entity);
+    if (!Open(m_object, &entity)) {
+        entity.taken = true;
+        ++m_lostEntities;
+        return false;
+    }
+    m_object.ReadEntityHead();
+    if (m_object.Lost() || (row != nullptr && row->decode == DecodeBody && HoldsBinaryBody(m_object)))
+        return WriteEntity(entity);
+    Wait(entity, row);
+    return true;
+}
+
+std::optional<std::string_view> DwgReading::TagsOfWaiting(IndexedObject& entity, std::uint32_t& lost)
+{
+    m_lostEntities = 0;
+    m_sink.Forget();
+    const bool sound = WriteEntity(entity);
+    lost += m_lostEntities;
+    return sound ? std::optional(m_sink.TakeEntity()) : std::nullopt;
 }
 
 void DwgReading::CollectOrphans()
@@ -78,6 +133,12 @@ void DwgReading::WriteOrphans(const BlockHeader& block)
             WriteEntity(*entity);
 }
 
+/// Of an entity that has a row or a class.
+std::string_view DwgReading::NameOf(const IndexedObject& entity, const EntityRow* row) const
+{
+    return row != nullptr ? std::string_view(row->name) : std::string_view(m_index.ClassOf(entity.type)->name);
+}
+
 /// False: it is damaged, and left out.
 bool DwgReading::WriteEntity(IndexedObject& entity)
 {
@@ -92,7 +153,7 @@ bool DwgReading::WriteEntity(IndexedObject& entity)
     if (IsPart(entity.type) || (row == nullptr && (kind == nullptr || !kind->isEntity)))
         return !m_object.Lost();
     const Handle next = m_object.next;
-    WriteKnown(row, row != nullptr ? std::string_view(row->name) : std::string_view(kind->name));
+    WriteKnown(row, NameOf(entity, row));
     m_object.next = next;
     if (!m_object.Lost())
         return true;

@@ -1,0 +1,103 @@
+// Entities that are decoded when they are asked for, in real drawings. Their folder is named by SM_SHARED_DRAWINGS, or
+// lies beside the source tree; without it these tests are skipped.
+#include "drawing/Drawing.h"
+#include "drawing/EntityKinds.h"
+#include "drawing/entities/Curves.h"
+#include "dwg/read/ObjectIndex.h"
+#include "dxf/DxfDrawing.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <thread>
+
+namespace sm::drawing::dwg::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A drawing of R2000 or of R2018; empty when the folder isn't there.
+std::string Sample(const std::string& release)
+{
+    const char* const named = std::getenv("SM_SHARED_DRAWINGS");
+    const fs::path folder = named != nullptr ? fs::path(named) : fs::path(SM_SOURCE_DIR) / ".." / "shared" / "drawings";
+    std::ifstream stream(folder / "twins" / "acadsharp" / ("sample_" + release + ".dwg"), std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// The first LINE of the file with its coordinates overwritten by what no writer stores.
+Handle SpoilALine(std::string& file)
+{
+    constexpr std::uint32_t kLine = 19;
+    constexpr std::size_t kAt = 20, kCount = 12;
+    FindingList findings;
+    const Container container = Container::Open(file, "plan.dwg", findings);
+    ObjectIndex index(container, ReadClasses(container), findings);
+    const auto line = std::ranges::find(index.All(), kLine, &IndexedObject::type);
+    const Handle handle = line->handle;
+    file.replace(line->offset + kAt, kCount, kCount, '\xFF');
+    return handle;
+}
+
+TEST(LateEntities, ThatAreDamagedAreInvisibleAndToldWhenTheyAreRead)
+{
+    std::string file = Sample("AC1015");
+    if (file.empty())
+        GTEST_SKIP() << "no drawings";
+    const Handle handle = SpoilALine(file);
+    const auto drawing = OpenDwgBytes(file, "plan.dwg");
+    EXPECT_TRUE(drawing->Findings().empty());
+    const EntityRecord* const record = drawing->FindEntity(handle);
+    ASSERT_NE(record, nullptr);
+    EXPECT_EQ(record->kind, EntityKind::Line);
+    EXPECT_TRUE(drawing->Findings().empty()) << "its handle is known without reading it";
+    LineData line;
+    for (int i = 0; i < 2; ++i) {
+        Read(*drawing, *record, line);
+        EXPECT_TRUE(line.invisible);
+        EXPECT_EQ(line.start.x, 0);
+        ASSERT_EQ(drawing->Findings().size(), 1U);
+        EXPECT_EQ(drawing->Findings().front().code, 811);
+        EXPECT_EQ(drawing->Findings().front().count, 1U);
+        EXPECT_TRUE(drawing->Findings().front().contentLost);
+    }
+}
+
+/// A number from what all entities have in common.
+std::uint64_t SumOf(const Drawing& drawing)
+{
+    std::uint64_t sum = 0;
+    Entity entity;
+    for (std::uint32_t block = 0; block < drawing.Blocks().size(); ++block)
+        for (const EntityRecord& record : drawing.EntitiesOf(block)) {
+            Read(drawing, record, entity);
+            sum = sum * 31 + entity.handle + entity.layer + entity.linetype;
+        }
+    return sum;
+}
+
+TEST(LateEntities, MayBeAskedForByManyThreads)
+{
+    for (const char* const release : {"AC1015", "AC1032"}) {
+        const std::string file = Sample(release);
+        if (file.empty())
+            GTEST_SKIP() << "no drawings";
+        const std::uint64_t expected = SumOf(*OpenDwgBytes(file, "plan.dwg"));
+        const auto drawing = OpenDwgBytes(file, "plan.dwg");
+        std::array<std::uint64_t, 4> read{};
+        std::vector<std::thread> threads;
+        for (std::uint64_t& one : read)
+            threads.emplace_back([&] { one = SumOf(*drawing); });
+        for (std::thread& thread : threads)
+            thread.join();
+        for (const std::uint64_t one : read)
+            EXPECT_EQ(one, expected) << release;
+    }
+}
+
+} // namespace
+} // namespace sm::drawing::dwg::testing
