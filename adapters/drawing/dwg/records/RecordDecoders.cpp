@@ -43,14 +43,21 @@ constexpr std::array kRows{
     RecordRow{0, "ACDB_HATCHSCALECONTEXTDATA_CLASS", DecodeAnyContext},
 };
 
+/// The rows of the fixed types by their number.
+constexpr std::size_t kFixed = 83;
+constexpr std::array<const RecordRow*, kFixed> kByType = [] {
+    std::array<const RecordRow*, kFixed> rows{};
+    for (const RecordRow& row : kRows)
+        if (row.type != 0)
+            rows[row.type] = &row;
+    return rows;
+}();
+
 } // namespace
 
 const RecordRow* FindRecordRow(std::uint32_t type)
 {
-    for (const RecordRow& row : kRows)
-        if (row.type != 0 && row.type == type)
-            return &row;
-    return nullptr;
+    return type < kFixed ? kByType[type] : nullptr;
 }
 
 const RecordRow* FindRecordRow(std::string_view className)
