@@ -69,9 +69,8 @@ public:
 private:
     std::vector<char> ReadHead()
     {
-        const std::vector<char> coded =
-            Deinterleaved(SliceOf(m_file, kCodedHeadAt, kHeadCodewords * kCodeword), kHeadCodewords, kTableData);
-        const std::string_view bytes(coded.data(), coded.size());
+        Deinterleave(SliceOf(m_file, kCodedHeadAt, kHeadCodewords * kCodeword), kHeadCodewords, kTableData, m_scratch);
+        const std::string_view bytes = m_scratch;
         const auto stored = LoadAt<std::int32_t>(bytes, 24);
         std::vector<char> head(kCodedHeadSize);
         if (stored > 0)
@@ -89,9 +88,8 @@ private:
             return {};
         const std::uint64_t raw = RoundedUp(stored) * std::max<std::uint64_t>(repeat, 1);
         const std::uint64_t count = std::min((raw + kTableData - 1) / kTableData, most / kCodeword + 1);
-        const std::vector<char> coded =
-            Deinterleaved(SliceOf(m_file, kFirstCodedPage + at, count * kCodeword), count, kTableData);
-        const std::string_view bytes = SliceOf({coded.data(), coded.size()}, 0, stored);
+        Deinterleave(SliceOf(m_file, kFirstCodedPage + at, count * kCodeword), count, kTableData, m_scratch);
+        const std::string_view bytes = SliceOf(m_scratch, 0, stored);
         // Records of 16 bytes for pages of at least 32; names and heads of sections beside them.
         std::vector<char> table = m_builder.Scratch(std::min(size, most + (64U << 10U)));
         if (stored < size)
@@ -180,9 +178,9 @@ private:
         const std::uint64_t count = (RoundedUp(page.stored) + kSectionData - 1) / kSectionData;
         const bool coded = IsCoded(section, page, place->size, count);
         const bool whole = disk.size() >= (coded ? count * kCodeword : page.stored);
-        const std::vector<char> data = coded ? Deinterleaved(disk, count, kSectionData) : std::vector<char>();
-        const std::string_view bytes =
-            coded ? SliceOf({data.data(), data.size()}, 0, page.stored) : SliceOf(disk, 0, page.stored);
+        if (coded)
+            Deinterleave(disk, count, kSectionData, m_scratch);
+        const std::string_view bytes = SliceOf(coded ? std::string_view(m_scratch) : disk, 0, page.stored);
         const auto target = left.first(std::min<std::uint64_t>(left.size(), page.size));
         if (page.stored < page.size)
             return Decompress2007(bytes, target).sound && whole;
@@ -193,26 +191,10 @@ private:
     ContainerBuilder& m_builder;
     std::string_view m_file;
     std::vector<Extent> m_pages; ///< by id
+    std::string m_scratch;       ///< the data of the page or table that is being read
 };
 
 } // namespace
-
-std::vector<char> Deinterleaved(std::string_view bytes, std::uint64_t count, std::uint64_t data)
-{
-    std::vector<char> joined(count * data);
-    // Codeword by codeword in the inner loop: the bytes are read in the order of the file.
-    std::string_view left = bytes;
-    for (std::uint64_t j = 0; j < data && !left.empty(); ++j) {
-        const std::string_view row = left.substr(0, count);
-        char* to = joined.data() + j;
-        for (const char c : row) {
-            *to = c;
-            to += data;
-        }
-        left.remove_prefix(row.size());
-    }
-    return joined;
-}
 
 void OpenCodedPages(ContainerBuilder& builder)
 {

@@ -2,15 +2,16 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
-#include <vector>
 
 namespace sm::drawing::dwg {
 
 /// A codeword has 255 bytes; of those of the tables 239 are data, of those of sections 251.
 inline constexpr std::uint64_t kCodeword = 255, kTableData = 239, kSectionData = 251;
 
-/// The data of `count` interleaved codewords, `data` bytes of each; zeros where `bytes` end before they do.
-std::vector<char> Deinterleaved(std::string_view bytes, std::uint64_t count, std::uint64_t data);
+/// Into `target`: the data of `count` interleaved codewords, `data` bytes of each; zeros where `bytes` end before they
+/// do.
+void Deinterleave(std::string_view bytes, std::uint64_t count, std::uint64_t data, std::string& target);
 
 } // namespace sm::drawing::dwg

@@ -64,7 +64,7 @@ Decompressed Decompress2004(std::string_view bytes, std::span<char> room)
     std::size_t literals = opcode < 0x10 ? LiteralCount(opcode, source) : 0;
     while (!source.CutOff()) {
         if (literals != 0) {
-            target.Put(source.Take(literals));
+            target.Pass(literals, source);
             opcode = source.Next();
         }
         if (opcode == kEndMark || target.Full()) {

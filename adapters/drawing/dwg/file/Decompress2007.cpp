@@ -2,6 +2,7 @@
 #include "dwg/file/Decompress.h"
 
 #include <array>
+#include <utility>
 
 namespace sm::drawing::dwg {
 
@@ -55,40 +56,44 @@ constexpr std::array<Runs, kBlock> kOrders{{
 /// Whole blocks stand in the file in this order of their quarters.
 constexpr Runs kWholeBlock{{{24, 8}, {16, 8}, {8, 8}, {0, 8}}};
 
-/// Runs have one, four or eight bytes.
-char* CopyRun(char* to, const char* from, std::size_t count)
+/// Copies a run of `Count` bytes in its order: a few moves of known size each.
+template <std::size_t Count> void CopyOrdered(char* to, const char* from)
 {
-    if (count == 8)
-        std::memcpy(to, from, 8);
-    else if (count == 4)
-        std::memcpy(to, from, 4);
-    else
-        *to = *from;
-    return to + count;
+    constexpr const Runs& kOrder = Count == kBlock ? kWholeBlock : kOrders[Count % kBlock];
+    [&]<std::size_t... I>(std::index_sequence<I...>)
+    {
+        ((std::memcpy(to, from + kOrder[I].from, kOrder[I].count), to += kOrder[I].count), ...);
+    }
+    (std::make_index_sequence<kOrder.size()>());
 }
 
-/// All `bytes`, whose number the order is for. Fewer bytes, or less room, and they end early.
-void PutOrdered(std::string_view bytes, const Runs& order, ByteTarget& target)
+using CopyRun = void (*)(char*, const char*);
+constexpr auto kCopies = []<std::size_t... Count>(std::index_sequence<Count...>)
 {
-    char buffer[kBlock];
-    char* const direct = target.Claim(bytes.size());
-    char* to = direct != nullptr ? direct : buffer;
-    const char* const begin = to;
-    for (const Run& run : order) {
-        if (run.count == 0 || run.from + std::size_t{run.count} > bytes.size())
-            break;
-        to = CopyRun(to, bytes.data() + run.from, run.count);
+    return std::array<CopyRun, sizeof...(Count)>{CopyOrdered<Count>...};
+}
+(std::make_index_sequence<kBlock + 1>());
+
+/// A run of at most a block. Fewer bytes, or less room, and it ends early.
+void PutOrdered(std::size_t count, ByteSource& source, ByteTarget& target)
+{
+    const std::string_view bytes = source.Take(count);
+    char whole[kBlock]{}, ordered[kBlock];
+    if (char* const room = bytes.size() == count ? target.Claim(count) : nullptr) {
+        kCopies[count](room, bytes.data());
+        return;
     }
-    if (direct == nullptr)
-        target.Put({begin, static_cast<std::size_t>(to - begin)});
+    bytes.copy(whole, bytes.size());
+    kCopies[count](ordered, whole);
+    target.Put({ordered, bytes.size()});
 }
 
 void CopyLiterals(std::size_t count, ByteSource& source, ByteTarget& target)
 {
     for (; count >= kBlock && !source.CutOff() && !target.Full(); count -= kBlock)
-        PutOrdered(source.Take(kBlock), kWholeBlock, target);
+        PutOrdered(kBlock, source, target);
     if (count < kBlock)
-        PutOrdered(source.Take(count), kOrders[count], target);
+        PutOrdered(count, source, target);
 }
 
 std::size_t LiteralRun(unsigned opcode, ByteSource& source)

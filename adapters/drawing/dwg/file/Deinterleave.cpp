@@ -1,0 +1,72 @@
+// The bytes of interleaved codewords are a table with a row for each place in a codeword: its columns are wanted.
+#include "dwg/file/CodedPages.h"
+
+#include <algorithm>
+#ifdef __SSE2__
+#include <array>
+#include <emmintrin.h>
+#endif
+
+namespace sm::drawing::dwg {
+
+namespace {
+
+#ifdef __SSE2__
+constexpr std::uint64_t kTile = 16;
+
+/// Sixteen rows of sixteen bytes, `from` bytes apart, become columns, `to` bytes apart.
+void Turn(const char* source, std::uint64_t from, char* target, std::uint64_t to)
+{
+    using Rows = std::array<__m128i, kTile>;
+    Rows rows, turned;
+    for (std::uint64_t i = 0; i < kTile; ++i)
+        rows[i] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(source + i * from));
+    // Rows i and i + 8 are merged byte by byte. Done four times, each byte has gone from its row to its column.
+    const auto merge = [](const Rows& in, Rows& out) {
+        for (std::size_t i = 0; i < kTile / 2; ++i) {
+            out[2 * i] = _mm_unpacklo_epi8(in[i], in[i + kTile / 2]);
+            out[2 * i + 1] = _mm_unpackhi_epi8(in[i], in[i + kTile / 2]);
+        }
+    };
+    merge(rows, turned);
+    merge(turned, rows);
+    merge(rows, turned);
+    merge(turned, rows);
+    for (std::uint64_t i = 0; i < kTile; ++i)
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(target + i * to), rows[i]);
+}
+
+/// All of a table that has no row or column less than a block. The last blocks lie over those before them.
+void TurnAll(const char* source, std::uint64_t count, std::uint64_t data, char* target)
+{
+    for (std::uint64_t row = 0; row < data; row += kTile) {
+        row = std::min(row, data - kTile);
+        for (std::uint64_t word = 0; word < count; word += kTile) {
+            word = std::min(word, count - kTile);
+            Turn(source + row * count + word, count, target + word * data + row, data);
+        }
+    }
+}
+#endif
+
+} // namespace
+
+void Deinterleave(std::string_view bytes, std::uint64_t count, std::uint64_t data, std::string& target)
+{
+    target.resize(count * data);
+#ifdef __SSE2__
+    if (count >= kTile && data >= kTile && bytes.size() >= count * data) {
+        TurnAll(bytes.data(), count, data, target.data());
+        return;
+    }
+#endif
+    std::ranges::fill(target, '\0');
+    for (std::uint64_t j = 0; j < data && !bytes.empty(); ++j) {
+        const std::string_view row = bytes.substr(0, count);
+        for (std::size_t i = 0; i < row.size(); ++i)
+            target[i * data + j] = row[i];
+        bytes.remove_prefix(row.size());
+    }
+}
+
+} // namespace sm::drawing::dwg
