@@ -4,11 +4,11 @@
 //     seeds_dwg FOLDER [DWG...]
 #include "drawing/Drawing.h"
 #include "drawing/dwg/DwgFiles.h"
-#include "drawing/dwg/OldFiles.h"
 #include "dwg/read/ObjectIndex.h"
 #include "dwg/recovery/ObjectSearch.h"
 #include "fuzz/BuiltFile.h"
 #include "fuzz/FuzzDwg.h"
+#include "fuzz/OldSeeds.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -41,28 +41,14 @@ private:
     unsigned m_count = 0;
 };
 
-std::string OldFile(OldKind kind)
-{
-    std::string points;
-    for (const double value : {1.0, 2.0, 3.0, 4.0, 5.0, 6.0})
-        points += Number(value);
-    OldFileWriter file(kind);
-    file.Record(1, 0, "0", Le16(7) + Le16(0)).Record(3, 64, "CONTINUOUS", "Solid line");
-    file.Record(2, 64, "STANDARD", points.substr(0, 24) + std::string(1, '\0') + Number(0.2) + "txt");
-    for (unsigned type = 1; type < 24; ++type)
-        file.Entity(type, 0, 0, 0, "", points);
-    return file.File();
-}
-
 void WriteOwn(Folder& folder)
 {
     folder.Write("own-sections", FileOf2000({20, 300, 50}, 1).bytes);
     folder.Write("own-pages-2018", PagesOf(SectionsOf(LinesOf2018({20, 300, 50}), true)).bytes);
     folder.Write("own-pages-2004", PagesOf(SectionsOf(LinesOf2018({20, 300}), false), {"AC1018", 96}).bytes);
     folder.Write("own-coded", CodedFileOf(SectionsOf(LinesOf2000({20, 300, 50}, 0), false)));
-    folder.Write("own-r9", OldFile(OldKind::R9));
-    folder.Write("own-r10", OldFile(OldKind::R10));
-    folder.Write("own-r11", OldFile(OldKind::R11));
+    for (const auto& [name, file] : OldSeeds())
+        folder.Write("own-" + name, file);
     const std::string letters = "abcdefghijklmnopqrstuvwxyz";
     folder.Write("own-compressed-2004", std::string(1, '\0') + Le16(26) + Literal2004(letters));
     folder.Write("own-compressed-2007", std::string(1, '\1') + Le16(64) + '\x12' + letters + letters);
@@ -114,10 +100,19 @@ private:
         return std::string(section.substr(std::min<std::size_t>(4, section.size()))).substr(0, 20'000);
     }
 
-    /// Small ones of that type, evenly over the drawing.
+    [[nodiscard]] bool IsTable(std::uint32_t type) const
+    {
+        const auto one = std::ranges::find(m_classes, type, &ObjectClass::number);
+        return one != m_classes.end() && one->name == "ACAD_TABLE";
+    }
+
+    /// Small ones of that type, evenly over the drawing. Tables are never small.
     std::string Parts(std::uint32_t type, std::size_t most)
     {
-        constexpr std::size_t kLargest = 1500;
+        constexpr std::size_t kLargest = 1500, kLargestTable = 4500;
+        const std::size_t largest = IsTable(type) ? kLargestTable : kLargest;
+        if (IsTable(type))
+            most = 1;
         std::string parts;
         const auto& list = m_byType[type];
         std::size_t taken = 0;
@@ -125,7 +120,7 @@ private:
              i += type < 52 && type > 47 ? 1 : std::max<std::size_t>(1, list.size() / most)) {
             const Frame frame = ReadFrame(m_container.Objects(), list[i].offset, m_container.FileRelease());
             std::string content(m_container.Objects().substr(frame.first / 8, (frame.end - frame.first) / 8));
-            if (content.size() > kLargest)
+            if (content.size() > largest)
                 continue;
             Renumber(content, type);
             const std::uint64_t links = frame.links <= frame.end ? frame.end - frame.links : 0;

@@ -39,10 +39,10 @@ void Turn(const char* source, std::uint64_t from, char* target, std::uint64_t to
 /// All of a table that has no row or column less than a block. The last blocks lie over those before them.
 void TurnAll(const char* source, std::uint64_t count, std::uint64_t data, char* target)
 {
-    for (std::uint64_t row = 0; row < data; row += kTile) {
-        row = std::min(row, data - kTile);
-        for (std::uint64_t word = 0; word < count; word += kTile) {
-            word = std::min(word, count - kTile);
+    for (std::uint64_t word = 0; word < count; word += kTile) {
+        word = std::min(word, count - kTile);
+        for (std::uint64_t row = 0; row < data; row += kTile) {
+            row = std::min(row, data - kTile);
             Turn(source + row * count + word, count, target + word * data + row, data);
         }
     }

@@ -6,6 +6,8 @@
 #include "dwg/file/ObjectMap.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 
 namespace sm::drawing::dwg {
 
@@ -27,6 +29,14 @@ bool IsType(std::uint32_t type, std::uint32_t typeEnd)
 std::uint64_t WorkFor(std::uint64_t size)
 {
     return (std::uint64_t{16} << 20U) + 64 * size;
+}
+
+/// A large section may be written nowhere: it is all zeros, and no object begins with two of them.
+constexpr std::uint64_t kEmpty = 32;
+bool IsEmpty(std::string_view objects, std::uint64_t at)
+{
+    constexpr std::array<char, kEmpty> kZeros{};
+    return objects.size() - at >= kEmpty && std::memcmp(objects.data() + at, kZeros.data(), kEmpty) == 0;
 }
 
 bool ChecksumHolds(std::string_view objects, std::uint64_t begin, std::uint64_t end)
@@ -84,6 +94,10 @@ std::vector<ObjectPlace> SearchObjects(const Container& container, std::uint32_t
     std::vector<ObjectPlace> found;
     std::uint64_t work = WorkFor(objects.size());
     for (std::uint64_t at = 0; at < objects.size();) {
+        if (IsEmpty(objects, at)) {
+            at += kEmpty - 1; // the last zero may be the low byte of a size
+            continue;
+        }
         const std::optional<ObjectFrame> frame = FrameAt(container, at, typeEnd);
         const std::uint64_t cost = frame ? frame->end - at : 0;
         if (frame && cost <= work && frame->end + kChecksum <= objects.size() &&
