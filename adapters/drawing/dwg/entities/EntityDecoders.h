@@ -10,9 +10,9 @@ namespace sm::drawing::dwg {
 using DecodeEntity = void (*)(Object&);
 
 struct EntityRow {
-    std::uint32_t type;    ///< 0: known by its class alone
-    const char* className; ///< null: never a class
-    const char* name;      ///< in DXF
+    std::uint32_t type;         ///< 0: known by its class alone
+    std::string_view className; ///< empty: never a class
+    std::string_view name;      ///< in DXF
     DecodeEntity decode;
     bool hasGraphics = false; ///< what is drawn of it may be its preview
 };

@@ -29,13 +29,26 @@ void AppendPlain(std::string& text, unsigned character)
     }
 }
 
-/// A byte that isn't copied as it is. All are asked, so that the compiler asks many at once.
-bool NeedsCare(std::string_view bytes)
+constexpr std::uint64_t kEachByte = 0x0101010101010101, kHighBits = 0x80 * kEachByte;
+
+/// Whether one of eight bytes isn't copied as it is: a control character or a caret.
+bool NeedsCare(std::uint64_t bytes)
 {
-    unsigned care = 0;
-    for (const char c : bytes)
-        care |= static_cast<unsigned>(static_cast<unsigned char>(c) < 0x20) | static_cast<unsigned>(c == '^');
-    return care != 0;
+    const std::uint64_t carets = bytes ^ '^' * kEachByte;
+    return (((bytes - 0x20 * kEachByte) & ~bytes) | ((carets - kEachByte) & ~carets)) & kHighBits;
+}
+
+bool IsPlain(std::string_view text)
+{
+    std::uint64_t word = 0;
+    for (; text.size() >= sizeof word; text.remove_prefix(sizeof word)) {
+        std::memcpy(&word, text.data(), sizeof word);
+        if (NeedsCare(word))
+            return false;
+    }
+    word = ' ' * kEachByte;
+    text.copy(reinterpret_cast<char*>(&word), text.size());
+    return !NeedsCare(word);
 }
 
 bool IsLeadByte(unsigned byte)
@@ -119,6 +132,15 @@ std::string_view Fields::T()
     return Since(Release::R2007) ? Utf16(reader, length) : Bytes(reader, length);
 }
 
+void Fields::SkipT()
+{
+    BitReader& reader = Texts();
+    if (m_ownTexts && reader.Left() == 0)
+        return;
+    const std::uint64_t length = reader.BS();
+    reader.Skip(length * (Since(Release::R2007) ? 16 : 8));
+}
+
 std::string_view Fields::Utf16(std::uint64_t units)
 {
     return Utf16(data, units);
@@ -127,16 +149,22 @@ std::string_view Fields::Utf16(std::uint64_t units)
 /// Most texts are letters of ASCII: four of them at a time, as long as they are nothing else.
 void Fields::AppendLetters(BitReader& reader, std::uint64_t& units)
 {
+    constexpr std::uint64_t kPlaces = 0x0001000100010001, kNoLetter = 0xFF80 * kPlaces;
+    m_text.resize(units);
+    std::size_t size = 0;
+    BitReader ahead = reader;
     for (; units >= 4; units -= 4) {
-        BitReader ahead = reader;
         const std::uint64_t word = ahead.RLL();
-        const std::array<char, 4> four{static_cast<char>(word), static_cast<char>(word >> 16),
-                                       static_cast<char>(word >> 32), static_cast<char>(word >> 48)};
-        if ((word & 0xFF80FF80FF80FF80U) != 0 || NeedsCare({four.data(), four.size()}))
-            return;
-        m_text.append(four.data(), four.size());
+        // The bytes between the letters are taken for blanks.
+        if ((word & kNoLetter) != 0 || NeedsCare(word | 0x2000 * kPlaces))
+            break;
+        const std::uint64_t pairs = word | word >> 8;
+        const auto four = static_cast<std::uint32_t>((pairs & 0xFFFF) | (pairs >> 16 & 0xFFFF0000));
+        std::memcpy(m_text.data() + size, &four, sizeof four);
+        size += sizeof four;
         reader = ahead;
     }
+    m_text.resize(size);
 }
 
 std::string_view Fields::Utf16(BitReader& reader, std::uint64_t units)
@@ -179,7 +207,7 @@ std::string_view Fields::Bytes(BitReader& reader, std::uint64_t length)
     // Nearly all texts need no more than a copy.
     BitReader again = reader;
     reader.Copy(length, m_text);
-    if (!NeedsCare(m_text))
+    if (IsPlain(m_text))
         return m_text;
     m_text.clear();
     reader = again;

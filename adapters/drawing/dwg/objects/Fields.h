@@ -54,7 +54,7 @@ public:
     /// A text as tags hold it: UTF-8 from R2007 on, else in the file's code page; control characters as carets.
     /// Valid until the next call.
     std::string_view T();
-    void SkipT() { (void)T(); }
+    void SkipT();
     /// `units` units of UTF-16 of the data as UTF-8, with carets.
     std::string_view Utf16(std::uint64_t units);
     /// `length` bytes of the data in the file's code page, with carets.

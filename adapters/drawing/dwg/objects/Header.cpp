@@ -92,8 +92,10 @@ void PassRows(Object& object, std::span<const Row> rows, HeaderLinks& links)
         if (object.release < row.first || object.release > row.last)
             continue;
         const Handle handle = Pass(object, row);
+        if (row.name == nullptr || *row.name != '#')
+            continue;
         for (const LinkRow& link : kLinks)
-            if (row.name != nullptr && link.name == row.name)
+            if (link.name == row.name)
                 links.*link.member = handle;
     }
 }

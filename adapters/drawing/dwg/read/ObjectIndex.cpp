@@ -75,13 +75,10 @@ std::vector<ObjectClass> ReadClasses(const Container& container)
 ObjectIndex::ObjectIndex(const Container& container, const std::vector<ObjectClass>& classes, FindingList& findings)
 {
     const std::uint32_t typeEnd = classes.empty() ? 0 : classes.back().number + 1;
-    const std::vector<ObjectPlace> places = ProvenPlaces(container, typeEnd, findings);
-    m_objects.reserve(places.size());
-    for (const ObjectPlace& place : places) {
-        const Frame frame = ReadFrame(container.Objects(), place.offset, container.FileRelease());
-        if (frame.sound)
-            m_objects.push_back({place.handle, place.offset, frame.type, false});
-    }
+    const std::vector<FoundObject> found = ProvenPlaces(container, typeEnd, findings);
+    m_objects.reserve(found.size());
+    for (const FoundObject& object : found)
+        m_objects.push_back({object.handle, object.offset, object.type, false});
     m_classes.resize(typeEnd > kFirstClass ? typeEnd - kFirstClass : 0);
     for (const ObjectClass& one : classes) {
         ClassRows& rows = m_classes[one.number - kFirstClass];

@@ -136,7 +136,7 @@ void DwgReading::WriteOrphans(const BlockHeader& block)
 /// Of an entity that has a row or a class.
 std::string_view DwgReading::NameOf(const IndexedObject& entity, const EntityRow* row) const
 {
-    return row != nullptr ? std::string_view(row->name) : std::string_view(m_index.ClassOf(entity.type)->name);
+    return row != nullptr ? row->name : std::string_view(m_index.ClassOf(entity.type)->name);
 }
 
 /// False: it is damaged, and left out.

@@ -10,8 +10,8 @@ namespace sm::drawing::dwg {
 using DecodeRecord = void (*)(Object&);
 
 struct RecordRow {
-    std::uint32_t type; ///< 0: known by its class alone
-    const char* name;   ///< of its class, and in DXF
+    std::uint32_t type;    ///< 0: known by its class alone
+    std::string_view name; ///< of its class, and in DXF
     DecodeRecord decode;
 };
 

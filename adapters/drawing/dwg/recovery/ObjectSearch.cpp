@@ -44,19 +44,25 @@ bool ChecksumHolds(std::string_view objects, std::uint64_t begin, std::uint64_t 
     return Crc16(kCrcSeed, objects.substr(begin, end - begin)) == LoadAt<std::uint16_t>(objects, end);
 }
 
-/// Adds what only the search found. An object that stands where the map says stays, whatever else has its handle.
-void Merge(std::vector<ObjectPlace>& proven, const std::vector<ObjectPlace>& found)
+/// With what only the search found. An object that stands where the map says stays, whatever else has its handle.
+std::vector<FoundObject> Merged(const Container& container, std::uint32_t typeEnd,
+                                const std::vector<FoundObject>& proven)
 {
-    std::vector<ObjectPlace> all = found;
-    all.insert(all.end(), proven.begin(), proven.end());
-    SortPlaces(all);
-    proven = std::move(all);
+    std::vector<ObjectPlace> places = SearchObjects(container, typeEnd);
+    places.insert(places.end(), proven.begin(), proven.end());
+    SortPlaces(places);
+    std::vector<FoundObject> all;
+    all.reserve(places.size());
+    for (const ObjectPlace& place : places)
+        if (const std::optional<ObjectFrame> frame = FrameAt(container, place.offset, typeEnd))
+            all.push_back({place, frame->type});
+    return all;
 }
 
-std::uint32_t CountMissing(const std::vector<ObjectPlace>& lost, const std::vector<ObjectPlace>& places)
+std::uint32_t CountMissing(const std::vector<ObjectPlace>& lost, const std::vector<FoundObject>& objects)
 {
     return static_cast<std::uint32_t>(std::ranges::count_if(lost, [&](const ObjectPlace& place) {
-        return !std::ranges::binary_search(places, place.handle, {}, &ObjectPlace::handle);
+        return !std::ranges::binary_search(objects, place.handle, {}, &FoundObject::handle);
     }));
 }
 
@@ -112,17 +118,21 @@ std::vector<ObjectPlace> SearchObjects(const Container& container, std::uint32_t
     return found;
 }
 
-std::vector<ObjectPlace> ProvenPlaces(const Container& container, std::uint32_t typeEnd, FindingList& findings)
+std::vector<FoundObject> ProvenPlaces(const Container& container, std::uint32_t typeEnd, FindingList& findings)
 {
-    std::vector<ObjectPlace> proven, lost;
+    std::vector<FoundObject> proven;
+    std::vector<ObjectPlace> lost;
     proven.reserve(container.Map().size());
     for (const ObjectPlace& place : container.Map()) {
         const std::optional<ObjectFrame> frame = FrameAt(container, place.offset, typeEnd);
-        (frame && frame->handle == place.handle ? proven : lost).push_back(place);
+        if (frame && frame->handle == place.handle)
+            proven.push_back({place, frame->type});
+        else
+            lost.push_back(place);
     }
     if (lost.empty() && !container.MapDamaged())
         return proven;
-    Merge(proven, SearchObjects(container, typeEnd));
+    proven = Merged(container, typeEnd, proven);
     findings.Add(Damage::MapDamaged, 0);
     if (const std::uint32_t missing = CountMissing(lost, proven); missing != 0)
         findings.Add(Damage::ObjectMisplaced, 0, missing);

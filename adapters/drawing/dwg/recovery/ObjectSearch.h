@@ -15,6 +15,11 @@ struct ObjectFrame {
     std::uint32_t type = 0;
 };
 
+/// An object that stands where it is said to.
+struct FoundObject : ObjectPlace {
+    std::uint32_t type = 0;
+};
+
 /// The frame at `offset` of the container's objects; nothing when no object can start there. Classes are
 /// numbered below `typeEnd`.
 std::optional<ObjectFrame> FrameAt(const Container& container, std::uint64_t offset, std::uint32_t typeEnd);
@@ -22,7 +27,7 @@ std::optional<ObjectFrame> FrameAt(const Container& container, std::uint64_t off
 /// The places of all objects, ascending by handle: those of the container's map at which an object of that handle
 /// stands, and, when one of them is wrong or the map is damaged, those that a search by frames and checksums finds.
 /// `typeEnd` is one above the highest class number; 0 when the classes can't be read.
-std::vector<ObjectPlace> ProvenPlaces(const Container& container, std::uint32_t typeEnd, FindingList& findings);
+std::vector<FoundObject> ProvenPlaces(const Container& container, std::uint32_t typeEnd, FindingList& findings);
 
 /// Every object of the stream whose checksum is right, in the order of the stream.
 std::vector<ObjectPlace> SearchObjects(const Container& container, std::uint32_t typeEnd);
