@@ -31,6 +31,10 @@ public:
     [[nodiscard]] bool AtEnd() const { return m_at == m_end; }
     [[nodiscard]] bool CutOff() const { return m_cutOff; }
 
+    /// For who has proven that so many bytes are left.
+    [[nodiscard]] const char* At() const { return m_at; }
+    void MoveTo(const char* at) { m_at = at; }
+
 private:
     const char* m_at;
     const char* m_end;
@@ -49,6 +53,10 @@ public:
     [[nodiscard]] std::size_t Written() const { return static_cast<std::size_t>(m_at - m_begin); }
     [[nodiscard]] bool Full() const { return m_at == m_end; }
     [[nodiscard]] std::size_t Left() const { return static_cast<std::size_t>(m_end - m_at); }
+
+    /// For who has proven that there is room.
+    [[nodiscard]] char* At() const { return m_at; }
+    void MoveTo(char* at) { m_at = at; }
 
     /// Room for so many bytes, which the caller writes; null when they don't fit.
     char* Claim(std::size_t count)
@@ -123,5 +131,22 @@ private:
     char* m_at;
     char* m_end;
 };
+
+/// Repeats what stands `distance` bytes in front of `to`, the first sixteen bytes at once: the caller has proven that
+/// both are there, and room for fifteen bytes more.
+inline void RepeatShort(char* to, std::size_t distance, std::size_t length)
+{
+    constexpr std::size_t kWord = 8;
+    const char* const from = to - distance;
+    if (distance < kWord) {
+        for (std::size_t i = 0; i < length; ++i)
+            to[i] = from[i];
+        return;
+    }
+    std::memcpy(to, from, kWord);
+    std::memcpy(to + kWord, from + kWord, kWord);
+    for (std::size_t done = 2 * kWord; done < length; done += kWord)
+        std::memcpy(to + done, from + done, kWord);
+}
 
 } // namespace sm::drawing::dwg

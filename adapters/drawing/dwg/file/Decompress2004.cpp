@@ -54,6 +54,47 @@ Reference ReadReference(unsigned opcode, ByteSource& source)
     return found;
 }
 
+/// What a short reference and the literals behind it read and write at most, all steps being whole.
+constexpr std::size_t kMostRead = 48, kMostWritten = 96;
+
+/// The most frequent case: references and literals that tell their lengths in one byte, far from both ends. Begins
+/// with `opcode` and gives the first one that is something else.
+unsigned PassShort(unsigned opcode, ByteSource& source, ByteTarget& target)
+{
+    const auto byte = [](const char* at) { return static_cast<unsigned char>(*at); };
+    while (source.Left() >= kMostRead && target.Left() >= kMostWritten && opcode > kEndMark) {
+        const char* from = source.At();
+        char* to = target.At();
+        std::size_t length = (opcode >> 4U) - 1, distance = ((byte(from) << 2U) | ((opcode >> 2U) & 3U)) + 1;
+        unsigned literals = opcode & 3U;
+        if (opcode < 0x40) {
+            const bool isNear = opcode >= 0x20;
+            length = opcode & (isNear ? 0x1FU : 0x07U);
+            if (length == 0)
+                break;
+            length += 2;
+            literals = byte(from) & 3U;
+            distance = (byte(from) >> 2U) | (byte(from + 1) << 6U);
+            distance += isNear ? 1 : 0x4000 + ((opcode & 8U) << 11U);
+            ++from;
+        }
+        ++from;
+        if (distance > target.Written())
+            break;
+        RepeatShort(to, distance, length);
+        to += length;
+        std::memcpy(to, from, 4);
+        target.MoveTo(to + literals);
+        source.MoveTo(from + literals + 1);
+        opcode = byte(from + literals);
+        if (literals == 0 && opcode < 0x10) {
+            target.Pass(LiteralCount(opcode, source), source);
+            opcode = source.Next();
+        }
+    }
+    return opcode;
+}
+
 } // namespace
 
 Decompressed Decompress2004(std::string_view bytes, std::span<char> room)
@@ -67,6 +108,7 @@ Decompressed Decompress2004(std::string_view bytes, std::span<char> room)
             target.Pass(literals, source);
             opcode = source.Next();
         }
+        opcode = PassShort(opcode, source, target);
         if (opcode == kEndMark || target.Full()) {
             target.Finish();
             return {target.Written(), true};

@@ -90,15 +90,19 @@ void PutOrdered(std::size_t count, ByteSource& source, ByteTarget& target)
 
 void CopyLiterals(std::size_t count, ByteSource& source, ByteTarget& target)
 {
+    for (; count >= kBlock && source.Left() >= kBlock && target.Left() >= kBlock; count -= kBlock)
+        CopyOrdered<kBlock>(target.Claim(kBlock), source.Take(kBlock).data());
     for (; count >= kBlock && !source.CutOff() && !target.Full(); count -= kBlock)
         PutOrdered(kBlock, source, target);
     if (count < kBlock)
         PutOrdered(count, source, target);
 }
 
+/// A run of that many literals has its length in the bytes that follow.
+constexpr std::size_t kLong = 0x17;
+
 std::size_t LiteralRun(unsigned opcode, ByteSource& source)
 {
-    constexpr std::size_t kLong = 0x17;
     std::size_t count = opcode + 8;
     if (count != kLong)
         return count;
@@ -162,11 +166,65 @@ CodedReference ReadCodedReference(unsigned opcode, ByteSource& source)
     return found;
 }
 
+/// What a short reference and the literals behind it read and write at most, all steps being whole.
+constexpr std::size_t kStepReads = 32, kStepWrites = 96;
+
+/// The most frequent case: short references and literals, far from both ends. Begins with `opcode` and gives the first
+/// one that is something else.
+unsigned PassShortCoded(unsigned opcode, ByteSource& source, ByteTarget& target)
+{
+    while (source.Left() >= kStepReads && target.Left() >= kStepWrites) {
+        const char* from = source.At();
+        const auto byte = [from](int at) { return static_cast<unsigned char>(from[at]); };
+        const unsigned kind = opcode >> 4U;
+        if (kind == 2)
+            break;
+        unsigned last = byte(0);
+        std::size_t length = kind, distance = (opcode & 15U) + ((last & 0xF8U) << 1U) + 1;
+        if (kind < 2) {
+            last = byte(1);
+            length = (opcode & 15U) + (kind == 0 ? 0x13 + ((last >> 3U) & 0x10U) : 3);
+            distance = byte(0) + ((last & (kind == 0 ? 0x78U : 0xF8U)) << 5U) + 1;
+            ++from;
+        }
+        ++from;
+        if (distance > target.Written())
+            break;
+        char* to = target.At();
+        RepeatShort(to, distance, length);
+        to += length;
+        std::size_t literals = last & 7U;
+        if (literals == 0) {
+            opcode = static_cast<unsigned char>(*from++);
+            if (opcode >= 0x10) {
+                opcode = opcode >= 0xF0 ? opcode & 15U : opcode;
+                source.MoveTo(from);
+                target.MoveTo(to);
+                continue;
+            }
+            literals = opcode + 8;
+        }
+        if (literals == kLong) {
+            source.MoveTo(from);
+            target.MoveTo(to);
+            CopyLiterals(LiteralRun(opcode, source), source, target);
+            opcode = source.Next();
+            continue;
+        }
+        kCopies[literals](to, from);
+        target.MoveTo(to + literals);
+        opcode = static_cast<unsigned char>(from[literals]);
+        source.MoveTo(from + literals + 1);
+    }
+    return opcode;
+}
+
 /// References up to the next literal run: gives its length, 0 at the end. False in `sound`: one names nothing.
 std::size_t CopyReferences(ByteSource& source, ByteTarget& target, bool& sound)
 {
     unsigned opcode = source.Next();
     while (!target.Full()) {
+        opcode = PassShortCoded(opcode, source, target);
         const CodedReference reference = ReadCodedReference(opcode, source);
         sound = !source.CutOff() && target.Repeat(reference.distance, reference.length);
         if (!sound || source.AtEnd())

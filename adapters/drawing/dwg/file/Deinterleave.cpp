@@ -12,37 +12,38 @@ namespace sm::drawing::dwg {
 namespace {
 
 #ifdef __SSE2__
-constexpr std::uint64_t kTile = 16;
+constexpr std::uint64_t kRows = 8, kColumns = 16;
 
-/// Sixteen rows of sixteen bytes, `from` bytes apart, become columns, `to` bytes apart.
+/// Eight rows of sixteen bytes, `from` bytes apart, become columns, `to` bytes apart.
 void Turn(const char* source, std::uint64_t from, char* target, std::uint64_t to)
 {
-    using Rows = std::array<__m128i, kTile>;
+    using Rows = std::array<__m128i, kRows>;
     Rows rows, turned;
-    for (std::uint64_t i = 0; i < kTile; ++i)
+    for (std::uint64_t i = 0; i < kRows; ++i)
         rows[i] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(source + i * from));
-    // Rows i and i + 8 are merged byte by byte. Done four times, each byte has gone from its row to its column.
+    // Rows i and i + 4 are merged byte by byte. Done three times, each has two columns.
     const auto merge = [](const Rows& in, Rows& out) {
-        for (std::size_t i = 0; i < kTile / 2; ++i) {
-            out[2 * i] = _mm_unpacklo_epi8(in[i], in[i + kTile / 2]);
-            out[2 * i + 1] = _mm_unpackhi_epi8(in[i], in[i + kTile / 2]);
+        for (std::size_t i = 0; i < kRows / 2; ++i) {
+            out[2 * i] = _mm_unpacklo_epi8(in[i], in[i + kRows / 2]);
+            out[2 * i + 1] = _mm_unpackhi_epi8(in[i], in[i + kRows / 2]);
         }
     };
     merge(rows, turned);
     merge(turned, rows);
     merge(rows, turned);
-    merge(turned, rows);
-    for (std::uint64_t i = 0; i < kTile; ++i)
-        _mm_storeu_si128(reinterpret_cast<__m128i*>(target + i * to), rows[i]);
+    for (std::uint64_t i = 0; i < kRows; ++i, target += 2 * to) {
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(target), turned[i]);
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(target + to), _mm_unpackhi_epi64(turned[i], turned[i]));
+    }
 }
 
-/// All of a table that has no row or column less than a block. The last blocks lie over those before them.
+/// All of a table that has no less than a tile's rows and columns. The last tiles lie over those before them.
 void TurnAll(const char* source, std::uint64_t count, std::uint64_t data, char* target)
 {
-    for (std::uint64_t word = 0; word < count; word += kTile) {
-        word = std::min(word, count - kTile);
-        for (std::uint64_t row = 0; row < data; row += kTile) {
-            row = std::min(row, data - kTile);
+    for (std::uint64_t word = 0; word < count; word += kColumns) {
+        word = std::min(word, count - kColumns);
+        for (std::uint64_t row = 0; row < data; row += kRows) {
+            row = std::min(row, data - kRows);
             Turn(source + row * count + word, count, target + word * data + row, data);
         }
     }
@@ -55,7 +56,7 @@ void Deinterleave(std::string_view bytes, std::uint64_t count, std::uint64_t dat
 {
     target.resize(count * data);
 #ifdef __SSE2__
-    if (count >= kTile && data >= kTile && bytes.size() >= count * data) {
+    if (count >= kColumns && data >= kRows && bytes.size() >= count * data) {
         TurnAll(bytes.data(), count, data, target.data());
         return;
     }
