@@ -64,6 +64,9 @@ void TagSink::OpenSlice(std::vector<NamedSlice>& list, std::string_view name)
 
 void TagSink::Variable(std::string_view name)
 {
+    constexpr std::size_t kUsual = 320;
+    if (m_found.variables.empty())
+        m_found.variables.reserve(kUsual);
     OpenSlice(m_found.variables, name);
 }
 

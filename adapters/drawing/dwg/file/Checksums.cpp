@@ -1,8 +1,8 @@
 #include "dwg/file/Checksums.h"
 
 #include <array>
-#ifdef __SSE2__
 #include <cstring>
+#ifdef __SSE2__
 #include <emmintrin.h>
 #endif
 
@@ -22,16 +22,33 @@ template <class T> constexpr std::array<T, 256> TableOf(T polynomial)
     return table;
 }
 
-constexpr auto kTable16 = TableOf<std::uint16_t>(0xA001);
+/// Row i: what a byte becomes when i zeros follow it.
+using Tables16 = std::array<std::array<std::uint16_t, 256>, 8>;
+constexpr Tables16 kTables16 = [] {
+    Tables16 tables{TableOf<std::uint16_t>(0xA001)};
+    for (std::size_t i = 1; i < tables.size(); ++i)
+        for (std::size_t byte = 0; byte < tables[i].size(); ++byte) {
+            const std::uint16_t before = tables[i - 1][byte];
+            tables[i][byte] = static_cast<std::uint16_t>((before >> 8U) ^ tables[0][before & 0xFFU]);
+        }
+    return tables;
+}();
 constexpr auto kTable32 = TableOf<std::uint32_t>(0xEDB88320);
 
 } // namespace
 
 std::uint16_t Crc16(std::uint16_t seed, std::string_view bytes)
 {
-    unsigned rest = seed;
+    std::uint64_t rest = seed;
+    for (std::uint64_t word = 0; bytes.size() >= sizeof word; bytes.remove_prefix(sizeof word)) {
+        std::memcpy(&word, bytes.data(), sizeof word);
+        word ^= rest;
+        rest = 0;
+        for (std::size_t i = 0; i < sizeof word; ++i)
+            rest ^= kTables16[sizeof word - 1 - i][word >> (8 * i) & 0xFFU];
+    }
     for (const char c : bytes)
-        rest = (rest >> 8U) ^ kTable16[(rest ^ static_cast<unsigned char>(c)) & 0xFFU];
+        rest = (rest >> 8U) ^ kTables16[0][(rest ^ static_cast<unsigned char>(c)) & 0xFFU];
     return static_cast<std::uint16_t>(rest);
 }
 

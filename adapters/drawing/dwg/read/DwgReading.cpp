@@ -111,8 +111,8 @@ void DwgReading::FindTable(Table table, Handle control)
     for (std::size_t i = 0; i < entries.size() && table == Table::Block; ++i)
         m_blockNumbers.emplace(entries[i], i);
     std::erase_if(entries, [&](Handle handle) {
-        const IndexedObject* const entry = m_index.Find(handle);
-        return entry == nullptr || entry->type != types.entry || !m_listed.insert(handle).second;
+        IndexedObject* const entry = m_index.Find(handle);
+        return entry == nullptr || entry->type != types.entry || std::exchange(entry->listed, true);
     });
 }
 
@@ -120,6 +120,7 @@ void DwgReading::CollectNames()
 {
     for (const TableLink& link : kTables) {
         FindTable(link.table, m_links.*link.control);
+        m_names.entries.reserve(m_names.entries.size() + EntriesOf(link.table).size());
         for (const Handle handle : EntriesOf(link.table))
             if (Open(m_object, m_index.Find(handle)))
                 m_names.entries.insert_or_assign(handle, ReadEntryName(m_object));

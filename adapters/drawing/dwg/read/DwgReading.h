@@ -8,7 +8,6 @@
 #include "tags/Source.h"
 
 #include <array>
-#include <unordered_set>
 
 namespace sm::drawing::dwg {
 
@@ -72,7 +71,6 @@ private:
     HeaderLinks m_links;
     std::array<Entries, static_cast<std::size_t>(Table::Count)> m_entries;
     std::unordered_map<Handle, std::size_t> m_blockNumbers; ///< places in the table of blocks
-    std::unordered_set<Handle> m_listed;                    ///< entries of tables: each counts once
     std::vector<BlockHeader> m_blocks;
     std::unordered_map<Handle, Entries> m_orphans; ///< entities by owner, when a chain is broken
     std::vector<IndexedObject*> m_waiting;

@@ -78,7 +78,7 @@ ObjectIndex::ObjectIndex(const Container& container, const std::vector<ObjectCla
     const std::vector<FoundObject> found = ProvenPlaces(container, typeEnd, findings);
     m_objects.reserve(found.size());
     for (const FoundObject& object : found)
-        m_objects.push_back({object.handle, object.offset, object.type, false});
+        m_objects.push_back({object.handle, object.offset, object.type, false, false});
     m_classes.resize(typeEnd > kFirstClass ? typeEnd - kFirstClass : 0);
     for (const ObjectClass& one : classes) {
         ClassRows& rows = m_classes[one.number - kFirstClass];

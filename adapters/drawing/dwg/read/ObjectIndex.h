@@ -15,7 +15,8 @@ struct IndexedObject {
     Handle handle = 0;
     std::uint64_t offset = 0;
     std::uint32_t type = 0;
-    bool taken = false; ///< written already
+    bool taken = false;  ///< written already
+    bool listed = false; ///< in a table: each entry counts once
 };
 
 class ObjectIndex {
