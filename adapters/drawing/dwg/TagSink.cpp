@@ -39,12 +39,12 @@ void TagSink::ListEntity()
 bool TagSink::Abandon()
 {
     if (m_open == Open::Entity) {
-        m_bytes.resize(m_entity.begin);
+        m_bytes.CutTo(m_entity.begin);
     } else if (m_open == Open::Entry) {
-        m_bytes.resize(m_list->back().slice.begin);
+        m_bytes.CutTo(m_list->back().slice.begin);
         m_list->pop_back();
     } else if (m_open == Open::BlockHeader) {
-        m_bytes.resize(m_found.blocks.back().header.begin);
+        m_bytes.CutTo(m_found.blocks.back().header.begin);
         m_found.blocks.pop_back();
         m_inBlock = false;
     } else {
@@ -151,12 +151,11 @@ void TagSink::Text(int code, std::string_view text)
     ++m_found.tags;
     text = text.substr(0, text.find('\0'));
     const auto number = static_cast<std::int16_t>(code);
-    const std::size_t at = m_bytes.size();
-    m_bytes.resize(at + sizeof number + text.size() + 1); // with the NUL
-    char* const to = m_bytes.data() + at;
+    char* const to = m_bytes.Grow(sizeof number + text.size() + 1);
     std::memcpy(to, &number, sizeof number);
     if (!text.empty())
         std::memcpy(to + sizeof number, text.data(), text.size());
+    to[sizeof number + text.size()] = '\0';
 }
 
 void TagSink::Real(int code, double value)
@@ -202,7 +201,7 @@ void TagSink::HandleTag(int code, Handle handle)
     at -= sizeof number;
     std::memcpy(tag.data() + at, &number, sizeof number);
     ++m_found.tags;
-    m_bytes.append(tag.data() + at, tag.size() - at);
+    m_bytes.Append({tag.data() + at, tag.size() - at});
 }
 
 void TagSink::Chunks(int code, std::string_view bytes)
@@ -211,15 +210,14 @@ void TagSink::Chunks(int code, std::string_view bytes)
     for (std::size_t at = 0; at < bytes.size(); at += kMost) {
         const std::string_view chunk = bytes.substr(at, kMost);
         Append(code, static_cast<std::uint8_t>(chunk.size()));
-        m_bytes.append(chunk);
+        m_bytes.Append(chunk);
     }
 }
 
 void TagSink::Points(int code, std::span<const double> values)
 {
-    constexpr std::size_t kCode = sizeof(std::int16_t), kTag = kCode + sizeof(double), kMost = 3;
-    std::array<char, kTag * kMost> tags;
-    char* to = tags.data();
+    constexpr std::size_t kCode = sizeof(std::int16_t), kTag = kCode + sizeof(double);
+    char* to = m_bytes.Grow(kTag * values.size());
     for (const double value : values) {
         const auto number = static_cast<std::int16_t>(code);
         std::memcpy(to, &number, kCode);
@@ -228,7 +226,6 @@ void TagSink::Points(int code, std::span<const double> values)
         code += 10;
     }
     m_found.tags += values.size();
-    m_bytes.append(tags.data(), to);
 }
 
 void TagSink::Point(int code, const Vec2& point)
@@ -243,8 +240,8 @@ void TagSink::Point(int code, const Vec3& point)
 
 std::string TagSink::Take(std::size_t from)
 {
-    std::string tags = m_bytes.substr(from);
-    m_bytes.resize(from);
+    std::string tags(std::string_view(m_bytes).substr(from));
+    m_bytes.CutTo(from);
     return tags;
 }
 

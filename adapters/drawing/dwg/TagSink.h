@@ -2,6 +2,7 @@
 // stands: what StructureScan would find in a file.
 #pragma once
 
+#include "dwg/TagBytes.h"
 #include "tags/Structure.h"
 
 #include <cstring>
@@ -15,7 +16,7 @@ namespace sm::drawing::dwg {
 
 /// The tags, and where everything stands in them. Names in `structure` are kept by `names` or live for ever.
 struct DecodedTags {
-    std::string bytes;
+    TagBytes bytes;
     Structure structure;
     std::deque<std::string> names;
 };
@@ -25,7 +26,7 @@ struct DecodedTags {
 class TagSink {
 public:
     /// Room for that many bytes is taken at once; nothing of it is touched before it is used.
-    void Reserve(std::uint64_t bytes) { m_bytes.reserve(bytes); }
+    void Reserve(std::uint64_t bytes) { m_bytes.Reserve(bytes); }
 
     void Variable(std::string_view name);
     void TableEntry(std::string_view name);
@@ -42,7 +43,7 @@ public:
     /// Every tag so far.
     void Forget()
     {
-        m_bytes.clear();
+        m_bytes.CutTo(0);
         m_open = Open::Nothing;
     }
     void PaperSpace() { m_entity.paperSpace = true; }
@@ -67,7 +68,7 @@ public:
 
     /// Cuts off what was written since the sink had that size; Put appends it again.
     std::string Take(std::size_t from);
-    void Put(std::string_view tags) { m_bytes.append(tags); }
+    void Put(std::string_view tags) { m_bytes.Append(tags); }
 
     [[nodiscard]] std::size_t Size() const { return m_bytes.size(); }
     /// Ends everything. The sink is empty afterwards.
@@ -88,13 +89,12 @@ private:
     {
         ++m_found.tags;
         const auto number = static_cast<std::int16_t>(code);
-        char tag[sizeof number + sizeof value];
+        char* const tag = m_bytes.Grow(sizeof number + sizeof value);
         std::memcpy(tag, &number, sizeof number);
         std::memcpy(tag + sizeof number, &value, sizeof value);
-        m_bytes.append(tag, sizeof tag);
     }
 
-    std::string m_bytes;
+    TagBytes m_bytes;
     Structure m_found;
     std::deque<std::string> m_names;
     std::unordered_map<std::string_view, std::uint16_t> m_unknown;

@@ -67,7 +67,7 @@ bool IsNativeDwg(std::string_view bytes)
 dwg::DwgTags ReadOldTags(const FileBytes& bytes, const std::string& path, FindingList& findings)
 {
     dwg::DecodedTags tags = dwg::ReadOldDrawing(bytes.View(), path, findings);
-    return {FileBytes::Keep(std::move(tags.bytes)), std::move(tags.structure), std::move(tags.names), nullptr};
+    return {FileBytes::Keep(std::string(tags.bytes)), std::move(tags.structure), std::move(tags.names), nullptr};
 }
 
 std::unique_ptr<Model> ReadDwgModel(const FileBytes& bytes, const std::string& path)

@@ -65,6 +65,13 @@ public:
 
     /// Up to 32 bits as a number, the first one highest.
     std::uint32_t Bits(unsigned count);
+    /// So many words of eight bytes may be looked at, and lie before the end as far as `bytes` bytes go.
+    [[nodiscard]] bool HoldsWords(std::uint64_t words, std::uint64_t bytes) const
+    {
+        return bytes <= Left() / 8 && (m_at >> 3) + words * sizeof(std::uint64_t) < m_size;
+    }
+    /// The word that stands so many words on, its first byte lowest; the reader stays.
+    [[nodiscard]] std::uint64_t WordAt(std::uint64_t words) const;
     /// Appends whole bytes, wherever they begin; none when the range ends before.
     void Copy(std::uint64_t count, std::string& target);
 
@@ -121,6 +128,15 @@ inline std::uint64_t BitReader::Word() const
     const std::uint64_t byte = m_at >> 3;
     const std::uint64_t window = Window();
     return shift == 0 ? window : window | m_bytes[byte + 8] >> (8 - shift);
+}
+
+inline std::uint64_t BitReader::WordAt(std::uint64_t words) const
+{
+    const unsigned shift = m_at & 7;
+    const unsigned char* const from = m_bytes + (m_at >> 3) + words * sizeof(std::uint64_t);
+    std::uint64_t word = 0;
+    std::memcpy(&word, from, sizeof word);
+    return shift == 0 ? word : __builtin_bswap64(__builtin_bswap64(word) << shift | from[8] >> (8 - shift));
 }
 
 inline std::uint64_t BitReader::RLL()

@@ -146,25 +146,44 @@ std::string_view Fields::Utf16(std::uint64_t units)
     return Utf16(data, units);
 }
 
-/// Most texts are letters of ASCII: four of them at a time, as long as they are nothing else.
-void Fields::AppendLetters(BitReader& reader, std::uint64_t& units)
+/// Most texts are short and hold letters of ASCII: four of them at a time. Empty when it is any other text.
+std::string_view Fields::ShortUtf16(BitReader& reader, std::uint64_t units)
 {
     constexpr std::uint64_t kPlaces = 0x0001000100010001, kNoLetter = 0xFF80 * kPlaces;
-    m_text.resize(units);
-    std::size_t size = 0;
-    BitReader ahead = reader;
-    for (; units >= 4; units -= 4) {
-        const std::uint64_t word = ahead.RLL();
+    const std::uint64_t words = (units + 3) / 4;
+    if (units > kShort || !reader.HoldsWords(words, 2 * units))
+        return {};
+    for (std::uint64_t i = 0; i < words; ++i) {
+        std::uint64_t word = reader.WordAt(i);
+        if (const std::uint64_t left = units - 4 * i; left < 4) // blanks for what is behind the text
+            word = (word & ~(~std::uint64_t{0} << 16 * left)) | 0x20 * kPlaces << 16 * left;
         // The bytes between the letters are taken for blanks.
         if ((word & kNoLetter) != 0 || NeedsCare(word | 0x2000 * kPlaces))
-            break;
+            return {};
         const std::uint64_t pairs = word | word >> 8;
         const auto four = static_cast<std::uint32_t>((pairs & 0xFFFF) | (pairs >> 16 & 0xFFFF0000));
-        std::memcpy(m_text.data() + size, &four, sizeof four);
-        size += sizeof four;
-        reader = ahead;
+        std::memcpy(m_short + 4 * i, &four, sizeof four);
     }
-    m_text.resize(size);
+    reader.Skip(16 * units);
+    return {m_short, units};
+}
+
+/// The same in a code page.
+std::string_view Fields::ShortBytes(BitReader& reader, std::uint64_t length)
+{
+    const std::uint64_t words = (length + 7) / 8;
+    if (length > kShort || !reader.HoldsWords(words, length))
+        return {};
+    for (std::uint64_t i = 0; i < words; ++i) {
+        std::uint64_t word = reader.WordAt(i);
+        std::memcpy(m_short + 8 * i, &word, sizeof word);
+        if (const std::uint64_t left = length - 8 * i; left < 8)
+            word = (word & ~(~std::uint64_t{0} << 8 * left)) | ' ' * kEachByte << 8 * left;
+        if (NeedsCare(word))
+            return {};
+    }
+    reader.Skip(8 * length);
+    return {m_short, length};
 }
 
 std::string_view Fields::Utf16(BitReader& reader, std::uint64_t units)
@@ -174,7 +193,8 @@ std::string_view Fields::Utf16(BitReader& reader, std::uint64_t units)
         reader.Fail();
         return {};
     }
-    AppendLetters(reader, units);
+    if (const std::string_view plain = ShortUtf16(reader, units); !plain.empty())
+        return plain;
     for (; units > 0; --units) {
         std::uint32_t unit = reader.RS();
         if (unit == 0)
@@ -204,6 +224,8 @@ std::string_view Fields::Bytes(BitReader& reader, std::uint64_t length)
         reader.Fail();
         return {};
     }
+    if (const std::string_view plain = ShortBytes(reader, length); !plain.empty())
+        return plain;
     // Nearly all texts need no more than a copy.
     BitReader again = reader;
     reader.Copy(length, m_text);

@@ -84,12 +84,15 @@ public:
 private:
     [[nodiscard]] Handle Resolve(RawHandle raw) const;
     std::string_view Utf16(BitReader& reader, std::uint64_t units);
-    void AppendLetters(BitReader& reader, std::uint64_t& units);
+    std::string_view ShortBytes(BitReader& reader, std::uint64_t length);
+    std::string_view ShortUtf16(BitReader& reader, std::uint64_t units);
 
     BitReader m_texts, m_links;
     bool m_ownTexts = false, m_ownLinks = false;
     bool m_doubleByte; ///< the file's code page has characters of two bytes
-    std::string m_text;
+    static constexpr std::uint64_t kShort = 96;
+    char m_short[kShort] = {}; ///< a text of plain letters
+    std::string m_text;        ///< any other
 };
 
 } // namespace sm::drawing::dwg

@@ -9,7 +9,7 @@ namespace sm::drawing::dwg {
 namespace {
 
 /// An entity of layer 0 that isn't shown.
-std::string InvisibleTags()
+TagBytes InvisibleTags()
 {
     TagSink sink;
     sink.Object("");
@@ -34,7 +34,8 @@ DecodedTags LateEntities::Read()
 
 FileBytes LateEntities::Join(std::string_view tags)
 {
-    const std::string invisible = InvisibleTags();
+    const TagBytes kept = InvisibleTags();
+    const std::string_view invisible = kept;
     m_places.resize(m_reading.Waiting().size());
     m_invisible = {tags.size(), invisible.size()};
     m_used = tags.size() + invisible.size();

@@ -8,7 +8,7 @@ DwgTags ReadDwg(const FileBytes& file, const std::string& path, FindingList& fin
 {
     auto late = std::make_unique<LateEntities>(file, path, findings);
     DecodedTags tags = late->Read();
-    FileBytes bytes = late->Any() ? late->Join(tags.bytes) : FileBytes::Keep(std::move(tags.bytes));
+    FileBytes bytes = late->Any() ? late->Join(tags.bytes) : FileBytes::Keep(std::string(tags.bytes));
     if (!late->Any())
         late.reset();
     return {std::move(bytes), std::move(tags.structure), std::move(tags.names), std::move(late)};
