@@ -37,7 +37,9 @@ constexpr std::array<std::pair<std::string_view, const char*>, 18> kNamed{{
     {"SHIFT_JIS", "CP932"},
 }};
 
-constexpr std::array<std::pair<std::string_view, const char*>, 4> kNumbered{{
+/// Pages whose converter has another name; and the one that stands for all that a system doesn't have.
+constexpr std::array<std::pair<std::string_view, const char*>, 5> kNumbered{{
+    {"1252", "CP1252"},
     {"936", "GBK"},
     {"950", "BIG5"},
     {"1361", "JOHAB"},

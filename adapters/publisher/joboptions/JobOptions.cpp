@@ -187,9 +187,10 @@ private:
         fmt::format("The job options file {} {}. Choose other job options or put the file in place.", path, what));
 }
 
+/// One byte more than the file should have, or than the most that is read.
 std::string ReadWhole(base::File& file, const std::string& path)
 {
-    std::string bytes(kLargestFile + 1, '\0');
+    std::string bytes(std::min<std::uint64_t>(file.Facts().stamp.size, kLargestFile) + 1, '\0');
     try {
         bytes.resize(file.Read(bytes.data(), bytes.size()));
     } catch (const std::system_error& error) {
