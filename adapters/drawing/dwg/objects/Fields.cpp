@@ -168,22 +168,28 @@ std::string_view Fields::ShortUtf16(BitReader& reader, std::uint64_t units)
     return {m_short, units};
 }
 
-/// The same in a code page.
+/// The same in a code page. Files up to R14 have a NUL behind many texts, which counts.
 std::string_view Fields::ShortBytes(BitReader& reader, std::uint64_t length)
 {
     const std::uint64_t words = (length + 7) / 8;
-    if (length > kShort || !reader.HoldsWords(words, length))
+    if (length == 0 || length > kShort || !reader.HoldsWords(words, length))
         return {};
     for (std::uint64_t i = 0; i < words; ++i) {
-        std::uint64_t word = reader.WordAt(i);
+        const std::uint64_t word = reader.WordAt(i);
         std::memcpy(m_short + 8 * i, &word, sizeof word);
-        if (const std::uint64_t left = length - 8 * i; left < 8)
-            word = (word & ~(~std::uint64_t{0} << 8 * left)) | ' ' * kEachByte << 8 * left;
+    }
+    const std::uint64_t shown = m_short[length - 1] == '\0' ? length - 1 : length;
+    if (shown == 0)
+        return {};
+    std::memset(m_short + shown, ' ', 8 * words - shown);
+    for (std::uint64_t i = 0; i < words; ++i) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, m_short + 8 * i, sizeof word);
         if (NeedsCare(word))
             return {};
     }
     reader.Skip(8 * length);
-    return {m_short, length};
+    return {m_short, shown};
 }
 
 std::string_view Fields::Utf16(BitReader& reader, std::uint64_t units)
