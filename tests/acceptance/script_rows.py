@@ -6,7 +6,7 @@ import unittest
 
 import pdf_tools
 from content_rows import texts
-from plot_rows import sheet
+from plot_rows import POINTS, sheet
 
 MARKS = {code: None for code in (0x200e, 0x200f, 0x202a, 0x202b, 0x202c)}
 HEBREW, ARABIC = "\u05d3\u05dc\u05ea 12", "\u0645\u0631\u062d\u0628\u0627 34"
@@ -57,4 +57,52 @@ def shaped_scripts(stand):
     assert abs(marked - letter) < 0.5, f"the mark doesn't stand on its letter: {marked:.1f}, {letter:.1f}"
 
 
-ROWS = [right_to_left_dimensions, shaped_scripts]
+STAMPS = [(HEBREW, "left"), (ARABIC, "center"), ("\u0e01\u0e48\u0e2d\u0e2a\u0e23\u0e49\u0e32\u0e07", "right"),
+          ("\u0928\u093f\u0930\u094d\u092e\u093e\u0923", "left"), ("\u0427\u0435\u0440\u0442\u0451\u0436", "center"),
+          ("\u03ba\u03ac\u03c4\u03bf\u03c8\u03b7", "right"), ("\u65bd\u5de5\u56fe", "left")]
+
+
+def stamped(stand, text, justify="left"):
+    """The PDF of a sheet with a small cross at (200, 150), stamped there in blue, and what was told."""
+    document = stand.new("R2010")
+    layout = sheet(document)
+    layout.add_line((195, 150), (205, 150))
+    layout.add_line((200, 145), (200, 155))
+    path = stand.save(document)
+    assert stand.run("set", "Stamp11", text).returncode == 0
+    told = stand.run("stamp", path, "add", "--text", "11", "--at", "200,150", "--size", "30", "--justify", justify,
+                     "--color", "blue", "--layout", "Sheet")
+    assert told.returncode == 0, told.stderr
+    pdf = path[:-4] + ".pdf"
+    result = stand.run("convert", path, "-o", pdf, "--layout", "Sheet")
+    assert result.returncode == 0, result.stderr
+    return pdf, result.stderr, path
+
+
+def stamps(stand):
+    """Stamps in Hebrew, Arabic, Thai, Devanagari, Cyrillic, Greek and Chinese stand at their point, in their colour, and are found."""
+    need_fonts_for("he", "ar", "th", "hi", "ru", "el", "zh")
+    for text, justify in STAMPS:
+        pdf, told, _ = stamped(stand, text, justify)
+        assert "stand-ins" not in told and "no font has" not in told, told
+        found = unicodedata.normalize("NFC", texts(pdf)).translate(MARKS)
+        assert text in found, f"{text!r} is not in {found!r}"
+        boxes = pdf_tools.words(pdf)
+        left, right = min(word.left for word in boxes), max(word.right for word in boxes)
+        place = {"left": left, "center": (left + right) / 2, "right": right}[justify]
+        assert abs(place - 200 * POINTS) < 0.2, f"{text!r} stands {place - 200 * POINTS:.2f} points off its point"
+        assert right - left > 30, f"{text!r} is {right - left:.1f} points wide"
+        trace = pdf_tools.output_of("mutool", "draw", "-q", "-F", "trace", pdf, "1")
+        assert trace.count("<fill_text") == trace.count('<fill_text colorspace="DeviceRGB" color="0 0 1"') > 0, trace
+
+
+def stamps_without_a_font(stand):
+    """A stamp's characters that no font has are boxes, told and counted; --strict fails."""
+    pdf, told, path = stamped(stand, "A \U0001fbff\U0001fbff")
+    remark = "note: no font has these characters, drawn as boxes: other characters, in text stamps (2 times)"
+    assert remark in told, told
+    assert "A \U0001fbff\U0001fbff" in texts(pdf), texts(pdf)
+    assert stand.run("convert", path, "-o", pdf, "--layout", "Sheet", "--strict").returncode == 1
+
+
+ROWS = [right_to_left_dimensions, shaped_scripts, stamps, stamps_without_a_font]

@@ -28,6 +28,10 @@ public:
         return Lay(text.text, {along(axes.x), along(axes.y)}, along(axes.z), text.height, text.rotation,
                    text.extrusion);
     }
+    const LaidText& Lay(std::string_view line, const LineLook&) override
+    {
+        return Lay(std::string(line), {}, 0, 1, 0, {0, 0, 1});
+    }
     [[nodiscard]] std::vector<std::string> Substitutions() const override { return {}; }
 
 private:

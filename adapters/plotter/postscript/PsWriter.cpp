@@ -27,8 +27,9 @@ std::int32_t ToDot(double value)
 
 } // namespace
 
-PsWriter::PsWriter(double unitsPerInch, std::string folder, double resolution)
-    : m_body(folder), m_pictures(std::move(folder)), m_units(unitsPerInch / base::kMillimetresPerInch),
+PsWriter::PsWriter(double unitsPerInch, std::string folder, double resolution, FontBook* fonts)
+    : m_body(folder), m_fonts(fonts != nullptr ? *fonts : m_ownFonts), m_pictures(std::move(folder)),
+      m_units(unitsPerInch / base::kMillimetresPerInch),
       m_onePen(base::kMillimetresPerInch / (resolution > 0 ? resolution : unitsPerInch))
 {
 }

@@ -32,7 +32,8 @@ class PsWriter final : public render::ICanvas {
 public:
     /// `unitsPerInch`: the step of coordinates. No pen is thinner than a dot of `resolution`, in dots per inch; 0
     /// stands for a unit. A very long page waits in a file in `folder`.
-    PsWriter(double unitsPerInch, std::string folder, double resolution = 0);
+    /// Fonts go into `fonts`, which outlives the writer, or into a book of its own.
+    PsWriter(double unitsPerInch, std::string folder, double resolution = 0, FontBook* fonts = nullptr);
     /// From here on the marks of layers are written.
     void KeepLayers() { m_keepsLayers = true; }
 
@@ -103,7 +104,8 @@ private:
     double AdvanceOf(const render::TextRun& run, std::size_t i) const;
 
     BodyText m_body;
-    FontBook m_fonts;
+    FontBook m_ownFonts;
+    FontBook& m_fonts;
     PsPictures m_pictures;
     double m_units;  ///< of a millimetre
     double m_onePen; ///< millimetres: the thinnest pen

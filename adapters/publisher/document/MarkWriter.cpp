@@ -13,9 +13,10 @@ namespace {
 /// Sends each mark of each page to its maker.
 class Writer {
 public:
-    Writer(QPDF& pdf, const std::vector<SheetPage>& pages, DocumentInfo& info, const Note& note)
-        : m_links(pdf, pages, note), m_attachments(pdf, note), m_fields(pdf, note), m_stamps(pdf, note), m_info(info),
-          m_note(note)
+    Writer(QPDF& pdf, const std::vector<SheetPage>& pages, const StampTextsMaker& texts, DocumentInfo& info,
+           const Note& note)
+        : m_links(pdf, pages, note), m_attachments(pdf, note), m_fields(pdf, note), m_stamps(pdf, texts, note),
+          m_info(info), m_note(note)
     {
     }
 
@@ -36,6 +37,7 @@ public:
     MarkTally Finish()
     {
         m_fields.Finish();
+        m_stamps.Finish();
         m_tally.embedded = m_attachments.Embedded();
         m_tally.lost = m_attachments.Lost();
         m_tally.large = m_attachments.Large();
@@ -100,9 +102,10 @@ bool Writer::Draw(const PropertyMark& mark, const SheetPage& sheet)
 
 } // namespace
 
-MarkTally WriteMarks(QPDF& pdf, const std::vector<SheetPage>& pages, DocumentInfo& info, const Note& note)
+MarkTally WriteMarks(QPDF& pdf, const std::vector<SheetPage>& pages, const StampTextsMaker& texts, DocumentInfo& info,
+                     const Note& note)
 {
-    Writer writer(pdf, pages, info, note);
+    Writer writer(pdf, pages, texts, info, note);
     for (const SheetPage& sheet : pages) {
         writer.WritePage(sheet);
     }

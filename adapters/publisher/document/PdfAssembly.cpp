@@ -135,7 +135,7 @@ MarkTally AssemblePdf(const Assembly& assembly, TargetFile& target)
         pdf.getRoot().removeKey("/Metadata");
         const std::vector<SheetPage> sheets = SizedSheets(pdf, assembly.pages);
         DocumentInfo info = assembly.info;
-        MarkTally tally = WriteMarks(pdf, sheets, info, assembly.note);
+        MarkTally tally = WriteMarks(pdf, sheets, assembly.stampTexts, info, assembly.note);
         WriteNavigation(pdf, sheets, assembly.navigation, info.Value("Title").has_value());
         WriteLayers(pdf);
         CompressStreams(pdf);

@@ -6,9 +6,11 @@
 #include "marks/Marks.h"
 #include "pages/IPageMaker.h"
 #include "publisher/Navigation.h"
+#include "publisher/StampTexts.h"
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -31,7 +33,8 @@ struct Assembly {
     std::vector<PagePlace> pages;
     DocumentInfo info;
     NavigationWanted navigation;
-    std::function<void(const std::string& line)> note; ///< never empty; hears of marks not drawn as asked
+    std::function<std::unique_ptr<IStampTexts>()> stampTexts; ///< may be empty
+    std::function<void(const std::string& line)> note;        ///< never empty; hears of marks not drawn as asked
 };
 
 /// How many points one unit of a page's coordinates is: 1, or more where a side exceeds 14,400 points, the most that

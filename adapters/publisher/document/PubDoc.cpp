@@ -212,10 +212,14 @@ std::int32_t PubDoc::SaveToPdf(const std::string& pdfPath, std::int32_t /*hostVa
         if (m_pages.empty()) {
             throw PublishFailure(PublishStatus::NoPage, "There is no page to save. Plot a sheet first.");
         }
-        const SaveRequest request{
-            m_pages, m_info, pdfPath, Folder(), m_options.navigation, m_options.useOf, [this](const std::string& line) {
-                Note(line);
-            }};
+        const SaveRequest request{m_pages,
+                                  m_info,
+                                  pdfPath,
+                                  Folder(),
+                                  m_options.navigation,
+                                  m_options.useOf,
+                                  m_options.stampTexts,
+                                  [this](const std::string& line) { Note(line); }};
         SaveReport report = SavePages(request, *m_pageMaker);
         DisposePostScript(request, deletePs);
         m_pages.clear();

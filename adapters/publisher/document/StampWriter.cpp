@@ -41,6 +41,14 @@ Object OwnDictionary(Object holder, const std::string& key)
     return own;
 }
 
+void Enter(const Object& resources, const std::string& kind, const std::map<std::string, Object>& used)
+{
+    Object own = used.empty() ? Object::newNull() : OwnDictionary(resources, kind);
+    for (const auto& [key, object] : used) {
+        own.replaceKey(key, object);
+    }
+}
+
 } // namespace
 
 Object StampWriter::FontObject(const StampFont& font)
@@ -76,21 +84,39 @@ void StampWriter::Add(const TextStampMark& mark, const SheetPage& sheet)
                            sheet.number, mark.fontName));
     }
     const StampText text = EncodeStampText(mark.text, font);
-    if (!text.complete) {
-        m_note(fmt::format("Page {}: the text stamp \"{}\" has characters that {} lacks; stand-ins are shown for them",
-                           sheet.number, mark.text, font.name));
+    std::string reason;
+    const auto form = text.complete ? std::nullopt : m_forms.Form(mark.text, font, mark.color, reason);
+    if (!text.complete && !form) {
+        m_note(
+            fmt::format("Page {}: the text stamp \"{}\" has characters that {} lacks; stand-ins are shown for them{}",
+                        sheet.number, mark.text, font.name, reason.empty() ? "" : fmt::format(" ({})", reason)));
     }
     const double size = UsableSize(mark, sheet, m_note) / sheet.unit;
     const double shift = mark.justification == 1 ? 0.5 : mark.justification == 2 ? 1 : 0;
+    const Place place{mark.x / sheet.unit, mark.y / sheet.unit, size, shift};
+    m_content += form ? InForm(*form, place) : InStandardFont(mark, font, text, place);
+}
+
+std::string StampWriter::InForm(const StampForm& form, const Place& place)
+{
+    m_usedForms.emplace(form.key, form.object);
+    const std::string size = NumberText(place.size);
+    return fmt::format("q {} 0 0 {} {} {} cm {} Do Q\n", size, size,
+                       NumberText(place.x - place.shift * form.width * place.size), NumberText(place.y), form.key);
+}
+
+std::string StampWriter::InStandardFont(const TextStampMark& mark, const StampFont& font, const StampText& text,
+                                        const Place& place)
+{
     const std::string key = FontKey(font);
     m_used.emplace(key, FontObject(font));
     const std::string shown =
-        fmt::format("BT {} {} Tf {} rg {} {} Td {} Tj ET\n", key, NumberText(size), ColorOperands(mark.color),
-                    NumberText(mark.x / sheet.unit - shift * text.width * size), NumberText(mark.y / sheet.unit),
+        fmt::format("BT {} {} Tf {} rg {} {} Td {} Tj ET\n", key, NumberText(place.size), ColorOperands(mark.color),
+                    NumberText(place.x - place.shift * text.width * place.size), NumberText(place.y),
                     Object::newString(text.codes).unparse());
-    m_content += text.complete ? shown
-                               : fmt::format("/Span << /ActualText {} >> BDC {}EMC\n",
-                                             Object::newUnicodeString(mark.text).unparse(), shown);
+    return text.complete ? shown
+                         : fmt::format("/Span << /ActualText {} >> BDC {}EMC\n",
+                                       Object::newUnicodeString(mark.text).unparse(), shown);
 }
 
 void StampWriter::FinishPage(const SheetPage& sheet)
@@ -100,14 +126,13 @@ void StampWriter::FinishPage(const SheetPage& sheet)
     }
     Object page = sheet.page;
     Object resources = OwnDictionary(page, "/Resources");
-    Object fonts = OwnDictionary(resources, "/Font");
-    for (const auto& [key, font] : m_used) {
-        fonts.replaceKey(key, font);
-    }
+    Enter(resources, "/Font", m_used);
+    Enter(resources, "/XObject", m_usedForms);
     page.addPageContents(m_pdf.newStream("q\n"), true);
     page.addPageContents(m_pdf.newStream("\nQ q\n" + m_content + "Q\n"), false);
     m_content.clear();
     m_used.clear();
+    m_usedForms.clear();
 }
 
 } // namespace sm::publisher

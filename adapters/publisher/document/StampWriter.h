@@ -1,6 +1,7 @@
 // Text stamps as page content over the plot.
 #pragma once
 
+#include "dialect/StampForms.h"
 #include "document/SheetPage.h"
 #include "marks/StampText.h"
 
@@ -12,18 +13,31 @@ namespace sm::publisher {
 /// Collects the stamps of one page after the other; font objects are shared by the whole document.
 class StampWriter {
 public:
-    StampWriter(QPDF& pdf, const Note& note) : m_pdf(pdf), m_note(note) {}
+    StampWriter(QPDF& pdf, const StampTextsMaker& texts, const Note& note)
+        : m_pdf(pdf), m_forms(pdf, texts), m_note(note)
+    {
+    }
     void Add(const TextStampMark& mark, const SheetPage& sheet);
     /// Lays the stamps added since the last call over the page's content, which keeps its own graphics state.
     void FinishPage(const SheetPage& sheet);
+    /// Gives the document what the stamps of all pages share.
+    void Finish() { m_forms.Finish(); }
 
 private:
+    struct Place {
+        double x = 0, y = 0, size = 0, shift = 0; ///< page units; how much of the width stands left of the point
+    };
+    std::string InForm(const StampForm& form, const Place& place);
+    std::string InStandardFont(const TextStampMark& mark, const StampFont& font, const StampText& text,
+                               const Place& place);
     QPDFObjectHandle FontObject(const StampFont& font);
     std::string FontKey(const StampFont& font) const;
 
     QPDF& m_pdf;
     std::map<std::string, QPDFObjectHandle> m_fonts; ///< by the PDF's name of the font
     std::map<std::string, QPDFObjectHandle> m_used;  ///< by resource name, on the present page
+    StampForms m_forms;
+    std::map<std::string, QPDFObjectHandle> m_usedForms; ///< likewise
     std::string m_content;
     const Note& m_note;
 };

@@ -1,7 +1,5 @@
 #include "context/LaidTexts.h"
 
-#include "base/text/Utf8.h"
-#include "fonts/CharacterBlocks.h"
 #include "geometry/MappedPath.h"
 #include "render/FontFace.h"
 
@@ -92,15 +90,6 @@ void DrawRun(PaintContext& context, const TextRun& from, const Matrix2& plane, s
     context.ink.Text(run, context.outline);
 }
 
-/// One remark a block of characters, counted.
-void TellMissing(PaintContext& context, const std::string& text)
-{
-    for (std::size_t at = 0; at < text.size();) {
-        const char32_t c = base::NextCharacter(text, at);
-        context.Remark(std::string(kMissingCharacters) + std::string(CharacterBlock(c)));
-    }
-}
-
 } // namespace
 
 void AppendCorners(Path& path, const std::vector<Vec2>& corners, const Matrix2& plane)
@@ -128,9 +117,7 @@ void DrawLaidText(PaintContext& context, const LaidText& text, const Matrix2& pl
     }
     for (const GlyphPart& part : text.glyphs) {
         DrawRun(context, part.run, plane, PartColor(context, part.color));
-        if (part.missing) {
-            TellMissing(context, part.run.text);
-        }
+        TellMissing(part, [&](const std::string& remark) { context.Remark(remark); });
     }
     for (const RulePart& part : text.rules) {
         DrawTextPath(context, part.path, plane, PartColor(context, part.color), IsClosed(part.path));

@@ -1,8 +1,11 @@
 #include "base/files/Paths.h"
 #include "base/files/UserFolders.h"
+#include "base/text/Utf8.h"
 #include "drawing/entities/Texts.h"
+#include "fonts/CharacterBlocks.h"
 #include "text/LineLayout.h"
 #include "text/MTextLayout.h"
+#include "text/Typesetter.h"
 
 namespace sm::render {
 
@@ -11,7 +14,8 @@ namespace {
 class Engine final : public TextEngine {
 public:
     explicit Engine(const TextFolders& folders)
-        : m_fonts(folders.data, folders.user), m_line(m_fonts, m_parts), m_paragraphs(m_fonts, m_parts)
+        : m_fonts(folders.data, folders.user), m_line(m_fonts, m_parts), m_paragraphs(m_fonts, m_parts),
+          m_plain(m_fonts, m_parts)
     {
     }
 
@@ -33,6 +37,19 @@ public:
         return m_parts.Result();
     }
 
+    const LaidText& Lay(std::string_view line, const LineLook& look) override
+    {
+        m_parts.Begin();
+        Font font = m_fonts.ForFamily(look.family, look.bold, look.italic);
+        font.faceWidth = 1; // its own letters, not those of the font that a drawing means
+        TypeStyle style;
+        style.font = &font;
+        style.height = font.face != nullptr ? font.face->CapHeight() : StrokeFont::kCapHeight;
+        const Vec2 corner{m_plain.Set(line, style, {}), style.height};
+        m_parts.Result().outline = {{0, 0}, {corner.x, 0}, corner, {0, corner.y}};
+        return m_parts.Result();
+    }
+
     std::vector<std::string> Substitutions() const override { return m_fonts.Substitutions(); }
 
 private:
@@ -40,6 +57,7 @@ private:
     LaidParts m_parts;
     LineLayout m_line;
     MTextLayout m_paragraphs;
+    Typesetter m_plain;
     drawing::MTextData m_embedded;
 };
 
@@ -48,6 +66,14 @@ private:
 TextFolders TextFoldersOf(const std::string& shareFolder)
 {
     return {shareFolder, base::ToText(base::SettingsFolder(base::Variable))};
+}
+
+void TellMissing(const GlyphPart& part, const std::function<void(const std::string& remark)>& tell)
+{
+    for (std::size_t at = 0; part.missing && at < part.run.text.size();) {
+        const char32_t c = base::NextCharacter(part.run.text, at);
+        tell(std::string(kMissingCharacters) + std::string(CharacterBlock(c)));
+    }
 }
 
 void TextEngine::Prepare()

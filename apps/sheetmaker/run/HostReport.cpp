@@ -29,7 +29,12 @@ void TakeHostReport(const cadhost::DocumentReport& host, DrawingReport& report)
         report.damage.push_back({finding.text, finding.count, finding.line, finding.contentLost});
     report.substitutions = host.substitutions;
     report.notToScale = host.notToScale;
-    for (const auto& [remark, count] : host.remarks)
+    TakeRemarks(host.remarks, report);
+}
+
+void TakeRemarks(const CountedRemarks& remarks, DrawingReport& report)
+{
+    for (const auto& [remark, count] : remarks)
         report.remarks.push_back(count > 1 ? remark + " (" + std::to_string(count) + " times)" : remark);
 }
 

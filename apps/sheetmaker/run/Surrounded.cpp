@@ -5,6 +5,7 @@
 #include "plotting/JobOptions.h"
 #include "plugin/Attempt.h"
 #include "publisher/JobOptions.h"
+#include "run/StampTexts.h"
 #include "settings/mdlDataKegIO.h"
 #include "settings/mdlWinReg.h"
 #include "system/DocumentOpener.h"
@@ -124,6 +125,9 @@ publisher::PublisherOptions Surrounded::PublishingOptions(const DrawingTask& tas
     options.refuseAttachment = [this](const std::string& path, std::uint64_t bytes) {
         return m_attachments.ReasonAgainst(path, bytes,
                                            ReadIntegerSetting(m_surroundings, SettingNamed("AttachmentLimit")));
+    };
+    options.stampTexts = [this, share = base::ToText(install.places.shareFolder)] {
+        return CreateStampTexts(share, m_report);
     };
     options.observer.note = [this](const std::string& line) { m_report.notes.push_back(line); };
     options.observer.saved = [this](const publisher::SaveReport& saved) {

@@ -4,6 +4,7 @@
 #include "ports/IDesktop.h"
 #include "ports/IPubDoc.h"
 #include "publisher/Navigation.h"
+#include "publisher/StampTexts.h"
 
 #include <chrono>
 #include <cstddef>
@@ -70,6 +71,8 @@ struct PublisherOptions {
     /// Why a file of `bytes` bytes is not to be attached, as the end of a sentence; empty text: it may be. May be
     /// empty.
     std::function<std::string(const std::string& path, std::uint64_t bytes)> refuseAttachment;
+    /// Makes who sets, for one document, the stamps that the standard fonts can't show; empty: stand-ins show them.
+    std::function<std::unique_ptr<IStampTexts>()> stampTexts;
     PublishObserver observer;
 };
 

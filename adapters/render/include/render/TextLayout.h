@@ -8,8 +8,12 @@
 #include "drawing/Drawing.h"
 #include "render/Canvas.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace sm::drawing {
 struct MTextData;
@@ -34,6 +38,9 @@ struct GlyphPart {
     std::optional<TextColor> color;
 };
 
+/// Tells, where the part shows boxes, one remark for each character that no font has.
+void TellMissing(const GlyphPart& part, const std::function<void(const std::string& remark)>& tell);
+
 /// Under-, over- and strike-through lines, fraction bars: filled or stroked like the text.
 struct RulePart {
     Path path;
@@ -47,6 +54,12 @@ struct LaidText {
     Vec3 extrusion{0, 0, 1};
     std::vector<Vec2> outline; ///< the four corners of the text's box (turned with it); empty for an empty text
     std::vector<Vec2> frame;   ///< MTEXT: the corners of its whole width and all its columns, what a mask lies behind
+};
+
+/// What a line outside of any drawing is set in.
+struct LineLook {
+    std::string family; ///< "Arial"
+    bool bold = false, italic = false;
 };
 
 /// Where fonts.map is looked for (the user's lines count before the shipped ones) and, in `user`, a folder "fonts".
@@ -66,6 +79,9 @@ public:
     /// TEXT, ATTRIB, ATTDEF. The result is valid until the next call.
     virtual const LaidText& Lay(const drawing::Drawing&, const drawing::TextData&) = 0;
     virtual const LaidText& Lay(const drawing::Drawing&, const drawing::MTextData&) = 0;
+    /// A line as it stands, without codes: on the x axis from (0, 0) on, the font's em 1 high; letters of other fonts
+    /// have the height of its own. The outline is the line's width and its capitals' height.
+    virtual const LaidText& Lay(std::string_view line, const LineLook& look) = 0;
     /// "txt.shx drawn with ... (style STANDARD)": one line for each substitution made so far.
     [[nodiscard]] virtual std::vector<std::string> Substitutions() const = 0;
 };
