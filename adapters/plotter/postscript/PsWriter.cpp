@@ -13,16 +13,16 @@ namespace {
 
 /// Interpreters keep device coordinates in 24 bits, of 1200 dots per inch at most; what lies further off the sheet is
 /// moved to here.
-constexpr double kFarthest = 4e6 * kUnitsPerInch / 1200;
+constexpr std::int32_t kFarthest = static_cast<std::int32_t>(4e6 * kUnitsPerInch / 1200);
 /// Segments after which a stroke is painted though more of the same pen follow.
 constexpr std::size_t kLongStroke = 500;
 
 std::int32_t ToDot(double value)
 {
     if (!(value > -kFarthest)) {
-        return value <= -kFarthest ? static_cast<std::int32_t>(-kFarthest) : 0;
+        return value <= -kFarthest ? -kFarthest : 0;
     }
-    return static_cast<std::int32_t>(std::lrint(std::min(value, kFarthest)));
+    return static_cast<std::int32_t>(std::lrint(std::min<double>(value, kFarthest)));
 }
 
 } // namespace
@@ -34,7 +34,7 @@ PsWriter::PsWriter(double unitsPerInch, std::string folder, double resolution, F
 {
 }
 
-PsWriter::Dot PsWriter::ToDots(render::Vec2 p) const
+Dot PsWriter::ToDots(render::Vec2 p) const
 {
     return {ToDot(p.x * m_units), ToDot(p.y * m_units)};
 }
@@ -48,32 +48,6 @@ void PsWriter::Write(const char* op)
     m_body.Advance(at + length + 1);
 }
 
-void PsWriter::WritePoint(Dot p, char op)
-{
-    char* at = m_body.Reserve(2 * base::kNumberRoom + 4);
-    at = base::PutInteger(at, p.x);
-    *at++ = ' ';
-    at = base::PutInteger(at, p.y);
-    *at++ = ' ';
-    *at++ = op;
-    *at++ = '\n';
-    m_body.Advance(at);
-}
-
-void PsWriter::WriteCubic(Dot a, Dot b, Dot c)
-{
-    char* at = m_body.Reserve(6 * base::kNumberRoom + 8);
-    for (const Dot p : {a, b, c}) {
-        at = base::PutInteger(at, p.x);
-        *at++ = ' ';
-        at = base::PutInteger(at, p.y);
-        *at++ = ' ';
-    }
-    *at++ = 'c';
-    *at++ = '\n';
-    m_body.Advance(at);
-}
-
 void PsWriter::WriteNumber(double value, int digits)
 {
     char* at = m_body.Reserve(base::kNumberRoom + 2);
@@ -85,6 +59,7 @@ void PsWriter::WriteNumber(double value, int digits)
 void PsWriter::EndStroke()
 {
     if (m_openSegments > 0) {
+        m_path.WriteTo(m_body, true);
         Write("S");
         m_openSegments = 0;
     }
@@ -95,7 +70,7 @@ void PsWriter::BeginSubPath()
 {
     if (!m_pencil.drawn) {
         if (!m_pencil.onPaper || m_pencil.at != m_pencil.start) {
-            WritePoint(m_pencil.start, 'm');
+            m_path.MoveTo(m_pencil.start);
         }
         m_pencil.at = m_pencil.start;
         m_pencil.onPaper = true;
@@ -110,7 +85,7 @@ void PsWriter::LineTo(Dot p)
         return;
     }
     BeginSubPath();
-    WritePoint(p, 'l');
+    m_path.LineTo(p);
     m_pencil.at = p;
     ++m_openSegments;
 }
@@ -124,7 +99,7 @@ void PsWriter::CubicTo(Dot a, Dot b, Dot c)
     }
     m_pencil.asked = true;
     BeginSubPath();
-    WriteCubic(a, b, c);
+    m_path.CubicTo(a, b, c);
     m_pencil.at = c;
     ++m_openSegments;
 }
@@ -134,7 +109,7 @@ void PsWriter::EndSubPath()
     if (m_pencil.asked && !m_pencil.drawn) { // of no length: a dot
         m_pencil.onPaper = false;
         BeginSubPath();
-        WritePoint(m_pencil.at, 'l');
+        m_path.LineTo(m_pencil.at);
         ++m_openSegments;
     }
     m_pencil.asked = false;
@@ -146,7 +121,7 @@ void PsWriter::Close()
     const bool wasDrawn = m_pencil.drawn;
     EndSubPath();
     if (wasDrawn) {
-        Write("h");
+        m_path.Close();
         m_pencil.onPaper = false;
     }
 }
@@ -204,6 +179,7 @@ void PsWriter::Fill(const render::Path& path, std::uint32_t color, render::FillR
     m_hasInk = true;
     SetColor(color, false);
     Draw(path, false);
+    m_path.WriteTo(m_body, false);
     if (m_openSegments > 0) {
         Write(rule == render::FillRule::EvenOdd ? "f*" : "f");
     }
@@ -218,8 +194,9 @@ void PsWriter::PushClip(const render::Path& path, render::FillRule rule)
     Write("q");
     Draw(path, false);
     if (m_openSegments == 0) { // an empty clip shows nothing
-        WritePoint({}, 'm');
+        m_path.MoveTo({});
     }
+    m_path.WriteTo(m_body, false);
     Write(rule == render::FillRule::EvenOdd ? "W*" : "W");
     Write("n");
     m_openSegments = 0;

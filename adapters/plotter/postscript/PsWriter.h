@@ -14,6 +14,7 @@
 
 #include "fonts/FontBook.h"
 #include "postscript/BodyText.h"
+#include "postscript/PathText.h"
 #include "postscript/PsPictures.h"
 #include "render/Canvas.h"
 
@@ -25,8 +26,9 @@
 
 namespace sm::plotter {
 
-/// Coordinates of a page: 0.005 point, whatever the resolution that it is printed with.
-inline constexpr double kUnitsPerInch = 14400;
+/// Coordinates of a page are whole units of 0.0065 point, whatever the resolution that it is printed with: a place is
+/// at most 0.0046 point off, half the diagonal, which leaves room for readers that count in single precision.
+inline constexpr double kUnitsPerInch = 72 / 0.0065;
 
 class PsWriter final : public render::ICanvas {
 public:
@@ -56,10 +58,6 @@ public:
     [[nodiscard]] const std::set<std::uint32_t>& Layers() const { return m_layers; }
 
 private:
-    struct Dot {
-        std::int32_t x = 0, y = 0;
-        friend bool operator==(const Dot&, const Dot&) = default;
-    };
     /// Where the path being written stands.
     struct Pencil {
         Dot start, at;
@@ -78,8 +76,6 @@ private:
 
     [[nodiscard]] Dot ToDots(render::Vec2 p) const;
     void Write(const char* op);
-    void WritePoint(Dot p, char op);
-    void WriteCubic(Dot a, Dot b, Dot c);
     void WriteNumber(double value, int digits);
     void SetPen(const render::StrokeStyle& style);
     void SetColor(std::uint32_t color, bool strokes);
@@ -113,6 +109,7 @@ private:
     std::vector<State> m_saved;
     render::StrokeStyle m_pen; ///< of the open stroke
     Pencil m_pencil;
+    PathText m_path;                  ///< being written; of the open stroke, if there is one
     std::size_t m_openSegments = 0;   ///< of the open stroke; 0: none is open
     std::string m_codes, m_shown;     ///< of the string being written; what is shown so far
     std::optional<std::size_t> m_cut; ///< of the stroked font in use
