@@ -1,5 +1,7 @@
 #include "system/SystemPorts.h"
 
+#include <charconv>
+#include <cstdlib>
 #include <ctime>
 
 namespace sm::system {
@@ -7,21 +9,44 @@ namespace {
 
 class Clock final : public IClock {
 public:
+    explicit Clock(std::optional<std::int64_t> fixed) : m_fixed(fixed) {}
+
     LocalDateTime Now() override
     {
+        if (m_fixed)
+            return LocalDateTime(std::chrono::seconds(*m_fixed));
         const std::time_t now = std::time(nullptr);
         std::tm local{};
         if (!localtime_r(&now, &local))
             return LocalDateTime(std::chrono::seconds(now));
         return LocalDateTime(std::chrono::seconds(now + local.tm_gmtoff));
     }
+
+private:
+    std::optional<std::int64_t> m_fixed; ///< seconds since 1970, UTC
 };
 
 } // namespace
 
-std::unique_ptr<IClock> CreateClock()
+std::optional<std::int64_t> BuildDate(const Environment& environment)
 {
-    return std::make_unique<Clock>();
+    constexpr std::int64_t kLastSecond = 253'402'300'799; // of the year 9999
+    const std::string text = environment("SOURCE_DATE_EPOCH").value_or("");
+    std::int64_t seconds = 0;
+    const char* const end = text.data() + text.size();
+    const auto [next, failed] = std::from_chars(text.data(), end, seconds);
+    const bool valid = failed == std::errc() && next == end && seconds >= 0 && seconds <= kLastSecond;
+    return valid ? std::optional(seconds) : std::nullopt;
+}
+
+std::unique_ptr<IClock> CreateClock(const Environment& environment)
+{
+    const std::optional<std::int64_t> fixed = BuildDate(environment);
+    if (fixed) { // dates are written with the offset of the time zone
+        setenv("TZ", "UTC0", 1);
+        tzset();
+    }
+    return std::make_unique<Clock>(fixed);
 }
 
 } // namespace sm::system

@@ -144,6 +144,14 @@ def tool_without_right(stand):
     no_tool(stand)
 
 
+def in_grey(fault):
+    """With job options that turn colours, which the interpreter does."""
+    def both(stand):
+        fault(stand)
+        stand.greyscale = True
+    return both
+
+
 def unloadable_tool(stand):
     stand.write("bin/gs", "#!/no/such/shell\n", 0o755)
     no_tool(stand)
@@ -176,7 +184,8 @@ def no_plot(reason):
 
 LOG_QUESTION = (r"error: An unknown error occurred during Sheetmaker PDF execution\. .* Would you like to view the log file "
                 r'now\? \[answered: Cancel; "sheetmaker log" shows it\]')
-NO_TOOL = r"sheetmaker convert: Ghostscript \(gs\) is not installed: sudo apt-get install ghostscript"
+NO_TOOL = (r'Ghostscript \("gs"\) is not installed: PostScript of other programs, and job options that turn colours or downsample '
+           r"pictures, need it\. Install it: sudo apt-get install ghostscript")
 STOPPED = r"Page 1: its PostScript stopped the interpreter before its end \(.*/page-1\.ps\)\."
 NO_DRIVER = r"warning: The Postscript HDI driver \(ps6\.hdi, ps7\.hdi or ps8\.hdi\) is required to make PDF files\. .*"
 NO_PLOTTER = (r"error: There was an error setting the printer for the PDF conversion\. The Sheetmaker PDF install folder could "
@@ -191,8 +200,9 @@ FAULTS = [
      lines(r"sheetmaker convert: A temporary folder could not be made in /proc: No such file or directory\. Free the folder's "
            r"space or set TMPDIR to a folder that can be written\.")),
     ("temporary folder is a file", temporary_file, 0, []),
-    ("interpreter missing", no_tool, 3, lines(NO_TOOL)),
-    ("interpreter without the right to run", tool_without_right, 3, lines(NO_TOOL)),
+    ("interpreter missing, not needed", no_tool, 0, []),
+    ("interpreter missing", in_grey(no_tool), 3, failed(NO_TOOL, LOG_QUESTION)),
+    ("interpreter without the right to run", in_grey(tool_without_right), 3, failed(NO_TOOL, LOG_QUESTION)),
     ("interpreter fails", tool("echo 'boom' >&2; exit 3\n"), 1, failed(STOPPED, LOG_QUESTION)),
     ("interpreter is killed", tool("kill -9 $$\n"), 1,
      failed(r"Page 1: the PostScript interpreter was ended by signal 9 \(Killed\)\.", LOG_QUESTION)),
@@ -229,7 +239,7 @@ FAULTS = [
      lines(NOT_SAVED + r"\(File too large\); save it under another name")),
     ("stamp: the backup's name is taken", stamping(backup_is_a_folder), 1,
      lines(NOT_SAVED + r"\(.*\); save it under another name")),
-    ("publish: interpreter missing", publishing(fault=no_tool), 3, lines(NO_TOOL.replace("convert", "publish"))),
+    ("publish: interpreter missing", publishing(fault=in_grey(no_tool)), 3, lines("sheetmaker publish: " + NO_TOOL)),
     ("publish: interpreter fails", publishing(fault=tool("exit 3\n")), 1, lines("sheetmaker publish: " + STOPPED)),
     ("publish: a drawing missing", publishing("none.dxf"), 1,
      lines(r"none\.dxf: failed: there is no such file; check the name",

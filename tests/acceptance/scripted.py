@@ -210,7 +210,95 @@ def title(stand):
     stand.same([line for line in info if line.startswith("Title:")], ["Title:           Haus & Größe"])
 
 
-ROWS = (list_of_drawings, lists_that_fail, between_programs, update, report_by_line, report_not_written, names_not_of_utf8,
+def same_bytes(stand):
+    """Twice, in other folders, time zones and years, with a stamp of the date and attached files, a large one too."""
+    stand.environment["SOURCE_DATE_EPOCH"] = "1700000000"
+    made = []
+    for folder, zone in (("one", "Asia/Tokyo"), ("two/deep", "America/New_York")):
+        stand.drawings(folder + "/house.dxf")
+        with open(stand.path(folder + "/large.bin"), "wb") as file:
+            file.write(bytes(range(256)) * 40000)
+        for words in (("stamp", "add", "--text", "EMAILED ON &[Date]", "--at", "1,1"),
+                      ("attach", "add", stand.path(folder + "/large.bin"), "--at", "5,5", "--layout", "A-101 Ground Floor")):
+            run = stand.run(words[0], folder + "/house.dxf", *words[1:])
+            stand.same(run.returncode, 0, run.stderr)
+        stand.environment["TZ"] = zone
+        stand.run("convert", folder + "/house.dxf")
+        with open(stand.path(folder + "/house.pdf"), "rb") as file:
+            made.append(file.read())
+    stand.same(made[0] == made[1], True, "the same bytes")
+    dates = subprocess.run(["pdfinfo", "-rawdates", stand.path("one/house.pdf")], capture_output=True, text=True).stdout
+    stand.same([line.split()[1] for line in dates.splitlines() if "Date:" in line], ["D:20231114221320+00'00'"] * 2)
+    del stand.environment["SOURCE_DATE_EPOCH"]
+    stand.run("convert", "one/house.dxf")
+    with open(stand.path("one/house.pdf"), "rb") as file:
+        stand.same(file.read() == made[0], False, "without it the clock goes on")
+
+
+def encrypted(stand):
+    stand.drawings("a.dxf")
+    stand.write("word.txt", "geheim\r\nsecond line\n")
+    stand.write("note.txt", "attached")
+    stand.run("attach", "a.dxf", "add", stand.path("note.txt"), "--at", "5,5", "--layout", "A-201 Section")
+    run = stand.run("convert", "a.dxf", "--user-password", "offen", "--owner-password", "@word.txt")
+    stand.same(run.returncode, 0, run.stderr)
+    for word, code in (("offen", 0), ("geheim", 0), ("falsch", 2)):
+        shown = subprocess.run(["qpdf", "--password=" + word, "--show-encryption", stand.path("a.pdf")], capture_output=True, text=True)
+        opened = subprocess.run(["qpdf", "--password=" + word, "--show-npages", stand.path("a.pdf")], capture_output=True)
+        stand.same(opened.returncode, code, word)
+        if code == 0:
+            stand.same([line for line in shown.stdout.splitlines() if line.startswith(("R =", "stream encryption", "file encryption"))],
+                       ["R = 6", "stream encryption method: AESv3", "file encryption method: AESv3"])
+    text = subprocess.run(["pdftotext", "-upw", "offen", stand.path("a.pdf"), "-"], capture_output=True, text=True).stdout
+    stand.same("GROUND FLOOR" in text.upper(), True, "its text is read with the password")
+
+
+def linearised(stand):
+    stand.drawings("a.dxf")
+    stand.run("convert", "a.dxf", "--optimize")
+    told = subprocess.run(["qpdf", "--check", stand.path("a.pdf")], capture_output=True, text=True)
+    stand.same((told.returncode, "File is linearized" in told.stdout), (0, True), told.stdout)
+
+
+def language(stand):
+    stand.drawings("a.dxf")
+    for name, wanted in (("de_DE.UTF-8", "de-DE"), ("en_GB", "en-GB"), ("C.UTF-8", None), ("fr", "fr")):
+        stand.environment["LC_ALL"] = name
+        stand.run("convert", "a.dxf")
+        catalogue = json.loads(subprocess.run(["qpdf", "--json=1", "--json-key=objects", stand.path("a.pdf")], capture_output=True,
+                                              text=True).stdout)["objects"]
+        told = [value.get("/Lang") for value in catalogue.values() if isinstance(value, dict) and value.get("/Type") == "/Catalog"]
+        stand.same(told, [wanted], name)
+
+
+def attachments_pane(stand):
+    stand.drawings("a.dxf", "sub/b.dxf")
+    for folder in ("", "sub/"):
+        stand.write(folder + "note.txt", "of " + folder)
+        stand.run("attach", "a.dxf", "add", stand.path(folder + "note.txt"), "--at", "5,5", "--layout", "A-201 Section")
+    stand.run("convert", "a.dxf")
+    shown = subprocess.run(["qpdf", "--list-attachments", stand.path("a.pdf")], capture_output=True, text=True).stdout
+    stand.same(sorted(line.split(" -> ")[0] for line in shown.splitlines()), ["note (2).txt", "note.txt"])
+
+
+def marks_nowhere(stand):
+    stand.drawings("a.dxf")
+    stand.write("note.txt", "attached")
+    for words in (("stamp", "a.dxf", "--text", "1", "--at", "900,900"), ("attach", "a.dxf", "add", stand.path("note.txt"), "--at", "-900,5", "--layout", "A-201 Section"),
+                  ("attach", "a.dxf", "add", stand.path("note.txt"), "--at", "5,5", "--layout", "Model"),
+                  ("sign", "a.dxf", "add", "Field", "--rect", "5,5,9,9", "--layout", "Model")):
+        stand.same(stand.run(*words).returncode, 0)
+    lost = ['the stamp "DRAFT PRINT"'] * 3 + ["the icon of the attached file " + stand.path("note.txt")]
+    unplotted = ["the attached file " + stand.path("note.txt"), 'the signature field "Field"']
+    run = stand.run("convert", "a.dxf", "--report", "json", "--strict")
+    report = json.loads(run.stdout)["drawings"][0]
+    stand.same((run.returncode, sorted(report["marksLost"])), (1, sorted(lost + unplotted)))
+    for mark in unplotted:
+        stand.same(f'a.dxf: {mark} is on layout "Model", of which this PDF has no page' in run.stderr.splitlines(), True, run.stderr)
+    stand.same(f"a.dxf: Page 1: {lost[0]} lies off the page" in run.stderr.splitlines(), True, run.stderr)
+
+
+ROWS = (same_bytes, encrypted, linearised, language, attachments_pane, marks_nowhere, list_of_drawings, lists_that_fail, between_programs, update, report_by_line, report_not_written, names_not_of_utf8,
         logs_elsewhere, logs_that_fail, fonts_once, quiet, verbose, misspelt, title)
 
 

@@ -45,8 +45,9 @@ def lint(rows, packages):
 
 
 def install(system, package):
-    shutil.copy(package, system.path("/root"))
-    return system.run("sh", "-c", "apt-get update -q && apt-get install -y -q --no-install-recommends /root/" + os.path.basename(package))
+    shutil.copy(package, system.path("/opt"))
+    return system.run("sh", "-c", "apt-get update -q && apt-get install -y -q --no-install-recommends /opt/"
+                      + os.path.basename(package))
 
 
 def recipe_steps():
@@ -108,7 +109,7 @@ def use_windows(rows, system):
 
 def remove(rows, system):
     run = system.run("apt-get", "purge", "-y", "-q", "sheetmaker-pdf", "sheetmaker-pdf-windows")
-    left = [name for name in system.names("sheetmaker") if not name.startswith(("/root/", f"/home/{USER}/", "/var/log/"))]
+    left = [name for name in system.names("sheetmaker") if not name.startswith(("/opt/", f"/home/{USER}/", "/var/log/"))]
     rows.check("removed without a rest", (run.returncode, left), (0, []))
     own = [name for name in system.names("sheetmaker-pdf") if name.startswith(f"/home/{USER}/")]
     rows.check("the user's own stays", f"/home/{USER}/.local/state/sheetmaker-pdf/SmPdfAcad.log" in own, True)

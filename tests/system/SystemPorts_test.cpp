@@ -35,7 +35,7 @@ TEST(FileSystem, ListsFilesByNameWithoutFolders)
 
 TEST(Clock, TellsLocalTime)
 {
-    const auto clock = CreateClock();
+    const auto clock = CreateClock(ProcessEnvironment());
     const std::time_t before = std::time(nullptr);
     const auto now = clock->Now().time_since_epoch().count();
     std::tm local{};
@@ -46,7 +46,7 @@ TEST(Clock, TellsLocalTime)
 
 TEST(Clock, FollowsTheTimeZone)
 {
-    const auto clock = CreateClock();
+    const auto clock = CreateClock(ProcessEnvironment());
     setenv("TZ", "UTC0", 1);
     tzset();
     const auto utc = clock->Now();

@@ -12,8 +12,6 @@ namespace {
 
 using Object = QPDFObjectHandle;
 
-constexpr double kIconWidth = 14;
-constexpr double kIconHeight = 20;
 constexpr const char* kIconContent = "0.2 0.35 0.7 RG 1.4 w 1 J 1 j\n" // a paper clip
                                      "10 14 m 10 5 l 10 1 4 1 4 5 c 4 15 l 4 20 12 20 12 15 c 12 5 l S\n";
 
@@ -113,7 +111,7 @@ Object LinkMaker::Make(const LinkMark& mark, const SheetPage& sheet)
 Object AttachmentMaker::Icon()
 {
     if (!m_icon) {
-        m_icon = FormXObject(m_pdf, kIconContent, kIconWidth, kIconHeight);
+        m_icon = FormXObject(m_pdf, kIconContent, kAttachmentWidth, kAttachmentHeight);
     }
     return *m_icon;
 }
@@ -128,7 +126,8 @@ std::optional<Object> AttachmentMaker::Make(const AttachmentMark& mark, const Sh
         return std::nullopt;
     }
     auto annotation = Annotation(
-        "/FileAttachment", PageRectangle(mark.x, mark.y, mark.x + kIconWidth, mark.y + kIconHeight, sheet.unit), sheet);
+        "/FileAttachment",
+        PageRectangle(mark.x, mark.y, mark.x + kAttachmentWidth, mark.y + kAttachmentHeight, sheet.unit), sheet);
     const std::string name = base::ToText(base::ToPath(mark.filePath).filename());
     annotation.replaceKey("/FS", embedded->specification);
     annotation.replaceKey("/Name", Object::newName("/Paperclip"));

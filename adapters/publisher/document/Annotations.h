@@ -1,8 +1,8 @@
 // The PDF objects of links, attachments and signature fields.
 #pragma once
 
-#include "document/EmbeddedFiles.h"
 #include "document/SheetPage.h"
+#include "pdf/EmbeddedFiles.h"
 #include "publisher/Publisher.h"
 
 #include <map>
@@ -30,9 +30,11 @@ private:
 /// Icons with embedded files.
 class AttachmentMaker {
 public:
-    AttachmentMaker(QPDF& pdf, const Note& note) : m_pdf(pdf), m_files(pdf), m_note(note) {}
+    AttachmentMaker(QPDF& pdf, Held held, const Note& note) : m_pdf(pdf), m_files(pdf, held), m_note(note) {}
     /// Nothing when the file can't be read any more.
     std::optional<QPDFObjectHandle> Make(const AttachmentMark& mark, const SheetPage& sheet);
+    /// After the last one.
+    void Finish() { m_files.List(); }
     /// The files that were embedded, each once.
     [[nodiscard]] const std::vector<EmbeddedFile>& Embedded() const { return m_told; }
     /// The paths of those that could not be.

@@ -1,7 +1,7 @@
 // The marks that a document got.
 #pragma once
 
-#include "document/EmbeddedFiles.h"
+#include "pdf/EmbeddedFiles.h"
 #include "publisher/Publisher.h"
 
 #include <cstddef>

@@ -13,9 +13,9 @@ namespace {
 /// Sends each mark of each page to its maker.
 class Writer {
 public:
-    Writer(QPDF& pdf, const std::vector<SheetPage>& pages, const StampTextsMaker& texts, DocumentInfo& info,
+    Writer(QPDF& pdf, const std::vector<SheetPage>& pages, const StampTextsMaker& texts, DocumentInfo& info, Held held,
            const Note& note)
-        : m_links(pdf, pages, note), m_attachments(pdf, note), m_fields(pdf, note), m_stamps(pdf, texts, note),
+        : m_links(pdf, pages, note), m_attachments(pdf, held, note), m_fields(pdf, note), m_stamps(pdf, texts, note),
           m_info(info), m_note(note)
     {
     }
@@ -38,6 +38,7 @@ public:
     {
         m_fields.Finish();
         m_stamps.Finish();
+        m_attachments.Finish();
         m_tally.embedded = m_attachments.Embedded();
         m_tally.lost = m_attachments.Lost();
         m_tally.large = m_attachments.Large();
@@ -103,9 +104,9 @@ bool Writer::Draw(const PropertyMark& mark, const SheetPage& sheet)
 } // namespace
 
 MarkTally WriteMarks(QPDF& pdf, const std::vector<SheetPage>& pages, const StampTextsMaker& texts, DocumentInfo& info,
-                     const Note& note)
+                     Held held, const Note& note)
 {
-    Writer writer(pdf, pages, texts, info, note);
+    Writer writer(pdf, pages, texts, info, held, note);
     for (const SheetPage& sheet : pages) {
         writer.WritePage(sheet);
     }

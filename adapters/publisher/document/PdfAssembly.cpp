@@ -2,8 +2,8 @@
 
 #include "dialect/PdfLayers.h"
 #include "document/MarkWriter.h"
-#include "pdf/FilePipeline.h"
 #include "pdf/PdfNumbers.h"
+#include "pdf/PdfOutput.h"
 #include "pdf/PublishStatus.h"
 #include "pdf/Qpdf.h"
 #include "pdf/StreamCompression.h"
@@ -105,18 +105,11 @@ std::vector<SheetPage> SizedSheets(QPDF& pdf, const std::vector<PagePlace>& page
     return sheets;
 }
 
-void WriteOut(QPDF& pdf, const std::vector<LargeFile>& files, TargetFile& target)
+void SetLanguage(QPDF& pdf, const std::string& language)
 {
-    ExpectFiles(pdf, files);
-    FilePipeline pipeline(target);
-    QPDFWriter writer(pdf);
-    writer.setOutputPipeline(&pipeline);
-    writer.setObjectStreamMode(qpdf_o_generate);
-    writer.setDecodeLevel(qpdf_dl_none);
-    writer.setCompressStreams(true); // object streams; all others are compressed by now
-    writer.setMinimumPDFVersion("1.7");
-    writer.write();
-    AppendFiles(pdf, writer, files, target);
+    if (!language.empty()) {
+        pdf.getRoot().replaceKey("/Lang", QPDFObjectHandle::newString(language));
+    }
 }
 
 } // namespace
@@ -135,12 +128,14 @@ MarkTally AssemblePdf(const Assembly& assembly, TargetFile& target)
         pdf.getRoot().removeKey("/Metadata");
         const std::vector<SheetPage> sheets = SizedSheets(pdf, assembly.pages);
         DocumentInfo info = assembly.info;
-        MarkTally tally = WriteMarks(pdf, sheets, assembly.stampTexts, info, assembly.note);
+        MarkTally tally = WriteMarks(pdf, sheets, assembly.stampTexts, info,
+                                     assembly.form.encryption ? Held::All : Held::Small, assembly.note);
         WriteNavigation(pdf, sheets, assembly.navigation, info.Value("Title").has_value());
+        SetLanguage(pdf, assembly.form.language);
         WriteLayers(pdf);
         CompressStreams(pdf);
         SetInformation(pdf, info);
-        WriteOut(pdf, tally.large, target);
+        WritePdf(pdf, tally.large, assembly.form, assembly.note, target);
         tally.large.clear(); // their document goes away
         return tally;
     } catch (const PublishFailure&) {

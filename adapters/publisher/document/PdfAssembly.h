@@ -6,6 +6,7 @@
 #include "marks/Marks.h"
 #include "pages/IPageMaker.h"
 #include "publisher/Navigation.h"
+#include "publisher/PdfForm.h"
 #include "publisher/StampTexts.h"
 
 #include <cstddef>
@@ -33,6 +34,7 @@ struct Assembly {
     std::vector<PagePlace> pages;
     DocumentInfo info;
     NavigationWanted navigation;
+    PdfForm form;
     std::function<std::unique_ptr<IStampTexts>()> stampTexts; ///< may be empty
     std::function<void(const std::string& line)> note;        ///< never empty; hears of marks not drawn as asked
 };

@@ -9,6 +9,7 @@
 #include "publisher/JobOptions.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <fmt/format.h>
 #include <utility>
@@ -20,6 +21,11 @@ namespace {
 /// The largest page in units of its own (PDF 1.7, appendix C): marks further off than that, or than the page is large,
 /// leave numbers that readers refuse.
 constexpr double kFarthestMark = 14400;
+
+double FarthestMark(const PageSource& page)
+{
+    return std::max({kFarthestMark, page.width, page.height});
+}
 
 /// Why a file can't be read, as the end of a sentence; empty when it can, with its size.
 std::string ReadingFault(const std::string& path, std::uint64_t& bytes)
@@ -104,11 +110,28 @@ std::int32_t PubDoc::AddPsFile(const std::string& psPath, double width, double h
         CheckPostScriptFile(psPath, number);
         CheckPageSize(width, height, resolution, number);
         if (!m_jobOptions || m_jobOptions->first != jobOptionsPath) {
-            m_jobOptions.emplace(jobOptionsPath, ReadJobOptionsFile(jobOptionsPath).text);
+            TakeJobOptions(jobOptionsPath);
         }
         m_pages.push_back({{psPath, width, height, resolution, number}, m_jobOptions->second, {}});
         return PublishStatus::Done;
     });
+}
+
+void PubDoc::TakeJobOptions(const std::string& path)
+{
+    const JobOptions read = ReadJobOptionsFile(path);
+    m_jobOptions.emplace(path, read.text);
+    m_linearized = m_linearized || read.optimize;
+    m_level = std::max(m_level.value_or(read.level), read.level);
+}
+
+/// The pages' job options have a say beside the caller: the highest version that one of them asks for holds.
+PdfForm PubDoc::Form() const
+{
+    PdfForm form = m_options.form;
+    form.linearized = form.linearized || m_linearized;
+    form.level = m_level.value_or(form.level);
+    return form;
 }
 
 std::int32_t PubDoc::QueueMark(Mark mark, std::initializer_list<double> coordinates)
@@ -119,7 +142,7 @@ std::int32_t PubDoc::QueueMark(Mark mark, std::initializer_list<double> coordina
         }
         // A failing status would end the walk that queues the marks, and lose those behind this one.
         const PageSource& page = m_pages.back().source;
-        const double farthest = std::max({kFarthestMark, page.width, page.height});
+        const double farthest = FarthestMark(page);
         if (std::ranges::all_of(coordinates, [&](double value) { return std::abs(value) <= farthest; })) {
             m_pages.back().marks.push_back(std::move(mark));
         } else {
@@ -129,16 +152,38 @@ std::int32_t PubDoc::QueueMark(Mark mark, std::initializer_list<double> coordina
     });
 }
 
+void PubDoc::TellWhenOff(const std::string& mark, double x1, double y1, double x2, double y2)
+{
+    if (m_pages.empty()) {
+        return;
+    }
+    const PageSource& page = m_pages.back().source;
+    if (x2 > 0 && y2 > 0 && x1 < page.width && y1 < page.height) {
+        return;
+    }
+    m_marksOff.push_back(mark);
+    const double farthest = FarthestMark(page);
+    if (std::ranges::all_of(std::array{x1, y1, x2, y2},
+                            [&](double v) { return std::abs(v) <= farthest; })) // else told below
+        Note(fmt::format("Page {}: {} lies off the page", m_pages.size(), mark));
+}
+
 std::int32_t PubDoc::AddTextStampMark(std::int32_t /*reserved*/, double x, double y, const std::string& text,
                                       const std::string& fontName, std::int32_t fontSize, std::int32_t color,
                                       std::int32_t justification)
 {
+    // No letter of the standard fonts is wider than its size, none goes further below its line than a third of it.
+    const double width = fontSize * static_cast<double>(text.size());
+    const double left = justification == 0 ? x : x - width, right = justification == 2 ? x : x + width;
+    TellWhenOff(fmt::format("the stamp \"{}\"", text), left, y - fontSize / 3.0, right, y + fontSize);
     return QueueMark(TextStampMark{x, y, text, fontName, fontSize, color, justification}, {x, y});
 }
 
 std::int32_t PubDoc::AddSignatureFieldMark(std::int32_t /*reserved*/, double x1, double y1, double x2, double y2,
                                            const std::string& name, const std::string& label)
 {
+    TellWhenOff(fmt::format("the signature field \"{}\"", name), std::min(x1, x2), std::min(y1, y2), std::max(x1, x2),
+                std::max(y1, y2));
     return QueueMark(SignatureFieldMark{x1, y1, x2, y2, name, label}, {x1, y1, x2, y2});
 }
 
@@ -159,6 +204,8 @@ std::int32_t PubDoc::AddAttachmentMark(std::int32_t /*reserved*/, double x, doub
         m_attachmentsLost.push_back(filePath);
         return static_cast<std::int32_t>(PublishStatus::Done);
     }
+    TellWhenOff(fmt::format("the icon of the attached file {}", filePath), x, y, x + kAttachmentWidth,
+                y + kAttachmentHeight);
     const std::int32_t status = QueueMark(AttachmentMark{x, y, filePath}, {x, y});
     added = status == static_cast<std::int32_t>(PublishStatus::Done);
     return status;
@@ -217,6 +264,7 @@ std::int32_t PubDoc::SaveToPdf(const std::string& pdfPath, std::int32_t /*hostVa
                                   pdfPath,
                                   Folder(),
                                   m_options.navigation,
+                                  Form(),
                                   m_options.useOf,
                                   m_options.stampTexts,
                                   [this](const std::string& line) { Note(line); }};
@@ -226,6 +274,7 @@ std::int32_t PubDoc::SaveToPdf(const std::string& pdfPath, std::int32_t /*hostVa
         report.attachmentsLost.insert(report.attachmentsLost.begin(), m_attachmentsLost.begin(),
                                       m_attachmentsLost.end());
         m_attachmentsLost.clear();
+        report.marksOff = std::exchange(m_marksOff, {});
         if (m_options.observer.saved) {
             m_options.observer.saved(report);
         }

@@ -51,8 +51,12 @@ public:
 private:
     template <typename Action> std::int32_t WithStatus(Action&& action);
     std::int32_t QueueMark(Mark mark, std::initializer_list<double> coordinates);
+    void TakeJobOptions(const std::string& path);
+    [[nodiscard]] PdfForm Form() const;
     const std::string& Folder();
     void Note(const std::string& line) const;
+    /// Tells of a mark of the last page none of whose rectangle, in points, lies on it.
+    void TellWhenOff(const std::string& mark, double x1, double y1, double x2, double y2);
     [[nodiscard]] std::string ReasonAgainst(const std::string& filePath) const;
 
     PublisherOptions m_options;
@@ -61,8 +65,11 @@ private:
     std::unique_ptr<base::PrivateFolder> m_folder;
     std::vector<DocumentPage> m_pages;
     std::optional<std::pair<std::string, std::string>> m_jobOptions; ///< the last page's: path and clean text
+    bool m_linearized = false;                                       ///< job options asked for it
+    std::optional<double> m_level;                                   ///< the highest that they asked for
     DocumentInfo m_info;
     std::vector<std::string> m_attachmentsLost;
+    std::vector<std::string> m_marksOff;
     std::string m_lastError;
     std::size_t m_namesGiven = 0;
 };

@@ -154,7 +154,7 @@ SaveReport SavePages(const SaveRequest& request, IPageMaker& pageMaker)
     RefuseInputAsTarget(request);
     TargetFile(request.pdfPath); // tells at once when the target can't be written
     const auto start = Clock::now();
-    Assembly assembly{{}, {}, request.info, request.navigation, request.stampTexts, request.note};
+    Assembly assembly{{}, {}, request.info, request.navigation, request.form, request.stampTexts, request.note};
     std::vector<std::unique_ptr<RunFolder>> folders;
     for (const Group& group : GroupPages(request.pages, assembly.pages)) {
         folders.push_back(std::make_unique<RunFolder>(base::ToPath(request.workFolder) /

@@ -18,6 +18,7 @@ struct SaveRequest {
     const std::string& pdfPath;
     const std::string& workFolder; ///< private; what is made there is removed again
     NavigationWanted navigation;
+    PdfForm form;
     std::function<std::string(const std::string& path)> useOf; ///< see PublisherOptions
     std::function<std::unique_ptr<IStampTexts>()> stampTexts;  ///< likewise
     std::function<void(const std::string& line)> note;         ///< never empty

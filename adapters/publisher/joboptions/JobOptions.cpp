@@ -19,6 +19,10 @@ using Kind = JobOptionsValue::Kind;
 
 constexpr std::size_t kLargestFile = 1 << 20;
 constexpr JobOptionsRule kLayersRule{"SheetmakerLayers", JobOptionsRule::Kind::Boolean};
+constexpr JobOptionsRule kOptimizeRule{"Optimize", JobOptionsRule::Kind::Boolean};
+/// Settings that ask for a document by a standard which this publisher doesn't make.
+constexpr std::string_view kStandards[] = {"CheckCompliance", "PDFX1aCheck", "PDFX3Check", "PDFXCompliantPDFOnly",
+                                           "PDFA"};
 
 bool IsWholeWithin(const JobOptionsValue& value, const JobOptionsRule& rule)
 {
@@ -142,6 +146,32 @@ private:
     const JobOptionsScanner& m_scanner;
 };
 
+/// Whether a setting asks for something: neither false, nor zero, nor an array of nothing but /None.
+bool AsksForSomething(const JobOptionsValue& value)
+{
+    switch (value.kind) {
+    case Kind::Boolean:
+        return value.boolean;
+    case Kind::Number:
+        return value.number != 0;
+    case Kind::Name:
+        return value.text != "None";
+    case Kind::Array:
+        return std::ranges::any_of(value.items, AsksForSomething);
+    default:
+        return false;
+    }
+}
+
+/// A document that only says that it keeps to a standard is worse than none.
+void RefuseStandard(const JobOptionsScanner& scanner, const std::string& name, const JobOptionsValue& value)
+{
+    if (std::ranges::find(kStandards, name) != std::end(kStandards) && AsksForSomething(value)) {
+        scanner.Fail(value.line, fmt::format("/{} asks for a document by PDF/A or PDF/X, which isn't made", name),
+                     "Take the setting out or choose other job options.");
+    }
+}
+
 /// The settings kept so far; a later one of the same name takes the earlier one's place.
 class Keeper {
 public:
@@ -149,10 +179,13 @@ public:
     {
         for (std::size_t i = 0; i + 1 < dictionary.items.size(); i += 2) {
             const std::string& name = dictionary.items[i].text;
-            if (name == kLayersRule.name) {
-                m_result.layers = Checker(scanner).Clean(kLayersRule, dictionary.items[i + 1]) == "true";
+            if (name == kLayersRule.name || name == kOptimizeRule.name) {
+                const JobOptionsRule& own = name == kLayersRule.name ? kLayersRule : kOptimizeRule;
+                bool& wanted = name == kLayersRule.name ? m_result.layers : m_result.optimize;
+                wanted = Checker(scanner).Clean(own, dictionary.items[i + 1]) == "true";
                 continue;
             }
+            RefuseStandard(scanner, name, dictionary.items[i + 1]);
             const JobOptionsRule* rule = FindRule(JobOptionsRules(), name);
             const std::string clean =
                 rule != nullptr ? Checker(scanner).Clean(*rule, dictionary.items[i + 1]) : std::string();
@@ -171,6 +204,9 @@ public:
     {
         for (const auto& [name, value] : m_kept) {
             m_result.text += fmt::format("/{} {}\n", name, value);
+            if (name == "CompatibilityLevel") {
+                m_result.level = std::strtod(value.c_str(), nullptr);
+            }
         }
         return std::move(m_result);
     }

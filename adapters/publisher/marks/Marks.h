@@ -25,6 +25,9 @@ struct SignatureFieldMark {
     friend bool operator==(const SignatureFieldMark&, const SignatureFieldMark&) = default;
 };
 
+/// Size of the icon that stands for an attached file, in points.
+inline constexpr double kAttachmentWidth = 14, kAttachmentHeight = 20;
+
 struct AttachmentMark {
     double x = 0, y = 0;
     std::string filePath;

@@ -138,8 +138,9 @@ std::size_t LineOfPosition(const std::string& path, long long position)
 void FailMissingInterpreter(const std::string& program)
 {
     throw PublishFailure(PublishStatus::InterpreterMissing,
-                         fmt::format("Ghostscript (\"{}\") is not installed, and no PDF can be made without it. "
-                                     "Install it, for example with: apt install ghostscript",
+                         fmt::format("Ghostscript (\"{}\") is not installed: PostScript of other programs, and job "
+                                     "options that turn colours or downsample pictures, need it. Install it: sudo "
+                                     "apt-get install ghostscript",
                                      program));
 }
 

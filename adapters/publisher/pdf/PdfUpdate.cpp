@@ -29,7 +29,7 @@ void AddRow(std::string& rows, std::uint64_t place)
 
 } // namespace
 
-FileId KnownId(QPDF& pdf)
+FileId KnownId(QPDF& pdf, bool reproducible)
 {
     QPDFObjectHandle trailer = pdf.getTrailer();
     FileId id{};
@@ -40,7 +40,9 @@ FileId KnownId(QPDF& pdf)
         return id;
     }
     std::random_device random;
-    std::ranges::generate(id, [&] { return static_cast<unsigned char>(random()); });
+    if (!reproducible) {
+        std::ranges::generate(id, [&] { return static_cast<unsigned char>(random()); });
+    }
     const auto text = QPDFObjectHandle::newString(std::string(id.begin(), id.end()));
     trailer.replaceKey("/ID", QPDFObjectHandle::newArray({text, text}));
     return id;
@@ -89,7 +91,7 @@ void PdfUpdate::Finish(const FileId& id)
     Write(fmt::format("<< /Type /XRef /Size {} /W [ 1 {} 0 ] /Index [ {}] /Prev {} /Root {} 0 R /Info {} 0 R "
                       "/ID [ {} {} ] /Length {} >>\nstream\n",
                       m_size, kPlaceBytes, index, m_previous, NumberOf(m_pdf.getRoot()),
-                      NumberOf(m_pdf.getTrailer().getKey("/Info")), Hex(KnownId(m_pdf)), Hex(id), rows.size()));
+                      NumberOf(m_pdf.getTrailer().getKey("/Info")), Hex(KnownId(m_pdf, false)), Hex(id), rows.size()));
     Write(rows);
     Write(fmt::format("\nendstream\nendobj\nstartxref\n{}\n%%EOF\n", begin));
 }

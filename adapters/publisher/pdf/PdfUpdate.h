@@ -14,8 +14,9 @@ namespace sm::publisher {
 
 using FileId = std::array<unsigned char, 16>;
 
-/// Sees to it that the file's identifier is known before `pdf` is written, and gives its first half.
-FileId KnownId(QPDF& pdf);
+/// Sees to it that the file's identifier is known before `pdf` is written, and gives its first half: a random one, or
+/// for a reproducible document always the same; its second half tells documents apart then.
+FileId KnownId(QPDF& pdf, bool reproducible);
 
 class PdfUpdate {
 public:

@@ -4,7 +4,10 @@
 #include "commandline/CountOption.h"
 #include "commandline/NamedNumbers.h"
 
+#include "base/files/Paths.h"
+
 #include <CLI/CLI.hpp>
+#include <fstream>
 #include <map>
 #include <span>
 
@@ -65,6 +68,49 @@ void AddLayoutOptions(CLI::App& command, ConvertOptions& options)
                    "Plot with the layout's own page setup, the drawing's PDF page setup or the user's global one");
 }
 
+/// A password, or the first line of the file that "@" names; nothing when that can't be read.
+std::optional<std::string> PasswordOf(const std::string& word)
+{
+    if (!word.starts_with('@'))
+        return word;
+    std::ifstream file(base::ToPath(word.substr(1)), std::ios::binary);
+    std::string line;
+    if (!std::getline(file, line))
+        return std::nullopt;
+    if (line.ends_with('\r'))
+        line.pop_back();
+    return line;
+}
+
+void AddPassword(CLI::App& command, ConvertOptions& options, const std::string& name, std::string Passwords::*target,
+                 const std::string& help)
+{
+    command
+        .add_option_function<std::string>(
+            name,
+            [&options, target](const std::string& word) {
+                if (!options.encryption)
+                    options.encryption.emplace();
+                (*options.encryption).*target = PasswordOf(word).value_or("");
+            },
+            help + "; @FILE takes it from the first line of a file")
+        ->type_name("TEXT")
+        ->check([](const std::string& word) {
+            const auto password = PasswordOf(word);
+            return !password           ? word.substr(1) + " can't be read"
+                   : password->empty() ? std::string("a password is empty")
+                                       : std::string();
+        });
+}
+
+void AddEncryption(CLI::App& command, ConvertOptions& options)
+{
+    AddPassword(command, options, "--owner-password", &Passwords::owner,
+                "Encrypt the PDF (AES, 256 bits); who knows this password may change its security");
+    AddPassword(command, options, "--user-password", &Passwords::user, "Ask for this password to open the PDF");
+    command.get_option("--user-password")->needs("--owner-password");
+}
+
 void AddQualityOptions(CLI::App& command, ConvertOptions& options)
 {
     AddNamedNumber(command, "--line-quality", options.lineQuality, kLineQualities,
@@ -74,6 +120,8 @@ void AddQualityOptions(CLI::App& command, ConvertOptions& options)
         ->type_name("NAME");
     command.add_option("--title", options.title, "Title of the document (default: the drawing's name)")
         ->type_name("TEXT");
+    command.add_flag("--optimize", options.optimize, "Put the first page first, for reading over a network");
+    AddEncryption(command, options);
     command.add_flag("--pdf-layers", options.pdfLayers, "Make the drawing's layers layers of the PDF");
     AddChoice(
         command, "--attachments", options.attachments, kAttachmentChoices, {"all", "refuse-outside"},

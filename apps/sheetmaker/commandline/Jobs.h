@@ -13,6 +13,12 @@ enum class LayoutChoice { Auto, All, Active, Model };
 /// Which of a drawing's attached files are embedded: all, or those in its folder and none without them.
 enum class AttachmentChoice { All, RefuseOutside };
 
+/// Of an encrypted PDF. Each may be "@FILE" on the command line, for the file's first line.
+struct Passwords {
+    std::string user, owner;
+    friend bool operator==(const Passwords&, const Passwords&) = default;
+};
+
 /// What the options of one run lay over the stored settings. Nothing in an optional: the stored setting holds.
 struct ConvertOptions {
     std::optional<LayoutChoice> layouts;
@@ -25,6 +31,8 @@ struct ConvertOptions {
     bool asSet = false;
     bool pdfLayers = false;
     std::optional<AttachmentChoice> attachments{};
+    bool optimize = false; ///< the PDF is linearised
+    std::optional<Passwords> encryption{};
     std::optional<std::string> title{}; ///< of the document; nothing: the drawing's name
     friend bool operator==(const ConvertOptions&, const ConvertOptions&) = default;
 };

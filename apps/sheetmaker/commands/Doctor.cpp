@@ -43,7 +43,10 @@ Finding Ghostscript(const Install& install)
     const std::string program = system::FindProgram(install.environment, "gs");
     const std::string version = program.empty() ? "" : VersionOf(program, install.environment);
     if (version.empty())
-        return {State::Missing, "Ghostscript", program.empty() ? "not installed" : program + " can't be run",
+        return {State::Optional, "Ghostscript",
+                (program.empty() ? "not installed" : program + " can't be run") +
+                    std::string(" (PDF underlays, PostScript of other programs, and job options that turn colours or "
+                                "downsample pictures need it)"),
                 "sudo apt-get install ghostscript"};
     return {State::Good, "Ghostscript", version + ", " + program, {}};
 }
@@ -110,7 +113,14 @@ Finding Settings(const Install& install)
     registry->OpenKey(RegistryRoot::CurrentUser, kMakerKey);
     if (!trouble.empty())
         return {State::Missing, "settings", trouble, "look at the file, or remove it"};
-    return WritableFolder("settings", install.places.SettingsFile(), "give yourself the right to write there");
+    const std::string file = base::ToText(install.places.SettingsFile());
+    std::error_code closed;
+    const bool exists = base::FactsOf(file, closed).kind != base::FileKind::Missing;
+    if (exists && !base::MayWrite(file, closed))
+        return {State::Missing, "settings", file + " can't be written", "give yourself the right to write it"};
+    const Finding folder =
+        WritableFolder("settings", install.places.settingsFolder, "give yourself the right to write there");
+    return folder.state == State::Good ? Finding{State::Good, "settings", file, {}} : folder;
 }
 
 Finding Viewer(const Install& install)

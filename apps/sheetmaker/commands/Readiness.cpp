@@ -12,8 +12,6 @@ void NeedTools(const Install& install)
 {
     if (install.places.shareFolder.empty())
         throw Refusal{kExitToolMissing, "the install's share folder can't be found; \"sheetmaker doctor\" says more"};
-    if (system::FindProgram(install.environment, "gs").empty())
-        throw Refusal{kExitToolMissing, "Ghostscript (gs) is not installed: sudo apt-get install ghostscript"};
 }
 
 void NeedSettings(const Install& install, std::ostream& err)

@@ -8,6 +8,8 @@
 #include "store/SqliteRegistry.h"
 #include "system/SystemPorts.h"
 
+#include <algorithm>
+
 namespace sm::app {
 
 std::string Install::LoginName() const
@@ -53,6 +55,21 @@ std::unique_ptr<IRegistry> OpenSettings(const Install& install, const std::funct
                                install.version, share};
     return store::OpenSqliteRegistry(install.places.SettingsFile(), store::ShippedFacts(facts), complain,
                                      store::Reading::Once);
+}
+
+std::string LanguageOf(const system::Environment& environment)
+{
+    std::string name;
+    for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"})
+        if (name = environment(variable).value_or(""); !name.empty())
+            break;
+    name.erase(std::min(name.find_first_of(".@"), name.size()));
+    const auto isLetter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); };
+    const bool plain = name.size() == 2 || (name.size() == 5 && name[2] == '_');
+    if (!plain || std::count_if(name.begin(), name.end(), isLetter) != (name.size() == 2 ? 2 : 4))
+        return {};
+    std::replace(name.begin(), name.end(), '_', '-');
+    return name;
 }
 
 std::vector<std::string> JobOptionNames(const Install& install)

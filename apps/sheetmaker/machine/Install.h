@@ -42,6 +42,10 @@ bool CanReadSettings(const Install& install, const std::function<void(const std:
 std::unique_ptr<IRegistry> OpenSettings(const Install& install,
                                         const std::function<void(const std::string&)>& complain);
 
+/// The language of messages and, most likely, of drawings, as RFC 5646 has it: "de-DE" where LC_ALL, LC_MESSAGES or
+/// LANG is "de_DE.UTF-8"; empty where none tells one.
+std::string LanguageOf(const system::Environment& environment);
+
 /// Names of the installed job options, sorted.
 std::vector<std::string> JobOptionNames(const Install& install);
 

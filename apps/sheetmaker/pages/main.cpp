@@ -1,5 +1,6 @@
 // Writes the manual pages and the completions, when the program is built.
 //   make_pages FOLDER SHARE-FOLDER VERSION
+#include "base/files/Paths.h"
 #include "pages/Completions.h"
 #include "pages/ManPages.h"
 #include "preferences/SettingNames.h"
@@ -21,7 +22,7 @@ void Write(const fs::path& file, const std::string& text)
     std::ofstream stream(file, std::ios::binary);
     stream << text;
     if (!stream.flush())
-        throw std::runtime_error(file.string() + " can't be written");
+        throw std::runtime_error(base::ToText(file) + " can't be written");
 }
 
 std::string Contents(const fs::path& file)
@@ -37,7 +38,7 @@ CompletionNames NamesOf(const fs::path& share)
     CompletionNames names{SettingNameList(), {}};
     for (const auto& entry : fs::directory_iterator(share / "Settings"))
         if (entry.path().extension() == ".joboptions")
-            names.jobOptions.push_back(entry.path().stem().string());
+            names.jobOptions.push_back(base::ToText(entry.path().stem()));
     std::sort(names.jobOptions.begin(), names.jobOptions.end());
     return names;
 }

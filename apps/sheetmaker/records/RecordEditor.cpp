@@ -3,8 +3,10 @@
 #include "base/files/MappedFile.h"
 #include "commandline/MarkValues.h"
 #include "commandline/Refusal.h"
+#include "commandline/Suggest.h"
 #include "settings/mdlDataKegIO.h"
 
+#include <algorithm>
 #include <ostream>
 #include <stdexcept>
 
@@ -33,7 +35,7 @@ std::unique_ptr<base::EditLock> Lock(const std::string& drawing)
 } // namespace
 
 RecordEditor::RecordEditor(const std::string& drawing, const Install& install, terminal::Console& console)
-    : m_lock(Lock(drawing)), m_task{drawing, {}, {}, {}, {}}, m_install(WithDecimalPoint(install)),
+    : m_lock(Lock(drawing)), m_task{drawing, {}, {}, {}, {}}, m_install(WithDecimalPoint(install)), m_console(console),
       m_session(m_task, m_install, console, m_report)
 {
     m_session.Open(drawing);
@@ -42,7 +44,20 @@ RecordEditor::RecordEditor(const std::string& drawing, const Install& install, t
 std::string RecordEditor::LayoutName(const std::optional<std::string>& wanted,
                                      const std::vector<std::string>& alsoAllowed)
 {
-    return wanted ? m_session.LayoutNamed(*wanted, alsoAllowed) : Document().ActiveLayout()->Name();
+    if (wanted)
+        return m_session.LayoutNamed(*wanted, alsoAllowed);
+    std::string active = Document().ActiveLayout()->Name();
+    const std::vector<std::string> pages = m_session.PagesByDefault();
+    if (std::find(pages.begin(), pages.end(), active) != pages.end())
+        return active;
+    if (pages.size() == 1) {
+        m_console.Line("\"" + pages.front() +
+                       "\" is taken, the one layout that becomes a page by itself; --layout names " + "another");
+        return pages.front();
+    }
+    m_console.Line("note: \"" + active + "\" becomes no page unless --layout or --layouts of convert says so; " +
+                   QuotedList(pages) + " do");
+    return active;
 }
 
 void RecordEditor::RequireKept(bool kept) const

@@ -25,8 +25,9 @@ public:
     [[nodiscard]] IRegistry& Settings() { return Context().surroundings.registry; }
     [[nodiscard]] IAcadDocument& Document() { return *m_session.Document(); }
 
-    /// `wanted` as the drawing spells it, or the active layout's name without it. `alsoAllowed` are names that stand
-    /// for no layout. Throws Refusal for a name that isn't there.
+    /// `wanted` as the drawing spells it. Without it the active layout; where that becomes no page unless somebody says
+    /// so, the one sheet that does when there is one, and the console is told either way. `alsoAllowed` are names that
+    /// stand for no layout. Throws Refusal for a name that isn't there.
     std::string LayoutName(const std::optional<std::string>& wanted, const std::vector<std::string>& alsoAllowed = {});
     /// Throws with the host's reason when the record just written doesn't read back as it was meant.
     void RequireKept(bool kept) const;
@@ -41,6 +42,7 @@ private:
     DrawingTask m_task;
     Install m_install;
     DrawingReport m_report;
+    terminal::Console& m_console;
     RunSession m_session;
 };
 

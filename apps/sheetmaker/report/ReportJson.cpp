@@ -66,6 +66,7 @@ Json ToObject(const DrawingReport& report)
             {"notes", report.notes},
             {"attachments", AttachmentsToJson(report.attachments)},
             {"attachmentsLost", report.attachmentsLost},
+            {"marksLost", report.marksLost},
             {"logLost", report.logLost},
             {"notToScale", report.notToScale},
             {"milliseconds",
@@ -90,6 +91,7 @@ void ReadLists(const Json& object, DrawingReport& report)
     for (const Json& file : object.at("attachments"))
         report.attachments.push_back({file.at("name"), file.at("path"), file.at("bytes")});
     report.attachmentsLost = object.at("attachmentsLost").get<std::vector<std::string>>();
+    report.marksLost = object.at("marksLost").get<std::vector<std::string>>();
 }
 
 /// A path from both its forms: the text as it was given, unless bytes of it are gone.

@@ -15,7 +15,7 @@ void Fail(DrawingReport& report, const std::string& text)
 
 void Conclude(const SheetWatcher& watcher, const std::string& plotFailure, DrawingReport& report)
 {
-    constexpr std::int32_t kSavedButNoViewer = -12;
+    constexpr std::int32_t kSavedButNoViewer = -12, kInterpreterMissing = -7;
     const std::string sheet = watcher.FailedSheet(plotFailure);
     const auto& save = watcher.LastSave();
     if (!sheet.empty())
@@ -23,8 +23,12 @@ void Conclude(const SheetWatcher& watcher, const std::string& plotFailure, Drawi
     if (!save)
         return Fail(report, "the conversion ended before the PDF was saved");
     report.saveStatus = save->status;
-    if (save->status < 0 && save->status != kSavedButNoViewer)
-        return Fail(report, save->errorText.empty() ? "the PDF could not be saved" : save->errorText);
+    if (save->status < 0 && save->status != kSavedButNoViewer) {
+        Fail(report, save->errorText.empty() ? "the PDF could not be saved" : save->errorText);
+        if (save->status == kInterpreterMissing)
+            report.exitCode = kExitToolMissing;
+        return;
+    }
     report.pdfPath = save->pdfPath;
     report.exitCode = report.ContentLost() ? kExitContentLost : kExitDone;
 }

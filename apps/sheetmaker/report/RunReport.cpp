@@ -43,7 +43,7 @@ bool ShowsOnPaper(const NotDrawn& kind)
 /// What --strict doesn't let pass though nothing of the drawing was lost.
 bool IsUnfaithful(const DrawingReport& report)
 {
-    return !report.attachmentsLost.empty() || report.logLost ||
+    return !report.attachmentsLost.empty() || !report.marksLost.empty() || report.logLost ||
            std::any_of(report.notDrawn.begin(), report.notDrawn.end(), ShowsOnPaper) ||
            std::any_of(report.remarks.begin(), report.remarks.end(),
                        [](const std::string& remark) { return remark.starts_with(render::kMissingCharacters); });

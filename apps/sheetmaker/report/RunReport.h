@@ -65,6 +65,7 @@ struct DrawingReport {
     std::vector<std::string> notes;         ///< what is not done or was carried past, in plain words
     std::vector<AttachedFile> attachments;
     std::vector<std::string> attachmentsLost; ///< paths of files that the PDF lacks; --strict fails it
+    std::vector<std::string> marksLost;       ///< marks that no page of the PDF shows; --strict fails it
     bool logLost = false;                     ///< no log could be kept; --strict fails it
     bool notToScale = false;                  ///< a sheet was plotted to fit on a smaller paper; --strict fails it
     RunTimes times;

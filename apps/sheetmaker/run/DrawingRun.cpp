@@ -7,6 +7,7 @@
 #include "report/RunOutcome.h"
 #include "run/HostReport.h"
 #include "run/RunSession.h"
+#include "run/UnplottedMarks.h"
 #include "settings/mdlUtilities.h"
 
 #include <chrono>
@@ -48,9 +49,19 @@ public:
         const cadhost::DocumentReport host = m_session.HostReport();
         TakeHostReport(host, m_report);
         Conclude(m_session.Watcher(), host.plotFailure, m_report);
+        TellUnplotted();
     }
 
 private:
+    /// A mark on a layout that somebody left out on purpose is no loss.
+    void TellUnplotted()
+    {
+        const ConvertOptions& options = m_task.options;
+        const bool nobodyChose = options.layoutNames.empty() && !options.layouts && !options.asSet;
+        if (m_report.Converted())
+            TellUnplottedMarks(m_session.Context(), *m_session.Document(), nobodyChose, m_report);
+    }
+
     bool Open();
     void Convert();
 

@@ -18,6 +18,8 @@
 namespace sm::app {
 namespace {
 
+constexpr std::int32_t kInterpreterMissing = -7; ///< status of a save
+
 /// What a sheet is made with, from the stored settings.
 struct SheetMaking {
     std::int32_t resolution = 1200;
@@ -189,7 +191,7 @@ void SetRun::Save()
     const std::int32_t status = m_document->SaveToPdf(path, 0, false, true);
     m_report.saveStatus = status;
     if (status < 0) {
-        m_report.exitCode = kExitFailed;
+        m_report.exitCode = status == kInterpreterMissing ? kExitToolMissing : kExitFailed;
         m_report.failure = m_document->LastErrorText();
         m_log.Add("ERROR SAVING PDF FILE: " + std::to_string(status) + ", " + m_report.failure);
         return;

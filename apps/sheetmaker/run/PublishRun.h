@@ -3,8 +3,8 @@
 
 #include "commandline/Jobs.h"
 #include "machine/Install.h"
+#include "machine/SetLog.h"
 #include "run/DrawingRun.h"
-#include "run/SetLog.h"
 
 #include <vector>
 

@@ -3,8 +3,8 @@
 #include "commandline/ExitCodes.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
+#include "layouts/LargeSheets.h"
 #include "machine/DwgSetup.h"
-#include "run/LargeSheets.h"
 #include "settings/mdlDataKegIO.h"
 
 #include <algorithm>
@@ -79,6 +79,21 @@ LayoutSelection RunSession::Select(const ConvertOptions& options)
 void RunSession::Activate(const std::string& layout)
 {
     m_host->Overlay(m_document, {{}, LayoutNamed(layout), {}});
+}
+
+std::vector<std::string> RunSession::PagesByDefault()
+{
+    const std::vector<cadhost::LayoutOutline> layouts = m_host->Outlines(m_document);
+    const LayoutSelection selection = SelectLayouts({}, layouts);
+    std::vector<std::string> pages;
+    for (const cadhost::LayoutOutline& layout : layouts) {
+        const bool chosen = std::find(selection.onlyLayouts.begin(), selection.onlyLayouts.end(), layout.name) !=
+                            selection.onlyLayouts.end();
+        const bool every = selection.whatToPlot == kPlotAllTabs && selection.onlyLayouts.empty() && !layout.isModel;
+        if (chosen || every || selection.activeLayout == layout.name)
+            pages.push_back(layout.name);
+    }
+    return pages;
 }
 
 std::string RunSession::LayoutNamed(const std::string& wanted, const std::vector<std::string>& alsoAllowed)

@@ -3,7 +3,7 @@
 // Every command that works on a drawing goes through here; nothing else composes a host.
 #pragma once
 
-#include "run/LayoutSelection.h"
+#include "layouts/LayoutSelection.h"
 #include "run/Surrounded.h"
 
 #include <memory>
@@ -41,6 +41,8 @@ public:
     /// `wanted` as the drawing spells it. `alsoAllowed` are names that stand for no layout. Throws Refusal, with what
     /// there is, for a name that isn't there.
     std::string LayoutNamed(const std::string& wanted, const std::vector<std::string>& alsoAllowed = {});
+    /// The layouts that become pages when nobody says which.
+    std::vector<std::string> PagesByDefault();
     /// The layouts with everything that is in force.
     std::vector<cadhost::LayoutFacts> LayoutFacts() { return m_host->Layouts(m_document); }
 

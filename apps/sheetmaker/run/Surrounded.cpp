@@ -59,7 +59,7 @@ Surrounded::Surrounded(const DrawingTask& task, const Install& install, terminal
       m_terminalDesktop(MakeDesktop(task, install, console)), m_desktop(screen ? screen->desktop : *m_terminalDesktop),
       m_windows(MakeWindows(console)),
       m_library(publisher::CreatePublisher(PublishingOptions(task, install), m_desktop)),
-      m_locale(system::CreateLocale(install.environment)), m_clock(system::CreateClock()),
+      m_locale(system::CreateLocale(install.environment)), m_clock(system::CreateClock(install.environment)),
       m_component(
           system::CreateComponent(base::ToText(install.places.shareFolder), system::ParseVersion(install.version))),
       m_surroundings{m_registry, *m_files, m_desktop,    *m_windows, *m_library,
@@ -120,6 +120,11 @@ publisher::PublisherOptions Surrounded::PublishingOptions(const DrawingTask& tas
     options.logFileName = task.logFileName;
     options.workFolder = task.workFolder;
     options.title = task.options.title.value_or("");
+    options.form.reproducible = system::BuildDate(install.environment).has_value();
+    options.form.language = LanguageOf(install.environment);
+    options.form.linearized = task.options.optimize;
+    if (task.options.encryption)
+        options.form.encryption = {task.options.encryption->user, task.options.encryption->owner};
     options.producer = "Sheetmaker PDF " + install.version;
     options.useOf = [this](const std::string& path) { return m_useOf ? m_useOf(path) : std::string(); };
     options.refuseAttachment = [this](const std::string& path, std::uint64_t bytes) {
@@ -134,6 +139,7 @@ publisher::PublisherOptions Surrounded::PublishingOptions(const DrawingTask& tas
         m_report.pages = saved.pages;
         m_report.pdfBytes = saved.pdfBytes;
         m_attachments.Tell(saved, m_report);
+        m_report.marksLost = saved.marksOff;
         m_report.times.pages = std::chrono::duration<double, std::milli>(saved.makingPages).count();
         m_report.times.assemble = std::chrono::duration<double, std::milli>(saved.assembling).count();
     };

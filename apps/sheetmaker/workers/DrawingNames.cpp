@@ -69,7 +69,7 @@ std::string SimilarFile(const std::string& path)
     if (fs::exists(wanted, unreadable))
         return {};
     std::vector<std::string> names;
-    const fs::path folder = wanted.has_parent_path() ? wanted.parent_path() : fs::path(".");
+    const fs::path folder = wanted.has_parent_path() ? wanted.parent_path() : base::ToPath(".");
     for (fs::directory_iterator file(folder, unreadable), end; !unreadable && file != end; file.increment(unreadable))
         names.push_back(base::ToText(file->path().filename()));
     const std::string nearest = NearestName(base::ToText(wanted.filename()), names);

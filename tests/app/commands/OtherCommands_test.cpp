@@ -75,7 +75,9 @@ TEST_F(Commands, DoctorNamesTheCommandThatMends)
     EXPECT_EQ(Run({"doctor"}), 3);
     const std::string text = m_out.str();
     for (const char* line :
-         {"MISSING   Ghostscript: not installed\n          -> sudo apt-get install ghostscript\n",
+         {"optional  Ghostscript: not installed (PDF underlays, PostScript of other programs, and job options that "
+          "turn "
+          "colours or downsample pictures need it)\n          -> sudo apt-get install ghostscript\n",
           "MISSING   share folder: not found\n          -> install sheetmaker-pdf anew, or set SHEETMAKER_PDF_SHARE "
           "to its share folder\n",
           "MISSING   job options: none installed\n          -> install sheetmaker-pdf anew\n",
@@ -87,6 +89,14 @@ TEST_F(Commands, DoctorNamesTheCommandThatMends)
           "install sheetmaker-pdf anew\n"})
         EXPECT_NE(text.find(line), std::string::npos) << line << "in\n" << text;
     EXPECT_NE(text.find("MISSING   settings: The settings file "), std::string::npos) << text;
+}
+
+TEST_F(Commands, DoctorLooksAtSettingsThatAreThere)
+{
+    m_machine.MakeShare();
+    ASSERT_EQ(Run({"set", "OpenInViewer", "0"}), 0);
+    EXPECT_EQ(Examine(m_machine.Here())[5].detail, m_machine.In("home/.config/sheetmaker-pdf/settings.sqlite"));
+    EXPECT_EQ(Examine(m_machine.Here())[5].state, Finding::State::Good);
 }
 
 TEST_F(Commands, DoctorShowsTheDwgConverter)

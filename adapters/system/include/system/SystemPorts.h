@@ -5,15 +5,21 @@
 #include "ports/ISystem.h"
 #include "system/Environment.h"
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace sm::system {
 
 std::unique_ptr<IFileSystem> CreateFileSystem();
 
-/// Local time by the system's time zone ("TZ" included).
-std::unique_ptr<IClock> CreateClock();
+/// Seconds since 1970, UTC, at which "SOURCE_DATE_EPOCH" stops the clock, so that what is made can be made again byte
+/// by byte; nothing when it isn't set or is no such number.
+std::optional<std::int64_t> BuildDate(const Environment& environment);
+
+/// Local time by the system's time zone ("TZ" included). A clock that is stopped also puts this process into UTC.
+std::unique_ptr<IClock> CreateClock(const Environment& environment);
 
 /// The locale that "LC_ALL", then "LC_NUMERIC", "LC_TIME" and "LC_CTYPE", then "LANG" name, in UTF-8; "C" where the
 /// machine doesn't have it. The process's own locale stays as it is.

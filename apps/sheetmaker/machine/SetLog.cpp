@@ -1,4 +1,4 @@
-#include "run/SetLog.h"
+#include "machine/SetLog.h"
 
 #include "machine/Install.h"
 #include "machine/LogFiles.h"

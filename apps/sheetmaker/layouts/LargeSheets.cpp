@@ -1,4 +1,4 @@
-#include "run/LargeSheets.h"
+#include "layouts/LargeSheets.h"
 
 #include "base/text/Names.h"
 #include "plotting/PaperTable.h"

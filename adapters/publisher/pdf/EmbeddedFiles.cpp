@@ -1,4 +1,4 @@
-#include "document/EmbeddedFiles.h"
+#include "pdf/EmbeddedFiles.h"
 
 #include "base/files/File.h"
 #include "base/files/Paths.h"
@@ -7,16 +7,21 @@
 #include "pdf/PdfUpdate.h"
 #include "pdf/PublishStatus.h"
 
+#include <filesystem>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
+#include <limits>
 #include <qpdf/Pl_Flate.hh>
 #include <qpdf/QPDFEFStreamObjectHelper.hh>
+#include <qpdf/QPDFEmbeddedFileDocumentHelper.hh>
 #include <qpdf/QPDFFileSpecObjectHelper.hh>
 #include <qpdf/QUtil.hh>
 
 namespace sm::publisher {
 
 namespace {
+
+namespace fs = std::filesystem;
 
 constexpr std::uint64_t kHeldAtMost = std::uint64_t{8} << 20; // of a document's small files together
 constexpr std::size_t kBlock = std::size_t{1} << 18;
@@ -114,10 +119,31 @@ private:
 
 } // namespace
 
+EmbeddedFiles::EmbeddedFiles(QPDF& pdf, Held held)
+    : m_pdf(pdf), m_most(held == Held::All ? std::numeric_limits<std::uint64_t>::max() : kHeldAtMost)
+{
+}
+
+void EmbeddedFiles::List()
+{
+    if (m_byPath.empty()) {
+        return;
+    }
+    QPDFEmbeddedFileDocumentHelper list(m_pdf);
+    for (const auto& [path, embedded] : m_byPath) {
+        const fs::path name = base::ToPath(path).filename();
+        std::string key = base::ToText(name);
+        for (int i = 2; list.getEmbeddedFile(key); ++i) {
+            key = fmt::format("{} ({}){}", base::ToText(name.stem()), i, base::ToText(name.extension()));
+        }
+        list.replaceEmbeddedFile(key, QPDFFileSpecObjectHelper(embedded.specification));
+    }
+}
+
 std::optional<QPDFObjectHandle> EmbeddedFiles::Stream(const std::string& path, const base::FileStamp& stamp)
 {
-    if (stamp.size <= kHeldAtMost - m_held) {
-        const auto bytes = base::ReadRegularFile(path, kHeldAtMost - m_held);
+    if (stamp.size <= m_most - m_held) {
+        const auto bytes = base::ReadRegularFile(path, m_most - m_held);
         if (!bytes) {
             return std::nullopt;
         }
@@ -156,10 +182,10 @@ std::optional<EmbeddedFiles::Embedded> EmbeddedFiles::Embed(const std::string& p
     return m_byPath.emplace(path, Embedded{specification, facts.stamp.size}).first->second;
 }
 
-void ExpectFiles(QPDF& pdf, const std::vector<LargeFile>& files)
+void ExpectFiles(QPDF& pdf, const std::vector<LargeFile>& files, bool reproducible)
 {
     if (!files.empty()) {
-        KnownId(pdf);
+        KnownId(pdf, reproducible);
     }
 }
 
@@ -169,7 +195,7 @@ void AppendFiles(QPDF& pdf, QPDFWriter& writer, const std::vector<LargeFile>& fi
         return;
     }
     PdfUpdate update(pdf, writer, target);
-    FileId id = KnownId(pdf);
+    FileId id = KnownId(pdf, false);
     for (const LargeFile& file : files) {
         const std::string checksum = Appender(file, update, target).Run();
         for (std::size_t i = 0; i < id.size() && i < checksum.size(); ++i) {

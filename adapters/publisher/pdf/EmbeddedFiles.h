@@ -22,9 +22,12 @@ struct LargeFile {
     QPDFObjectHandle stream;
 };
 
+/// Which files stand in memory: small ones, or all, where nothing can be appended to what was written.
+enum class Held { Small, All };
+
 class EmbeddedFiles {
 public:
-    explicit EmbeddedFiles(QPDF& pdf) : m_pdf(pdf) {}
+    EmbeddedFiles(QPDF& pdf, Held held);
 
     struct Embedded {
         QPDFObjectHandle specification;
@@ -33,6 +36,8 @@ public:
     /// Nothing when the file can't be read. A file that has several names stands in the PDF once.
     std::optional<Embedded> Embed(const std::string& path);
     [[nodiscard]] const std::vector<LargeFile>& Large() const { return m_large; }
+    /// After the last one: names them in the document, so that readers list them beside the pages.
+    void List();
 
 private:
     std::optional<QPDFObjectHandle> Stream(const std::string& path, const base::FileStamp& stamp);
@@ -41,11 +46,12 @@ private:
     std::map<std::string, Embedded> m_byPath;
     std::map<std::tuple<std::uint64_t, std::uint64_t>, QPDFObjectHandle> m_byFile; ///< device and inode
     std::vector<LargeFile> m_large;
-    std::uint64_t m_held = 0; ///< bytes that are in memory
+    std::uint64_t m_most;     ///< bytes that may be in memory
+    std::uint64_t m_held = 0; ///< that are
 };
 
-/// Before `pdf` is written: readies it for `AppendFiles`.
-void ExpectFiles(QPDF& pdf, const std::vector<LargeFile>& files);
+/// Before `pdf` is written: readies it for `AppendFiles`. A reproducible document's identifier comes from the files.
+void ExpectFiles(QPDF& pdf, const std::vector<LargeFile>& files, bool reproducible);
 /// After `writer` wrote `pdf` to `target`: appends what the files hold, each read once. Throws PublishFailure when one
 /// has changed since it was embedded.
 void AppendFiles(QPDF& pdf, QPDFWriter& writer, const std::vector<LargeFile>& files, TargetFile& target);

@@ -1,5 +1,5 @@
-#include "run/LayoutNames.h"
-#include "run/LayoutSelection.h"
+#include "layouts/LayoutNames.h"
+#include "layouts/LayoutSelection.h"
 
 #include <gtest/gtest.h>
 

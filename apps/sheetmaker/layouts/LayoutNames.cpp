@@ -1,4 +1,4 @@
-#include "run/LayoutNames.h"
+#include "layouts/LayoutNames.h"
 
 #include "base/text/Names.h"
 #include "commandline/Suggest.h"

@@ -1,7 +1,7 @@
-#include "run/LayoutSelection.h"
+#include "layouts/LayoutSelection.h"
 
+#include "layouts/LayoutNames.h"
 #include "ports/PlotNumbers.h"
-#include "run/LayoutNames.h"
 
 #include <algorithm>
 #include <set>

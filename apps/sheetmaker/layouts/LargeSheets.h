@@ -1,7 +1,7 @@
 // Sheets that no paper of the PDF plotter holds.
 #pragma once
 
-#include "run/LayoutSelection.h"
+#include "layouts/LayoutSelection.h"
 
 #include <map>
 #include <string>
