@@ -3,7 +3,7 @@
 #include <array>
 #include <cstring>
 #ifdef __SSE2__
-#include <emmintrin.h>
+#include <immintrin.h>
 #endif
 
 namespace sm::drawing::dwg {
@@ -82,10 +82,48 @@ __m128i Weighted(__m128i bytes, __m128i weights)
 }
 #endif
 
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(_WIN32)
+#define SM_WIDE_SUMS
+/// The same as AddBlocks, for processors that know 32 bytes at once.
+__attribute__((target("avx2"))) void AddWideBlocks(const char* bytes, std::size_t blocks, std::uint32_t& low,
+                                                   std::uint32_t& high)
+{
+    const __m256i zero = _mm256_setzero_si256(), ones = _mm256_set1_epi16(1);
+    const __m256i weights = _mm256_set_epi8(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21,
+                                            22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32);
+    __m256i sums = zero, before = zero, weighted = zero; // before: the sums at the start of each block
+    for (std::size_t i = 0; i < blocks; ++i, bytes += kSummedBlock) {
+        const __m256i block = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(bytes));
+        before = _mm256_add_epi32(before, sums);
+        sums = _mm256_add_epi32(sums, _mm256_sad_epu8(block, zero));
+        weighted = _mm256_add_epi32(weighted, _mm256_madd_epi16(_mm256_maddubs_epi16(block, weights), ones));
+    }
+    high += static_cast<std::uint32_t>(blocks * kSummedBlock) * low;
+    for (const __m256i& lanes : {_mm256_slli_epi32(before, 5), weighted}) {
+        AddLanes(_mm256_castsi256_si128(lanes), high);
+        AddLanes(_mm256_extracti128_si256(lanes, 1), high);
+    }
+    AddLanes(_mm256_castsi256_si128(sums), low);
+    AddLanes(_mm256_extracti128_si256(sums, 1), low);
+}
+
+bool KnowsWideBlocks()
+{
+    static const bool kKnows = __builtin_cpu_supports("avx2");
+    return kKnows;
+}
+#endif
+
 /// The two sums of a page over whole blocks: each byte counts for itself, and in the second sum once more for each byte
 /// from it to the end.
 void AddBlocks(const char* bytes, std::size_t blocks, std::uint32_t& low, std::uint32_t& high)
 {
+#ifdef SM_WIDE_SUMS
+    if (KnowsWideBlocks()) {
+        AddWideBlocks(bytes, blocks, low, high);
+        return;
+    }
+#endif
     high += static_cast<std::uint32_t>(blocks * kSummedBlock) * low;
 #ifdef __SSE2__
     const __m128i zero = _mm_setzero_si128();

@@ -77,7 +77,17 @@ std::span<char> ContainerBuilder::Zeros(std::uint64_t size)
 {
     // Not a vector: memory that the system gives is zero already, and most of it is written at once.
     size = Granted(size);
-    char* const bytes = static_cast<char*>(std::calloc(std::max<std::uint64_t>(size, 1), 1));
+    return Kept(static_cast<char*>(std::calloc(std::max<std::uint64_t>(size, 1), 1)), size);
+}
+
+std::span<char> ContainerBuilder::Room(std::uint64_t size)
+{
+    size = Granted(size);
+    return Kept(static_cast<char*>(std::malloc(std::max<std::uint64_t>(size, 1))), size);
+}
+
+std::span<char> ContainerBuilder::Kept(char* bytes, std::uint64_t size)
+{
     if (bytes == nullptr)
         throw std::bad_alloc();
     m_built.m_buffers.emplace_back(bytes);

@@ -29,6 +29,8 @@ public:
     /// Zeros that live as long as the container. Never more in all than the file's size can justify: fewer (and told)
     /// when `size` goes beyond that.
     std::span<char> Zeros(std::uint64_t size);
+    /// The same, not cleared: for who writes all of it.
+    std::span<char> Room(std::uint64_t size);
     /// The same for what is only needed while the container is opened.
     std::vector<char> Scratch(std::uint64_t size);
 
@@ -40,6 +42,7 @@ public:
 
 private:
     std::uint64_t Granted(std::uint64_t size);
+    std::span<char> Kept(char* bytes, std::uint64_t size);
     std::string_view Behind(std::string_view section, std::string_view sentinel);
     void CheckSection(std::string_view section);
     void ReadMap();

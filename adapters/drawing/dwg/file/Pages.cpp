@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <utility>
 
 namespace sm::drawing::dwg {
@@ -21,14 +22,27 @@ public:
 
     std::string_view Read(const Section& section)
     {
-        m_bytes = m_builder.Zeros(SizeOf(section));
+        const std::uint64_t size = SizeOf(section);
+        // What nearly nothing is written to is never touched; what nearly all is written to isn't cleared before.
+        const bool isMostlyWritten = section.pages.size() * std::uint64_t{section.pageSize} >= size;
+        m_bytes = isMostlyWritten ? m_builder.Room(size) : m_builder.Zeros(size);
+        m_set = isMostlyWritten ? 0 : m_bytes.size();
         for (const SectionPage& page : section.pages)
             if (page.address != 0 && !ReadPage(section, page))
                 m_builder.Tell(Damage::PagesMissing);
+        ClearTo(m_bytes.size());
         return {m_bytes.data(), m_bytes.size()};
     }
 
 private:
+    /// Everything in front of `end` that isn't set yet becomes zeros.
+    void ClearTo(std::uint64_t end)
+    {
+        if (end > m_set)
+            std::memset(m_bytes.data() + m_set, 0, end - m_set);
+        m_set = std::max(m_set, end);
+    }
+
     /// Not more than what its pages reach to; but pages of zeros aren't written, and a small section may have no other.
     static std::uint64_t SizeOf(const Section& section)
     {
@@ -51,14 +65,22 @@ private:
             return page.offset >= section.size;
         const auto left = m_bytes.subspan(page.offset);
         const auto target = left.first(std::min<std::size_t>(left.size(), section.pageSize));
-        if (section.compressed)
-            return Decompress2004(data, target).sound;
-        std::ranges::copy(data.substr(0, target.size()), target.begin());
-        return data.size() == head.stored;
+        ClearTo(page.offset);
+        const Decompressed done = section.compressed ? Decompress2004(data, target) : Copy(data, target);
+        m_set = std::max(m_set, page.offset + done.written);
+        return section.compressed ? done.sound : data.size() == head.stored;
+    }
+
+    static Decompressed Copy(std::string_view data, std::span<char> target)
+    {
+        const std::size_t count = std::min(data.size(), target.size());
+        std::ranges::copy(data.substr(0, count), target.begin());
+        return {count, true};
     }
 
     ContainerBuilder& m_builder;
     std::span<char> m_bytes;
+    std::uint64_t m_set = 0; ///< bytes of it that have a value
 };
 
 constexpr std::array<std::pair<std::string_view, Stream>, kStreams> kNames{{
