@@ -99,10 +99,9 @@ __attribute__((target("avx2"))) void AddWideBlocks(const char* bytes, std::size_
         weighted = _mm256_add_epi32(weighted, _mm256_madd_epi16(_mm256_maddubs_epi16(block, weights), ones));
     }
     high += static_cast<std::uint32_t>(blocks * kSummedBlock) * low;
-    for (const __m256i& lanes : {_mm256_slli_epi32(before, 5), weighted}) {
-        AddLanes(_mm256_castsi256_si128(lanes), high);
-        AddLanes(_mm256_extracti128_si256(lanes, 1), high);
-    }
+    weighted = _mm256_add_epi32(weighted, _mm256_slli_epi32(before, 5)); // times 32
+    AddLanes(_mm256_castsi256_si128(weighted), high);
+    AddLanes(_mm256_extracti128_si256(weighted, 1), high);
     AddLanes(_mm256_castsi256_si128(sums), low);
     AddLanes(_mm256_extracti128_si256(sums, 1), low);
 }

@@ -13,28 +13,29 @@ namespace {
 #ifdef __SSE2__
 constexpr std::uint64_t kRows = 8, kColumns = 16;
 
+struct Rows {
+    __m128i row[kRows];
+};
+
 /// Eight rows of sixteen bytes, `from` bytes apart, become columns, `to` bytes apart.
 void Turn(const char* source, std::uint64_t from, char* target, std::uint64_t to)
 {
-    struct Rows {
-        __m128i row[kRows];
-        __m128i& operator[](std::size_t at) { return row[at]; }
-    } rows, turned;
+    Rows rows, turned;
     for (std::uint64_t i = 0; i < kRows; ++i)
-        rows[i] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(source + i * from));
+        rows.row[i] = _mm_loadu_si128(reinterpret_cast<const __m128i*>(source + i * from));
     // Rows i and i + 4 are merged byte by byte. Done three times, each has two columns.
-    const auto merge = [](Rows& in, Rows& out) {
+    const auto merge = [](const Rows& in, Rows& out) {
         for (std::size_t i = 0; i < kRows / 2; ++i) {
-            out[2 * i] = _mm_unpacklo_epi8(in[i], in[i + kRows / 2]);
-            out[2 * i + 1] = _mm_unpackhi_epi8(in[i], in[i + kRows / 2]);
+            out.row[2 * i] = _mm_unpacklo_epi8(in.row[i], in.row[i + kRows / 2]);
+            out.row[2 * i + 1] = _mm_unpackhi_epi8(in.row[i], in.row[i + kRows / 2]);
         }
     };
     merge(rows, turned);
     merge(turned, rows);
     merge(rows, turned);
     for (std::uint64_t i = 0; i < kRows; ++i, target += 2 * to) {
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(target), turned[i]);
-        _mm_storel_epi64(reinterpret_cast<__m128i*>(target + to), _mm_unpackhi_epi64(turned[i], turned[i]));
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(target), turned.row[i]);
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(target + to), _mm_unpackhi_epi64(turned.row[i], turned.row[i]));
     }
 }
 
