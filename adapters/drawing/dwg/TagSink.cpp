@@ -81,6 +81,13 @@ void TagSink::Object(std::string_view name)
     m_found.hasObjects = true;
 }
 
+void TagSink::LateObject(std::string_view name, std::uint64_t begin)
+{
+    Close();
+    m_found.objects.push_back({name, {begin, 0, m_found.tags + 1}});
+    m_found.hasObjects = true;
+}
+
 void TagSink::BeginBlock()
 {
     EndBlock();
@@ -113,10 +120,15 @@ void TagSink::LateEntity(std::string_view name, std::uint64_t begin, bool inPape
     ListEntity();
 }
 
-std::string_view TagSink::TakeEntity()
+std::string_view TagSink::TakeOpen()
 {
+    std::uint64_t begin = m_entity.begin;
+    if (m_open == Open::Entry) {
+        begin = m_list->back().slice.begin;
+        m_list->pop_back();
+    }
     m_open = Open::Nothing;
-    return std::string_view(m_bytes).substr(m_entity.begin);
+    return std::string_view(m_bytes).substr(begin);
 }
 
 void TagSink::OpenEntity(std::string_view name)

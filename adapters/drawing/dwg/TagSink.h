@@ -31,6 +31,8 @@ public:
     void Variable(std::string_view name);
     void TableEntry(std::string_view name);
     void Object(std::string_view name);
+    /// An object whose tags are made later: `begin` stands for them. Ends at once.
+    void LateObject(std::string_view name, std::uint64_t begin);
     /// BLOCK: its own tags follow, then its entities up to EndBlock.
     void BeginBlock();
     void EndBlock();
@@ -38,8 +40,8 @@ public:
     void Entity(std::string_view name);
     /// An entity whose tags are made later: `begin` stands for them. Ends at once.
     void LateEntity(std::string_view name, std::uint64_t begin, bool inPaper);
-    /// The tags of the open entity, which ends unlisted; until Forget is called.
-    std::string_view TakeEntity();
+    /// The tags of the open entity or object, which ends unlisted; until Forget is called.
+    std::string_view TakeOpen();
     /// Every tag so far.
     void Forget()
     {

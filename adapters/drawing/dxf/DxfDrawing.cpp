@@ -147,9 +147,11 @@ std::optional<Vec3> DxfDrawing::HeaderPoint(std::string_view name) const
 
 const std::vector<Finding>& DxfDrawing::Findings() const
 {
-    if (m_model->source.late != nullptr)
-        if (const std::uint32_t lost = m_model->source.late->TakeLost(); lost > 0)
-            m_model->findings.Add(Damage::EntityDamaged, 1, lost);
+    const LateTags::Lost lost = m_model->source.late != nullptr ? m_model->source.late->TakeLost() : LateTags::Lost();
+    if (lost.entities > 0)
+        m_model->findings.Add(Damage::EntityDamaged, 1, lost.entities);
+    if (lost.objects > 0)
+        m_model->findings.Add(Damage::ObjectDamaged, 1, lost.objects);
     return m_model->findings.All();
 }
 

@@ -59,7 +59,7 @@ struct Model {
     std::vector<PlotStyleName> plotStyles;
     FrameSettings frames;
 
-    [[nodiscard]] TagCursor Tags(const Slice& slice) const { return TagsOf(source.File(), source.format, slice); }
+    [[nodiscard]] TagCursor Tags(const Slice& slice) const { return source.TagsOf(slice); }
     [[nodiscard]] std::string Text(std::string_view raw) const { return source.text->Decode(raw); }
     [[nodiscard]] const Dictionary* DictionaryOf(Handle handle) const;
     [[nodiscard]] const Dictionary* RootEntry(std::string_view name) const;

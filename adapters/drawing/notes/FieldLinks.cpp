@@ -39,7 +39,7 @@ Field ReadField(const Drawing::Source& source, const Slice& slice)
 {
     Field field;
     LinkReader reader(source, field.links);
-    TagCursor tags = TagsOf(source.File(), source.format, slice);
+    TagCursor tags = source.TagsOf(slice);
     bool mine = false, inBraces = false;
     while (tags.Next()) {
         if (tags.Code() == 1001)
@@ -69,7 +69,7 @@ std::vector<Handle> EntriesOf(const Drawing::Source& source, const Slice& slice,
 {
     std::vector<Handle> handles;
     std::string_view name;
-    TagCursor tags = TagsOf(source.File(), source.format, slice);
+    TagCursor tags = source.TagsOf(slice);
     while (tags.Next() && tags.Code() < 1000) {
         if (tags.Code() == 3)
             name = tags.Name();

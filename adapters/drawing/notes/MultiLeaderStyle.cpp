@@ -68,7 +68,7 @@ void MultiLeaderReader::ReadStyle()
         m_style = m_own;
         return;
     }
-    TagCursor tags = TagsOf(source.File(), source.format, found->second);
+    TagCursor tags = source.TagsOf(found->second);
     bool inBraces = false;
     while (tags.Next() && tags.Code() < 1000) {
         if (tags.Code() == 102)

@@ -127,7 +127,7 @@ void TakeValue(const Drawing& drawing, int code, const TagCursor& value, DimStyl
 void ReadTable(const Drawing& drawing, const Slice& slice, DimStyle& style)
 {
     const Drawing::Source& source = drawing.Tags();
-    TagCursor tags = TagsOf(source.File(), source.format, slice);
+    TagCursor tags = source.TagsOf(slice);
     bool inBraces = false;
     while (tags.Next() && tags.Code() < 1000) {
         if (tags.Code() == 102)

@@ -90,7 +90,7 @@ void TakeStyleTag(const Drawing::Source& source, const TagCursor& tag, MLineData
 
 void ReadStyle(const Drawing::Source& source, const Slice& slice, MLineData& data)
 {
-    TagCursor tags = TagsOf(source.File(), source.format, slice);
+    TagCursor tags = source.TagsOf(slice);
     bool inBraces = false;
     while (tags.Next() && tags.Code() < 1000) {
         if (tags.Code() == 102)

@@ -130,7 +130,7 @@ void TakeKindTag(const Drawing::Source& source, const TagCursor& tag, TableData:
 /// A TABLESTYLE: general values, then those of data, title and header cells, each from its text style (7) on.
 void ReadStyle(const Drawing::Source& source, const Slice& slice, TableData& data)
 {
-    TagCursor tags = TagsOf(source.File(), source.format, slice);
+    TagCursor tags = source.TagsOf(slice);
     std::size_t kinds = 0;
     while (tags.Next() && tags.Code() < 1000) {
         kinds += tags.Code() == 7 ? 1 : 0;

@@ -15,7 +15,9 @@ int HexDigit(char c)
 
 Handle OwnHandle(const Drawing::Source& source, const NamedSlice& object, int code)
 {
-    TagCursor tags = TagsOf(source.File(), source.format, object.slice);
+    if (object.slice.begin >= LateTags::kFirst && source.late != nullptr)
+        return source.late->HandleOf(object.slice.begin);
+    TagCursor tags = source.TagsOf(object.slice);
     while (tags.Next() && tags.Code() < 1000)
         if (tags.Code() == code)
             return tags.HandleValue();

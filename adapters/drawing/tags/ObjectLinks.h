@@ -19,7 +19,7 @@ Handle EntryIn(const Drawing::Source& source, const NamedSlice& dictionary, std:
 /// Calls `take(tag)` for each tag of an object, groups in braces included, up to its extended data.
 template <class Take> void ForEachObjectTag(const Drawing::Source& source, const NamedSlice& object, Take take)
 {
-    TagCursor tags = TagsOf(source.File(), source.format, object.slice);
+    TagCursor tags = source.TagsOf(object.slice);
     while (tags.Next() && tags.Code() < 1000)
         take(static_cast<const TagCursor&>(tags));
 }

@@ -12,22 +12,25 @@
 
 namespace sm::drawing {
 
-/// Tags of entities that are made when they are asked for: those of a DWG.
+/// Entities and objects whose tags are made when they are asked for: those of a DWG.
 class LateTags {
 public:
-    /// A record's `begin` from here on stands for such an entity; its length is unknown.
+    struct Lost {
+        std::uint32_t entities = 0, objects = 0;
+    };
+    /// The `begin` of a record or slice from here on stands for one of them; its length is unknown.
     static constexpr std::uint64_t kFirst = std::uint64_t{1} << 63U;
 
     LateTags() = default;
     LateTags(const LateTags&) = delete;
     LateTags& operator=(const LateTags&) = delete;
     virtual ~LateTags() = default;
-    /// Where the entity's tags lie in Source::File(), for good. May be asked by several threads. An entity that turns
-    /// out to be damaged is an invisible one.
+    /// Where the tags lie in Source::File(), for good. May be asked by several threads. An entity that turns out to be
+    /// damaged is an invisible one, an object then has no tags.
     virtual Slice TagsOf(std::uint64_t begin) = 0;
     [[nodiscard]] virtual Handle HandleOf(std::uint64_t begin) const = 0;
     /// How many turned out to be damaged since it was asked last.
-    virtual std::uint32_t TakeLost() = 0;
+    virtual Lost TakeLost() = 0;
 };
 
 class Drawing::Source {
@@ -71,6 +74,11 @@ public:
             record.length = static_cast<std::uint32_t>(slice.length);
         }
         return record;
+    }
+    [[nodiscard]] TagCursor TagsOf(const Slice& slice) const
+    {
+        const bool waits = slice.begin >= LateTags::kFirst && late != nullptr;
+        return sm::drawing::TagsOf(File(), format, waits ? late->TagsOf(slice.begin) : slice);
     }
     [[nodiscard]] TagCursor TagsOf(const EntityRecord& record) const
     {

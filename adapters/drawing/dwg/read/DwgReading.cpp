@@ -204,10 +204,6 @@ void DwgReading::WriteBlocks()
 
 void DwgReading::WriteRecords()
 {
-    const auto write = [this](const IndexedObject& object) {
-        if (const RecordRow* const row = m_index.RecordOf(object.type))
-            WriteRecord(object, *row);
-    };
     // A type of its own in some releases, a class in others.
     const auto isXRecord = [this](const IndexedObject& object) {
         const RecordRow* const row = m_index.RecordOf(object.type);
@@ -216,24 +212,38 @@ void DwgReading::WriteRecords()
     // The named-object dictionary comes first, as in a DXF.
     IndexedObject* const root = m_index.Find(m_links.dictionary);
     if (root != nullptr) {
-        write(*root);
+        PassRecord(*root);
         root->taken = true;
     }
-    for (const IndexedObject& object : m_index.All())
+    for (IndexedObject& object : m_index.All())
         if (!object.taken && !isXRecord(object))
-            write(object);
+            PassRecord(object);
     for (const Handle handle : m_object.records)
         if (IndexedObject* const record = m_index.Find(handle); record != nullptr && isXRecord(*record))
             if (!std::exchange(record->taken, true))
-                write(*record);
+                PassRecord(*record);
     m_sink.Close();
 }
 
-void DwgReading::WriteRecord(const IndexedObject& object, const RecordRow& row)
+void DwgReading::PassRecord(IndexedObject& object)
+{
+    const RecordRow* const row = m_index.RecordOf(object.type);
+    if (row == nullptr)
+        return;
+    if (!row->waits || !m_mayWait || m_hasOrphans) {
+        WriteRecord(object, *row);
+        return;
+    }
+    m_sink.LateObject(row->name, LateTags::kFirst + m_waiting.size());
+    m_waiting.push_back(&object);
+}
+
+/// False: it is damaged, and left out.
+bool DwgReading::WriteRecord(const IndexedObject& object, const RecordRow& row)
 {
     if (IsFull() || !Open(m_object, &object)) {
         ++m_lostObjects;
-        return;
+        return false;
     }
     m_sink.Object(row.name);
     m_object.ReadObjectHead();
@@ -242,9 +252,10 @@ void DwgReading::WriteRecord(const IndexedObject& object, const RecordRow& row)
     if (m_object.Lost()) {
         m_sink.Abandon();
         ++m_lostObjects;
-        return;
+        return false;
     }
     m_object.WriteExtended();
+    return true;
 }
 
 /// Bodies that are stored in binary form: as records of the data section, where DXF has them.

@@ -18,9 +18,9 @@ class DwgReading {
 public:
     /// `fileSize` bounds what the tags may take.
     DwgReading(const Container& container, std::uint64_t fileSize, FindingList& findings);
-    /// Entities whose tags are the same whenever they are made may wait until they are asked for, where nothing was
-    /// found damaged so far; else all are decoded at once. Called before Run.
-    void LetEntitiesWait() { m_mayWait = m_findings.All().empty(); }
+    /// Entities and objects whose tags are the same whenever they are made may wait until they are asked for, where
+    /// nothing was found damaged so far; else all are decoded at once. Called before Run.
+    void LetThemWait() { m_mayWait = m_findings.All().empty(); }
     /// Once. Nothing is told to `findings` afterwards.
     DecodedTags Run();
 
@@ -28,7 +28,8 @@ public:
     [[nodiscard]] const std::vector<IndexedObject*>& Waiting() const { return m_waiting; }
     /// The tags of one of them, until the next is asked for; nothing when it is damaged. `lost` is raised by it and by
     /// its damaged parts.
-    std::optional<std::string_view> TagsOfWaiting(IndexedObject& entity, std::uint32_t& lost);
+    std::optional<std::string_view> TagsOfWaiting(IndexedObject& object, LateTags::Lost& lost);
+    [[nodiscard]] bool IsRecord(const IndexedObject& object) const { return m_index.RecordOf(object.type) != nullptr; }
 
 private:
     using Entries = std::vector<Handle>;
@@ -55,7 +56,8 @@ private:
     void WriteMembers();
     bool WriteMember(Handle handle);
     void WriteRecords();
-    void WriteRecord(const IndexedObject& object, const RecordRow& row);
+    void PassRecord(IndexedObject& object);
+    bool WriteRecord(const IndexedObject& object, const RecordRow& row);
     void WriteBodies();
     [[nodiscard]] bool Open(Object& object, const IndexedObject* place);
     /// Long names on many entities would make a small file large: no more is written then.

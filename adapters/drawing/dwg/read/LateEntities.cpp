@@ -24,7 +24,7 @@ LateEntities::LateEntities(const FileBytes& file, const std::string& path, Findi
     : m_file(file), m_container(Container::Open(m_file.View(), path, findings)),
       m_reading(m_container, m_file.View().size(), findings), m_most(MostTags(m_file.View().size()))
 {
-    m_reading.LetEntitiesWait();
+    m_reading.LetThemWait();
 }
 
 DecodedTags LateEntities::Read()
@@ -69,12 +69,13 @@ Slice LateEntities::TagsOf(std::uint64_t begin)
 
 LateEntities::Place LateEntities::Make(std::uint64_t index)
 {
-    const auto tags = m_reading.TagsOfWaiting(*m_reading.Waiting()[index], m_lost);
-    if (!tags)
-        return m_invisible;
-    if (tags->size() > m_room - m_used) {
-        ++m_lost;
-        return m_invisible;
+    IndexedObject& object = *m_reading.Waiting()[index];
+    const bool isRecord = m_reading.IsRecord(object);
+    const auto tags = m_reading.TagsOfWaiting(object, m_lost);
+    if (!tags || tags->size() > m_room - m_used) {
+        if (tags)
+            ++(isRecord ? m_lost.objects : m_lost.entities);
+        return isRecord ? Place{m_invisible.begin, 0} : m_invisible;
     }
     const Place place{m_used, tags->size()};
     tags->copy(m_tags.get() + m_used, tags->size());
@@ -88,10 +89,10 @@ Handle LateEntities::HandleOf(std::uint64_t begin) const
     return index < m_places.size() ? m_reading.Waiting()[index]->handle : 0;
 }
 
-std::uint32_t LateEntities::TakeLost()
+LateTags::Lost LateEntities::TakeLost()
 {
     const std::lock_guard lock(m_making);
-    return std::exchange(m_lost, 0);
+    return std::exchange(m_lost, {});
 }
 
 } // namespace sm::drawing::dwg

@@ -1,4 +1,4 @@
-// The entities of a DWG that are decoded when they are asked for. For this room only.
+// The entities and objects of a DWG that are decoded when they are asked for. For this room only.
 #pragma once
 
 #include "dwg/read/DwgReading.h"
@@ -14,7 +14,7 @@ public:
     /// Opens the file; throws DrawingError as Container::Open does. `findings` is told of what Read finds.
     LateEntities(const FileBytes& file, const std::string& path, FindingList& findings);
 
-    /// Everything but the entities that wait. Once.
+    /// Everything but what waits. Once.
     DecodedTags Read();
     [[nodiscard]] bool Any() const { return !m_reading.Waiting().empty(); }
     /// The file of tags: `tags`, and behind them room for those to come.
@@ -22,10 +22,10 @@ public:
 
     Slice TagsOf(std::uint64_t begin) override;
     [[nodiscard]] Handle HandleOf(std::uint64_t begin) const override;
-    std::uint32_t TakeLost() override;
+    Lost TakeLost() override;
 
 private:
-    /// Where the tags lie: 0 before they are made, which no tags of entities begin at.
+    /// Where the tags lie: 0 before they are made, which no such tags begin at.
     struct Place {
         std::uint64_t begin = 0, length = 0;
     };
@@ -40,7 +40,7 @@ private:
     std::shared_ptr<char> m_tags;
     std::uint64_t m_used = 0, m_room = 0;
     Place m_invisible; ///< what stands for a damaged entity
-    std::uint32_t m_lost = 0;
+    Lost m_lost;
 };
 
 } // namespace sm::drawing::dwg

@@ -102,13 +102,15 @@ bool DwgReading::PassChained(IndexedObject& entity)
     return true;
 }
 
-std::optional<std::string_view> DwgReading::TagsOfWaiting(IndexedObject& entity, std::uint32_t& lost)
+std::optional<std::string_view> DwgReading::TagsOfWaiting(IndexedObject& object, LateTags::Lost& lost)
 {
-    m_lostEntities = 0;
+    m_lostEntities = m_lostObjects = 0;
     m_sink.Forget();
-    const bool sound = WriteEntity(entity);
-    lost += m_lostEntities;
-    return sound ? std::optional(m_sink.TakeEntity()) : std::nullopt;
+    const RecordRow* const row = m_index.RecordOf(object.type);
+    const bool sound = row != nullptr ? WriteRecord(object, *row) : WriteEntity(object);
+    lost.entities += m_lostEntities;
+    lost.objects += m_lostObjects;
+    return sound ? std::optional(m_sink.TakeOpen()) : std::nullopt;
 }
 
 void DwgReading::CollectOrphans()

@@ -13,6 +13,7 @@ struct RecordRow {
     std::uint32_t type;    ///< 0: known by its class alone
     std::string_view name; ///< of its class, and in DXF
     DecodeRecord decode;
+    bool waits = false; ///< nothing asks for it while a drawing is opened
 };
 
 /// Null for what nobody reads.
