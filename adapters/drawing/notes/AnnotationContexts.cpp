@@ -131,8 +131,8 @@ Handle AnnotationScaleOf(const Drawing& drawing, const EntityRecord& viewport)
     const Drawing::Source& source = drawing.Tags();
     if (!source.HasContextData())
         return 0;
-    const Handle record = DictionaryEntry(source, ExtensionDictionaryOf(source.TagsOf(viewport)),
-                                          "ASDK_XREC_ANNOTATION_SCALE_INFO");
+    const Handle record =
+        DictionaryEntry(source, ExtensionDictionaryOf(source.TagsOf(viewport)), "ASDK_XREC_ANNOTATION_SCALE_INFO");
     const NamedSlice* const object = source.FindObject(record);
     Handle scale = 0;
     if (object != nullptr)
