@@ -29,26 +29,34 @@ std::string Sample(const std::string& release)
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// The first LINE of the file with its coordinates overwritten by what no writer stores.
-Handle SpoilALine(std::string& file)
+/// The first object of that type with its fields overwritten by what no writer stores.
+Handle Spoil(std::string& file, std::uint32_t type, std::size_t at, std::size_t count)
 {
-    constexpr std::uint32_t kLine = 19;
-    constexpr std::size_t kAt = 20, kCount = 12;
     FindingList findings;
     const Container container = Container::Open(file, "plan.dwg", findings);
     ObjectIndex index(container, ReadClasses(container), findings);
-    const auto line = std::ranges::find(index.All(), kLine, &IndexedObject::type);
-    const Handle handle = line->handle;
-    file.replace(line->offset + kAt, kCount, kCount, '\xFF');
+    const auto object = std::ranges::find(index.All(), type, &IndexedObject::type);
+    const Handle handle = object->handle;
+    file.replace(object->offset + at, count, count, '\xFF');
     return handle;
 }
+
+std::uint32_t TypeOf(const std::string& file, std::string_view className)
+{
+    FindingList findings;
+    const Container container = Container::Open(file, "plan.dwg", findings);
+    const std::vector<ObjectClass> classes = ReadClasses(container);
+    return std::ranges::find(classes, className, &ObjectClass::name)->number;
+}
+
+constexpr std::uint32_t kLine = 19;
 
 TEST(LateEntities, ThatAreDamagedAreInvisibleAndToldWhenTheyAreRead)
 {
     std::string file = Sample("AC1015");
     if (file.empty())
         GTEST_SKIP() << "no drawings";
-    const Handle handle = SpoilALine(file);
+    const Handle handle = Spoil(file, kLine, 20, 12);
     const auto drawing = OpenDwgBytes(file, "plan.dwg");
     EXPECT_TRUE(drawing->Findings().empty());
     const EntityRecord* const record = drawing->FindEntity(handle);
@@ -65,6 +73,23 @@ TEST(LateEntities, ThatAreDamagedAreInvisibleAndToldWhenTheyAreRead)
         EXPECT_EQ(drawing->Findings().front().count, 1U);
         EXPECT_TRUE(drawing->Findings().front().contentLost);
     }
+}
+
+TEST(LateObjects, ThatAreDamagedHaveNoTagsAndAreToldWhenTheyAreRead)
+{
+    std::string file = Sample("AC1015");
+    if (file.empty())
+        GTEST_SKIP() << "no drawings";
+    const Handle handle = Spoil(file, TypeOf(file, "SCALE"), 12, 6);
+    const auto drawing = OpenDwgBytes(file, "plan.dwg");
+    const NamedSlice* const scale = drawing->Tags().FindObject(handle);
+    ASSERT_NE(scale, nullptr);
+    EXPECT_EQ(scale->name, "SCALE");
+    EXPECT_TRUE(drawing->Findings().empty());
+    EXPECT_FALSE(drawing->Tags().TagsOf(scale->slice).Next());
+    ASSERT_EQ(drawing->Findings().size(), 1U);
+    EXPECT_EQ(drawing->Findings().front().code, 812);
+    EXPECT_EQ(drawing->Findings().front().count, 1U);
 }
 
 /// A number from what all entities have in common.
