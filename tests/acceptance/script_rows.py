@@ -1,5 +1,6 @@
 """Scripts that run from right to left or that are shaped: each row draws and looks."""
 import os
+import struct
 import subprocess
 import unicodedata
 import unittest
@@ -105,4 +106,37 @@ def stamps_without_a_font(stand):
     assert stand.run("convert", path, "-o", pdf, "--layout", "Sheet", "--strict").returncode == 1
 
 
-ROWS = [right_to_left_dimensions, shaped_scripts, stamps, stamps_without_a_font]
+def big_font(*characters):
+    """A big font of code page 936, 8 units high; each character is its pair of bytes and its pen codes."""
+    shapes = [(0, b"Own\0\x08\0\0\x08\0"), *((int.from_bytes(pair, "big"), b"\0" + codes) for pair, codes in characters)]
+    head = b"AutoCAD-86 bigfont 1.0\r\n\x1a" + struct.pack("<5H", 8, len(shapes), 1, 0xB0, 0xF7)
+    place, index = len(head) + 8 * len(shapes), b""
+    for number, body in shapes:
+        index += struct.pack("<HHI", number, len(body), place)
+        place += len(body)
+    return head + index + b"".join(body for _, body in shapes)
+
+
+def big_fonts(stand):
+    """A style's big font beside the drawing is drawn by its own strokes and found; a missing one is told."""
+    bar = b"\x02\x20\x01\x84\x02\x8c\x80\0"  # from (2, 0) to (2, 8), then 10 on
+    with open(stand.path("gbown.shx"), "wb") as file:
+        file.write(big_font(("\u65bd".encode("gbk"), bar)))
+    for name, told in (("gbown.shx", False), ("gbother.shx", True)):
+        document = stand.new("R2000")
+        document.encoding = "gbk"
+        document.styles.add("TWO", font="txt.shx").dxf.bigfont = name
+        layout = sheet(document)
+        layout.add_text("\u65bd", dxfattribs={"insert": (100, 100), "height": 40, "style": "TWO"})
+        path = stand.save(document)
+        result = stand.run("convert", path, "-o", stand.path("out.pdf"), "--layout", "Sheet")
+        assert result.returncode == 0, result.stderr
+        assert (f"big font {name} drawn with outline fonts" in result.stderr) == told, result.stderr
+        assert "\u65bd" in texts(stand.path("out.pdf"))
+        picture = pdf_tools.Picture(stand.path("out.pdf"), dpi=72)
+        left, bottom, right, top = (side / POINTS for side in picture.ink_box(0, 0, 400 * POINTS, 290 * POINTS))
+        bar_alone = abs(left - 110) < 1 and abs(right - 110) < 1 and abs(bottom - 100) < 1 and abs(top - 140) < 1
+        assert bar_alone != told, f"{left:.1f} to {right:.1f}, {bottom:.1f} to {top:.1f}"
+
+
+ROWS = [right_to_left_dimensions, shaped_scripts, stamps, stamps_without_a_font, big_fonts]

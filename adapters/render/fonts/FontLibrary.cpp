@@ -10,6 +10,30 @@ namespace sm::render {
 
 namespace {
 
+/// The code page of a big font's characters: the drawing's own, or, where that has none of two bytes, the one that
+/// fonts of such names are made for.
+std::string BigFontPage(const std::string& file, const std::string& codePage)
+{
+    struct Kin {
+        std::string_view part, page;
+    };
+    static constexpr Kin kKin[] = {{"chinese", "ANSI_950"}, {"big5", "ANSI_950"}, {"wh", "ANSI_949"},
+                                   {"ksc", "ANSI_949"},     {"hang", "ANSI_949"}, {"bigfont", "ANSI_932"},
+                                   {"ext", "ANSI_932"},     {"jis", "ANSI_932"}};
+    const std::string drawn = base::UpperAscii(codePage), name = base::FoldCase(file);
+    for (const char* page : {"932", "936", "949", "950"}) {
+        if (drawn.ends_with(page)) {
+            return codePage;
+        }
+    }
+    for (const Kin& kin : kKin) {
+        if (name.starts_with(kin.part) || (name.starts_with('@') && name.substr(1).starts_with(kin.part))) {
+            return std::string(kin.page);
+        }
+    }
+    return "ANSI_936";
+}
+
 /// A letter of `from` as wide as if it were one of `beside`.
 StrokeGlyph Fitted(const StrokeGlyph& glyph, const StrokeFont& from, const StrokeFont& beside)
 {
@@ -48,18 +72,21 @@ const Font& FontLibrary::ForStyle(const drawing::Drawing& drawing, std::uint32_t
         m_styles.resize(slot + 1);
     }
     StyleEntry& entry = m_styles[slot];
-    if (entry.font != nullptr && entry.fontFile == asked.fontFile && entry.family == asked.family &&
-        entry.bold == asked.bold && entry.italic == asked.italic && entry.path == drawing.Path()) {
+    if (entry.font != nullptr && entry.fontFile == asked.fontFile && entry.bigFontFile == asked.bigFontFile &&
+        entry.family == asked.family && entry.bold == asked.bold && entry.italic == asked.italic &&
+        entry.path == drawing.Path()) {
         return *entry.font;
     }
     const std::string folder = FolderOf(drawing.Path());
-    const std::string key = folder + '\n' + asked.name + '\n' + asked.fontFile + '\n' + asked.family +
-                            (asked.bold ? "\nb" : "\n") + (asked.italic ? "i" : "");
+    const std::string key = folder + '\n' + asked.name + '\n' + asked.fontFile + '\n' + asked.bigFontFile + '\n' +
+                            asked.family + (asked.bold ? "\nb" : "\n") + (asked.italic ? "i" : "");
     auto& font = m_styleFonts[key];
     if (!font) {
-        font = std::make_unique<Font>(Resolve({asked, FileNameOf(asked.fontFile), folder, "style " + asked.name}));
+        const Wish wish{asked, FileNameOf(asked.fontFile), folder, "style " + asked.name};
+        font = std::make_unique<Font>(Resolve(wish));
+        font->big = font->stroke != nullptr ? BigFontOf(wish, drawing.CodePage()) : nullptr;
     }
-    entry = {asked.fontFile, asked.family, drawing.Path(), asked.bold, asked.italic, font.get()};
+    entry = {asked.fontFile, asked.bigFontFile, asked.family, drawing.Path(), asked.bold, asked.italic, font.get()};
     return *font;
 }
 
@@ -85,8 +112,13 @@ const Font& FontLibrary::ForShapeFile(const std::string& file)
     if (known != m_named.end()) {
         return known->second;
     }
-    static const drawing::TextStyle kNone;
-    return m_named[key] = ResolveShape({kNone, FileNameOf(file), {}, "text"});
+    const std::size_t comma = file.find(',');
+    drawing::TextStyle style;
+    style.bigFontFile = comma == std::string::npos ? "" : file.substr(comma + 1);
+    const Wish wish{style, FileNameOf(file.substr(0, comma)), {}, "text"};
+    Font& font = m_named[key] = ResolveShape(wish);
+    font.big = font.stroke != nullptr ? BigFontOf(wish, {}) : nullptr;
+    return font;
 }
 
 const OutlineFace* FontLibrary::FaceAt(const FontPlace& place)
@@ -134,6 +166,30 @@ StrokeFont* FontLibrary::StrokeIn(const std::string& path)
     return entry->second.get();
 }
 
+/// The big font of a style; null where it names none or this machine hasn't it, which is noted.
+StrokeFont* FontLibrary::BigFontOf(const Wish& wish, const std::string& codePage)
+{
+    const std::string asked = FileNameOf(wish.style.bigFontFile);
+    if (asked.empty()) {
+        return nullptr;
+    }
+    const std::string file = EndingOf(asked).empty() ? asked + ".shx" : asked;
+    const std::string* path = wish.folder.empty() ? m_folders.Named(file) : m_folders.Named(file, wish.folder);
+    StrokeFont* font = nullptr;
+    if (path != nullptr) {
+        const std::string page = BigFontPage(file, codePage);
+        auto [entry, isNew] = m_strokes.try_emplace(*path + '|' + page);
+        if (isNew) {
+            entry->second = StrokeFont::OpenBig(*path, page);
+        }
+        font = entry->second.get();
+    }
+    if (font == nullptr) {
+        m_substitutions.Note(wish.who, "big font " + asked + " drawn with outline fonts");
+    }
+    return font;
+}
+
 /// A letter that `beside` lacks, taken over from another stroke font.
 const StrokeGlyph* FontLibrary::FindInStrokes(StrokeFont& beside, char32_t character)
 {
@@ -153,6 +209,10 @@ GlyphSource FontLibrary::Find(const Font& font, char32_t character)
             return {font.face, glyph, nullptr, nullptr};
         }
         return FindElsewhere(character);
+    }
+    const StrokeGlyph* two = font.big != nullptr && character > 0x7F ? font.big->Find(character) : nullptr;
+    if (two != nullptr) {
+        return {nullptr, character, font.big, two};
     }
     if (font.stroke != nullptr) {
         if (const StrokeGlyph* strokes = font.stroke->Find(character)) {

@@ -21,8 +21,9 @@ namespace sm::render {
 struct Font {
     const OutlineFace* face = nullptr;
     StrokeFont* stroke = nullptr;
-    double strokeWidth = 1; ///< stroke fonts: how much wider than the file's own letters
-    double faceWidth = 1;   ///< outline fonts: likewise
+    double strokeWidth = 1;    ///< stroke fonts: how much wider than the file's own letters
+    double faceWidth = 1;      ///< outline fonts: likewise
+    StrokeFont* big = nullptr; ///< of the characters of two bytes, where a stroke font has such a companion
     [[nodiscard]] double Descent() const { return face != nullptr ? face->Descent() / face->CapHeight() : 1.0 / 3; }
 };
 
@@ -42,6 +43,7 @@ public:
     const Font& ForStyle(const drawing::Drawing& drawing, std::uint32_t style);
     /// A font that an MTEXT names itself: a family, or an SHX file.
     const Font& ForFamily(const std::string& family, bool bold, bool italic);
+    /// Such a file, and behind a comma its big font: "txt.shx,gbcbig.shx".
     const Font& ForShapeFile(const std::string& file);
 
     GlyphSource Find(const Font& font, char32_t character);
@@ -73,6 +75,7 @@ private:
     const OutlineFace* AnyFace();
     StrokeFont* StrokeAt(const std::string& file, const StrokeChoice* choice);
     StrokeFont* StrokeIn(const std::string& path);
+    StrokeFont* BigFontOf(const Wish& wish, const std::string& codePage);
     GlyphSource FindElsewhere(char32_t character);
     GlyphSource FindInFallbacks(char32_t character);
     const StrokeGlyph* FindInStrokes(StrokeFont& beside, char32_t character);
@@ -84,7 +87,7 @@ private:
     std::map<std::string, Font> m_named;
     /// The last font of each style's index, with what the style asked for.
     struct StyleEntry {
-        std::string fontFile, family, path;
+        std::string fontFile, bigFontFile, family, path;
         bool bold = false, italic = false;
         const Font* font = nullptr;
     };

@@ -11,7 +11,7 @@ namespace sm::render {
 namespace {
 
 /// The numbers under which a font may keep a character: Unicode ones in unifonts, else bytes of its code page.
-std::array<std::uint16_t, 2> NumbersOf(char32_t character, bool unifont)
+std::array<std::uint16_t, 2> OwnNumbersOf(char32_t character, bool unifont)
 {
     const auto number = static_cast<std::uint16_t>(character < 0x10000 ? character : 0);
     switch (character) {
@@ -39,7 +39,7 @@ std::array<std::uint16_t, 2> NumbersOf(char32_t character, bool unifont)
 std::unique_ptr<StrokeFont> StrokeFont::FromShapes(std::unique_ptr<ShapeFile> shapes, std::string name)
 {
     const std::string_view head = shapes ? shapes->Codes(0) : std::string_view();
-    if (head.size() < 3 || head[0] == 0) {
+    if (head.size() < 3 || head[0] == 0 || shapes->IsBigFont()) {
         return nullptr;
     }
     auto font = std::make_unique<StrokeFont>();
@@ -49,9 +49,34 @@ std::unique_ptr<StrokeFont> StrokeFont::FromShapes(std::unique_ptr<ShapeFile> sh
     return font;
 }
 
+std::unique_ptr<StrokeFont> StrokeFont::FromBigFont(std::unique_ptr<ShapeFile> shapes, const std::string& codePage,
+                                                    std::string name)
+{
+    if (!shapes || !shapes->IsBigFont() || shapes->Cell().y <= 0) {
+        return nullptr;
+    }
+    auto font = std::make_unique<StrokeFont>();
+    font->m_above = shapes->Cell().y;
+    font->m_shapes = std::move(shapes);
+    font->m_page = drawing::SharedPage(drawing::ConverterName(codePage));
+    font->m_name = std::move(name);
+    return font;
+}
+
+/// A big font has the characters of two bytes, all others stand in the font that it belongs to.
+std::array<std::uint16_t, 2> StrokeFont::NumbersOf(char32_t character) const
+{
+    if (!m_page) {
+        return OwnNumbersOf(character, m_shapes->IsUnifont());
+    }
+    const std::string pair = m_page->Encode(character).value_or("");
+    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(pair[i]); };
+    return {pair.size() == 2 ? static_cast<std::uint16_t>(byte(0) << 8 | byte(1)) : std::uint16_t{0}, 0};
+}
+
 bool StrokeFont::ReadShape(char32_t character, StrokeGlyph& glyph) const
 {
-    for (const std::uint16_t number : NumbersOf(character, m_shapes->IsUnifont())) {
+    for (const std::uint16_t number : NumbersOf(character)) {
         Vec2 end;
         if (number == 0 || !AppendShape(*m_shapes, number, glyph.path, end)) {
             continue;
@@ -61,7 +86,8 @@ bool StrokeFont::ReadShape(char32_t character, StrokeGlyph& glyph) const
             point = point * (1 / m_above);
             right = std::max(right, point.x);
         }
-        glyph.advance = std::max(0.0, end.x / m_above);
+        const double own = m_page && end.x <= 0 ? m_shapes->Cell().x : end.x; // some leave the step to the cell
+        glyph.advance = std::max(0.0, own / m_above);
         glyph.gap = glyph.path.Empty() ? 0 : std::max(0.0, glyph.advance - right);
         return true;
     }

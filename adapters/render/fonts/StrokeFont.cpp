@@ -55,6 +55,11 @@ std::unique_ptr<StrokeFont> StrokeFont::Open(const std::string& path)
     return FromText(std::move(text).str(), SafeName(path));
 }
 
+std::unique_ptr<StrokeFont> StrokeFont::OpenBig(const std::string& path, const std::string& codePage)
+{
+    return FromBigFont(ShapeFile::Open(path), codePage, SafeName(path));
+}
+
 std::unique_ptr<StrokeFont> StrokeFont::FromText(std::string text, std::string name)
 {
     auto font = std::make_unique<StrokeFont>();

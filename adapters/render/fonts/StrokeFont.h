@@ -6,10 +6,12 @@
 // 6.75" give the gap between letters and the width of a blank.
 #pragma once
 
+#include "drawing/CodePage.h"
 #include "fonts/FontMap.h"
 #include "render/FontFace.h"
 #include "shapes/ShapeFile.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -36,6 +38,10 @@ public:
     static std::unique_ptr<StrokeFont> FromText(std::string text, std::string name = "strokes");
     /// The letters of a compiled shape file; null when it is none or holds shapes that are no letters.
     static std::unique_ptr<StrokeFont> FromShapes(std::unique_ptr<ShapeFile> shapes, std::string name = "strokes");
+    /// A big font, whose characters are pairs of bytes of a code page ("ANSI_936"); null when the file is none.
+    static std::unique_ptr<StrokeFont> OpenBig(const std::string& path, const std::string& codePage);
+    static std::unique_ptr<StrokeFont> FromBigFont(std::unique_ptr<ShapeFile> shapes, const std::string& codePage,
+                                                   std::string name = "strokes");
     /// A font that has but the box for missing characters.
     static const StrokeFont& Boxes();
     /// The widths of the font it stands for; `width` is how much wider than the file's its letters will be drawn. To
@@ -63,6 +69,7 @@ public:
 private:
     bool Index();
     bool ReadShape(char32_t character, StrokeGlyph& glyph) const;
+    [[nodiscard]] std::array<std::uint16_t, 2> NumbersOf(char32_t character) const;
     const StrokeGlyph* FindShape(char32_t character) const;
     void ReadHead(std::string_view line);
     void ReadSection(std::string_view section, StrokeGlyph& glyph, int depth) const;
@@ -71,6 +78,7 @@ private:
     std::string m_name = "strokes", m_text;
     std::unique_ptr<ShapeFile> m_shapes;                       ///< null: LFF
     double m_above = 1;                                        ///< height of the shapes' capitals
+    std::shared_ptr<const drawing::CodePage> m_page;           ///< of a big font
     std::unordered_map<char32_t, std::string_view> m_sections; ///< into m_text
     mutable std::unordered_map<char32_t, StrokeGlyph> m_glyphs;
     double m_letterSpacing = 3, m_wordSpacing = 6.75; ///< font units

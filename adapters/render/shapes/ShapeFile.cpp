@@ -69,8 +69,12 @@ bool ShapeFile::Index()
     if (head.starts_with("AutoCAD-86 shapes")) {
         return IndexShapes(end + 1);
     }
-    m_unifont = head.starts_with("AutoCAD-86 unifont");
-    return m_unifont && IndexUnifont(end + 1);
+    if (head.starts_with("AutoCAD-86 bigfont")) {
+        m_kind = Kind::BigFont;
+        return IndexBigFont(end + 1);
+    }
+    m_kind = Kind::Unifont;
+    return head.starts_with("AutoCAD-86 unifont") && IndexUnifont(end + 1);
 }
 
 bool ShapeFile::IndexShapes(std::size_t at)
@@ -97,6 +101,50 @@ bool ShapeFile::IndexUnifont(std::size_t at)
         at += 4 + length;
     }
     return !m_codes.empty();
+}
+
+bool ShapeFile::IndexBigFont(std::size_t at)
+{
+    constexpr std::size_t kHead = 6, kRange = 4, kEntry = 8, kMostRanges = 128;
+    const std::size_t count = Word(at + 2), ranges = Word(at + 4);
+    const std::size_t index = at + kHead + ranges * kRange;
+    if (ranges > kMostRanges) {
+        return false;
+    }
+    const auto leads = [&](unsigned byte) {
+        for (std::size_t i = 0; i < ranges; ++i) {
+            const std::size_t range = at + kHead + i * kRange;
+            if (byte >= Word(range) && byte <= Word(range + 2)) {
+                return true;
+            }
+        }
+        return false;
+    };
+    // Which byte of a number leads isn't laid down: the ranges tell.
+    int swapped = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const unsigned number = Word(index + i * kEntry);
+        swapped += number < 256 ? 0 : (leads(number & 0xFF) ? 1 : 0) - (leads(number >> 8) ? 1 : 0);
+    }
+    for (std::size_t i = 0; i < count && index + (i + 1) * kEntry <= m_bytes.size(); ++i) {
+        const std::size_t entry = index + i * kEntry;
+        const std::uint16_t number = Word(entry), length = Word(entry + 2);
+        const auto turned = static_cast<std::uint16_t>(number << 8 | number >> 8);
+        if (length > 0) {
+            Add(swapped > 0 && number > 255 ? turned : number,
+                Word(entry + 4) | static_cast<std::size_t>(Word(entry + 6)) << 16, length);
+        }
+    }
+    return !m_codes.empty();
+}
+
+// The first shape says "above, below, modes, 0", or "height, 0, modes, width, 0" where others show its figures.
+Vec2 ShapeFile::Cell() const
+{
+    const std::string_view head = Codes(0);
+    const auto byte = [&](std::size_t i) { return i < head.size() ? static_cast<std::uint8_t>(head[i]) : 0; };
+    const double height = byte(0) > 0 ? byte(0) : byte(1);
+    return {head.size() > 4 && byte(3) > 0 ? byte(3) : height, height};
 }
 
 std::uint16_t ShapeFile::NumberOf(std::string_view name) const

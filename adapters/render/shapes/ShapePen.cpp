@@ -141,12 +141,39 @@ void ShapePen::Skip(Reader& reader)
 void ShapePen::Nested(Reader& reader, int depth)
 {
     std::uint16_t number = reader.Byte();
+    if (number == 0 && m_file.IsBigFont()) {
+        Resized(reader, depth);
+        return;
+    }
     if (m_file.IsUnifont()) {
         number = static_cast<std::uint16_t>(number << 8 | reader.Byte());
     }
     if (depth < kDeepestSubshape) {
         Draw(number, depth + 1);
     }
+}
+
+/// A figure of a big font, fitted into a box of its own: number, corner, width and height. The pen stays where it is.
+void ShapePen::Resized(Reader& reader, int depth)
+{
+    const auto high = static_cast<unsigned>(reader.Byte());
+    const auto number = static_cast<std::uint16_t>(high << 8 | reader.Byte());
+    const Vec2 corner = StepOf(reader);
+    const double width = reader.Byte(), height = reader.Byte();
+    const Vec2 cell = m_file.Cell();
+    if (depth >= kDeepestSubshape || !m_file.Has(number) || cell.x <= 0 || cell.y <= 0) {
+        return;
+    }
+    Path figure;
+    ShapePen other(m_file, figure);
+    other.m_budget = m_budget;
+    other.Draw(number, depth + 1);
+    m_budget = other.m_budget;
+    for (const Vec2 p : figure.points) {
+        m_path.points.push_back((corner + Vec2{p.x * width / cell.x, p.y * height / cell.y}) * m_unit);
+    }
+    m_path.verbs.insert(m_path.verbs.end(), figure.verbs.begin(), figure.verbs.end());
+    m_started = false;
 }
 
 void ShapePen::Reach()

@@ -29,6 +29,7 @@ private:
     static Vec2 StepOf(Reader& reader);
     void Skip(Reader& reader);
     void Nested(Reader& reader, int depth);
+    void Resized(Reader& reader, int depth);
     void Vector(std::uint8_t code);
     void Step(Vec2 by);
     void OctantArc(Reader& reader);

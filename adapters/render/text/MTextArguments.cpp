@@ -103,7 +103,7 @@ void MTextParser::SetFont(std::string_view argument)
     }
     const bool bold = argument.find("|b1") != std::string_view::npos;
     const bool italic = argument.find("|i1") != std::string_view::npos;
-    const bool shape = base::FoldCase(name).ends_with(".shx");
+    const bool shape = base::FoldCase(name).ends_with(".shx") || name.find(',') != std::string::npos;
     m_look.font = shape ? &m_fonts.ForShapeFile(name) : &m_fonts.ForFamily(name, bold, italic);
 }
 
