@@ -22,11 +22,30 @@ HATCHES = "ezdxf gives up dense hatches, and draws all lines as wide as a pixel;
 ENDLESS = "lines without an end reach the paper's edge, ezdxf draws short pieces of them; the one word is in a stroke font"
 FRAMES = "pictures whose files are missing show their frames and names, of which ezdxf draws nothing"
 LINE_TYPE = "ezdxf stops at a line type that the drawing doesn't define; ours draws it solid"
-R12_VIEWS = "ezdxf shows nothing through viewports of R12, whose views stand in extended data"
+OLD_VIEWS = "ezdxf shows nothing through viewports of R12 and R14, whose views stand in extended data"
 WORDS = "nothing but small text: the other outline font in Arial's place is wider, so that its lines end elsewhere"
 FONTS = "the words come in another outline font, a viewport's border is drawn by us alone"
+HEAD_ALONE = "the converter's DXF of this R12 drawing has nothing but its head; ours was looked at by itself"
+CONVERTER = "ezdxf doesn't read the converter's DXF, whose polyline lacks its end; ours was looked at by itself"
+WALLS = "the converter loses walls, proxies with their graphics, and true colours; the rest is text in a stroke font"
+GREYS = "two digits and a word are in a stroke font, and ezdxf has lighter greys for the colours 250 to 254"
+PART = "the page setup plots a window of the model, ezdxf shows the whole; its texts of annotative objects have no scale"
+OFF_SHEET = "one of three viewports lies above the sheet, which ezdxf shows nevertheless; it draws no rays"
+SIDE_VIEW = "ezdxf shows no view from the side and no body; ours has both"
+UNDERLAY = "nothing but an underlay whose file is missing: ours shows its frame and name, ezdxf nothing"
+UNDERLAY_TEXT = "an underlay whose file is missing and a wipeout show their frames; ezdxf draws the one text alone"
 
 PAGES = [
+    ("ACEB10.dwg", "Layout1", HEAD_ALONE),
+    ("r2.6_entities.dwg", "Model", CONVERTER),
+    ("Building_A_Floor_0_Mapwize.dwg", "Layout2", WALLS),
+    ("Building_A_Floor_0_Mapwize.dwg2dxf.dxf", "Layout2", GREYS),
+    ("dynblock_r2018.dwg", "Model", PART),
+    ("dynblock_r2018.dwg", "PlotStyles", OFF_SHEET),
+    ("dynblock_r2018.dwg", "RenderVP", SIDE_VIEW),
+    ("dynblock_r2018.dwg", "dwfattach", UNDERLAY_TEXT),
+    ("dynblock_r2018.dwg", "*underlay", UNDERLAY),
+    ("sample_AC1014.dwg", "*ayout*", OLD_VIEWS),
     ("api-cw750-details.dxf", "Model", WINDOW),
     ("testHatch.dxf", "Model", WINDOW),
     ("api-cw750-details.dxf", "Sheet [14]", BORDER),
@@ -38,7 +57,7 @@ PAGES = [
     ("sample_AC1014.dwg", "Model", PROXIES),
     ("sample_AC10??*", "Layout[12]", LINETYPES),
     ("sample_AC10??*", "MyLayout", LINETYPES),
-    ("sample_AC1009_binary.dxf", "Layout1", R12_VIEWS),
+    ("sample_AC1009_binary.dxf", "Layout1", OLD_VIEWS),
     ("example_*", "Model", ENDLESS),
     ("*_Leader.*", "Model", FRAMES),
     ("additional-entities.dxf", "Model", LINE_TYPE),

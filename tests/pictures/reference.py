@@ -14,6 +14,7 @@ from ezdxf.math import Vec3
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import compare_pictures as pictures  # noqa: E402
+import lenient  # noqa: E402
 
 SIDE, DPI = 14, 150  # inches, dots an inch
 CLOSER = 12  # times that a picture is brought closer at most
@@ -93,6 +94,7 @@ def draw_layout(document, name, path):
 
 def draw(dxf, folder, names):
     """Draws what can be drawn; gives what is wrong with the rest."""
+    lenient.apply()
     document, faults = read(dxf), []
     prepare(document)
     for index, name in enumerate(names):
