@@ -104,6 +104,8 @@ def stamps_without_a_font(stand):
     assert remark in told, told
     assert "A \U0001fbff\U0001fbff" in texts(pdf), texts(pdf)
     assert stand.run("convert", path, "-o", pdf, "--layout", "Sheet", "--strict").returncode == 1
+    of_set = stand.run("publish", "-o", stand.path("set.pdf"), path + ":Sheet")
+    assert of_set.returncode == 0 and remark in of_set.stderr, of_set.stderr
 
 
 def big_font(*characters):

@@ -190,6 +190,8 @@ void SetRun::Save()
     m_document->SetDocInfo("Creator", std::string(kProductTitle) + " " + ProductVersion(context.surroundings));
     const std::int32_t status = m_document->SaveToPdf(path, 0, false, true);
     m_report.saveStatus = status;
+    for (const std::string& remark : m_report.remarks) // of the set's stamps
+        m_report.notes.push_back("note: " + remark);
     if (status < 0) {
         m_report.exitCode = status == kInterpreterMissing ? kExitToolMissing : kExitFailed;
         m_report.failure = m_document->LastErrorText();
