@@ -11,6 +11,7 @@
 #include "commands/SettingCommands.h"
 #include "machine/Version.h"
 #include "records/AttachCommand.h"
+#include "records/PageSetupEdit.h"
 #include "records/SignCommand.h"
 #include "records/StampCommand.h"
 #include "run/DrawingRun.h"
@@ -54,7 +55,10 @@ public:
     int operator()(const SignJob& job) const { return RunSign(job, m_install, m_out, m_err); }
     int operator()(const PublishJob& job) const { return RunPublish(job, m_install, m_out, m_err); }
     int operator()(const SettingsJob& job) const { return m_showWindows(job, m_install); }
-    int operator()(const PageSetupJob& job) const { return m_showWindows(job, m_install); }
+    int operator()(const PageSetupJob& job) const
+    {
+        return IsPageSetupEdit(job) ? RunPageSetupEdit(job, m_install, m_out, m_err) : m_showWindows(job, m_install);
+    }
 
 private:
     /// Defaults are never shown for what can't be read.

@@ -302,11 +302,12 @@ ROWS = (same_bytes, encrypted, linearised, language, attachments_pane, marks_now
         logs_elsewhere, logs_that_fail, fonts_once, quiet, verbose, misspelt, title)
 
 
-def main(program):
+def main(program, rows, drawings=()):
     passed = failed = 0
-    for row in ROWS:
+    for row in rows:
         with tempfile.TemporaryDirectory() as folder:
             stand = Stand(program, folder)
+            stand.drawings(*drawings)
             row(stand)
         print(f"{'FAILED' if stand.problems else 'ok':<8}{row.__name__.replace('_', ' ')}")
         for problem in stand.problems:
@@ -319,4 +320,4 @@ def main(program):
 if __name__ == "__main__":
     if len(sys.argv) != 2:
         sys.exit(__doc__)
-    sys.exit(main(os.path.abspath(sys.argv[1])))
+    sys.exit(main(os.path.abspath(sys.argv[1]), ROWS))

@@ -101,7 +101,7 @@ PROGRAMS = {
         "layouts": ("commandline",),
         "run": ("commandline", "preferences", "report", "machine", "layouts"),
         "workers": ("commandline", "machine", "report", "run"),
-        "records": ("commandline", "preferences", "machine", "run"),
+        "records": ("commandline", "preferences", "machine", "run", "layouts"),
         "commands": ("*",),
         "windows": ("*",),
         "pages": ("commandline", "preferences"),

@@ -109,23 +109,9 @@ void PlotConfiguration::FitOn(const FittedPaper& paper)
     const bool lying = (m_values.rotation & 1) != 0;
     const double sheetWidth = lying ? m_sheet.height : m_sheet.width;
     const double sheetHeight = lying ? m_sheet.width : m_sheet.height;
-    if (m_values.plotType == kPlotLayout && !m_layout.isModel) { // which has no scale to fit
-        const Margins margins = SheetMargins();
-        const double across = m_sheet.width - margins.left - margins.right;
-        const double along = m_sheet.height - margins.bottom - margins.top;
-        const PlotScale scale = Scale([](auto&) { return drawing::Box2{}; });
-        const double unit = m_values.paperUnits == kPaperInches ? kMillimetresPerInch : 1;
-        const double millimetres = unit * scale.numerator / scale.denominator;
-        m_values.window = {{0, 0}, {(lying ? along : across) / millimetres, (lying ? across : along) / millimetres}};
-        m_values.plotType = kPlotWindow;
-        m_values.flags |= drawing::PlotSettings::kCentered;
-    }
-    m_values.rotation = 0;
-    m_values.standardScale = 0;
-    m_values.flags |= drawing::PlotSettings::kStandardScale;
-    m_origin = {};
-    m_own.paperWidth = m_own.paperHeight = 0; // its margins belong to the paper that it hasn't got
-    m_ownSheet = m_sheet = {paper.canonicalName, paper.localeName, paper.width, paper.height, {}};
+    PlotSheetAsWindow(); // a layout has no scale to fit
+    TakePaper(paper);
+    ScaleToFit();
     m_fitted = true;
     m_mendedType = m_values.plotType;
     m_remarks.push_back("layout \"" + m_layout.name + "\": its sheet of " + RoundedText(sheetWidth, 5) + " x " +

@@ -27,6 +27,8 @@ public:
 
     /// Answers the layout's own settings as this paper and scale to fit: its sheet is larger than every other one.
     void FitOn(const FittedPaper& paper);
+    /// Answers the layout's own settings as the run wants them.
+    void Wish(const PlotWishes& wishes);
     /// Whether the settings in force are those.
     [[nodiscard]] bool IsFitted() const { return m_fitted && m_values.plotType == m_mendedType; }
 
@@ -74,6 +76,11 @@ public:
     [[nodiscard]] PlotScale Scale(const ExtentsSource& extents) const;
 
 private:
+    /// What a layout shows as a whole becomes a window, which can be plotted at any scale.
+    void PlotSheetAsWindow();
+    void TakePaper(const FittedPaper& paper);
+    void ScaleToFit();
+    void Turn(bool landscape);
     void RefreshOnce(const PlotFolders& folders);
     [[nodiscard]] std::vector<Medium> Media() const;
 

@@ -117,6 +117,7 @@ PlotConfiguration& OpenDrawing::Configuration(std::size_t index)
     if (configuration == nullptr) {
         configuration = std::make_unique<PlotConfiguration>(
             File(), layout, [&] { return IsLandscape(index); }, ExtentsOf(index));
+        configuration->Wish(m_overlay.wishes);
         if (const auto fitted = m_overlay.fitted.find(layout.name); fitted != m_overlay.fitted.end())
             configuration->FitOn(fitted->second);
     }
@@ -215,7 +216,8 @@ void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders
                                ExtentsOf(m_active),
                                StylesFor(settings, folders),
                                keepLayers,
-                               &References()};
+                               &References(),
+                               m_overlay.wishes.penScale};
     const plotter::PlottedPage page = plotter::PlotToPostScript(job, path, Text(), *m_report);
     m_notToScale = m_notToScale || configuration.IsFitted();
     configuration.KeepPlottedOrigin(page.placement.origin);

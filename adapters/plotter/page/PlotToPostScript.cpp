@@ -27,6 +27,7 @@ render::Scene SceneOf(const PlotJob& job, const Placement& placement)
     if (scene.paperSpace && job.settings.Has(PlotSettings::kScaleLineweights)) {
         scene.lineweightScale = placement.scaleNumerator / placement.scaleDenominator;
     }
+    scene.lineweightScale *= job.penScale;
     scene.clip = ClipWithRoom(placement, WidestPen(job, scene.lineweightScale));
     scene.viewportsFirst = job.settings.Has(PlotSettings::kDrawViewportsFirst);
     scene.viewportBorders = job.settings.Has(PlotSettings::kViewportBorders);

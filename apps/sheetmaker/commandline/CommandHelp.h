@@ -25,6 +25,7 @@ inline constexpr const char* kConvertFooter = R"(Examples:
   sheetmaker convert plan.dxf --layout "Ground floor"      one sheet
   sheetmaker convert site.dxf --layouts model --page-setup global
   sheetmaker convert plan.dxf --layout "A-1*" --layout 7..9 some sheets, by pattern and by number
+  sheetmaker convert plan.dxf --paper A4 --fit --mono      as a small black and white check print
   sheetmaker convert *.dxf -o pdf/ --jobs 4 --report json  a folder of PDFs, a report on stdout
   sheetmaker convert --list night.txt --update --report jsonl --log-dir logs >> done.jsonl
   sheetmaker convert - -o - < plan.dxf > plan.pdf          between other programs
@@ -50,7 +51,9 @@ plan.dwg.sheetmaker beside it.)";
 
 inline constexpr const char* kPageSetupFooter = R"(Examples:
   sheetmaker page-setup               the global page setup, for "convert --page-setup global"
-  sheetmaker page-setup plan.dxf      the drawing's own PDF page setup, for "convert --page-setup custom")";
+  sheetmaker page-setup plan.dxf      the drawing's own PDF page setup, for "convert --page-setup custom"
+  sheetmaker page-setup plan.dxf --show
+  sheetmaker page-setup plan.dxf --set CanonicalMediaName=A3 --set StyleSheet=monochrome.ctb)";
 
 inline constexpr const char* kGetFooter = R"(Examples:
   sheetmaker get JobOptionsFile)";

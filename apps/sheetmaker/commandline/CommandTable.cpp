@@ -62,6 +62,16 @@ void CommandTable::AddWindows()
         .add_option("DRAWING", m_jobs.pageSetup.drawing,
                     "The drawing whose PDF page setup is edited; without one, the global page setup is")
         ->type_name("");
+    pageSetup.add_flag("--show", m_jobs.pageSetup.show, "Print the drawing's own page setup");
+    pageSetup
+        .add_option("--set", m_jobs.pageSetup.assignments,
+                    "Change a value of it, without a window; may be repeated; \"sheetmaker help NAME\" explains names")
+        ->type_name("NAME=VALUE")
+        ->allow_extra_args(false)
+        ->excludes("--show");
+    pageSetup.add_flag("--remove", m_jobs.pageSetup.remove, "Remove it from the drawing")
+        ->excludes("--show")
+        ->excludes("--set");
 }
 
 /// The same for every command that opens drawings.

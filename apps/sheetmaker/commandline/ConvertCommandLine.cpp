@@ -3,6 +3,7 @@
 #include "commandline/CommandHelp.h"
 #include "commandline/CountOption.h"
 #include "commandline/NamedNumbers.h"
+#include "commandline/PlotCommandLine.h"
 
 #include "base/files/Paths.h"
 
@@ -172,6 +173,7 @@ void AddConvert(CLI::App& program, ConvertJob& job)
                     "The PDF (-: standard output); with several drawings, the folder for the PDFs")
         ->type_name("PATH");
     AddLayoutOptions(command, job.options);
+    AddPlotOptions(command, job.options.plot);
     AddQualityOptions(command, job.options);
     AddCount(command, "--jobs", job.workers, kMostWorkers, "N",
              "How many drawings at a time (default: one a processor)");

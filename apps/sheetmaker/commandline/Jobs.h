@@ -19,6 +19,26 @@ struct Passwords {
     friend bool operator==(const Passwords&, const Passwords&) = default;
 };
 
+enum class Tone { AsDrawn, Mono, Grey };
+
+struct PlotScaleOption {
+    double paper = 1, drawing = 1; ///< millimetres of paper for drawing units
+    friend bool operator==(const PlotScaleOption&, const PlotScaleOption&) = default;
+};
+
+/// Laid over the page setup in force; nothing in an optional: as that has it.
+struct PlotOptions {
+    std::optional<std::string> paper{};
+    std::optional<bool> landscape{};
+    bool fit = false;
+    std::optional<PlotScaleOption> scale{};
+    bool center = false;
+    std::optional<std::string> style{}; ///< a plot style table, or "none"
+    Tone tone = Tone::AsDrawn;
+    double penScale = 1;
+    friend bool operator==(const PlotOptions&, const PlotOptions&) = default;
+};
+
 /// What the options of one run lay over the stored settings. Nothing in an optional: the stored setting holds.
 struct ConvertOptions {
     std::optional<LayoutChoice> layouts;
@@ -33,6 +53,7 @@ struct ConvertOptions {
     std::optional<AttachmentChoice> attachments{};
     bool optimize = false; ///< the PDF is linearised
     std::optional<Passwords> encryption{};
+    PlotOptions plot{};
     std::optional<std::string> title{}; ///< of the document; nothing: the drawing's name
     friend bool operator==(const ConvertOptions&, const ConvertOptions&) = default;
 };
@@ -160,7 +181,10 @@ struct SettingsJob {
 };
 
 struct PageSetupJob {
-    std::optional<std::string> drawing; ///< nothing: the user's global page setup
+    std::optional<std::string> drawing;     ///< nothing: the user's global page setup
+    bool show = false;                      ///< print it; no window, likewise below
+    std::vector<std::string> assignments{}; ///< "NAME=VALUE"
+    bool remove = false;
     friend bool operator==(const PageSetupJob&, const PageSetupJob&) = default;
 };
 

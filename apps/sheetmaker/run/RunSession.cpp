@@ -4,6 +4,7 @@
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
 #include "layouts/LargeSheets.h"
+#include "layouts/PlotOptions.h"
 #include "machine/DwgSetup.h"
 #include "settings/mdlDataKegIO.h"
 
@@ -69,11 +70,38 @@ void RunSession::Open(const std::string& drawing)
 LayoutSelection RunSession::Select(const ConvertOptions& options)
 {
     LayoutSelection selection = SelectLayouts(options, m_host->Outlines(m_document));
-    if (selection.error.empty())
-        m_host->Overlay(m_document, {selection.pageSetupSource, selection.activeLayout, selection.onlyLayouts,
-                                     m_hasScreen ? std::map<std::string, cadhost::FittedPaper>()
-                                                 : SheetsToFit(Drawing(), selection)});
+    if (!selection.error.empty())
+        return selection;
+    const cadhost::PlotWishes wishes = Wishes(options.plot);
+    if (!(wishes == cadhost::PlotWishes()))
+        LayWishes(wishes, selection);
+    m_host->Overlay(m_document, {selection.pageSetupSource, selection.activeLayout, selection.onlyLayouts,
+                                 m_hasScreen || options.plot.paper ? std::map<std::string, cadhost::FittedPaper>()
+                                                                   : SheetsToFit(Drawing(), selection),
+                                 wishes});
     return selection;
+}
+
+cadhost::PlotWishes RunSession::Wishes(const PlotOptions& options)
+{
+    const bool asksForStyle = options.style || options.tone != Tone::AsDrawn;
+    return WishesOf(options, Drawing(),
+                    asksForStyle ? m_document->ActiveLayout()->GetPlotStyleTableNames() : std::vector<std::string>());
+}
+
+/// Layouts take wishes into their own settings; where another page setup is in force, it is the run's own global one
+/// that has them.
+void RunSession::LayWishes(const cadhost::PlotWishes& wishes, LayoutSelection& selection)
+{
+    const std::int32_t source = selection.pageSetupSource.value_or(ReadPlotSelection(Context(), *m_document));
+    if (source == kPageSetupNative)
+        return;
+    PageSetupRecord record = ReadGlobalPageSetup(Context().surroundings);
+    if (source == kPageSetupCustom && ReadCustomPageSetup(Context(), *m_document, record) == CustomPageSetup::HostError)
+        return;
+    ApplyWishes(wishes, record);
+    m_surrounded.LayGlobalPageSetup(record);
+    selection.pageSetupSource = kPageSetupGlobal;
 }
 
 void RunSession::Activate(const std::string& layout)

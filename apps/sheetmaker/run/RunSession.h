@@ -57,6 +57,9 @@ public:
     [[nodiscard]] cadhost::DocumentReport HostReport() { return m_host->Report(m_document); }
 
 private:
+    cadhost::PlotWishes Wishes(const PlotOptions& options);
+    void LayWishes(const cadhost::PlotWishes& wishes, LayoutSelection& selection);
+
     Surrounded m_surrounded;
     std::unique_ptr<cadhost::CadHost> m_host;
     std::shared_ptr<IAcadDocument> m_document;

@@ -82,6 +82,14 @@ void Surrounded::LaySetting(const Setting& setting, const std::string& value)
     m_registry.Lay(RegistryRoot::CurrentUser, kSettingsKey, setting.name, value);
 }
 
+void Surrounded::LayGlobalPageSetup(const PageSetupRecord& record)
+{
+    for (const Setting& setting : kSettings)
+        if (setting.use == SettingUse::GlobalPageSetup)
+            m_registry.KeepWrites(setting.name);
+    WriteGlobalPageSetup(m_surroundings, record);
+}
+
 void Surrounded::LaySwitch(const Setting& setting, bool isOn)
 {
     LaySetting(setting, isOn ? "1" : "0");

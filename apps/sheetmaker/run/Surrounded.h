@@ -11,6 +11,7 @@
 #include "run/AttachmentRules.h"
 #include "run/DrawingTask.h"
 #include "run/ScreenParts.h"
+#include "settings/PageSetupRecord.h"
 #include "settings/SettingTable.h"
 #include "store/OverlayRegistry.h"
 #include "terminal/Console.h"
@@ -39,6 +40,8 @@ public:
     void AskForUses(std::function<std::string(const std::string& path)> useOf) { m_useOf = std::move(useOf); }
     /// Lays an option over a stored setting for this run.
     void LaySetting(const Setting& setting, const std::string& value);
+    /// For this run the global page setup is that one.
+    void LayGlobalPageSetup(const PageSetupRecord& record);
 
 private:
     void LaySwitch(const Setting& setting, bool isOn);

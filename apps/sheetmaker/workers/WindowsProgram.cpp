@@ -18,7 +18,7 @@ constexpr const char* kInsteadOfSettings =
     "  sheetmaker attach DRAWING add FILE --at X,Y      the file attachments: list, add, change, remove\n"
     "  sheetmaker sign DRAWING add NAME --rect X1,Y1,X2,Y2  the signature fields: list, add, change, remove\n"
     "  sheetmaker convert DRAWING --as-set              \"Create PDF\", with the stored settings\n"
-    "The page setup tab has no command; \"convert --page-setup native|global\" needs none of its entries.\n";
+    "  sheetmaker page-setup DRAWING --show, --set NAME=VALUE, --remove  the page setup tab\n";
 
 std::string InsteadOfPageSetup()
 {
@@ -29,7 +29,7 @@ std::string InsteadOfPageSetup()
            ListOf(SettingNamed("PlotType").choices) +
            "\n"
            "  sheetmaker set StyleSheet NAME                  the plot style table\n"
-           "A drawing's own PDF page setup has no command.\n";
+           "A drawing's own PDF page setup: sheetmaker page-setup DRAWING --show, --set NAME=VALUE, --remove\n";
 }
 
 } // namespace

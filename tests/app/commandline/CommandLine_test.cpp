@@ -76,7 +76,7 @@ const JobRow kJobs[] = {
      {"convert", "-", "-o", "-", "--log", "run.log", "--verbose", "--title", "Plan"},
      ConvertJob{{"-"},
                 "-",
-                {{}, {}, {}, {}, {}, false, false, false, false, {}, false, {}, "Plan"},
+                {{}, {}, {}, {}, {}, false, false, false, false, {}, false, {}, {}, "Plan"},
                 0,
                 false,
                 ReportForm::None,

@@ -50,7 +50,7 @@ TEST(WindowsProgram, CommandsAreNamedWhereThereIsNoScreen)
               "  sheetmaker attach DRAWING add FILE --at X,Y      the file attachments: list, add, change, remove\n"
               "  sheetmaker sign DRAWING add NAME --rect X1,Y1,X2,Y2  the signature fields: list, add, change, remove\n"
               "  sheetmaker convert DRAWING --as-set              \"Create PDF\", with the stored settings\n"
-              "The page setup tab has no command; \"convert --page-setup native|global\" needs none of its entries.\n");
+              "  sheetmaker page-setup DRAWING --show, --set NAME=VALUE, --remove  the page setup tab\n");
     err.str("");
     EXPECT_EQ(RunProgram({"page-setup"}, machine.Here(), out, err), 3);
     EXPECT_EQ(
@@ -62,7 +62,7 @@ TEST(WindowsProgram, CommandsAreNamedWhereThereIsNoScreen)
         "  sheetmaker set PlotType 1                       0 display, 1 extents, 2 limits, 3 view, 4 window, 5 "
         "layout\n"
         "  sheetmaker set StyleSheet NAME                  the plot style table\n"
-        "A drawing's own PDF page setup has no command.\n");
+        "A drawing's own PDF page setup: sheetmaker page-setup DRAWING --show, --set NAME=VALUE, --remove\n");
     EXPECT_EQ(out.str(), "");
 }
 

@@ -1,6 +1,7 @@
 // The embedded CAD host: the automation objects over drawing files, plotting through our own plotter.
 #pragma once
 
+#include "cadhost/PlotWishes.h"
 #include "drawing/Drawing.h"
 #include "ports/IAcadApplication.h"
 #include "render/FrontEnd.h"
@@ -30,13 +31,6 @@ struct HostOptions {
     IPointPicker* picker = nullptr;
 };
 
-/// A paper by its names; the sides lie as the sheet is read, millimetres.
-struct FittedPaper {
-    std::string canonicalName, localeName;
-    double width = 0, height = 0;
-    friend bool operator==(const FittedPaper&, const FittedPaper&) = default;
-};
-
 /// The run's layer over a document: seen through the automation model, never saved.
 struct DocumentOverlay {
     std::optional<std::int32_t> pageSetupSource; ///< a PageSetupSource; stands for the "PltSel" record
@@ -44,6 +38,8 @@ struct DocumentOverlay {
     std::vector<std::string> layouts; ///< when not empty, the paper layouts that "Layouts" shows, in tab order
     /// By name, the layouts whose own settings are answered as this paper and scale to fit.
     std::map<std::string, FittedPaper> fitted = {};
+    /// Of every layout: its own settings are answered so, and all pens are plotted so.
+    PlotWishes wishes = {};
 };
 
 /// What an audit of a document found. What was mended is so in memory only: saving writes the records that were

@@ -18,6 +18,7 @@ struct PlotJob {
     const render::PlotStyleTable* plotStyles = nullptr; ///< the table of `settings`; null: plotted without
     bool keepLayers = false;                            ///< the page says what each layer shows, hidden ones included
     render::References* references = nullptr;           ///< as in render::Scene
+    double penScale = 1;                                ///< all pens are so much wider
 };
 
 struct PlottedPage {

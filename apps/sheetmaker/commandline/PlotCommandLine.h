@@ -1,0 +1,15 @@
+// The options that change how layouts are plotted.
+#pragma once
+
+#include "commandline/Jobs.h"
+
+namespace CLI {
+class App;
+}
+
+namespace sm::app {
+
+/// `options` outlives the parsing.
+void AddPlotOptions(CLI::App& command, PlotOptions& options);
+
+} // namespace sm::app
