@@ -3,6 +3,8 @@
 #include "base/text/NumberText.h"
 
 #include <algorithm>
+#include <array>
+#include <numeric>
 #include <string_view>
 
 namespace sm::plotter {
@@ -10,6 +12,7 @@ namespace sm::plotter {
 namespace {
 
 constexpr std::size_t kFirstRoom = std::size_t{1} << 14;
+constexpr std::size_t kColumns = 256;
 
 char* PutPoint(char* at, Dot p)
 {
@@ -40,7 +43,7 @@ void PathText::Point(Dot p, char op)
 
 void PathText::MoveTo(Dot p)
 {
-    m_parts.push_back({p.x, m_used, 0});
+    m_parts.push_back({p.x, m_used});
     Point(p, 'm');
 }
 
@@ -60,14 +63,26 @@ void PathText::Close()
     m_used += 2;
 }
 
+/// By the column of the path's width that each begins in; within a column they keep their order, which costs nothing in
+/// size and makes this linear.
 void PathText::Sort()
 {
-    for (std::size_t i = 0; i < m_parts.size(); ++i) {
-        m_parts[i].length = (i + 1 < m_parts.size() ? m_parts[i + 1].from : m_used) - m_parts[i].from;
+    const auto left = [](const SubPath& one, const SubPath& other) { return one.x < other.x; };
+    const auto [first, last] = std::minmax_element(m_parts.begin(), m_parts.end(), left);
+    const std::int64_t begin = first->x, width = static_cast<std::int64_t>(last->x) - begin + 1;
+    const auto columnOf = [&](const SubPath& part) {
+        return static_cast<std::size_t>((part.x - begin) * static_cast<std::int64_t>(kColumns) / width);
+    };
+    std::array<std::size_t, kColumns + 1> starts{};
+    for (const SubPath& part : m_parts) {
+        ++starts[columnOf(part) + 1];
     }
-    std::sort(m_parts.begin(), m_parts.end(), [](const SubPath& left, const SubPath& right) {
-        return left.x != right.x ? left.x < right.x : left.from < right.from;
-    });
+    std::partial_sum(starts.begin(), starts.end(), starts.begin());
+    m_sorted.resize(m_parts.size());
+    for (std::size_t i = 0; i < m_parts.size(); ++i) {
+        const std::size_t end = i + 1 < m_parts.size() ? m_parts[i + 1].from : m_used;
+        m_sorted[starts[columnOf(m_parts[i])]++] = {m_parts[i].from, end - m_parts[i].from};
+    }
 }
 
 void PathText::WriteTo(BodyText& body, bool sorted)
@@ -75,8 +90,8 @@ void PathText::WriteTo(BodyText& body, bool sorted)
     const std::string_view text(m_text.data(), m_used);
     if (sorted && m_parts.size() > 1) {
         Sort();
-        for (const SubPath& part : m_parts) {
-            body.Append(text.substr(part.from, part.length));
+        for (const Piece piece : m_sorted) {
+            body.Append(text.substr(piece.from, piece.length));
         }
     } else {
         body.Append(text);

@@ -25,14 +25,17 @@ public:
     void LineTo(Dot p) { Point(p, 'l'); }
     void CubicTo(Dot a, Dot b, Dot c);
     void Close();
-    /// Hands everything over and is empty. `sorted`: by the sub-paths' starts from left to right.
+    /// Hands everything over and is empty. `sorted`: the sub-paths by their starts, from left to right in 256
+    /// columns.
     void WriteTo(BodyText& body, bool sorted);
 
 private:
     struct SubPath {
-        std::int32_t x = 0;     ///< of its start
-        std::size_t from = 0;   ///< into the text
-        std::size_t length = 0; ///< known when it is handed over
+        std::int32_t x = 0;   ///< of its start
+        std::size_t from = 0; ///< into the text
+    };
+    struct Piece {
+        std::size_t from = 0, length = 0;
     };
     char* Room(std::size_t bytes);
     void Point(Dot p, char op);
@@ -41,6 +44,7 @@ private:
     std::vector<char> m_text;
     std::size_t m_used = 0;
     std::vector<SubPath> m_parts;
+    std::vector<Piece> m_sorted;
 };
 
 } // namespace sm::plotter
