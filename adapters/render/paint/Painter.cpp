@@ -5,6 +5,7 @@
 #include "families/Families.h"
 #include "paint/PathCatcher.h"
 #include "paint/XrefLayers.h"
+#include "render/Remarks.h"
 
 namespace sm::render {
 
@@ -137,7 +138,7 @@ bool Painter::TakeFromBudget(std::uint64_t entities)
 {
     if (m_context.budget <= entities) {
         m_context.budget = 0;
-        m_context.Remark("blocks unfold to too many entities, the rest left out");
+        m_context.Remark(kTooManyEntities);
         return false;
     }
     m_context.budget -= entities;

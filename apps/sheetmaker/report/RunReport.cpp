@@ -1,6 +1,7 @@
 #include "report/RunReport.h"
 
 #include "commandline/ExitCodes.h"
+#include "render/Remarks.h"
 #include "render/TextLayout.h"
 
 #include <algorithm>
@@ -45,8 +46,9 @@ bool IsUnfaithful(const DrawingReport& report)
 {
     return !report.attachmentsLost.empty() || !report.marksLost.empty() || report.logLost ||
            std::any_of(report.notDrawn.begin(), report.notDrawn.end(), ShowsOnPaper) ||
-           std::any_of(report.remarks.begin(), report.remarks.end(),
-                       [](const std::string& remark) { return remark.starts_with(render::kMissingCharacters); });
+           std::any_of(report.remarks.begin(), report.remarks.end(), [](const std::string& remark) {
+               return remark.starts_with(render::kMissingCharacters) || remark.starts_with(render::kTooManyEntities);
+           });
 }
 
 } // namespace

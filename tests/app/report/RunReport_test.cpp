@@ -230,6 +230,20 @@ TEST(RunReport, AFileThatIsNotAttachedFailsAStrictRun)
     EXPECT_EQ(ExitCodeOf(reports, true), 1);
 }
 
+TEST(RunReport, WhatIsMissingBesideThatFailsAStrictRun)
+{
+    DrawingReport mark, log, entities, other;
+    mark.marksLost = {"the stamp \"DRAFT\""};
+    log.logLost = true;
+    entities.remarks = {"blocks unfold to too many entities, the rest left out"};
+    other.remarks = {"a hatch pattern too dense for paper thinned out"};
+    for (const DrawingReport& report : {mark, log, entities}) {
+        EXPECT_EQ(ExitCodeOf({report}, false), 0);
+        EXPECT_EQ(ExitCodeOf({report}, true), 1);
+    }
+    EXPECT_EQ(ExitCodeOf({other}, true), 0);
+}
+
 class Watching : public testing::Test {
 protected:
     std::ostringstream m_out;

@@ -1,0 +1,8 @@
+// Remarks that tell of content which a page lacks; others tell of what was drawn in another way.
+#pragma once
+
+namespace sm::render {
+
+inline constexpr const char* kTooManyEntities = "blocks unfold to too many entities, the rest left out";
+
+} // namespace sm::render
