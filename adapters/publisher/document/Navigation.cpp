@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <set>
 
 namespace sm::publisher {
 
@@ -14,39 +15,74 @@ std::string EntryName(const SheetPage& sheet)
     return sheet.title.empty() ? fmt::format("Page {}", sheet.number) : sheet.title;
 }
 
-Object OutlineItem(QPDF& pdf, const SheetPage& sheet, const Object& outline)
+Object OutlineItem(QPDF& pdf, const std::string& name, const SheetPage& sheet)
 {
     auto item = Object::newDictionary();
-    item.replaceKey("/Title", Object::newUnicodeString(EntryName(sheet)));
-    item.replaceKey("/Parent", outline);
+    item.replaceKey("/Title", Object::newUnicodeString(name));
     item.replaceKey("/Dest", Object::newArray({sheet.page, Object::newName("/Fit")}));
     return pdf.makeIndirectObject(item);
 }
 
-void WriteOutline(QPDF& pdf, const std::vector<SheetPage>& pages)
+/// Hangs items below an outline or an item of it.
+void Hang(std::vector<Object>& items, Object parent)
 {
-    auto outline = pdf.makeIndirectObject(Object::newDictionary());
-    std::vector<Object> items;
-    for (const SheetPage& sheet : pages) {
-        items.push_back(OutlineItem(pdf, sheet, outline));
-        if (items.size() > 1) {
-            items[items.size() - 2].replaceKey("/Next", items.back());
-            items.back().replaceKey("/Prev", items[items.size() - 2]);
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        items[i].replaceKey("/Parent", parent);
+        if (i > 0) {
+            items[i - 1].replaceKey("/Next", items[i]);
+            items[i].replaceKey("/Prev", items[i - 1]);
         }
     }
+    parent.replaceKey("/First", items.front());
+    parent.replaceKey("/Last", items.back());
+    parent.replaceKey("/Count", Object::newInteger(static_cast<long long>(items.size())));
+}
+
+/// One entry a page; pages in a row that have one heading stand below an entry of their own.
+void WriteOutline(QPDF& pdf, const std::vector<SheetPage>& pages, const NavigationWanted& wanted)
+{
+    auto outline = pdf.makeIndirectObject(Object::newDictionary());
     outline.replaceKey("/Type", Object::newName("/Outlines"));
-    outline.replaceKey("/First", items.front());
-    outline.replaceKey("/Last", items.back());
-    outline.replaceKey("/Count", Object::newInteger(static_cast<long long>(items.size())));
+    std::vector<Object> top, below;
+    std::string heading;
+    long long entries = 0;
+    const auto close = [&] {
+        if (!below.empty()) {
+            Hang(below, top.back());
+        }
+        below.clear();
+    };
+    for (const SheetPage& sheet : pages) {
+        const std::string own = wanted.heading ? wanted.heading(sheet.number) : std::string();
+        if (own != heading || own.empty()) {
+            close();
+            heading = own;
+            top.push_back(OutlineItem(pdf, own.empty() ? EntryName(sheet) : own, sheet));
+            ++entries;
+        }
+        if (!own.empty()) {
+            below.push_back(OutlineItem(pdf, EntryName(sheet), sheet));
+            ++entries;
+        }
+    }
+    close();
+    Hang(top, outline);
+    outline.replaceKey("/Count", Object::newInteger(entries)); // all of them are open
     pdf.getRoot().replaceKey("/Outlines", outline);
 }
 
+/// No two pages have the same label: a reader's "go to page" finds each.
 void WritePageLabels(QPDF& pdf, const std::vector<SheetPage>& pages)
 {
     std::vector<Object> labels;
+    std::set<std::string> taken;
     for (std::size_t i = 0; i < pages.size(); ++i) {
+        std::string name = EntryName(pages[i]);
+        for (int number = 2; !taken.insert(name).second; ++number) {
+            name = fmt::format("{} ({})", EntryName(pages[i]), number);
+        }
         auto label = Object::newDictionary();
-        label.replaceKey("/P", Object::newUnicodeString(EntryName(pages[i])));
+        label.replaceKey("/P", Object::newUnicodeString(name));
         labels.push_back(Object::newInteger(static_cast<long long>(i)));
         labels.push_back(label);
     }
@@ -61,7 +97,7 @@ void WriteNavigation(QPDF& pdf, const std::vector<SheetPage>& pages, const Navig
 {
     const bool named = std::ranges::any_of(pages, [](const SheetPage& sheet) { return !sheet.title.empty(); });
     if (wanted.outline && !pages.empty()) {
-        WriteOutline(pdf, pages);
+        WriteOutline(pdf, pages, wanted);
     }
     if (wanted.pageLabels && named) {
         WritePageLabels(pdf, pages);

@@ -65,8 +65,6 @@ void AddLayoutOptions(CLI::App& command, ConvertOptions& options)
         ->type_name("NAME")
         ->allow_extra_args(false)
         ->excludes("--layouts");
-    AddNamedNumber(command, "--page-setup", options.pageSetupSource, kPageSetupSources,
-                   "Plot with the layout's own page setup, the drawing's PDF page setup or the user's global one");
 }
 
 /// A password, or the first line of the file that "@" names; nothing when that can't be read.
@@ -132,31 +130,43 @@ void AddQualityOptions(CLI::App& command, ConvertOptions& options)
     command.add_flag("--as-set", options.asSet, "Take what no option says from the stored settings");
 }
 
-void AddReporting(CLI::App& command, ConvertJob& job)
+void AddLogs(CLI::App& command, ConvertJob& job)
+{
+    command.add_option("--log", job.log, "Write the log into this file rather than into the user's")->type_name("FILE");
+    command.add_option("--log-dir", job.logFolder, "Write a log for each drawing, NAME.log, into this folder")
+        ->type_name("FOLDER")
+        ->excludes("--log");
+}
+
+} // namespace
+
+void AddMaking(CLI::App& command, ConvertOptions& options)
+{
+    AddNamedNumber(command, "--page-setup", options.pageSetupSource, kPageSetupSources,
+                   "Plot with the layout's own page setup, the drawing's PDF page setup or the user's global one");
+    AddPlotOptions(command, options.plot);
+    AddQualityOptions(command, options);
+}
+
+void AddTelling(CLI::App& command, ReportForm& report, Talk& talk)
 {
     static const std::map<std::string, ReportForm> kForms = {{"json", ReportForm::Json},
                                                              {"jsonl", ReportForm::JsonLines}};
     command
         .add_option_function<std::string>(
-            "--report", [&job](const std::string& form) { job.report = kForms.at(form); },
+            "--report", [&report](const std::string& form) { report = kForms.at(form); },
             "Print a report on stdout: one object at the end, or a line for each drawing as it ends")
         ->type_name("json|jsonl")
         ->check([](const std::string& form) {
             return kForms.contains(form) ? std::string() : "\"" + form + "\" is none of json, jsonl";
         });
-    command.add_option("--log", job.log, "Write the log into this file rather than into the user's")->type_name("FILE");
-    command.add_option("--log-dir", job.logFolder, "Write a log for each drawing, NAME.log, into this folder")
-        ->type_name("FOLDER")
-        ->excludes("--log");
     command.add_flag_callback(
-        "--quiet", [&job] { job.talk = Talk::Quiet; }, "Tell failures alone");
+        "--quiet", [&talk] { talk = Talk::Quiet; }, "Tell failures alone");
     command
         .add_flag_callback(
-            "--verbose", [&job] { job.talk = Talk::Verbose; }, "Tell of each sheet, the entities and the times, too")
+            "--verbose", [&talk] { talk = Talk::Verbose; }, "Tell of each sheet, the entities and the times, too")
         ->excludes("--quiet");
 }
-
-} // namespace
 
 void AddConvert(CLI::App& program, ConvertJob& job)
 {
@@ -173,8 +183,7 @@ void AddConvert(CLI::App& program, ConvertJob& job)
                     "The PDF (-: standard output); with several drawings, the folder for the PDFs")
         ->type_name("PATH");
     AddLayoutOptions(command, job.options);
-    AddPlotOptions(command, job.options.plot);
-    AddQualityOptions(command, job.options);
+    AddMaking(command, job.options);
     AddCount(command, "--jobs", job.workers, kMostWorkers, "N",
              "How many drawings at a time (default: one a processor)");
     AddLimits(command, job.seconds, job.mebibytes);
@@ -184,7 +193,8 @@ void AddConvert(CLI::App& program, ConvertJob& job)
         "files that can't be attached");
     command.add_flag("--no-clobber", job.noClobber, "Leave out drawings whose PDF exists");
     command.add_flag("--update", job.update, "Leave out drawings whose PDF is whole and newer");
-    AddReporting(command, job);
+    AddTelling(command, job.report, job.talk);
+    AddLogs(command, job);
 }
 
 } // namespace sm::app

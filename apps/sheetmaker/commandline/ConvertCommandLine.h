@@ -9,6 +9,11 @@ class App;
 
 namespace sm::app {
 
+/// Adds what changes how layouts are plotted and the PDF is made.
+void AddMaking(CLI::App& command, ConvertOptions& options);
+/// Adds --report, --quiet and --verbose.
+void AddTelling(CLI::App& command, ReportForm& report, Talk& talk);
+
 /// Adds "convert"; `job` outlives the parsing.
 void AddConvert(CLI::App& program, ConvertJob& job);
 

@@ -169,6 +169,10 @@ struct PublishJob {
     std::string output;
     std::vector<std::string> sheets; ///< a drawing, or a drawing, ":" and the name of a layout
     bool keepGoing = false;
+    ConvertOptions options{}; ///< the layouts are those of the sheets
+    bool strict = false;
+    ReportForm report = ReportForm::None;
+    Talk talk = Talk::Normal;
     int seconds = 0;   ///< that all may take together; 0: by their size
     int mebibytes = 0; ///< of memory, likewise
     friend bool operator==(const PublishJob&, const PublishJob&) = default;

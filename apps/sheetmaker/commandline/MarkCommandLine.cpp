@@ -1,5 +1,6 @@
 #include "commandline/MarkCommandLine.h"
 
+#include "commandline/ConvertCommandLine.h"
 #include "commandline/CountOption.h"
 #include "commandline/MarkHelp.h"
 #include "commandline/MarkValues.h"
@@ -157,6 +158,9 @@ void AddPublish(CLI::App& program, PublishJob& job)
         ->required()
         ->type_name("");
     command.add_flag("--keep-going", job.keepGoing, "Save what succeeded when a sheet fails");
+    AddMaking(command, job.options);
+    command.add_flag("--strict", job.strict, "Count what the set lacks as a failure, as \"convert\" does");
+    AddTelling(command, job.report, job.talk);
     AddLimits(command, job.seconds, job.mebibytes);
 }
 

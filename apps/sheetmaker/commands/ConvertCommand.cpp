@@ -6,7 +6,6 @@
 #include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
 #include "commandline/Refusal.h"
-#include "commandline/Suggest.h"
 #include "commands/Readiness.h"
 #include "machine/LogFiles.h"
 #include "render/TextLayout.h"
@@ -25,21 +24,6 @@
 
 namespace sm::app {
 namespace {
-
-/// The job options' name as it is installed.
-void CheckJobOptions(ConvertOptions& options, const Install& install)
-{
-    if (!options.jobOptions)
-        return;
-    const std::vector<std::string> names = JobOptionNames(install);
-    const std::string found = FindName(*options.jobOptions, names);
-    if (found.empty()) {
-        const std::string suggestion = Suggestion(*options.jobOptions, names);
-        throw Refusal{kExitUsage, "there are no job options \"" + *options.jobOptions + "\"" +
-                                      (suggestion.empty() ? "; there are " + QuotedList(names) : suggestion)};
-    }
-    options.jobOptions = found;
-}
 
 constexpr const char* kNoLog = "no log is kept";
 
@@ -76,7 +60,7 @@ public:
     {
         NeedTools(m_install);
         NeedSettings(m_install, m_err);
-        CheckJobOptions(m_job.options, m_install);
+        NeedJobOptions(m_job.options, m_install);
         m_job.drawings = NamedDrawings(m_job);
         const StandardStreams streams(m_job.drawings, m_job.output);
         if (streams.OutIsTaken() && m_job.report != ReportForm::None)

@@ -4,6 +4,7 @@
 #include "commandline/Refusal.h"
 #include "commands/Readiness.h"
 #include "records/RecordEditor.h"
+#include "report/ReportWriter.h"
 #include "run/PublishRun.h"
 #include "workers/OutputPlan.h"
 #include "workers/WorkerPool.h"
@@ -59,37 +60,42 @@ public:
         const auto work = [&](const DrawingTask& task, terminal::Console& console) {
             return PublishSet(parts, m_job.keepGoing, task, log, m_install, console);
         };
+        terminal::Console console(m_err, false);
+        ReportWriter writer({m_job.report, m_job.talk, false, "sheetmaker " + m_install.version}, m_out, console);
         PoolCallbacks callbacks;
-        callbacks.done = [this](const DrawingReport& report, const std::string&) { Tell(report); };
+        callbacks.ended = [&writer](DrawingReport& report) { writer.Ended(report); };
+        callbacks.done = [&, this](const DrawingReport& report, const std::string&) { Tell(report, writer); };
         std::vector<std::string> drawings;
         for (const SetPart& part : parts)
             drawings.push_back(part.drawing);
-        const PooledTask task{{m_job.output, planned.savePath, {}, {}, {}, {}},
+        NeedJobOptions(m_job.options, m_install);
+        const PooledTask task{{m_job.output, planned.savePath, m_job.options, {}, {}, {}},
                               planned.pdfPath,
                               LimitsFor(drawings, m_job.seconds, m_job.mebibytes)};
-        if (RunPool({task}, 1, work, callbacks))
-            return m_exitCode;
+        if (RunPool({task}, 1, work, callbacks)) {
+            const bool written = writer.Finish();
+            return std::max(ExitCodeOf(writer.Reports(), m_job.strict), written ? kExitDone : kExitFailed);
+        }
         m_err << "sheetmaker: interrupted\n";
         return kExitInterrupted;
     }
 
 private:
-    void Tell(const DrawingReport& report)
+    /// Its lines name their drawings, so they stand as they are.
+    void Tell(const DrawingReport& report, ReportWriter& writer)
     {
-        for (const std::string& line : report.notes)
-            m_err << line << "\n";
-        if (report.Converted())
-            m_out << ResultLine(report) << std::endl;
-        else
+        if (m_job.talk != Talk::Quiet)
+            for (const std::string& line : report.notes)
+                m_err << line << "\n";
+        if (!report.Converted())
             m_err << "sheetmaker publish: " << report.failure << "\n";
-        m_exitCode = report.exitCode;
+        writer.Result(report);
     }
 
-    const PublishJob& m_job;
+    PublishJob m_job;
     const Install& m_install;
     std::ostream& m_out;
     std::ostream& m_err;
-    int m_exitCode = kExitFailed;
 };
 
 } // namespace

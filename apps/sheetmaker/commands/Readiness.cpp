@@ -2,6 +2,7 @@
 
 #include "base/files/Paths.h"
 #include "commandline/Refusal.h"
+#include "commandline/Suggest.h"
 
 #include <filesystem>
 #include <ostream>
@@ -21,6 +22,20 @@ void NeedSettings(const Install& install, std::ostream& err)
         throw Refusal{kExitFailed, trouble + " Mend or remove it, or name another folder by XDG_CONFIG_HOME."};
     if (!trouble.empty())
         err << "warning: " << trouble << "\n";
+}
+
+void NeedJobOptions(ConvertOptions& options, const Install& install)
+{
+    if (!options.jobOptions)
+        return;
+    const std::vector<std::string> names = JobOptionNames(install);
+    const std::string found = FindName(*options.jobOptions, names);
+    if (found.empty()) {
+        const std::string suggestion = Suggestion(*options.jobOptions, names);
+        throw Refusal{kExitUsage, "there are no job options \"" + *options.jobOptions + "\"" +
+                                      (suggestion.empty() ? "; there are " + QuotedList(names) : suggestion)};
+    }
+    options.jobOptions = found;
 }
 
 void MakeFolderOf(const std::string& pdfPath)

@@ -1,6 +1,7 @@
 // What a conversion needs of its machine.
 #pragma once
 
+#include "commandline/Jobs.h"
 #include "machine/Install.h"
 
 #include <iosfwd>
@@ -13,6 +14,10 @@ void NeedTools(const Install& install);
 
 /// Throws Refusal when the user's settings can't be read: what isn't known isn't a default. Warnings go to `err`.
 void NeedSettings(const Install& install, std::ostream& err);
+
+/// Gives the job options that were asked for the name by which they are installed. Throws Refusal where there are none
+/// of that name.
+void NeedJobOptions(ConvertOptions& options, const Install& install);
 
 /// Makes the folder that `pdfPath` goes to. Throws Refusal.
 void MakeFolderOf(const std::string& pdfPath);

@@ -25,6 +25,11 @@ void ReportWriter::Told(const DrawingReport& report, const std::string& lines)
     } else {
         TellLines(report, lines);
     }
+    Result(report);
+}
+
+void ReportWriter::Result(const DrawingReport& report)
+{
     m_console.ClearProgress();
     const std::string result = ResultLine(report);
     if (!result.empty() && m_wishes.talk != Talk::Quiet && m_wishes.form == ReportForm::None) {

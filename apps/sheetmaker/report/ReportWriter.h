@@ -28,6 +28,8 @@ public:
     void Ended(const DrawingReport& report);
     /// A drawing and all before it have ended; `lines` is what came up on the way.
     void Told(const DrawingReport& report, const std::string& lines);
+    /// The result alone of one that is told otherwise.
+    void Result(const DrawingReport& report);
     /// After the last one. False when standard output didn't take everything, which is told.
     bool Finish();
     [[nodiscard]] const std::vector<DrawingReport>& Reports() const { return m_reports; }

@@ -50,8 +50,12 @@ public:
 
     void Run(const std::vector<SetPart>& parts, bool keepGoing)
     {
+        m_session.Around().HeadPages(
+            [this](std::size_t page) { return page <= m_headings.size() ? m_headings[page - 1] : std::string(); });
         m_document = m_session.Context().surroundings.library.CreatePubDoc();
         m_making = MakingOf(m_session.Context());
+        if (!keepGoing)
+            RefuseMissingLayouts(parts);
         for (const SetPart& part : parts)
             if (!AddDrawing(part, keepGoing) && !keepGoing)
                 return;
@@ -62,7 +66,10 @@ public:
     }
 
 private:
+    [[nodiscard]] ConvertOptions OptionsFor(const SetPart& part) const;
+    void RefuseMissingLayouts(const std::vector<SetPart>& parts);
     bool AddDrawing(const SetPart& part, bool keepGoing);
+    void Merge(const DrawingReport& drawing);
     bool AddSheets(const SetPart& part, bool keepGoing, DrawingReport& told);
     bool AddSheet(INativeDoc& native, const std::string& layout, std::int32_t index, std::int32_t count,
                   std::string& reason);
@@ -77,6 +84,8 @@ private:
     std::shared_ptr<IPubDoc> m_document;
     SheetMaking m_making;
     std::size_t m_sheets = 0;
+    std::string m_heading;               ///< of the drawing's sheets
+    std::vector<std::string> m_headings; ///< of the pages, in their order
 };
 
 /// The sheets of a native document that a selection means, in the order of their tabs.
@@ -92,6 +101,34 @@ std::vector<std::string> SheetNames(INativeDoc& native, const LayoutSelection& s
             names.push_back(*text);
     }
     return names;
+}
+
+/// Before the first sheet is plotted. A drawing that can't be read is told when its turn comes.
+void SetRun::RefuseMissingLayouts(const std::vector<SetPart>& parts)
+{
+    for (const SetPart& part : parts) {
+        LayoutSelection selection;
+        try {
+            if (part.layout) {
+                m_session.Open(part.drawing);
+                selection = m_session.Select(OptionsFor(part));
+            }
+        } catch (const Refusal&) {
+            throw;
+        } catch (const std::exception&) {
+            continue;
+        }
+        if (!selection.error.empty())
+            throw Refusal{kExitUsage, part.drawing + " " + selection.error};
+    }
+}
+
+ConvertOptions SetRun::OptionsFor(const SetPart& part) const
+{
+    ConvertOptions options = m_task.options;
+    if (part.layout)
+        options.layoutNames = {*part.layout};
+    return options;
 }
 
 bool SetRun::AddDrawing(const SetPart& part, bool keepGoing)
@@ -110,12 +147,27 @@ bool SetRun::AddDrawing(const SetPart& part, bool keepGoing)
         told.failure.erase(0, part.drawing.size() + 2);
     for (const std::string& line : RemarkLines(told))
         m_report.notes.push_back(part.drawing + ": " + line);
-    m_report.damage.insert(m_report.damage.end(), told.damage.begin(), told.damage.end());
+    Merge(told);
     if (!added && !keepGoing)
         m_report.failure = m_task.drawing + " was not written; --keep-going saves the sheets that succeed";
     if (!added)
         m_report.exitCode = kExitFailed;
     return added;
+}
+
+/// What --strict asks of the set, and what its report counts.
+void SetRun::Merge(const DrawingReport& drawing)
+{
+    m_report.damage.insert(m_report.damage.end(), drawing.damage.begin(), drawing.damage.end());
+    m_report.notDrawn.insert(m_report.notDrawn.end(), drawing.notDrawn.begin(), drawing.notDrawn.end());
+    m_report.remarks.insert(m_report.remarks.end(), drawing.remarks.begin(), drawing.remarks.end());
+    m_report.substitutions.insert(m_report.substitutions.end(), drawing.substitutions.begin(),
+                                  drawing.substitutions.end());
+    m_report.notToScale = m_report.notToScale || drawing.notToScale;
+    const EntityCounts& more = drawing.entities;
+    EntityCounts& counts = m_report.entities;
+    counts = {counts.read + more.read,       counts.drawn + more.drawn,           counts.hidden + more.hidden,
+              counts.offPage + more.offPage, counts.notReached + more.notReached, counts.notDrawn + more.notDrawn};
 }
 
 /// Closes the native document and lets the host forget the drawing, whatever happened to its sheets.
@@ -142,12 +194,10 @@ private:
 
 bool SetRun::AddSheets(const SetPart& part, bool keepGoing, DrawingReport& told)
 {
-    ConvertOptions options;
-    if (part.layout)
-        options.layoutNames = {*part.layout};
+    m_heading = base::ToText(base::ToPath(part.drawing).stem());
     m_session.Open(part.drawing);
     m_session.RefuseTarget(*m_task.savePath);
-    const LayoutSelection selection = m_session.Select(options);
+    const LayoutSelection selection = m_session.Select(OptionsFor(part));
     OpenNative native(m_session.Context(), m_owner, m_session.Document());
     if (!selection.error.empty())
         throw std::runtime_error("the drawing " + selection.error);
@@ -177,6 +227,8 @@ bool SetRun::AddSheet(INativeDoc& native, const std::string& layout, std::int32_
     m_log.TakeSheetLog();
     if (status < 0 && m_report.sheets.size() == watched)
         reason = "sheet \"" + layout + "\": " + StatusText(status);
+    if (status >= 0)
+        m_headings.push_back(m_heading);
     m_sheets += status < 0 ? 0 : 1;
     return status >= 0;
 }

@@ -38,6 +38,8 @@ public:
     [[nodiscard]] bool KeepsLayers(const ConvertOptions& options);
     /// Who tells, from now on, what a file is to the run when a PDF must not replace it; empty text: nothing.
     void AskForUses(std::function<std::string(const std::string& path)> useOf) { m_useOf = std::move(useOf); }
+    /// Who names the heading, from now on, under which a page of the PDF, from 1, stands in the outline.
+    void HeadPages(std::function<std::string(std::size_t page)> heading) { m_heading = std::move(heading); }
     /// Lays an option over a stored setting for this run.
     void LaySetting(const Setting& setting, const std::string& value);
     /// For this run the global page setup is that one.
@@ -51,6 +53,7 @@ private:
 
     DrawingReport& m_report;
     std::function<std::string(const std::string& path)> m_useOf;
+    std::function<std::string(std::size_t page)> m_heading;
     AttachmentRules m_attachments;
     const ScreenParts* m_screen; ///< null: there is none
     SheetWatcher m_watcher;

@@ -105,6 +105,22 @@ TEST_F(Publish, KeepGoingSavesWhatSucceeded)
     EXPECT_EQ(FilesBesideThePdf(), 1u);
 }
 
+TEST_F(Publish, AMisspeltLayoutIsFoundBeforeTheFirstSheet)
+{
+    EXPECT_EQ(Run({m_machine.In("house.dxf"), m_machine.In("site.dxf:Sit")}), 2);
+    EXPECT_EQ(Failures(), "sheetmaker publish: site.dxf has no layout \"Sit\"; did you mean \"Site\"?\n");
+    EXPECT_EQ(Out(), "");
+    EXPECT_FALSE(fs::exists(m_machine.Root() / "home/.local/state/sheetmaker-pdf/SmPdfAcad.log"));
+}
+
+TEST_F(Publish, ReportsTheSet)
+{
+    EXPECT_EQ(Run({m_machine.In("site.dxf"), "--report", "json", "--paper", "A4", "--fit", "--title", "All of it"}), 0);
+    EXPECT_NE(Out().find("\"drawing\": \"pdf/set.pdf\""), std::string::npos) << Out();
+    EXPECT_NE(Out().find("\"pages\": 1"), std::string::npos) << Out();
+    EXPECT_NE(Out().find("\"layout\": \"Site\""), std::string::npos) << Out();
+}
+
 TEST_F(Publish, NothingThatSucceedsIsNoPdf)
 {
     EXPECT_EQ(Run({"--keep-going", m_machine.In("missing.dxf")}), 1);
