@@ -106,7 +106,8 @@ private:
         for (std::uint64_t at = 0; at + 16 <= bytes.size() && address < m_file.size(); at += 16) {
             const auto size = LoadAt<std::uint64_t>(bytes, at);
             const auto id = LoadAt<std::int64_t>(bytes, at + 8);
-            m_pages.push_back({static_cast<std::uint64_t>(id < 0 ? -(id + 1) + 1 : id), address, size});
+            m_pages.push_back(
+                {id < 0 ? 0 - static_cast<std::uint64_t>(id) : static_cast<std::uint64_t>(id), address, size});
             if (size > m_file.size())
                 break;
             address += size;
