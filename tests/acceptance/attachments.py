@@ -58,16 +58,20 @@ class Stand:
             self.run("attach", "plan.dxf", "add", path, "--at", "1,1")
 
     def names(self, pdf="plan.pdf"):
-        """Of the embedded files, as pdfdetach lists them."""
+        """Of the embedded files, as pdfdetach lists them: those of the document's own list, then the same by their icons."""
         run = subprocess.run(["pdfdetach", "-list", os.path.join(self.folder, pdf)], check=True, capture_output=True, text=True)
-        return [line.partition(": ")[2] for line in run.stdout.splitlines()[1:]]
+        names = [line.partition(": ")[2] for line in run.stdout.splitlines()[1:]]
+        half = len(names) // 2
+        same(sorted(names[:half]), sorted(names[half:]))
+        return names[half:]
 
     def embedded(self, pdf="plan.pdf"):
         """Name and checksum of each embedded file, as pdfdetach saves it."""
         names, pdf = self.names(pdf), os.path.join(self.folder, pdf)
+        before = len(names)  # those of the document's own list
         subprocess.run(["qpdf", "--check", pdf], check=True, capture_output=True)
         found = []
-        for number, name in enumerate(names, 1):
+        for number, name in enumerate(names, before + 1):
             subprocess.run(["pdfdetach", "-save", str(number), "-o", self.path("back"), pdf], check=True, capture_output=True)
             with open(self.path("back"), "rb") as file:
                 found.append((name, hashlib.sha256(file.read()).hexdigest()))

@@ -7,6 +7,7 @@ Checked are: stamp, attachment, signature field, links, properties and log of a 
 entities; the point of a stamp against a plotted cross for every plot type; sets of ten drawings. Prints a line a check and
 "N passed, M failed" at the end.
 """
+import itertools
 import os
 import shutil
 import subprocess
@@ -159,8 +160,10 @@ def check_pages(desk, expected):
     boxes = [[round(side) for side in objects.at(page)["/MediaBox"][2:]] for page in objects.pages]
     desk.check("page sizes", boxes, [[842, 595] if number % 2 else [1191, 842] for number, _ in expected])
     outline = output_of("mutool", "show", pdf, "outline").splitlines()
-    desk.check("sheet names in the outline", [line.split('"')[1].rsplit(" ", 1)[-1].rsplit("-", 1)[-1] for line in outline],
-               [name for _, name in expected])
+    entries = [(line.index('"') > outline[0].index('"'), line.split('"')[1]) for line in outline]
+    desk.check("sheet names in the outline", [name for below, name in entries if below], [name for _, name in expected])
+    desk.check("drawings in the outline", [name for below, name in entries if not below],
+               [f"d{number}" for number, _ in itertools.groupby(number for number, _ in expected)])
     names = unsigned_fields(pdf)
     desk.check("fields", (len(names), len(set(names)), names[0]), (len({number for number, _ in expected}),) * 2 + ("Approval",))
     values = [value for name, value in properties(pdf).items() if name.startswith("TITLE_1/DWG-NO")]

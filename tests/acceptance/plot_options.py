@@ -62,10 +62,10 @@ def papers(stand):
 
 def papers_refused(stand):
     rows = (("A9", '"; there are "ANSI A", "ANSI B"'), ("ISO A9", '"; did you mean "ISO A'),
-            ("100x100mm", '"; the nearest are "ANSI A (8.50 x 11.00 Inches)"'))
+            ("420x297mm junk", '"; there are "ANSI A"'), ("100x100mm", '"; the nearest are "ANSI A (8.50 x 11.00 Inches)"'))
     for name, line in rows:
         run = stand.run("convert", "house.dxf", "--paper", name, "-o", "o.pdf")
-        stand.same((run.returncode, run.stderr.startswith(f'house.dxf: failed: there is no paper "{name}{line}')), (2, True), run.stderr)
+        stand.same((run.returncode, run.stderr.startswith(f'sheetmaker convert: there is no paper "{name}{line}')), (2, True), run.stderr)
 
 
 def scales(stand):
@@ -121,6 +121,10 @@ def page_setup(stand):
     run = stand.run("page-setup", "house.dxf", "--set", "canonicalmedianame=A2", "--set", "PlotType=1", "--set", "StyleSheet=monochrome.ctb")
     stand.same((run.returncode, run.stdout), (0, 'house.dxf: the page setup was kept; "sheetmaker convert DRAWING --page-setup custom" '
                                                  "plots with it\n"), run.stderr)
+    run = stand.run("page-setup", "house.dxf", "--set", "PlotRotation=1", "--set", "CanonicalMediaName=A2", "--set", "PlotRotation=2")
+    values = dict(line.split(" = ") for line in stand.run("page-setup", "house.dxf", "--show").stdout.splitlines())
+    stand.same(values["PlotRotation"], "2", "the paper leaves the rotation")
+    stand.run("page-setup", "house.dxf", "--set", "PlotRotation=0")
     values = dict(line.split(" = ") for line in stand.run("page-setup", "house.dxf", "--show").stdout.splitlines())
     stand.same([values[name] for name in ("CanonicalMediaName", "PaperWidth", "PaperHeight", "PlotType", "StyleSheet")],
                ["ISO_A2_(594.00_x_420.00_MM)", "594", "420", "1", "monochrome.ctb"])
@@ -142,6 +146,8 @@ def page_setup_refused(stand):
     run = stand.run("page-setup", "--show")
     stand.same((run.returncode, run.stderr), (2, "sheetmaker page-setup: --show, --set and --remove need a drawing; \"sheetmaker list\" and "
                                                  "\"set\" have the global page setup\n"))
+    run = stand.run("page-setup", "house.dxf", "--show", "--remove")
+    stand.same((run.returncode, run.stderr), (2, "sheetmaker page-setup: --show, --set and --remove exclude each other\n"))
     with open(stand.path("house.dxf"), "rb") as file:
         stand.same(file.read() == drawing, True, "the drawing is as it was")
 

@@ -7,6 +7,7 @@ Each row is a function that runs commands in a folder of its own and says what i
 """
 import json
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -170,6 +171,77 @@ def logs_that_fail(stand):
     stand.same((run.returncode, json.loads(run.stdout)["drawings"][0]["logLost"]), (1, True))
 
 
+def logs_replace_nothing(stand):
+    """Neither a drawing nor a list, PDF, pipe or link to one of them."""
+    stand.drawings("a.dxf", "b.dxf")
+    stand.write("list.txt", "a.dxf\n")
+    stand.write("a.pdf", "former")
+    os.symlink("b.dxf", stand.path("link.log"))
+    os.mkfifo(stand.path("pipe"))
+    rows = (("a.dxf", "the log would replace a.dxf; choose another name"), ("link.log", "the log would replace b.dxf; choose another name"),
+            ("list.txt", "the log would replace list.txt; choose another name"),
+            ("a.pdf", f"the log would replace {stand.path('a.pdf')}; choose another name"),
+            ("pipe", "the log can't be pipe: it is no plain file"))
+    before = {name: os.lstat(stand.path(name)).st_ino for name in stand.files()}
+    for name, line in rows:
+        run = stand.run("convert", "--list", "list.txt", "b.dxf", "--log", name)
+        stand.same((run.returncode, run.stderr), (2, f"sheetmaker convert: {line}\n"), name)
+    stand.same({name: os.lstat(stand.path(name)).st_ino for name in stand.files()}, before, "nothing was touched")
+    os.symlink("real.log", stand.path("to.log"))
+    stand.run("convert", "a.dxf", "--log", "to.log")
+    stand.same((os.path.islink(stand.path("to.log")), os.path.getsize(stand.path("real.log")) > 0), (True, True), "a link is followed")
+
+
+def logs_of_the_same_name(stand):
+    """No two drawings share one, and a drawing keeps its own when others are left out."""
+    stand.drawings("a/plan.dxf", "b/plan.dxf", "c/plan-2.dxf")
+    names = ("a/plan.dxf", "b/plan.dxf", "c/plan-2.dxf")
+
+    def logs():
+        found = {}
+        for name in stand.files("logs"):
+            with open(stand.path("logs/" + name), encoding="utf-8") as file:
+                found[name] = re.search(r"^PLUGIN STARTING PDF FILE: .*/work/(.*)\.pdf", file.read(), re.M).group(1) + ".dxf"
+        return found
+
+    stand.run("convert", *names, "--log-dir", "logs")
+    stand.same(logs(), {"plan.log": "a/plan.dxf", "plan-2.log": "b/plan.dxf", "plan-2-2.log": "c/plan-2.dxf"})
+    os.utime(stand.path("b/plan.dxf"), (time.time() + 10, time.time() + 10))
+    stand.run("convert", *names, "--log-dir", "logs", "--update")
+    stand.same(logs(), {"plan.log": "a/plan.dxf", "plan-2.log": "b/plan.dxf", "plan-2-2.log": "c/plan-2.dxf"}, "after an update")
+
+
+def passwords_refused(stand):
+    stand.drawings("a.dxf")
+    stand.write("empty", "\n")
+    stand.write("long", "x" * 5000)
+    for word, line in (("", "a password is empty"), ("@empty", "a password is empty"), ("x" * 128, "a password has at most 127 bytes"),
+                       ("@long", "a password has at most 127 bytes"), ("@/dev/zero", "a password is empty"),
+                       ("@gone", "gone can't be read")):
+        run = stand.run("convert", "a.dxf", "--owner-password", word)
+        stand.same((run.returncode, run.stderr.splitlines()[0]), (2, f"sheetmaker convert: --owner-password: {line}"), word[:9])
+    os.mkfifo(stand.path("pipe"))
+    writer = subprocess.Popen(["sh", "-c", "echo geheim > pipe"], cwd=stand.work)
+    run = stand.run("convert", "a.dxf", "--owner-password", "@pipe")
+    writer.wait()
+    told = subprocess.run(["qpdf", "--password=geheim", "--show-encryption", stand.path("a.pdf")], capture_output=True, text=True)
+    stand.same((run.returncode, "Supplied password is owner password" in told.stdout), (0, True), "from a pipe: " + told.stdout)
+
+
+def idle_options(stand):
+    stand.drawings("a.dxf")
+    for word in ("--keep-ps", "--open", "--update", "--no-clobber"):
+        run = stand.run("convert", "a.dxf", "-o", "-", word)
+        stand.same((run.returncode, run.stderr),
+                   (2, "sheetmaker convert: -o - goes with none of --keep-ps, --open, --update and --no-clobber\n"))
+    os.mkfifo(stand.path("a.pdf"))
+    stand.same("left out" in stand.run("convert", "a.dxf", "--update").stderr, False, "a pipe is no PDF")
+    for text in ("abc", "-1", "1e9", " 5", "253402300800"):
+        stand.environment["SOURCE_DATE_EPOCH"] = text
+        run = stand.run("convert", "a.dxf")
+        stand.same((run.returncode, run.stderr), (2, f"sheetmaker convert: SOURCE_DATE_EPOCH is no number of seconds since 1970: {text}\n"))
+
+
 def fonts_once(stand):
     stand.drawings("a.dxf", "b.dxf", "c.dxf")
     run = stand.run("convert", "a.dxf", "b.dxf", "c.dxf")
@@ -299,7 +371,7 @@ def marks_nowhere(stand):
 
 
 ROWS = (same_bytes, encrypted, linearised, language, attachments_pane, marks_nowhere, list_of_drawings, lists_that_fail, between_programs, update, report_by_line, report_not_written, names_not_of_utf8,
-        logs_elsewhere, logs_that_fail, fonts_once, quiet, verbose, misspelt, title)
+        logs_elsewhere, logs_that_fail, logs_replace_nothing, logs_of_the_same_name, passwords_refused, idle_options, fonts_once, quiet, verbose, misspelt, title)
 
 
 def main(program, rows, drawings=()):

@@ -135,9 +135,12 @@ def main():
 
     with tempfile.TemporaryDirectory() as folder:
         night = Night(os.path.abspath(wanted.program), os.path.abspath(wanted.samples), wanted.count, wanted.seed, folder)
+        hit = 0
         for _ in range(wanted.kills):
             code, lines, _, _ = night.run(kill_after=night.random.uniform(0.1, 0.3 + wanted.count / 600))
+            hit += code in (-signal.SIGKILL, 130)
             print(f"        ended with {code} after {len(lines)} drawings")
+        check("it was killed while it ran", hit == wanted.kills, f"{hit} of {wanted.kills}")
         code, lines, memory, seconds = night.run()
         named = {line["drawing"] for line in lines if not line["converted"]}
         check("the last run ends with 1", code == 1, str(code))
@@ -146,12 +149,13 @@ def main():
         logs = set(os.listdir(os.path.join(folder, "logs")))
         check("a log of each good one", all(os.path.basename(name)[:-4] + ".log" in logs for name in night.good))
         check("nothing else lies about", night.left_over() == [], ", ".join(night.left_over()[:5]))
-        growth = (max(memory[len(memory) // 2:]) - max(memory[:max(len(memory) // 2, 1)])) if len(memory) > 3 else 0
-        check("the parent's memory stays", growth < MEMORY, f"{growth} KiB")
         shutil.rmtree(os.path.join(folder, "logs"))
         for name in night.good:
             os.remove(os.path.join(folder, name[:-4] + ".pdf"))
         code, lines, memory, seconds = night.run()
+        half = len(memory) // 2
+        growth = max(memory[half:]) - max(memory[:half]) if half > 2 else MEMORY
+        check("the parent's memory stays", growth < MEMORY, f"{growth} KiB, {len(memory)} times looked at")
         check("all at once, from nothing", code == 1 and len(lines) == wanted.count, f"{code}, {len(lines)}")
         print(f"        {wanted.count} drawings in {seconds:.1f} s, {wanted.count / seconds * 60:.0f} a minute; parent {max(memory)} KiB")
         sample = night.good[: min(60, len(night.good))]

@@ -36,6 +36,8 @@ OFFERED = [
     (["sheetmaker", "convert", "house.dxf", "--layout", "M"], ["Model"]),
     (["sheetmaker", "convert", "ho"], ["house.dxf"]),
     (["sheetmaker", "get", "PaperW"], ["PaperWidth"]),
+    (["sheetmaker", "help", "conv"], ["convert"]),
+    (["sheetmaker", "help", "PaperW"], ["PaperWidth"]),
 ]
 BASH = """source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _sheetmaker 2>/dev/null; printf '%s\\n' "${COMPREPLY[@]}" """
 
@@ -81,6 +83,8 @@ class Tree:
 
     def completions(self):
         scripts = {name: os.path.join(self.prefix, COMPONENTS["completions"][i]) for i, name in enumerate(("bash", "zsh", "fish"))}
+        self.run("bash", "-c", BASH, "bash", scripts["bash"], "sheetmaker", "convert", "$(touch run)x.dxf", "--layout", "M")
+        self.check("bash runs nothing that stands on the line", os.path.exists(os.path.join(self.folder, "run")), False)
         for typed, wanted in OFFERED:
             offered = self.run("bash", "-c", BASH, "bash", scripts["bash"], *typed).stdout.split("\n")
             self.check("bash: " + " ".join(typed[1:]), [name for name in wanted if name not in offered], [])
@@ -98,7 +102,7 @@ class Tree:
         try:
             import jsonschema
         except ImportError:
-            return
+            return self.check("jsonschema is installed", False, True)
         with open(os.path.join(self.prefix, "share", "sheetmaker-pdf", "report.schema.json"), encoding="utf-8") as file:
             schema = json.load(file)
         errors = [error.message for error in jsonschema.Draft202012Validator(schema).iter_errors(json.loads(run.stdout))]

@@ -221,7 +221,9 @@ void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders
     const plotter::PlottedPage page = plotter::PlotToPostScript(job, path, Text(), *m_report);
     m_notToScale = m_notToScale || configuration.IsFitted();
     configuration.KeepPlottedOrigin(page.placement.origin);
-    const bool isChosen = settings.plotType != kPlotLayout && settings.plotType != kPlotLimits;
+    const PlotWishes& wishes = m_overlay.wishes;
+    const bool isChosen =
+        settings.plotType != kPlotLayout && settings.plotType != kPlotLimits && !wishes.paper && !wishes.landscape;
     const std::string off =
         isChosen ? "" : OffPageRemark(File(), layout, m_report->CountIn(layout.block, render::Outcome::OffPage));
     if (!page.hasInk)

@@ -159,7 +159,7 @@ bool AsksForSomething(const JobOptionsValue& value)
     case Kind::Array:
         return std::ranges::any_of(value.items, AsksForSomething);
     default:
-        return false;
+        return true;
     }
 }
 

@@ -31,8 +31,8 @@ inline constexpr const char* kConvertFooter = R"(Examples:
   sheetmaker convert - -o - < plan.dxf > plan.pdf          between other programs
   sheetmaker convert plan.dxf --attachments refuse-outside no file from outside the drawing's folder goes into the PDF
 
-A DWG is read through a converter that "sheetmaker doctor" shows; --dwg-converter takes another one, in which
-{in} and {out} stand for the files:
+A DWG older than R9 is read through a converter that "sheetmaker doctor" shows; --dwg-converter takes another one,
+then for every DWG, in which {in} and {out} stand for the files:
   sheetmaker convert plan.dwg --dwg-converter "my-converter --to dxf {in} {out}"
 
 "auto" takes every paper layout that holds something, and the model when none does.)";

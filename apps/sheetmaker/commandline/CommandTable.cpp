@@ -67,11 +67,8 @@ void CommandTable::AddWindows()
         .add_option("--set", m_jobs.pageSetup.assignments,
                     "Change a value of it, without a window; may be repeated; \"sheetmaker help NAME\" explains names")
         ->type_name("NAME=VALUE")
-        ->allow_extra_args(false)
-        ->excludes("--show");
-    pageSetup.add_flag("--remove", m_jobs.pageSetup.remove, "Remove it from the drawing")
-        ->excludes("--show")
-        ->excludes("--set");
+        ->allow_extra_args(false);
+    pageSetup.add_flag("--remove", m_jobs.pageSetup.remove, "Remove it from the drawing");
 }
 
 /// The same for every command that opens drawings.
@@ -81,8 +78,8 @@ void CommandTable::AddDwgConverter()
          {"convert", "publish", "layouts", "settings", "page-setup", "stamp", "attach", "sign", "doctor"})
         m_program.get_subcommand(name)
             ->add_option("--dwg-converter", m_jobs.dwgConverter,
-                         "What turns a DWG into DXF: a command with {in} and {out}, or node, dwg2dxf, oda "
-                         "(default: the setting DwgConverter, else node, else dwg2dxf)")
+                         "Read DWG files through a converter: a command with {in} and {out}, or node, dwg2dxf, oda "
+                         "(default: only those older than R9, by the setting DwgConverter, node or dwg2dxf)")
             ->type_name("COMMAND")
             ->check([](const std::string& command) {
                 const std::string error = drawing::DwgConverterError(command);

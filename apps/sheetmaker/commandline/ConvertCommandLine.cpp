@@ -67,18 +67,33 @@ void AddLayoutOptions(CLI::App& command, ConvertOptions& options)
         ->excludes("--layouts");
 }
 
-/// A password, or the first line of the file that "@" names; nothing when that can't be read.
-std::optional<std::string> PasswordOf(const std::string& word)
+/// Why an empty text isn't taken.
+std::string IsNoText(const std::string& text)
 {
-    if (!word.starts_with('@'))
-        return word;
-    std::ifstream file(base::ToPath(word.substr(1)), std::ios::binary);
-    std::string line;
-    if (!std::getline(file, line))
-        return std::nullopt;
-    if (line.ends_with('\r'))
-        line.pop_back();
-    return line;
+    return text.empty() ? "it takes a text" : std::string();
+}
+
+/// A password, or the first line of the file that "@" names; that is read once, since it may be a pipe. Throws for what
+/// can't be one.
+std::string PasswordOf(const std::string& option, const std::string& word)
+{
+    constexpr std::size_t kLongest = 127; // bytes of UTF-8 (ISO 32000-2, 7.6.4.3.3)
+    std::string password = word;
+    if (word.starts_with('@')) {
+        char line[kLongest + 3] = {};
+        std::ifstream file(base::ToPath(word.substr(1)), std::ios::binary);
+        if (!file)
+            throw CLI::ValidationError(option, word.substr(1) + " can't be read");
+        file.getline(line, sizeof line);
+        password = line;
+        if (password.ends_with('\r'))
+            password.pop_back();
+    }
+    if (password.empty())
+        throw CLI::ValidationError(option, "a password is empty");
+    if (password.size() > kLongest)
+        throw CLI::ValidationError(option, "a password has at most 127 bytes");
+    return password;
 }
 
 void AddPassword(CLI::App& command, ConvertOptions& options, const std::string& name, std::string Passwords::*target,
@@ -87,19 +102,13 @@ void AddPassword(CLI::App& command, ConvertOptions& options, const std::string& 
     command
         .add_option_function<std::string>(
             name,
-            [&options, target](const std::string& word) {
+            [&options, target, name](const std::string& word) {
                 if (!options.encryption)
                     options.encryption.emplace();
-                (*options.encryption).*target = PasswordOf(word).value_or("");
+                (*options.encryption).*target = PasswordOf(name, word);
             },
             help + "; @FILE takes it from the first line of a file")
-        ->type_name("TEXT")
-        ->check([](const std::string& word) {
-            const auto password = PasswordOf(word);
-            return !password           ? word.substr(1) + " can't be read"
-                   : password->empty() ? std::string("a password is empty")
-                                       : std::string();
-        });
+        ->type_name("TEXT");
 }
 
 void AddEncryption(CLI::App& command, ConvertOptions& options)
@@ -118,7 +127,8 @@ void AddQualityOptions(CLI::App& command, ConvertOptions& options)
     command.add_option("--job-options", options.jobOptions, "Name of the job options, without extension")
         ->type_name("NAME");
     command.add_option("--title", options.title, "Title of the document (default: the drawing's name)")
-        ->type_name("TEXT");
+        ->type_name("TEXT")
+        ->check(IsNoText);
     command.add_flag("--optimize", options.optimize, "Put the first page first, for reading over a network");
     AddEncryption(command, options);
     command.add_flag("--pdf-layers", options.pdfLayers, "Make the drawing's layers layers of the PDF");
@@ -132,9 +142,12 @@ void AddQualityOptions(CLI::App& command, ConvertOptions& options)
 
 void AddLogs(CLI::App& command, ConvertJob& job)
 {
-    command.add_option("--log", job.log, "Write the log into this file rather than into the user's")->type_name("FILE");
+    command.add_option("--log", job.log, "Write the log into this file rather than into the user's")
+        ->type_name("FILE")
+        ->check(IsNoText);
     command.add_option("--log-dir", job.logFolder, "Write a log for each drawing, NAME.log, into this folder")
         ->type_name("FOLDER")
+        ->check(IsNoText)
         ->excludes("--log");
 }
 

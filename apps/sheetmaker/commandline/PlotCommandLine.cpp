@@ -24,7 +24,9 @@ std::optional<PlotScaleOption> ScaleIn(const std::string& text)
         return std::nullopt;
     const auto paper = PositiveNumber(std::string_view(text).substr(0, colon));
     const auto drawing = PositiveNumber(std::string_view(text).substr(colon + 1));
-    return paper && drawing ? std::optional(PlotScaleOption{*paper, *drawing}) : std::nullopt;
+    constexpr double kMost = 1e9;
+    const bool usable = paper && drawing && *paper / *drawing <= kMost && *drawing / *paper <= kMost;
+    return usable ? std::optional(PlotScaleOption{*paper, *drawing}) : std::nullopt;
 }
 
 void AddPaper(CLI::App& command, PlotOptions& options)
@@ -59,19 +61,29 @@ void AddScale(CLI::App& command, PlotOptions& options)
     command.add_flag("--center", options.center, "Centre the plot on the paper");
 }
 
+/// Sees to it that of several options one is given at most. (CLI11 keeps what an option excludes sorted by address, so
+/// that a help which names several of them is another one each time.)
+void AllowOne(CLI::App& command, const std::vector<std::string>& options)
+{
+    command.callback([&command, options] {
+        std::vector<std::string> given;
+        for (const std::string& option : options)
+            if (command.count(option) > 0)
+                given.push_back(option);
+        if (given.size() > 1)
+            throw CLI::ExcludesError(given[0], given[1]);
+    });
+}
+
 void AddStyle(CLI::App& command, PlotOptions& options)
 {
     command.add_option("--plot-style", options.style, "Plot with this plot style table, or with none")
         ->type_name("NAME|none");
-    command
-        .add_flag_callback(
-            "--mono", [&options] { options.tone = Tone::Mono; }, "Plot everything black")
-        ->excludes("--plot-style");
-    command
-        .add_flag_callback(
-            "--grey", [&options] { options.tone = Tone::Grey; }, "Plot colours as greys")
-        ->excludes("--plot-style")
-        ->excludes("--mono");
+    command.add_flag_callback(
+        "--mono", [&options] { options.tone = Tone::Mono; }, "Plot everything black");
+    command.add_flag_callback(
+        "--grey", [&options] { options.tone = Tone::Grey; }, "Plot colours as greys");
+    AllowOne(command, {"--plot-style", "--mono", "--grey"});
     command
         .add_option_function<std::string>(
             "--lineweight-scale",

@@ -7,6 +7,7 @@
 #include "commandline/ExitCodes.h"
 #include "commandline/Refusal.h"
 #include "commands/Readiness.h"
+#include "layouts/PlotOptions.h"
 #include "machine/LogFiles.h"
 #include "render/TextLayout.h"
 #include "report/ReportWriter.h"
@@ -62,28 +63,35 @@ public:
         NeedSettings(m_install, m_err);
         NeedJobOptions(m_job.options, m_install);
         m_job.drawings = NamedDrawings(m_job);
+        NeedBuildDate(m_install);
+        if (m_job.options.plot.paper)
+            PaperCalled(*m_job.options.plot.paper); // refused once, not by every drawing
         const StandardStreams streams(m_job.drawings, m_job.output);
-        if (streams.OutIsTaken() && m_job.report != ReportForm::None)
-            throw Refusal{kExitUsage, "-o - and --report both write to standard output"};
+        if (streams.OutIsTaken())
+            RefuseIdleOptions();
         const OutputPlan plan = Plan();
-        ReportWriter writer({m_job.report, m_job.talk, streams.OutIsTaken(), "sheetmaker " + m_install.version}, m_out,
-                            m_console);
+        ReportWriter writer(
+            {m_job.report, m_job.talk, m_job.strict, streams.OutIsTaken(), "sheetmaker " + m_install.version}, m_out,
+            m_console);
         if (plan.drawings.size() > 1)
             render::TextEngine::Prepare();
-        const LogFiles logs(m_install.places.stateFolder, Names(plan),
+        const LogFiles logs(m_install.places.stateFolder, OwnLogs(plan),
                             {m_job.log.value_or(""), m_job.logFolder.value_or("")});
         m_logTrouble = LogTrouble(logs);
         if (!m_logTrouble.empty())
             m_console.Line("warning: " + m_logTrouble);
         const bool ended = RunPool(Tasks(plan, logs), Workers(), Refusing(work), Callbacks(writer, streams));
         m_console.ClearProgress();
-        logs.Join();
+        const std::string lost = logs.Join();
+        if (!lost.empty())
+            m_console.Line(std::string("warning: ") + kNoLog + ": " + lost);
         if (!ended) {
             m_err << "sheetmaker: interrupted\n";
             return kExitInterrupted;
         }
-        const bool written = streams.Send(m_out) && writer.Finish();
-        return std::max(ExitCodeOf(writer.Reports(), m_job.strict), written ? kExitDone : kExitFailed);
+        const bool sent = streams.Send(m_out), written = writer.Finish() && sent;
+        const bool whole = written && (lost.empty() || !m_job.strict);
+        return std::max(writer.ExitCode(), whole ? kExitDone : kExitFailed);
     }
 
 private:
@@ -92,6 +100,8 @@ private:
         OutputPlan plan = PlanOutput(m_job.drawings, m_job.output);
         if (!plan.error.empty())
             throw Refusal{kExitUsage, plan.error};
+        if (m_job.log)
+            RefuseLogTarget(plan);
         if (m_job.noClobber || m_job.update)
             LeaveOutDone(plan);
         if (m_job.output)
@@ -113,11 +123,49 @@ private:
         });
     }
 
-    static std::vector<std::string> Names(const OutputPlan& plan)
+    /// What would do nothing with a PDF on standard output is refused.
+    void RefuseIdleOptions() const
     {
+        if (m_job.report != ReportForm::None)
+            throw Refusal{kExitUsage, "-o - and --report both write to standard output"};
+        if (m_job.options.keepPs || m_job.options.open || m_job.update || m_job.noClobber)
+            throw Refusal{kExitUsage, "-o - goes with none of --keep-ps, --open, --update and --no-clobber"};
+    }
+
+    /// The log takes the place of no other file of the run.
+    void RefuseLogTarget(const OutputPlan& plan) const
+    {
+        const std::string log = base::FollowLinks(base::ToText(std::filesystem::absolute(base::ToPath(*m_job.log))));
+        std::error_code unreadable;
+        const bool exists = std::filesystem::exists(base::ToPath(log), unreadable);
+        if (exists && !std::filesystem::is_regular_file(base::ToPath(log), unreadable) &&
+            !std::filesystem::is_directory(base::ToPath(log), unreadable))
+            throw Refusal{kExitUsage, "the log can't be " + *m_job.log + ": it is no plain file"};
+        const auto refuse = [&](const std::string& file) {
+            const std::string other = base::FollowLinks(base::ToText(std::filesystem::absolute(base::ToPath(file))));
+            if (base::IsSameFile(log, other) ||
+                base::ToPath(log).lexically_normal() == base::ToPath(other).lexically_normal())
+                throw Refusal{kExitUsage, "the log would replace " + file + "; choose another name"};
+        };
+        if (m_job.list)
+            refuse(*m_job.list);
+        for (const PlannedDrawing& planned : plan.drawings) {
+            refuse(planned.drawing);
+            refuse(planned.pdfPath);
+        }
+    }
+
+    /// Of the drawings that are left: as they are called among all, so that a later run calls them the same.
+    [[nodiscard]] std::vector<std::string> OwnLogs(const OutputPlan& plan) const
+    {
+        const std::vector<std::string> all = LogNames(m_job.drawings);
         std::vector<std::string> names;
-        for (const PlannedDrawing& planned : plan.drawings)
-            names.push_back(planned.drawing);
+        std::size_t at = 0;
+        for (const PlannedDrawing& planned : plan.drawings) {
+            while (m_job.drawings[at] != planned.drawing)
+                ++at;
+            names.push_back(all[at]);
+        }
         return names;
     }
 
@@ -139,7 +187,8 @@ private:
                               elsewhere ? logs.Folder() : "",
                               {}},
                              planned.pdfPath,
-                             LimitsFor({planned.drawing}, m_job.seconds, m_job.mebibytes)});
+                             LimitsFor({planned.drawing}, m_job.seconds, m_job.mebibytes),
+                             m_job.talk == Talk::Quiet});
         return tasks;
     }
 

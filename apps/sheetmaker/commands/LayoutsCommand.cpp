@@ -67,11 +67,23 @@ std::string LayoutTable(const std::vector<cadhost::LayoutFacts>& layouts)
     return table;
 }
 
+namespace {
+
+/// Names come from files: what would begin a line or steer a terminal shows as "?".
+std::string OneLine(std::string text)
+{
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 0x7F; }, '?');
+    return text;
+}
+
+} // namespace
+
 std::string LayoutNames(const std::vector<cadhost::LayoutFacts>& layouts)
 {
     std::string lines;
     for (const cadhost::LayoutFacts& layout : layouts)
-        lines += layout.name + "\n";
+        lines += OneLine(layout.name) + "\n";
     return lines;
 }
 

@@ -3,6 +3,7 @@
 #include "base/files/Paths.h"
 #include "commandline/Refusal.h"
 #include "commands/Readiness.h"
+#include "layouts/PlotOptions.h"
 #include "records/RecordEditor.h"
 #include "report/ReportWriter.h"
 #include "run/PublishRun.h"
@@ -61,20 +62,25 @@ public:
             return PublishSet(parts, m_job.keepGoing, task, log, m_install, console);
         };
         terminal::Console console(m_err, false);
-        ReportWriter writer({m_job.report, m_job.talk, false, "sheetmaker " + m_install.version}, m_out, console);
+        ReportWriter writer({m_job.report, m_job.talk, m_job.strict, false, "sheetmaker " + m_install.version}, m_out,
+                            console);
         PoolCallbacks callbacks;
         callbacks.ended = [&writer](DrawingReport& report) { writer.Ended(report); };
         callbacks.done = [&, this](const DrawingReport& report, const std::string&) { Tell(report, writer); };
         std::vector<std::string> drawings;
         for (const SetPart& part : parts)
             drawings.push_back(part.drawing);
+        NeedBuildDate(m_install);
+        if (m_job.options.plot.paper)
+            PaperCalled(*m_job.options.plot.paper);
         NeedJobOptions(m_job.options, m_install);
         const PooledTask task{{m_job.output, planned.savePath, m_job.options, {}, {}, {}},
                               planned.pdfPath,
-                              LimitsFor(drawings, m_job.seconds, m_job.mebibytes)};
+                              LimitsFor(drawings, m_job.seconds, m_job.mebibytes),
+                              m_job.talk == Talk::Quiet};
         if (RunPool({task}, 1, work, callbacks)) {
             const bool written = writer.Finish();
-            return std::max(ExitCodeOf(writer.Reports(), m_job.strict), written ? kExitDone : kExitFailed);
+            return std::max(writer.ExitCode(), written ? kExitDone : kExitFailed);
         }
         m_err << "sheetmaker: interrupted\n";
         return kExitInterrupted;

@@ -3,6 +3,7 @@
 #include "base/files/Paths.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
+#include "system/SystemPorts.h"
 
 #include <filesystem>
 #include <ostream>
@@ -22,6 +23,13 @@ void NeedSettings(const Install& install, std::ostream& err)
         throw Refusal{kExitFailed, trouble + " Mend or remove it, or name another folder by XDG_CONFIG_HOME."};
     if (!trouble.empty())
         err << "warning: " << trouble << "\n";
+}
+
+void NeedBuildDate(const Install& install)
+{
+    const std::string text = install.environment("SOURCE_DATE_EPOCH").value_or("");
+    if (!text.empty() && !system::BuildDate(install.environment))
+        throw Refusal{kExitUsage, "SOURCE_DATE_EPOCH is no number of seconds since 1970: " + text};
 }
 
 void NeedJobOptions(ConvertOptions& options, const Install& install)

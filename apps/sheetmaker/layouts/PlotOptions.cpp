@@ -26,9 +26,11 @@ cadhost::FittedPaper PaperOf(const PaperSize& row)
 std::optional<std::pair<double, double>> SidesIn(const std::string& word)
 {
     double width = 0, height = 0;
-    char rest[4] = {};
-    const int read = std::sscanf(word.c_str(), "%lf%*1[xX]%lf%3s", &width, &height, rest);
-    const bool ends = read == 2 || (read == 3 && base::SameAscii(rest, "mm"));
+    int length = 0;
+    if (std::sscanf(word.c_str(), "%lf%*1[xX]%lf%n", &width, &height, &length) != 2)
+        return std::nullopt;
+    const std::string rest = word.substr(static_cast<std::size_t>(length));
+    const bool ends = rest.empty() || base::SameAscii(rest, "mm") || base::SameAscii(rest, " mm");
     return ends && width > 0 && height > 0 ? std::optional(std::pair(width, height)) : std::nullopt;
 }
 

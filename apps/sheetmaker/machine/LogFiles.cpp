@@ -1,6 +1,7 @@
 #include "machine/LogFiles.h"
 
 #include "base/files/File.h"
+#include "base/files/FileFacts.h"
 #include "base/files/Leftovers.h"
 #include "base/files/Paths.h"
 #include "base/files/PrivateFolder.h"
@@ -9,7 +10,7 @@
 
 #include <algorithm>
 #include <fstream>
-#include <map>
+#include <set>
 #include <sstream>
 
 namespace sm::app {
@@ -31,39 +32,37 @@ void RemoveAbandonedLogs(const std::filesystem::path& folder)
     base::RemoveAbandonedFiles(base::ToText(folder), kLogPrefix, kLogEnding);
 }
 
-namespace {
-
-/// "plan.log", "plan-2.log" for the second drawing of that name in another folder, and so on.
-std::vector<std::string> OwnNames(const std::vector<std::string>& drawings)
+std::vector<std::string> LogNames(const std::vector<std::string>& drawings)
 {
     std::vector<std::string> names;
-    std::map<std::string, int> taken;
+    std::set<std::string> taken;
     for (const std::string& drawing : drawings) {
         const std::string stem = base::ToText(base::ToPath(drawing).stem());
-        const int number = ++taken[base::FoldCase(stem)];
-        names.push_back(stem + (number > 1 ? "-" + std::to_string(number) : "") + kLogEnding);
+        std::string name = stem + kLogEnding;
+        for (int number = 2; !taken.insert(base::FoldCase(name)).second; ++number)
+            name = stem + "-" + std::to_string(number) + kLogEnding;
+        names.push_back(name);
     }
     return names;
 }
 
-} // namespace
-
-LogFiles::LogFiles(std::filesystem::path stateFolder, const std::vector<std::string>& drawings, const LogWishes& wishes)
-    : m_folder(std::move(stateFolder)), m_whole(kLogFileName), m_joined(TemporaryLogName()), m_names(drawings.size())
+LogFiles::LogFiles(std::filesystem::path stateFolder, const std::vector<std::string>& ownNames, const LogWishes& wishes)
+    : m_folder(std::move(stateFolder)), m_whole(kLogFileName), m_joined(TemporaryLogName()), m_names(ownNames.size())
 {
     if (!wishes.folder.empty()) {
         m_folder = std::filesystem::absolute(base::ToPath(wishes.folder));
         m_whole.clear();
-        m_names = OwnNames(drawings);
+        m_names = ownNames;
         return;
     }
     if (!wishes.file.empty()) {
-        const std::filesystem::path file = std::filesystem::absolute(base::ToPath(wishes.file));
+        const std::string given = base::ToText(std::filesystem::absolute(base::ToPath(wishes.file)));
+        const std::filesystem::path file = base::ToPath(base::FollowLinks(given));
         m_folder = file.parent_path();
         m_whole = base::ToText(file.filename());
     }
     RemoveAbandonedLogs(m_folder);
-    if (drawings.size() > 1)
+    if (ownNames.size() > 1)
         std::generate(m_names.begin(), m_names.end(), TemporaryLogName);
     else if (!wishes.file.empty())
         std::fill(m_names.begin(), m_names.end(), m_whole);
@@ -94,19 +93,25 @@ std::string LogFiles::Trouble() const
     return failed ? Folder() + " can't be written: " + failed.message() : std::string();
 }
 
-void LogFiles::Join() const
+std::string LogFiles::Join() const
 {
     if (m_names.size() < 2 || m_whole.empty())
-        return;
+        return {};
     const std::filesystem::path part = m_folder / base::ToPath(m_joined);
+    std::error_code failed;
+    std::filesystem::create_directories(m_folder, failed);
+    std::ofstream joined(part, std::ios::binary);
+    for (const std::string& name : m_names)
+        joined << ReadWholeFile(m_folder / base::ToPath(name));
+    joined.close();
+    if (joined)
+        std::filesystem::rename(part, m_folder / base::ToPath(m_whole), failed);
+    if (joined && !failed)
+        return {};
     std::error_code ignored;
-    std::filesystem::create_directories(m_folder, ignored);
-    {
-        std::ofstream joined(part, std::ios::binary);
-        for (const std::string& name : m_names)
-            joined << ReadWholeFile(m_folder / base::ToPath(name));
-    }
-    std::filesystem::rename(part, m_folder / base::ToPath(m_whole), ignored);
+    std::filesystem::remove(part, ignored);
+    return base::ToText(m_folder / base::ToPath(m_whole)) + " can't be written" +
+           (failed ? ": " + failed.message() : std::string());
 }
 
 std::string ReadWholeFile(const std::filesystem::path& file)

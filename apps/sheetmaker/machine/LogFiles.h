@@ -18,10 +18,14 @@ struct LogWishes {
     std::string folder; ///< a log of each drawing's own
 };
 
+/// Names of logs for drawings: "plan.log", "plan-2.log" for the second one of that name, no two the same.
+std::vector<std::string> LogNames(const std::vector<std::string>& drawings);
+
 class LogFiles {
 public:
-    /// `stateFolder` holds the user's log and, while workers run, theirs. `drawings` are the workers', in their order.
-    LogFiles(std::filesystem::path stateFolder, const std::vector<std::string>& drawings, const LogWishes& wishes = {});
+    /// `stateFolder` holds the user's log and, while workers run, theirs. `ownNames` are the names of the workers' own
+    /// logs, in their order, where a folder is wished for.
+    LogFiles(std::filesystem::path stateFolder, const std::vector<std::string>& ownNames, const LogWishes& wishes = {});
     /// Removes what is left of the workers' logs.
     ~LogFiles();
     LogFiles(const LogFiles&) = delete;
@@ -33,8 +37,9 @@ public:
     [[nodiscard]] std::string Folder() const;
     /// Why no log can be kept there, as a sentence without its end; empty when it can.
     [[nodiscard]] std::string Trouble() const;
-    /// Puts the workers' logs in their order in the place of the one log; nothing where each keeps its own.
-    void Join() const;
+    /// Puts the workers' logs in their order in the place of the one log; nothing where each keeps its own. Gives the
+    /// reason, like `Trouble`, when that can't be.
+    [[nodiscard]] std::string Join() const;
 
 private:
     std::filesystem::path m_folder;

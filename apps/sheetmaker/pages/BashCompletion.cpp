@@ -16,7 +16,7 @@ _sheetmaker_lines() {
     done
 }
 
-#The layouts of the first drawing on the line.
+# The layouts of the first drawing on the line.
 _sheetmaker_layouts()
 {
     local word
@@ -24,7 +24,7 @@ _sheetmaker_layouts()
     do
         case ${word,,} in
         *.dxf | *.dwg | *.dwt)
-            eval "word=$word" 2>/dev/null
+            word=${word//\\/} word=${word#[\"\']} word=${word%[\"\']} # nothing on the line is run
             _sheetmaker_lines < <(sheetmaker layouts "$word" --names 2>/dev/null)
             return
             ;;
@@ -91,7 +91,7 @@ std::string Action(CompletedWith kind, const OptionFacts& option, const std::str
         break;
     }
     return ":";
-} // namespace sm::app
+}
 
 std::string OptionWords(const CommandFacts& command)
 {

@@ -53,8 +53,8 @@ std::string Values(CompletedWith kind, const OptionFacts& option, const Completi
         return " -a '(__sheetmaker_layouts)'";
     case CompletedWith::Choices:
         return " -a " + Listed(option.choices);
+    case CompletedWith::Commands: // with the settings
     case CompletedWith::Settings:
-    case CompletedWith::Commands:
         return " -a " + Listed(names.settings);
     case CompletedWith::JobOptions:
         return " -a " + Listed(names.jobOptions);
@@ -82,13 +82,19 @@ std::string OptionLine(const CommandFacts& command, const OptionFacts& option, c
 
 std::string FishCompletion(const std::vector<CommandFacts>& commands, const CompletionNames& names)
 {
+    CompletionNames all = names;
+    for (const CommandFacts& command : commands)
+        if (!command.name.empty())
+            all.settings.push_back(command.name);
     std::string text = kHead;
     for (const CommandFacts& command : commands)
         if (!command.name.empty()) {
             text += fmt::format("complete -c sheetmaker -n __fish_use_subcommand -a {} -d {}\n", command.name,
                                 Quoted(command.summary));
-            for (const OptionFacts& option : command.options)
-                text += OptionLine(command, option, names);
+            for (const OptionFacts& option : command.options) {
+                const bool topics = CompletionOf(command, option) == CompletedWith::Commands;
+                text += OptionLine(command, option, topics ? all : names);
+            }
         }
     return text;
 }

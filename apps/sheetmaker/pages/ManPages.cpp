@@ -18,7 +18,7 @@ struct Term {
 constexpr Term kExitCodes[] = {
     {"0", "Everything asked for was done."},
     {"1", "Some of it failed; the other drawings were converted."},
-    {"2", "The command line is wrong; nothing was started."},
+    {"2", "The command line is wrong, or asks for what a drawing hasn't got; nothing was written."},
     {"3", "A tool or a file of the installation is missing."},
     {"4", "Converted, but the drawing was damaged and content was lost; --strict makes that 1."},
     {"130", "Ended by Ctrl+C or a request to terminate; what was done stays, nothing is left half-made."},
@@ -35,6 +35,9 @@ constexpr Term kFiles[] = {
 constexpr Term kVariables[] = {
     {"SHEETMAKER_PDF_SHARE", "The share folder, in place of that beside the program."},
     {"XDG_CONFIG_HOME, XDG_STATE_HOME, XDG_DATA_HOME, XDG_CACHE_HOME", "In place of the folders in the home folder."},
+    {"SOURCE_DATE_EPOCH",
+     "Stops the clock at so many seconds since 1970, UTC: the same input then gives the same bytes, unless "
+     "it is encrypted."},
     {"TMPDIR", "Where temporary folders are made."},
 };
 

@@ -68,7 +68,7 @@ std::string Action(CompletedWith kind, const OptionFacts& option, const Completi
     case CompletedWith::Settings:
         return "(" + fmt::format("{}", fmt::join(names.settings, " ")) + ")";
     case CompletedWith::Commands:
-        return "_sheetmaker_commands";
+        return "_sheetmaker_topics";
     case CompletedWith::JobOptions:
         return Listed(names.jobOptions);
     case CompletedWith::Nothing:
@@ -109,9 +109,12 @@ std::string ZshCompletion(const std::vector<CommandFacts>& commands, const Compl
     for (const CommandFacts& command : commands)
         if (!command.name.empty())
             text += fmt::format("        '{}:{}'\n", command.name, Quoted(command.summary));
-    text += "    )\n    _describe command commands\n}\n\n_sheetmaker() {\n    if (( CURRENT == 2 )); then\n"
-            "        _sheetmaker_commands\n        return\n    fi\n    shift words\n    (( CURRENT-- ))\n"
-            "    case $words[1] in\n";
+    text +=
+        "    )\n    _describe command commands\n}\n\n_sheetmaker_topics() {\n    _sheetmaker_commands\n    compadd " +
+        fmt::format("{}", fmt::join(names.settings, " ")) +
+        "\n}\n\n_sheetmaker() {\n    if (( CURRENT == 2 )); then\n"
+        "        _sheetmaker_commands\n        return\n    fi\n    shift words\n    (( CURRENT-- ))\n"
+        "    case $words[1] in\n";
     for (const CommandFacts& command : commands)
         if (!command.name.empty())
             text += CommandCase(command, names);

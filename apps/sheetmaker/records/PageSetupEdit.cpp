@@ -1,5 +1,6 @@
 #include "records/PageSetupEdit.h"
 
+#include "base/text/Names.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
 #include "layouts/PlotOptions.h"
@@ -76,8 +77,14 @@ private:
 
     void Set()
     {
-        for (const std::string& assignment : m_job.assignments)
-            Assign(assignment);
+        // The name of a paper sets its sides; who gives both means the sides.
+        const auto namesPaper = [](const std::string& assignment) {
+            return base::SameAscii(assignment.substr(0, assignment.find('=')), SettingNamed("CanonicalMediaName").name);
+        };
+        for (const bool paper : {true, false})
+            for (const std::string& assignment : m_job.assignments)
+                if (namesPaper(assignment) == paper)
+                    Assign(assignment);
         MendScale(m_record);
         WriteCustomPageSetup(m_editor.Context(), m_editor.Document(), m_record);
         PageSetupRecord kept;
@@ -120,7 +127,9 @@ private:
     {
         cadhost::PlotWishes wishes;
         wishes.paper = PaperCalled(name);
+        const std::int32_t rotation = m_record.PlotRotation;
         ApplyWishes(wishes, m_record);
+        m_record.PlotRotation = rotation;
     }
 
     void Remove()
@@ -152,6 +161,8 @@ bool IsPageSetupEdit(const PageSetupJob& job)
 int RunPageSetupEdit(const PageSetupJob& job, const Install& install, std::ostream& out, std::ostream& err)
 {
     return RunEdit("page-setup", err, [&] {
+        if (int{job.show} + int{job.remove} + int{!job.assignments.empty()} > 1)
+            throw Refusal{kExitUsage, "--show, --set and --remove exclude each other"};
         if (!job.drawing)
             throw Refusal{kExitUsage, "--show, --set and --remove need a drawing; \"sheetmaker list\" and \"set\" have "
                                       "the global page setup"};

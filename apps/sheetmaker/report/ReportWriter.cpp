@@ -7,7 +7,7 @@
 namespace sm::app {
 
 ReportWriter::ReportWriter(ReportWishes wishes, std::ostream& out, terminal::Console& console)
-    : m_wishes(std::move(wishes)), m_out(out), m_console(console)
+    : m_wishes(std::move(wishes)), m_out(out), m_console(console), m_exit(m_wishes.strict)
 {
 }
 
@@ -38,7 +38,9 @@ void ReportWriter::Result(const DrawingReport& report)
         else
             m_out << result << std::endl;
     }
-    m_reports.push_back(report);
+    m_exit.Add(report);
+    if (m_wishes.form == ReportForm::Json)
+        m_reports.push_back(report);
 }
 
 std::vector<std::string> ReportWriter::NewSubstitutions(const DrawingReport& report)

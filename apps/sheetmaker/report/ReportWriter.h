@@ -15,6 +15,7 @@ namespace sm::app {
 struct ReportWishes {
     ReportForm form = ReportForm::None;
     Talk talk = Talk::Normal;
+    bool strict = false;
     bool outIsTaken = false; ///< standard output carries a PDF: results go to the console
     std::string program;     ///< its name with the version
 };
@@ -32,7 +33,8 @@ public:
     void Result(const DrawingReport& report);
     /// After the last one. False when standard output didn't take everything, which is told.
     bool Finish();
-    [[nodiscard]] const std::vector<DrawingReport>& Reports() const { return m_reports; }
+    /// Of all drawings so far.
+    [[nodiscard]] int ExitCode() const { return m_exit.Code(); }
 
 private:
     void TellLines(const DrawingReport& report, const std::string& lines);
@@ -42,7 +44,8 @@ private:
     ReportWishes m_wishes;
     std::ostream& m_out;
     terminal::Console& m_console;
-    std::vector<DrawingReport> m_reports;
+    ExitTally m_exit;
+    std::vector<DrawingReport> m_reports;      ///< kept only where they are wanted together
     std::set<std::string> m_toldSubstitutions; ///< fonts are told once a run
 };
 

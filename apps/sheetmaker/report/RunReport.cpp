@@ -82,22 +82,34 @@ std::vector<std::string> RemarkLines(const DrawingReport& report)
     return lines;
 }
 
+void ExitTally::Add(const DrawingReport& report)
+{
+    ++m_count;
+    if (m_outweighs == 0 && (report.exitCode == kExitToolMissing || report.exitCode == kExitInterrupted))
+        m_outweighs = report.exitCode;
+    m_usage = m_usage || report.exitCode == kExitUsage;
+    m_failed = m_failed || report.exitCode == kExitFailed ||
+               (m_strict && (report.exitCode == kExitContentLost || report.notToScale || IsUnfaithful(report)));
+    m_lost = m_lost || report.exitCode == kExitContentLost;
+}
+
+int ExitTally::Code() const
+{
+    if (m_outweighs != 0)
+        return m_outweighs;
+    if (m_usage && m_count == 1)
+        return kExitUsage;
+    if (m_failed || m_usage)
+        return kExitFailed;
+    return m_lost ? kExitContentLost : kExitDone;
+}
+
 int ExitCodeOf(const std::vector<DrawingReport>& reports, bool strict)
 {
-    bool lost = false, failed = false, usage = false;
-    for (const DrawingReport& report : reports) {
-        if (report.exitCode == kExitToolMissing || report.exitCode == kExitInterrupted)
-            return report.exitCode;
-        usage = usage || report.exitCode == kExitUsage;
-        failed = failed || report.exitCode == kExitFailed ||
-                 (strict && (report.exitCode == kExitContentLost || report.notToScale || IsUnfaithful(report)));
-        lost = lost || report.exitCode == kExitContentLost;
-    }
-    if (usage && reports.size() == 1)
-        return kExitUsage;
-    if (failed || usage)
-        return kExitFailed;
-    return lost ? kExitContentLost : kExitDone;
+    ExitTally tally(strict);
+    for (const DrawingReport& report : reports)
+        tally.Add(report);
+    return tally.Code();
 }
 
 } // namespace sm::app

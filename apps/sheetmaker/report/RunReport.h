@@ -94,7 +94,19 @@ std::string ResultLine(const DrawingReport& report);
 /// What the user should know beside that, a line each, without the drawing's name.
 std::vector<std::string> RemarkLines(const DrawingReport& report);
 
-/// The exit code of a whole run.
+/// The exit code of a whole run, from its drawings one by one.
+class ExitTally {
+public:
+    explicit ExitTally(bool strict) : m_strict(strict) {}
+    void Add(const DrawingReport& report);
+    [[nodiscard]] int Code() const;
+
+private:
+    bool m_strict;
+    std::size_t m_count = 0;
+    int m_outweighs = 0; ///< a missing tool, or the end that somebody asked for
+    bool m_usage = false, m_failed = false, m_lost = false;
+};
 int ExitCodeOf(const std::vector<DrawingReport>& reports, bool strict);
 
 } // namespace sm::app

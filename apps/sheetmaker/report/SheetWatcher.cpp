@@ -79,9 +79,10 @@ void SheetWatcher::Saved(const std::string& pdfPath, std::int32_t status, const 
 void SheetWatcher::AnnotationsLost(const std::string& /*description*/) noexcept
 {
     Quietly([&] {
-        if (!std::exchange(m_annotationsLost, true))
-            m_report.notes.emplace_back(
-                "some annotations of a sheet could not be added; \"sheetmaker log\" says which");
+        if (std::exchange(m_annotationsLost, true))
+            return;
+        m_report.notes.emplace_back("some annotations of a sheet could not be added; the log says after which");
+        m_report.marksLost.push_back("some annotations of " + (m_where.empty() ? "a sheet" : m_where));
     });
 }
 

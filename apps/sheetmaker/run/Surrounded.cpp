@@ -148,7 +148,7 @@ publisher::PublisherOptions Surrounded::PublishingOptions(const DrawingTask& tas
         m_report.pages = saved.pages;
         m_report.pdfBytes = saved.pdfBytes;
         m_attachments.Tell(saved, m_report);
-        m_report.marksLost = saved.marksOff;
+        m_report.marksLost.insert(m_report.marksLost.end(), saved.marksOff.begin(), saved.marksOff.end());
         m_report.times.pages = std::chrono::duration<double, std::milli>(saved.makingPages).count();
         m_report.times.assemble = std::chrono::duration<double, std::milli>(saved.assembling).count();
     };

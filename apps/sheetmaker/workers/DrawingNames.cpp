@@ -18,6 +18,8 @@ std::vector<std::string> Lines(std::istream& stream)
 {
     std::vector<std::string> names;
     for (std::string line; std::getline(stream, line);) {
+        if (names.empty() && line.starts_with("\xef\xbb\xbf")) // as some editors begin UTF-8
+            line.erase(0, 3);
         if (line.ends_with('\r'))
             line.pop_back();
         if (!line.empty())

@@ -15,6 +15,9 @@ namespace fs = std::filesystem;
 bool IsWhole(const fs::path& pdf)
 {
     constexpr std::streamoff kTail = 1024;
+    std::error_code unreadable;
+    if (!fs::is_regular_file(pdf, unreadable)) // a pipe would be waited for
+        return false;
     std::ifstream file(pdf, std::ios::binary);
     std::string head(5, '\0');
     if (!file.read(head.data(), static_cast<std::streamsize>(head.size())) || head != "%PDF-")

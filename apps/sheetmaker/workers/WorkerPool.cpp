@@ -69,7 +69,7 @@ private:
     void StartNext()
     {
         const PooledTask& next = m_tasks[m_started];
-        const auto lines = m_tasks.size() == 1 ? Worker::Lines::Straight : Worker::Lines::Kept;
+        const auto lines = m_tasks.size() == 1 && !next.keepsLines ? Worker::Lines::Straight : Worker::Lines::Kept;
         m_running.emplace(m_started, std::make_unique<Worker>(next.task, next.pdfPath, m_work, lines, next.limits));
         ++m_started;
     }

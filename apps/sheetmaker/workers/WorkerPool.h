@@ -13,6 +13,7 @@ struct PooledTask {
     DrawingTask task;
     std::string pdfPath;
     WorkerLimits limits = {};
+    bool keepsLines = false; ///< a single task, too, hands its lines on at its end
 };
 
 struct PoolCallbacks {
