@@ -3,7 +3,7 @@
 
 #include "commandline/Jobs.h"
 
-namespace CLI {
+namespace CLI { // NOLINT(readability-identifier-naming): the library calls itself so
 class App;
 }
 
