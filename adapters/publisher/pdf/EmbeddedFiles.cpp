@@ -57,7 +57,7 @@ public:
         m_update.Write(fmt::format("<< /Type /EmbeddedFile /Length {} 0 R /Params {} 0 R {}>>\nstream\n", length,
                                    parameters, packs ? "/Filter /FlateDecode " : ""));
         const std::uint64_t begin = m_update.Position();
-        const std::string checksum = packs ? Packed() : Copied(m_raw);
+        std::string checksum = packs ? Packed() : Copied(m_raw);
         const std::uint64_t end = m_update.Position();
         m_update.Write("\nendstream\nendobj\n");
         m_update.Begin(length);

@@ -82,8 +82,10 @@ void CommandTable::AddDwgConverter()
                          "(default: only those older than R9, by the setting DwgConverter, node or dwg2dxf)")
             ->type_name("COMMAND")
             ->check([](const std::string& command) {
-                const std::string error = drawing::DwgConverterError(command);
-                return error.empty() ? error : "\"" + command + "\" " + error;
+                std::string error = drawing::DwgConverterError(command);
+                if (!error.empty())
+                    error.insert(0, "\"" + command + "\" ");
+                return error;
             });
 }
 

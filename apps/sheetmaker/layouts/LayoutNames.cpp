@@ -71,7 +71,7 @@ std::vector<std::string> InRange(const std::string& first, const std::string& la
 std::vector<std::string> Sheets(const std::string& word, std::span<const std::string> sheets)
 {
     if (const std::size_t dots = word.find(".."); dots != std::string::npos)
-        if (const auto range = InRange(word.substr(0, dots), word.substr(dots + 2), sheets); !range.empty())
+        if (auto range = InRange(word.substr(0, dots), word.substr(dots + 2), sheets); !range.empty())
             return range;
     if (word.find_first_of("*?") != std::string::npos) {
         std::vector<std::string> fitting;
