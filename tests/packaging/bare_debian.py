@@ -32,7 +32,8 @@ def why_not():
     for tool in ("debootstrap", "unshare", "chroot"):
         if shutil.which(tool) is None:
             return f"{tool} is not installed"
-    return None
+    tried = subprocess.run(["unshare", "-m", "--propagation", "private", "true"], capture_output=True, text=True)
+    return tried.stderr.strip() if tried.returncode != 0 else None
 
 
 def mirror():

@@ -134,6 +134,10 @@ def main(build, samples):
         root = tempfile.mkdtemp(prefix="bare-", dir=os.path.join(build, "bare-debian"))
         try:
             system = bare_debian.BareDebian(archive, root)
+            update = system.run("apt-get", "-o", "APT::Update::Error-Mode=any", "update", "-q")
+            if update.returncode != 0:
+                print("skipped: the bare Debian system reaches no mirror: " + update.stderr.strip()[-300:])
+                return 1 if rows.failed else 77
             program = next(package for package in packages if "-windows_" not in package)
             windows = next(package for package in packages if "-windows_" in package)
             follow_recipe(rows, system, os.path.dirname(program))
