@@ -13,6 +13,8 @@ import re
 import subprocess
 import sys
 
+HEADERS = ("libcli11-dev", "nlohmann-json3-dev")  # compiled in
+
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 
 
@@ -52,7 +54,7 @@ def entry(name, version, supplier, **more):
 def document(build, version):
     main = entry("sheetmaker-pdf", version, "Organization: The Sheetmaker PDF developers", licenseDeclared="GPL-3.0-or-later")
     packages, relations = [main], [("SPDXRef-DOCUMENT", "DESCRIBES", main["SPDXID"])]
-    for names, relation in ((archives(build), "STATIC_LINK"), (runtime(), "DEPENDS_ON")):
+    for names, relation in ((archives(build), "STATIC_LINK"), (HEADERS, "CONTAINS"), (runtime(), "DEPENDS_ON")):
         for name in names:
             number, source = debian(name)
             packages.append(entry(name, number, "Organization: Debian", comment=f"Debian source package {source}"))

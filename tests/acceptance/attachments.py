@@ -179,7 +179,29 @@ def a_set_names_them(stand):
     same(stand.embedded("set.pdf"), [("report.txt", checksum(b"report"))])
 
 
-ROWS = [sizes_come_back, memory_is_less_than_the_file, the_limit, a_missing_one, outside_is_named_or_refused, a_set_names_them]
+def a_set_refuses_them(stand):
+    stand.write("other/site.dxf", DRAWING.encode())
+    stand.write("elsewhere/report.txt", b"report")
+    outside = stand.path("elsewhere/report.txt")
+    stand.attach(outside)
+    options = ["publish", "-o", "set.pdf", "--attachments", "refuse-outside", stand.path("other/site.dxf"), "plan.dxf"]
+    line = f"the attached file {outside} lies outside the drawing's folder, which --attachments refuses\n"
+    _, told = stand.run(*options, code=1)
+    assert line in told, told
+    assert not os.path.exists(stand.path("work/set.pdf")), "a PDF was written"
+    _, told = stand.run(*options, "--keep-going", code=1)
+    assert "plan.dxf: failed: " + line in told, told
+    same(stand.embedded("set.pdf"), [])
+
+
+def a_set_keeps_its_postscript(stand):
+    stand.run("publish", "-o", "set.pdf", "plan.dxf", "--keep-ps")
+    kept = sorted(name for name in os.listdir(stand.path("work")) if not name.startswith("plan."))
+    same(sorted(name.rsplit(".", 1)[1] for name in kept), ["pdf", "ps"])
+
+
+ROWS = [sizes_come_back, memory_is_less_than_the_file, the_limit, a_missing_one, outside_is_named_or_refused, a_set_names_them,
+        a_set_refuses_them, a_set_keeps_its_postscript]
 
 
 def main():

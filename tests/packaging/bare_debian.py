@@ -32,12 +32,14 @@ def why_not():
     for tool in ("debootstrap", "unshare", "chroot"):
         if shutil.which(tool) is None:
             return f"{tool} is not installed"
+    if mirror() is None:
+        return "this machine installs from no Debian mirror that could be used"
     tried = subprocess.run(["unshare", "-m", "--propagation", "private", "true"], capture_output=True, text=True)
     return tried.stderr.strip() if tried.returncode != 0 else None
 
 
 def mirror():
-    """The archive that this machine installs from."""
+    """The archive that this machine installs from, or None."""
     for line in subprocess.run(["apt-get", "indextargets", "--format", "$(SITE) $(RELEASE)"], capture_output=True,
                                text=True).stdout.splitlines():
         words = line.split()

@@ -13,8 +13,7 @@
 namespace sm::publisher {
 
 /// Draws all marks; properties go to `info`, `texts` may be empty; `held` says which attached files stand in memory.
-/// `note` hears of every mark that could not be drawn
-/// as asked.
+/// `note` hears of every mark that could not be drawn as asked.
 MarkTally WriteMarks(QPDF& pdf, const std::vector<SheetPage>& pages, const StampTextsMaker& texts, DocumentInfo& info,
                      Held held, const Note& note);
 

@@ -146,7 +146,7 @@ private:
     const JobOptionsScanner& m_scanner;
 };
 
-/// Whether a setting asks for something: neither false, nor zero, nor an array of nothing but /None.
+/// Whether a setting asks for something: neither null, false, zero or /None, nor an array of nothing but these.
 bool AsksForSomething(const JobOptionsValue& value)
 {
     switch (value.kind) {
@@ -158,6 +158,8 @@ bool AsksForSomething(const JobOptionsValue& value)
         return value.text != "None";
     case Kind::Array:
         return std::ranges::any_of(value.items, AsksForSomething);
+    case Kind::Null:
+        return false;
     default:
         return true;
     }

@@ -1,11 +1,10 @@
 #include "commandline/ConvertCommandLine.h"
 
+#include "base/files/Paths.h"
 #include "commandline/CommandHelp.h"
 #include "commandline/CountOption.h"
 #include "commandline/NamedNumbers.h"
 #include "commandline/PlotCommandLine.h"
-
-#include "base/files/Paths.h"
 
 #include <CLI/CLI.hpp>
 #include <fstream>
@@ -21,13 +20,14 @@ const std::map<std::string, LayoutChoice> kLayoutChoices = {{"auto", LayoutChoic
                                                             {"model", LayoutChoice::Model}};
 const std::map<std::string, AttachmentChoice> kAttachmentChoices = {
     {"all", AttachmentChoice::All}, {"refuse-outside", AttachmentChoice::RefuseOutside}};
+const std::map<std::string, ReportForm> kReportForms = {{"json", ReportForm::Json}, {"jsonl", ReportForm::JsonLines}};
 constexpr int kMostWorkers = 256;
 
-/// An option with named values, stored by name and checked against the names in their own order.
-template <class Value>
-void AddChoice(CLI::App& command, const std::string& option, std::optional<Value>& target,
-               const std::map<std::string, Value>& values, const std::vector<std::string>& names,
-               const std::string& help)
+/// An option with named values, stored by name and checked against the names in their own order. `target` is a value or
+/// an optional one.
+template <class Value, class Target>
+void AddChoice(CLI::App& command, const std::string& option, Target& target, const std::map<std::string, Value>& values,
+               const std::vector<std::string>& names, const std::string& help)
 {
     command
         .add_option_function<std::string>(
@@ -137,7 +137,6 @@ void AddQualityOptions(CLI::App& command, ConvertOptions& options)
         "Embed every attached file, or fail for a drawing that attaches one from outside its folder (default: all)");
     command.add_flag("--keep-ps", options.keepPs, "Keep the PostScript files beside the PDF");
     command.add_flag("--open", options.open, "Show the PDF afterwards");
-    command.add_flag("--as-set", options.asSet, "Take what no option says from the stored settings");
 }
 
 void AddLogs(CLI::App& command, ConvertJob& job)
@@ -163,16 +162,8 @@ void AddMaking(CLI::App& command, ConvertOptions& options)
 
 void AddTelling(CLI::App& command, ReportForm& report, Talk& talk)
 {
-    static const std::map<std::string, ReportForm> kForms = {{"json", ReportForm::Json},
-                                                             {"jsonl", ReportForm::JsonLines}};
-    command
-        .add_option_function<std::string>(
-            "--report", [&report](const std::string& form) { report = kForms.at(form); },
-            "Print a report on stdout: one object at the end, or a line for each drawing as it ends")
-        ->type_name("json|jsonl")
-        ->check([](const std::string& form) {
-            return kForms.contains(form) ? std::string() : "\"" + form + "\" is none of json, jsonl";
-        });
+    AddChoice(command, "--report", report, kReportForms, {"json", "jsonl"},
+              "Print a report on stdout: one object at the end, or a line for each drawing as it ends");
     command.add_flag_callback(
         "--quiet", [&talk] { talk = Talk::Quiet; }, "Tell failures alone");
     command
@@ -197,13 +188,14 @@ void AddConvert(CLI::App& program, ConvertJob& job)
         ->type_name("PATH");
     AddLayoutOptions(command, job.options);
     AddMaking(command, job.options);
+    command.add_flag("--as-set", job.options.asSet, "Take what no option says from the stored settings");
     AddCount(command, "--jobs", job.workers, kMostWorkers, "N",
              "How many drawings at a time (default: one a processor)");
     AddLimits(command, job.seconds, job.mebibytes);
     command.add_flag(
         "--strict", job.strict,
-        "Count as a failure what a damaged drawing lost, what can't be drawn, characters that no font has, and "
-        "files that can't be attached");
+        "Count as a failure what a damaged drawing lost, what can't be drawn, characters that no font has, files that "
+        "can't be attached, marks that no page shows, and a log that can't be kept");
     command.add_flag("--no-clobber", job.noClobber, "Leave out drawings whose PDF exists");
     command.add_flag("--update", job.update, "Leave out drawings whose PDF is whole and newer");
     AddTelling(command, job.report, job.talk);

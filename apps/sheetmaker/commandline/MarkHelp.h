@@ -44,6 +44,7 @@ inline constexpr const char* kPublishFooter = R"(Examples:
 
 A drawing without a layout gives every paper layout that holds something, and the model when none does.
 A sheet that fails ends the run without a PDF; with --keep-going the others are saved and the exit code is 1.
-Line quality, job options and the transfer of links and attributes are as set ("sheetmaker list").)";
+What no option says of line quality, job options and the transfer of links and attributes is as set
+("sheetmaker list").)";
 
 } // namespace sm::app

@@ -1,7 +1,5 @@
 #include "commands/ConvertCommand.h"
 
-#include "base/files/File.h"
-#include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
 #include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
@@ -15,6 +13,7 @@
 #include "workers/DrawingNames.h"
 #include "workers/OutputPlan.h"
 #include "workers/StandardStreams.h"
+#include "workers/TargetChecks.h"
 #include "workers/UpToDate.h"
 #include "workers/WorkerPool.h"
 
@@ -26,27 +25,13 @@
 namespace sm::app {
 namespace {
 
-constexpr const char* kNoLog = "no log is kept";
+constexpr const char* kNoLog = "no log is kept: ";
 
 /// Nothing of a run fails for want of a log, but it is told, and --strict fails.
 std::string LogTrouble(const LogFiles& logs)
 {
     const std::string trouble = logs.Trouble();
-    return trouble.empty() ? trouble : kNoLog + (": " + trouble);
-}
-
-/// Why no PDF can be written there, before anything was drawn; empty when it can.
-std::string TargetTrouble(const std::string& pdfPath)
-{
-    const std::string target = base::FollowLinks(base::ToText(std::filesystem::absolute(base::ToPath(pdfPath))));
-    std::error_code closed;
-    if (std::filesystem::is_directory(base::ToPath(target), closed))
-        return pdfPath + " is a folder; choose another name with -o";
-    const std::string folder = base::ToText(base::ToPath(target).parent_path());
-    base::File::CreateUnnamed(folder, closed);
-    if (!closed)
-        return {};
-    return pdfPath + " can't be written: " + closed.message() + "; choose another name or folder with -o";
+    return trouble.empty() ? trouble : kNoLog + trouble;
 }
 
 class Conversion {
@@ -84,7 +69,7 @@ public:
         m_console.ClearProgress();
         const std::string lost = logs.Join();
         if (!lost.empty())
-            m_console.Line(std::string("warning: ") + kNoLog + ": " + lost);
+            m_console.Line(std::string("warning: ") + kNoLog + lost);
         if (!ended) {
             m_err << "sheetmaker: interrupted\n";
             return kExitInterrupted;
@@ -101,7 +86,7 @@ private:
         if (!plan.error.empty())
             throw Refusal{kExitUsage, plan.error};
         if (m_job.log)
-            RefuseLogTarget(plan);
+            RefuseLogTarget(*m_job.log, FilesOf(plan));
         if (m_job.noClobber || m_job.update)
             LeaveOutDone(plan);
         if (m_job.output)
@@ -132,27 +117,14 @@ private:
             throw Refusal{kExitUsage, "-o - goes with none of --keep-ps, --open, --update and --no-clobber"};
     }
 
-    /// The log takes the place of no other file of the run.
-    void RefuseLogTarget(const OutputPlan& plan) const
+    [[nodiscard]] std::vector<std::string> FilesOf(const OutputPlan& plan) const
     {
-        const std::string log = base::FollowLinks(base::ToText(std::filesystem::absolute(base::ToPath(*m_job.log))));
-        std::error_code unreadable;
-        const bool exists = std::filesystem::exists(base::ToPath(log), unreadable);
-        if (exists && !std::filesystem::is_regular_file(base::ToPath(log), unreadable) &&
-            !std::filesystem::is_directory(base::ToPath(log), unreadable))
-            throw Refusal{kExitUsage, "the log can't be " + *m_job.log + ": it is no plain file"};
-        const auto refuse = [&](const std::string& file) {
-            const std::string other = base::FollowLinks(base::ToText(std::filesystem::absolute(base::ToPath(file))));
-            if (base::IsSameFile(log, other) ||
-                base::ToPath(log).lexically_normal() == base::ToPath(other).lexically_normal())
-                throw Refusal{kExitUsage, "the log would replace " + file + "; choose another name"};
-        };
+        std::vector<std::string> files;
         if (m_job.list)
-            refuse(*m_job.list);
-        for (const PlannedDrawing& planned : plan.drawings) {
-            refuse(planned.drawing);
-            refuse(planned.pdfPath);
-        }
+            files.push_back(*m_job.list);
+        for (const PlannedDrawing& planned : plan.drawings)
+            files.insert(files.end(), {planned.drawing, planned.pdfPath});
+        return files;
     }
 
     /// Of the drawings that are left: as they are called among all, so that a later run calls them the same.

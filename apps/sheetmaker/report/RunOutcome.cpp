@@ -13,9 +13,13 @@ void Fail(DrawingReport& report, const std::string& text)
 
 } // namespace
 
+int ExitCodeOfFailedSave(std::int32_t status)
+{
+    return status == kInterpreterMissing ? kExitToolMissing : kExitFailed;
+}
+
 void Conclude(const SheetWatcher& watcher, const std::string& plotFailure, DrawingReport& report)
 {
-    constexpr std::int32_t kSavedButNoViewer = -12, kInterpreterMissing = -7;
     const std::string sheet = watcher.FailedSheet(plotFailure);
     const auto& save = watcher.LastSave();
     if (!sheet.empty())
@@ -23,10 +27,9 @@ void Conclude(const SheetWatcher& watcher, const std::string& plotFailure, Drawi
     if (!save)
         return Fail(report, "the conversion ended before the PDF was saved");
     report.saveStatus = save->status;
-    if (save->status < 0 && save->status != kSavedButNoViewer) {
+    if (!IsSaved(save->status)) {
         Fail(report, save->errorText.empty() ? "the PDF could not be saved" : save->errorText);
-        if (save->status == kInterpreterMissing)
-            report.exitCode = kExitToolMissing;
+        report.exitCode = ExitCodeOfFailedSave(save->status);
         return;
     }
     report.pdfPath = save->pdfPath;

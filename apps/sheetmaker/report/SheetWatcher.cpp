@@ -81,7 +81,7 @@ void SheetWatcher::AnnotationsLost(const std::string& /*description*/) noexcept
     Quietly([&] {
         if (std::exchange(m_annotationsLost, true))
             return;
-        m_report.notes.emplace_back("some annotations of a sheet could not be added; the log says after which");
+        m_report.notes.emplace_back("some annotations of a sheet could not be added; the log has the errors");
         m_report.marksLost.push_back("some annotations of " + (m_where.empty() ? "a sheet" : m_where));
     });
 }

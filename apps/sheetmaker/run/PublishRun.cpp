@@ -7,6 +7,7 @@
 #include "hostobjects/cNativeDoc.h"
 #include "plugin/cPlugin.h"
 #include "plugin/mdlAcadHelper.h"
+#include "report/RunOutcome.h"
 #include "run/HostReport.h"
 #include "run/NativeDocuments.h"
 #include "run/RunSession.h"
@@ -17,8 +18,6 @@
 
 namespace sm::app {
 namespace {
-
-constexpr std::int32_t kInterpreterMissing = -7; ///< status of a save
 
 /// What a sheet is made with, from the stored settings.
 struct SheetMaking {
@@ -140,6 +139,10 @@ bool SetRun::AddDrawing(const SetPart& part, bool keepGoing)
         added = AddSheets(part, keepGoing, told);
     } catch (const std::bad_alloc&) {
         told.failure = "there is not enough memory";
+    } catch (const Refusal& refusal) {
+        if (!keepGoing || refusal.exitCode == kExitUsage) // no sheet of the set can be kept
+            throw;
+        told.failure = refusal.text;
     } catch (const std::exception& error) {
         told.failure = error.what();
     }
@@ -201,6 +204,7 @@ bool SetRun::AddSheets(const SetPart& part, bool keepGoing, DrawingReport& told)
     OpenNative native(m_session.Context(), m_owner, m_session.Document());
     if (!selection.error.empty())
         throw std::runtime_error("the drawing " + selection.error);
+    m_session.RefuseAttachments(selection);
     const std::vector<std::string> names = SheetNames(*native, selection);
     bool allAdded = true;
     for (std::size_t i = 0; i < names.size() && (allAdded || keepGoing); ++i) {
@@ -240,12 +244,16 @@ void SetRun::Save()
     const LocalDateTime now = context.surroundings.clock.Now();
     m_document->SetDocSummary(base::ToText(base::ToPath(path).stem()), m_install.LoginName(), now, now);
     m_document->SetDocInfo("Creator", std::string(kProductTitle) + " " + ProductVersion(context.surroundings));
-    const std::int32_t status = m_document->SaveToPdf(path, 0, false, true);
+    const std::size_t told = m_report.remarks.size(); // each drawing's, by its name
+    const ConvertOptions& options = m_task.options;
+    const std::int32_t status = m_document->SaveToPdf(path, 0, options.open, !options.keepPs);
     m_report.saveStatus = status;
-    for (const std::string& remark : m_report.remarks) // of the set's stamps
-        m_report.notes.push_back("note: " + remark);
-    if (status < 0) {
-        m_report.exitCode = status == kInterpreterMissing ? kExitToolMissing : kExitFailed;
+    for (std::size_t i = told; i < m_report.remarks.size(); ++i) // of the set's stamps
+        m_report.notes.push_back("note: " + m_report.remarks[i]);
+    if (status == kSavedButNoViewer)
+        m_report.notes.push_back(m_document->LastErrorText());
+    if (!IsSaved(status)) {
+        m_report.exitCode = ExitCodeOfFailedSave(status);
         m_report.failure = m_document->LastErrorText();
         m_log.Add("ERROR SAVING PDF FILE: " + std::to_string(status) + ", " + m_report.failure);
         return;

@@ -98,7 +98,7 @@ void RunSession::LayWishes(const cadhost::PlotWishes& wishes, LayoutSelection& s
         return;
     PageSetupRecord record = ReadGlobalPageSetup(Context().surroundings);
     if (source == kPageSetupCustom && ReadCustomPageSetup(Context(), *m_document, record) == CustomPageSetup::HostError)
-        return;
+        throw Refusal{kExitFailed, "the drawing's own page setup can't be read; --page-setup takes another one"};
     ApplyWishes(wishes, record);
     m_surrounded.LayGlobalPageSetup(record);
     selection.pageSetupSource = kPageSetupGlobal;

@@ -13,7 +13,7 @@ TEST(SheetWatcher, TellsOnceForASheetThatAnnotationsWereLost)
     std::ostringstream said;
     terminal::Console console(said, false);
     SheetWatcher watcher(report, console);
-    const std::string line = "some annotations of a sheet could not be added; the log says after which";
+    const std::string line = "some annotations of a sheet could not be added; the log has the errors";
     watcher.SheetBegins("Ground", 1, 3);
     watcher.AnnotationsLost("No font");
     watcher.AnnotationsLost("No field");

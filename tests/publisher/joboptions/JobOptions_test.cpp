@@ -147,6 +147,9 @@ TEST(JobOptions, RefusesWithFileLineAndRemedy)
         {"<< /PDFX1aCheck true >> setdistillerparams",
          "line 1: /PDFX1aCheck asks for a document by PDF/A or PDF/X, which isn't made. Take the setting out or choose "
          "other job options."},
+        {"<< /PDFA (2b) >> setdistillerparams",
+         "line 1: /PDFA asks for a document by PDF/A or PDF/X, which isn't made. Take the setting out or choose other "
+         "job options."},
         {"<< /Optimize 1 >> setdistillerparams", "line 1: /Optimize must be true or false. " + correct},
         {"<< /A " + std::string(40, '[') + std::string(40, ']') + " >> setdistillerparams",
          "line 1: brackets are nested too deeply. " + anew},
@@ -232,7 +235,7 @@ TEST(JobOptions, SayHowTheDocumentIsWritten)
         {"/Optimize true", true, 1.7},
         {"/Optimize true /Optimize false", false, 1.7},
         {"/CompatibilityLevel 1.4", false, 1.4},
-        {"/CheckCompliance [/None] /PDFX1aCheck false /PDFX3Check false", false, 1.7},
+        {"/CheckCompliance [/None] /PDFX1aCheck false /PDFX3Check null /PDFA 0", false, 1.7},
     };
     for (const Row& row : rows) {
         const JobOptions options =
