@@ -13,7 +13,7 @@ import sys
 import numpy
 from PIL import Image
 
-import scripted
+import stands
 
 Image.MAX_IMAGE_PIXELS = None
 SHEET = "A-101 Ground Floor"
@@ -158,4 +158,4 @@ ROWS = (papers, papers_refused, scales, fits, tones, pens, nothing_is_stored, pa
 if __name__ == "__main__":
     if len(sys.argv) != 2:
         sys.exit(__doc__)
-    sys.exit(scripted.main(os.path.abspath(sys.argv[1]), ROWS, ("house.dxf",)))
+    sys.exit(stands.main(os.path.abspath(sys.argv[1]), ROWS, ("house.dxf",)))

@@ -1,7 +1,9 @@
 #include "dialect/DialectPage.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
+#include <iterator>
 
 namespace sm::publisher {
 
@@ -49,6 +51,16 @@ private:
         return error == std::errc();
     }
 
+    static std::string FaceName(std::string_view text)
+    {
+        constexpr std::size_t kLongest = 63; // what readers of old take of a name
+        std::string name;
+        std::copy_if(text.begin(), text.end(), std::back_inserter(name), [](char c) {
+            return c == '-' || (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+        });
+        return name.substr(0, kLongest);
+    }
+
     bool ReadFont(DialectFont& font)
     {
         std::string_view line = Line();
@@ -57,7 +69,7 @@ private:
         }
         font.name = "F" + std::string(line);
         if (Peek().starts_with("% ")) {
-            Line();
+            font.face = FaceName(Line().substr(2));
         }
         return ReadHead(font) && ReadEncoding() && ReadUnicode(font) && ReadGlyphs(font) &&
                Expect("FontName currentdict end definefont pop") && Expect("%%EndResource");

