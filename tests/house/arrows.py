@@ -65,6 +65,7 @@ ROOMS = {
         "joboptions": ("pdf",),
         "marks": ("pdf",),
         "fonts": (),
+        "archive": ("pdf",),
         "pages": ("pdf",),
         "dialect": ("pdf", "fonts", "marks", "pages"),
         "document": ("*",),

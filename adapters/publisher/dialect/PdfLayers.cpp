@@ -36,7 +36,7 @@ public:
     [[nodiscard]] bool Empty() const { return m_groups.empty(); }
 
     /// The catalogue's entry. A group that isn't plotted stays off in print whatever a reader switches on.
-    QPDFObjectHandle Properties()
+    QPDFObjectHandle Properties(Archive archive)
     {
         auto all = QPDFObjectHandle::newArray();
         auto off = QPDFObjectHandle::newArray();
@@ -52,10 +52,10 @@ public:
                 unplotted.appendItem(group);
             }
         }
-        auto states = QPDFObjectHandle::parse("<</BaseState/ON>>");
+        auto states = QPDFObjectHandle::parse("<</Name(Layers)/BaseState/ON>>");
         states.replaceKey("/Order", all);
         states.replaceKey("/OFF", off);
-        if (unplotted.getArrayNItems() > 0) {
+        if (unplotted.getArrayNItems() > 0 && archive == Archive::None) { // ISO 19005-2, 6.9
             auto event = QPDFObjectHandle::parse("<</Event/Print/Category[/Print]>>");
             event.replaceKey("/OCGs", unplotted);
             states.replaceKey("/AS", QPDFObjectHandle::newArray({event}));
@@ -108,7 +108,7 @@ void AddNamedResources(QPDF& pdf, QPDFObjectHandle resources, const std::map<std
     }
 }
 
-void WriteLayers(QPDF& pdf)
+void WriteLayers(QPDF& pdf, Archive archive)
 {
     Groups groups;
     for (QPDFObjectHandle page : pdf.getAllPages()) {
@@ -125,7 +125,7 @@ void WriteLayers(QPDF& pdf)
         }
     }
     if (!groups.Empty()) {
-        pdf.getRoot().replaceKey("/OCProperties", groups.Properties());
+        pdf.getRoot().replaceKey("/OCProperties", groups.Properties(archive));
     }
 }
 

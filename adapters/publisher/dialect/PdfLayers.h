@@ -3,6 +3,7 @@
 
 #include "dialect/DialectPage.h"
 #include "pdf/Qpdf.h"
+#include "publisher/Archive.h"
 
 namespace sm::publisher {
 
@@ -13,6 +14,6 @@ void AddNamedResources(QPDF& pdf, QPDFObjectHandle resources, const std::map<std
 
 /// Makes one group of all pages' groups of the same name and state, and lists them in the catalogue: by name, with
 /// those that are off. Does nothing in a document without layers.
-void WriteLayers(QPDF& pdf);
+void WriteLayers(QPDF& pdf, Archive archive = Archive::None);
 
 } // namespace sm::publisher

@@ -1,5 +1,6 @@
 #include "document/DocumentInfo.h"
 
+#include "archive/ArchiveMarks.h"
 #include "base/text/Utf8.h"
 
 #include <algorithm>
@@ -114,6 +115,12 @@ std::string PropertyElement(const std::string& key, const std::string& value)
     return Element("pdfx:" + XmlName(key), text);
 }
 
+bool IsStandardKey(const std::string& key)
+{
+    constexpr std::string_view kKeys[] = {"Title", "Subject", "Author", "Creator", "Keywords", "Producer"};
+    return std::ranges::find(kKeys, key) != std::end(kKeys);
+}
+
 constexpr const char* kHead = "<?xpacket begin=\"\uFEFF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>\n"
                               "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
                               " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
@@ -121,7 +128,8 @@ constexpr const char* kHead = "<?xpacket begin=\"\uFEFF\" id=\"W5M0MpCehiHzreSzN
                               " xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\" xmlns:pdf=\"http://ns.adobe.com/pdf/1.3/\""
                               " xmlns:pdfx=\"http://ns.adobe.com/pdfx/1.3/\">\n"
                               "   <dc:format>application/pdf</dc:format>\n";
-constexpr const char* kPacketEnd = "  </rdf:Description>\n </rdf:RDF>\n</x:xmpmeta>\n<?xpacket end=\"r\"?>\n";
+constexpr const char* kDescriptionEnd = "  </rdf:Description>\n";
+constexpr const char* kPacketEnd = " </rdf:RDF>\n</x:xmpmeta>\n<?xpacket end=\"r\"?>\n";
 
 } // namespace
 
@@ -188,11 +196,11 @@ std::vector<std::pair<std::string, std::string>> DocumentInfo::Entries() const
     return entries;
 }
 
-std::string DocumentInfo::Xmp() const
+std::string DocumentInfo::Xmp(Archive archive) const
 {
     std::string packet = kHead;
     for (const auto& [key, value] : m_entries) {
-        if (key != "CreationDate" && key != "ModDate") {
+        if (key != "CreationDate" && key != "ModDate" && (archive == Archive::None || IsStandardKey(key))) {
             packet += PropertyElement(key, value);
         }
     }
@@ -200,7 +208,7 @@ std::string DocumentInfo::Xmp() const
         packet += Element("xmp:CreateDate", XmpDate(*m_creation));
         packet += Element("xmp:ModifyDate", XmpDate(*m_modification));
     }
-    return packet + kPacketEnd;
+    return packet + kDescriptionEnd + ArchiveXmp(archive) + kPacketEnd;
 }
 
 } // namespace sm::publisher

@@ -20,8 +20,9 @@ public:
 
     /// In the order they were first set; the dates, in the form of PDF dates, come last.
     [[nodiscard]] std::vector<std::pair<std::string, std::string>> Entries() const;
-    /// A whole packet with the same values.
-    [[nodiscard]] std::string Xmp() const;
+    /// A whole packet with the same values, but for the entries of our users' own in one by a standard: their schema
+    /// would have to stand in it.
+    [[nodiscard]] std::string Xmp(Archive archive = Archive::None) const;
 
 private:
     void Remove(std::size_t place);

@@ -13,10 +13,10 @@ namespace {
 /// Sends each mark of each page to its maker.
 class Writer {
 public:
-    Writer(QPDF& pdf, const std::vector<SheetPage>& pages, const StampTextsMaker& texts, DocumentInfo& info, Held held,
-           const Note& note)
-        : m_links(pdf, pages, note), m_attachments(pdf, held, note), m_fields(pdf, note), m_stamps(pdf, texts, note),
-          m_info(info), m_note(note)
+    Writer(QPDF& pdf, const std::vector<SheetPage>& pages, const StampTextsMaker& texts, DocumentInfo& info,
+           MarkForm form, const Note& note)
+        : m_links(pdf, pages, note), m_attachments(pdf, form.held, note), m_fields(pdf, note),
+          m_stamps(pdf, texts, form.fonts, note), m_info(info), m_note(note)
     {
     }
 
@@ -104,9 +104,9 @@ bool Writer::Draw(const PropertyMark& mark, const SheetPage& sheet)
 } // namespace
 
 MarkTally WriteMarks(QPDF& pdf, const std::vector<SheetPage>& pages, const StampTextsMaker& texts, DocumentInfo& info,
-                     Held held, const Note& note)
+                     MarkForm form, const Note& note)
 {
-    Writer writer(pdf, pages, texts, info, held, note);
+    Writer writer(pdf, pages, texts, info, form, note);
     for (const SheetPage& sheet : pages) {
         writer.WritePage(sheet);
     }

@@ -5,6 +5,7 @@
 #include "document/DocumentInfo.h"
 #include "document/MarkTally.h"
 #include "document/SheetPage.h"
+#include "document/StampWriter.h"
 #include "pdf/EmbeddedFiles.h"
 #include "publisher/Navigation.h"
 
@@ -12,10 +13,15 @@
 
 namespace sm::publisher {
 
-/// Draws all marks; properties go to `info`, `texts` may be empty; `held` says which attached files stand in memory.
-/// `note` hears of every mark that could not be drawn as asked.
+struct MarkForm {
+    Held held = Held::Small; ///< attached files that stand in memory
+    StampFonts fonts = StampFonts::Standard;
+};
+
+/// Draws all marks; properties go to `info`, `texts` may be empty. `note` hears of every mark that could not be drawn
+/// as asked.
 MarkTally WriteMarks(QPDF& pdf, const std::vector<SheetPage>& pages, const StampTextsMaker& texts, DocumentInfo& info,
-                     Held held, const Note& note);
+                     MarkForm form, const Note& note);
 
 /// Enters outline, page labels and viewer preferences into the document's catalogue.
 void WriteNavigation(QPDF& pdf, const std::vector<SheetPage>& pages, const NavigationWanted& wanted, bool hasTitle);

@@ -1,5 +1,6 @@
 #include "document/PdfAssembly.h"
 
+#include "archive/ArchiveMarks.h"
 #include "dialect/PdfLayers.h"
 #include "document/MarkWriter.h"
 #include "pdf/PdfNumbers.h"
@@ -87,7 +88,12 @@ void SetInformation(QPDF& pdf, const DocumentInfo& info)
         dictionary.replaceKey(name, QPDFObjectHandle::newUnicodeString(value));
     }
     pdf.getTrailer().replaceKey("/Info", pdf.makeIndirectObject(dictionary));
-    auto metadata = pdf.newStream(info.Xmp());
+}
+
+/// Stays uncompressed, so that those who know no PDF find it.
+void SetMetadata(QPDF& pdf, const DocumentInfo& info, Archive archive)
+{
+    auto metadata = pdf.newStream(info.Xmp(archive));
     metadata.getDict().replaceKey("/Type", QPDFObjectHandle::newName("/Metadata"));
     metadata.getDict().replaceKey("/Subtype", QPDFObjectHandle::newName("/XML"));
     pdf.getRoot().replaceKey("/Metadata", metadata);
@@ -103,6 +109,14 @@ std::vector<SheetPage> SizedSheets(QPDF& pdf, const std::vector<PagePlace>& page
         sheets.push_back({all.at(i), place.title, UserUnitFor(place.width, place.height), i + 1, place.marks});
     }
     return sheets;
+}
+
+/// What is appended behind the document can't be encrypted or checked.
+MarkForm MarkFormFor(const PdfForm& form)
+{
+    const bool archive = form.archive != Archive::None;
+    return {archive || form.encryption ? Held::All : Held::Small,
+            archive ? StampFonts::Embedded : StampFonts::Standard};
 }
 
 void SetLanguage(QPDF& pdf, const std::string& language)
@@ -128,13 +142,17 @@ MarkTally AssemblePdf(const Assembly& assembly, TargetFile& target)
         pdf.getRoot().removeKey("/Metadata");
         const std::vector<SheetPage> sheets = SizedSheets(pdf, assembly.pages);
         DocumentInfo info = assembly.info;
-        MarkTally tally = WriteMarks(pdf, sheets, assembly.stampTexts, info,
-                                     assembly.form.encryption ? Held::All : Held::Small, assembly.note);
+        MarkTally tally = WriteMarks(pdf, sheets, assembly.stampTexts, info, MarkFormFor(assembly.form), assembly.note);
         WriteNavigation(pdf, sheets, assembly.navigation, info.Value("Title").has_value());
         SetLanguage(pdf, assembly.form.language);
-        WriteLayers(pdf);
-        CompressStreams(pdf);
+        WriteLayers(pdf, assembly.form.archive);
         SetInformation(pdf, info);
+        if (assembly.form.archive != Archive::None) {
+            AddArchiveMarks(pdf, assembly.form.archive);
+            RequireArchivable(pdf, assembly.form.archive);
+        }
+        CompressStreams(pdf);
+        SetMetadata(pdf, info, assembly.form.archive);
         WritePdf(pdf, tally.large, assembly.form, assembly.note, target);
         tally.large.clear(); // their document goes away
         return tally;

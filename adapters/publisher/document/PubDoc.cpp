@@ -122,6 +122,7 @@ void PubDoc::TakeJobOptions(const std::string& path)
     const JobOptions read = ReadJobOptionsFile(path);
     m_jobOptions.emplace(path, read.text);
     m_linearized = m_linearized || read.optimize;
+    m_archive = std::max(m_archive, read.archive);
     m_level = std::max(m_level.value_or(read.level), read.level);
 }
 
@@ -131,6 +132,7 @@ PdfForm PubDoc::Form() const
     PdfForm form = m_options.form;
     form.linearized = form.linearized || m_linearized;
     form.level = m_level.value_or(form.level);
+    form.archive = form.archive == Archive::None ? m_archive : form.archive;
     return form;
 }
 

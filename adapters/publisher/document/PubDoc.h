@@ -66,6 +66,7 @@ private:
     std::vector<DocumentPage> m_pages;
     std::optional<std::pair<std::string, std::string>> m_jobOptions; ///< the last page's: path and clean text
     bool m_linearized = false;                                       ///< job options asked for it
+    Archive m_archive = Archive::None;                               ///< likewise
     std::optional<double> m_level;                                   ///< the highest that they asked for
     DocumentInfo m_info;
     std::vector<std::string> m_attachmentsLost;

@@ -90,6 +90,25 @@ void RefuseCutInput()
     }
 }
 
+void RefuseEncryptedArchive(const PdfForm& form)
+{
+    if (form.archive != Archive::None && form.encryption) {
+        throw PublishFailure(PublishStatus::ArchiveRefused,
+                             "A document that is encrypted can't keep to PDF/A. Leave out the passwords or PDF/A.");
+    }
+}
+
+/// What an interpreter writes isn't looked into.
+void RequireOwnPages(const MadePages& made, const Group& group, Archive archive)
+{
+    if (archive != Archive::None && !made.document) {
+        throw PublishFailure(PublishStatus::ArchiveRefused,
+                             fmt::format("Page {} was made by the PostScript interpreter, whose pages are not kept to "
+                                         "PDF/A. Choose job options that leave colours and pictures as they are.",
+                                         group.pages.front().number));
+    }
+}
+
 Group& GroupFor(const DocumentPage& page, std::vector<Group>& groups)
 {
     const std::int32_t resolution = UsableResolution(page.source.width, page.source.height, page.source.resolution);
@@ -152,6 +171,7 @@ void MoveFile(const std::string& from, const std::string& to)
 SaveReport SavePages(const SaveRequest& request, IPageMaker& pageMaker)
 {
     RefuseInputAsTarget(request);
+    RefuseEncryptedArchive(request.form);
     TargetFile(request.pdfPath); // tells at once when the target can't be written
     const auto start = Clock::now();
     Assembly assembly{{}, {}, request.info, request.navigation, request.form, request.stampTexts, request.note};
@@ -160,6 +180,7 @@ SaveReport SavePages(const SaveRequest& request, IPageMaker& pageMaker)
         folders.push_back(std::make_unique<RunFolder>(base::ToPath(request.workFolder) /
                                                       base::ToPath(fmt::format("run-{}", folders.size() + 1))));
         assembly.sources.push_back(pageMaker.MakePages(group.pages, group.jobOptions, folders.back()->Path()));
+        RequireOwnPages(assembly.sources.back(), group, request.form.archive);
     }
     SaveReport report;
     report.makingPages = Since(start);

@@ -54,8 +54,8 @@ void Enter(const Object& resources, const std::string& kind, const std::map<std:
 Object StampWriter::FontObject(const StampFont& font)
 {
     const std::string name(font.name);
-    const auto known = m_fonts.find(name);
-    if (known != m_fonts.end()) {
+    const auto known = m_standard.find(name);
+    if (known != m_standard.end()) {
         return known->second;
     }
     auto dictionary = Object::newDictionary();
@@ -65,7 +65,7 @@ Object StampWriter::FontObject(const StampFont& font)
     if (font.latin) {
         dictionary.replaceKey("/Encoding", Object::newName("/WinAnsiEncoding"));
     }
-    return m_fonts.emplace(name, m_pdf.makeIndirectObject(dictionary)).first->second;
+    return m_standard.emplace(name, m_pdf.makeIndirectObject(dictionary)).first->second;
 }
 
 /// No interpreter names its fonts like this, so that the name is free on every page.
@@ -85,7 +85,8 @@ void StampWriter::Add(const TextStampMark& mark, const SheetPage& sheet)
     }
     const StampText text = EncodeStampText(mark.text, font);
     std::string reason;
-    const auto form = text.complete ? std::nullopt : m_forms.Form(mark.text, font, mark.color, reason);
+    const bool wanted = !text.complete || m_fonts == StampFonts::Embedded;
+    const auto form = wanted ? m_forms.Form(mark.text, font, mark.color, reason) : std::nullopt;
     if (!text.complete && !form) {
         m_note(
             fmt::format("Page {}: the text stamp \"{}\" has characters that {} lacks; stand-ins are shown for them{}",

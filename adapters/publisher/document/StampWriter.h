@@ -10,11 +10,14 @@
 
 namespace sm::publisher {
 
+/// Where stamps have their letters from: the fonts that every reader has, as far as they go, or fonts in the PDF.
+enum class StampFonts { Standard, Embedded };
+
 /// Collects the stamps of one page after the other; font objects are shared by the whole document.
 class StampWriter {
 public:
-    StampWriter(QPDF& pdf, const StampTextsMaker& texts, const Note& note)
-        : m_pdf(pdf), m_forms(pdf, texts), m_note(note)
+    StampWriter(QPDF& pdf, const StampTextsMaker& texts, StampFonts fonts, const Note& note)
+        : m_pdf(pdf), m_forms(pdf, texts), m_fonts(fonts), m_note(note)
     {
     }
     void Add(const TextStampMark& mark, const SheetPage& sheet);
@@ -34,9 +37,10 @@ private:
     std::string FontKey(const StampFont& font) const;
 
     QPDF& m_pdf;
-    std::map<std::string, QPDFObjectHandle> m_fonts; ///< by the PDF's name of the font
-    std::map<std::string, QPDFObjectHandle> m_used;  ///< by resource name, on the present page
+    std::map<std::string, QPDFObjectHandle> m_standard; ///< by the PDF's name of the font
+    std::map<std::string, QPDFObjectHandle> m_used;     ///< by resource name, on the present page
     StampForms m_forms;
+    StampFonts m_fonts;
     std::map<std::string, QPDFObjectHandle> m_usedForms; ///< likewise
     std::string m_content;
     const Note& m_note;

@@ -20,6 +20,7 @@ using Kind = JobOptionsValue::Kind;
 constexpr std::size_t kLargestFile = 1 << 20;
 constexpr JobOptionsRule kLayersRule{"SheetmakerLayers", JobOptionsRule::Kind::Boolean};
 constexpr JobOptionsRule kOptimizeRule{"Optimize", JobOptionsRule::Kind::Boolean};
+constexpr JobOptionsRule kArchiveRule{"SheetmakerPdfA", JobOptionsRule::Kind::Choice, 0, 0, "2b 3b"};
 /// Settings that ask for a document by a standard which this publisher doesn't make.
 constexpr std::string_view kStandards[] = {"CheckCompliance", "PDFX1aCheck", "PDFX3Check", "PDFXCompliantPDFOnly",
                                            "PDFA"};
@@ -181,10 +182,7 @@ public:
     {
         for (std::size_t i = 0; i + 1 < dictionary.items.size(); i += 2) {
             const std::string& name = dictionary.items[i].text;
-            if (name == kLayersRule.name || name == kOptimizeRule.name) {
-                const JobOptionsRule& own = name == kLayersRule.name ? kLayersRule : kOptimizeRule;
-                bool& wanted = name == kLayersRule.name ? m_result.layers : m_result.optimize;
-                wanted = Checker(scanner).Clean(own, dictionary.items[i + 1]) == "true";
+            if (TakeOwn(Checker(scanner), name, dictionary.items[i + 1])) {
                 continue;
             }
             RefuseStandard(scanner, name, dictionary.items[i + 1]);
@@ -214,6 +212,21 @@ public:
     }
 
 private:
+    /// Settings that the publisher or the plotter honours, not the interpreter.
+    bool TakeOwn(const Checker& checker, const std::string& name, const JobOptionsValue& value)
+    {
+        if (name == kLayersRule.name) {
+            m_result.layers = checker.Clean(kLayersRule, value) == "true";
+        } else if (name == kOptimizeRule.name) {
+            m_result.optimize = checker.Clean(kOptimizeRule, value) == "true";
+        } else if (name == kArchiveRule.name) {
+            m_result.archive = checker.Clean(kArchiveRule, value) == "/2b" ? Archive::A2b : Archive::A3b;
+        } else {
+            return false;
+        }
+        return true;
+    }
+
     std::vector<std::pair<std::string, std::string>> m_kept;
     JobOptions m_result;
 };

@@ -25,6 +25,7 @@ enum class PublishStatus : std::int32_t {
     NotPostScript = -13,      ///< a page's file doesn't begin with "%!"
     PageSizeUnusable = -14,   ///< width, height or resolution out of range
     WorkFolderUnusable = -15, ///< the private temporary folder can't be made or written
+    ArchiveRefused = -16,     ///< the document holds what the standard asked for forbids
 };
 
 /// Thrown inside the publishing library only; its public operations turn it into a status and an error text.

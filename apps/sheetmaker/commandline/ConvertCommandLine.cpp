@@ -20,6 +20,7 @@ const std::map<std::string, LayoutChoice> kLayoutChoices = {{"auto", LayoutChoic
                                                             {"model", LayoutChoice::Model}};
 const std::map<std::string, AttachmentChoice> kAttachmentChoices = {
     {"all", AttachmentChoice::All}, {"refuse-outside", AttachmentChoice::RefuseOutside}};
+const std::map<std::string, PdfStandard> kStandards = {{"2b", PdfStandard::A2b}, {"3b", PdfStandard::A3b}};
 const std::map<std::string, ReportForm> kReportForms = {{"json", ReportForm::Json}, {"jsonl", ReportForm::JsonLines}};
 constexpr int kMostWorkers = 256;
 
@@ -130,7 +131,10 @@ void AddQualityOptions(CLI::App& command, ConvertOptions& options)
         ->type_name("TEXT")
         ->check(IsNoText);
     command.add_flag("--optimize", options.optimize, "Put the first page first, for reading over a network");
+    AddChoice(command, "--pdfa", options.standard, kStandards, {"2b", "3b"},
+              "Keep to PDF/A, for archives, or fail; 3b may hold attached files");
     AddEncryption(command, options);
+    command.get_option("--pdfa")->excludes("--owner-password");
     command.add_flag("--pdf-layers", options.pdfLayers, "Make the drawing's layers layers of the PDF");
     AddChoice(
         command, "--attachments", options.attachments, kAttachmentChoices, {"all", "refuse-outside"},

@@ -19,6 +19,9 @@ struct Passwords {
     friend bool operator==(const Passwords&, const Passwords&) = default;
 };
 
+/// What the PDF keeps to, for being kept a long time.
+enum class PdfStandard { None, A2b, A3b };
+
 enum class Tone { AsDrawn, Mono, Grey };
 
 struct PlotScaleOption {
@@ -55,6 +58,7 @@ struct ConvertOptions {
     std::optional<Passwords> encryption{};
     PlotOptions plot{};
     std::optional<std::string> title{}; ///< of the document; nothing: the drawing's name
+    PdfStandard standard = PdfStandard::None;
     friend bool operator==(const ConvertOptions&, const ConvertOptions&) = default;
 };
 

@@ -121,6 +121,17 @@ bool Surrounded::KeepsLayers(const ConvertOptions& options)
     return options.pdfLayers || publisher::AsksForLayers(JobOptionsPath(m_surroundings, name));
 }
 
+namespace {
+
+publisher::Archive ArchiveFor(PdfStandard standard)
+{
+    return standard == PdfStandard::A2b   ? publisher::Archive::A2b
+           : standard == PdfStandard::A3b ? publisher::Archive::A3b
+                                          : publisher::Archive::None;
+}
+
+} // namespace
+
 publisher::PublisherOptions Surrounded::PublishingOptions(const DrawingTask& task, const Install& install)
 {
     publisher::PublisherOptions options;
@@ -131,6 +142,7 @@ publisher::PublisherOptions Surrounded::PublishingOptions(const DrawingTask& tas
     options.form.reproducible = system::BuildDate(install.environment).has_value();
     options.form.language = LanguageOf(install.environment);
     options.form.linearized = task.options.optimize;
+    options.form.archive = ArchiveFor(task.options.standard);
     if (task.options.encryption)
         options.form.encryption = {task.options.encryption->user, task.options.encryption->owner};
     options.producer = "Sheetmaker PDF " + install.version;

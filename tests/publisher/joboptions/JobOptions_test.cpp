@@ -150,6 +150,7 @@ TEST(JobOptions, RefusesWithFileLineAndRemedy)
         {"<< /PDFA (2b) >> setdistillerparams",
          "line 1: /PDFA asks for a document by PDF/A or PDF/X, which isn't made. Take the setting out or choose other "
          "job options."},
+        {"<< /SheetmakerPdfA /1b >> setdistillerparams", "line 1: /SheetmakerPdfA must be one of /2b, /3b. " + correct},
         {"<< /Optimize 1 >> setdistillerparams", "line 1: /Optimize must be true or false. " + correct},
         {"<< /A " + std::string(40, '[') + std::string(40, ']') + " >> setdistillerparams",
          "line 1: brackets are nested too deeply. " + anew},
@@ -216,11 +217,14 @@ TEST_F(JobOptionsFiles, EveryShippedFileIsAcceptedWhole)
     EXPECT_TRUE(AsksForLayers(settings + "Graphics with layers [600 dpi].joboptions"));
     EXPECT_FALSE(AsksForLayers(settings + "Graphics [600 dpi].joboptions"));
     EXPECT_FALSE(AsksForLayers(settings + "no such file"));
+    EXPECT_EQ(ReadJobOptionsFile(settings + "Archive [PDF-A].joboptions").archive, Archive::A2b);
+    EXPECT_EQ(ReadJobOptionsFile(settings + "Lossless Archive [600 dpi].joboptions").archive, Archive::None);
+    EXPECT_EQ(ParseJobOptions("<< /SheetmakerPdfA /3b >> setdistillerparams", "x").archive, Archive::A3b);
     std::ranges::sort(names);
-    EXPECT_EQ(names,
-              (std::vector<std::string>{"Check Print [300 dpi]", "Graphics [600 dpi]", "Graphics with layers [600 dpi]",
-                                        "Greyscale [600 dpi]", "Lossless Archive [600 dpi]", "Print [1200 dpi]",
-                                        "Screen and E-mail [150 dpi]"}));
+    EXPECT_EQ(names, (std::vector<std::string>{"Archive [PDF-A]", "Check Print [300 dpi]", "Graphics [600 dpi]",
+                                               "Graphics with layers [600 dpi]", "Greyscale [600 dpi]",
+                                               "Lossless Archive [600 dpi]", "Print [1200 dpi]",
+                                               "Screen and E-mail [150 dpi]"}));
 }
 
 TEST(JobOptions, SayHowTheDocumentIsWritten)

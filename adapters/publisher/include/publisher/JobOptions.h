@@ -4,6 +4,8 @@
 // true, false, null, numbers, names, (strings), <hex strings>, [arrays] and nested << >>. Nothing is executed.
 #pragma once
 
+#include "publisher/Archive.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +24,8 @@ struct JobOptions {
     bool optimize = false;
     /// /CompatibilityLevel: the version of PDF.
     double level = 1.7;
+    /// Another setting of our own, /SheetmakerPdfA /2b or /3b: the document keeps to that standard.
+    Archive archive = Archive::None;
 };
 
 /// Reads settings from the bytes of a file. Throws PublishFailure(JobOptionsUnusable) whose text names `path`, the

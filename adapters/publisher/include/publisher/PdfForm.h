@@ -1,6 +1,8 @@
 // How a PDF is written, beside what it holds.
 #pragma once
 
+#include "publisher/Archive.h"
+
 #include <optional>
 #include <string>
 
@@ -18,6 +20,7 @@ struct PdfForm {
     double level = 1.7;        ///< the version of PDF wanted; what the pages need goes before it
     std::string language{};    ///< of the text, as RFC 5646 has it ("de-DE"); empty: not told
     std::optional<Encryption> encryption{};
+    Archive archive = Archive::None; ///< kept to whole, or the save fails; goes with no encryption
 };
 
 } // namespace sm::publisher
