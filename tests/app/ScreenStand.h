@@ -21,7 +21,7 @@ public:
     std::deque<drawing::Vec2> points;
     std::vector<std::string> calls; ///< "Enter a point:  on A-101 Ground Floor"
 
-    std::optional<drawing::Vec2> PickPoint(const drawing::Drawing& drawing, std::size_t layout,
+    std::optional<drawing::Vec2> PickPoint(const drawing::Drawing& drawing, std::size_t& layout,
                                            const std::string& prompt) override
     {
         calls.push_back(prompt + "on " + drawing.Layouts()[layout].name);

@@ -61,7 +61,8 @@ Point DrawingWindowTest::PickPoint(std::size_t layout, const std::function<void(
         Settle();
         steps();
     });
-    return picker->PickPoint(*drawing, layout, "Enter a point: ");
+    active = layout;
+    return picker->PickPoint(*drawing, active, "Enter a point: ");
 }
 
 Point DrawingWindowTest::PickCorner(std::size_t layout, drawing::Vec2 first, const std::function<void()>& steps)

@@ -51,6 +51,7 @@ protected:
 
     std::unique_ptr<cadhost::IPointPicker> picker;
     std::unique_ptr<drawing::Drawing> drawing;
+    std::size_t active = 0; ///< the layout that the last point was picked in
 };
 
 } // namespace sm::qt

@@ -87,7 +87,11 @@ public:
     }
     AcadPoint GetPoint(const std::string& prompt) override
     {
-        return Picked([&](IPointPicker& picker) { return picker.PickPoint(m_open->File(), m_open->Active(), prompt); });
+        return Picked([&](IPointPicker& picker) {
+            std::size_t layout = m_open->Active();
+            const ActivatesShown activates{*m_open, layout};
+            return picker.PickPoint(m_open->File(), layout, prompt);
+        });
     }
     AcadPoint GetCorner(const AcadPoint& first, const std::string& prompt) override
     {
@@ -98,6 +102,17 @@ public:
 
 private:
     static constexpr std::int32_t kWorld = 0, kDisplay = 2;
+
+    /// A tab that the user turned to stays in front when the pick is given up, too.
+    struct ActivatesShown {
+        OpenDrawing& open;
+        const std::size_t& layout;
+        ~ActivatesShown()
+        {
+            if (layout != open.Active() && layout < open.File().Layouts().size())
+                open.Activate(layout);
+        }
+    };
 
     template <class Ask> AcadPoint Picked(Ask ask) const
     {

@@ -1,95 +1,30 @@
 #include "qt/DrawingWindow.h"
 
+#include "view/LayoutRecorder.h"
 #include "view/PickWindow.h"
+#include "view/PictureShelf.h"
 
 #include <QApplication>
 #include <QFileInfo>
 #include <QPointer>
+#include <QStringList>
 #include <QTimer>
-#include <atomic>
 #include <exception>
 #include <stdexcept>
-#include <thread>
 
 namespace sm::qt {
 namespace {
 
-/// What was recorded, and of what.
-struct Recorded {
-    const drawing::Drawing* drawing = nullptr;
-    std::size_t layout = 0;
-    std::string path;
-    std::uint64_t entities = 0;
-    [[nodiscard]] bool Is(const drawing::Drawing& other, std::size_t otherLayout) const
-    {
-        return drawing == &other && layout == otherLayout && path == other.Path() && entities == other.EntityCount();
-    }
-};
-
-/// Records in a thread of its own while the window waits for it.
-class Recorder {
-public:
-    Recorder(const drawing::Drawing& drawing, std::size_t layout, const DrawingWindowOptions& options,
-             std::unique_ptr<render::TextEngine>& text)
-        : m_drawing(drawing), m_layout(layout), m_options(options), m_text(text)
-    {
-        m_options.references.dwg = drawing.Dwg();
-    }
-    ~Recorder() { Stop(); }
-    Recorder(const Recorder&) = delete;
-    Recorder& operator=(const Recorder&) = delete;
-
-    /// `done` is called from the thread.
-    void Start(const std::function<void()>& done)
-    {
-        m_thread = std::thread([this, done] {
-            try {
-                if (m_text == nullptr)
-                    m_text = render::TextEngine::Create(render::TextFoldersOf(m_options.shareFolder));
-                render::References references(m_drawing, m_options.references);
-                m_picture = RecordLayout(m_drawing, m_layout, *m_text, references, m_stop);
-            } catch (...) {
-                m_error = std::current_exception();
-            }
-            done();
-        });
-    }
-    void Stop()
-    {
-        m_stop = true;
-        if (m_thread.joinable())
-            m_thread.join();
-    }
-    /// Once it is done. Throws what recording threw.
-    std::shared_ptr<const LayoutPicture> Take()
-    {
-        m_thread.join();
-        if (m_error != nullptr)
-            std::rethrow_exception(m_error);
-        return std::move(m_picture);
-    }
-
-private:
-    const drawing::Drawing& m_drawing;
-    std::size_t m_layout;
-    DrawingWindowOptions m_options;
-    std::unique_ptr<render::TextEngine>& m_text;
-    std::unique_ptr<LayoutPicture> m_picture;
-    std::exception_ptr m_error;
-    std::atomic<bool> m_stop = false;
-    std::thread m_thread;
-};
-
 class DrawingWindow final : public cadhost::IPointPicker {
 public:
-    explicit DrawingWindow(const DrawingWindowOptions& options) : m_options(options) {}
+    explicit DrawingWindow(const DrawingWindowOptions& options) : m_options{options.references, options.shareFolder} {}
     ~DrawingWindow() override
     {
         if (QCoreApplication::instance() != nullptr)
             delete m_window.data();
     }
 
-    std::optional<Vec2> PickPoint(const drawing::Drawing& drawing, std::size_t layout,
+    std::optional<Vec2> PickPoint(const drawing::Drawing& drawing, std::size_t& layout,
                                   const std::string& prompt) override
     {
         return Pick(drawing, layout, std::nullopt, prompt);
@@ -101,16 +36,25 @@ public:
     }
     void Forget(const drawing::Drawing& drawing) override
     {
-        if (m_recorded.drawing != &drawing)
+        if (!m_shelf.Holds(drawing))
             return;
-        m_recorded = {};
-        m_picture.reset();
+        m_shelf.Clear();
+        m_shown.reset();
         if (m_window != nullptr)
             m_window->SetPicture(nullptr);
     }
 
 private:
-    std::optional<Vec2> Pick(const drawing::Drawing& drawing, std::size_t layout, std::optional<Vec2> first,
+    /// What one call waits for.
+    struct Waiting {
+        const drawing::Drawing& drawing;
+        std::size_t& layout; ///< the one in front
+        QObject receiver{};  ///< of what is posted for this pick alone
+        std::unique_ptr<LayoutRecorder> recorder{};
+        std::exception_ptr error{};
+    };
+
+    std::optional<Vec2> Pick(const drawing::Drawing& drawing, std::size_t& layout, std::optional<Vec2> first,
                              const std::string& prompt)
     {
         if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr)
@@ -120,7 +64,8 @@ private:
         m_picking = true;
         m_leaves = false;
         try {
-            const auto point = PickIn(drawing, layout, first, QString::fromStdString(prompt));
+            Waiting waiting{drawing, layout};
+            const auto point = PickIn(waiting, first, QString::fromStdString(prompt));
             Leave();
             return point;
         } catch (...) {
@@ -129,51 +74,83 @@ private:
         }
     }
 
-    std::optional<Vec2> PickIn(const drawing::Drawing& drawing, std::size_t layout, std::optional<Vec2> first,
-                               const QString& prompt)
+    std::optional<Vec2> PickIn(Waiting& waiting, std::optional<Vec2> first, const QString& prompt)
     {
-        const QString file = QFileInfo(QString::fromStdString(drawing.Path())).fileName();
-        const QString name = QString::fromStdString(drawing.Layouts().at(layout).name);
-        if (m_window == nullptr)
+        m_shelf.DrawingIs(waiting.drawing);
+        if (m_window == nullptr) {
             m_window = new PickWindow;
-        m_window->SetDrawing(file + " – " + name + " – Tarnwick Sheetmaker PDF");
-        if (m_picture != nullptr && m_recorded.Is(drawing, layout)) {
-            if (!m_window->isVisible()) {
-                m_window->SetPicture(m_picture);
-                if (m_view)
-                    m_window->GoBackTo(*m_view);
-            }
-            return m_window->Pick(prompt, first);
+            m_shown.reset();
         }
-        m_recorded = {};
-        m_picture.reset();
-        m_view.reset();
-        m_window->SetPicture(nullptr);
-        return PickWhileRecording(drawing, layout, first, prompt);
+        m_window->onTurn = [this, &waiting](std::size_t layout) {
+            if (layout != waiting.layout)
+                TurnTo(waiting, layout);
+        };
+        QStringList names;
+        for (const drawing::Layout& layout : waiting.drawing.Layouts())
+            names << QString::fromStdString(layout.name);
+        m_window->SetTabs(names, waiting.layout);
+        Show(waiting);
+        const auto point = m_window->Pick(prompt, first);
+        m_window->onTurn = nullptr;
+        waiting.recorder.reset();
+        if (waiting.error != nullptr)
+            std::rethrow_exception(waiting.error);
+        return point;
     }
 
-    std::optional<Vec2> PickWhileRecording(const drawing::Drawing& drawing, std::size_t layout,
-                                           std::optional<Vec2> first, const QString& prompt)
+    void TurnTo(Waiting& waiting, std::size_t layout)
     {
-        QObject receiver; // of what is posted for this pick alone
-        Recorder recorder(drawing, layout, m_options, m_text);
-        std::exception_ptr error;
-        const auto take = [&] {
-            try {
-                m_picture = recorder.Take();
-                m_recorded = {&drawing, layout, drawing.Path(), drawing.EntityCount()};
-                m_window->SetPicture(m_picture);
-            } catch (...) {
-                error = std::current_exception();
-                m_window->Cancel();
-            }
-        };
-        recorder.Start([&] { QMetaObject::invokeMethod(&receiver, take, Qt::QueuedConnection); });
-        const auto point = m_window->Pick(prompt, first);
-        recorder.Stop();
-        if (error != nullptr)
-            std::rethrow_exception(error);
-        return point;
+        KeepView();
+        waiting.recorder.reset();
+        waiting.layout = layout;
+        Show(waiting);
+    }
+
+    void Show(Waiting& waiting)
+    {
+        const QString file = QFileInfo(QString::fromStdString(waiting.drawing.Path())).fileName();
+        const QString name = QString::fromStdString(waiting.drawing.Layouts().at(waiting.layout).name);
+        m_window->SetDrawing(file + " – " + name + " – Tarnwick Sheetmaker PDF");
+        if (const PictureShelf::Entry* const kept = m_shelf.Find(waiting.layout)) {
+            if (m_shown == waiting.layout && m_window->isVisible())
+                return;
+            m_shown = waiting.layout;
+            m_window->SetPicture(kept->picture);
+            if (kept->view)
+                m_window->GoBackTo(*kept->view);
+            return;
+        }
+        m_shown.reset();
+        m_window->SetPicture(nullptr);
+        waiting.recorder = std::make_unique<LayoutRecorder>(
+            waiting.drawing, waiting.layout, m_options, m_text, [this, &waiting, layout = waiting.layout] {
+                QMetaObject::invokeMethod(
+                    &waiting.receiver, [this, &waiting, layout] { Take(waiting, layout); }, Qt::QueuedConnection);
+            });
+    }
+
+    void Take(Waiting& waiting, std::size_t layout)
+    {
+        if (waiting.recorder == nullptr || waiting.recorder->Layout() != layout)
+            return; // posted before the user turned to another layout
+        try {
+            const auto picture = waiting.recorder->Take();
+            waiting.recorder.reset();
+            m_shelf.Keep(layout, picture);
+            m_shown = layout;
+            m_window->SetPicture(picture);
+        } catch (...) {
+            waiting.error = std::current_exception();
+            m_window->Cancel();
+        }
+    }
+
+    void KeepView()
+    {
+        if (m_window == nullptr || !m_shown)
+            return;
+        if (PictureShelf::Entry* const kept = m_shelf.Find(*m_shown))
+            kept->view = m_window->OwnView();
     }
 
     // The other corner is asked for at once when it is asked for at all: until then the window stays.
@@ -183,7 +160,7 @@ private:
         m_leaves = true;
         if (m_window == nullptr)
             return;
-        m_view = m_window->OwnView();
+        KeepView();
         QTimer::singleShot(0, m_window.data(), [this] {
             if (!m_leaves || m_window == nullptr)
                 return;
@@ -193,12 +170,11 @@ private:
         });
     }
 
-    DrawingWindowOptions m_options;
+    RecorderOptions m_options;
     QPointer<PickWindow> m_window;
     std::unique_ptr<render::TextEngine> m_text;
-    std::shared_ptr<const LayoutPicture> m_picture;
-    Recorded m_recorded;
-    std::optional<ViewMap> m_view; ///< of the last pick
+    PictureShelf m_shelf;
+    std::optional<std::size_t> m_shown; ///< the layout whose picture the window has
     bool m_picking = false, m_leaves = false;
 };
 

@@ -10,6 +10,9 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QShortcut>
+#include <QSignalBlocker>
+#include <QTabBar>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -39,6 +42,7 @@ PickWindow::PickWindow() : QWidget(nullptr, Qt::Window), m_view(new DrawingView)
     column->setSpacing(0);
     column->addWidget(MakeTools());
     column->addWidget(m_view, 1);
+    column->addWidget(MakeTabs());
     column->addWidget(MakeLine());
     setTabOrder(m_view, m_entry);
     m_view->setObjectName("view");
@@ -72,6 +76,40 @@ QToolBar* PickWindow::MakeTools()
     m_snaps->setChecked(true);
     m_snaps->setShortcut(Qt::Key_F3);
     return tools;
+}
+
+QTabBar* PickWindow::MakeTabs()
+{
+    m_tabs = new QTabBar;
+    m_tabs->setObjectName("layouts");
+    m_tabs->setAccessibleName("Layouts");
+    m_tabs->setShape(QTabBar::RoundedSouth);
+    m_tabs->setUsesScrollButtons(true);
+    m_tabs->setElideMode(Qt::ElideNone);
+    m_tabs->setExpanding(false);
+    connect(m_tabs, &QTabBar::currentChanged, this, [this](int tab) {
+        if (onTurn && tab >= 0)
+            onTurn(static_cast<std::size_t>(tab));
+        m_view->setFocus();
+    });
+    const auto turn = [this](int by) {
+        const int tab = m_tabs->currentIndex() + by;
+        if (m_tabs->isEnabled() && tab >= 0 && tab < m_tabs->count())
+            m_tabs->setCurrentIndex(tab);
+    };
+    connect(new QShortcut(Qt::CTRL | Qt::Key_PageUp, this), &QShortcut::activated, this, [turn] { turn(-1); });
+    connect(new QShortcut(Qt::CTRL | Qt::Key_PageDown, this), &QShortcut::activated, this, [turn] { turn(1); });
+    return m_tabs;
+}
+
+void PickWindow::SetTabs(const QStringList& names, std::size_t current)
+{
+    const QSignalBlocker silent(m_tabs);
+    while (m_tabs->count() > 0)
+        m_tabs->removeTab(0);
+    for (const QString& name : names)
+        m_tabs->addTab(QString(name).replace('&', "&&"));
+    m_tabs->setCurrentIndex(static_cast<int>(current));
 }
 
 QWidget* PickWindow::MakeLine()
@@ -124,6 +162,8 @@ std::optional<Vec2> PickWindow::Pick(const QString& prompt, std::optional<Vec2> 
 {
     m_answer.reset();
     m_first = first;
+    m_tabs->setEnabled(!first);
+    m_tabs->setToolTip(first ? "The other corner lies on the same layout" : "Ctrl+PageUp, Ctrl+PageDown");
     m_prompt->setText(prompt);
     m_entry->setAccessibleName(prompt);
     m_entry->clear();

@@ -9,6 +9,7 @@
 class QAction;
 class QLabel;
 class QLineEdit;
+class QTabBar;
 class QToolBar;
 
 namespace sm::qt {
@@ -18,6 +19,9 @@ public:
     PickWindow();
 
     void SetDrawing(const QString& name) { setWindowTitle(name); }
+    /// The layouts by name, in tab order, and the one in front.
+    void SetTabs(const QStringList& names, std::size_t current);
+    std::function<void(std::size_t)> onTurn; ///< the user chose a tab
     void SetPicture(std::shared_ptr<const LayoutPicture> picture);
     /// The view, to be gone back to; nothing while it is the one that shows everything.
     [[nodiscard]] std::optional<ViewMap> OwnView() const { return m_view->OwnMap(); }
@@ -35,6 +39,7 @@ protected:
 
 private:
     QToolBar* MakeTools();
+    QTabBar* MakeTabs();
     QWidget* MakeLine();
     void Answer(Vec2 scene);
     void TakeTyped();
@@ -45,6 +50,7 @@ private:
     void ShowReady();
 
     DrawingView* m_view = nullptr;
+    QTabBar* m_tabs = nullptr;
     QLabel* m_prompt = nullptr;
     QLineEdit* m_entry = nullptr;
     QLabel* m_place = nullptr;

@@ -14,9 +14,11 @@ using ::testing::IsEmpty;
 class ScriptedPicker final : public IPointPicker {
 public:
     using Answer = std::optional<drawing::Vec2>;
-    Answer PickPoint(const drawing::Drawing& drawing, std::size_t layout, const std::string& prompt) override
+    Answer PickPoint(const drawing::Drawing& drawing, std::size_t& layout, const std::string& prompt) override
     {
-        return Next("point", drawing, layout, prompt);
+        const std::size_t before = layout;
+        layout = turnTo.value_or(layout);
+        return Next("point", drawing, before, prompt);
     }
     Answer PickCorner(const drawing::Drawing& drawing, std::size_t layout, drawing::Vec2 first,
                       const std::string& prompt) override
@@ -28,6 +30,7 @@ public:
 
     std::deque<Answer> answers;
     std::vector<std::string> asked;
+    std::optional<std::size_t> turnTo; ///< the tab that the user turns to before picking
 
 private:
     static std::string NameOf(const drawing::Drawing& drawing)
@@ -69,6 +72,21 @@ TEST_F(HostPicking, APointComesFromThePickerForTheActiveLayout)
     EXPECT_EQ(document->Utility()->GetPoint("Enter First Corner: "), (AcadPoint{3, 4, 0}));
     EXPECT_THAT(picker.asked, ElementsAre("point in plan1.dxf, Ground: Enter a point: ",
                                           "point in plan1.dxf, Model: Enter First Corner: "));
+}
+
+TEST_F(HostPicking, ATabThatIsTurnedIsTheActiveLayoutWhateverBecomesOfThePick)
+{
+    drawing.AddSheet("Upper");
+    const auto document = Open(drawing);
+    for (const bool cancelled : {false, true}) {
+        picker.turnTo = cancelled ? 2 : 0;
+        picker.answers = {cancelled ? std::nullopt : std::optional(drawing::Vec2{1, 2})};
+        if (cancelled)
+            EXPECT_THROW(document->Utility()->GetPoint("Enter a point: "), HostError);
+        else
+            EXPECT_EQ(document->Utility()->GetPoint("Enter a point: ").y, 2);
+        EXPECT_EQ(document->ActiveLayout()->Name(), cancelled ? "Upper" : "Model");
+    }
 }
 
 TEST_F(HostPicking, ACornerIsAskedForWithTheFirstOne)

@@ -10,15 +10,17 @@
 namespace sm::cadhost {
 
 /// Points are in drawing units: world coordinates of the model, on paper the layout's own units from the lower-left
-/// corner of its printable area. `layout` is a position in the drawing's list of layouts. Both operations wait for the
-/// user; nothing comes back when the user cancelled, and what they throw fails the host call with the same words.
+/// corner of its printable area. `layout` is the position, in the drawing's list of layouts, of the active one. Both
+/// operations wait for the user; nothing comes back when the user cancelled, and what they throw fails the host call
+/// with the same words.
 class IPointPicker {
 public:
     virtual ~IPointPicker() = default;
-    /// Shows the layout and lets the user pick one point.
-    virtual std::optional<drawing::Vec2> PickPoint(const drawing::Drawing& drawing, std::size_t layout,
+    /// Shows the layout and lets the user pick one point. The user may turn to another layout meanwhile: `layout` is
+    /// the one that is shown last, which stays the active one whatever becomes of the pick.
+    virtual std::optional<drawing::Vec2> PickPoint(const drawing::Drawing& drawing, std::size_t& layout,
                                                    const std::string& prompt) = 0;
-    /// The same for the corner opposite to `first`, which as a rule was picked just before.
+    /// Lets the user pick the corner opposite to `first`, which as a rule was picked just before in the same layout.
     virtual std::optional<drawing::Vec2> PickCorner(const drawing::Drawing& drawing, std::size_t layout,
                                                     drawing::Vec2 first, const std::string& prompt) = 0;
     /// The drawing is about to be closed: nothing made of it may be used any longer.

@@ -15,8 +15,9 @@ struct DrawingWindowOptions {
 };
 
 /// To be used while a Screen is open, from its thread; may be made before and may outlive it. Without a screen each
-/// pick throws. A drawing is recorded at its first pick and kept until another layout is picked in or it is forgotten.
-/// Between the two corners of a rectangle the window stays as it is.
+/// pick throws. Its tabs are the drawing's layouts in their order. A layout is recorded when it is shown first; those
+/// shown lately are kept, with the view that the user left, until the drawing is forgotten. Between the two corners of
+/// a rectangle the window stays as it is, and no tab can be turned.
 std::unique_ptr<cadhost::IPointPicker> CreateDrawingWindow(const DrawingWindowOptions& options);
 
 } // namespace sm::qt
