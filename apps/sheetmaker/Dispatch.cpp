@@ -8,6 +8,7 @@
 #include "commands/LayoutsCommand.h"
 #include "commands/LogCommand.h"
 #include "commands/PublishCommand.h"
+#include "commands/ReportCommand.h"
 #include "commands/SettingCommands.h"
 #include "machine/Version.h"
 #include "records/AttachCommand.h"
@@ -47,7 +48,8 @@ public:
     {
         return AreReadable("list") ? RunList(*Settings(), job, m_out, m_err) : kExitFailed;
     }
-    int operator()(const LogJob&) const { return RunLog(m_install, m_out, m_err); }
+    int operator()(const LogJob& job) const { return RunLog(job, m_install, m_out, m_err); }
+    int operator()(const ReportJob& job) const { return RunReportMerge(job, m_install, m_out, m_err); }
     int operator()(const HelpJob& job) const { return RunHelp(job, m_out, m_err); }
     int operator()(const DoctorJob&) const { return RunDoctor(m_install, m_out); }
     int operator()(const StampJob& job) const { return RunStamp(job, m_install, m_out, m_err); }

@@ -38,6 +38,8 @@ OFFERED = [
     (["sheetmaker", "get", "PaperW"], ["PaperWidth"]),
     (["sheetmaker", "help", "conv"], ["convert"]),
     (["sheetmaker", "help", "PaperW"], ["PaperWidth"]),
+    (["sheetmaker", "report", "m"], ["merge"]),
+    (["sheetmaker", "report", "merge", "ho"], ["house.dxf"]),
 ]
 BASH = """source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _sheetmaker 2>/dev/null; printf '%s\\n' "${COMPREPLY[@]}" """
 

@@ -71,7 +71,19 @@ inline constexpr const char* kListFooter = R"(Examples:
 
 inline constexpr const char* kLogFooter = R"(Examples:
   sheetmaker log
+  sheetmaker log --list             the last conversion's log, and those of --log and --log-dir
+  sheetmaker log plan               that of plan.dxf, or by its number in the list
   sheetmaker log | grep ERROR)";
+
+inline constexpr const char* kReportFooter = R"(Examples:
+  sheetmaker report merge task-*.jsonl -o night.json            one report of many tasks
+  sheetmaker report merge monday.jsonl tuesday.jsonl --report jsonl
+  sheetmaker report merge task-*.jsonl --list drawings.txt      and is there one for every drawing?
+
+What a later report says of a drawing takes the place of what an earlier one said. The last line of a task that was
+killed, where it breaks off, is told and left out; a file that is no report is refused with the place, and nothing is
+written. The exit code is the one that a single run over all drawings would have had: 3 when a tool was missing, 130
+when one was interrupted, else 1 when a drawing failed, else 4 when one lost content, else 0.)";
 
 inline constexpr const char* kHelpFooter = R"(Examples:
   sheetmaker help convert

@@ -71,6 +71,41 @@ void CommandTable::AddWindows()
     pageSetup.add_flag("--remove", m_jobs.pageSetup.remove, "Remove it from the drawing");
 }
 
+void CommandTable::AddReport()
+{
+    CLI::App& report = *m_program.add_subcommand("report", "Merge the reports of several runs");
+    report.footer(kReportFooter);
+    report
+        .add_option_function<std::string>(
+            "ACTION", [](const std::string&) {}, "What to do")
+        ->required()
+        ->type_name("merge")
+        ->check([](const std::string& name) {
+            return name == "merge" ? std::string() : "\"" + name + "\" is no action; there is merge";
+        });
+    report.add_option("FILE", m_jobs.report.files, "Reports, as --report json or jsonl wrote them")
+        ->required()
+        ->type_name("");
+    report.add_option("-o,--output", m_jobs.report.output, "The merged report (default: standard output)")
+        ->type_name("PATH");
+    AddReportForm(report, m_jobs.report.form, "Write one object, or a line for each drawing (default: json)");
+    report
+        .add_option("--list", m_jobs.report.list,
+                    "Name the drawings of this list that no report tells of, and end with 1 for them")
+        ->type_name("FILE");
+    report.add_flag("--strict", m_jobs.report.strict, "End as \"convert --strict\" would have");
+}
+
+void CommandTable::AddLog()
+{
+    CLI::App& log = *m_program.add_subcommand("log", "Print the log of the last conversion, or another one");
+    log.footer(kLogFooter);
+    log.add_option("LOG", m_jobs.log.log,
+                   "A log of the list, by its number, name or path (default: the last conversion's)")
+        ->type_name("");
+    log.add_flag("--list", m_jobs.log.list, "Show which logs there are, the newest first")->excludes("LOG");
+}
+
 /// The same for every command that opens drawings.
 void CommandTable::AddDwgConverter()
 {
@@ -100,7 +135,8 @@ void CommandTable::AddCommands()
     AddWindows();
     AddMarkCommands(m_program, m_jobs.marks);
     AddSettings();
-    m_program.add_subcommand("log", "Print the log of the last conversion")->footer(kLogFooter);
+    AddReport();
+    AddLog();
     m_program.add_subcommand("doctor", "Say what is installed, what is missing and how to mend it")
         ->footer(kDoctorFooter);
     AddHelp();
@@ -110,13 +146,21 @@ void CommandTable::AddCommands()
 Job CommandTable::ChosenJob() const
 {
     const std::string name = m_program.get_subcommands().front()->get_name();
-    const std::map<std::string, Job> byName = {{"convert", m_jobs.convert},   {"layouts", m_jobs.layouts},
-                                               {"get", m_jobs.get},           {"set", m_jobs.set},
-                                               {"list", m_jobs.list},         {"log", LogJob{}},
-                                               {"help", m_jobs.help},         {"doctor", DoctorJob{}},
-                                               {"stamp", m_jobs.marks.stamp}, {"attach", m_jobs.marks.attach},
-                                               {"sign", m_jobs.marks.sign},   {"publish", m_jobs.marks.publish},
-                                               {"settings", m_jobs.settings}, {"page-setup", m_jobs.pageSetup}};
+    const std::map<std::string, Job> byName = {{"convert", m_jobs.convert},
+                                               {"layouts", m_jobs.layouts},
+                                               {"get", m_jobs.get},
+                                               {"set", m_jobs.set},
+                                               {"list", m_jobs.list},
+                                               {"log", m_jobs.log},
+                                               {"help", m_jobs.help},
+                                               {"doctor", DoctorJob{}},
+                                               {"stamp", m_jobs.marks.stamp},
+                                               {"attach", m_jobs.marks.attach},
+                                               {"sign", m_jobs.marks.sign},
+                                               {"publish", m_jobs.marks.publish},
+                                               {"report", m_jobs.report},
+                                               {"settings", m_jobs.settings},
+                                               {"page-setup", m_jobs.pageSetup}};
     return byName.at(name);
 }
 

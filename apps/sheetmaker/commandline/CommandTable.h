@@ -35,6 +35,8 @@ private:
         GetJob get;
         SetJob set;
         ListJob list;
+        ReportJob report;
+        LogJob log;
         SettingsJob settings;
         PageSetupJob pageSetup;
         MarkJobs marks;
@@ -42,6 +44,8 @@ private:
     };
     void AddSettings();
     void AddWindows();
+    void AddReport();
+    void AddLog();
     void AddHelp();
     void AddDwgConverter();
     void AddCommands();

@@ -164,10 +164,15 @@ void AddMaking(CLI::App& command, ConvertOptions& options)
     AddQualityOptions(command, options);
 }
 
+void AddReportForm(CLI::App& command, ReportForm& report, const std::string& help)
+{
+    AddChoice(command, "--report", report, kReportForms, {"json", "jsonl"}, help);
+}
+
 void AddTelling(CLI::App& command, ReportForm& report, Talk& talk)
 {
-    AddChoice(command, "--report", report, kReportForms, {"json", "jsonl"},
-              "Print a report on stdout: one object at the end, or a line for each drawing as it ends");
+    AddReportForm(command, report,
+                  "Print a report on stdout: one object at the end, or a line for each drawing as it ends");
     command.add_flag_callback(
         "--quiet", [&talk] { talk = Talk::Quiet; }, "Tell failures alone");
     command

@@ -11,6 +11,8 @@ namespace sm::app {
 
 /// Adds what changes how layouts are plotted and the PDF is made.
 void AddMaking(CLI::App& command, ConvertOptions& options);
+/// Adds --report alone.
+void AddReportForm(CLI::App& command, ReportForm& report, const std::string& help);
 /// Adds --report, --quiet and --verbose.
 void AddTelling(CLI::App& command, ReportForm& report, Talk& talk);
 

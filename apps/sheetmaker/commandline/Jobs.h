@@ -111,7 +111,18 @@ struct HelpJob {
     friend bool operator==(const HelpJob&, const HelpJob&) = default;
 };
 
+struct ReportJob {
+    std::vector<std::string> files;
+    std::optional<std::string> output{}; ///< nothing, or "-": standard output
+    ReportForm form = ReportForm::Json;
+    std::optional<std::string> list{}; ///< a file that names the drawings that the reports are to tell of
+    bool strict = false;
+    friend bool operator==(const ReportJob&, const ReportJob&) = default;
+};
+
 struct LogJob {
+    std::string log;   ///< by its number, path or name; empty: the last conversion's
+    bool list = false; ///< all that are known
     friend bool operator==(const LogJob&, const LogJob&) = default;
 };
 
@@ -197,6 +208,6 @@ struct PageSetupJob {
 };
 
 using Job = std::variant<ConvertJob, LayoutsJob, GetJob, SetJob, ListJob, LogJob, HelpJob, DoctorJob, StampJob,
-                         AttachJob, SignJob, PublishJob, SettingsJob, PageSetupJob>;
+                         AttachJob, SignJob, PublishJob, ReportJob, SettingsJob, PageSetupJob>;
 
 } // namespace sm::app

@@ -6,6 +6,7 @@
 #include "commandline/Refusal.h"
 #include "commands/Readiness.h"
 #include "layouts/PlotOptions.h"
+#include "machine/LogBook.h"
 #include "machine/LogFiles.h"
 #include "render/TextLayout.h"
 #include "report/ReportWriter.h"
@@ -65,6 +66,8 @@ public:
         m_logTrouble = LogTrouble(logs);
         if (!m_logTrouble.empty())
             m_console.Line("warning: " + m_logTrouble);
+        else if (m_job.log || m_job.logFolder)
+            LogBook(m_install).Remember(base::ToPath(m_job.logFolder.value_or(m_job.log.value_or(""))));
         const bool ended = RunPool(Tasks(plan, logs), Workers(), Refusing(work), Callbacks(writer, streams));
         m_console.ClearProgress();
         const std::string lost = logs.Join();

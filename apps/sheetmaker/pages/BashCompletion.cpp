@@ -104,11 +104,13 @@ std::string OptionWords(const CommandFacts& command)
 
 std::string CommandCase(const CommandFacts& command, const std::string& commands, const CompletionNames& names)
 {
-    std::string values, positional = ":";
+    std::string values, positional = ":", others;
     for (const OptionFacts& option : command.options) {
         const std::string action = Action(CompletionOf(command, option), option, commands, names);
         if (option.positional && positional == ":")
             positional = action;
+        else if (option.positional && others.empty() && positional.starts_with("COMPREPLY"))
+            others = action; // behind the word that says what to do
         if (option.positional || option.IsFlag())
             continue;
         const std::string pattern =
@@ -120,6 +122,8 @@ std::string CommandCase(const CommandFacts& command, const std::string& commands
         text += "        case $prev in\n" + values + "        esac\n";
     text += fmt::format("        if [[ $cur == -* ]]; then COMPREPLY=($(compgen -W '{}' -- \"$cur\")); return; fi\n",
                         OptionWords(command));
+    if (!others.empty())
+        text += "        if [ \"$COMP_CWORD\" -gt 2 ]; then " + others + "; return; fi\n";
     return text + "        " + positional + "\n        ;;\n";
 }
 

@@ -13,7 +13,7 @@ std::vector<std::string> ChoicesOf(const std::string& value)
     std::istringstream words(value);
     for (std::string word; std::getline(words, word, '|');)
         choices.push_back(word);
-    const bool names = choices.size() > 1 && value.find_first_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ ") == std::string::npos;
+    const bool names = !choices.empty() && value.find_first_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ ") == std::string::npos;
     return names ? choices : std::vector<std::string>();
 }
 

@@ -29,6 +29,7 @@ constexpr Term kFiles[] = {
     {"~/.config/sheetmaker-pdf/PlotStyles", "The user's own plot style tables."},
     {"~/.config/sheetmaker-pdf/fonts", "Fonts that go before those of the machine."},
     {"~/.local/state/sheetmaker-pdf/SmPdfAcad.log", "The log of the last conversion."},
+    {"~/.local/state/sheetmaker-pdf/log-places.txt", "Where --log and --log-dir put others, for \"log --list\"."},
     {"DRAWING.sheetmaker", "What belongs to a drawing that can't be written: its stamps, attachments and fields."},
 };
 

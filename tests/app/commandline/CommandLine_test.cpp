@@ -104,6 +104,12 @@ const JobRow kJobs[] = {
     {"List", {"list"}, ListJob{}},
     {"ListPart", {"list", "Stamp"}, ListJob{"Stamp"}},
     {"Log", {"log"}, LogJob{}},
+    {"LogOfADrawing", {"log", "plan"}, LogJob{"plan", false}},
+    {"LogList", {"log", "--list"}, LogJob{"", true}},
+    {"ReportMerge", {"report", "merge", "a.jsonl", "b.json"}, ReportJob{{"a.jsonl", "b.json"}}},
+    {"ReportMergeWhole",
+     {"report", "merge", "a", "-o", "all", "--report", "jsonl", "--list", "night.txt", "--strict"},
+     ReportJob{{"a"}, "all", ReportForm::JsonLines, "night.txt", true}},
     {"Doctor", {"doctor"}, DoctorJob{}},
     {"Help", {"help"}, HelpJob{}},
     {"HelpOn", {"help", "convert"}, HelpJob{"convert"}},
@@ -180,6 +186,15 @@ const ErrorRow kErrors[] = {
      {"layouts", "a.dxf", "b.dxf"},
      "sheetmaker layouts: The following argument was not expected: b.dxf\n"
      "\"sheetmaker layouts --help\" explains it\n"},
+    {"ReportOtherwise",
+     {"report", "split", "a.jsonl"},
+     "sheetmaker report: ACTION: \"split\" is no action; there is merge\n\"sheetmaker report --help\" explains it\n"},
+    {"ReportOfNothing",
+     {"report", "merge"},
+     "sheetmaker report: FILE is required\n\"sheetmaker report --help\" explains it\n"},
+    {"LogAndList",
+     {"log", "plan", "--list"},
+     "sheetmaker log: LOG excludes --list\n\"sheetmaker log --help\" explains it\n"},
     {"NoValue", {"set", "DeletePs"}, "sheetmaker set: VALUE is required\n\"sheetmaker set --help\" explains it\n"},
 };
 
@@ -212,7 +227,7 @@ TEST(CommandLine, ShowsItsHelpWhenItIsEmpty)
 TEST(CommandLine, ExplainsEveryCommandWithExamples)
 {
     for (const char* command :
-         {"convert", "layouts", "settings", "page-setup", "get", "set", "list", "log", "help", "doctor"}) {
+         {"convert", "layouts", "settings", "page-setup", "get", "set", "list", "log", "report", "help", "doctor"}) {
         const ParsedCommand parsed = ParseCommandLine({command, "--help"}, "1.2.3");
         EXPECT_EQ(parsed.exitCode, 0) << command;
         EXPECT_NE(parsed.output.find("Examples:\n  sheetmaker " + std::string(command)), std::string::npos) << command;

@@ -2,6 +2,7 @@
 #include "app/Fixtures.h"
 #include "commands/Doctor.h"
 #include "commands/LayoutsCommand.h"
+#include "machine/LogBook.h"
 
 #include <gtest/gtest.h>
 #include <sstream>
@@ -17,6 +18,13 @@ protected:
         m_err.str("");
         return RunProgram(words, m_machine.Here(), m_out, m_err);
     }
+    /// A log that was written so many seconds after 2001-09-09 01:46:40 UTC.
+    void MakeLog(const std::string& name, const std::string& text, int seconds)
+    {
+        const std::filesystem::path file = m_machine.MakeFile(name, "Tarnwick Sheetmaker PDF\n" + text);
+        const std::chrono::sys_seconds time{std::chrono::seconds(1'000'000'000 + seconds)};
+        std::filesystem::last_write_time(file, std::chrono::file_clock::from_sys(time));
+    }
     Machine m_machine;
     std::ostringstream m_out, m_err;
 };
@@ -28,6 +36,52 @@ TEST_F(Commands, LogPrintsTheLastLog)
     m_machine.MakeFile("home/.local/state/sheetmaker-pdf/SmPdfAcad.log", "PDF FILE SAVED\n");
     EXPECT_EQ(Run({"log"}), 0);
     EXPECT_EQ(m_out.str(), "PDF FILE SAVED\n");
+}
+
+TEST_F(Commands, LogListShowsTheNewestFirst)
+{
+    setenv("TZ", "UTC", 1);
+    tzset();
+    EXPECT_EQ(Run({"log", "--list"}), 1);
+    EXPECT_EQ(m_err.str(), "A Log file has not yet been created.\n");
+    const std::string own = "home/.local/state/sheetmaker-pdf/SmPdfAcad.log";
+    MakeLog(own, "OWN", 3);
+    MakeLog("logs/plan.log", "PLAN", 1);
+    MakeLog("logs/site.log", "SITE", 2);
+    m_machine.MakeFile("logs/other.log", "of another program\n");
+    MakeLog("night.txt", "NIGHT", 4);
+    for (const char* place : {"gone", "logs", "night.txt", "logs"})
+        LogBook(m_machine.Here()).Remember(m_machine.In(place));
+    EXPECT_EQ(Run({"log", "--list"}), 0);
+    const std::string at = "  2001-09-09 01:46:4";
+    EXPECT_EQ(m_out.str(), "1" + at + "4  " + m_machine.In("night.txt") + "\n2" + at + "3  " + m_machine.In(own) +
+                               "\n3" + at + "2  " + m_machine.In("logs/site.log") + "\n4" + at + "1  " +
+                               m_machine.In("logs/plan.log") + "\n");
+    for (const auto& [word, log] :
+         std::initializer_list<std::pair<std::string, std::string>>{{"1", "NIGHT"},
+                                                                    {"4", "PLAN"},
+                                                                    {"plan", "PLAN"},
+                                                                    {"plan.log", "PLAN"},
+                                                                    {"sub/plan.dxf", "PLAN"},
+                                                                    {m_machine.In("logs/site.log"), "SITE"},
+                                                                    {"SmPdfAcad.log", "OWN"}}) {
+        EXPECT_EQ(Run({"log", word}), 0) << word;
+        EXPECT_EQ(m_out.str(), "Tarnwick Sheetmaker PDF\n" + log) << word;
+    }
+    EXPECT_EQ(Run({"log", "plam"}), 2);
+    EXPECT_EQ(m_err.str(), "sheetmaker log: there is no log \"plam\"; did you mean \"plan\"?\n");
+    EXPECT_EQ(Run({"log", "5"}), 2);
+    EXPECT_EQ(m_err.str(), "sheetmaker log: there is no log \"5\"; \"sheetmaker log --list\" shows them\n");
+}
+
+TEST_F(Commands, LogListKeepsAHundredPlaces)
+{
+    for (int i = 0; i < 102; ++i)
+        LogBook(m_machine.Here()).Remember(m_machine.In(std::to_string(i)));
+    const std::string kept = Contents(m_machine.In("home/.local/state/sheetmaker-pdf/log-places.txt"));
+    EXPECT_EQ(std::count(kept.begin(), kept.end(), '\n'), 100);
+    EXPECT_TRUE(kept.starts_with(m_machine.In("2") + "\n")) << kept;
+    EXPECT_TRUE(kept.ends_with("\n" + m_machine.In("101") + "\n")) << kept;
 }
 
 TEST_F(Commands, SettingsLastFromRunToRun)

@@ -1,0 +1,69 @@
+#include "commands/ReportCommand.h"
+
+#include "base/files/AtomicFile.h"
+#include "base/files/Paths.h"
+#include "commandline/Refusal.h"
+#include "machine/LogFiles.h"
+#include "records/RecordEditor.h"
+#include "report/ReportMerge.h"
+#include "workers/DrawingNames.h"
+
+#include <filesystem>
+#include <fstream>
+#include <ostream>
+
+namespace sm::app {
+namespace {
+
+constexpr const char* kCommand = "report";
+
+std::string TextOf(const std::string& file)
+{
+    const std::filesystem::path path = base::ToPath(file);
+    std::error_code unreadable;
+    if (std::filesystem::is_directory(path, unreadable) || !std::ifstream(path, std::ios::binary))
+        throw Refusal{kExitUsage, file + " can't be read" + SimilarFile(file)};
+    return ReadWholeFile(path);
+}
+
+void Write(const ReportJob& job, const std::string& text, std::ostream& out)
+{
+    if (job.output && *job.output != kStandardStream) {
+        const std::filesystem::path target = base::ToPath(*job.output);
+        std::error_code unknown;
+        if (std::filesystem::exists(target, unknown) && !std::filesystem::is_regular_file(target, unknown))
+            throw Refusal{kExitUsage, *job.output + " is no plain file"};
+        base::AtomicFile file(*job.output, base::AtomicFile::Keeping::Durable);
+        file.Write(text);
+        file.Commit();
+        return;
+    }
+    out << text << std::flush;
+    if (!out)
+        throw Refusal{kExitFailed, "the report could not be written to standard output"};
+}
+
+} // namespace
+
+int RunReportMerge(const ReportJob& job, const Install& install, std::ostream& out, std::ostream& err)
+{
+    int exitCode = kExitFailed;
+    const int refused = RunEdit(kCommand, err, [&] {
+        std::vector<std::string> wanted;
+        if (job.list)
+            wanted = NamedDrawings({{}, {}, {}, 0, false, ReportForm::None, false, 0, 0, job.list});
+        ReportMerge merge;
+        for (const std::string& file : job.files)
+            merge.Add(file, TextOf(file));
+        for (const std::string& remark : merge.Remarks())
+            err << "sheetmaker " << kCommand << ": " << remark << "\n";
+        const std::vector<std::string> untold = merge.Untold(wanted);
+        for (const std::string& drawing : untold)
+            err << drawing << ": no report tells of it\n";
+        Write(job, merge.Text(job.form, "sheetmaker " + install.version), out);
+        exitCode = std::max(merge.ExitCode(job.strict), untold.empty() ? kExitDone : kExitFailed);
+    });
+    return refused == kExitDone ? exitCode : refused;
+}
+
+} // namespace sm::app
