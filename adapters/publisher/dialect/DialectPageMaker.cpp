@@ -3,6 +3,7 @@
 #include "dialect/DialectFontObjects.h"
 #include "dialect/PackedBody.h"
 #include "dialect/PdfLayers.h"
+#include "pages/PageFile.h"
 #include "pdf/PdfNumbers.h"
 
 #include <algorithm>
@@ -43,7 +44,11 @@ private:
     static bool AddPage(QPDF& pdf, const PageSource& source, const std::string& jobOptions,
                         DialectPictureObjects& pictures, FontObjects& shared)
     {
-        const base::MappedFile file(source.psPath, base::MappedFile::Reading::InParts);
+        std::error_code unreadable;
+        const base::MappedFile file(source.psPath, base::MappedFile::Reading::InParts, unreadable);
+        if (unreadable) {
+            FailReading(source.psPath, source.number, unreadable.message());
+        }
         auto page = ReadDialectPage(file.Bytes());
         if (!page || !JobOptionsKeepPictures(jobOptions, page->pictures)) {
             return false;

@@ -158,6 +158,8 @@ MarkTally AssemblePdf(const Assembly& assembly, TargetFile& target)
         return tally;
     } catch (const PublishFailure&) {
         throw;
+    } catch (const std::bad_alloc&) {
+        throw PublishFailure(PublishStatus::Internal, "There is not enough memory to put the PDF together.");
     } catch (const std::exception& error) {
         throw PublishFailure(PublishStatus::Internal,
                              fmt::format("The PDF could not be put together: {}.", error.what()));

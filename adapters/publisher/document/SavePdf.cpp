@@ -126,7 +126,7 @@ std::vector<Group> GroupPages(const std::vector<DocumentPage>& pages, std::vecto
     for (const DocumentPage& page : pages) {
         Group& group = GroupFor(page, groups);
         places.push_back({static_cast<std::size_t>(&group - groups.data()), group.pages.size(), page.source.width,
-                          page.source.height, ReadSheetTitle(page.source.psPath), &page.marks});
+                          page.source.height, ReadSheetTitle(page.source.psPath, page.source.number), &page.marks});
         group.pages.push_back(page.source);
     }
     return groups;

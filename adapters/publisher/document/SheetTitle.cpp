@@ -1,12 +1,12 @@
 #include "document/SheetTitle.h"
 
-#include "base/files/Paths.h"
+#include "base/files/File.h"
 #include "base/text/Utf8.h"
 #include "joboptions/JobOptionsValue.h"
+#include "pages/PageFile.h"
 
 #include <algorithm>
 #include <exception>
-#include <fstream>
 
 namespace sm::publisher {
 
@@ -53,12 +53,19 @@ std::string FindSheetTitle(std::string_view head)
     return {};
 }
 
-std::string ReadSheetTitle(const std::string& psPath)
+std::string ReadSheetTitle(const std::string& psPath, std::size_t pageNumber)
 {
-    std::ifstream file(base::ToPath(psPath), std::ios::binary);
+    std::error_code error;
+    base::File file = base::File::Open(psPath, error);
     std::string head(kHeadBytes, '\0');
-    file.read(head.data(), static_cast<std::streamsize>(head.size()));
-    head.resize(static_cast<std::size_t>(file.gcount()));
+    try {
+        head.resize(error ? 0 : file.Read(head.data(), head.size()));
+    } catch (const std::system_error& fault) {
+        error = fault.code();
+    }
+    if (error) {
+        FailReading(psPath, pageNumber, error.message());
+    }
     return FindSheetTitle(head);
 }
 

@@ -7,8 +7,8 @@
 namespace sm::publisher {
 
 /// The text of the "%%Title:" comment (DSC 3.0: plain, or a PostScript string) as UTF-8, or empty. Only the file's
-/// first 4 KB are looked at.
-std::string ReadSheetTitle(const std::string& psPath);
+/// first 4 KB are looked at. Throws PublishFailure(PostScriptMissing) when it cannot be read.
+std::string ReadSheetTitle(const std::string& psPath, std::size_t pageNumber);
 std::string FindSheetTitle(std::string_view head);
 
 } // namespace sm::publisher

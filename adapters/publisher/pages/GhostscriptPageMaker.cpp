@@ -6,6 +6,7 @@
 #include "ghostscript/Interpreter.h"
 #include "pages/GhostscriptDriver.h"
 #include "pages/GhostscriptFailure.h"
+#include "pages/PageFile.h"
 #include "pdf/PublishStatus.h"
 #include "pdf/TargetFile.h"
 
@@ -54,9 +55,7 @@ std::uintmax_t InputBytes(const std::vector<PageSource>& pages)
         std::error_code error;
         const base::FileFacts facts = base::FactsOf(page.psPath, error);
         if (error || !base::MayRead(page.psPath, error)) {
-            throw PublishFailure(PublishStatus::PostScriptMissing,
-                                 fmt::format("Page {}: the PostScript file {} can't be read: {}. Plot the sheet again.",
-                                             page.number, page.psPath, error.message()));
+            FailReading(page.psPath, page.number, error.message());
         }
         total += facts.stamp.size;
     }

@@ -15,13 +15,6 @@ constexpr double kLargestSide = 1440000;
 constexpr std::int32_t kLowestResolution = 72;
 constexpr std::int32_t kHighestResolution = 4800;
 
-[[noreturn]] void FailReading(const std::string& path, std::size_t number, const std::string& reason)
-{
-    throw PublishFailure(
-        PublishStatus::PostScriptMissing,
-        fmt::format("Page {}: the PostScript file {} can't be read: {}. Plot the sheet again.", number, path, reason));
-}
-
 /// Empty when the first bytes are those of PostScript.
 std::string WhyNotPostScript(std::string_view first)
 {
@@ -34,6 +27,13 @@ std::string WhyNotPostScript(std::string_view first)
 }
 
 } // namespace
+
+void FailReading(const std::string& path, std::size_t pageNumber, const std::string& reason)
+{
+    throw PublishFailure(PublishStatus::PostScriptMissing,
+                         fmt::format("Page {}: the PostScript file {} can't be read: {}. Plot the sheet again.",
+                                     pageNumber, path, reason));
+}
 
 void CheckPostScriptFile(const std::string& path, std::size_t pageNumber)
 {

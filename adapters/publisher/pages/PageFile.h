@@ -10,6 +10,9 @@ namespace sm::publisher {
 /// doesn't begin with "%!".
 void CheckPostScriptFile(const std::string& path, std::size_t pageNumber);
 
+/// Throws PublishFailure(PostScriptMissing) that names the page and the reason.
+[[noreturn]] void FailReading(const std::string& path, std::size_t pageNumber, const std::string& reason);
+
 /// Throws PublishFailure(PageSizeUnusable) unless both sides are from above 0 to 1,440,000 points and the resolution
 /// from 72 to 4800 dots per inch.
 void CheckPageSize(double width, double height, std::int32_t resolution, std::size_t pageNumber);

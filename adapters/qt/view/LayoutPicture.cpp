@@ -89,8 +89,8 @@ public:
         picture->home = picture->list.Extents();
         if (picture->paper)
             picture->home.Add(*picture->paper);
-        constexpr double kSmallest = 1; // mm; a lone point has no size of its own
-        if (std::max(picture->home.Width(), picture->home.Height()) < kSmallest)
+        constexpr double kLeastSide = 1; // mm; a lone point has no size of its own
+        if (std::max(picture->home.Width(), picture->home.Height()) < kLeastSide)
             picture->home = render::Grown(picture->home, 100);
         picture->home = WithSize(picture->home);
         return picture;

@@ -46,46 +46,55 @@ bool IsFontFile(const std::string& lowered)
 
 using Files = std::map<std::string, std::string>;
 
-void ScanFolder(const std::filesystem::path& folder, Files& files)
+constexpr int kDeepest = 7;
+
+/// The font files in a folder and below it; a folder that can't be read is told in `troubles`.
+void ScanFolder(const std::filesystem::path& folder, Files& files, std::vector<std::string>& troubles, int depth = 0)
 {
     namespace fs = std::filesystem;
-    std::error_code error;
-    fs::recursive_directory_iterator at(folder, fs::directory_options::skip_permission_denied, error), end;
-    for (; !error && at != end; at.increment(error)) {
-        if (at.depth() > 6) {
-            at.disable_recursion_pending();
-        }
+    std::error_code error, ignored;
+    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
         const std::string name = base::FoldCase(base::ToText(at->path().filename()));
         if (IsFontFile(name)) {
             files.try_emplace(name, base::ToText(at->path()));
+        } else if (depth < kDeepest && !at->is_symlink(ignored) && at->is_directory(ignored)) {
+            ScanFolder(at->path(), files, troubles, depth + 1);
         }
+    }
+    if (error && error != std::errc::no_such_file_or_directory && error != std::errc::not_a_directory) {
+        troubles.push_back(base::ToText(folder) + " can't be read: " + error.message());
     }
 }
 
-/// The user's own folders first.
-Files ScanMachine()
-{
+struct MachineFonts {
     Files files;
+    std::vector<std::string> troubles;
+};
+
+/// The user's own folders first.
+MachineFonts ScanMachine()
+{
+    MachineFonts fonts;
     for (const std::filesystem::path& folder :
          {base::UserFolder(base::Variable, "XDG_DATA_HOME", ".local/share") / "fonts",
           base::HomeFolder(base::Variable) / ".fonts", base::ToPath("/usr/local/share/fonts"),
           base::ToPath("/usr/share/fonts"), base::ToPath("/usr/share/librecad/fonts")}) {
-        ScanFolder(folder, files);
+        ScanFolder(folder, fonts.files, fonts.troubles);
     }
-    return files;
+    return fonts;
 }
 
-const Files& MachineFiles()
+const MachineFonts& OfMachine()
 {
-    static const Files kFiles = ScanMachine();
-    return kFiles;
+    static const MachineFonts kFonts = ScanMachine();
+    return kFonts;
 }
 
 } // namespace
 
 void FontFolders::Prepare()
 {
-    MachineFiles();
+    OfMachine();
     FcInit();
 }
 
@@ -97,7 +106,7 @@ void FontFolders::Scan()
     m_scanned = true;
     for (const std::string& folder : m_more) {
         if (!folder.empty()) {
-            ScanFolder(folder, m_files);
+            ScanFolder(folder, m_files, m_troubles);
         }
     }
 }
@@ -109,8 +118,17 @@ const std::string* FontFolders::Named(std::string_view fileName)
     if (const auto own = m_files.find(name); own != m_files.end()) {
         return &own->second;
     }
-    const auto found = MachineFiles().find(name);
-    return found == MachineFiles().end() ? nullptr : &found->second;
+    const auto found = OfMachine().files.find(name);
+    return found == OfMachine().files.end() ? nullptr : &found->second;
+}
+
+std::vector<std::string> FontFolders::Troubles() const
+{
+    std::vector<std::string> troubles = m_troubles;
+    if (m_scanned) {
+        troubles.insert(troubles.end(), OfMachine().troubles.begin(), OfMachine().troubles.end());
+    }
+    return troubles;
 }
 
 FontFolders::Files FontFolders::FilesIn(const std::string& folder)

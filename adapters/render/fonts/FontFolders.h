@@ -33,6 +33,8 @@ public:
     [[nodiscard]] const std::string* Named(std::string_view fileName, const std::string& folder);
     /// The machine's best font for a family.
     [[nodiscard]] std::optional<FontPlace> ForFamily(const std::string& family, bool bold, bool italic) const;
+    /// Those that are there and can't be read: "/usr/share/fonts/truetype can't be read: Permission denied".
+    [[nodiscard]] std::vector<std::string> Troubles() const;
     /// A font that has the character.
     [[nodiscard]] std::optional<FontPlace> ForCharacter(char32_t character) const;
 
@@ -45,6 +47,7 @@ private:
     std::vector<std::string> m_more;
     Files m_files;                         ///< of the folders that come before the machine's
     std::map<std::string, Files> m_beside; ///< by folder
+    std::vector<std::string> m_troubles;   ///< of those folders
     bool m_scanned = false;
 };
 

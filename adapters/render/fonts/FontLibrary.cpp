@@ -57,9 +57,21 @@ FontLibrary::FontLibrary(const std::string& dataFolder, const std::string& userF
 {
     for (const std::string& folder : {userFolder, dataFolder}) {
         if (!folder.empty()) {
-            m_map.AddFile(folder + "/fonts.map");
+            const std::string trouble = m_map.AddFile(folder + "/fonts.map");
+            if (!trouble.empty()) {
+                m_troubles.push_back(trouble);
+            }
         }
     }
+}
+
+std::vector<std::string> FontLibrary::Substitutions() const
+{
+    std::vector<std::string> lines = m_substitutions.Lines();
+    for (const auto& troubles : {m_troubles, m_folders.Troubles()}) {
+        lines.insert(lines.end(), troubles.begin(), troubles.end());
+    }
+    return lines;
 }
 
 const Font& FontLibrary::ForStyle(const drawing::Drawing& drawing, std::uint32_t style)

@@ -47,7 +47,8 @@ public:
     const Font& ForShapeFile(const std::string& file);
 
     GlyphSource Find(const Font& font, char32_t character);
-    [[nodiscard]] std::vector<std::string> Substitutions() const { return m_substitutions.Lines(); }
+    /// One line for each, and one for each table or folder of fonts that can't be read.
+    [[nodiscard]] std::vector<std::string> Substitutions() const;
 
 private:
     /// A font file and how much wider its letters are drawn; no face: none.
@@ -95,6 +96,7 @@ private:
     std::map<std::string, std::unique_ptr<Font>> m_styleFonts;
     std::unordered_map<char32_t, GlyphSource> m_elsewhere;
     FontSubstitutions m_substitutions;
+    std::vector<std::string> m_troubles; ///< of the tables
 };
 
 } // namespace sm::render

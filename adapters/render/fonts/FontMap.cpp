@@ -1,12 +1,12 @@
 #include "fonts/FontMap.h"
 
+#include "base/files/File.h"
 #include "base/files/Paths.h"
 #include "base/text/Names.h"
 #include "base/text/Utf8.h"
 
 #include <charconv>
-#include <fstream>
-#include <sstream>
+#include <filesystem>
 
 namespace sm::render {
 
@@ -130,15 +130,16 @@ void FontMap::Add(std::string_view text)
     }
 }
 
-bool FontMap::AddFile(const std::string& path)
+std::string FontMap::AddFile(const std::string& path)
 {
-    std::ifstream file(base::ToPath(path), std::ios::binary);
-    std::ostringstream text;
-    if (!file || !(text << file.rdbuf())) {
-        return false;
+    constexpr std::uint64_t kLargest = 1 << 20;
+    std::error_code error;
+    if (!std::filesystem::exists(base::ToPath(path), error)) {
+        return {};
     }
-    Add(text.view());
-    return true;
+    const auto text = base::ReadRegularFile(path, kLargest);
+    Add(text.value_or(""));
+    return text ? std::string() : path + " can't be read, so that other fonts stand in";
 }
 
 const FontChoices* FontMap::File(std::string_view name) const

@@ -48,8 +48,8 @@ class FontMap {
 public:
     /// Adds the lines of a table; what can't be understood is left out.
     void Add(std::string_view text);
-    /// Adds a file's lines; false when it can't be read.
-    bool AddFile(const std::string& path);
+    /// Adds a file's lines. What is wrong with a file that is there and can't be read; else nothing.
+    std::string AddFile(const std::string& path);
 
     /// Null when the table has no line for it.
     [[nodiscard]] const FontChoices* File(std::string_view name) const;
