@@ -54,7 +54,7 @@ def set_block_attributes(screen, dialog, again):
     dialog.find("check box", "Transfer Block Attribute Data").click()
     reminder = screen.window(TITLE, "alert")
     reminder.find("push button", "Yes" if again else "No").click()
-    wait(lambda: len(screen.windows()) == 1, "the reminder to go away")
+    wait(lambda: not [one for one in screen.windows() if one.role == "alert"], "the reminder to go away")
 
 
 def set_page_setup(screen, dialog):

@@ -18,6 +18,8 @@ import traceback
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import screen as screens  # noqa: E402
+import dialog_sheets  # noqa: E402
+from dialog_sheets import close_end  # noqa: E402
 from dialog_user import (LAYOUT, TITLE, add_attachment, change_everything, combo, drawing_window, end_of,  # noqa: E402
                          set_block_attributes, set_stamp, tab)
 from pdf_tools import Objects, output_of, unsigned_fields, words  # noqa: E402
@@ -82,6 +84,7 @@ def create_pdf(desk):
     dialog = change_everything(screen, desk.notes)
     desk.picture("walk-before-create-pdf")
     dialog.find("push button", "Create PDF").click()
+    close_end(screen)
     desk.check("Create PDF: exit code", end_of(process), 0)
     check_pdf(desk, desk.path(".pdf"))
     desk.check("Create PDF: the former drawing is kept", read(desk.drawing + ".bak") == desk.before, True)
@@ -217,6 +220,7 @@ def viewer_and_help(desk):
     screen.keys("ctrl+a")
     screen.type(chosen)
     screen.keys("Return")
+    close_end(screen)
     desk.check("a name asked for: exit code", end_of(process), 0)
     desk.check("a name asked for: the PDF has it", (os.path.exists(chosen), os.path.exists(desk.path(".pdf"))), (True, False))
     desk.check("the PDF is opened", opened(desk), [chosen])
@@ -306,7 +310,8 @@ def at_rest(desk):
 
 
 WALKS = {"create": create_pdf, "cancel": cancel, "answer": answer_is_kept, "picks": given_up_picks, "page_setup": page_setup,
-         "viewer": viewer_and_help, "fields": signature_fields, "bad_files": bad_files, "choose": choose_drawing, "rest": at_rest}
+         "viewer": viewer_and_help, "fields": signature_fields, "bad_files": bad_files, "choose": choose_drawing, "rest": at_rest,
+         **dialog_sheets.WALKS}
 
 
 def run_walk(name, program, samples, output):

@@ -59,6 +59,7 @@ ROOMS = {
         "session": ("answers", "devices"),
         "objects": ("*",),
     }),
+    "beside": (("ports",), {}),
     "ghostscript": ((), {"": ()}),
     "publisher": (("prologue", "ghostscript", "ports"), {
         "pdf": (),
@@ -73,12 +74,13 @@ ROOMS = {
     "store": (("ports",), {"database": ()}),
     "system": (("ports",), {"": ()}),
     "terminal": (("ports",), {"": ()}),
-    "qt": (("cadhost", "render", "drawing", "ports"), {
+    "qt": (("beside", "cadhost", "render", "drawing", "ports"), {
         "picture": (),
         "snap": ("picture",),
         "screen": (),
         "view": ("picture", "snap", "screen"),
-        "forms": ("picture", "screen"),
+        "beside": ("screen",),
+        "forms": ("picture", "screen", "beside"),
     }),
     # Included by its whole names, "windows/<sub-room>/Name.h". "" wires one object's surroundings.
     "windows": (("ports", "settings", "hostobjects", "ui", "plugin"), {

@@ -1,6 +1,6 @@
 #include "forms/ControlView.h"
 
-#include "forms/QtText.h"
+#include "screen/QtText.h"
 
 #include <QApplication>
 #include <QWidget>

@@ -1,7 +1,7 @@
 // Text boxes and drop-down lists.
 #include "forms/ControlView.h"
 
-#include "forms/QtText.h"
+#include "screen/QtText.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "forms/FileDialogs.h"
 
-#include "forms/QtText.h"
+#include "screen/QtText.h"
 
 #include <QFileDialog>
 

@@ -1,7 +1,7 @@
 // List boxes, and list views with columns.
 #include "forms/ControlView.h"
 
-#include "forms/QtText.h"
+#include "screen/QtText.h"
 
 #include <QHeaderView>
 #include <QListWidget>

@@ -2,7 +2,7 @@
 #include "forms/ControlView.h"
 
 #include "forms/Pictures.h"
-#include "forms/QtText.h"
+#include "screen/QtText.h"
 
 #include <QGroupBox>
 #include <QLabel>

@@ -1,8 +1,8 @@
 #include "forms/QtDesktop.h"
 
 #include "forms/FileDialogs.h"
-#include "forms/QtText.h"
 #include "screen/ClosesOnSignal.h"
+#include "screen/QtText.h"
 
 #include <QApplication>
 #include <QCloseEvent>

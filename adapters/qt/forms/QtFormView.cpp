@@ -1,12 +1,13 @@
 #include "forms/QtFormView.h"
 
 #include "forms/QtForms.h"
-#include "forms/QtText.h"
 #include "forms/SpokenNames.h"
 #include "screen/ClosesOnSignal.h"
+#include "screen/QtText.h"
 
 #include <QApplication>
 #include <QLabel>
+#include <QShortcut>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -40,8 +41,8 @@ template <class Body> bool Guarded(const Body& body) noexcept
 
 } // namespace
 
-QtFormView::QtFormView(IForm& form)
-    : m_form(form), m_reporter(form),
+QtFormView::QtFormView(IForm& form, beside::ISheetList* const& sheets)
+    : m_form(form), m_listed(sheets), m_reporter(form),
       m_window({[this] { m_form.UserActivated(); }, [this] { m_form.UserClosed(); }, [this] { LayOut(); },
                 [this](QWidget* widget, bool isEnter) { OnKey(widget, isEnter); }})
 {
@@ -165,6 +166,8 @@ void QtFormView::ControlChanged(std::size_t control)
     Guarded([&] {
         const Reporter::Silence silence(m_reporter);
         ShowControl(control);
+        if (m_sheets != nullptr)
+            m_sheets->FormChanged();
     });
 }
 
@@ -178,12 +181,32 @@ bool QtFormView::ShowModal()
         m_loop = &loop;
         m_isHidden = false;
         m_window.Appear(QApplication::activeModalWidget());
+        ShowSheets();
         if (!m_isHidden)
             loop.exec();
     });
     m_loop = nullptr;
     m_window.hide(); // when the whole application is asked to end
+    HideSheets();
     return wasShown;
+}
+
+void QtFormView::ShowSheets()
+{
+    if (m_listed == nullptr || !m_listed->StandsBeside(m_form.Controls().front().name))
+        return;
+    if (m_sheets == nullptr) {
+        m_sheets = new SheetsWindow(*m_listed, m_form, &m_window);
+        QObject::connect(new QShortcut(Qt::Key_F6, &m_window, nullptr, nullptr, Qt::ApplicationShortcut),
+                         &QShortcut::activated, m_sheets, [this] { m_sheets->Toggle(); });
+    }
+    m_sheets->Appear();
+}
+
+void QtFormView::HideSheets()
+{
+    if (m_sheets != nullptr)
+        m_sheets->hide();
 }
 
 void QtFormView::Hide()
@@ -191,6 +214,7 @@ void QtFormView::Hide()
     if (m_loop == nullptr)
         return;
     m_isHidden = true;
+    HideSheets();
     m_window.hide();
     m_loop->exit();
 }
@@ -239,19 +263,23 @@ namespace {
 
 class QtForms final : public IFormToolkit {
 public:
+    explicit QtForms(beside::ISheetList* const& sheets) : m_sheets(sheets) {}
     std::unique_ptr<IFormView> MakeView(IForm& form) override
     {
         std::unique_ptr<IFormView> view;
-        Guarded([&] { view = std::make_unique<QtFormView>(form); });
+        Guarded([&] { view = std::make_unique<QtFormView>(form, m_sheets); });
         return view;
     }
+
+private:
+    beside::ISheetList* const& m_sheets;
 };
 
 } // namespace
 
-std::unique_ptr<IFormToolkit> CreateQtForms()
+std::unique_ptr<IFormToolkit> CreateQtForms(beside::ISheetList* const& sheets)
 {
-    return std::make_unique<QtForms>();
+    return std::make_unique<QtForms>(sheets);
 }
 
 } // namespace sm::qt

@@ -1,6 +1,7 @@
 // One form's window with all its controls.
 #pragma once
 
+#include "beside/SheetsWindow.h"
 #include "forms/ControlView.h"
 #include "forms/FormLayout.h"
 #include "forms/FormWindow.h"
@@ -15,7 +16,8 @@ namespace sm::qt {
 
 class QtFormView final : public IFormView {
 public:
-    explicit QtFormView(IForm& form);
+    /// What `sheets` points to stands beside the form, if it belongs to it.
+    QtFormView(IForm& form, beside::ISheetList* const& sheets);
     ~QtFormView() override;
     QtFormView(const QtFormView&) = delete;
     QtFormView& operator=(const QtFormView&) = delete;
@@ -34,6 +36,8 @@ private:
     [[nodiscard]] int PageMargin(std::size_t page, const FormUnits& units) const;
     void ShowControl(std::size_t control);
     void ShowForm();
+    void ShowSheets();
+    void HideSheets();
     void OnKey(QWidget* widget, bool isEnter);
     void OnFocus(QWidget* from, QWidget* to);
     /// The control that the widget is, or is a part of; 0 for the form itself.
@@ -41,10 +45,12 @@ private:
     [[nodiscard]] bool IsOurs(const QWidget* widget) const;
 
     IForm& m_form;
+    beside::ISheetList* const& m_listed;
     Reporter m_reporter;
     std::optional<Reporter::Silence> m_lastSilence;
     FormWindow m_window;
     ControlViews m_views;
+    SheetsWindow* m_sheets = nullptr; ///< belongs to the form's window
     std::unordered_map<const QWidget*, std::size_t> m_positions;
     QMetaObject::Connection m_focus;
     QEventLoop* m_loop = nullptr;

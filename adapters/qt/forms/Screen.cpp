@@ -1,5 +1,6 @@
 #include "qt/Screen.h"
 
+#include "beside/EndWindow.h"
 #include "forms/Pictures.h"
 #include "forms/QtDesktop.h"
 #include "forms/QtForms.h"
@@ -43,14 +44,21 @@ private:
     QApplication m_application;
 };
 
-class QtScreen final : public Screen {
+class QtScreen final : public Screen, public beside::ICompany {
 public:
-    explicit QtScreen(const ScreenOptions& options) : m_desktop(CreateQtDesktop(options)), m_forms(CreateQtForms()) {}
+    explicit QtScreen(const ScreenOptions& options)
+        : m_desktop(CreateQtDesktop(options)), m_forms(CreateQtForms(m_sheets))
+    {
+    }
     IFormToolkit& Toolkit() override { return *m_forms; }
     IDesktop& Desktop() override { return *m_desktop; }
+    beside::ICompany& Company() override { return *this; }
+    void StandBeside(beside::ISheetList* sheets) override { m_sheets = sheets; }
+    beside::NextStep ShowEnd(const beside::RunEnd& end) override { return AskAtEnd(end, *m_desktop); }
 
 private:
     Application m_application;
+    beside::ISheetList* m_sheets = nullptr;
     std::unique_ptr<IDesktop> m_desktop;
     std::unique_ptr<IFormToolkit> m_forms;
 };

@@ -4,13 +4,18 @@
 #include "commandline/ExitCodes.h"
 #include "plugin/cPlugin.h"
 #include "plugin/mdlAcadHelper.h"
+#include "run/RunEndText.h"
 #include "run/ScreenRun.h"
+#include "run/SheetChoice.h"
+#include "run/UnplottedMarks.h"
 #include "settings/mdlDataKegIO.h"
 #include "settings/mdlWinReg.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 #include <fstream>
 #include <ostream>
+#include <set>
 
 namespace sm::app {
 namespace {
@@ -36,48 +41,153 @@ std::string WhatStays(const std::string& drawing)
     return "The DWG itself stays as it is; what is kept for it goes into\r\n" + records;
 }
 
-class SettingsRun {
+/// The list beside the dialog, while the dialog may be shown.
+class Beside {
 public:
-    SettingsRun(const std::string& drawing, const SettingsJob& job, const Install& install, const ScreenParts& screen,
-                std::ostream& out, std::ostream& err)
-        : m_drawing(drawing), m_screen(screen), m_out(out), m_err(err), m_console(err, screen.hasTerminal),
-          m_run(drawing, install, screen, m_console)
+    Beside(beside::ICompany* company, beside::ISheetList& sheets) : m_company(company)
     {
-        if (job.layout)
-            m_run.Activate(*job.layout);
+        if (m_company != nullptr)
+            m_company->StandBeside(&sheets);
     }
-
-    int Run()
+    ~Beside()
     {
-        if (!MayDropSignatureFields())
-            return kExitDone;
-        cPlugin plugin(m_run.Context());
-        IPlugin& frontEnd = plugin;
-        frontEnd.Initialize(m_run.Application());
-        frontEnd.ShowSettings(0, 0, 0);
-        m_console.ClearProgress();
-        if (!m_run.Watcher().SettingsKept())
-            return kExitDone;
-        const bool converted = m_run.Watcher().LastSave().has_value();
-        if (converted)
-            m_run.ConcludeConversion();
-        SaveDrawing();
-        return WithLostSetting(converted ? TellConversion() : kExitDone);
+        if (m_company != nullptr)
+            m_company->StandBeside(nullptr);
     }
+    Beside(const Beside&) = delete;
+    Beside& operator=(const Beside&) = delete;
 
 private:
+    beside::ICompany* m_company;
+};
+
+/// `later` over `before`: of two fields of one name the later one.
+std::vector<SignatureFieldEntry> Joined(std::vector<SignatureFieldEntry> before,
+                                        const std::vector<SignatureFieldEntry>& later)
+{
+    std::erase_if(before, [&](const SignatureFieldEntry& field) {
+        return std::any_of(later.begin(), later.end(),
+                           [&](const SignatureFieldEntry& other) { return other.FieldName == field.FieldName; });
+    });
+    before.insert(before.end(), later.begin(), later.end());
+    return before;
+}
+
+/// What one showing hands on to the next.
+struct Handover {
+    std::string layout{};                      ///< the active one; empty: the drawing's own
+    std::set<std::string> off{};               ///< sheets that aren't wanted
+    std::vector<SignatureFieldEntry> fields{}; ///< that the showing before stored; the form's list begins empty
+    beside::NextStep step = beside::NextStep::SettingsAgain;
+    bool isFirst = true;
+};
+
+/// One showing of the dialog, with the drawing open for it, and the conversion that it may ask for.
+class SettingsRun {
+public:
+    SettingsRun(const std::string& drawing, const Handover& before, const Install& install, const ScreenParts& screen,
+                std::ostream& out, std::ostream& err)
+        : m_drawing(drawing), m_before(before), m_screen(screen), m_out(out), m_err(err),
+          m_console(err, screen.hasTerminal), m_run(drawing, install, screen, m_console),
+          m_sheets({[this] { return m_run.Session().Outlines(); },
+                    [this] { return m_run.Document()->ActiveLayout()->Name(); },
+                    [this](const std::string& name) { m_run.Activate(name); }})
+    {
+        if (!before.layout.empty())
+            m_run.Activate(before.layout);
+        m_sheets.Leave(before.off);
+        m_run.OnceKept([this] { TakeChoices(); });
+    }
+
+    /// The exit code; nothing when the user left without a word.
+    std::optional<int> Run();
+    [[nodiscard]] const Handover& Next() const { return m_next; }
+
+private:
+    void Show();
+    void TakeChoices();
     bool MayDropSignatureFields();
     void SaveDrawing();
     int TellConversion();
     int WithLostSetting(int exitCode);
+    void AskWhatIsNext();
+    void HandOver();
 
     std::string m_drawing;
+    const Handover& m_before;
     const ScreenParts& m_screen;
     std::ostream& m_out;
     std::ostream& m_err;
     terminal::Console m_console;
     ScreenRun m_run;
+    SheetChoice m_sheets;
+    Handover m_next{{}, {}, {}, beside::NextStep::Close, false};
 };
+
+std::optional<int> SettingsRun::Run()
+{
+    if (m_before.isFirst && !MayDropSignatureFields())
+        return std::nullopt;
+    Show();
+    const bool converted = m_run.Watcher().LastSave().has_value();
+    if (!m_run.Watcher().SettingsKept() && !converted)
+        return std::nullopt;
+    if (converted)
+        m_run.ConcludeConversion();
+    HandOver();
+    SaveDrawing();
+    const int exitCode = WithLostSetting(converted ? TellConversion() : kExitDone);
+    if (converted)
+        AskWhatIsNext();
+    return exitCode;
+}
+
+/// The dialog, or the conversion with what it has stored.
+void SettingsRun::Show()
+{
+    cPlugin plugin(m_run.Context());
+    IPlugin& frontEnd = plugin;
+    frontEnd.Initialize(m_run.Application());
+    if (m_before.step == beside::NextStep::SaveAgain) {
+        m_run.Session().ShowOnly(m_sheets.Only());
+        frontEnd.ConvertToPDF(0);
+    } else {
+        const Beside beside(m_screen.company, m_sheets);
+        frontEnd.ShowSettings(0, 0, 0);
+    }
+    m_console.ClearProgress();
+}
+
+/// Once the dialog was confirmed: fields that the showing before stored stay, and the sheets chosen alone are shown.
+void SettingsRun::TakeChoices()
+{
+    if (!m_before.fields.empty()) {
+        std::vector<SignatureFieldEntry> fields;
+        ReadSignatureFields(m_run.Context(), *m_run.Document(), fields);
+        WriteSignatureFields(m_run.Context(), *m_run.Document(), Joined(m_before.fields, fields));
+    }
+    m_run.Session().ShowOnly(m_sheets.Only());
+}
+
+/// Before the drawing is saved, which closes it.
+void SettingsRun::HandOver()
+{
+    m_next.off = m_sheets.Off();
+    m_next.layout = m_run.Document()->ActiveLayout()->Name();
+    ReadSignatureFields(m_run.Context(), *m_run.Document(), m_next.fields);
+    if (m_run.Report().Converted())
+        TellUnplottedMarks(m_run.Context(), *m_run.Document(), false, m_run.Report());
+}
+
+void SettingsRun::AskWhatIsNext()
+{
+    if (m_screen.company == nullptr)
+        return;
+    const std::string cancelled = m_run.Watcher().WhatWasCancelled();
+    beside::RunEnd end = EndOf(m_run.Report(), cancelled, m_run.Here());
+    end.offersSave = !cancelled.empty();
+    m_next.step = m_screen.company->ShowEnd(end);
+}
 
 /// The dialog begins with an empty list of signature fields, and what is confirmed takes the stored ones' place.
 bool SettingsRun::MayDropSignatureFields()
@@ -114,14 +224,13 @@ void SettingsRun::SaveDrawing()
 int SettingsRun::TellConversion()
 {
     const DrawingReport& report = m_run.Report();
-    const auto& save = m_run.Watcher().LastSave();
-    if (save && save->pdfPath.empty() && save->errorText == "Cancelled.")
+    if (!m_run.Watcher().WhatWasCancelled().empty())
         return kExitDone;
     for (const std::string& line : RemarkLines(report))
         m_console.Line(m_drawing + ": " + line);
     if (report.Converted())
         m_out << ResultLine(report) << std::endl;
-    else
+    else if (m_screen.company == nullptr)
         ShowWithoutTerminal(m_screen, m_drawing + ": " + report.failure);
     return report.exitCode;
 }
@@ -136,6 +245,24 @@ int SettingsRun::WithLostSetting(int exitCode)
     return exitCode == kExitDone ? kExitFailed : exitCode;
 }
 
+int ShowUntilClosed(const std::string& drawing, const std::string& layout, const Install& install,
+                    const ScreenParts& screen, std::ostream& out, std::ostream& err)
+{
+    Handover handover;
+    handover.layout = layout;
+    int exitCode = kExitDone;
+    while (handover.step != beside::NextStep::Close) {
+        Handover next;
+        {
+            SettingsRun run(drawing, handover, install, screen, out, err);
+            exitCode = run.Run().value_or(exitCode);
+            next = run.Next();
+        }
+        handover = std::move(next);
+    }
+    return exitCode;
+}
+
 } // namespace
 
 int RunSettings(const SettingsJob& job, const Install& install, const ScreenParts& screen, std::ostream& out,
@@ -145,7 +272,7 @@ int RunSettings(const SettingsJob& job, const Install& install, const ScreenPart
         const auto drawing = job.drawing
                                  ? job.drawing
                                  : screen.desktop.AskOpenFile({"Open Drawing", {}, "Drawings", "dxf;dwg", true, 0});
-        return drawing ? SettingsRun(*drawing, job, install, screen, out, err).Run() : kExitDone;
+        return drawing ? ShowUntilClosed(*drawing, job.layout.value_or(""), install, screen, out, err) : kExitDone;
     });
 }
 

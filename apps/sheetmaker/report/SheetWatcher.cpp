@@ -103,6 +103,18 @@ void SheetWatcher::Reason(const std::string& text) noexcept
     Quietly([&] { m_reason = text; });
 }
 
+void SheetWatcher::Cancelled(const std::string& what) noexcept
+{
+    Quietly([&] { m_cancelled = what; });
+}
+
+std::string SheetWatcher::WhatWasCancelled() const
+{
+    if (m_save && m_save->pdfPath.empty() && m_save->errorText == "Cancelled.")
+        return "the choice of a file name";
+    return m_save && !m_save->pdfPath.empty() ? "" : m_cancelled; // somebody went on without the choice
+}
+
 std::string SheetWatcher::FailedSheet(const std::string& plotFailure) const
 {
     if (m_report.sheets.empty() || m_report.sheets.back().status >= 0)

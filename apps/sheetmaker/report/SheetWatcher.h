@@ -26,6 +26,11 @@ public:
     /// A reason in plain words that came up on the way; the last before a sheet fails is the one that is told.
     void Reason(const std::string& text) noexcept;
 
+    /// The user cancelled this, as "the choice of a paper"; what comes of it is no failure.
+    void Cancelled(const std::string& what) noexcept;
+    /// What the user cancelled, the choice of a file name included; empty: nothing.
+    [[nodiscard]] std::string WhatWasCancelled() const;
+
     /// Path, status and error text of the save, when the run came that far.
     struct Save {
         std::string pdfPath, errorText;
@@ -49,7 +54,7 @@ private:
     DrawingReport& m_report;
     terminal::Console& m_console;
     std::optional<Save> m_save;
-    std::string m_reason, m_carriedPast, m_where, m_lostRecord, m_lostSetting;
+    std::string m_cancelled, m_reason, m_carriedPast, m_where, m_lostRecord, m_lostSetting;
     std::function<void()> m_whenSettingsAreKept;
     bool m_settingsKept = false;
     bool m_annotationsLost = false; ///< of the sheet at hand; told once

@@ -109,6 +109,11 @@ void RunSession::Activate(const std::string& layout)
     m_host->Overlay(m_document, {{}, LayoutNamed(layout), {}});
 }
 
+void RunSession::ShowOnly(const std::vector<std::string>& layouts)
+{
+    m_host->Overlay(m_document, {{}, m_document->ActiveLayout()->Name(), layouts});
+}
+
 std::vector<std::string> RunSession::PagesByDefault()
 {
     const std::vector<cadhost::LayoutOutline> layouts = m_host->Outlines(m_document);

@@ -41,6 +41,9 @@ public:
     /// `wanted` as the drawing spells it. `alsoAllowed` are names that stand for no layout. Throws Refusal, with what
     /// there is, for a name that isn't there.
     std::string LayoutNamed(const std::string& wanted, const std::vector<std::string>& alsoAllowed = {});
+    /// All layouts again with none, else these paper layouts alone, for this run; the active layout stays.
+    void ShowOnly(const std::vector<std::string>& layouts);
+    [[nodiscard]] std::vector<cadhost::LayoutOutline> Outlines() { return m_host->Outlines(m_document); }
     /// The layouts that become pages when nobody says which.
     std::vector<std::string> PagesByDefault();
     /// The layouts with everything that is in force.

@@ -1,6 +1,7 @@
 // What the windows' program brings along: the toolkit itself is known there alone.
 #pragma once
 
+#include "beside/Company.h"
 #include "cadhost/PointPicker.h"
 #include "ports/IDesktop.h"
 #include "ports/IFormToolkit.h"
@@ -12,7 +13,8 @@ struct ScreenParts {
     IDesktop& desktop;
     IFormToolkit& toolkit;
     cadhost::IPointPicker& picker;
-    bool hasTerminal = false; ///< somebody reads the error stream
+    bool hasTerminal = false;            ///< somebody reads the error stream
+    beside::ICompany* company = nullptr; ///< null: nothing stands beside the forms, and no window tells the end
 };
 
 } // namespace sm::app

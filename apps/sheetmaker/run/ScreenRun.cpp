@@ -50,7 +50,11 @@ ScreenRun::ScreenRun(const std::string& drawing, const Install& install, const S
 {
     m_report.drawing = drawing;
     // The dialog may have chosen job options that ask for layers, or others.
-    m_session.Watcher().WhenSettingsAreKept([this] { m_session.RenewLayers(m_task.options); });
+    m_session.Watcher().WhenSettingsAreKept([this] {
+        m_session.RenewLayers(m_task.options);
+        if (m_onceKept)
+            m_onceKept();
+    });
     if (!drawing.empty())
         m_session.Open(drawing);
 }

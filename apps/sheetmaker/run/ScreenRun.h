@@ -27,6 +27,10 @@ public:
     [[nodiscard]] const std::shared_ptr<IAcadDocument>& Document() const { return m_session.Document(); }
     /// Makes a layout the active one for this run. Throws Refusal when the drawing has none of that name.
     void Activate(const std::string& layout) { m_session.Activate(layout); }
+    [[nodiscard]] RunSession& Session() { return m_session; }
+    [[nodiscard]] const Install& Here() const { return m_install; }
+    /// Is called once the settings dialog was confirmed and its entries were handed over, before a conversion.
+    void OnceKept(std::function<void()> call) { m_onceKept = std::move(call); }
     /// What the host tells of the conversion goes into the report, which then says how it ended.
     void ConcludeConversion();
     /// Writes the changed records; the former file stays as ".bak". False when there was nothing to write. Throws for a
@@ -38,6 +42,7 @@ private:
     Install m_install;
     DrawingReport m_report;
     RunSession m_session;
+    std::function<void()> m_onceKept;
 };
 
 /// Writes the drawing and closes it, unless it didn't take one of the records: a drawing that holds half of what was

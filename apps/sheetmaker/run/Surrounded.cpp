@@ -6,6 +6,7 @@
 #include "plugin/Attempt.h"
 #include "publisher/JobOptions.h"
 #include "run/StampTexts.h"
+#include "run/WatchedWindows.h"
 #include "settings/mdlDataKegIO.h"
 #include "settings/mdlWinReg.h"
 #include "system/DocumentOpener.h"
@@ -72,7 +73,8 @@ Surrounded::Surrounded(const DrawingTask& task, const Install& install, terminal
 std::unique_ptr<IWindows> Surrounded::MakeWindows(terminal::Console& console)
 {
     if (m_screen)
-        return CreateFormWindows(m_context, m_screen->toolkit);
+        return WatchWindows(CreateFormWindows(m_context, m_screen->toolkit),
+                            [this](const std::string& what) { m_watcher.Cancelled(what); });
     return terminal::CreateTerminalWindows(console, {[this] { return WantedPaper(m_context); },
                                                      [this](const std::string& reason) { m_watcher.Reason(reason); }});
 }

@@ -38,7 +38,8 @@ int ShowOnScreen(const Job& job, const Install& install)
     }
     const auto picker =
         qt::CreateDrawingWindow({ReferenceOptionsOf(install), base::ToText(install.places.shareFolder)});
-    const ScreenParts parts{screen->Desktop(), screen->Toolkit(), *picker, base::IsTerminal(base::Stream::Errors)};
+    const ScreenParts parts{screen->Desktop(), screen->Toolkit(), *picker, base::IsTerminal(base::Stream::Errors),
+                            &screen->Company()};
     if (const auto* const settings = std::get_if<SettingsJob>(&job))
         return RunSettings(*settings, install, parts, std::cout, std::cerr);
     return RunPageSetup(std::get<PageSetupJob>(job), install, parts, std::cout, std::cerr);

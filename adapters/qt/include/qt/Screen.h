@@ -1,6 +1,7 @@
 // The screen: the one window system connection of a process, with the forms' toolkit and the desktop on it.
 #pragma once
 
+#include "beside/Company.h"
 #include "ports/IDesktop.h"
 #include "ports/IFormToolkit.h"
 
@@ -29,6 +30,7 @@ public:
     virtual ~Screen() = default;
     [[nodiscard]] virtual IFormToolkit& Toolkit() = 0;
     [[nodiscard]] virtual IDesktop& Desktop() = 0;
+    [[nodiscard]] virtual beside::ICompany& Company() = 0;
 };
 
 } // namespace sm::qt

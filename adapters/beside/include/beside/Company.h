@@ -1,0 +1,19 @@
+// The windows of the embedded program that stand beside the plug-in's forms.
+#pragma once
+
+#include "beside/RunEnd.h"
+#include "beside/SheetList.h"
+
+namespace sm::beside {
+
+/// Nothing here throws. All calls are made on the thread of the screen.
+class ICompany {
+public:
+    virtual ~ICompany() = default;
+    /// Beside the forms that are shown from now on; outlives them. Null: nothing stands there.
+    virtual void StandBeside(ISheetList* sheets) = 0;
+    /// Shows how a run ended, waits for the user and says what is to be done next.
+    virtual NextStep ShowEnd(const RunEnd& end) = 0;
+};
+
+} // namespace sm::beside

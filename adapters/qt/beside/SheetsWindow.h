@@ -1,0 +1,58 @@
+// The window with the list of sheets beside a form.
+#pragma once
+
+#include "beside/SheetList.h"
+#include "ports/IFormToolkit.h"
+
+#include <QTimer>
+#include <QWidget>
+
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QListWidgetItem;
+class QPushButton;
+
+namespace sm::qt {
+
+/// Belongs to the form's window and stays in front of it.
+class SheetsWindow final : public QWidget {
+public:
+    SheetsWindow(beside::ISheetList& sheets, const IForm& form, QWidget* owner);
+
+    /// Shows the window at the right of its owner, which gives way to the left as far as it may. On a screen without
+    /// room for both it stays away until the user asks for it; so it does once the user has closed it.
+    void Appear();
+    void Toggle();
+    /// Something in the form has changed; what follows from it is shown soon.
+    void FormChanged() { m_soon.start(); }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QWidget* MakeWords();
+    QWidget* MakeButtons();
+    bool FindPlace();
+    void Renew();
+    void ShowRow(QListWidgetItem& item, const beside::SheetRow& row, bool ticksCount);
+    void TakeTick(const QListWidgetItem& item);
+    void TakeWords();
+    void MakeCurrent();
+    void Tell(const std::string& reason);
+
+    beside::ISheetList& m_sheets;
+    const IForm& m_form;
+    QLabel* m_headline;
+    QListWidget* m_list;
+    QLineEdit* m_words = nullptr;
+    QLabel* m_reason;
+    QPushButton* m_current = nullptr;
+    QPushButton* m_all = nullptr;
+    QTimer m_soon;
+    bool m_isFilling = false, m_isWanted = true;
+    beside::SheetsNow m_now;
+};
+
+} // namespace sm::qt

@@ -1,0 +1,14 @@
+// A text file in a window, to be read and copied from.
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace sm::qt {
+
+/// Shows the end of the file at `path`, modal over `owner`, and waits until it is closed. What isn't UTF-8 shows as
+/// U+FFFD. False when the file can't be read.
+bool ShowTextFile(const QString& path, const QString& title, QWidget* owner);
+
+} // namespace sm::qt

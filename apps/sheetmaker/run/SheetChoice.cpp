@@ -1,0 +1,137 @@
+#include "run/SheetChoice.h"
+
+#include "layouts/LayoutNames.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <sstream>
+
+namespace sm::app {
+namespace {
+
+/// A drawing that can't be asked any more has nothing to list.
+template <class Result, class Work> Result Asked(const Work& work) noexcept
+{
+    try {
+        return work();
+    } catch (...) {
+        return Result();
+    }
+}
+
+bool IsTicked(const std::vector<FormControl>& form, const char* name)
+{
+    const auto found =
+        std::find_if(form.begin(), form.end(), [&](const FormControl& control) { return control.name == name; });
+    return found != form.end() && found->value != 0;
+}
+
+std::string Trimmed(const std::string& text)
+{
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+/// The whole is a name before it is a list, since names may have commas.
+std::vector<std::string> WordsOf(const std::string& words, const std::vector<std::string>& names)
+{
+    if (std::find(names.begin(), names.end(), Trimmed(words)) != names.end())
+        return {Trimmed(words)};
+    std::vector<std::string> list;
+    std::istringstream rest(words);
+    for (std::string word; std::getline(rest, word, ',');)
+        if (!Trimmed(word).empty())
+            list.push_back(Trimmed(word));
+    return list;
+}
+
+std::string Headline(bool isAll, const std::string& current, std::size_t sheets, std::size_t ticked)
+{
+    if (!isAll)
+        return fmt::format("\"Current Tab\" is \"{}\".", current);
+    if (sheets == 0)
+        return "\"All Layout Tabs\": the drawing has no sheets.";
+    if (ticked == sheets)
+        return sheets == 1 ? "\"All Layout Tabs\": the one sheet becomes a page."
+                           : fmt::format("\"All Layout Tabs\": all {} sheets become pages.", sheets);
+    return fmt::format("\"All Layout Tabs\": {} of {} sheets become pages.", ticked, sheets);
+}
+
+} // namespace
+
+std::vector<cadhost::LayoutOutline> SheetChoice::Layouts()
+{
+    return Asked<std::vector<cadhost::LayoutOutline>>([&] { return m_source.layouts(); });
+}
+
+std::vector<std::string> SheetChoice::Sheets()
+{
+    std::vector<std::string> names;
+    for (const cadhost::LayoutOutline& layout : Layouts())
+        if (!layout.isModel)
+            names.push_back(layout.name);
+    return names;
+}
+
+beside::SheetsNow SheetChoice::Now(const std::vector<FormControl>& form)
+{
+    beside::SheetsNow now;
+    now.ticksCount = IsTicked(form, "optAllLayouts");
+    const std::string current = Asked<std::string>([&] { return m_source.current(); });
+    std::size_t sheets = 0, ticked = 0;
+    for (const cadhost::LayoutOutline& layout : Layouts()) {
+        const bool isTicked = !layout.isModel && !m_off.contains(layout.name);
+        now.rows.push_back({layout.name, layout.isModel, layout.name == current, isTicked});
+        sheets += layout.isModel ? 0 : 1;
+        ticked += isTicked ? 1 : 0;
+    }
+    now.headline = Headline(now.ticksCount, current, sheets, ticked);
+    return now;
+}
+
+void SheetChoice::MakeCurrent(const std::string& name)
+{
+    Asked<bool>([&] { return m_source.makeCurrent(name), true; });
+}
+
+std::string SheetChoice::Tick(const std::string& name, bool isTicked)
+{
+    if (isTicked) {
+        m_off.erase(name);
+        return {};
+    }
+    const std::vector<std::string> sheets = Sheets();
+    const bool another = std::any_of(sheets.begin(), sheets.end(),
+                                     [&](const std::string& sheet) { return sheet != name && !m_off.contains(sheet); });
+    if (!another)
+        return "One sheet at least stays ticked: a PDF has a page.";
+    m_off.insert(name);
+    return {};
+}
+
+std::string SheetChoice::TickMeant(const std::string& words)
+{
+    const std::vector<std::string> sheets = Sheets();
+    std::set<std::string> off(sheets.begin(), sheets.end());
+    for (const std::string& word : WordsOf(words, sheets)) {
+        const MeantLayouts meant = LayoutsMeantBy(word, sheets, 0);
+        if (!meant.error.empty())
+            return "The drawing " + meant.error + ".";
+        for (const std::string& name : meant.names)
+            off.erase(name);
+    }
+    if (off.size() == sheets.size())
+        return "Please type names of sheets, patterns or numbers, as A-1*, 3..5.";
+    m_off = off;
+    return {};
+}
+
+std::vector<std::string> SheetChoice::Only()
+{
+    std::vector<std::string> sheets = Sheets();
+    const std::size_t all = sheets.size();
+    std::erase_if(sheets, [&](const std::string& name) { return m_off.contains(name); });
+    return sheets.size() == all ? std::vector<std::string>() : sheets;
+}
+
+} // namespace sm::app

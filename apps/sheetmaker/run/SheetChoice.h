@@ -1,0 +1,47 @@
+// Which sheets the user of the settings dialog wants plotted, and which layout is the current tab.
+#pragma once
+
+#include "beside/SheetList.h"
+#include "cadhost/CadHost.h"
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace sm::app {
+
+/// The open drawing as the list needs it. All outlive the list; they may throw.
+struct SheetSource {
+    std::function<std::vector<cadhost::LayoutOutline>()> layouts; ///< all, in tab order
+    std::function<std::string()> current;
+    std::function<void(const std::string&)> makeCurrent;
+};
+
+/// Every sheet is ticked at first; one stays so always.
+class SheetChoice final : public beside::ISheetList {
+public:
+    explicit SheetChoice(SheetSource source) : m_source(std::move(source)) {}
+
+    [[nodiscard]] bool StandsBeside(const std::string& form) const override { return form == "frmGUITap"; }
+    [[nodiscard]] beside::SheetsNow Now(const std::vector<FormControl>& form) override;
+    void MakeCurrent(const std::string& name) override;
+    std::string Tick(const std::string& name, bool isTicked) override;
+    void TickAll() override { m_off.clear(); }
+    std::string TickMeant(const std::string& words) override;
+
+    /// The paper layouts that a run is limited to; empty: all of them.
+    [[nodiscard]] std::vector<std::string> Only();
+    /// Sheets that aren't wanted, by name: what a list of the same drawing begins with.
+    [[nodiscard]] const std::set<std::string>& Off() const { return m_off; }
+    void Leave(const std::set<std::string>& off) { m_off = off; }
+
+private:
+    [[nodiscard]] std::vector<cadhost::LayoutOutline> Layouts();
+    [[nodiscard]] std::vector<std::string> Sheets();
+
+    SheetSource m_source;
+    std::set<std::string> m_off;
+};
+
+} // namespace sm::app

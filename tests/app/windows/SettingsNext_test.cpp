@@ -1,0 +1,140 @@
+// "settings" with windows beside the dialog: the sheets that are chosen, the end, and what comes after it.
+#include "app/ScreenStand.h"
+
+#include <gmock/gmock.h>
+
+namespace sm::app {
+namespace {
+
+using beside::EndKind;
+using beside::NextStep;
+using testing::ElementsAre;
+
+/// Answers the ends of runs from a list, then closes; plays the user of the list of sheets when one is handed over.
+class ScriptedCompany final : public beside::ICompany {
+public:
+    std::deque<NextStep> steps;
+    std::vector<beside::RunEnd> ends;
+    std::function<void(beside::ISheetList&)> user;
+
+    void StandBeside(beside::ISheetList* sheets) override
+    {
+        if (sheets != nullptr && user)
+            user(*sheets);
+    }
+    NextStep ShowEnd(const beside::RunEnd& end) override
+    {
+        ends.push_back(end);
+        if (steps.empty())
+            return NextStep::Close;
+        const NextStep next = steps.front();
+        steps.pop_front();
+        return next;
+    }
+};
+
+class SettingsNext : public ScreenStand {
+protected:
+    int Settings(const std::string& layout)
+    {
+        ScreenParts parts = Parts();
+        parts.company = &company;
+        return RunSettings({drawing, layout}, Here(), parts, out, err);
+    }
+    static void AddField(FormDriver& user, ScriptedToolkit& toolkit, const std::string& name)
+    {
+        toolkit.When("frmDigSig", [name](FormDriver& row) {
+            row.Type("txtDigSigName", name);
+            row.TypeAndLeave("txtDigSigX2", "50");
+            row.TypeAndLeave("txtDigSigY2", "20");
+            row.Click("btnOK");
+        });
+        user.Click("btnDigSigAdd");
+    }
+    std::string Fields() { return Shell({"sign", drawing, "list"}); }
+    ScriptedCompany company;
+};
+
+TEST_F(SettingsNext, TheSheetsThatAreTickedBecomePages)
+{
+    company.user = [](beside::ISheetList& sheets) { EXPECT_EQ(sheets.TickMeant("A-2*, 1"), ""); };
+    toolkit.When("frmGUITap", [](FormDriver& user) {
+        EXPECT_EQ(user.Items("cmbStampLayout").size(), 5U) << "the form lists all of them";
+        user.Click("optAllLayouts");
+        user.Tick("chkFileName", false);
+        user.Tick("chkViewResults", false);
+        user.Click("btnPDF");
+    });
+    EXPECT_EQ(Settings("A-101 Ground Floor"), 0) << err.str();
+    ASSERT_EQ(company.ends.size(), 1U);
+    EXPECT_EQ(company.ends.front().headline, "house.pdf was made: 2 pages.");
+    EXPECT_EQ(Short(company.ends.front().pdfPath), "house.pdf");
+}
+
+TEST_F(SettingsNext, TheLayoutThatIsMadeCurrentIsTheCurrentTab)
+{
+    company.user = [](beside::ISheetList& sheets) { sheets.MakeCurrent("A-201 Section"); };
+    toolkit.When("frmGUITap", [](FormDriver& user) {
+        user.Click("optCurrentTab");
+        user.Tick("chkFileName", false);
+        user.Tick("chkViewResults", false);
+        user.Click("btnPDF");
+    });
+    EXPECT_EQ(Settings("A-101 Ground Floor"), 0);
+    const std::string log = Shell({"log"});
+    EXPECT_THAT(log, testing::HasSubstr("A-201 Section"));
+    EXPECT_THAT(log, testing::Not(testing::HasSubstr("A-101")));
+}
+
+TEST_F(SettingsNext, ACancelledSaveBoxIsNoFailureAndMayBeShownAgain)
+{
+    company.steps = {NextStep::SaveAgain, NextStep::SaveAgain};
+    toolkit.When("frmGUITap", [](FormDriver& user) {
+        user.Tick("chkViewResults", false);
+        user.Click("btnPDF");
+    });
+    hasTerminal = false;
+    EXPECT_EQ(Settings("A-101 Ground Floor"), 0);
+    EXPECT_EQ(err.str(), "");
+    EXPECT_TRUE(desktop.TakeMessages().empty());
+    ASSERT_EQ(company.ends.size(), 3U);
+    for (const beside::RunEnd& end : company.ends) {
+        EXPECT_EQ(end.kind, EndKind::Cancelled);
+        EXPECT_EQ(end.headline, "No PDF was made: the choice of a file name was cancelled.");
+        EXPECT_TRUE(end.offersSave);
+    }
+    EXPECT_EQ(desktop.calls.size(), 3U) << "the save box";
+}
+
+TEST_F(SettingsNext, FieldsThatWereStoredSurviveTheNextShowing)
+{
+    company.steps = {NextStep::SettingsAgain, NextStep::SettingsAgain};
+    toolkit.When("frmGUITap", [&](FormDriver& user) {
+        AddField(user, toolkit, "Checked");
+        AddField(user, toolkit, "Approved");
+        user.Click("btnPDF");
+    });
+    toolkit.When("frmGUITap", [&](FormDriver& user) {
+        EXPECT_TRUE(user.Rows("lstDigSig").empty());
+        AddField(user, toolkit, "Approved");
+        AddField(user, toolkit, "Released");
+        user.Click("btnPDF");
+    });
+    toolkit.When("frmGUITap", [&](FormDriver& user) { user.Click("btnCancel"); });
+    EXPECT_EQ(Settings("A-101 Ground Floor"), 0);
+    EXPECT_EQ(desktop.TakeMessages().size(), 0U) << "nothing is asked about fields of this run";
+    const std::string fields = Fields();
+    for (const char* name : {"Checked", "Approved", "Released"})
+        EXPECT_NE(fields.find(name), std::string::npos) << name;
+    EXPECT_EQ(fields.find("Approved"), fields.rfind("Approved"));
+}
+
+TEST_F(SettingsNext, OkEndsWithoutAWord)
+{
+    toolkit.When("frmGUITap", [](FormDriver& user) { user.Click("btnOK"); });
+    EXPECT_EQ(Settings("A-101 Ground Floor"), 0);
+    EXPECT_TRUE(company.ends.empty());
+}
+
+} // namespace
+} // namespace sm::app
