@@ -126,6 +126,33 @@ def end_of_run(desk):
                [True, True])
 
 
+def old_drawing(desk):
+    """A drawing that can't hold entries: said before any is made, and they come into the PDF."""
+    screen = desk.screen
+    desk.shell("set", "PromptForFileName", "no")
+    desk.shell("set", "OpenInViewer", "no")
+    old = os.path.join(desk.folder, "old.dxf")
+    with open(old, "w", encoding="ascii") as file:
+        file.write("0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10\n0.0\n"
+                   "20\n0.0\n11\n200.0\n21\n150.0\n0\nENDSEC\n0\nEOF\n")
+    process = desk.start("settings", old)
+    note = screen.window(TITLE, "alert")
+    desk.picture("old-drawing")
+    desk.check("an old drawing: said first", any("old.dxf.sheetmaker" in one.name for one in note.every()), True)
+    note.find("push button", "OK").click()
+    dialog = screen.window(TITLE, "dialog")
+    tab(dialog, "Text Stamp")
+    combo(dialog, "Step 1: Text Stamp").choose("FOR REVIEW")
+    dialog.find("text", "X").write("20")
+    dialog.find("text", "Y").write("20")
+    dialog.find("push button", "Create PDF").click()
+    close_end(screen)
+    desk.check("an old drawing: exit code", end_of(process), 0)
+    desk.check("an old drawing: the stamp is in the PDF", "REVIEW" in output_of("pdftotext", old[:-4] + ".pdf", "-"), True)
+    desk.check("an old drawing: its files", sorted(name for name in os.listdir(desk.folder) if name.startswith("old")),
+               ["old.dxf", "old.dxf.sheetmaker", "old.pdf"])
+
+
 def add_field(screen, dialog, name, left, right):
     tab(dialog, "Digital Signature Fields")
     dialog.find("push button", "Add").click()
@@ -137,4 +164,4 @@ def add_field(screen, dialog, name, left, right):
     screen.gone("Digital Signature Field")
 
 
-WALKS = {"tabs": turn_tab, "sheets": choose_sheets, "end": end_of_run}
+WALKS = {"tabs": turn_tab, "sheets": choose_sheets, "end": end_of_run, "old": old_drawing}

@@ -88,13 +88,28 @@ std::unique_ptr<Model> ReadDwgModel(const FileBytes& bytes, const std::string& p
     return model;
 }
 
+/// A DXF without a named-object dictionary (R12 and older) holds no records: they stand beside it, as those of a DWG.
+std::unique_ptr<Drawing> OpenDxf(std::unique_ptr<Model> model, const std::string& path, const DwgOptions& dwg)
+{
+    std::optional<RecordsFile> records;
+    if (!model->hasRoot)
+        records.emplace(path);
+    return std::make_unique<DxfDrawing>(std::move(model), dwg, std::move(records));
+}
+
 } // namespace
+
+std::string RecordsFileOf(const Drawing& drawing)
+{
+    const auto* const file = dynamic_cast<const DxfDrawing*>(&drawing);
+    return file != nullptr && file->HasRecordsFile() ? drawing.Path() + kRecordsEnding : drawing.Path();
+}
 
 std::unique_ptr<Drawing> Drawing::Open(const std::string& path, const DwgOptions& dwg)
 {
     FileBytes bytes = FileBytes::Map(path);
     if (DwgRelease(bytes.View()).empty())
-        return std::make_unique<DxfDrawing>(ReadModel(std::move(bytes), path), dwg);
+        return OpenDxf(ReadModel(std::move(bytes), path), path, dwg);
     RecordsFile records(path);
     if (dwg.converter.empty() && IsNativeDwg(bytes.View()))
         return std::make_unique<DxfDrawing>(ReadDwgModel(bytes, path), dwg, std::move(records));

@@ -53,6 +53,8 @@ public:
     void SetRecord(const std::string& application, const std::vector<XDataItem>& items) override;
     [[nodiscard]] bool Modified() const override { return m_modified; }
     void Save(bool keepBackup) override;
+    /// Records stand in a file of their own.
+    [[nodiscard]] bool HasRecordsFile() const { return m_records.has_value(); }
     [[nodiscard]] const Source& Tags() const override { return m_model->source; }
 
 private:

@@ -77,7 +77,7 @@ std::string TextOf(const std::string& drawing, const RecordChanges& records)
 
 } // namespace
 
-RecordsFile::RecordsFile(const std::string& drawing) : m_drawing(drawing), m_path(drawing + ".sheetmaker")
+RecordsFile::RecordsFile(const std::string& drawing) : m_drawing(drawing), m_path(drawing + kRecordsEnding)
 {
     std::error_code error;
     if (!std::filesystem::exists(base::ToPath(m_path), error))

@@ -1,6 +1,8 @@
-// The records of a drawing that is never written itself (a DWG), in a file of their own beside it.
+// The records of a drawing that isn't written itself (a DWG, a DXF that can hold none), in a file of their own beside
+// it.
 #pragma once
 
+#include "drawing/RecordsPlace.h"
 #include "tags/FileBytes.h"
 #include "write/RecordPatch.h"
 

@@ -3,6 +3,7 @@
 #include "commandline/ExitCodes.h"
 #include "hostobjects/cAcadPageSetup.h"
 #include "plugin/CallScope.h"
+#include "run/KeptBeside.h"
 #include "run/ScreenRun.h"
 #include "settings/mdlDataKegIO.h"
 
@@ -54,6 +55,8 @@ int RunPageSetup(const PageSetupJob& job, const Install& install, const ScreenPa
     return RunOnScreen("page-setup", screen, err, [&] {
         terminal::Console console(err, screen.hasTerminal);
         ScreenRun run(job.drawing.value_or(""), install, screen, console);
+        if (job.drawing)
+            TellWhereEntriesGo(run.Session().Drawing(), *job.drawing, screen.desktop);
         return ShowPageSetup(run, out);
     });
 }

@@ -4,6 +4,7 @@
 #include "commandline/ExitCodes.h"
 #include "plugin/cPlugin.h"
 #include "plugin/mdlAcadHelper.h"
+#include "run/KeptBeside.h"
 #include "run/RunEndText.h"
 #include "run/ScreenRun.h"
 #include "run/SheetChoice.h"
@@ -13,7 +14,6 @@
 
 #include <algorithm>
 #include <fmt/format.h>
-#include <fstream>
 #include <ostream>
 #include <set>
 
@@ -24,21 +24,12 @@ namespace fs = std::filesystem;
 
 constexpr std::int32_t kHelpSignatureFields = 440;
 
-/// The file that a save writes: a DWG is never written, its records stand beside it.
-std::string RecordsFileOf(const std::string& drawing)
-{
-    char beginning[4] = {};
-    std::ifstream(base::ToPath(drawing), std::ios::binary).read(beginning, sizeof beginning);
-    return std::string_view(beginning, sizeof beginning) == "AC10" ? drawing + ".sheetmaker" : drawing;
-}
-
 /// What is left of the signature fields that the dialog leaves out.
-std::string WhatStays(const std::string& drawing)
+std::string WhatStays(const std::string& records)
 {
-    const std::string records = RecordsFileOf(drawing);
     if (fs::exists(base::ToPath(records)))
         return "The drawing as it is now stays as\r\n" + records + ".bak";
-    return "The DWG itself stays as it is; what is kept for it goes into\r\n" + records;
+    return "The drawing itself stays as it is; what is kept for it goes into\r\n" + records;
 }
 
 /// The list beside the dialog, while the dialog may be shown.
@@ -96,6 +87,7 @@ public:
         if (!before.layout.empty())
             m_run.Activate(before.layout);
         m_sheets.Leave(before.off);
+        m_records = RecordsFileOf(m_run.Session().Drawing(), drawing);
         m_run.OnceKept([this] { TakeChoices(); });
     }
 
@@ -113,7 +105,7 @@ private:
     void AskWhatIsNext();
     void HandOver();
 
-    std::string m_drawing;
+    std::string m_drawing, m_records; ///< the file that a save writes
     const Handover& m_before;
     const ScreenParts& m_screen;
     std::ostream& m_out;
@@ -126,6 +118,8 @@ private:
 
 std::optional<int> SettingsRun::Run()
 {
+    if (m_before.isFirst)
+        TellWhereEntriesGo(m_run.Session().Drawing(), m_drawing, m_screen.desktop);
     if (m_before.isFirst && !MayDropSignatureFields())
         return std::nullopt;
     Show();
@@ -205,7 +199,7 @@ bool SettingsRun::MayDropSignatureFields()
                     "keeps what the list then holds. {}\r\n\r\n"
                     "\"sheetmaker sign\" changes signature fields one by one. Show the settings dialog?",
                     fields.size() == 1 ? "a signature field" : fmt::format("{} signature fields", fields.size()), names,
-                    WhatStays(m_drawing));
+                    WhatStays(m_records));
     return m_screen.desktop.ShowMessage({text, kProductTitle, MessageButtons::OkCancel, MessageIcon::Exclamation,
                                          HelpFilePath(m_run.Context().surroundings), kHelpSignatureFields}) ==
            MessageAnswer::Ok;
@@ -213,12 +207,11 @@ bool SettingsRun::MayDropSignatureFields()
 
 void SettingsRun::SaveDrawing()
 {
-    const std::string records = RecordsFileOf(m_drawing);
-    const bool isNew = !fs::exists(base::ToPath(records));
+    const bool isNew = !fs::exists(base::ToPath(m_records));
     if (m_run.Save())
         m_out << fmt::format("{}: {} were kept{}\n", m_drawing,
                              m_run.Watcher().LostSetting().empty() ? "the settings" : "its own entries",
-                             isNew ? " in " + records : "; the former file is " + records + ".bak");
+                             isNew ? " in " + m_records : "; the former file is " + m_records + ".bak");
 }
 
 int SettingsRun::TellConversion()

@@ -4,6 +4,7 @@
 #include "commandline/MarkValues.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
+#include "run/KeptBeside.h"
 #include "settings/mdlDataKegIO.h"
 
 #include <algorithm>
@@ -79,7 +80,11 @@ void RecordEditor::RemoveRecord(const std::string& recordName)
 
 void RecordEditor::Save()
 {
+    const std::string beside = KeptBeside(m_session.Drawing(), m_task.drawing);
+    const bool changed = m_session.Drawing().Modified();
     Document().Close(true);
+    if (changed && !beside.empty())
+        m_console.Line("note: kept in " + beside + ", since the drawing's release can't hold it");
 }
 
 int RunEdit(const std::string& command, std::ostream& err, const std::function<void()>& work)

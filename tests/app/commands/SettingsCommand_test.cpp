@@ -168,26 +168,41 @@ TEST_F(SettingsDialog, StoredSignatureFieldsAreTalkedAboutFirst)
     EXPECT_EQ(Shell({"sign", drawing, "list"}), "house.dxf has no signature fields\n");
 }
 
-TEST_F(SettingsDialog, ADrawingThatHoldsNoRecordsIsNotChangedAndThatIsTold)
+TEST_F(SettingsDialog, EntriesOfADrawingThatHoldsNoneAreKeptBesideItWhichIsToldFirst)
 {
     machine.MakeFile("old.dxf", "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\n"
                                 "LINE\n8\n0\n10\n0.0\n20\n0.0\n11\n9.0\n21\n9.0\n0\nENDSEC\n0\nEOF\n");
     drawing = machine.In("old.dxf");
     before = Contents(drawing);
-    hasTerminal = false;
-    toolkit.When("frmGUITap", [](FormDriver& user) {
-        user.Click("optSpeed");
+    toolkit.When("frmGUITap", [&](FormDriver& user) {
+        EXPECT_EQ(desktop.TakeMessages().size(), 1U) << "before anything is entered";
+        ChangeAll(user);
         user.Click("btnOK");
     });
-    EXPECT_EQ(Settings(""), 1);
+    EXPECT_EQ(Settings(""), 0) << err.str();
     EXPECT_EQ(Contents(drawing), before);
-    EXPECT_FALSE(HasBackup());
+    EXPECT_EQ(Short(out.str()), "old.dxf: the settings were kept in old.dxf.sheetmaker\n");
+    EXPECT_EQ(Shell({"stamp", drawing, "list"}),
+              "stamp 2 \"FOR REVIEW\", Helvetica, 24 pt, #FF0000, left, at 12.5,30, on All Layouts\n");
+    toolkit.When("frmGUITap", [](FormDriver& user) { user.Click("btnCancel"); });
+    EXPECT_EQ(Settings(""), 0);
+    EXPECT_TRUE(desktop.TakeMessages().empty()) << "told once";
+    EXPECT_EQ(Files("old"), (std::vector<std::string>{"old.dxf", "old.dxf.sheetmaker"}));
+}
+
+TEST_F(SettingsDialog, ThePageSetupOfADrawingThatHoldsNoneIsToldOfFirst)
+{
+    drawing = machine.MakeFile("old.dxf", "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n10\n0.0\n20\n0.0\n11\n9.0\n21\n"
+                                          "9.0\n0\nENDSEC\n0\nEOF\n");
+    toolkit.When("frmPageSetup", [](FormDriver& user) { user.Click("btnOK"); });
+    EXPECT_EQ(PageSetup(drawing), 0) << err.str();
     const std::vector<Message> messages = desktop.TakeMessages();
     ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(Short(messages[0].text).substr(0, 70),
-              "old.dxf was not changed, since it can't hold what was entered for it: ");
-    EXPECT_EQ(Short(err.str()), "sheetmaker settings: " + Short(messages[0].text) + "\n");
-    EXPECT_EQ(Shell({"get", "Optimization"}), "1\n");
+    EXPECT_EQ(
+        Short(messages[0].text),
+        "old.dxf\r\nis of a release that can't hold stamps, attachments, signature fields and page setups.\r\nWhat "
+        "you enter is kept beside it, in\r\nold.dxf.sheetmaker\r\n\r\nThe drawing itself stays as it is. Where it "
+        "goes, that file goes with it.");
 }
 
 TEST_F(SettingsDialog, FilesThatCanNotBeOpenedAreTold)

@@ -176,21 +176,19 @@ TEST_F(Records, RefusesBadInputAndLeavesTheDrawingAlone)
     EXPECT_FALSE(fs::exists(Drawing() + ".bak"));
 }
 
-TEST_F(Records, ADrawingThatCanHoldNoneSaysTheRemedy)
+TEST_F(Records, OfADrawingThatCanHoldNoneAreKeptBesideIt)
 {
     const std::string old =
         "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nLINE\n"
         "8\n0\n10\n0.0\n20\n0.0\n11\n5.0\n21\n5.0\n0\nENDSEC\n0\nEOF\n";
     m_machine.MakeFile("site.dxf", old);
-    EXPECT_EQ(Run("sign", {"add", "A", "--rect", "1,2,3,4"}), 1);
-    EXPECT_EQ(Err(),
-              "sheetmaker sign: site.dxf: the drawing has no named-object dictionary to keep records in; save it "
-              "as DXF of release 2000 or later\n");
-    EXPECT_EQ(Run("stamp", {"--at", "1,2", "--text", "AS BUILT"}), 1);
-    EXPECT_EQ(Out(), "");
+    EXPECT_EQ(Run("sign", {"add", "A", "--rect", "1,2,3,4"}), 0);
+    EXPECT_EQ(Err(), "note: kept in site.dxf.sheetmaker, since the drawing's release can't hold it\n");
     EXPECT_EQ(Contents(Drawing()), old);
-    RunProgram({"get", "Stamp11"}, m_machine.Here(), m_out, m_err);
-    EXPECT_EQ(Out(), "STAMP 11\n");
+    EXPECT_EQ(Run("sign", {"list"}), 0);
+    EXPECT_NE(Out().find("A"), std::string::npos);
+    EXPECT_EQ(Run("sign", {"remove", "A"}), 0);
+    EXPECT_EQ(Contents(Drawing()), old);
 }
 
 TEST_F(Records, OfAnOldDwgNeedAConverter)

@@ -1,5 +1,6 @@
 #include "drawing/BinaryDxf.h"
 #include "drawing/DxfText.h"
+#include "drawing/RecordsPlace.h"
 #include "drawing/TempFolder.h"
 
 #include <gmock/gmock.h>
@@ -193,6 +194,22 @@ TEST(Records, NeedADictionary)
               "test.dxf: the drawing has no named-object dictionary to keep records in; save it as DXF of release 2000 "
               "or later");
     EXPECT_TRUE(drawing->RecordOf("TWSM").empty());
+}
+
+TEST(Records, OfAFileWithoutADictionaryStandBesideIt)
+{
+    const TempFolder folder;
+    const std::string old = "0\nSECTION\n2\nENTITIES\n0\nPOINT\n8\n0\n10\n1.0\n20\n2.0\n0\nENDSEC\n0\nEOF\n";
+    const std::string path = folder.Write("old.dxf", old);
+    const auto drawing = Drawing::Open(path);
+    EXPECT_EQ(RecordsFileOf(*drawing), path + ".sheetmaker");
+    drawing->SetRecord("TWSM", {{1000, "x"}});
+    drawing->Save(true);
+    EXPECT_EQ(folder.Read("old.dxf"), old);
+    const auto again = Drawing::Open(path);
+    EXPECT_EQ(again->RecordOf("TWSM"), (std::vector<XDataItem>{{1001, "TWSM"}, {1000, "x"}}));
+    const std::string newer = folder.Write("plan.dxf", RecordText("AC1015", "\n"));
+    EXPECT_EQ(RecordsFileOf(*Drawing::Open(newer)), newer);
 }
 
 TEST(Records, OfOtherGroupCodesAreRefused)
