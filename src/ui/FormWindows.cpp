@@ -18,9 +18,15 @@ namespace {
 
 class FormWindows final : public IWindows {
 public:
-    FormWindows(CallContext& context, IFormToolkit& toolkit) : m_context(context), m_toolkit(toolkit) {}
+    FormWindows(CallContext& context, IFormToolkit& toolkit, SettingsReader* reader)
+        : m_context(context), m_toolkit(toolkit), m_reader(reader)
+    {
+    }
 
-    std::int32_t ShowConversionSettings() override { return sm::ShowConversionSettings(m_context, m_toolkit); }
+    std::int32_t ShowConversionSettings() override
+    {
+        return sm::ShowConversionSettings(m_context, m_toolkit, m_reader);
+    }
     bool ShowPageSetup(IAcadPageSetup& setup, const std::string& title) override;
     std::optional<std::int32_t> PickPlotStyle(const std::vector<std::string>& names) override
     {
@@ -54,6 +60,7 @@ private:
 
     CallContext& m_context;
     IFormToolkit& m_toolkit;
+    SettingsReader* m_reader;
 };
 
 std::vector<std::string> FormWindows::PlotStyles()
@@ -119,9 +126,9 @@ bool FormWindows::RunProgress(const std::function<bool(const std::function<void(
 
 } // namespace
 
-std::unique_ptr<IWindows> CreateFormWindows(CallContext& context, IFormToolkit& toolkit)
+std::unique_ptr<IWindows> CreateFormWindows(CallContext& context, IFormToolkit& toolkit, SettingsReader* reader)
 {
-    return std::make_unique<FormWindows>(context, toolkit);
+    return std::make_unique<FormWindows>(context, toolkit, reader);
 }
 
 } // namespace sm

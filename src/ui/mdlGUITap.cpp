@@ -31,10 +31,17 @@ public:
     /// False when the user has been told that there is nothing to show.
     bool Load();
     std::int32_t ShowUntilDone();
+    /// What the dialog holds at the moment, as OK would keep it; nothing is stored.
+    bool Read(DataKeg& keg)
+    {
+        keg = m_keg;
+        return ReadTabs(keg);
+    }
 
 private:
     void FillTabs();
     bool FillPageSetupTab();
+    bool ReadTabs(DataKeg& keg);
     void SaveTabs();
     void PickPlotWindow();
     void PickStampPoint();
@@ -87,6 +94,14 @@ void SettingsRun::FillTabs()
     Require(SetStampTab(m_gui.Stamp(), m_keg), "SetStampTab");
     Require(SetAttachTab(m_gui, m_attach, m_keg), "SetAttachTab");
     Require(SetDigSigTab(m_gui, m_digSig, m_keg), "SetDigSigTab");
+}
+
+bool SettingsRun::ReadTabs(DataKeg& keg)
+{
+    LayoutSettings& entry = keg.Layouts.front();
+    return SaveConversionSettingsTab(m_gui, keg) &&
+           SavePageSetupTab(m_gui.PageSetup(), entry, entry.PageSetup, keg.PageSetupSelected) &&
+           SaveStampTab(m_gui.Stamp(), keg) && SaveAttachTab(m_gui, keg) && SaveDigSigTab(m_gui, keg);
 }
 
 void SettingsRun::SaveTabs()
@@ -179,14 +194,41 @@ void SettingsRun::PickDigSigRectangle()
 
 } // namespace
 
-std::int32_t ShowConversionSettings(CallContext& context, IFormToolkit& toolkit)
+namespace {
+
+/// The reader while the dialog is up.
+class ReaderInForce {
+public:
+    ReaderInForce(SettingsRun& run, std::function<bool(DataKeg&)>* reader) : m_reader(reader)
+    {
+        if (m_reader != nullptr)
+            *m_reader = [&run](DataKeg& keg) { return run.Read(keg); };
+    }
+    ~ReaderInForce()
+    {
+        if (m_reader != nullptr)
+            *m_reader = nullptr;
+    }
+    ReaderInForce(const ReaderInForce&) = delete;
+    ReaderInForce& operator=(const ReaderInForce&) = delete;
+
+private:
+    std::function<bool(DataKeg&)>* m_reader;
+};
+
+} // namespace
+
+std::int32_t ShowConversionSettings(CallContext& context, IFormToolkit& toolkit, std::function<bool(DataKeg&)>* reader)
 {
     TryLogLine(context, "SHOW CONVERSION SETTINGS FORM");
     FormSession session{context, toolkit, {}};
     return GiveUp(
         [&] {
             SettingsRun run(session);
-            return run.Load() ? run.ShowUntilDone() : kLeftWithoutConversion;
+            if (!run.Load())
+                return kLeftWithoutConversion;
+            const ReaderInForce inForce(run, reader);
+            return run.ShowUntilDone();
         },
         [&](const std::string& description) {
             TryLogLine(context, "RUNTIME ERROR: ShowConversionSettings -" + description);

@@ -5,6 +5,7 @@
 #include "settings/DataKeg.h"
 #include "ui/settings/PageSetupControls.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,8 +14,10 @@ namespace sm {
 class StampControls;
 
 /// Shows the settings dialog for the drawing of `context`, with picking in the drawing, and saves what the user
-/// confirmed. 1 when the user chose "Create PDF" and everything was saved, else 0. Never throws.
-std::int32_t ShowConversionSettings(CallContext& context, IFormToolkit& toolkit);
+/// confirmed. 1 when the user chose "Create PDF" and everything was saved, else 0. Never throws. `reader` as
+/// CreateFormWindows has it.
+std::int32_t ShowConversionSettings(CallContext& context, IFormToolkit& toolkit,
+                                    std::function<bool(DataKeg&)>* reader = nullptr);
 
 // The tab routines. Each returns success; a failure is logged as "RUNTIME ERROR: <routine> -<description>". They
 // address the controls by name. None throws.

@@ -153,6 +153,38 @@ def old_drawing(desk):
                ["old.dxf", "old.dxf.sheetmaker", "old.pdf"])
 
 
+def preview(desk):
+    """The page beside the form follows what is changed in it, before anything is kept."""
+    screen = desk.screen
+    process = desk.start("settings", desk.drawing, "--layout", "A-101 Ground Floor")
+    dialog = screen.window(TITLE, "dialog")
+
+    def page_is(text):
+        def told():
+            found = [one for one in sheets_of(screen).every() if one.name == "Preview"]
+            return found and found[0].accessible.get_description() == text
+        wait(told, text, lambda: [one.accessible.get_description() for one in sheets_of(screen).every() if one.name == "Preview"])
+
+    page_is("A page of 420 x 297 mm with 0 marks")
+    desk.picture("preview-native")
+    tab(dialog, "PDF Page Setup")
+    dialog.find("check box", "Use Custom PDF Page Setup").tick()
+    combo(dialog, "Paper Size and Orientation").choose("ISO A4 (210.00 x 297.00 MM)")
+    page_is("A page of 210 x 297 mm with 0 marks")
+    dialog.find("radio button", "Extents").click()
+    combo(dialog, "Plot Scale").choose("Scale to Fit")
+    tab(dialog, "Text Stamp")
+    combo(dialog, "Step 1: Text Stamp").choose("FOR REVIEW")
+    page_is("A page of 210 x 297 mm with 1 mark")
+    desk.picture("preview-custom")
+    dialog.find("push button", "Cancel").click()
+    desk.check("preview: exit code", end_of(process), 0)
+    with open(desk.drawing, "rb") as file:
+        desk.check("preview: the drawing is as it was", file.read() == desk.before, True)
+    desk.check("preview: no other file came up", [name for name in os.listdir(desk.folder) if name.startswith("house.")], ["house.dxf"])
+    desk.check("preview: the log has none of it", "A-101" in desk.shell("log"), False)
+
+
 def add_field(screen, dialog, name, left, right):
     tab(dialog, "Digital Signature Fields")
     dialog.find("push button", "Add").click()
@@ -164,4 +196,4 @@ def add_field(screen, dialog, name, left, right):
     screen.gone("Digital Signature Field")
 
 
-WALKS = {"tabs": turn_tab, "sheets": choose_sheets, "end": end_of_run, "old": old_drawing}
+WALKS = {"tabs": turn_tab, "sheets": choose_sheets, "end": end_of_run, "old": old_drawing, "preview": preview}

@@ -59,7 +59,7 @@ ROOMS = {
         "session": ("answers", "devices"),
         "objects": ("*",),
     }),
-    "beside": (("ports",), {}),
+    "beside": (("render", "ports"), {}),
     "ghostscript": ((), {"": ()}),
     "publisher": (("prologue", "ghostscript", "ports"), {
         "pdf": (),
@@ -79,7 +79,7 @@ ROOMS = {
         "snap": ("picture",),
         "screen": (),
         "view": ("picture", "snap", "screen"),
-        "beside": ("screen",),
+        "beside": ("screen", "picture", "view"),
         "forms": ("picture", "screen", "beside"),
     }),
     # Included by its whole names, "windows/<sub-room>/Name.h". "" wires one object's surroundings.

@@ -36,6 +36,7 @@ public:
     {
         return ListLayouts(Behind(document));
     }
+    void PlotTo(IPageSink* sink) override { m_session->PlotTo(sink); }
     void KeepLayers(bool keep) override { m_session->KeepLayers(keep); }
     std::string UseOf(const std::string& path) override { return m_session->UseOf(path); }
     const drawing::Drawing& DrawingOf(const std::shared_ptr<IAcadDocument>& document) override

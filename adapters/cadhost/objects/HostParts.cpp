@@ -136,7 +136,7 @@ public:
     void SetQuietErrorMode(bool) override {}
     bool PlotToFile(const std::string& path) override
     {
-        return m_open->Plot(path, m_session->FoldersFor(*m_open), m_session->Options().keepLayers);
+        return m_open->Plot(path, m_session->FoldersFor(*m_open), m_session->Options().keepLayers, m_session->Sink());
     }
 
 private:

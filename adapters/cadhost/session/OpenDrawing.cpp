@@ -4,6 +4,7 @@
 #include "answers/HostText.h"
 #include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
+#include "cadhost/PageSink.h"
 #include "plotter/Plotter.h"
 #include "session/BlankPage.h"
 
@@ -161,11 +162,11 @@ render::References& OpenDrawing::References()
     return *m_references;
 }
 
-bool OpenDrawing::Plot(const std::string& path, const PlotFolders& folders, bool keepLayers)
+bool OpenDrawing::Plot(const std::string& path, const PlotFolders& folders, bool keepLayers, IPageSink* sink)
 {
     static_cast<void>(File());
     try {
-        PlotActive(path, folders, keepLayers);
+        PlotActive(path, folders, keepLayers, sink);
         m_plotFailure.clear();
         return true;
     } catch (const std::exception& error) {
@@ -195,7 +196,7 @@ const render::PlotStyleTable* OpenDrawing::StylesFor(const drawing::PlotSettings
     }
 }
 
-void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders, bool keepLayers)
+void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders, bool keepLayers, IPageSink* sink)
 {
     const drawing::Layout& layout = LayoutAt(m_active);
     PlotConfiguration& configuration = Configuration(m_active);
@@ -218,6 +219,11 @@ void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders
                                keepLayers,
                                &References(),
                                m_overlay.wishes.penScale};
+    if (sink != nullptr) {
+        const auto page = plotter::PlotOnCanvas(job, sink->Canvas(), Text(), *m_report, sink->Stop());
+        configuration.KeepPlottedOrigin(page.placement.origin);
+        return sink->PageIs(page.width, page.height, page.fromSheet);
+    }
     const plotter::PlottedPage page = plotter::PlotToPostScript(job, path, Text(), *m_report);
     m_notToScale = m_notToScale || configuration.IsFitted();
     configuration.KeepPlottedOrigin(page.placement.origin);

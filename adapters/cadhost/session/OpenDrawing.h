@@ -46,8 +46,8 @@ public:
     std::string UseOf(const std::string& path);
 
     /// Plots the active layout; false when that failed, and why is kept for the report. Plot style tables come from
-    /// `folders`: the drawing's, the user's, then ours.
-    bool Plot(const std::string& path, const PlotFolders& folders, bool keepLayers);
+    /// `folders`: the drawing's, the user's, then ours. With a `sink` no file is written.
+    bool Plot(const std::string& path, const PlotFolders& folders, bool keepLayers, IPageSink* sink = nullptr);
     [[nodiscard]] DocumentReport Report() const;
 
     /// Keeps what the reader found and mended for the report, until the drawing is saved.
@@ -59,7 +59,7 @@ public:
     std::int32_t windowState = 3;
 
 private:
-    void PlotActive(const std::string& path, const PlotFolders& folders, bool keepLayers);
+    void PlotActive(const std::string& path, const PlotFolders& folders, bool keepLayers, IPageSink* sink);
     [[nodiscard]] const render::PlotStyleTable* StylesFor(const drawing::PlotSettings& settings,
                                                           const PlotFolders& folders);
     [[nodiscard]] bool IsLandscape(std::size_t index);

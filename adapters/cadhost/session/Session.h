@@ -12,6 +12,8 @@ public:
 
     [[nodiscard]] const HostOptions& Options() const { return m_options; }
     void KeepLayers(bool keep) { m_options.keepLayers = keep; }
+    void PlotTo(IPageSink* sink) { m_sink = sink; }
+    [[nodiscard]] IPageSink* Sink() const { return m_sink; }
     [[nodiscard]] std::string DriversPath() const;
     [[nodiscard]] const std::string& PrinterConfigPath() const { return m_printerConfigPath; }
     /// Throws HostError for a folder that isn't there.
@@ -33,6 +35,7 @@ public:
 
 private:
     HostOptions m_options;
+    IPageSink* m_sink = nullptr;
     std::string m_printerConfigPath;
     std::shared_ptr<PlotShelf> m_shelf;
     std::vector<std::shared_ptr<OpenDrawing>> m_drawings;

@@ -36,6 +36,37 @@ render::Scene SceneOf(const PlotJob& job, const Placement& placement)
     return scene;
 }
 
+Placement PlaceOf(const PlotJob& job, render::TextEngine& text)
+{
+    return Place(job.drawing, job.layout, job.settings, [&](const render::Matrix3& view) {
+        return job.extents ? job.extents(view)
+                           : render::ExtentsOf(job.drawing, job.layout.block, view, text, job.references);
+    });
+}
+
+/// The way back from the turned medium (see SheetFrame) to the page as it is read.
+render::Matrix2 ReadingOf(const Placement& placement, std::int32_t rotation)
+{
+    switch (rotation) {
+    case 1:
+        return {0, 1, -1, 0, placement.sheetHeight, 0};
+    case 2:
+        return {-1, 0, 0, -1, placement.sheetWidth, placement.sheetHeight};
+    case 3:
+        return {0, -1, 1, 0, 0, placement.sheetWidth};
+    default:
+        return {};
+    }
+}
+
+drawing::Box2 Turned(const render::Matrix2& turn, const drawing::Box2& box)
+{
+    drawing::Box2 turned;
+    turned.Add(turn.Apply(box.min));
+    turned.Add(turn.Apply(box.max));
+    return turned;
+}
+
 std::vector<PsDocument::Layer> LayersOf(const PlotJob& job, const PsWriter& writer)
 {
     std::vector<PsDocument::Layer> layers;
@@ -51,10 +82,7 @@ std::vector<PsDocument::Layer> LayersOf(const PlotJob& job, const PsWriter& writ
 PlottedPage PlotToPostScript(const PlotJob& job, const std::string& path, render::TextEngine& text,
                              render::RenderReport& report)
 {
-    const Placement placement = Place(job.drawing, job.layout, job.settings, [&](const render::Matrix3& view) {
-        return job.extents ? job.extents(view)
-                           : render::ExtentsOf(job.drawing, job.layout.block, view, text, job.references);
-    });
+    const Placement placement = PlaceOf(job, text);
     try {
         PsWriter writer(kUnitsPerInch, FolderOf(path), job.resolution);
         if (job.keepLayers) {
@@ -70,6 +98,23 @@ PlottedPage PlotToPostScript(const PlotJob& job, const std::string& path, render
     } catch (const std::system_error& error) {
         throw PlotError("The plot file " + path + " can't be written: " + error.code().message() + ".");
     }
+}
+
+DrawnPage PlotOnCanvas(const PlotJob& job, render::ICanvas& canvas, render::TextEngine& text,
+                       render::RenderReport& report, const std::atomic<bool>* stop)
+{
+    const Placement placement = PlaceOf(job, text);
+    const bool lying = job.settings.rotation == 1 || job.settings.rotation == 3;
+    DrawnPage page{placement, lying ? placement.sheetHeight : placement.sheetWidth,
+                   lying ? placement.sheetWidth : placement.sheetHeight, ReadingOf(placement, job.settings.rotation)};
+    if (placement.clip.Empty())
+        return page;
+    render::Scene scene = SceneOf(job, placement);
+    scene.toPaper = render::Compose(page.fromSheet, scene.toPaper);
+    scene.clip = Turned(page.fromSheet, scene.clip);
+    scene.stop = stop;
+    render::RenderScene(scene, canvas, text, report);
+    return page;
 }
 
 } // namespace sm::plotter

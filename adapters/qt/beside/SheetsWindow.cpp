@@ -18,8 +18,8 @@
 namespace sm::qt {
 namespace {
 
-constexpr int kWidth = 44;  // average characters
-constexpr int kBetween = 8; // pixels
+constexpr int kLeastWidth = 44, kMostWidth = 90; // average characters
+constexpr int kBetween = 8;                      // pixels
 
 } // namespace
 
@@ -42,6 +42,10 @@ SheetsWindow::SheetsWindow(beside::ISheetList& sheets, const IForm& form, QWidge
     m_reason->hide();
     column->addWidget(m_reason);
     column->addWidget(MakeButtons());
+    if (beside::IPageSource* const page = sheets.Page()) {
+        m_page = new PagePane(*page);
+        column->addWidget(m_page, 2);
+    }
     connect(m_list, &QListWidget::itemChanged, this, [this](const QListWidgetItem* item) { TakeTick(*item); });
     connect(m_list, &QListWidget::itemActivated, this, [this] { MakeCurrent(); });
     m_soon.setSingleShot(true);
@@ -94,6 +98,7 @@ void SheetsWindow::Appear()
     Renew();
     if (m_isWanted && FindPlace())
         show();
+    m_soon.start();
 }
 
 bool SheetsWindow::FindPlace()
@@ -103,13 +108,18 @@ bool SheetsWindow::FindPlace()
     if (on == nullptr)
         return false;
     const QRect room = on->availableGeometry();
-    const QSize size(std::max(minimumSizeHint().width(), kWidth * fontMetrics().averageCharWidth()),
-                     std::min(owner->height(), room.height()));
-    resize(size);
     const QRect form = owner->frameGeometry();
-    if (form.width() + kBetween + size.width() > room.width())
+    const int character = fontMetrics().averageCharWidth();
+    const int least = std::max(minimumSizeHint().width(), kLeastWidth * character);
+    const int most = m_page != nullptr ? std::max(least, kMostWidth * character) : least;
+    const QSize size(std::clamp(room.width() - form.width() - 4 * kBetween, least, most),
+                     std::min(owner->height(), room.height()));
+    if (!m_hasSize)
+        resize(size);
+    m_hasSize = true;
+    if (form.width() + kBetween + width() > room.width())
         return false;
-    const int beyond = form.right() + kBetween + size.width() - room.right();
+    const int beyond = form.right() + kBetween + width() - room.right();
     if (beyond > 0)
         owner->move(owner->pos() - QPoint(beyond, 0));
     move(owner->frameGeometry().right() + kBetween, owner->frameGeometry().top());
@@ -127,6 +137,7 @@ void SheetsWindow::Toggle()
         move(room.right() - width(), room.top());
     }
     show();
+    m_soon.start();
     activateWindow();
     m_list->setFocus();
 }
@@ -144,6 +155,8 @@ void SheetsWindow::keyPressEvent(QKeyEvent* event)
 
 void SheetsWindow::Renew()
 {
+    if (m_page != nullptr && isVisible())
+        m_page->Renew();
     beside::SheetsNow now = m_sheets.Now(m_form.Controls());
     if (now == m_now && m_list->count() > 0)
         return;

@@ -1,6 +1,7 @@
 // The window with the list of sheets beside a form.
 #pragma once
 
+#include "beside/PagePane.h"
 #include "beside/SheetList.h"
 #include "ports/IFormToolkit.h"
 
@@ -51,8 +52,9 @@ private:
     QPushButton* m_current = nullptr;
     QPushButton* m_all = nullptr;
     QTimer m_soon;
-    bool m_isFilling = false, m_isWanted = true;
+    bool m_isFilling = false, m_isWanted = true, m_hasSize = false;
     beside::SheetsNow m_now;
+    PagePane* m_page = nullptr; ///< null: the list brings no preview
 };
 
 } // namespace sm::qt

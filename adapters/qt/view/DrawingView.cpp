@@ -297,6 +297,8 @@ void DrawingView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     PaintDrawing(painter);
+    if (paintOver)
+        paintOver(painter);
     if (!m_picking || !m_cursor || m_grip)
         return;
     const Vec2 at = m_map.ToPixel(PointAtCursor());

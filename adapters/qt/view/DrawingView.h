@@ -42,6 +42,7 @@ public:
     std::function<void(std::optional<Vec2>)> onMove; ///< nothing: the cursor left
     std::function<bool(QKeyEvent*)> onKey;           ///< keys of nobody else; true: used
     std::function<void()> onPainted;                 ///< the view is whole
+    std::function<void(QPainter&)> paintOver;        ///< over the drawing, by `Map`
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -5,6 +5,7 @@
 #include "plugin/cPlugin.h"
 #include "plugin/mdlAcadHelper.h"
 #include "run/KeptBeside.h"
+#include "run/PagePreview.h"
 #include "run/RunEndText.h"
 #include "run/ScreenRun.h"
 #include "run/SheetChoice.h"
@@ -82,11 +83,13 @@ public:
           m_console(err, screen.hasTerminal), m_run(drawing, install, screen, m_console),
           m_sheets({[this] { return m_run.Session().Outlines(); },
                     [this] { return m_run.Document()->ActiveLayout()->Name(); },
-                    [this](const std::string& name) { m_run.Activate(name); }})
+                    [this](const std::string& name) { m_run.Activate(name); }}),
+          m_page(drawing, install, [this] { return Wish(); })
     {
         if (!before.layout.empty())
             m_run.Activate(before.layout);
         m_sheets.Leave(before.off);
+        m_sheets.SetPage(&m_page);
         m_records = RecordsFileOf(m_run.Session().Drawing(), drawing);
         m_run.OnceKept([this] { TakeChoices(); });
     }
@@ -97,6 +100,7 @@ public:
 
 private:
     void Show();
+    std::optional<PreviewWish> Wish();
     void TakeChoices();
     bool MayDropSignatureFields();
     void SaveDrawing();
@@ -113,6 +117,7 @@ private:
     terminal::Console m_console;
     ScreenRun m_run;
     SheetChoice m_sheets;
+    PagePreview m_page;
     Handover m_next{{}, {}, {}, beside::NextStep::Close, false};
 };
 
@@ -150,6 +155,17 @@ void SettingsRun::Show()
         frontEnd.ShowSettings(0, 0, 0);
     }
     m_console.ClearProgress();
+}
+
+/// What the preview is drawn from, while the dialog is up.
+std::optional<PreviewWish> SettingsRun::Wish()
+{
+    PreviewWish wish;
+    const SettingsReader& read = m_run.Session().Around().Reader();
+    if (!read || !read(wish.keg))
+        return std::nullopt;
+    wish.layout = m_run.Document()->ActiveLayout()->Name();
+    return wish;
 }
 
 /// Once the dialog was confirmed: fields that the showing before stored stay, and the sheets chosen alone are shown.

@@ -49,6 +49,8 @@ public:
     /// The layouts with everything that is in force.
     std::vector<cadhost::LayoutFacts> LayoutFacts() { return m_host->Layouts(m_document); }
 
+    /// See CadHost.
+    void PlotTo(cadhost::IPageSink* sink) { m_host->PlotTo(sink); }
     /// Plots tell of layers from now on as the options and the job options now in force ask for it.
     void RenewLayers(const ConvertOptions& options) { m_host->KeepLayers(m_surrounded.KeepsLayers(options)); }
     /// Throws Refusal when a PDF at `path` would replace a file that an open drawing is or names, shown or not.

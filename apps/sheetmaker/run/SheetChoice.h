@@ -1,6 +1,7 @@
 // Which sheets the user of the settings dialog wants plotted, and which layout is the current tab.
 #pragma once
 
+#include "beside/PageSource.h"
 #include "beside/SheetList.h"
 #include "cadhost/CadHost.h"
 
@@ -30,6 +31,10 @@ public:
     void TickAll() override { m_off.clear(); }
     std::string TickMeant(const std::string& words) override;
 
+    [[nodiscard]] beside::IPageSource* Page() override { return m_page; }
+    /// The preview that stands with the list; null: none.
+    void SetPage(beside::IPageSource* page) { m_page = page; }
+
     /// The paper layouts that a run is limited to; empty: all of them.
     [[nodiscard]] std::vector<std::string> Only();
     /// Sheets that aren't wanted, by name: what a list of the same drawing begins with.
@@ -42,6 +47,7 @@ private:
 
     SheetSource m_source;
     std::set<std::string> m_off;
+    beside::IPageSource* m_page = nullptr;
 };
 
 } // namespace sm::app

@@ -73,7 +73,7 @@ Surrounded::Surrounded(const DrawingTask& task, const Install& install, terminal
 std::unique_ptr<IWindows> Surrounded::MakeWindows(terminal::Console& console)
 {
     if (m_screen)
-        return WatchWindows(CreateFormWindows(m_context, m_screen->toolkit),
+        return WatchWindows(CreateFormWindows(m_context, m_screen->toolkit, &m_reader),
                             [this](const std::string& what) { m_watcher.Cancelled(what); });
     return terminal::CreateTerminalWindows(console, {[this] { return WantedPaper(m_context); },
                                                      [this](const std::string& reason) { m_watcher.Reason(reason); }});

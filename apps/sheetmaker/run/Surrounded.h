@@ -15,6 +15,7 @@
 #include "settings/SettingTable.h"
 #include "store/OverlayRegistry.h"
 #include "terminal/Console.h"
+#include "ui/FormWindows.h"
 
 #include <functional>
 #include <memory>
@@ -42,6 +43,8 @@ public:
     void HeadPages(std::function<std::string(std::size_t page)> heading) { m_heading = std::move(heading); }
     /// Lays an option over a stored setting for this run.
     void LaySetting(const Setting& setting, const std::string& value);
+    /// Reads what the settings dialog holds, while it is up on the screen; empty else.
+    [[nodiscard]] const SettingsReader& Reader() const { return m_reader; }
     /// For this run the global page setup is that one.
     void LayGlobalPageSetup(const PageSetupRecord& record);
 
@@ -56,6 +59,7 @@ private:
     std::function<std::string(std::size_t page)> m_heading;
     AttachmentRules m_attachments;
     const ScreenParts* m_screen; ///< null: there is none
+    SettingsReader m_reader;
     SheetWatcher m_watcher;
     std::unique_ptr<IRegistry> m_stored;
     store::OverlayRegistry m_registry;

@@ -9,6 +9,8 @@
 
 namespace sm::beside {
 
+class IPageSource;
+
 struct SheetRow {
     std::string name;
     bool isModel = false;   ///< becomes a page as the current tab alone
@@ -40,6 +42,8 @@ public:
     /// Ticks those that `words`, separated by commas, mean, and no others: names, patterns, ranges, numbers. The
     /// result is that of `Tick`.
     virtual std::string TickMeant(const std::string& words) = 0;
+    /// The page that would come out of the current tab; null: there is no preview. Stays as long as the list.
+    [[nodiscard]] virtual IPageSource* Page() { return nullptr; }
 };
 
 } // namespace sm::beside

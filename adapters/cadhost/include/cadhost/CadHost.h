@@ -16,6 +16,7 @@
 
 namespace sm::cadhost {
 
+class IPageSink;
 class IPointPicker;
 
 struct HostOptions {
@@ -93,6 +94,8 @@ public:
     virtual void Overlay(const std::shared_ptr<IAcadDocument>& document, const DocumentOverlay& overlay) = 0;
     /// Whether plots tell of layers from now on, whatever the options said.
     virtual void KeepLayers(bool keep) = 0;
+    /// Plots draw on `sink` from now on and write no file; null: they write files again. It outlives its use.
+    virtual void PlotTo(IPageSink* sink) = 0;
     /// These take a document of this host.
     virtual DocumentReport Report(const std::shared_ptr<IAcadDocument>& document) = 0;
     /// The layouts that the run shows, in tab order: as the drawing has them, whatever the run configured.

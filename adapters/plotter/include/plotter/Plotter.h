@@ -4,6 +4,8 @@
 #include "plotter/Placement.h"
 #include "render/FrontEnd.h"
 
+#include <atomic>
+
 namespace sm::plotter {
 
 struct PlotJob {
@@ -29,5 +31,17 @@ struct PlottedPage {
 /// Plots to `path`, which appears whole or not at all. Throws PlotError with a line that names file and cause.
 PlottedPage PlotToPostScript(const PlotJob& job, const std::string& path, render::TextEngine& text,
                              render::RenderReport& report);
+
+/// A page as it is read: turned, in millimetres from its lower-left corner.
+struct DrawnPage {
+    Placement placement;
+    double width = 0, height = 0;
+    render::Matrix2 fromSheet; ///< from the sheet as it leaves the plotter
+};
+
+/// Draws on `canvas`, in place of a file, what PlotToPostScript would write. Gives up once `stop` is true, where there
+/// is one. Throws PlotError.
+DrawnPage PlotOnCanvas(const PlotJob& job, render::ICanvas& canvas, render::TextEngine& text,
+                       render::RenderReport& report, const std::atomic<bool>* stop);
 
 } // namespace sm::plotter

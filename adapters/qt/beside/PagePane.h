@@ -1,0 +1,54 @@
+// The page that would come out, drawn anew whenever something in the form changes it.
+#pragma once
+
+#include "beside/PageSource.h"
+#include "view/DrawingView.h"
+
+#include <atomic>
+#include <memory>
+#include <thread>
+
+class QLabel;
+
+namespace sm::qt {
+
+struct DrawnPreview {
+    std::shared_ptr<const LayoutPicture> picture; ///< null: there is no page
+    beside::PreviewPage page;
+};
+
+/// Draws the page that `source` found last. What isn't wanted any more when it is done has no picture.
+DrawnPreview DrawPreview(beside::IPageSource& source, const std::atomic<bool>& stop);
+/// Marks over a page, `map` as the page is shown by.
+void PaintPageMarks(QPainter& painter, const std::vector<beside::PageMark>& marks, const ViewMap& map);
+
+class PagePane final : public QWidget {
+public:
+    /// `source` outlives the pane.
+    explicit PagePane(beside::IPageSource& source);
+    /// Waits for the thread.
+    ~PagePane() override;
+    PagePane(const PagePane&) = delete;
+    PagePane& operator=(const PagePane&) = delete;
+
+    /// Something may have changed.
+    void Renew();
+    [[nodiscard]] bool IsBusy() const { return m_thread.joinable(); }
+    [[nodiscard]] const DrawnPreview& Shown() const { return m_shown; }
+
+private:
+    void Begin();
+    void Take(DrawnPreview drawn);
+    void Stop();
+
+    beside::IPageSource& m_source;
+    DrawingView* m_view;
+    QLabel* m_trouble;
+    DrawnPreview m_shown;
+    double m_size = 0; ///< of the page shown last, square millimetres
+    std::thread m_thread;
+    std::atomic<bool> m_stop = false;
+    bool m_again = false; ///< another page is wanted than the one that is drawn
+};
+
+} // namespace sm::qt

@@ -1,0 +1,190 @@
+// The preview laid beside the PDF's picture: the same page, drawn by somebody else's reader.
+#include "Dispatch.h"
+#include "app/Fixtures.h"
+#include "beside/PagePane.h"
+#include "qt/QtStand.h"
+#include "run/DrawingRun.h"
+#include "run/PagePreview.h"
+#include "run/RunSession.h"
+#include "settings/mdlDataKegIO.h"
+#include "view/ItemPainter.h"
+
+#include <QProcess>
+
+#include <cmath>
+#include <filesystem>
+#include <sstream>
+
+namespace sm::qt {
+namespace {
+
+constexpr double kDotsPerInch = 150;
+constexpr int kInk = 200; // grey below which a pixel counts as ink
+
+struct PreviewCase {
+    const char* name;
+    const char* sample;
+    const char* layout;
+    std::int32_t source;
+    std::vector<std::string> words; ///< of "page-setup", before
+};
+
+const PreviewCase kCases[] = {
+    {"native", "house.dxf", "A-101 Ground Floor", kPageSetupNative, {}},
+    {"model", "house.dxf", "Model", kPageSetupNative, {}},
+    {"global", "house.dxf", "A-201 Section", kPageSetupGlobal, {}},
+    {"flange", "flange.dxf", "", kPageSetupNative, {}},
+    {"site", "site.dxf", "", kPageSetupNative, {}},
+    {"custom",
+     "house.dxf",
+     "A-102 Upper Floor",
+     kPageSetupCustom,
+     {"CanonicalMediaName=ISO_A4_(210.00_x_297.00_MM)", "StyleSheet=monochrome.ctb", "PlotWithPlotStyles=1",
+      "PlotType=1"}},
+    {"turned", "house.dxf", "A-201 Section", kPageSetupCustom, {"PlotRotation=1", "PlotType=1"}},
+};
+
+class PreviewBeside : public testing::TestWithParam<PreviewCase> {
+protected:
+    void SetUp() override
+    {
+        TheScreen();
+        drawing = machine.In(GetParam().sample);
+        std::filesystem::copy_file(std::string(SM_SOURCE_DIR) + "/samples/" + GetParam().sample, drawing);
+        install = machine.Here();
+        install.places.shareFolder = SM_SOURCE_DIR "/share/sheetmaker-pdf";
+        install.environment = [before = install.environment](const std::string& name) {
+            const char* const path = std::getenv("PATH");
+            return name == "PATH" && path != nullptr ? std::optional<std::string>(path) : before(name);
+        };
+        layout = GetParam().layout;
+        std::vector<std::string> words{"page-setup", drawing};
+        for (const std::string& word : GetParam().words)
+            words.insert(words.end(), {"--set", word});
+        std::ostringstream said;
+        if (words.size() > 2)
+            EXPECT_EQ(app::RunProgram(words, install, said, said), 0) << said.str();
+    }
+
+    /// What the dialog would hold of the drawing as it is.
+    app::PreviewWish Wish()
+    {
+        std::ostringstream said;
+        terminal::Console console(said, false);
+        app::DrawingReport report;
+        app::DrawingTask task;
+        task.drawing = drawing;
+        task.options.asSet = true;
+        app::RunSession session(task, install, console, report);
+        session.Open(drawing);
+        if (layout.empty())
+            layout = session.PagesByDefault().front();
+        session.Activate(layout);
+        app::PreviewWish wish{layout, {}};
+        EXPECT_EQ(LoadForDialog(session.Context(), *session.Document(), wish.keg), 0);
+        wish.keg.PageSetupSelected = GetParam().source;
+        return wish;
+    }
+
+    QImage Preview()
+    {
+        const app::PreviewWish wish = Wish();
+        app::PagePreview source(drawing, install, [&] { return std::optional(wish); });
+        EXPECT_TRUE(source.Renew());
+        EXPECT_FALSE(source.Renew()) << "nothing has changed";
+        const std::atomic<bool> stop = false;
+        const DrawnPreview drawn = DrawPreview(source, stop);
+        EXPECT_EQ(drawn.page.trouble, "");
+        if (drawn.picture == nullptr)
+            return {};
+        const auto pixels = [](double millimetres) {
+            return static_cast<int>(std::lround(millimetres / 25.4 * kDotsPerInch));
+        };
+        QImage image(pixels(drawn.page.width), pixels(drawn.page.height), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        const ViewMap map{
+            {drawn.page.width / 2, drawn.page.height / 2}, kDotsPerInch / 25.4, image.width(), image.height()};
+        PaintCache cache;
+        PaintPicture(*drawn.picture, map, image, image.rect(), cache, [] { return true; });
+        return image;
+    }
+
+    QImage Pdf()
+    {
+        app::DrawingTask task;
+        task.drawing = drawing;
+        task.savePath = machine.In("page.pdf");
+        task.options.layoutNames = {layout};
+        task.options.pageSetupSource = GetParam().source;
+        std::ostringstream said;
+        terminal::Console console(said, false);
+        const app::DrawingReport report = app::ConvertDrawing(task, install, console);
+        EXPECT_EQ(report.failure, "");
+        QProcess::execute("pdftoppm",
+                          {"-r", QString::number(kDotsPerInch), "-png", "-singlefile",
+                           QString::fromStdString(*task.savePath), QString::fromStdString(machine.In("page"))});
+        return QImage(QString::fromStdString(machine.In("page.png")));
+    }
+
+    app::Machine machine;
+    app::Install install;
+    std::string drawing, layout;
+};
+
+bool HasInk(const QImage& image, int x, int y)
+{
+    return image.valid(x, y) && qGray(image.pixel(x, y)) < kInk;
+}
+
+bool HasInkNear(const QImage& image, int x, int y)
+{
+    for (int dy = -1; dy <= 1; ++dy)
+        for (int dx = -1; dx <= 1; ++dx)
+            if (HasInk(image, x + dx, y + dy))
+                return true;
+    return false;
+}
+
+/// The edge of the paper is drawn on the screen alone.
+constexpr int kEdge = 2;
+
+/// Pixels of ink, and how many of them have none within a pixel in the other picture.
+std::pair<int, int> Alone(const QImage& image, const QImage& other)
+{
+    int ink = 0, alone = 0;
+    for (int y = kEdge; y < image.height() - kEdge; ++y)
+        for (int x = kEdge; x < image.width() - kEdge; ++x)
+            if (HasInk(image, x, y)) {
+                ++ink;
+                alone += HasInkNear(other, x, y) ? 0 : 1;
+            }
+    return {ink, alone};
+}
+
+TEST_P(PreviewBeside, ShowsThePageOfThePdf)
+{
+    const QImage preview = Preview();
+    const QImage pdf = Pdf();
+    ASSERT_FALSE(preview.isNull());
+    ASSERT_FALSE(pdf.isNull());
+    preview.save(QStringLiteral(SM_SCREENS "/preview-%1.png").arg(QString::fromUtf8(GetParam().name)));
+    pdf.save(QStringLiteral(SM_SCREENS "/preview-%1-pdf.png").arg(QString::fromUtf8(GetParam().name)));
+    EXPECT_LE(std::abs(preview.width() - pdf.width()), 1);
+    EXPECT_LE(std::abs(preview.height() - pdf.height()), 1);
+    const auto [ours, oursAlone] = Alone(preview, pdf);
+    const auto [theirs, theirsAlone] = Alone(pdf, preview);
+    EXPECT_GT(ours, 500);
+    EXPECT_LE(oursAlone, ours * 0.005) << ours;
+    EXPECT_LE(theirsAlone, theirs * 0.005) << theirs;
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, PreviewBeside, testing::ValuesIn(kCases),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+void PrintTo(const PreviewCase& row, std::ostream* out)
+{
+    *out << row.name;
+}
+
+} // namespace
+} // namespace sm::qt
