@@ -24,12 +24,34 @@ endfunction()
 # itself alone.
 option(SM_UNITY "Compile a room's sources together" OFF)
 
+# What one system alone has lies in folders that are named after it.
+if(WIN32)
+    set(SM_OTHER_SYSTEMS "(^|/)(posix|sqlite)/") # settings lie in the registry there
+else()
+    set(SM_OTHER_SYSTEMS "(^|/)windows/")
+endif()
+
+# room_sources(<variable> <folder>): the sources in it that are for this system
+function(room_sources variable folder)
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS RELATIVE ${folder} ${folder}/*.cpp)
+    list(FILTER sources EXCLUDE REGEX ${SM_OTHER_SYSTEMS})
+    list(TRANSFORM sources PREPEND ${folder}/)
+    if(WIN32) # the system's headers are full of macros
+        foreach(source ${sources})
+            if(source MATCHES "/windows/[^/]*$")
+                set_source_files_properties(${source} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+            endif()
+        endforeach()
+    endif()
+    set(${variable} ${sources} PARENT_SCOPE)
+endfunction()
+
 # A room is a folder of the house: one static library from every source in it, or headers alone. Its public headers lie
 # in <folder>/include; what lies beside that folder is seen by the room itself and its own tests.
 #   add_room(<target> <folder> [<linked target>...])
 function(add_room target folder)
     set(inside ${CMAKE_SOURCE_DIR}/${folder})
-    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${inside}/*.cpp)
+    room_sources(sources ${inside})
     if(sources)
         add_library(${target} STATIC ${sources})
         target_link_libraries(${target} PUBLIC ${ARGN})

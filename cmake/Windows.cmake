@@ -14,6 +14,15 @@ target_compile_options(windows PRIVATE ${SM_WARNINGS})
 target_include_directories(windows PUBLIC ${CMAKE_SOURCE_DIR}/adapters)
 add_subdirectory(adapters/windows/server)
 
+# The program, where its libraries are.
+set(SM_WINDOWS_LIBRARIES ${CMAKE_SOURCE_DIR}/build/windows-libraries/${SM_MACHINE} CACHE PATH
+    "What packaging/windows/build-libraries made; without it the component is built alone")
+set(SM_PROGRAM OFF)
+if(EXISTS ${SM_WINDOWS_LIBRARIES}/key AND SM_MACHINE STREQUAL "x86_64")
+    set(SM_PROGRAM ON)
+    include(cmake/WindowsProgram.cmake)
+endif()
+
 # What is handed out: an installer, and a zip of the same files.
 set(component $<TARGET_FILE:TwAcadPdf>)
 set(share ${CMAKE_SOURCE_DIR}/share/sheetmaker-pdf)

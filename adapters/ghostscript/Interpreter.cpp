@@ -25,11 +25,6 @@ std::vector<std::string> Environment()
 
 } // namespace
 
-std::string FindInterpreter(const std::string& program)
-{
-    return base::FindProgram(program);
-}
-
 base::ChildResult RunInterpreter(const InterpreterRun& run)
 {
     std::error_code error;
@@ -46,13 +41,6 @@ base::ChildResult RunInterpreter(const InterpreterRun& run)
     command.keptLines = run.keptLines;
     command.limits = run.limits;
     return base::RunChild(command);
-}
-
-std::string LinkInput(const std::string& folder, const std::string& name, const std::string& path)
-{
-    std::error_code error;
-    fs::create_symlink(fs::absolute(base::ToPath(path), error), base::ToPath(folder) / base::ToPath(name), error);
-    return error ? error.message() : "";
 }
 
 } // namespace sm::ghostscript

@@ -1,7 +1,8 @@
 #include "system/SystemPorts.h"
 
+#include "base/process/ThisProcess.h"
+
 #include <charconv>
-#include <cstdlib>
 #include <ctime>
 
 namespace sm::system {
@@ -15,11 +16,10 @@ public:
     {
         if (m_fixed)
             return LocalDateTime(std::chrono::seconds(*m_fixed));
-        const std::time_t now = std::time(nullptr);
-        std::tm local{};
-        if (!localtime_r(&now, &local))
-            return LocalDateTime(std::chrono::seconds(now));
-        return LocalDateTime(std::chrono::seconds(now + local.tm_gmtoff));
+        const std::tm now = base::LocalTime(std::time(nullptr));
+        const std::chrono::local_days day(std::chrono::year(now.tm_year + 1900) / (now.tm_mon + 1) / now.tm_mday);
+        return day + std::chrono::hours(now.tm_hour) + std::chrono::minutes(now.tm_min) +
+               std::chrono::seconds(now.tm_sec);
     }
 
 private:
@@ -42,10 +42,8 @@ std::optional<std::int64_t> BuildDate(const Environment& environment)
 std::unique_ptr<IClock> CreateClock(const Environment& environment)
 {
     const std::optional<std::int64_t> fixed = BuildDate(environment);
-    if (fixed) { // dates are written with the offset of the time zone
-        setenv("TZ", "UTC0", 1);
-        tzset();
-    }
+    if (fixed) // dates are written with the offset of the time zone
+        base::LiveInUtc();
     return std::make_unique<Clock>(fixed);
 }
 

@@ -34,15 +34,7 @@ std::filesystem::path ShareFolder(const Environment& environment, const std::fil
 
 Places FindPlaces(const Environment& environment, const std::filesystem::path& executable)
 {
-    return {base::SettingsFolder(environment),
-            base::UserFolder(environment, "XDG_STATE_HOME", ".local/state") / kFolderName,
-            ShareFolder(environment, executable)};
-}
-
-std::filesystem::path ExecutablePath()
-{
-    std::error_code unknown;
-    return std::filesystem::read_symlink("/proc/self/exe", unknown);
+    return {base::SettingsFolder(environment), base::StateFolder(environment), ShareFolder(environment, executable)};
 }
 
 } // namespace sm::system

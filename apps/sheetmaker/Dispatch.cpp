@@ -10,15 +10,17 @@
 #include "commands/PublishCommand.h"
 #include "commands/ReportCommand.h"
 #include "commands/SettingCommands.h"
+#include "commands/WorkerCommand.h"
 #include "machine/Version.h"
 #include "records/AttachCommand.h"
 #include "records/PageSetupEdit.h"
 #include "records/SignCommand.h"
 #include "records/StampCommand.h"
 #include "run/DrawingRun.h"
+#include "workers/TaskText.h"
 #include "workers/WindowsProgram.h"
 
-#include <ostream>
+#include <iostream>
 
 namespace sm::app {
 namespace {
@@ -80,11 +82,18 @@ private:
     const ShowWindows& m_showWindows;
 };
 
+bool HasWorkers(const Job& job)
+{
+    return std::holds_alternative<ConvertJob>(job) || std::holds_alternative<PublishJob>(job);
+}
+
 } // namespace
 
-int RunProgram(const std::vector<std::string>& words, const Install& install, std::ostream& out, std::ostream& err,
+int RunProgram(const std::vector<std::string>& given, const Install& install, std::ostream& out, std::ostream& err,
                const ShowWindows& showWindows)
 {
+    const bool isWorker = !given.empty() && given.front() == kWorkerWord;
+    const std::vector<std::string> words(given.begin() + (isWorker ? 1 : 0), given.end());
     const ParsedCommand parsed = ParseCommandLine(words, VersionLine(install.version, Commit()));
     out << parsed.output;
     err << parsed.error;
@@ -93,6 +102,8 @@ int RunProgram(const std::vector<std::string>& words, const Install& install, st
         forThisRun.dwgConverter = parsed.dwgConverter;
     if (!parsed.job)
         return parsed.exitCode;
+    if (isWorker)
+        return HasWorkers(*parsed.job) ? RunWorker(*parsed.job, forThisRun, std::cin, out, err) : kExitUsage;
     const ShowWindows become = [&](const Job&, const Install& here) {
         out << std::flush;
         return BecomeWindowsProgram(words, here, err);

@@ -1,7 +1,7 @@
 #include "Dispatch.h"
+#include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
 
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -35,9 +35,7 @@ void OnTerminate()
 
 int main(int argc, char** argv)
 {
-    // A reader that went away (| head) must not end a run in the middle of its cleaning up.
-    std::signal(SIGPIPE, SIG_IGN);
-    std::signal(SIGXFSZ, SIG_IGN); // a file over the size limit is an error of the write, told like a full disk
+    sm::base::PrepareProcess();
     try {
         const int code = sm::app::RunProgram({argv + 1, argv + argc}, sm::app::ThisInstall(), std::cout, std::cerr);
         std::cout << std::flush;

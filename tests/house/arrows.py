@@ -13,7 +13,17 @@ PLUGIN = {"ports", "settings", "plotting", "annotations", "hostobjects", "ui", "
 # from the lowest up, each with the sub-rooms that it may include besides itself and the room's public headers.
 # "" is the room's own folder, "*" any sub-room. Every room may include base, the lowest.
 ROOMS = {
-    "base": ((), {"text": (), "files": (), "process": ("files",)}),
+    "base": ((), {
+        "text": (),
+        "text/posix": (),
+        "text/windows": (),
+        "files": (),
+        "files/posix": ("files",),
+        "files/windows": ("files",),
+        "process": ("files",),
+        "process/posix": ("process", "files/posix"),
+        "process/windows": ("process",),
+    }),
     "ondemand": ((), {"": ()}),
     "prologue": ((), {}),
     "drawing": (("ports",), {
@@ -42,8 +52,14 @@ ROOMS = {
         "geometry": (),
         "shapes": (),
         "fonts": ("shapes",),
+        "fonts/posix": ("fonts",),
+        "fonts/windows": ("fonts",),
         "text": ("fonts",),
+        "text/posix": ("text",),
+        "text/windows": ("text",),
         "images": (),
+        "images/posix": ("images",),
+        "images/windows": ("images",),
         "ole": ("images",),
         "ink": ("geometry",),
         "plotstyle": ("ink",),
@@ -60,7 +76,7 @@ ROOMS = {
         "objects": ("*",),
     }),
     "beside": (("render", "ports"), {}),
-    "ghostscript": ((), {"": ()}),
+    "ghostscript": ((), {"": (), "posix": (), "windows": ()}),
     "publisher": (("prologue", "ghostscript", "ports"), {
         "pdf": (),
         "joboptions": ("pdf",),
@@ -71,8 +87,8 @@ ROOMS = {
         "dialect": ("pdf", "fonts", "marks", "pages"),
         "document": ("*",),
     }),
-    "store": (("ports",), {"database": ()}),
-    "system": (("ports",), {"": ()}),
+    "store": (("ports",), {"database": (), "sqlite": ("database",)}),
+    "system": (("ports",), {"": (), "posix": ("",), "windows": ("",)}),
     "terminal": (("ports",), {"": ()}),
     "qt": (("beside", "cadhost", "render", "drawing", "ports"), {
         "picture": (),
@@ -104,10 +120,16 @@ PROGRAMS = {
         "machine": (),
         "layouts": ("commandline",),
         "run": ("commandline", "preferences", "report", "machine", "layouts"),
+        "machine/posix": ("machine",),
+        "machine/windows": ("machine",),
         "workers": ("commandline", "machine", "report", "run"),
+        "workers/posix": ("workers", "commandline", "run"),
+        "workers/windows": ("workers", "commandline", "run"),
         "records": ("commandline", "preferences", "machine", "run", "layouts"),
         "commands": ("*",),
-        "windows": ("*",),
+        "commands/posix": ("*",),
+        "commands/windows": ("*",),
+        "qt": ("*",),
         "pages": ("commandline", "preferences"),
         "": ("*",),
     },
@@ -129,8 +151,14 @@ def room_of(name):
     return "src" if parts[0] == "src" else "/".join(parts[:2])
 
 
+# What the programs wire of the component's room, which has no folder of public headers.
+WIRED = {"adapters/windows/system/WindowsSystem.h", "adapters/windows/forms/Win32Toolkit.h"}
+
+
 def sub_room_of(name):
     """"*" for public headers, "" for the room's own folder."""
+    if name in WIRED:
+        return "*"
     parts = name.split("/")
     return "*" if parts[2] == "include" else "/".join(parts[2:-1])
 

@@ -34,7 +34,7 @@ def qt_folders():
 def compile_alone(source, name):
     folders = ["-Isrc", "-Itests", *sorted("-I" + folder for folder in glob.glob("adapters/*/include", root_dir=source)),
                "-I" + room_of(name), *(["-Iadapters"] if name.startswith("adapters/windows/") else [])]
-    if name.startswith("adapters/windows/"):
+    if name.startswith("adapters/windows/") or "/windows/" in name:
         command = ["x86_64-w64-mingw32-g++-posix", "-DUNICODE", "-DNOMINMAX", *folders]
     else:
         command = ["g++", *folders, "-I/usr/include/freetype2", "-I/usr/include/harfbuzz", *qt_folders()]

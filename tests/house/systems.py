@@ -10,9 +10,8 @@ from sources import INCLUDE, STANDARD, files, read
 
 # Rooms that may include the system's headers and call its functions.
 KNOW_THE_SYSTEM = ("adapters/base/", "adapters/system/", "adapters/store/", "adapters/qt/", "adapters/windows/")
-# The processes of the workers are forks of this one; another system needs another worker altogether.
-FORKS = {"apps/sheetmaker/workers/Worker.h", "apps/sheetmaker/workers/Worker.cpp", "apps/sheetmaker/workers/WorkerLimits.cpp",
-         "apps/sheetmaker/workers/WorkerPool.cpp"}
+# The processes of the workers are forks of this one on one system, and programs of their own on the other.
+WORKERS = ("apps/sheetmaker/workers/posix/", "apps/sheetmaker/workers/windows/")
 
 HEADERS = re.compile(r"^(sys|net|netinet|arpa|linux)/|^(unistd|fcntl|dirent|pwd|grp|poll|spawn|dlfcn|signal|strings|langinfo|"
                      r"iconv|locale|termios|netdb|pthread|sched|glob|fnmatch|wordexp|libgen|syslog|ftw|nl_types|utime|"
@@ -110,7 +109,7 @@ def faults_of_paths(name, text):
 def check_platform(source):
     for name in files(source, ["src", "adapters", "apps"], (".h", ".cpp")):
         text = read(source, name)
-        if not name.startswith(KNOW_THE_SYSTEM) and name not in FORKS:
+        if not name.startswith((*KNOW_THE_SYSTEM, *WORKERS)):
             yield from faults_of_system(name, text)
         if name.startswith(PATHS_IN) and not name.startswith((MAKES_PATHS, "adapters/windows/")):
             yield from faults_of_paths(name, text)

@@ -1,7 +1,7 @@
 // Many processes on one settings file, one of them killed in the midst of its work.
 #include "TemporaryFolder.h"
-#include "database/DamagedFile.h"
 #include "doubles/RegistryAccess.h"
+#include "sqlite/DamagedFile.h"
 #include "store/SqliteRegistry.h"
 
 #include <csignal>

@@ -3,6 +3,7 @@
 #include "TemporaryFolder.h"
 #include "doubles/MemoryRegistry.h"
 #include "store/OverlayRegistry.h"
+#include "store/RegistryOverFacts.h"
 #include "store/SqliteRegistry.h"
 
 namespace sm {
@@ -39,6 +40,10 @@ const RegistryKind kKinds[] = {
     {"OverlayOnSqlite", On([](Stand& stand) {
          stand.below = Sqlite(stand);
          stand.registry = std::make_unique<store::OverlayRegistry>(*stand.below);
+     })},
+    {"OverFacts", On([](Stand& stand) {
+         stand.below = std::make_unique<MemoryRegistry>();
+         stand.registry = std::make_unique<store::RegistryOverFacts>(*stand.below, "Software", store::ValueTable());
      })},
     {"OverlayThatKeepsWrites", On([](Stand& stand) {
          stand.below = Sqlite(stand);

@@ -14,7 +14,7 @@ std::filesystem::path ToPath(std::string_view utf8)
 std::string ToText(const std::filesystem::path& path)
 {
 #ifdef _WIN32
-    const std::u8string text = path.u8string();
+    const std::u8string text = path.generic_u8string();
     return {text.begin(), text.end()};
 #else
     return path.native();

@@ -50,6 +50,15 @@ std::optional<NamedPath> Parse(std::string name)
     return path.parts.empty() || path.parts.size() > kMostParts ? std::nullopt : std::optional(std::move(path));
 }
 
+/// "C:/" where drives have letters. A share of another machine is never asked: whoever made the drawing would learn
+/// who opens it.
+fs::path DriveOf(const std::string& name)
+{
+    const fs::path path = base::ToPath(name);
+    const bool drive = path.has_root_name() && path.root_name().native().size() == 2;
+    return drive && path.is_absolute() ? path.root_path() : fs::path();
+}
+
 bool IsOfTheSystem(const fs::path& path)
 {
     constexpr std::array kFolders{"/dev/", "/proc/", "/sys/", "/net/"};
@@ -111,7 +120,9 @@ std::string FindReferenced(const std::string& name, const SearchPlaces& places)
     if (!path) {
         return {};
     }
-    std::string found = path->rooted ? FileBelow("/", path->parts, 0) : std::string();
+    const fs::path root = DriveOf(name);
+    std::string found =
+        path->rooted || !root.empty() ? FileBelow(root.empty() ? "/" : root, path->parts, 0) : std::string();
     if (found.empty()) {
         found = FileInPlace(places.folder, *path);
     }

@@ -1,3 +1,4 @@
+#include "base/files/Paths.h"
 #include "page/PenRoom.h"
 #include "plotter/Plotter.h"
 #include "postscript/PsDocument.h"
@@ -12,7 +13,7 @@ using drawing::PlotSettings;
 
 std::string FolderOf(const std::string& path)
 {
-    const std::size_t slash = path.rfind('/');
+    const std::size_t slash = path.find_last_of(base::kSeparators);
     return slash == std::string::npos ? "." : path.substr(0, slash + 1);
 }
 

@@ -4,6 +4,8 @@
 #include "base/text/Utf8.h"
 
 #include <algorithm>
+#include <chrono>
+#include <cstdint>
 #include <ctime>
 #include <fmt/format.h>
 
@@ -13,7 +15,7 @@ namespace {
 
 struct DateParts {
     int year, month, day, hour, minute, second;
-    long offsetMinutes;
+    std::int64_t offsetMinutes;
 };
 
 DateParts PartsOf(LocalDateTime time)
@@ -36,8 +38,10 @@ DateParts PartsOf(LocalDateTime time)
     local.tm_min = parts.minute;
     local.tm_sec = parts.second;
     local.tm_isdst = -1;
-    if (std::mktime(&local) != -1) {
-        parts.offsetMinutes = local.tm_gmtoff / 60;
+    const std::time_t universal = std::mktime(&local);
+    if (universal != -1) {
+        const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(time.time_since_epoch()).count();
+        parts.offsetMinutes = (seconds - universal) / 60;
     }
     return parts;
 }
@@ -136,7 +140,7 @@ constexpr const char* kPacketEnd = " </rdf:RDF>\n</x:xmpmeta>\n<?xpacket end=\"r
 std::string PdfDate(LocalDateTime time)
 {
     const DateParts p = PartsOf(time);
-    const long minutes = p.offsetMinutes < 0 ? -p.offsetMinutes : p.offsetMinutes;
+    const std::int64_t minutes = p.offsetMinutes < 0 ? -p.offsetMinutes : p.offsetMinutes;
     return fmt::format("D:{:04}{:02}{:02}{:02}{:02}{:02}{}{:02}'{:02}'", p.year, p.month, p.day, p.hour, p.minute,
                        p.second, p.offsetMinutes < 0 ? '-' : '+', minutes / 60, minutes % 60);
 }
@@ -144,7 +148,7 @@ std::string PdfDate(LocalDateTime time)
 std::string XmpDate(LocalDateTime time)
 {
     const DateParts p = PartsOf(time);
-    const long minutes = p.offsetMinutes < 0 ? -p.offsetMinutes : p.offsetMinutes;
+    const std::int64_t minutes = p.offsetMinutes < 0 ? -p.offsetMinutes : p.offsetMinutes;
     return fmt::format("{:04}-{:02}-{:02}T{:02}:{:02}:{:02}{}{:02}:{:02}", p.year, p.month, p.day, p.hour, p.minute,
                        p.second, p.offsetMinutes < 0 ? '-' : '+', minutes / 60, minutes % 60);
 }

@@ -33,7 +33,7 @@ std::string WithPdfExtension(std::string name)
 bool IsFolder(const std::string& path)
 {
     std::error_code error;
-    return path.ends_with('/') || std::filesystem::is_directory(base::ToPath(path), error);
+    return base::EndsInSeparator(path) || std::filesystem::is_directory(base::ToPath(path), error);
 }
 
 Message FolderMessage(const std::string& path, const std::string& title)

@@ -6,33 +6,10 @@
 #include "base/text/Names.h"
 
 #include <filesystem>
-#include <fontconfig/fontconfig.h>
-#include <memory>
 
 namespace sm::render {
 
 namespace {
-
-struct PatternEnd {
-    void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
-};
-
-using Pattern = std::unique_ptr<FcPattern, PatternEnd>;
-
-std::optional<FontPlace> Match(FcPattern* wanted)
-{
-    FcConfigSubstitute(nullptr, wanted, FcMatchPattern);
-    FcDefaultSubstitute(wanted);
-    FcResult result = FcResultMatch;
-    const Pattern found(FcFontMatch(nullptr, wanted, &result));
-    FcChar8* file = nullptr;
-    int index = 0;
-    if (!found || FcPatternGetString(found.get(), FC_FILE, 0, &file) != FcResultMatch) {
-        return std::nullopt;
-    }
-    FcPatternGetInteger(found.get(), FC_INDEX, 0, &index);
-    return FontPlace{reinterpret_cast<const char*>(file), index & 0xFFFF};
-}
 
 bool IsFontFile(const std::string& lowered)
 {
@@ -75,10 +52,7 @@ struct MachineFonts {
 MachineFonts ScanMachine()
 {
     MachineFonts fonts;
-    for (const std::filesystem::path& folder :
-         {base::UserFolder(base::Variable, "XDG_DATA_HOME", ".local/share") / "fonts",
-          base::HomeFolder(base::Variable) / ".fonts", base::ToPath("/usr/local/share/fonts"),
-          base::ToPath("/usr/share/fonts"), base::ToPath("/usr/share/librecad/fonts")}) {
+    for (const std::filesystem::path& folder : base::FontFolders(base::Variable)) {
         ScanFolder(folder, fonts.files, fonts.troubles);
     }
     return fonts;
@@ -95,7 +69,7 @@ const MachineFonts& OfMachine()
 void FontFolders::Prepare()
 {
     OfMachine();
-    FcInit();
+    PrepareMachineFonts();
 }
 
 void FontFolders::Scan()
@@ -161,23 +135,12 @@ const std::string* FontFolders::Named(std::string_view fileName, const std::stri
 
 std::optional<FontPlace> FontFolders::ForFamily(const std::string& family, bool bold, bool italic) const
 {
-    const Pattern wanted(FcPatternCreate());
-    FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family.c_str()));
-    FcPatternAddInteger(wanted.get(), FC_WEIGHT, bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
-    FcPatternAddInteger(wanted.get(), FC_SLANT, italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN);
-    FcPatternAddBool(wanted.get(), FC_SCALABLE, FcTrue);
-    return Match(wanted.get());
+    return MachineFontOfFamily(family, bold, italic);
 }
 
 std::optional<FontPlace> FontFolders::ForCharacter(char32_t character) const
 {
-    FcCharSet* characters = FcCharSetCreate();
-    FcCharSetAddChar(characters, character);
-    const Pattern wanted(FcPatternCreate());
-    FcPatternAddCharSet(wanted.get(), FC_CHARSET, characters);
-    FcPatternAddBool(wanted.get(), FC_SCALABLE, FcTrue);
-    FcCharSetDestroy(characters);
-    return Match(wanted.get());
+    return MachineFontWith(character);
 }
 
 } // namespace sm::render

@@ -1,6 +1,8 @@
 // The font files of this machine: by file name from the usual folders, by family from fontconfig.
 #pragma once
 
+#include "fonts/MachineFonts.h"
+
 #include <map>
 #include <optional>
 #include <string>
@@ -9,10 +11,6 @@
 
 namespace sm::render {
 
-struct FontPlace {
-    std::string path;
-    int index = 0; ///< within a collection
-};
 /// The font folders in it.
 inline std::vector<std::string> UserFontFolders(const std::string& userFolder)
 {

@@ -1,6 +1,7 @@
 // Names of font files.
 #pragma once
 
+#include "base/files/Paths.h"
 #include "base/text/Names.h"
 
 #include <string>
@@ -17,7 +18,7 @@ inline std::string FileNameOf(const std::string& path)
 /// With its slash; "./" for a bare name, empty for an empty one.
 inline std::string FolderOf(const std::string& path)
 {
-    const std::size_t slash = path.rfind('/');
+    const std::size_t slash = path.find_last_of(base::kSeparators);
     return path.empty() ? std::string() : slash == std::string::npos ? "./" : path.substr(0, slash + 1);
 }
 

@@ -17,7 +17,7 @@ constexpr double kCapital = 9; // font units
 /// A file's name as fonts are named: letters, digits and hyphens.
 std::string SafeName(const std::string& path)
 {
-    const std::size_t slash = path.rfind('/');
+    const std::size_t slash = path.find_last_of(base::kSeparators);
     std::string name;
     for (const char c : path.substr(slash == std::string::npos ? 0 : slash + 1)) {
         const bool kept = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-';

@@ -1,6 +1,5 @@
 #include "text/BidiRuns.h"
 
-#include "base/process/SharedLibrary.h"
 #include "base/text/Utf8.h"
 #include "fonts/Unicode.h"
 
@@ -9,29 +8,6 @@
 namespace sm::render {
 
 namespace {
-
-/// What is used of FriBidi's interface 0; the library is loaded with the first text that needs it.
-struct FriBidi {
-    using Level = signed char;
-    static constexpr std::uint32_t kNoDirection = 0x40; ///< of a paragraph: its first strong character counts
-    void (*types)(const std::uint32_t* text, int length, std::uint32_t* types);
-    void (*brackets)(const std::uint32_t* text, int length, const std::uint32_t* types, std::uint32_t* brackets);
-    Level (*levels)(const std::uint32_t* types, const std::uint32_t* brackets, int length, std::uint32_t* direction,
-                    Level* levels);
-
-    static const FriBidi& Loaded()
-    {
-        static const FriBidi kLoaded = [] {
-            const base::SharedLibrary library("libfribidi.so.0");
-            FriBidi found{};
-            library.Find(found.types, "fribidi_get_bidi_types");
-            library.Find(found.brackets, "fribidi_get_bracket_types");
-            library.Find(found.levels, "fribidi_get_par_embedding_levels_ex");
-            return found;
-        }();
-        return kLoaded;
-    }
-};
 
 struct LeveledRun {
     BidiRun run;

@@ -167,22 +167,6 @@ private:
         return tasks;
     }
 
-    /// The work on a drawing, unless its PDF can't be written.
-    static WorkerWork Refusing(const WorkerWork& work)
-    {
-        return [&work](const DrawingTask& task, terminal::Console& console) {
-            const std::string beside = StripExtension(task.drawing) + ".pdf";
-            const std::string trouble = TargetTrouble(task.savePath.value_or(beside));
-            if (trouble.empty())
-                return work(task, console);
-            DrawingReport report;
-            report.drawing = task.drawing;
-            report.exitCode = kExitFailed;
-            report.failure = trouble;
-            return report;
-        };
-    }
-
     PoolCallbacks Callbacks(ReportWriter& writer, const StandardStreams& streams)
     {
         PoolCallbacks callbacks;
@@ -218,6 +202,21 @@ private:
 };
 
 } // namespace
+
+WorkerWork Refusing(const WorkerWork& work)
+{
+    return [work](const DrawingTask& task, terminal::Console& console) {
+        const std::string beside = StripExtension(task.drawing) + ".pdf";
+        const std::string trouble = TargetTrouble(task.savePath.value_or(beside));
+        if (trouble.empty())
+            return work(task, console);
+        DrawingReport report;
+        report.drawing = task.drawing;
+        report.exitCode = kExitFailed;
+        report.failure = trouble;
+        return report;
+    };
+}
 
 int RunConvert(const ConvertJob& job, const Install& install, const WorkerWork& work, std::ostream& out,
                std::ostream& err)

@@ -9,6 +9,9 @@
 
 namespace sm::app {
 
+/// The work on a drawing, unless its PDF can't be written.
+WorkerWork Refusing(const WorkerWork& work);
+
 /// Results go to `out`, everything else to `err`. `work` converts one drawing in its own process. Returns the exit
 /// code.
 int RunConvert(const ConvertJob& job, const Install& install, const WorkerWork& work, std::ostream& out,

@@ -1,21 +1,13 @@
 // "doctor": what a conversion needs, whether it is there, and the command that mends what isn't.
 #pragma once
 
-#include "machine/Install.h"
+#include "commands/SystemFindings.h"
 
 #include <iosfwd>
 #include <string>
 #include <vector>
 
 namespace sm::app {
-
-struct Finding {
-    enum class State { Good, Optional, Missing };
-    State state = State::Good;
-    std::string what;   ///< "Ghostscript"
-    std::string detail; ///< what was found, or what is wrong
-    std::string remedy; ///< the command or deed that mends it; empty when nothing has to be
-};
 
 std::vector<Finding> Examine(const Install& install);
 

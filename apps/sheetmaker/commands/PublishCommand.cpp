@@ -18,19 +18,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<SetPart> Parts(const PublishJob& job)
-{
-    std::vector<SetPart> parts;
-    for (const std::string& sheet : job.sheets)
-        parts.push_back(ParseSetPart(sheet));
-    return parts;
-}
-
 /// Where the PDF goes; it may overwrite none of the drawings.
 PlannedDrawing PlanSet(const std::string& output, const std::vector<SetPart>& parts)
 {
     std::error_code unreadable;
-    if (output.ends_with('/') || fs::is_directory(base::ToPath(output), unreadable))
+    if (base::EndsInSeparator(output) || fs::is_directory(base::ToPath(output), unreadable))
         throw Refusal{kExitUsage, output + " is a folder; -o takes the name of the PDF"};
     PlannedDrawing planned;
     for (const SetPart& part : parts) {
@@ -54,7 +46,7 @@ public:
     {
         NeedTools(m_install);
         NeedSettings(m_install, m_err);
-        const std::vector<SetPart> parts = Parts(m_job);
+        const std::vector<SetPart> parts = PartsOf(m_job);
         const PlannedDrawing planned = PlanSet(m_job.output, parts);
         MakeFolderOf(planned.pdfPath);
         SetLog log(m_install.places.stateFolder);
@@ -113,6 +105,14 @@ SetPart ParseSetPart(const std::string& text)
     if (colon == std::string::npos || fs::exists(base::ToPath(text), unreadable))
         return {text, std::nullopt};
     return {text.substr(0, colon), text.substr(colon + 1)};
+}
+
+std::vector<SetPart> PartsOf(const PublishJob& job)
+{
+    std::vector<SetPart> parts;
+    for (const std::string& sheet : job.sheets)
+        parts.push_back(ParseSetPart(sheet));
+    return parts;
 }
 
 int RunPublish(const PublishJob& job, const Install& install, std::ostream& out, std::ostream& err)

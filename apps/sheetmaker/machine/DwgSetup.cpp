@@ -1,6 +1,7 @@
 #include "machine/DwgSetup.h"
 
 #include "base/files/Paths.h"
+#include "base/files/UserFolders.h"
 #include "machine/UnderlayPages.h"
 #include "settings/mdlWinReg.h"
 
@@ -14,18 +15,15 @@ namespace fs = std::filesystem;
 /// Where the converter's package goes when the share folder may not be written.
 fs::path CacheFolder(const Install& install)
 {
-    const std::string given = install.environment("XDG_CACHE_HOME").value_or("");
-    if (given.starts_with('/'))
-        return base::ToPath(given) / "sheetmaker-pdf" / "dwg";
-    return base::ToPath(install.environment("HOME").value_or("/nonexistent")) / ".cache" / "sheetmaker-pdf" / "dwg";
+    return base::UserFolder(install.environment, "XDG_CACHE_HOME", ".cache") / "sheetmaker-pdf" / "dwg";
 }
 
-/// Folders of the search path for files that drawings refer to, with colons between them.
+/// Folders of the search path for files that drawings refer to, divided as those of PATH are.
 std::vector<std::string> SupportFolders(const Install& install)
 {
     std::vector<std::string> folders;
     std::istringstream parts(install.environment("SHEETMAKER_PDF_SUPPORT").value_or(""));
-    for (std::string folder; std::getline(parts, folder, ':');)
+    for (std::string folder; std::getline(parts, folder, base::kFolderDivider);)
         if (!folder.empty())
             folders.push_back(folder);
     return folders;

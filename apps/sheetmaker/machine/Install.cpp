@@ -4,8 +4,6 @@
 #include "base/process/ThisProcess.h"
 #include "machine/Version.h"
 #include "store/Facts.h"
-#include "store/SettingsFile.h"
-#include "store/SqliteRegistry.h"
 #include "system/SystemPorts.h"
 
 #include <algorithm>
@@ -22,20 +20,6 @@ std::string Install::LoginName() const
     return base::AccountName();
 }
 
-namespace {
-
-/// Installed, it lies where nobody looks for commands; in a build folder beside the program.
-std::filesystem::path WindowsProgram(const std::filesystem::path& executable)
-{
-    constexpr const char* kName = "sheetmaker-windows";
-    std::error_code unreadable;
-    const std::filesystem::path installed =
-        (executable.parent_path() / ".." / "libexec" / "sheetmaker-pdf" / kName).lexically_normal();
-    return std::filesystem::exists(installed, unreadable) ? installed : executable.parent_path() / kName;
-}
-
-} // namespace
-
 Install ThisInstall()
 {
     const system::Environment environment = system::ProcessEnvironment();
@@ -43,18 +27,11 @@ Install ThisInstall()
     return {environment, system::FindPlaces(environment, executable), Version(), {}, WindowsProgram(executable)};
 }
 
-bool CanReadSettings(const Install& install, const std::function<void(const std::string&)>& complain)
-{
-    return store::SettingsFile(install.places.SettingsFile(), complain).CanRead();
-}
-
-std::unique_ptr<IRegistry> OpenSettings(const Install& install, const std::function<void(const std::string&)>& complain)
+store::ValueTable FactsOf(const Install& install)
 {
     const std::string share = base::ToText(install.places.shareFolder);
-    const store::Install facts{base::ToText(install.places.shareFolder / "acadsmpdf.hlp"), install.JobOptionsFolder(),
-                               install.version, share};
-    return store::OpenSqliteRegistry(install.places.SettingsFile(), store::ShippedFacts(facts), complain,
-                                     store::Reading::Once);
+    return store::ShippedFacts({base::ToText(install.places.shareFolder / "acadsmpdf.hlp"), install.JobOptionsFolder(),
+                                install.version, share});
 }
 
 std::string LanguageOf(const system::Environment& environment)

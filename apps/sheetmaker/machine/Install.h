@@ -4,6 +4,7 @@
 #include "base/files/Paths.h"
 #include "ports/IRegistry.h"
 #include "ports/ISystem.h"
+#include "store/ValueTable.h"
 #include "system/Environment.h"
 #include "system/Places.h"
 
@@ -32,6 +33,12 @@ inline constexpr const char* kLogFileName = "SmPdfAcad.log";
 
 /// This process's own.
 Install ThisInstall();
+
+/// The program that shows the windows, whose own command line's program lies at `executable`; it need not be there.
+std::filesystem::path WindowsProgram(const std::filesystem::path& executable);
+
+/// What an installer would have written of this install.
+store::ValueTable FactsOf(const Install& install);
 
 /// Whether the user's settings can be read, or there are none. `complain` hears as a sentence why not, and what was
 /// done about a file that is damaged.

@@ -22,7 +22,7 @@ std::string Identity(const std::string& path)
 bool NamesFolder(const std::string& output, std::size_t drawingCount)
 {
     std::error_code unreadable;
-    return drawingCount > 1 || output.ends_with('/') || fs::is_directory(base::ToPath(output), unreadable);
+    return drawingCount > 1 || base::EndsInSeparator(output) || fs::is_directory(base::ToPath(output), unreadable);
 }
 
 /// The name under which the publisher saves: ".pdf" is added to any other ending. A drawing's own ending stays, so

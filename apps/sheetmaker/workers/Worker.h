@@ -2,25 +2,17 @@
 #pragma once
 
 #include "base/files/PrivateFolder.h"
-#include "run/DrawingRun.h"
-#include "workers/WorkerLimits.h"
+#include "workers/WorkerProcess.h"
 
 #include <chrono>
-#include <filesystem>
-#include <functional>
 #include <optional>
 #include <string>
-#include <sys/types.h>
 
 namespace sm::app {
 
-/// What the process does with its task; `console` is its own. The report comes back to the parent.
-using WorkerWork = std::function<DrawingReport(const DrawingTask& task, terminal::Console& console)>;
-
 class Worker {
 public:
-    /// Where the lines of the process go: straight to this process's stderr, or kept until it ended.
-    enum class Lines { Straight, Kept };
+    using Lines = WorkerProcess::Lines;
 
     /// Starts the process, with a private folder for its temporary files. `pdfPath` is where its PDF goes. Throws
     /// base::FolderFailure and std::system_error.
@@ -32,10 +24,8 @@ public:
     Worker& operator=(const Worker&) = delete;
 
     /// Reads what came; false once both streams are at their end.
-    bool Read();
-    /// The descriptors to wait for; -1 for one that is at its end.
-    [[nodiscard]] int ReportDescriptor() const { return m_report.descriptor; }
-    [[nodiscard]] int LinesDescriptor() const { return m_lines.descriptor; }
+    bool Read() { return m_process->Read(); }
+    [[nodiscard]] const WorkerProcess* Process() const { return m_process.get(); }
     /// How long it may still run; nothing when there is no end to it.
     [[nodiscard]] std::optional<std::chrono::milliseconds> TimeLeft() const;
     /// Ends the process, which took too long; `Read` and `Finish` then go on as ever.
@@ -44,20 +34,9 @@ public:
     /// After `Read` gave false: waits for the end and gives the report; one of a crash when there was one.
     DrawingReport Finish();
     /// The kept lines.
-    [[nodiscard]] const std::string& KeptLines() const { return m_lines.text; }
+    [[nodiscard]] const std::string& KeptLines() const { return m_process->KeptLines(); }
 
 private:
-    struct Stream {
-        int descriptor = -1;
-        std::string text;
-        Stream() = default;
-        Stream(const Stream&) = delete;
-        Stream& operator=(const Stream&) = delete;
-        ~Stream() { Close(); }
-        void Read();
-        void Close();
-    };
-    void Start(const WorkerWork& work, Lines lines);
     void RemoveLeftovers();
 
     DrawingTask m_task;
@@ -65,8 +44,7 @@ private:
     std::chrono::steady_clock::time_point m_begin = std::chrono::steady_clock::now();
     std::string m_pdfFolder;
     base::PrivateFolder m_folder{""};
-    Stream m_report, m_lines;
-    pid_t m_process = -1;
+    std::unique_ptr<WorkerProcess> m_process;
     bool m_endedWell = false, m_endedLate = false;
 };
 

@@ -1,44 +1,11 @@
 #include "workers/WorkerPool.h"
 
 #include <algorithm>
-#include <csignal>
 #include <map>
 #include <memory>
-#include <poll.h>
-#include <sys/signalfd.h>
-#include <unistd.h>
 
 namespace sm::app {
 namespace {
-
-/// Makes the signals that ask for the end readable, for as long as this lives.
-class EndSignals {
-public:
-    EndSignals()
-    {
-        sigset_t signals;
-        sigemptyset(&signals);
-        for (const int signal : {SIGINT, SIGTERM, SIGHUP})
-            sigaddset(&signals, signal);
-        sigprocmask(SIG_BLOCK, &signals, &m_former);
-        m_descriptor = signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK);
-    }
-    ~EndSignals()
-    {
-        signalfd_siginfo taken;
-        while (m_descriptor >= 0 && read(m_descriptor, &taken, sizeof taken) > 0) {
-        }
-        close(m_descriptor);
-        sigprocmask(SIG_SETMASK, &m_former, nullptr);
-    }
-    EndSignals(const EndSignals&) = delete;
-    EndSignals& operator=(const EndSignals&) = delete;
-    [[nodiscard]] int Descriptor() const { return m_descriptor; }
-
-private:
-    sigset_t m_former{};
-    int m_descriptor = -1;
-};
 
 struct Ended {
     DrawingReport report;
@@ -77,14 +44,12 @@ private:
     /// False when the end was asked for.
     bool Wait()
     {
-        std::vector<pollfd> waits{{m_signals.Descriptor(), POLLIN, 0}};
-        for (const auto& [index, worker] : m_running) {
-            waits.push_back({worker->ReportDescriptor(), POLLIN, 0});
-            waits.push_back({worker->LinesDescriptor(), POLLIN, 0});
-        }
-        poll(waits.data(), waits.size(), PauseUntilOneIsLate());
+        std::vector<const WorkerProcess*> processes;
+        for (const auto& [index, worker] : m_running)
+            processes.push_back(worker->Process());
+        const bool goesOn = m_ends.Wait(processes, PauseUntilOneIsLate());
         EndLateOnes();
-        return (waits.front().revents & POLLIN) == 0;
+        return goesOn;
     }
 
     /// Milliseconds until the next worker's time is over; -1: never.
@@ -131,7 +96,7 @@ private:
     std::size_t m_atATime;
     const WorkerWork& m_work;
     const PoolCallbacks& m_callbacks;
-    EndSignals m_signals;
+    EndRequests m_ends;
     std::map<std::size_t, std::unique_ptr<Worker>> m_running;
     std::map<std::size_t, Ended> m_ended; ///< those that wait for an earlier one
     std::size_t m_started = 0, m_told = 0;

@@ -25,7 +25,7 @@ struct PoolCallbacks {
     std::function<void(std::size_t ended, std::size_t count)> progress;
 };
 
-/// True when all ran to their end. False after SIGINT, SIGTERM or SIGHUP: everything that ran was ended and what it
+/// True when all ran to their end. False when the end was asked for: everything that ran was ended and what it
 /// left behind removed. A single task writes its lines straight to stderr. Throws std::system_error when no process
 /// can be started.
 bool RunPool(const std::vector<PooledTask>& tasks, std::size_t atATime, const WorkerWork& work,

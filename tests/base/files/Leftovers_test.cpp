@@ -4,7 +4,7 @@
 #include "base/files/AtomicFile.h"
 #include "base/files/EditLock.h"
 #include "base/files/Leftovers.h"
-#include "files/Descriptor.h"
+#include "files/posix/Descriptor.h"
 
 #include <array>
 #include <csignal>

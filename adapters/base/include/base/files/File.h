@@ -33,7 +33,7 @@ public:
     /// working folder).
     static File CreateUnnamed(const std::string& folder, std::error_code& error);
 
-    [[nodiscard]] bool IsOpen() const { return m_handle >= 0; }
+    [[nodiscard]] bool IsOpen() const { return m_handle != -1; }
     [[nodiscard]] FileFacts Facts() const;
     /// Up to `size` bytes, fewer at the end of the file only. Throws std::system_error.
     std::size_t Read(char* to, std::size_t size);

@@ -39,6 +39,7 @@ private:
 
     std::string_view m_bytes;
     FileFacts m_facts;
+    bool m_isCopy = false; ///< in memory, where a mapped file couldn't be replaced
 };
 
 } // namespace sm::base

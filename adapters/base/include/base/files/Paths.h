@@ -13,7 +13,22 @@ namespace sm::base {
 /// The path that UTF-8 text names. Elsewhere than on Windows the bytes stay as they are, UTF-8 or not.
 std::filesystem::path ToPath(std::string_view utf8);
 
-/// The path as UTF-8 text, with the separators that it holds.
+/// The path as UTF-8 text, with "/" for every separator: both systems take that one.
 std::string ToText(const std::filesystem::path& path);
+
+/// What divides the parts of a path on this system, and the folders in a list of them.
+#ifdef _WIN32
+inline constexpr std::string_view kSeparators = "/\\";
+inline constexpr char kFolderDivider = ';';
+#else
+inline constexpr std::string_view kSeparators = "/";
+inline constexpr char kFolderDivider = ':';
+#endif
+
+/// Can it name a folder alone?
+inline bool EndsInSeparator(std::string_view path)
+{
+    return !path.empty() && kSeparators.find(path.back()) != std::string_view::npos;
+}
 
 } // namespace sm::base

@@ -25,11 +25,20 @@ std::string AccountName();
 enum class Stream { Input = 0, Output = 1, Errors = 2 };
 bool IsTerminal(Stream stream);
 
+/// Bytes of memory that the machine has; 0: unknown.
+std::uint64_t MachineMemory();
+
 /// 128 bits that nobody can guess; nothing when the system gives none.
 std::optional<std::array<std::uint64_t, 2>> RandomWords();
 
 /// The calendar's date and time of day in the user's time zone.
 std::tm LocalTime(std::time_t time);
+/// From now on this process is in UTC, and so is what it starts.
+void LiveInUtc();
+
+/// Called once, first of all: bytes pass through the standard streams as they are, text on a terminal is UTF-8, and a
+/// reader that went away or a file that would grow too large is an error of the write, not the end of the process.
+void PrepareProcess();
 
 /// Becomes another program, which gets these words after its own name and everything that this process has open. Comes
 /// back only when that can't be, with errno's text of the reason.

@@ -1,0 +1,52 @@
+#include "ghostscript/Interpreter.h"
+
+#include "base/files/Paths.h"
+#include "base/process/ThisProcess.h"
+
+#include <filesystem>
+
+namespace sm::ghostscript {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What its own installer calls the one without a window.
+constexpr const char* kOwnName = "gswin64c";
+
+/// The last of the versions in the folder where its own installer puts them; empty when there is none.
+std::string Installed()
+{
+    fs::path newest;
+    std::error_code unreadable;
+    const fs::path all = base::ToPath(base::Variable("ProgramFiles").value_or("C:/Program Files")) / "gs";
+    for (fs::directory_iterator folder(all, unreadable), end; !unreadable && folder != end;
+         folder.increment(unreadable)) {
+        const fs::path program = folder->path() / "bin" / (std::string(kOwnName) + ".exe");
+        if (fs::exists(program, unreadable) && (newest.empty() || newest < program))
+            newest = program;
+    }
+    return base::ToText(newest);
+}
+
+} // namespace
+
+std::string FindInterpreter(const std::string& program)
+{
+    for (const std::string& name : {program, std::string(kOwnName)})
+        if (const std::string found = base::FindProgram(name); !found.empty())
+            return found;
+    return Installed();
+}
+
+// Symbolic links need a right there that few users have.
+std::string LinkInput(const std::string& folder, const std::string& name, const std::string& path)
+{
+    std::error_code error;
+    const fs::path target = base::ToPath(folder) / base::ToPath(name);
+    fs::create_hard_link(base::ToPath(path), target, error);
+    if (error)
+        fs::copy_file(base::ToPath(path), target, error);
+    return error ? error.message() : "";
+}
+
+} // namespace sm::ghostscript

@@ -1,0 +1,58 @@
+#include "commands/SystemFindings.h"
+
+#include "base/files/FileFacts.h"
+#include "base/files/Paths.h"
+#include "base/process/ChildProcess.h"
+#include "base/text/Names.h"
+
+#include <chrono>
+
+namespace sm::app {
+namespace {
+
+namespace fs = std::filesystem;
+using State = Finding::State;
+
+constexpr std::chrono::seconds kPatience{10};
+
+} // namespace
+
+Finding WritableFolder(const std::string& what, fs::path folder, const std::string& remedy)
+{
+    const fs::path wanted = folder;
+    std::error_code unreadable;
+    while (!fs::exists(folder, unreadable) && folder.has_relative_path())
+        folder = folder.parent_path();
+    std::error_code closed;
+    if (base::MayMakeFilesIn(base::ToText(folder), closed))
+        return {State::Good, what, base::ToText(wanted), {}};
+    return {State::Missing, what, base::ToText(wanted) + " can't be written", remedy};
+}
+
+std::string VersionOf(const std::string& program, const system::Environment& environment)
+{
+    base::ChildCommand command;
+    command.program = program;
+    command.arguments = {"--version"};
+    for (const char* name : {"PATH", "HOME", "LD_LIBRARY_PATH"})
+        if (const auto value = environment(name))
+            command.environment.push_back(name + ("=" + *value));
+    command.workingFolder = "/";
+    command.limits.deadline = kPatience;
+    const base::ChildResult result = base::RunChild(command);
+    const bool ended = result.end == base::ChildResult::End::Exited && result.code == 0;
+    return ended ? result.output.substr(0, result.output.find('\n')) : std::string();
+}
+
+bool HoldsFont(const fs::path& folder)
+{
+    std::error_code unreadable;
+    fs::recursive_directory_iterator file(folder, fs::directory_options::skip_permission_denied, unreadable), end;
+    for (; !unreadable && file != end; file.increment(unreadable))
+        if (const std::string ending = base::LowerAscii(base::ToText(file->path().extension()));
+            ending == ".ttf" || ending == ".ttc" || ending == ".otf")
+            return true;
+    return false;
+}
+
+} // namespace sm::app

@@ -1,0 +1,84 @@
+#include "commands/SystemFindings.h"
+
+#include "base/files/FileFacts.h"
+#include "base/files/Paths.h"
+#include "base/files/UserFolders.h"
+#include "ports/RegistryKeys.h"
+#include "workers/WindowsProgram.h"
+
+namespace sm::app {
+
+namespace {
+
+using State = Finding::State;
+
+} // namespace
+
+const char* const kTemporaryRemedy = "set TMPDIR to another folder";
+
+Finding Ghostscript(const Install& install)
+{
+    const std::string program = system::FindProgram(install.environment, "gs");
+    const std::string version = program.empty() ? "" : VersionOf(program, install.environment);
+    if (version.empty())
+        return {State::Optional, "Ghostscript",
+                (program.empty() ? "not installed" : program + " can't be run") +
+                    std::string(" (PDF underlays, PostScript of other programs, and job options that turn colours or "
+                                "downsample pictures need it)"),
+                "sudo apt-get install ghostscript"};
+    return {State::Good, "Ghostscript", version + ", " + program, {}};
+}
+
+Finding Fonts(const Install& install)
+{
+    for (const std::filesystem::path& folder : base::FontFolders(install.environment))
+        if (HoldsFont(folder))
+            return {State::Good, "fonts", base::ToText(folder), {}};
+    return {State::Missing, "fonts", "no TrueType font is installed", "sudo apt-get install fonts-dejavu-core"};
+}
+
+Finding Settings(const Install& install)
+{
+    std::string trouble;
+    const auto registry = OpenSettings(install, [&](const std::string& text) { trouble = text; });
+    registry->OpenKey(RegistryRoot::CurrentUser, "Software");
+    registry->OpenKey(RegistryRoot::CurrentUser, kMakerKey);
+    if (!trouble.empty())
+        return {State::Missing, "settings", trouble, "look at the file, or remove it"};
+    const std::string file = base::ToText(install.places.SettingsFile());
+    std::error_code closed;
+    const bool exists = base::FactsOf(file, closed).kind != base::FileKind::Missing;
+    if (exists && !base::MayWrite(file, closed))
+        return {State::Missing, "settings", file + " can't be written", "give yourself the right to write it"};
+    const Finding folder =
+        WritableFolder("settings", install.places.settingsFolder, "give yourself the right to write there");
+    return folder.state == State::Good ? Finding{State::Good, "settings", file, {}} : folder;
+}
+
+Finding Viewer(const Install& install)
+{
+    const std::string program = system::FindProgram(install.environment, "xdg-open");
+    if (program.empty())
+        return {State::Optional, "PDF viewer", "xdg-open is not installed (--open needs it)",
+                "sudo apt-get install xdg-utils"};
+    const bool display = install.environment("DISPLAY") || install.environment("WAYLAND_DISPLAY");
+    return {display ? State::Good : State::Optional,
+            "PDF viewer",
+            display ? program : "there is no display (--open needs one)",
+            {}};
+}
+
+Finding Windows(const Install& install)
+{
+    const std::string program = system::FindProgram(install.environment, base::ToText(install.windowsProgram));
+    if (install.windowsProgram.empty() || program.empty())
+        return {State::Optional, "windows", "the program with the windows is missing (settings, page-setup need it)",
+                "sudo apt-get install sheetmaker-pdf-windows; in a source tree, \"./sheetmaker settings\" builds it"};
+    const bool screen = HasScreen(install.environment);
+    return {screen ? State::Good : State::Optional,
+            "windows",
+            screen ? program : "there is no screen (settings, page-setup need one)",
+            {}};
+}
+
+} // namespace sm::app

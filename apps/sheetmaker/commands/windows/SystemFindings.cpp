@@ -1,0 +1,60 @@
+#include "commands/SystemFindings.h"
+
+#include "base/files/Paths.h"
+#include "base/files/UserFolders.h"
+#include "ghostscript/Interpreter.h"
+#include "ports/RegistryKeys.h"
+
+namespace sm::app {
+
+namespace {
+
+using State = Finding::State;
+
+} // namespace
+
+const char* const kTemporaryRemedy = "set TMP to another folder";
+
+Finding Ghostscript(const Install& install)
+{
+    const std::string program = ghostscript::FindInterpreter("gs");
+    const std::string version = program.empty() ? "" : VersionOf(program, install.environment);
+    if (version.empty())
+        return {State::Optional, "Ghostscript",
+                (program.empty() ? "not installed" : program + " can't be run") +
+                    std::string(" (PDF underlays, PostScript of other programs, and job options that turn colours or "
+                                "downsample pictures need it)"),
+                "install Ghostscript; it is found by its registry keys or on PATH"};
+    return {State::Good, "Ghostscript", version + ", " + program, {}};
+}
+
+Finding Fonts(const Install& install)
+{
+    for (const std::filesystem::path& folder : base::FontFolders(install.environment))
+        if (HoldsFont(folder))
+            return {State::Good, "fonts", base::ToText(folder), {}};
+    return {State::Missing, "fonts", "no TrueType font is installed", "install one in the system's font folder"};
+}
+
+Finding Settings(const Install& install)
+{
+    const std::string key = std::string("HKEY_CURRENT_USER\\") + kSettingsKey;
+    const auto registry = OpenSettings(install, {});
+    const auto opened = registry->CreateKey(RegistryRoot::CurrentUser, kSettingsKey);
+    if (!opened)
+        return {State::Missing, "settings", key + " can't be written", "give yourself the right to write there"};
+    registry->CloseKey(*opened);
+    return {State::Good, "settings", key, {}};
+}
+
+Finding Viewer(const Install&)
+{
+    return {State::Good, "PDF viewer", "the one that the system opens PDF files with", {}};
+}
+
+Finding Windows(const Install&)
+{
+    return {State::Good, "windows", "part of this program", {}};
+}
+
+} // namespace sm::app

@@ -1,0 +1,62 @@
+// The program with the windows: "settings" and "page-setup" on a screen. It knows the toolkit; the command line's own
+// program, which becomes this one for those commands, doesn't.
+#include "Dispatch.h"
+#include "base/files/Paths.h"
+#include "base/process/ThisProcess.h"
+#include "commandline/ExitCodes.h"
+#include "commands/PageSetupCommand.h"
+#include "commands/SettingsCommand.h"
+#include "machine/DwgSetup.h"
+#include "machine/HelpTopic.h"
+#include "qt/DrawingWindow.h"
+#include "qt/Screen.h"
+#include "system/DocumentOpener.h"
+
+#include <iostream>
+
+namespace sm::app {
+namespace {
+
+qt::ScreenOptions ScreenOptionsOf(const Install& install)
+{
+    qt::ScreenOptions options;
+    options.helpFolder = base::ToText(install.places.shareFolder / "help");
+    options.open = [environment = install.environment](const std::string& pathOrAddress) {
+        return system::OpenOnDesktop(environment, HelpTopic(pathOrAddress));
+    };
+    return options;
+}
+
+int ShowOnScreen(const Job& job, const Install& install)
+{
+    std::string why;
+    const auto screen = qt::Screen::Open(ScreenOptionsOf(install), why);
+    if (!screen) {
+        std::cerr << "sheetmaker: " << why << "\n";
+        return kExitToolMissing;
+    }
+    const auto picker =
+        qt::CreateDrawingWindow({ReferenceOptionsOf(install), base::ToText(install.places.shareFolder)});
+    const ScreenParts parts{screen->Desktop(), screen->Toolkit(), *picker, base::IsTerminal(base::Stream::Errors),
+                            &screen->Company()};
+    if (const auto* const settings = std::get_if<SettingsJob>(&job))
+        return RunSettings(*settings, install, parts, std::cout, std::cerr);
+    return RunPageSetup(std::get<PageSetupJob>(job), install, parts, std::cout, std::cerr);
+}
+
+} // namespace
+} // namespace sm::app
+
+int main(int argc, char** argv)
+{
+    sm::base::PrepareProcess();
+    try {
+        const int code = sm::app::RunProgram({argv + 1, argv + argc}, sm::app::ThisInstall(), std::cout, std::cerr,
+                                             sm::app::ShowOnScreen);
+        std::cout << std::flush;
+        return code;
+    } catch (const std::exception& error) {
+        std::cerr << "sheetmaker: " << error.what() << "\n";
+        return sm::app::kExitFailed;
+    }
+}
