@@ -10,6 +10,7 @@ namespace sm::app {
 
 CommandTable::CommandTable(const std::string& versionLine) : m_program(kProgramSummary, "sheetmaker")
 {
+    m_program.allow_windows_style_options(false); // "/" begins a path on every system
     m_program.footer(kProgramFooter);
     m_program.set_version_flag("--version", versionLine);
     m_program.require_subcommand(1);

@@ -21,8 +21,9 @@ class Program:
 
 
 def linux_program(program, folder):
-    """Its settings and logs lie in `folder`."""
-    places = {name: os.path.join(folder, name.lower()) for name in ("HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME")}
+    """Its settings and logs lie in `folder`. It finds no other program (Ghostscript, node), as Windows has none."""
+    places = {"PATH": os.path.join(folder, "bin")}
+    places |= {name: os.path.join(folder, name.lower()) for name in ("HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME")}
     return Program([os.path.abspath(program)], places)
 
 
@@ -32,6 +33,8 @@ def windows_program(program, folder):
     made = run.run("--version")
     if made.returncode != 0:
         raise SystemExit(f"the program doesn't start: {made.stdout}{made.stderr}")
+    forget = Program([RUN_WINE, folder, "reg", "delete", "HKCU\\Software\\Tarnwick Software", "/f"], {})
+    forget.run()  # what an earlier run of the tests has stored
     fonts = os.path.join(folder, "prefix", "drive_c", "windows", "Fonts")
     for name, target in FONTS.items():
         link = os.path.join(fonts, name)

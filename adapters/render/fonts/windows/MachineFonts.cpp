@@ -6,12 +6,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <map>
 #include <memory>
 #include <vector>
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
+#include FT_TRUETYPE_TABLES_H
 
 namespace sm::render {
 
@@ -22,6 +24,9 @@ namespace fs = std::filesystem;
 /// Plain fonts with many characters, the best first; what the machine has of them stands for families that it lacks.
 constexpr std::array kPlainFamilies{"dejavu sans", "segoe ui", "arial", "liberation sans", "tahoma"};
 
+/// Weights and widths of table OS/2 (usWeightClass, usWidthClass).
+constexpr int kRegular = 400, kBold = 700, kNormalWidth = 5;
+
 struct FaceEnd {
     void operator()(FT_Face face) const { FT_Done_Face(face); }
 };
@@ -30,7 +35,8 @@ using Face = std::unique_ptr<FT_FaceRec, FaceEnd>;
 struct MachineFont {
     FontPlace place;
     std::string family; ///< folded
-    bool bold = false, italic = false;
+    int weight = kRegular, width = kNormalWidth;
+    bool italic = false;
 };
 
 /// Every outline font in the font folders, read when a family or a character is first asked for.
@@ -49,7 +55,10 @@ public:
     {
         const std::string folded = base::FoldCase(family);
         const MachineFont* best = nullptr;
-        const auto misses = [&](const MachineFont& font) { return (font.bold != bold) + (font.italic != italic); };
+        const auto misses = [&](const MachineFont& font) {
+            return std::abs(font.weight - (bold ? kBold : kRegular)) + 1000 * std::abs(font.width - kNormalWidth) +
+                   (font.italic != italic ? 10000 : 0);
+        };
         for (const MachineFont& font : m_fonts)
             if (font.family == folded && (best == nullptr || misses(font) < misses(*best)))
                 best = &font;
@@ -106,9 +115,15 @@ private:
             count = static_cast<int>(face->num_faces);
             if (face->family_name == nullptr || !FT_IS_SCALABLE(face.get()))
                 continue;
+            const bool bold = (face->style_flags & FT_STYLE_FLAG_BOLD) != 0;
+            const auto* const facts = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face.get(), FT_SFNT_OS2));
+            const bool tells = facts != nullptr && facts->usWeightClass != 0 && facts->usWidthClass != 0;
             m_fonts.push_back({{path, index},
                                base::FoldCase(face->family_name),
-                               (face->style_flags & FT_STYLE_FLAG_BOLD) != 0,
+                               tells  ? facts->usWeightClass
+                               : bold ? kBold
+                                      : kRegular,
+                               tells ? facts->usWidthClass : kNormalWidth,
                                (face->style_flags & FT_STYLE_FLAG_ITALIC) != 0});
         }
     }
