@@ -65,10 +65,14 @@ def merged_by_line(stand):
 def merge_misses(stand):
     runs(stand)
     stand.write("list.txt", "b.dxf\nbad.dxf\n./a.dxf\nc.dxf\n")
-    run = stand.run("report", "merge", "second.jsonl", "--list", "list.txt", "-o", "all.json")
+    run = stand.run("report", "merge", "second.jsonl", "--list", "list.txt", "-o", "all.json", "--missing", "missing.txt")
     stand.same((run.returncode, run.stderr.splitlines()[1:]),
                (1, ["./a.dxf: no report tells of it", "c.dxf: no report tells of it"]))
     stand.same(os.path.exists(stand.path("all.json")), True)
+    with open(stand.path("missing.txt"), encoding="utf-8") as file:
+        stand.same(file.read(), "./a.dxf\nc.dxf\n")
+    run = stand.run("report", "merge", "first.json", "second.jsonl", "--list", "second.jsonl", "--missing", ".")
+    stand.same((run.returncode, run.stderr), (2, "sheetmaker report: . is no plain file\n"))
 
 
 def merge_refuses(stand):

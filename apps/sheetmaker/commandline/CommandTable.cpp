@@ -94,6 +94,9 @@ void CommandTable::AddReport()
         .add_option("--list", m_jobs.report.list,
                     "Name the drawings of this list that no report tells of, and end with 1 for them")
         ->type_name("FILE");
+    report.add_option("--missing", m_jobs.report.missing, "Write their names into this file, a line each")
+        ->type_name("FILE")
+        ->needs("--list");
     report.add_flag("--strict", m_jobs.report.strict, "End as \"convert --strict\" would have");
 }
 

@@ -117,6 +117,7 @@ struct ReportJob {
     ReportForm form = ReportForm::Json;
     std::optional<std::string> list{}; ///< a file that names the drawings that the reports are to tell of
     bool strict = false;
+    std::optional<std::string> missing{}; ///< takes the names of those that they don't tell of
     friend bool operator==(const ReportJob&, const ReportJob&) = default;
 };
 

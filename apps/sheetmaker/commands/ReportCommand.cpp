@@ -26,18 +26,30 @@ std::string TextOf(const std::string& file)
     return ReadWholeFile(path);
 }
 
-void Write(const ReportJob& job, const std::string& text, std::ostream& out)
+void NeedPlainFile(const std::string& name)
 {
-    if (job.output && *job.output != kStandardStream) {
-        const std::filesystem::path target = base::ToPath(*job.output);
-        std::error_code unknown;
-        if (std::filesystem::exists(target, unknown) && !std::filesystem::is_regular_file(target, unknown))
-            throw Refusal{kExitUsage, *job.output + " is no plain file"};
-        base::AtomicFile file(*job.output, base::AtomicFile::Keeping::Durable);
-        file.Write(text);
-        file.Commit();
-        return;
-    }
+    const std::filesystem::path target = base::ToPath(name);
+    std::error_code unknown;
+    if (std::filesystem::exists(target, unknown) && !std::filesystem::is_regular_file(target, unknown))
+        throw Refusal{kExitUsage, name + " is no plain file"};
+}
+
+void WriteFile(const std::string& name, const std::string& text)
+{
+    base::AtomicFile file(name, base::AtomicFile::Keeping::Durable);
+    file.Write(text);
+    file.Commit();
+}
+
+bool IsToFile(const ReportJob& job)
+{
+    return job.output && *job.output != kStandardStream;
+}
+
+void WriteReport(const ReportJob& job, const std::string& text, std::ostream& out)
+{
+    if (IsToFile(job))
+        return WriteFile(*job.output, text);
     out << text << std::flush;
     if (!out)
         throw Refusal{kExitFailed, "the report could not be written to standard output"};
@@ -49,6 +61,10 @@ int RunReportMerge(const ReportJob& job, const Install& install, std::ostream& o
 {
     int exitCode = kExitFailed;
     const int refused = RunEdit(kCommand, err, [&] {
+        if (IsToFile(job))
+            NeedPlainFile(*job.output);
+        if (job.missing)
+            NeedPlainFile(*job.missing);
         std::vector<std::string> wanted;
         if (job.list)
             wanted = NamedDrawings({{}, {}, {}, 0, false, ReportForm::None, false, 0, 0, job.list});
@@ -58,9 +74,14 @@ int RunReportMerge(const ReportJob& job, const Install& install, std::ostream& o
         for (const std::string& remark : merge.Remarks())
             err << "sheetmaker " << kCommand << ": " << remark << "\n";
         const std::vector<std::string> untold = merge.Untold(wanted);
-        for (const std::string& drawing : untold)
+        std::string missing;
+        for (const std::string& drawing : untold) {
             err << drawing << ": no report tells of it\n";
-        Write(job, merge.Text(job.form, "sheetmaker " + install.version), out);
+            missing += drawing + "\n";
+        }
+        if (job.missing)
+            WriteFile(*job.missing, missing);
+        WriteReport(job, merge.Text(job.form, "sheetmaker " + install.version), out);
         exitCode = std::max(merge.ExitCode(job.strict), untold.empty() ? kExitDone : kExitFailed);
     });
     return refused == kExitDone ? exitCode : refused;
