@@ -1,5 +1,7 @@
 #include "report/RunOutcome.h"
 
+#include "base/process/Memory.h"
+
 #include "commandline/ExitCodes.h"
 
 namespace sm::app {
@@ -33,6 +35,8 @@ void Conclude(const SheetWatcher& watcher, const std::string& plotFailure, Drawi
         return;
     }
     report.pdfPath = save->pdfPath;
+    if (base::MemoryRanOut()) // whoever caught it
+        return Fail(report, "there was not enough memory; the PDF may lack something");
     report.exitCode = report.ContentLost() ? kExitContentLost : kExitDone;
 }
 

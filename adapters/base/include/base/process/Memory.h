@@ -1,0 +1,13 @@
+// Memory that the system did not give.
+#pragma once
+
+namespace sm::base {
+
+/// From now on it is remembered when an allocation fails, and a failure that nobody can catch (in what is made before
+/// main, in what may not throw) ends the process with 1 and one line on the error stream.
+void WatchMemory(const char* program);
+
+/// Whether an allocation failed since: whatever caught that, what this process made may lack something.
+bool MemoryRanOut();
+
+} // namespace sm::base
