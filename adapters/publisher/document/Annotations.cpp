@@ -69,7 +69,8 @@ Object PageRectangle(double x1, double y1, double x2, double y2, double unit)
         {number(std::min(x1, x2)), number(std::min(y1, y2)), number(std::max(x1, x2)), number(std::max(y1, y2))});
 }
 
-LinkMaker::LinkMaker(QPDF& pdf, const std::vector<SheetPage>& pages, const Note& note) : m_pdf(pdf), m_note(note)
+LinkMaker::LinkMaker(QPDF& pdf, const std::vector<SheetPage>& pages, const Note& note)
+    : m_pdf(pdf), m_pages(pages), m_note(note)
 {
     for (const SheetPage& sheet : pages) {
         m_byTitle.emplace(sheet.title, &sheet);
@@ -93,6 +94,9 @@ Object LinkMaker::Make(const LinkMark& mark, const SheetPage& sheet)
     link.replaceKey("/Border", Object::newArray({zero, zero, zero}));
     const bool inside = mark.url.size() > 1 && mark.url[0] == '#';
     const SheetPage* target = inside ? FindSheet(mark.url.substr(1), sheet.number) : nullptr;
+    if (mark.page > 0) {
+        target = &m_pages.at(mark.page - 1);
+    }
     if (target != nullptr) {
         link.replaceKey("/Dest", Object::newArray({target->page, Object::newName("/Fit")}));
         return m_pdf.makeIndirectObject(link);

@@ -16,6 +16,7 @@ namespace sm::publisher {
 /// Links to addresses, and to sheets of the same document ("#" and the sheet's name).
 class LinkMaker {
 public:
+    /// `pages` outlive this object.
     LinkMaker(QPDF& pdf, const std::vector<SheetPage>& pages, const Note& note);
     QPDFObjectHandle Make(const LinkMark& mark, const SheetPage& sheet);
 
@@ -23,6 +24,7 @@ private:
     [[nodiscard]] const SheetPage* FindSheet(const std::string& name, std::size_t nearNumber) const;
 
     QPDF& m_pdf;
+    const std::vector<SheetPage>& m_pages;
     std::multimap<std::string, const SheetPage*> m_byTitle;
     const Note& m_note;
 };

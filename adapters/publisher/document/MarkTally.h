@@ -16,6 +16,7 @@ struct MarkTally {
     std::vector<EmbeddedFile> embedded;
     std::vector<std::string> lost; ///< paths of attachments that weren't drawn
     std::vector<LargeFile> large;  ///< what is to be appended to the file
+    std::size_t contentsPages = 0; ///< in front of the document's own
 };
 
 } // namespace sm::publisher

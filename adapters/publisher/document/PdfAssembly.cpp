@@ -2,6 +2,7 @@
 
 #include "archive/ArchiveMarks.h"
 #include "dialect/PdfLayers.h"
+#include "document/ContentsPages.h"
 #include "document/MarkWriter.h"
 #include "pdf/PdfNumbers.h"
 #include "pdf/PdfOutput.h"
@@ -140,10 +141,12 @@ MarkTally AssemblePdf(const Assembly& assembly, TargetFile& target)
         Collection collection(assembly.sources, assembly.pages);
         QPDF& pdf = collection.Document();
         pdf.getRoot().removeKey("/Metadata");
-        const std::vector<SheetPage> sheets = SizedSheets(pdf, assembly.pages);
+        std::vector<SheetPage> sheets = SizedSheets(pdf, assembly.pages);
+        const ContentsPages contents(sheets, assembly.navigation);
+        contents.AddTo(pdf, sheets);
         DocumentInfo info = assembly.info;
         MarkTally tally = WriteMarks(pdf, sheets, assembly.stampTexts, info, MarkFormFor(assembly.form), assembly.note);
-        WriteNavigation(pdf, sheets, assembly.navigation, info.Value("Title").has_value());
+        WriteNavigation(pdf, sheets, contents.Navigation(), info.Value("Title").has_value());
         SetLanguage(pdf, assembly.form.language);
         WriteLayers(pdf, assembly.form.archive);
         SetInformation(pdf, info);
@@ -155,6 +158,7 @@ MarkTally AssemblePdf(const Assembly& assembly, TargetFile& target)
         SetMetadata(pdf, info, assembly.form.archive);
         WritePdf(pdf, tally.large, assembly.form, assembly.note, target);
         tally.large.clear(); // their document goes away
+        tally.contentsPages = contents.Count();
         return tally;
     } catch (const PublishFailure&) {
         throw;

@@ -191,7 +191,7 @@ SaveReport SavePages(const SaveRequest& request, IPageMaker& pageMaker)
     target.Commit();
     report.assembling = Since(assembling);
     report.pdfPath = request.pdfPath;
-    report.pages = request.pages.size();
+    report.pages = marks.contentsPages + request.pages.size();
     report.interpreterRuns = assembly.sources.size();
     report.marksDrawn = marks.drawn;
     report.marksNotDrawn = marks.notDrawn;

@@ -85,7 +85,7 @@ void StampWriter::Add(const TextStampMark& mark, const SheetPage& sheet)
     }
     const StampText text = EncodeStampText(mark.text, font);
     std::string reason;
-    const bool wanted = !text.complete || m_fonts == StampFonts::Embedded;
+    const bool wanted = !text.complete || mark.isEmbedded || m_fonts == StampFonts::Embedded;
     const auto form = wanted ? m_forms.Form(mark.text, font, mark.color, reason) : std::nullopt;
     if (!text.complete && !form) {
         m_note(

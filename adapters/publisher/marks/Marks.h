@@ -1,6 +1,7 @@
 // The marks that wait for a page until the PDF is saved. Coordinates are points from the page's lower-left corner.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <variant>
@@ -15,6 +16,7 @@ struct TextStampMark {
     std::int32_t fontSize = 0;
     std::int32_t color = 0;         ///< red in the low byte
     std::int32_t justification = 0; ///< 0 left, 1 centre, 2 right of the point
+    bool isEmbedded = false;        ///< in a font that the PDF holds, also where a standard font would do
     friend bool operator==(const TextStampMark&, const TextStampMark&) = default;
 };
 
@@ -37,6 +39,7 @@ struct AttachmentMark {
 struct LinkMark {
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0; ///< two opposite corners in any order
     std::string url;
+    std::size_t page = 0; ///< of the document, from 1, that it leads to in place of the address; 0: none
     friend bool operator==(const LinkMark&, const LinkMark&) = default;
 };
 

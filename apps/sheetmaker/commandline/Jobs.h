@@ -59,6 +59,7 @@ struct ConvertOptions {
     PlotOptions plot{};
     std::optional<std::string> title{}; ///< of the document; nothing: the drawing's name
     PdfStandard standard = PdfStandard::None;
+    bool contents = false; ///< pages in front that list the sheets
     friend bool operator==(const ConvertOptions&, const ConvertOptions&) = default;
 };
 

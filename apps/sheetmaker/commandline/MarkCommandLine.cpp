@@ -158,6 +158,8 @@ void AddPublish(CLI::App& program, PublishJob& job)
         ->required()
         ->type_name("");
     command.add_flag("--keep-going", job.keepGoing, "Save what succeeded when a sheet fails");
+    command.add_flag("--contents", job.options.contents,
+                     "Begin with a list of the sheets: their titles and page numbers, as links");
     AddMaking(command, job.options);
     command.add_flag("--strict", job.strict, "Count what the set lacks as a failure, as \"convert\" does");
     AddTelling(command, job.report, job.talk);

@@ -41,6 +41,7 @@ inline constexpr const char* kPublishFooter = R"(Examples:
   sheetmaker publish -o set.pdf plan.dxf site.dxf
   sheetmaker publish -o set.pdf plan.dxf:"Ground floor" site.dxf plan.dxf:Roof
   sheetmaker publish -o set.pdf *.dxf --keep-going
+  sheetmaker publish -o set.pdf *.dxf --contents             with a list of the sheets in front
 
 A drawing without a layout gives every paper layout that holds something, and the model when none does.
 A sheet that fails ends the run without a PDF; with --keep-going the others are saved and the exit code is 1.

@@ -148,6 +148,7 @@ publisher::PublisherOptions Surrounded::PublishingOptions(const DrawingTask& tas
     if (task.options.encryption)
         options.form.encryption = {task.options.encryption->user, task.options.encryption->owner};
     options.producer = "Sheetmaker PDF " + install.version;
+    options.navigation.contents = task.options.contents;
     options.navigation.heading = [this](std::size_t page) { return m_heading ? m_heading(page) : std::string(); };
     options.useOf = [this](const std::string& path) { return m_useOf ? m_useOf(path) : std::string(); };
     options.refuseAttachment = [this](const std::string& path, std::uint64_t bytes) {

@@ -14,6 +14,13 @@ struct JobRow {
     Job job;
 };
 
+PublishJob WithContents()
+{
+    PublishJob job{"set.pdf", {"a.dxf"}};
+    job.options.contents = true;
+    return job;
+}
+
 const JobRow kJobs[] = {
     {"Stamp",
      {"stamp", "a.dxf", "--at", "10,20"},
@@ -45,6 +52,7 @@ const JobRow kJobs[] = {
     {"Publish",
      {"publish", "-o", "set.pdf", "a.dxf:Roof", "b.dxf", "--keep-going"},
      PublishJob{"set.pdf", {"a.dxf:Roof", "b.dxf"}, true}},
+    {"PublishContents", {"publish", "-o", "set.pdf", "a.dxf", "--contents"}, WithContents()},
 };
 
 TEST(MarkCommandLine, BecomesAJob)
