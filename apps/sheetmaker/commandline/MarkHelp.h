@@ -44,7 +44,8 @@ inline constexpr const char* kPublishFooter = R"(Examples:
   sheetmaker publish -o set.pdf *.dxf --contents             with a list of the sheets in front
 
 A drawing without a layout gives every paper layout that holds something, and the model when none does.
-A sheet that fails ends the run without a PDF; with --keep-going the others are saved and the exit code is 1.
+A sheet that fails ends the run without a PDF; with --keep-going the others are saved and the exit code is 1,
+also when reading a drawing crashes or takes too long: the set is then made again without that one.
 What no option says of line quality, job options and the transfer of links and attributes is as set
 ("sheetmaker list").)";
 

@@ -1,6 +1,7 @@
 #include "commands/PublishCommand.h"
 
 #include "base/files/Paths.h"
+#include "base/files/PrivateFolder.h"
 #include "commandline/Refusal.h"
 #include "commands/Readiness.h"
 #include "layouts/PlotOptions.h"
@@ -11,6 +12,7 @@
 #include "workers/WorkerPool.h"
 
 #include <filesystem>
+#include <fstream>
 #include <ostream>
 
 namespace sm::app {
@@ -49,36 +51,83 @@ public:
         const std::vector<SetPart> parts = PartsOf(m_job);
         const PlannedDrawing planned = PlanSet(m_job.output, parts);
         MakeFolderOf(planned.pdfPath);
-        SetLog log(m_install.places.stateFolder);
-        const auto work = [&](const DrawingTask& task, terminal::Console& console) {
-            return PublishSet(parts, m_job.keepGoing, task, log, m_install, console);
-        };
-        terminal::Console console(m_err, false);
-        ReportWriter writer({m_job.report, m_job.talk, m_job.strict, false, "sheetmaker " + m_install.version}, m_out,
-                            console);
-        PoolCallbacks callbacks;
-        callbacks.ended = [&writer](DrawingReport& report) { writer.Ended(report); };
-        callbacks.done = [&, this](const DrawingReport& report, const std::string&) { Tell(report, writer); };
-        std::vector<std::string> drawings;
-        for (const SetPart& part : parts)
-            drawings.push_back(part.drawing);
         NeedBuildDate(m_install);
         if (m_job.options.plot.paper)
             PaperCalled(*m_job.options.plot.paper);
         NeedJobOptions(m_job.options, m_install);
+        terminal::Console console(m_err, false);
+        ReportWriter writer({m_job.report, m_job.talk, m_job.strict, false, "sheetmaker " + m_install.version}, m_out,
+                            console);
+        const std::optional<DrawingReport> report = Make(parts, planned);
+        if (!report) {
+            m_err << "sheetmaker: interrupted\n";
+            return kExitInterrupted;
+        }
+        writer.Ended(*report);
+        Tell(*report, writer);
+        const bool written = writer.Finish();
+        return std::max(writer.ExitCode(), written ? kExitDone : kExitFailed);
+    }
+
+private:
+    /// The report of the whole set; nothing when the end was asked for. Where what succeeds is to be kept, the set is
+    /// made again without a drawing that ended its process.
+    std::optional<DrawingReport> Make(std::vector<SetPart> parts, const PlannedDrawing& planned)
+    {
+        std::vector<std::string> lost;
+        for (;;) {
+            const Attempt attempt = TryToMake(parts, planned);
+            if (!attempt.report)
+                return std::nullopt;
+            DrawingReport report = *attempt.report;
+            const bool leavesOut = m_job.keepGoing && attempt.endedAt < parts.size();
+            if (leavesOut) {
+                lost.push_back(parts[attempt.endedAt].drawing + ": failed: " + report.failure);
+                parts.erase(parts.begin() + static_cast<std::ptrdiff_t>(attempt.endedAt));
+                if (!parts.empty())
+                    continue;
+                report.failure = "no sheet could be converted; " + m_job.output + " was not written";
+            }
+            report.notes.insert(report.notes.begin(), lost.begin(), lost.end());
+            if (!lost.empty() && (report.exitCode == kExitDone || report.exitCode == kExitContentLost))
+                report.exitCode = kExitFailed;
+            return report;
+        }
+    }
+
+    struct Attempt {
+        std::optional<DrawingReport> report; ///< nothing: interrupted
+        std::size_t endedAt;                 ///< the part that ended the process; their number when none did
+    };
+
+    Attempt TryToMake(const std::vector<SetPart>& parts, const PlannedDrawing& planned)
+    {
+        SetLog log(m_install.places.stateFolder);
+        const base::PrivateFolder folder("");
+        const fs::path place = base::ToPath(folder.Path()) / "part";
+        const auto work = [&](const DrawingTask& task, terminal::Console& console) {
+            const auto begins = [&place](std::size_t part) { std::ofstream(place) << part; };
+            DrawingReport report = PublishSet(parts, m_job.keepGoing, task, log, m_install, console, begins);
+            begins(parts.size());
+            return report;
+        };
+        std::vector<std::string> drawings;
+        for (const SetPart& part : parts)
+            drawings.push_back(part.drawing);
         const PooledTask task{{m_job.output, planned.savePath, m_job.options, {}, {}, {}},
                               planned.pdfPath,
                               LimitsFor(drawings, m_job.seconds, m_job.mebibytes),
                               m_job.talk == Talk::Quiet};
-        if (RunPool({task}, 1, work, callbacks)) {
-            const bool written = writer.Finish();
-            return std::max(writer.ExitCode(), written ? kExitDone : kExitFailed);
-        }
-        m_err << "sheetmaker: interrupted\n";
-        return kExitInterrupted;
+        Attempt attempt{{}, parts.size()};
+        PoolCallbacks callbacks;
+        callbacks.done = [&attempt](const DrawingReport& report, const std::string&) { attempt.report = report; };
+        RunPool({task}, 1, work, callbacks);
+        std::size_t part = parts.size();
+        if (std::ifstream(place) >> part && part < parts.size())
+            attempt.endedAt = part;
+        return attempt;
     }
 
-private:
     /// Its lines name their drawings, so they stand as they are.
     void Tell(const DrawingReport& report, ReportWriter& writer)
     {

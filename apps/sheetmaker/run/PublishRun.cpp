@@ -47,7 +47,7 @@ public:
     {
     }
 
-    void Run(const std::vector<SetPart>& parts, bool keepGoing)
+    void Run(const std::vector<SetPart>& parts, bool keepGoing, const SetProgress& begins)
     {
         m_session.Around().HeadPages(
             [this](std::size_t page) { return page <= m_headings.size() ? m_headings[page - 1] : std::string(); });
@@ -55,9 +55,12 @@ public:
         m_making = MakingOf(m_session.Context());
         if (!keepGoing)
             RefuseMissingLayouts(parts);
-        for (const SetPart& part : parts)
-            if (!AddDrawing(part, keepGoing) && !keepGoing)
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            begins(i);
+            if (!AddDrawing(parts[i], keepGoing) && !keepGoing)
                 return;
+        }
+        begins(parts.size());
         if (m_sheets == 0)
             m_report.failure = "no sheet could be converted; " + m_task.drawing + " was not written";
         else
@@ -267,12 +270,12 @@ void SetRun::Save()
 } // namespace
 
 DrawingReport PublishSet(const std::vector<SetPart>& parts, bool keepGoing, const DrawingTask& task, SetLog& log,
-                         const Install& install, terminal::Console& console)
+                         const Install& install, terminal::Console& console, const SetProgress& begins)
 {
     DrawingReport report;
     report.drawing = task.drawing;
     try {
-        SetRun(task, log, install, console, report).Run(parts, keepGoing);
+        SetRun(task, log, install, console, report).Run(parts, keepGoing, begins);
         base::MappedFile::RequireWhole();
     } catch (const Refusal& refusal) {
         report.exitCode = refusal.exitCode;

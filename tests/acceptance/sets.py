@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""Sets of sheets that begin with a contents page: what stands there, where its lines lead, and in which fonts.
+"""Sets of sheets: contents pages, what stands there, where its lines lead, in which fonts; drawings that end their process.
 
-    contents.py PROGRAM
+    sets.py PROGRAM
 
 Each row is a function that runs commands in a folder of its own and says what is wrong. Ends with "N passed, M failed".
 """
@@ -10,8 +10,12 @@ import json
 import os
 import re
 import shutil
+import signal
 import subprocess
 import sys
+import time
+
+import ezdxf
 
 import stands
 
@@ -115,7 +119,64 @@ def same_bytes(stand):
     stand.same(len(sums), 1)
 
 
-ROWS = (one_page, fonts, many_pages, long_names, what_failed_is_not_listed, same_bytes)
+def endless(stand, name):
+    """A drawing that takes far more than seconds."""
+    drawing = ezdxf.new("R2000")
+    drawing.blocks.new("B0").add_circle((0, 0), 1)
+    for level in range(1, 6):
+        drawing.blocks.new(f"B{level}").add_blockref(f"B{level - 1}", (0, 0), {"row_count": 16, "column_count": 16, "row_spacing": 3,
+                                                                           "column_spacing": 3})
+    for number in range(40):
+        drawing.layouts.new(f"Sheet {number}").add_blockref("B5", (0, 0))
+    drawing.saveas(stand.path(name))
+
+
+def late_ones_are_left_out(stand):
+    stand.drawings("a.dxf", "c.dxf")
+    endless(stand, "b.dxf")
+    words = ("publish", "-o", "set.pdf", "--contents", "a.dxf", "b.dxf", "c.dxf", "--timeout", "3")
+    run = stand.run(*words)
+    reason = "the conversion took longer than 3 s and was ended; --timeout allows it more"
+    stand.same((run.returncode, run.stdout, stand.said(run)[-1], stand.files()),
+               (1, "", "sheetmaker publish: " + reason, ["a.dxf", "b.dxf", "c.dxf"]), "without --keep-going")
+    run = stand.run(*words, "--keep-going", "--report", "json")
+    report = json.loads(run.stdout)["drawings"][0]
+    stand.same((run.returncode, report["converted"], report["exitCode"], report["pages"], report["notes"][0]),
+               (1, True, 1, 7, "b.dxf: failed: " + reason))
+    stand.same([line for line in run.stderr.splitlines() if "failed" in line], ["b.dxf: failed: " + reason])
+    stand.same(lines_of(stand, "set.pdf", 1, 1)[0::4], ["Contents", "A-201 Section . 4", "A-201 Section . 7"])
+    stand.same((os.listdir(stand.environment["TMPDIR"]), stand.files()), ([], ["a.dxf", "b.dxf", "c.dxf", "set.pdf"]), "left behind")
+
+
+def worker_of(process):
+    """The one child of a process; 0: it has none."""
+    with open(f"/proc/{process}/task/{process}/children", encoding="ascii") as file:
+        children = file.read().split()
+    return int(children[0]) if children else 0
+
+
+def crashes_are_left_out(stand):
+    stand.drawings("a.dxf", "c.dxf")
+    endless(stand, "b.dxf")
+    with subprocess.Popen([stand.program, "publish", "-o", "set.pdf", "a.dxf", "b.dxf", "c.dxf", "--keep-going"], cwd=stand.work,
+                          env=stand.environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as run:
+        time.sleep(1.5)  # a.dxf takes 20 ms, b.dxf minutes
+        os.kill(worker_of(run.pid), signal.SIGSEGV)
+        out, err = run.communicate(timeout=60)
+    stand.same((run.returncode, out, stand.pages("set.pdf")), (1, f"set.pdf -> {stand.path('set.pdf')}, 6 pages\n", "6"))
+    stand.same([line for line in err.splitlines() if "failed" in line], ["b.dxf: failed: the conversion was ended by signal 11"])
+
+
+def nothing_is_left(stand):
+    endless(stand, "b.dxf")
+    run = stand.run("publish", "-o", "set.pdf", "b.dxf", "--timeout", "1", "--keep-going")
+    stand.same((run.returncode, stand.said(run), stand.files()),
+               (1, ["b.dxf: failed: the conversion took longer than 1 s and was ended; --timeout allows it more",
+                    "sheetmaker publish: no sheet could be converted; set.pdf was not written"], ["b.dxf"]))
+
+
+ROWS = (one_page, fonts, many_pages, long_names, what_failed_is_not_listed, same_bytes,
+        late_ones_are_left_out, crashes_are_left_out, nothing_is_left)
 
 
 if __name__ == "__main__":
