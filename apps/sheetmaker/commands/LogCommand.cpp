@@ -1,4 +1,4 @@
-#include "commands/LogCommand.h"
+#include "commands/PastRuns.h"
 
 #include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"

@@ -1,4 +1,4 @@
-#include "commands/ReportCommand.h"
+#include "commands/PastRuns.h"
 
 #include "base/files/AtomicFile.h"
 #include "base/files/Paths.h"
