@@ -19,8 +19,6 @@ struct DrawnPreview {
 
 /// Draws the page that `source` found last. What isn't wanted any more when it is done has no picture.
 DrawnPreview DrawPreview(beside::IPageSource& source, const std::atomic<bool>& stop);
-/// Marks over a page, `map` as the page is shown by.
-void PaintPageMarks(QPainter& painter, const std::vector<beside::PageMark>& marks, const ViewMap& map);
 
 class PagePane final : public QWidget {
 public:

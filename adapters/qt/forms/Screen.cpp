@@ -53,6 +53,7 @@ public:
     IFormToolkit& Toolkit() override { return *m_forms; }
     IDesktop& Desktop() override { return *m_desktop; }
     beside::ICompany& Company() override { return *this; }
+    [[nodiscard]] beside::ISheetList* Listed() const override { return m_sheets; }
     void StandBeside(beside::ISheetList* sheets) override { m_sheets = sheets; }
     beside::NextStep ShowEnd(const beside::RunEnd& end) override { return AskAtEnd(end, *m_desktop); }
 

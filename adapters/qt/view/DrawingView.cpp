@@ -169,6 +169,8 @@ void DrawingView::mousePressEvent(QMouseEvent* event)
         m_grip = at;
         return;
     }
+    if (event->button() == Qt::RightButton && m_picking && onCancel)
+        return onCancel();
     if (event->button() != Qt::LeftButton || !m_picking || m_picture == nullptr)
         return;
     Follow(at, event->modifiers());

@@ -25,6 +25,11 @@ public:
     void SetPicking(bool picking);
     void SetSnapping(bool snapping);
     [[nodiscard]] bool Snapping() const { return m_snapping; }
+    /// Where a press would pick, scene; nothing while the cursor is elsewhere or nothing is picked.
+    [[nodiscard]] std::optional<Vec2> Cursor() const
+    {
+        return m_picking && m_cursor && !m_grip ? std::optional(PointAtCursor()) : std::nullopt;
+    }
     /// The snap that is in force at the cursor.
     [[nodiscard]] const std::optional<Snap>& AtSnap() const { return m_snap; }
 
@@ -41,6 +46,7 @@ public:
     std::function<void(Vec2)> onPick;                ///< scene millimetres
     std::function<void(std::optional<Vec2>)> onMove; ///< nothing: the cursor left
     std::function<bool(QKeyEvent*)> onKey;           ///< keys of nobody else; true: used
+    std::function<void()> onCancel;                  ///< the right button was pressed
     std::function<void()> onPainted;                 ///< the view is whole
     std::function<void(QPainter&)> paintOver;        ///< over the drawing, by `Map`
 

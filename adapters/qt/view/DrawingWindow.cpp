@@ -17,7 +17,10 @@ namespace {
 
 class DrawingWindow final : public cadhost::IPointPicker {
 public:
-    explicit DrawingWindow(const DrawingWindowOptions& options) : m_options{options.references, options.shareFolder} {}
+    explicit DrawingWindow(const DrawingWindowOptions& options)
+        : m_options{options.references, options.shareFolder}, m_sheets(options.sheets)
+    {
+    }
     ~DrawingWindow() override
     {
         if (QCoreApplication::instance() != nullptr)
@@ -52,6 +55,7 @@ private:
         QObject receiver{};  ///< of what is posted for this pick alone
         std::unique_ptr<LayoutRecorder> recorder{};
         std::exception_ptr error{};
+        bool isCorner = false; ///< the other one of a rectangle
     };
 
     std::optional<Vec2> Pick(const drawing::Drawing& drawing, std::size_t& layout, std::optional<Vec2> first,
@@ -65,6 +69,7 @@ private:
         m_leaves = false;
         try {
             Waiting waiting{drawing, layout};
+            waiting.isCorner = first.has_value();
             const auto point = PickIn(waiting, first, QString::fromStdString(prompt));
             Leave();
             return point;
@@ -80,6 +85,8 @@ private:
         if (m_window == nullptr) {
             m_window = new PickWindow;
             m_shown.reset();
+            if (m_size.isValid())
+                m_window->resize(m_size);
         }
         m_window->onTurn = [this, &waiting](std::size_t layout) {
             if (layout != waiting.layout)
@@ -110,6 +117,9 @@ private:
     {
         const QString file = QFileInfo(QString::fromStdString(waiting.drawing.Path())).fileName();
         const QString name = QString::fromStdString(waiting.drawing.Layouts().at(waiting.layout).name);
+        if (beside::ISheetList* const sheets = m_sheets ? m_sheets() : nullptr)
+            m_window->SetMarks(sheets->MarksOn(name.toStdString()),
+                               waiting.isCorner ? std::nullopt : sheets->StampAtHand());
         m_window->SetDrawing(file + " – " + name + " – Tarnwick Sheetmaker PDF");
         if (const PictureShelf::Entry* const kept = m_shelf.Find(waiting.layout)) {
             if (m_shown == waiting.layout && m_window->isVisible())
@@ -161,6 +171,7 @@ private:
         if (m_window == nullptr)
             return;
         KeepView();
+        m_size = m_window->size();
         QTimer::singleShot(0, m_window.data(), [this] {
             if (!m_leaves || m_window == nullptr)
                 return;
@@ -171,6 +182,8 @@ private:
     }
 
     RecorderOptions m_options;
+    std::function<beside::ISheetList*()> m_sheets;
+    QSize m_size; ///< that the user gave the window last
     QPointer<PickWindow> m_window;
     std::unique_ptr<render::TextEngine> m_text;
     PictureShelf m_shelf;

@@ -1,6 +1,7 @@
 #include "view/PickWindow.h"
 
 #include "screen/ClosesOnSignal.h"
+#include "view/PageMarks.h"
 #include "view/PointText.h"
 
 #include <QAction>
@@ -49,6 +50,8 @@ PickWindow::PickWindow() : QWidget(nullptr, Qt::Window), m_view(new DrawingView)
     m_view->installEventFilter(this);
     m_view->onPick = [this](Vec2 scene) { Answer(scene); };
     m_view->onMove = [this](std::optional<Vec2> scene) { ShowPlace(scene); };
+    m_view->paintOver = [this](QPainter& painter) { PaintMarks(painter); };
+    m_view->onCancel = [this] { Cancel(); };
     m_view->onKey = [this](QKeyEvent* event) { return TakeKey(event); };
     resize(1000, 720);
     ShowSnapping();
@@ -148,6 +151,35 @@ void PickWindow::SetPicture(std::shared_ptr<const LayoutPicture> picture)
     m_picture = std::move(picture);
     m_view->SetPicture(m_picture);
     ShowReady();
+}
+
+void PickWindow::SetMarks(std::vector<beside::PageMark> marks, std::optional<beside::PageMark> atCursor)
+{
+    m_marks = std::move(marks);
+    m_atCursor = std::move(atCursor);
+    m_view->update();
+}
+
+// Sizes are those on paper; a model has none before it is plotted, and shows its stamps in one size.
+void PickWindow::PaintMarks(QPainter& painter) const
+{
+    if (m_picture == nullptr)
+        return;
+    constexpr double kModelStamp = 16; // pixels
+    std::vector<beside::PageMark> marks = m_marks;
+    if (m_atCursor && m_view->Cursor()) {
+        marks.push_back(*m_atCursor);
+        marks.back().from = marks.back().to = m_picture->map.ToDrawing(*m_view->Cursor());
+    }
+    for (beside::PageMark& mark : marks) {
+        mark.from = m_picture->map.ToScene(mark.from);
+        mark.to = m_picture->map.ToScene(mark.to);
+        if (!m_picture->paper)
+            mark.size = kModelStamp / m_view->Map().scale;
+    }
+    painter.save();
+    PaintPageMarks(painter, marks, m_view->Map());
+    painter.restore();
 }
 
 void PickWindow::ShowReady()

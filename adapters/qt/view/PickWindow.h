@@ -1,6 +1,7 @@
 // The drawing window itself: the view, what can be done with it, and a line to type points into.
 #pragma once
 
+#include "beside/PageSource.h"
 #include "view/DrawingView.h"
 
 #include <QEventLoop>
@@ -22,6 +23,8 @@ public:
     /// The layouts by name, in tab order, and the one in front.
     void SetTabs(const QStringList& names, std::size_t current);
     std::function<void(std::size_t)> onTurn; ///< the user chose a tab
+    /// Marks of the layout, places in drawing units, and the stamp that goes along with the cursor.
+    void SetMarks(std::vector<beside::PageMark> marks, std::optional<beside::PageMark> atCursor);
     void SetPicture(std::shared_ptr<const LayoutPicture> picture);
     /// The view, to be gone back to; nothing while it is the one that shows everything.
     [[nodiscard]] std::optional<ViewMap> OwnView() const { return m_view->OwnMap(); }
@@ -48,6 +51,7 @@ private:
     void ShowPlace(std::optional<Vec2> scene);
     void ShowSnapping();
     void ShowReady();
+    void PaintMarks(QPainter& painter) const;
 
     DrawingView* m_view = nullptr;
     QTabBar* m_tabs = nullptr;
@@ -57,6 +61,8 @@ private:
     QLabel* m_hint = nullptr;
     QAction* m_snaps = nullptr;
     std::shared_ptr<const LayoutPicture> m_picture;
+    std::vector<beside::PageMark> m_marks;
+    std::optional<beside::PageMark> m_atCursor;
     QEventLoop m_loop;
     std::optional<Vec2> m_answer, m_first; ///< drawing units
     std::optional<ViewMap> m_beforeMinus;  ///< the view before "-" was pressed, which may begin a number

@@ -83,7 +83,8 @@ public:
           m_console(err, screen.hasTerminal), m_run(drawing, install, screen, m_console),
           m_sheets({[this] { return m_run.Session().Outlines(); },
                     [this] { return m_run.Document()->ActiveLayout()->Name(); },
-                    [this](const std::string& name) { m_run.Activate(name); }}),
+                    [this](const std::string& name) { m_run.Activate(name); },
+                    [this](DataKeg& keg) { return Read(keg); }}),
           m_page(drawing, install, [this] { return Wish(); })
     {
         if (!before.layout.empty())
@@ -100,6 +101,7 @@ public:
 
 private:
     void Show();
+    bool Read(DataKeg& keg);
     std::optional<PreviewWish> Wish();
     void TakeChoices();
     bool MayDropSignatureFields();
@@ -157,12 +159,17 @@ void SettingsRun::Show()
     m_console.ClearProgress();
 }
 
-/// What the preview is drawn from, while the dialog is up.
+/// What the dialog holds, while it is up.
+bool SettingsRun::Read(DataKeg& keg)
+{
+    const SettingsReader& read = m_run.Session().Around().Reader();
+    return read && read(keg);
+}
+
 std::optional<PreviewWish> SettingsRun::Wish()
 {
     PreviewWish wish;
-    const SettingsReader& read = m_run.Session().Around().Reader();
-    if (!read || !read(wish.keg))
+    if (!Read(wish.keg))
         return std::nullopt;
     wish.layout = m_run.Document()->ActiveLayout()->Name();
     return wish;

@@ -35,8 +35,8 @@ int ShowOnScreen(const Job& job, const Install& install)
         std::cerr << "sheetmaker: " << why << "\n";
         return kExitToolMissing;
     }
-    const auto picker =
-        qt::CreateDrawingWindow({ReferenceOptionsOf(install), base::ToText(install.places.shareFolder)});
+    const auto picker = qt::CreateDrawingWindow({ReferenceOptionsOf(install), base::ToText(install.places.shareFolder),
+                                                 [&screen] { return screen->Listed(); }});
     const ScreenParts parts{screen->Desktop(), screen->Toolkit(), *picker, base::IsTerminal(base::Stream::Errors),
                             &screen->Company()};
     if (const auto* const settings = std::get_if<SettingsJob>(&job))

@@ -1,6 +1,7 @@
 #include "run/SheetChoice.h"
 
 #include "layouts/LayoutNames.h"
+#include "settings/StampChoices.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -19,11 +20,48 @@ template <class Result, class Work> Result Asked(const Work& work) noexcept
     }
 }
 
-bool IsTicked(const std::vector<FormControl>& form, const char* name)
+constexpr const char* kStampTab = "Text Stamp";
+
+const FormControl* ControlOf(const std::vector<FormControl>& form, const std::string& name)
 {
     const auto found =
         std::find_if(form.begin(), form.end(), [&](const FormControl& control) { return control.name == name; });
-    return found != form.end() && found->value != 0;
+    return found == form.end() ? nullptr : &*found;
+}
+
+bool IsTicked(const std::vector<FormControl>& form, const char* name)
+{
+    const FormControl* const control = ControlOf(form, name);
+    return control != nullptr && control->value != 0;
+}
+
+std::string ChosenIn(const std::vector<FormControl>& form, const char* name)
+{
+    const FormControl* const combo = ControlOf(form, name);
+    const bool isChosen =
+        combo != nullptr && combo->selection >= 0 && static_cast<std::size_t>(combo->selection) < combo->items.size();
+    return isChosen ? combo->items[static_cast<std::size_t>(combo->selection)] : "";
+}
+
+/// The caption of the tab page in front.
+std::string PageInFront(const std::vector<FormControl>& form)
+{
+    for (std::size_t strip = 0; strip < form.size(); ++strip) {
+        if (form[strip].kind != ControlKind::TabStrip)
+            continue;
+        std::int32_t page = 0;
+        for (const FormControl& control : form)
+            if (control.kind == ControlKind::TabPage && control.parent == strip && page++ == form[strip].selection)
+                return control.caption;
+    }
+    return {};
+}
+
+beside::PageMark MarkOf(const StampSettings& stamp, const std::string& text)
+{
+    constexpr double kPoint = 25.4 / 72; // mm
+    return {beside::PageMarkKind::Stamp, {stamp.X, stamp.Y}, {stamp.X, stamp.Y}, text, stamp.FontName,
+            stamp.FontSize * kPoint,     stamp.Color,        stamp.Justification};
 }
 
 std::string Trimmed(const std::string& text)
@@ -76,6 +114,8 @@ std::vector<std::string> SheetChoice::Sheets()
 beside::SheetsNow SheetChoice::Now(const std::vector<FormControl>& form)
 {
     beside::SheetsNow now;
+    m_stampText = ChosenIn(form, "cmbStampText");
+    m_tab = PageInFront(form);
     now.ticksCount = IsTicked(form, "optAllLayouts");
     const std::string current = Asked<std::string>([&] { return m_source.current(); });
     std::size_t sheets = 0, ticked = 0;
@@ -87,6 +127,39 @@ beside::SheetsNow SheetChoice::Now(const std::vector<FormControl>& form)
     }
     now.headline = Headline(now.ticksCount, current, sheets, ticked);
     return now;
+}
+
+std::vector<beside::PageMark> SheetChoice::MarksOn(const std::string& layout)
+{
+    return Asked<std::vector<beside::PageMark>>([&] {
+        std::vector<beside::PageMark> marks;
+        DataKeg keg;
+        if (!m_source.read || !m_source.read(keg) || keg.Layouts.empty())
+            return marks;
+        const LayoutSettings& entry = keg.Layouts.front();
+        const bool isHere = entry.Stamp.LayoutName == layout || entry.Stamp.LayoutName == kAllLayouts;
+        if (entry.Stamp.StampIndex > 0 && isHere && m_tab != kStampTab)
+            marks.push_back(MarkOf(entry.Stamp, m_stampText));
+        for (const AttachmentEntry& file : entry.Attachments)
+            if (file.LayoutName == layout)
+                marks.push_back({beside::PageMarkKind::Attachment, {file.X, file.Y}, {file.X, file.Y}, file.FilePath});
+        for (const SignatureFieldEntry& field : entry.SignatureFields)
+            if (field.LayoutName == layout)
+                marks.push_back(
+                    {beside::PageMarkKind::Field, {field.X1, field.Y1}, {field.X2, field.Y2}, field.FieldName});
+        return marks;
+    });
+}
+
+std::optional<beside::PageMark> SheetChoice::StampAtHand()
+{
+    return Asked<std::optional<beside::PageMark>>([&]() -> std::optional<beside::PageMark> {
+        DataKeg keg;
+        if (m_tab != kStampTab || !m_source.read || !m_source.read(keg) || keg.Layouts.empty())
+            return std::nullopt;
+        const StampSettings& stamp = keg.Layouts.front().Stamp;
+        return stamp.StampIndex > 0 ? std::optional(MarkOf(stamp, m_stampText)) : std::nullopt;
+    });
 }
 
 void SheetChoice::MakeCurrent(const std::string& name)

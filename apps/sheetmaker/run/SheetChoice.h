@@ -4,6 +4,7 @@
 #include "beside/PageSource.h"
 #include "beside/SheetList.h"
 #include "cadhost/CadHost.h"
+#include "settings/DataKeg.h"
 
 #include <functional>
 #include <set>
@@ -17,6 +18,7 @@ struct SheetSource {
     std::function<std::vector<cadhost::LayoutOutline>()> layouts; ///< all, in tab order
     std::function<std::string()> current;
     std::function<void(const std::string&)> makeCurrent;
+    std::function<bool(DataKeg&)> read{}; ///< what the form holds; false: nothing can be told
 };
 
 /// Every sheet is ticked at first; one stays so always.
@@ -35,6 +37,9 @@ public:
     /// The preview that stands with the list; null: none.
     void SetPage(beside::IPageSource* page) { m_page = page; }
 
+    [[nodiscard]] std::vector<beside::PageMark> MarksOn(const std::string& layout) override;
+    [[nodiscard]] std::optional<beside::PageMark> StampAtHand() override;
+
     /// The paper layouts that a run is limited to; empty: all of them.
     [[nodiscard]] std::vector<std::string> Only();
     /// Sheets that aren't wanted, by name: what a list of the same drawing begins with.
@@ -48,6 +53,7 @@ private:
     SheetSource m_source;
     std::set<std::string> m_off;
     beside::IPageSource* m_page = nullptr;
+    std::string m_stampText, m_tab; ///< as the form showed them last
 };
 
 } // namespace sm::app

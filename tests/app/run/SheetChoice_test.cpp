@@ -93,6 +93,61 @@ TEST_F(SheetChoiceTest, WordsTickWhatTheyMean)
     }
 }
 
+/// The form with "Text Stamp" or another page in front, and a stamp chosen.
+std::vector<FormControl> FormWithStamp(std::int32_t page)
+{
+    std::vector<FormControl> form = FormWith(false);
+    FormControl strip, tab, combo;
+    strip.kind = ControlKind::TabStrip;
+    strip.selection = page;
+    form.push_back(strip);
+    tab.kind = ControlKind::TabPage;
+    tab.parent = form.size() - 1;
+    for (const char* caption : {"General Settings", "Text Stamp"}) {
+        tab.caption = caption;
+        form.push_back(tab);
+    }
+    combo.name = "cmbStampText";
+    combo.items = {"", "FOR REVIEW"};
+    combo.selection = 1;
+    form.push_back(combo);
+    return form;
+}
+
+TEST_F(SheetChoiceTest, MarksAreThoseOfTheForm)
+{
+    using beside::PageMark;
+    using beside::PageMarkKind;
+    DataKeg keg;
+    keg.Layouts.resize(1);
+    LayoutSettings& entry = keg.Layouts.front();
+    entry.Stamp = {255, "Courier", 2, 1, "A-101", 5, 6, 72};
+    entry.Attachments = {{"/a/b.txt", 1, 2, "A-101"}, {"/a/c.txt", 1, 2, "A-102"}};
+    entry.SignatureFields = {{"Approved", "", 1, 2, 3, 4, "A-101"}};
+    bool isReadable = true;
+    SheetChoice list{{[] { return std::vector<cadhost::LayoutOutline>(); },
+                      [] { return std::string(); },
+                      {},
+                      [&](DataKeg& read) {
+                          read = keg;
+                          return isReadable;
+                      }}};
+    list.Now(FormWithStamp(0));
+    const PageMark stamp{PageMarkKind::Stamp, {5, 6}, {5, 6}, "FOR REVIEW", "Courier", 25.4, 255, 1};
+    const PageMark file{PageMarkKind::Attachment, {1, 2}, {1, 2}, "/a/b.txt"};
+    const PageMark field{PageMarkKind::Field, {1, 2}, {3, 4}, "Approved"};
+    EXPECT_EQ(list.MarksOn("A-101"), (std::vector<PageMark>{stamp, file, field}));
+    EXPECT_EQ(list.MarksOn("A-102").size(), 1U);
+    EXPECT_EQ(list.StampAtHand(), std::nullopt) << "something else is placed";
+    list.Now(FormWithStamp(1));
+    EXPECT_EQ(list.StampAtHand(), stamp);
+    EXPECT_EQ(list.MarksOn("A-101"), (std::vector<PageMark>{file, field})) << "the stamp goes along with the cursor";
+    entry.Stamp.StampIndex = 0;
+    EXPECT_EQ(list.StampAtHand(), std::nullopt);
+    isReadable = false;
+    EXPECT_TRUE(list.MarksOn("A-101").empty());
+}
+
 TEST_F(SheetChoiceTest, ADrawingThatIsClosedHasNoSheets)
 {
     isClosed = true;

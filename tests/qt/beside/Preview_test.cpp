@@ -178,6 +178,43 @@ TEST_P(PreviewBeside, ShowsThePageOfThePdf)
     EXPECT_LE(theirsAlone, theirs * 0.005) << theirs;
 }
 
+class PreviewMarks : public PreviewBeside {};
+
+TEST_P(PreviewMarks, LieWhereThePublisherGetsThem)
+{
+    app::PreviewWish wish = Wish();
+    LayoutSettings& entry = wish.keg.Layouts.front();
+    entry.Stamp.StampIndex = 2;
+    entry.Stamp.LayoutName = layout;
+    entry.Stamp.X = 10;
+    entry.Stamp.Y = 20;
+    entry.Attachments = {
+        {drawing, 30, 40, layout}, {machine.In("missing.txt"), 1, 1, layout}, {drawing, 5, 5, "Model"}};
+    entry.SignatureFields = {{"Approved", "", 50, 60, 90, 80, layout}};
+    app::PagePreview source(drawing, install, [&] { return std::optional(wish); });
+    ASSERT_TRUE(source.Renew());
+    const std::atomic<bool> stop = false;
+    const DrawnPreview drawn = DrawPreview(source, stop);
+    std::vector<std::string> marks;
+    for (const beside::PageMark& mark : drawn.page.marks) // whole millimetres; the printable area begins at 3
+        marks.push_back(std::to_string(static_cast<int>(mark.kind)) + " " + mark.text + " " +
+                        std::to_string(std::lround(mark.from.x)) + "," + std::to_string(std::lround(mark.from.y)) +
+                        " " + std::to_string(std::lround(mark.to.x)) + "," + std::to_string(std::lround(mark.to.y)));
+    EXPECT_EQ(marks, (std::vector<std::string>{"0 FOR REVIEW 13,23 13,23", "1 house.dxf 33,43 33,43",
+                                               "2 Approved 53,63 93,83"}));
+    entry.Stamp.LayoutName = "Model";
+    EXPECT_TRUE(source.Renew());
+    EXPECT_EQ(DrawPreview(source, stop).page.marks.size(), 2U);
+    wish.layout = "No such layout";
+    EXPECT_TRUE(source.Renew());
+    const DrawnPreview none = DrawPreview(source, stop);
+    EXPECT_EQ(none.picture, nullptr);
+    EXPECT_EQ(none.page.trouble, "sheet \"No such layout\": there is no such layout (PlotLayoutToPubDoc: Layouts: "
+                                 "there is no layout 'No such layout')");
+}
+
+INSTANTIATE_TEST_SUITE_P(Samples, PreviewMarks, testing::Values(kCases[0]));
+
 INSTANTIATE_TEST_SUITE_P(Samples, PreviewBeside, testing::ValuesIn(kCases),
                          [](const auto& row) { return std::string(row.param.name); });
 

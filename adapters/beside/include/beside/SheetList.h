@@ -2,14 +2,14 @@
 // sheets become pages.
 #pragma once
 
+#include "beside/PageSource.h"
 #include "ports/FormControls.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace sm::beside {
-
-class IPageSource;
 
 struct SheetRow {
     std::string name;
@@ -42,6 +42,10 @@ public:
     /// Ticks those that `words`, separated by commas, mean, and no others: names, patterns, ranges, numbers. The
     /// result is that of `Tick`.
     virtual std::string TickMeant(const std::string& words) = 0;
+    /// Marks of a layout as the form holds them: places in drawing units, sizes of stamps in millimetres of paper.
+    [[nodiscard]] virtual std::vector<PageMark> MarksOn(const std::string& /*layout*/) { return {}; }
+    /// The stamp that a pick would place, when it is the stamp that is placed.
+    [[nodiscard]] virtual std::optional<PageMark> StampAtHand() { return std::nullopt; }
     /// The page that would come out of the current tab; null: there is no preview. Stays as long as the list.
     [[nodiscard]] virtual IPageSource* Page() { return nullptr; }
 };

@@ -1,9 +1,11 @@
 // The window that shows a layout of a drawing and lets the user pick points in it.
 #pragma once
 
+#include "beside/SheetList.h"
 #include "cadhost/PointPicker.h"
 #include "render/References.h"
 
+#include <functional>
 #include <memory>
 
 namespace sm::qt {
@@ -12,6 +14,8 @@ struct DrawingWindowOptions {
     /// As the host has them; converters are those that the drawing was opened with.
     render::ReferenceOptions references;
     std::string shareFolder{}; ///< as the host has it
+    /// What stands beside the form that asks for a pick: its marks are shown. Empty, or null: none are.
+    std::function<beside::ISheetList*()> sheets{};
 };
 
 /// To be used while a Screen is open, from its thread; may be made before and may outlive it. Without a screen each

@@ -31,6 +31,8 @@ public:
     [[nodiscard]] virtual IFormToolkit& Toolkit() = 0;
     [[nodiscard]] virtual IDesktop& Desktop() = 0;
     [[nodiscard]] virtual beside::ICompany& Company() = 0;
+    /// What was handed to the company last; null: nothing.
+    [[nodiscard]] virtual beside::ISheetList* Listed() const = 0;
 };
 
 } // namespace sm::qt
