@@ -5,6 +5,7 @@
 #include "qt/QtUser.h"
 
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -16,9 +17,10 @@ public:
 
     std::vector<FormControl> controls;
     Reports reports;
-    bool refuses = false;        ///< reports change nothing
-    bool usesEnter = true;       ///< what UserPressedEnter says
-    std::size_t clickable = 999; ///< an image that can be pressed
+    bool refuses = false;                                ///< reports change nothing
+    bool usesEnter = true;                               ///< what UserPressedEnter says
+    std::size_t clickable = 999;                         ///< an image that can be pressed
+    std::set<std::pair<std::size_t, FormEvent>> handled; ///< what has a handler besides
     std::function<void(const std::string& report)> then;
     std::unique_ptr<IFormView> view;
 
@@ -70,7 +72,7 @@ public:
     [[nodiscard]] const std::vector<FormControl>& Controls() const override { return controls; }
     [[nodiscard]] bool Handles(std::size_t control, FormEvent event) const override
     {
-        return control == clickable && event == FormEvent::Click;
+        return (control == clickable && event == FormEvent::Click) || handled.contains({control, event});
     }
     void UserActivated() override { Note("activated"); }
     void UserTyped(std::size_t control, const std::string& text, std::size_t caret) override

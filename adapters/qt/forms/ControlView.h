@@ -97,6 +97,7 @@ struct ControlSite {
     QWidget* parent;
     Reporter& reporter;
     bool clickable;
+    bool isNumeric = false; ///< a text box that is brought into a number's form
 };
 
 std::unique_ptr<ControlView> MakeControlView(const ControlSite& site);

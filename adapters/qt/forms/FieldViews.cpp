@@ -6,7 +6,9 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QLocale>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -24,10 +26,27 @@ void ColorField(QWidget& field, const ControlColor& color)
     field.setPalette(palette);
 }
 
+/// A box for numbers, which are written with "." in every locale: the locale's own sign becomes one as it is typed.
+class NumberEdit final : public QLineEdit {
+public:
+    using QLineEdit::QLineEdit;
+
+private:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        const QString sign = QLocale().decimalPoint();
+        if (event->text() != sign || sign == QLatin1String("."))
+            return QLineEdit::keyPressEvent(event);
+        QKeyEvent point(event->type(), Qt::Key_Period, event->modifiers(), QStringLiteral("."));
+        QLineEdit::keyPressEvent(&point);
+    }
+};
+
 class TextView final : public ControlView {
 public:
     explicit TextView(const ControlSite& site)
-        : m_edit(new QLineEdit(site.parent)), m_reporter(site.reporter), m_position(site.position)
+        : m_edit(site.isNumeric ? new NumberEdit(site.parent) : new QLineEdit(site.parent)), m_reporter(site.reporter),
+          m_position(site.position)
     {
         Use(m_edit, site.control);
         QObject::connect(m_edit, &QLineEdit::textEdited, m_edit, [this] {

@@ -29,19 +29,20 @@ bool IsMnemonicOfNothing(const QEvent* event)
 } // namespace
 
 FormWindow::FormWindow(Events events)
-    : m_events(std::move(events)), m_scroller(new QScrollArea(this)), m_content(new QWidget)
+    : m_events(std::move(events)), m_scroller(new QScrollArea(this)), m_content(new QWidget),
+      m_footer(new QWidget(this))
 {
     setWindowModality(Qt::ApplicationModal);
     m_scroller->setFrameShape(QFrame::NoFrame);
     m_scroller->setFocusPolicy(Qt::NoFocus);
     m_scroller->setWidget(m_content);
+    m_footer->hide();
     m_longestWait.setSingleShot(true);
     m_longestWait.callOnTimeout(this, [this] { NoteAppearance(); });
 }
 
-void FormWindow::Resize(const QSize& content)
+void FormWindow::Resize(const QSize& content, int footerTop)
 {
-    m_content->resize(content);
     QSize room = content;
     if (const QScreen* const on = screen()) {
         const QSize most = on->availableGeometry().size() - QSize(kForDecoration, kForDecoration);
@@ -52,8 +53,14 @@ void FormWindow::Resize(const QSize& content)
         if (room.width() < content.width())
             room.setHeight(std::min(content.height() + bar, most.height()));
     }
+    const bool hasFooter = footerTop > 0 && footerTop < content.height() && room.height() < content.height();
+    const int footer = hasFooter ? content.height() - footerTop : 0;
+    m_content->resize(content - QSize(0, footer));
+    m_footer->setVisible(hasFooter);
+    m_footer->setGeometry(0, room.height() - footer, room.width(), footer);
+    m_footerShift = std::max(0, content.width() - room.width());
     setFixedSize(room);
-    m_scroller->setGeometry(QRect(QPoint(0, 0), room));
+    m_scroller->setGeometry(QRect(QPoint(0, 0), room - QSize(0, footer)));
 }
 
 void FormWindow::PutInTheMiddle(const QWidget* owner)
@@ -120,8 +127,10 @@ bool FormWindow::TakeKey(QWidget* widget, QEvent* event)
     auto* const pressed = static_cast<QKeyEvent*>(event);
     const bool isEnter = pressed->key() == Qt::Key_Return || pressed->key() == Qt::Key_Enter;
     const bool isPlain = (pressed->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    if (!isPlain || (!isEnter && pressed->key() != Qt::Key_Escape))
+    if (!isPlain)
         return false;
+    if (!isEnter && pressed->key() != Qt::Key_Escape)
+        return m_events.otherKey && m_events.otherKey(widget, pressed->key());
     event->accept();
     if (!pressed->isAutoRepeat())
         m_events.keyPressed(widget, isEnter);

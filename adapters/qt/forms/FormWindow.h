@@ -18,6 +18,8 @@ public:
         std::function<void()> restyled;    ///< font, style or colours of the desktop are others now
         /// Enter or Escape, with the keyboard in `widget`.
         std::function<void(QWidget* widget, bool isEnter)> keyPressed;
+        /// Any other key without modifiers, likewise; true when it was used.
+        std::function<bool(QWidget* widget, int key)> otherKey;
     };
 
     explicit FormWindow(Events events);
@@ -29,8 +31,12 @@ public:
     [[nodiscard]] QWidget* Content() const { return m_content; }
     /// Enter and Escape of this widget come to `keyPressed` before the widget sees them.
     void Watch(QWidget* widget) { widget->installEventFilter(this); }
-    /// Sizes the content, and the window as far as the screen allows.
-    void Resize(const QSize& content);
+    /// Sizes the content, and the window as far as the screen allows. What lies below `footerTop` (0: nothing) stays in
+    /// view where the screen is too low: it belongs into `Footer` then, which else is null.
+    void Resize(const QSize& content, int footerTop);
+    [[nodiscard]] QWidget* Footer() const { return m_footer->isHidden() ? nullptr : m_footer; }
+    /// Pixels that the footer's contents move to the left, on a screen that is too narrow.
+    [[nodiscard]] int FooterShift() const { return m_footerShift; }
     /// Shows the window; the first time in the middle of `owner`, or of the screen when there is none.
     void Appear(QWidget* owner);
     void ScrollTo(QWidget* widget);
@@ -51,6 +57,8 @@ private:
     Events m_events;
     QScrollArea* m_scroller;
     QWidget* m_content;
+    QWidget* m_footer;
+    int m_footerShift = 0;
     QTimer m_longestWait;
     bool m_isAwaited = false, m_hasPlace = false, m_isRestyling = false;
 };

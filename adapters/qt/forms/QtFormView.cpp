@@ -44,13 +44,15 @@ template <class Body> bool Guarded(const Body& body) noexcept
 QtFormView::QtFormView(IForm& form, beside::ISheetList* const& sheets)
     : m_form(form), m_listed(sheets), m_reporter(form),
       m_window({[this] { m_form.UserActivated(); }, [this] { m_form.UserClosed(); }, [this] { LayOut(); },
-                [this](QWidget* widget, bool isEnter) { OnKey(widget, isEnter); }})
+                [this](QWidget* widget, bool isEnter) { OnKey(widget, isEnter); },
+                [this](QWidget* widget, int key) { return OnOtherKey(widget, key); }})
 {
     m_reporter.showAnew = [this](std::size_t control) { ControlChanged(control); };
     const Reporter::Silence silence(m_reporter);
     m_window.setObjectName(ToQt(form.Controls().front().name));
     MakeControls();
     OrderKeyboard();
+    StopAtTickedOptions();
     NameControls();
     ShowForm();
     LayOut();
@@ -69,7 +71,8 @@ void QtFormView::MakeControls()
     const auto& controls = m_form.Controls();
     for (std::size_t i = 0; i < controls.size(); ++i) {
         const bool clickable = m_form.Handles(i, FormEvent::Click);
-        m_views.push_back(MakeControlView({controls[i], i, ParentOf(i), m_reporter, clickable}));
+        const bool isNumeric = m_form.Handles(i, FormEvent::LostFocus);
+        m_views.push_back(MakeControlView({controls[i], i, ParentOf(i), m_reporter, clickable, isNumeric}));
         QWidget* const widget = m_views.back()->Widget();
         if (widget == nullptr)
             continue;
@@ -132,10 +135,70 @@ void QtFormView::LayOut()
 {
     const auto& controls = m_form.Controls();
     const FormUnits units = MeasureUnits(controls, m_views, m_window.font());
-    m_window.Resize(units.Rect(controls.front().place).size());
+    const int footerTop = FooterTop(units);
+    m_window.Resize(units.Rect(controls.front().place).size(), footerTop);
     for (std::size_t i = 1; i < controls.size(); ++i) {
         m_views[i]->Place(controls[i].place, units, PageMargin(controls[i].parent, units));
         m_views[i]->Recolor();
+    }
+    FillFooter(footerTop);
+}
+
+/// Where the row of buttons at the form's lower edge begins, pixels; 0 when there is none.
+int QtFormView::FooterTop(const FormUnits& units) const
+{
+    const auto& controls = m_form.Controls();
+    std::int32_t others = 0, buttons = 0;
+    for (std::size_t i = 1; i < controls.size(); ++i) {
+        const ControlPlace& place = controls[i].place;
+        if (controls[i].parent == 0 && controls[i].kind != ControlKind::CommandButton)
+            others = std::max(others, place.top + place.height);
+    }
+    for (std::size_t i = 1; i < controls.size(); ++i)
+        if (controls[i].parent == 0 && controls[i].kind == ControlKind::CommandButton &&
+            controls[i].place.top >= others && (buttons == 0 || controls[i].place.top < buttons))
+            buttons = controls[i].place.top;
+    return buttons > 0 && others > 0 ? units.Down((others + buttons) / 2) : 0;
+}
+
+/// The buttons below `footerTop` go where they stay in view, or back.
+void QtFormView::FillFooter(int footerTop)
+{
+    const auto& controls = m_form.Controls();
+    QWidget* const parent = m_window.Footer() != nullptr ? m_window.Footer() : m_window.Content();
+    bool isMoved = false;
+    for (std::size_t i = 1; i < controls.size(); ++i) {
+        QWidget* const widget = m_views[i]->Widget();
+        if (controls[i].parent != 0 || controls[i].kind != ControlKind::CommandButton || widget == nullptr)
+            continue;
+        const bool isBelow = footerTop > 0 && widget->y() >= footerTop;
+        if (isBelow && widget->parentWidget() != parent) {
+            const QPoint at = widget->pos();
+            widget->setParent(parent);
+            widget->move(at);
+            widget->setVisible(controls[i].visible);
+            isMoved = true;
+        }
+        if (isBelow && parent == m_window.Footer())
+            widget->move(widget->pos() - QPoint(m_window.FooterShift(), footerTop));
+    }
+    if (isMoved)
+        OrderKeyboard();
+}
+
+/// Tab comes to the ticked option of a group, where the arrow keys go on from; to the first one where none is ticked.
+void QtFormView::StopAtTickedOptions()
+{
+    const auto& controls = m_form.Controls();
+    std::unordered_map<std::size_t, std::size_t> stops; // by parent
+    for (std::size_t i = 1; i < controls.size(); ++i)
+        if (controls[i].kind == ControlKind::OptionButton && controls[i].enabled &&
+            (controls[i].value != 0 || !stops.contains(controls[i].parent)))
+            stops[controls[i].parent] = i;
+    for (std::size_t i = 1; i < controls.size(); ++i) {
+        QWidget* const widget = m_views[i]->Widget();
+        if (controls[i].kind == ControlKind::OptionButton && widget != nullptr)
+            widget->setFocusPolicy(stops[controls[i].parent] == i ? Qt::StrongFocus : Qt::ClickFocus);
     }
 }
 
@@ -152,6 +215,8 @@ void QtFormView::ShowControl(std::size_t control)
         return ShowForm();
     const FormControl& state = m_form.Controls()[control];
     const bool isBuilt = m_views[control]->Show(state);
+    if (state.kind == ControlKind::OptionButton)
+        StopAtTickedOptions();
     if (!isBuilt)
         return;
     LayOut();
@@ -246,7 +311,36 @@ void QtFormView::OnKey(QWidget* widget, bool isEnter)
         return;
     }
     const std::size_t control = ControlOf(widget);
-    m_form.UserPressedEnter(control);
+    const FormControl& state = m_form.Controls()[control];
+    if (state.kind == ControlKind::ListView && state.selection >= 0 && m_form.Handles(control, FormEvent::DoubleClick))
+        m_form.UserDoubleClicked(control, state.selection); // a row is opened, as by the mouse
+    else
+        m_form.UserPressedEnter(control);
+}
+
+bool QtFormView::OnOtherKey(QWidget* widget, int key)
+{
+    if (key == Qt::Key_F1)
+        return PressBeside(0, "Help");
+    const std::size_t control = ControlOf(widget);
+    const bool isList = m_form.Controls()[control].kind == ControlKind::ListView;
+    return key == Qt::Key_Delete && isList && PressBeside(control, "Delete");
+}
+
+bool QtFormView::PressBeside(std::size_t control, const char* caption)
+{
+    const auto& controls = m_form.Controls();
+    for (std::size_t i = 1; i < controls.size(); ++i) {
+        if (controls[i].kind != ControlKind::CommandButton || controls[i].parent != controls[control].parent)
+            continue;
+        if (ToQt(controls[i].caption).remove('&') != QLatin1String(caption))
+            continue;
+        const QWidget* const widget = m_views[i]->Widget();
+        if (widget != nullptr && widget->isEnabled() && widget->isVisible())
+            m_reporter.Clicked(i);
+        return true;
+    }
+    return false;
 }
 
 void QtFormView::OnFocus(QWidget* from, QWidget* to)

@@ -39,6 +39,12 @@ private:
     void ShowSheets();
     void HideSheets();
     void OnKey(QWidget* widget, bool isEnter);
+    bool OnOtherKey(QWidget* widget, int key);
+    /// Presses the button with that caption beside `control`, if the user could.
+    bool PressBeside(std::size_t control, const char* caption);
+    void StopAtTickedOptions();
+    [[nodiscard]] int FooterTop(const FormUnits& units) const;
+    void FillFooter(int footerTop);
     void OnFocus(QWidget* from, QWidget* to);
     /// The control that the widget is, or is a part of; 0 for the form itself.
     [[nodiscard]] std::size_t ControlOf(const QWidget* widget) const;

@@ -234,6 +234,7 @@ void PickWindow::TakeTyped()
     const auto point = ParsePoint(m_entry->text().toStdString(), m_first);
     if (!point) {
         m_hint->setText("Please type a point as x,y");
+        m_hint->setAccessibleName(m_hint->text());
         m_entry->selectAll();
         QApplication::beep();
         return;
@@ -271,6 +272,7 @@ void PickWindow::ShowPlace(std::optional<Vec2> scene)
     if (m_picture == nullptr || !scene)
         return m_place->clear();
     m_place->setText(Text(PointText(m_picture->map.ToDrawing(*scene), m_picture->decimals)));
+    m_place->setAccessibleName("Coordinates " + m_place->text());
     ShowSnapping();
 }
 
@@ -283,6 +285,7 @@ void PickWindow::ShowSnapping()
                     : snap                                     ? QString::fromUtf8(SnapName(snap->kind))
                     : m_snaps->isChecked()                     ? "Object snaps on (F3)"
                                                                : "Object snaps off (F3)");
+    m_hint->setAccessibleName(m_hint->text()); // a name that stays would hide what changes
 }
 
 void PickWindow::closeEvent(QCloseEvent* event)

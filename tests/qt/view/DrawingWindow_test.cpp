@@ -363,6 +363,10 @@ TEST_F(DrawingWindowPicks, PartsHaveNamesForScreenReaders)
         EXPECT_EQ(View().accessibleName(), "Drawing");
         EXPECT_EQ(Window().findChild<QLineEdit*>("entry")->accessibleName(), "Enter a point: ");
         EXPECT_EQ(Window().findChild<QWidget*>("place")->accessibleName(), "Coordinates");
+        Move(PixelOf({70, 10}), Qt::ShiftModifier);
+        EXPECT_EQ(Window().findChild<QWidget*>("place")->accessibleName(), "Coordinates " + TextOf("place"));
+        Move(PixelOf({1, 49}));
+        EXPECT_EQ(Window().findChild<QWidget*>("hint")->accessibleName(), "End point");
         EXPECT_EQ(Window().windowModality(), Qt::ApplicationModal);
         Key(Qt::Key_Escape);
     });
