@@ -136,6 +136,9 @@ public:
     void SetQuietErrorMode(bool) override {}
     bool PlotToFile(const std::string& path) override
     {
+        const auto& mayPlot = m_session->Options().mayPlot;
+        if (m_session->Sink() == nullptr && mayPlot && !mayPlot())
+            return false;
         return m_open->Plot(path, m_session->FoldersFor(*m_open), m_session->Options().keepLayers, m_session->Sink());
     }
 

@@ -1,6 +1,7 @@
 #include "qt/Screen.h"
 
 #include "beside/EndWindow.h"
+#include "beside/ProgressWindow.h"
 #include "forms/Pictures.h"
 #include "forms/QtDesktop.h"
 #include "forms/QtForms.h"
@@ -55,11 +56,25 @@ public:
     beside::ICompany& Company() override { return *this; }
     [[nodiscard]] beside::ISheetList* Listed() const override { return m_sheets; }
     void StandBeside(beside::ISheetList* sheets) override { m_sheets = sheets; }
+    void ShowProgress(const beside::RunProgress& progress) override
+    {
+        if (m_progress == nullptr)
+            m_progress = std::make_unique<ProgressWindow>();
+        m_progress->Tell(progress);
+    }
+    void HideProgress() override { m_progress.reset(); }
+    bool IsCancelled() override
+    {
+        if (m_progress != nullptr)
+            QApplication::processEvents();
+        return m_progress != nullptr && m_progress->IsCancelled();
+    }
     beside::NextStep ShowEnd(const beside::RunEnd& end) override { return AskAtEnd(end, *m_desktop); }
 
 private:
     Application m_application;
     beside::ISheetList* m_sheets = nullptr;
+    std::unique_ptr<ProgressWindow> m_progress;
     std::unique_ptr<IDesktop> m_desktop;
     std::unique_ptr<IFormToolkit> m_forms;
 };

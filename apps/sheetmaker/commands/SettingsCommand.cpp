@@ -93,6 +93,11 @@ public:
         m_sheets.SetPage(&m_page);
         m_records = RecordsFileOf(m_run.Session().Drawing(), drawing);
         m_run.OnceKept([this] { TakeChoices(); });
+        if (screen.company != nullptr)
+            m_run.Session().Watcher().WhenSheetBegins(
+                [this](const std::string& sheet, std::int32_t index, std::int32_t count) {
+                    m_screen.company->ShowProgress({m_drawing, sheet, index, count});
+                });
     }
 
     /// The exit code; nothing when the user left without a word.
@@ -157,6 +162,8 @@ void SettingsRun::Show()
         frontEnd.ShowSettings(0, 0, 0);
     }
     m_console.ClearProgress();
+    if (m_screen.company != nullptr)
+        m_screen.company->HideProgress();
 }
 
 /// What the dialog holds, while it is up.

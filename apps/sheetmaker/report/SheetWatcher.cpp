@@ -63,6 +63,8 @@ void SheetWatcher::SheetBegins(const std::string& layoutName, std::int32_t index
         m_annotationsLost = false;
         m_where = fmt::format("sheet {} of {} \"{}\"", index, count, layoutName);
         m_console.Progress(m_report.drawing + ": " + m_where);
+        if (m_whenSheetBegins)
+            m_whenSheetBegins(layoutName, index, count);
     });
 }
 
@@ -112,7 +114,8 @@ std::string SheetWatcher::WhatWasCancelled() const
 {
     if (m_save && m_save->pdfPath.empty() && m_save->errorText == "Cancelled.")
         return "the choice of a file name";
-    return m_save && !m_save->pdfPath.empty() ? "" : m_cancelled; // somebody went on without the choice
+    // Somebody may have gone on without the choice: then no sheet failed.
+    return !m_report.sheets.empty() && m_report.sheets.back().status >= 0 ? "" : m_cancelled;
 }
 
 std::string SheetWatcher::FailedSheet(const std::string& plotFailure) const

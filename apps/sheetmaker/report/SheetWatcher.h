@@ -39,6 +39,11 @@ public:
     [[nodiscard]] const std::optional<Save>& LastSave() const { return m_save; }
     /// The last failing call that was carried past, with its routine; empty when none was.
     [[nodiscard]] const std::string& LastCarriedPast() const { return m_carriedPast; }
+    /// Is called as each sheet begins: its name, its number from 1 and how many there are.
+    void WhenSheetBegins(std::function<void(const std::string&, std::int32_t, std::int32_t)> call)
+    {
+        m_whenSheetBegins = std::move(call);
+    }
     /// Is called once the settings dialog was confirmed, before the conversion that it may ask for.
     void WhenSettingsAreKept(std::function<void()> call) { m_whenSettingsAreKept = std::move(call); }
     /// The settings dialog was confirmed, and everything it held was handed to the settings and the drawing.
@@ -56,6 +61,7 @@ private:
     std::optional<Save> m_save;
     std::string m_cancelled, m_reason, m_carriedPast, m_where, m_lostRecord, m_lostSetting;
     std::function<void()> m_whenSettingsAreKept;
+    std::function<void(const std::string&, std::int32_t, std::int32_t)> m_whenSheetBegins;
     bool m_settingsKept = false;
     bool m_annotationsLost = false; ///< of the sheet at hand; told once
 };

@@ -19,6 +19,13 @@ cadhost::HostOptions OptionsFor(const DrawingTask& task, const Install& install,
     cadhost::HostOptions options = HostOptionsOf(install, surrounded.Context().surroundings.registry, task.workFolder,
                                                  surrounded.KeepsLayers(task.options));
     options.picker = screen ? &screen->picker : nullptr;
+    if (screen && screen->company)
+        options.mayPlot = [company = screen->company, &surrounded] {
+            const bool isCancelled = company->IsCancelled();
+            if (isCancelled)
+                surrounded.Watcher().Cancelled("the conversion");
+            return !isCancelled;
+        };
     return options;
 }
 

@@ -59,9 +59,9 @@ std::string PageInFront(const std::vector<FormControl>& form)
 
 beside::PageMark MarkOf(const StampSettings& stamp, const std::string& text)
 {
-    constexpr double kPoint = 25.4 / 72; // mm
+    constexpr double kMillimetres = 25.4 / 72; // of a point
     return {beside::PageMarkKind::Stamp, {stamp.X, stamp.Y}, {stamp.X, stamp.Y}, text, stamp.FontName,
-            stamp.FontSize * kPoint,     stamp.Color,        stamp.Justification};
+            stamp.FontSize * kMillimetres,     stamp.Color,        stamp.Justification};
 }
 
 std::string Trimmed(const std::string& text)

@@ -132,14 +132,14 @@ TEST_F(SheetChoiceTest, MarksAreThoseOfTheForm)
                           read = keg;
                           return isReadable;
                       }}};
-    list.Now(FormWithStamp(0));
+    EXPECT_TRUE(list.Now(FormWithStamp(0)).rows.empty());
     const PageMark stamp{PageMarkKind::Stamp, {5, 6}, {5, 6}, "FOR REVIEW", "Courier", 25.4, 255, 1};
     const PageMark file{PageMarkKind::Attachment, {1, 2}, {1, 2}, "/a/b.txt"};
     const PageMark field{PageMarkKind::Field, {1, 2}, {3, 4}, "Approved"};
     EXPECT_EQ(list.MarksOn("A-101"), (std::vector<PageMark>{stamp, file, field}));
     EXPECT_EQ(list.MarksOn("A-102").size(), 1U);
     EXPECT_EQ(list.StampAtHand(), std::nullopt) << "something else is placed";
-    list.Now(FormWithStamp(1));
+    EXPECT_TRUE(list.Now(FormWithStamp(1)).rows.empty());
     EXPECT_EQ(list.StampAtHand(), stamp);
     EXPECT_EQ(list.MarksOn("A-101"), (std::vector<PageMark>{file, field})) << "the stamp goes along with the cursor";
     entry.Stamp.StampIndex = 0;

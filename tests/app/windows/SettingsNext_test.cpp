@@ -22,6 +22,16 @@ public:
         if (sheets != nullptr && user)
             user(*sheets);
     }
+    void ShowProgress(const beside::RunProgress& one) override
+    {
+        progress.push_back(std::to_string(one.index) + " of " + std::to_string(one.count) + " " + one.sheet);
+        isShown = true;
+    }
+    void HideProgress() override { isShown = false; }
+    bool IsCancelled() override { return progress.size() >= cancelAt; }
+    std::vector<std::string> progress;
+    std::size_t cancelAt = 999; ///< the sheet at which the user cancels
+    bool isShown = false;
     NextStep ShowEnd(const beside::RunEnd& end) override
     {
         ends.push_back(end);
@@ -127,6 +137,30 @@ TEST_F(SettingsNext, FieldsThatWereStoredSurviveTheNextShowing)
     for (const char* name : {"Checked", "Approved", "Released"})
         EXPECT_NE(fields.find(name), std::string::npos) << name;
     EXPECT_EQ(fields.find("Approved"), fields.rfind("Approved"));
+}
+
+TEST_F(SettingsNext, TheSheetsAreShownAsTheyAreMadeAndACancelLeavesTheFormerPdf)
+{
+    const auto allSheets = [](FormDriver& user) {
+        user.Click("optAllLayouts");
+        user.Tick("chkFileName", false);
+        user.Tick("chkViewResults", false);
+        user.Click("btnPDF");
+    };
+    const std::string pdf = machine.MakeFile("house.pdf", "the former one");
+    toolkit.When("frmGUITap", allSheets);
+    company.cancelAt = 2;
+    EXPECT_EQ(Settings("A-101 Ground Floor"), 0) << err.str();
+    EXPECT_EQ(company.progress, (std::vector<std::string>{"1 of 3 A-101 Ground Floor", "2 of 3 A-102 Upper Floor"}));
+    EXPECT_FALSE(company.isShown);
+    ASSERT_EQ(company.ends.size(), 1U);
+    EXPECT_EQ(company.ends.front().headline, "No PDF was made: the conversion was cancelled.");
+    EXPECT_EQ(Contents(pdf), "the former one");
+    EXPECT_TRUE(desktop.TakeMessages().empty());
+    company.cancelAt = 999;
+    toolkit.When("frmGUITap", allSheets);
+    EXPECT_EQ(Settings("A-101 Ground Floor"), 0);
+    EXPECT_EQ(company.ends.back().headline, "house.pdf was made: 3 pages.");
 }
 
 TEST_F(SettingsNext, OkEndsWithoutAWord)

@@ -2,6 +2,8 @@
 #include "qt/QtUser.h"
 #include "qt/RecordingForm.h"
 
+#include "beside/ProgressWindow.h"
+
 #include <QDir>
 #include <QFile>
 #include <QLabel>
@@ -151,6 +153,29 @@ NextStep AtEnd(const RunEnd& end, const std::function<void()>& script)
 {
     WhenShown(script);
     return TheScreen().Company().ShowEnd(end);
+}
+
+TEST(Progress, TellsSheetAndTimeLeft)
+{
+    EXPECT_EQ(TimeLeft(1, 10, 60000), "");
+    EXPECT_EQ(TimeLeft(2, 2, 3000), "about 5 seconds left");
+    EXPECT_EQ(TimeLeft(3, 10, 10000), "about 45 seconds left");
+    EXPECT_EQ(TimeLeft(2, 101, 6000), "about 10 minutes left");
+    beside::ICompany& company = TheScreen().Company();
+    EXPECT_FALSE(company.IsCancelled());
+    company.ShowProgress({"plan.dxf", "A-101", 1, 3});
+    EXPECT_EQ(QtUser::Find<QLabel>("sheet")->text(), "Sheet 1 of 3: A-101");
+    company.ShowProgress({"plan.dxf", "A-102", 2, 3});
+    EXPECT_EQ(QtUser::Find<QLabel>("sheet")->text(), "Sheet 2 of 3: A-102");
+    EXPECT_EQ(QtUser::Find<QLabel>("left")->text(), "about 5 seconds left");
+    Keep("ProgressWindow", "progress-window");
+    EXPECT_FALSE(company.IsCancelled());
+    QtUser::Close();
+    EXPECT_TRUE(company.IsCancelled());
+    EXPECT_TRUE(QtUser::Window()->isVisible()) << "until the sheet has ended";
+    EXPECT_FALSE(QtUser::Find("cancel")->isEnabled());
+    company.HideProgress();
+    EXPECT_FALSE(company.IsCancelled());
 }
 
 TEST(EndOfRun, TellsWhatWasMadeAndOpensIt)

@@ -62,8 +62,9 @@ protected:
         for (const std::string& word : GetParam().words)
             words.insert(words.end(), {"--set", word});
         std::ostringstream said;
-        if (words.size() > 2)
+        if (words.size() > 2) {
             EXPECT_EQ(app::RunProgram(words, install, said, said), 0) << said.str();
+        }
     }
 
     /// What the dialog would hold of the drawing as it is.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "beside/RunEnd.h"
+#include "beside/RunProgress.h"
 #include "beside/SheetList.h"
 
 namespace sm::beside {
@@ -12,6 +13,11 @@ public:
     virtual ~ICompany() = default;
     /// Beside the forms that are shown from now on; outlives them. Null: nothing stands there.
     virtual void StandBeside(ISheetList* sheets) = 0;
+    /// A sheet is begun: shows it in a window that stays until `HideProgress`. The user may cancel there.
+    virtual void ShowProgress(const RunProgress& progress) = 0;
+    virtual void HideProgress() = 0;
+    /// Lets the window see what the user did; true when that was to cancel, until `HideProgress`.
+    virtual bool IsCancelled() = 0;
     /// Shows how a run ended, waits for the user and says what is to be done next.
     virtual NextStep ShowEnd(const RunEnd& end) = 0;
 };
