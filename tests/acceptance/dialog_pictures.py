@@ -20,11 +20,12 @@ import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import screen as screens  # noqa: E402
+from dialog_sheets import close_end  # noqa: E402
 from dialog_user import (LAYOUT, TITLE, add_attachment, add_signature, combo, drawing_window, end_of, set_general,  # noqa: E402
                          set_page_setup, set_stamp, tab, view_of)
 from dialog_walks import Desk  # noqa: E402
 from pdf_tools import output_of  # noqa: E402
-from screen import wait  # noqa: E402
+from screen import quietly, wait  # noqa: E402
 
 LINES_TO_SCAN = 300000
 
@@ -81,7 +82,7 @@ def show_color(gallery, dialog):
     dialog.find("push button", "Color").click()
     gallery.keep("color", gallery.screen.windows()[-1])
     gallery.screen.keys("Escape")
-    wait(lambda: len(gallery.screen.windows()) == 1, "the colours to go away")
+    wait(lambda: len([one for one in gallery.screen.windows() if one.name != "Sheets"]) == 1, "the colours to go away")
 
 
 def show_reminder(gallery, dialog):
@@ -90,7 +91,7 @@ def show_reminder(gallery, dialog):
     reminder = gallery.screen.window(TITLE, "alert")
     gallery.keep("reminder", reminder)
     reminder.find("push button", "Yes").click()
-    wait(lambda: len(gallery.screen.windows()) == 1, "the reminder to go away")
+    wait(lambda: len([one for one in gallery.screen.windows() if one.name != "Sheets"]) == 1, "the reminder to go away")
 
 
 def show_drawing(gallery, dialog):
@@ -135,6 +136,7 @@ def create_with_picker(gallery, name, question, wanted):
     gallery.keep(name, picker)
     [one for one in picker.every() if one.role == "combo box"][0].choose(wanted)
     picker.find("push button", "OK").click()
+    close_end(screen)
     desk.check(f"{name}: exit code", end_of(process), 0)
     desk.check(f"{name}: there is a PDF", "Pages:           1" in output_of("pdfinfo", desk.path(".pdf")), True)
     return desk.shell("log")
@@ -225,6 +227,11 @@ def show_progress(gallery):
     os.kill(process.pid, signal.SIGSTOP)  # nor is there time to count windows
     desk.check("progress: it stays", (windows_on(screen), process.poll()), ([window], None))
     os.kill(process.pid, signal.SIGCONT)
+    deadline = time.monotonic() + 120
+    while process.poll() is None and time.monotonic() < deadline:  # the window at the end may have taken the signal
+        if any(one.name == "Create PDF" for one in quietly(screen.windows) or []):
+            screen.keys("Escape")
+        time.sleep(0.2)
     desk.check("progress: exit code after attempts to close it", end_of(process, 120), 0)
     desk.check("progress: the PDF was made", os.path.exists(crowded[:-4] + ".pdf"), True)
 
