@@ -32,14 +32,25 @@ set(packaging ${CMAKE_SOURCE_DIR}/packaging/windows)
 # That of the other preset goes along, under a name of its own, when it has been built.
 set(component32 ${CMAKE_SOURCE_DIR}/build/windows32/adapters/windows/server/TwAcadPdf.dll)
 file(GLOB built32 CONFIGURE_DEPENDS ${component32})
-file(GLOB_RECURSE shipped CONFIGURE_DEPENDS ${share}/PC3/* ${share}/Settings/* ${share}/help/*)
+file(GLOB_RECURSE shipped CONFIGURE_DEPENDS ${share}/*)
+set(programs)
+if(SM_PROGRAM)
+    set(programs $<TARGET_FILE:sheetmaker> $<TARGET_FILE:sheetmaker-windows>)
+    set(both -DPROGRAM=$<TARGET_FILE:sheetmaker> -DWINDOWSPROGRAM=$<TARGET_FILE:sheetmaker-windows>)
+else()
+    set(both -DPROGRAM=none -DWINDOWSPROGRAM=none)
+endif()
+set(files ${CMAKE_BINARY_DIR}/files.nsh)
+add_custom_command(OUTPUT ${files}
+    COMMAND ${packaging}/list-files ${share} ${files}
+    DEPENDS ${packaging}/list-files ${shipped} VERBATIM)
 add_custom_command(OUTPUT ${SM_SETUP}
-    COMMAND makensis -V1 -DVERSION=${PROJECT_VERSION} -DCOMPONENT=${component} -DCOMPONENT32=${component32} -DSHARE=${share}
-            -DLICENSE=${CMAKE_SOURCE_DIR}/LICENSE -DOUTPUT=${SM_SETUP} ${packaging}/installer.nsi
-    DEPENDS TwAcadPdf ${built32} ${packaging}/installer.nsi ${shipped} VERBATIM)
+    COMMAND makensis -V1 -DVERSION=${PROJECT_VERSION} -DCOMPONENT=${component} -DCOMPONENT32=${component32} ${both}
+            -DFILES=${files} -DLICENSE=${CMAKE_SOURCE_DIR}/LICENSE -DOUTPUT=${SM_SETUP} ${packaging}/installer.nsi
+    DEPENDS TwAcadPdf ${built32} ${programs} ${packaging}/installer.nsi ${files} VERBATIM)
 add_custom_command(OUTPUT ${SM_ZIP}
-    COMMAND ${packaging}/make-zip ${SM_ZIP} ${component} ${component32} ${share} ${CMAKE_SOURCE_DIR}/LICENSE
-    DEPENDS TwAcadPdf ${built32} ${packaging}/make-zip ${packaging}/ReadMe.txt ${shipped} VERBATIM)
+    COMMAND ${packaging}/make-zip ${SM_ZIP} ${component} ${component32} ${share} ${CMAKE_SOURCE_DIR}/LICENSE ${programs}
+    DEPENDS TwAcadPdf ${built32} ${programs} ${packaging}/make-zip ${packaging}/ReadMe.txt ${shipped} VERBATIM)
 add_custom_target(installer ALL DEPENDS ${SM_SETUP} ${SM_ZIP})
 
 # Programs are run by Wine in a prefix of the build's own.

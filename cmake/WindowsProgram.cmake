@@ -31,7 +31,7 @@ target_compile_definitions(lib_fribidi INTERFACE FRIBIDI_LIB_STATIC)
 target_compile_definitions(lib_utf8proc INTERFACE UTF8PROC_STATIC)
 
 add_room(base adapters/base lib_utf8proc advapi32)
-add_room(system adapters/system plugin base shell32)
+add_room(system adapters/system plugin base)
 add_room(terminal adapters/terminal plugin base fmt::fmt)
 add_room(store adapters/store plugin base)
 add_room(drawing adapters/drawing ports base nlohmann_json::nlohmann_json)

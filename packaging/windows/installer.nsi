@@ -1,6 +1,9 @@
-; The installer of the component: for the machine or for one user, chosen on its second page or by /AllUsers and
-; /CurrentUser; silent with /S. Built by CMake's target "installer", which gives VERSION, COMPONENT,
-; COMPONENT32 (which need not be there), SHARE, LICENSE and OUTPUT.
+; The installer of the component and the program: for the machine or for one user, chosen on its second page or by
+; /AllUsers and /CurrentUser; silent with /S. Built by CMake's target "installer", which gives VERSION, COMPONENT,
+; COMPONENT32, PROGRAM, WINDOWSPROGRAM (the last three need not be there), FILES (made by list-files), LICENSE and OUTPUT.
+;
+; What users may have changed or added (job options, plotter files, plot styles, help) is theirs: a file is replaced or
+; deleted only when it is as it was installed. install.ini keeps the time of each file for that.
 Target amd64-unicode
 Unicode true
 SetCompressor /SOLID lzma
@@ -21,6 +24,8 @@ SetCompressor /SOLID lzma
 !include MultiUser.nsh
 !include MUI2.nsh
 !include LogicLib.nsh
+!include FileFunc.nsh
+!include "${FILES}"
 
 Var Given
 Name "${PRODUCT}"
@@ -35,6 +40,7 @@ VIAddVersionKey LegalCopyright "Tarnwick Software"
 
 !insertmacro MUI_PAGE_LICENSE "${LICENSE}"
 !insertmacro MULTIUSER_PAGE_INSTALLMODE
+!insertmacro MUI_PAGE_COMPONENTS
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_UNPAGE_CONFIRM
@@ -53,7 +59,11 @@ FunctionEnd
 
 Function un.onInit
     SetRegView 64
+    ; Who installs for one user beside an installation for the machine has two: this one is where this program lies, which
+    ; choosing a mode forgets.
+    StrCpy $Given $INSTDIR
     !insertmacro MULTIUSER_UNINIT
+    StrCpy $INSTDIR $Given
     ; Whose installation this is was written down beside it: the command line need not tell.
     ReadINIStr $0 "$INSTDIR\install.ini" "Install" "Mode"
     ${If} $0 == "CurrentUser"
@@ -61,7 +71,52 @@ Function un.onInit
     ${ElseIf} $0 == "AllUsers"
         Call un.MultiUser.InstallMode.AllUsers
     ${EndIf}
+    StrCpy $INSTDIR $Given
 FunctionEnd
+
+; Takes a path within the folder from the stack and gives 1 when nothing is there or the file is as it was installed.
+!macro IsAsInstalled UN
+Function ${UN}IsAsInstalled
+    Pop $R0
+    StrCpy $R1 1
+    ${If} ${FileExists} "$INSTDIR\$R0"
+        GetFileTime "$INSTDIR\$R0" $R2 $R3
+        ReadINIStr $R4 "$INSTDIR\install.ini" "Files" "$R0"
+        ${If} $R4 != "$R2 $R3"
+            StrCpy $R1 0
+        ${EndIf}
+    ${EndIf}
+    ClearErrors
+    Push $R1
+FunctionEnd
+!macroend
+!insertmacro IsAsInstalled ""
+!insertmacro IsAsInstalled "un."
+
+!macro InstallFile FOLDER NAME SOURCE
+    Push "${FOLDER}\${NAME}"
+    Call IsAsInstalled
+    Pop $R1
+    ${If} $R1 == 1
+        SetOutPath "$INSTDIR\${FOLDER}"
+        File "/oname=${NAME}" "${SOURCE}"
+        GetFileTime "$INSTDIR\${FOLDER}\${NAME}" $R2 $R3
+        WriteINIStr "$INSTDIR\install.ini" "Files" "${FOLDER}\${NAME}" "$R2 $R3"
+    ${EndIf}
+!macroend
+
+!macro RemoveFile FOLDER NAME SOURCE
+    Push "${FOLDER}\${NAME}"
+    Call un.IsAsInstalled
+    Pop $R1
+    ${If} $R1 == 1
+        Delete "$INSTDIR\${FOLDER}\${NAME}"
+    ${EndIf}
+!macroend
+
+!macro RemoveFolder FOLDER
+    RMDir "$INSTDIR\${FOLDER}"
+!macroend
 
 !macro Regsvr32 OPTIONS
     ExecWait '"$SYSDIR\regsvr32.exe" /s ${OPTIONS} "$INSTDIR\TwAcadPdf.dll"' $0
@@ -90,19 +145,24 @@ FunctionEnd
     DeleteRegKey /ifempty SHCTX "Software\Tarnwick Software"
 !macroend
 
-Section "Install"
+Section "Program"
+    !if /FileExists "${PROGRAM}"
+        SetOutPath "$INSTDIR"
+        File "${PROGRAM}"
+        File "${WINDOWSPROGRAM}"
+        !insertmacro ProgramFiles InstallFile
+    !endif
+SectionEnd
+
+Section "Component for CAD programs"
+    SectionIn RO
     SetOutPath "$INSTDIR"
     File "${COMPONENT}"
     !if /FileExists "${COMPONENT32}"
         File "/oname=TwAcadPdf32.dll" "${COMPONENT32}"
     !endif
     File "/oname=License.txt" "${LICENSE}"
-    SetOutPath "$INSTDIR\PC3"
-    File "${SHARE}/PC3/*.pc3"
-    SetOutPath "$INSTDIR\Settings"
-    File "${SHARE}/Settings/*.joboptions"
-    SetOutPath "$INSTDIR\help"
-    File /r "${SHARE}/help/*.*"
+    !insertmacro ComponentFiles InstallFile
     WriteINIStr "$INSTDIR\install.ini" "Install" "Mode" "$MultiUser.InstallMode"
     WriteUninstaller "$INSTDIR\Uninstall.exe"
 
@@ -119,6 +179,8 @@ Section "Install"
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\Uninstall.exe" /S'
     WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoModify" 1
     WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoRepair" 1
+    ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
+    WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "EstimatedSize" $0
 
     ${If} $MultiUser.InstallMode == "CurrentUser"
         !insertmacro Regsvr32Other "/n /i:user"
@@ -144,13 +206,14 @@ Section "Uninstall"
     ${EndIf}
     Delete "$INSTDIR\TwAcadPdf.dll"
     Delete "$INSTDIR\TwAcadPdf32.dll"
+    Delete "$INSTDIR\sheetmaker.exe"
+    Delete "$INSTDIR\sheetmaker-windows.exe"
     Delete "$INSTDIR\License.txt"
+    !insertmacro ProgramFiles RemoveFile
+    !insertmacro ComponentFiles RemoveFile
+    !insertmacro ProgramFolders RemoveFolder
+    !insertmacro ComponentFolders RemoveFolder
     Delete "$INSTDIR\install.ini"
-    Delete "$INSTDIR\PC3\Tarnwick PS*.pc3"
-    RMDir "$INSTDIR\PC3"
-    Delete "$INSTDIR\Settings\*.joboptions"
-    RMDir "$INSTDIR\Settings"
-    RMDir /r "$INSTDIR\help"
     Delete "$INSTDIR\Uninstall.exe"
     RMDir "$INSTDIR"
 

@@ -130,6 +130,7 @@ PROGRAMS = {
         "commands/posix": ("*",),
         "commands/windows": ("*",),
         "qt": ("*",),
+        "win32": ("*",),
         "pages": ("commandline", "preferences"),
         "": ("*",),
     },

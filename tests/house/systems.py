@@ -12,6 +12,8 @@ from sources import INCLUDE, STANDARD, files, read
 KNOW_THE_SYSTEM = ("adapters/base/", "adapters/system/", "adapters/store/", "adapters/qt/", "adapters/windows/")
 # The processes of the workers are forks of this one on one system, and programs of their own on the other.
 WORKERS = ("apps/sheetmaker/workers/posix/", "apps/sheetmaker/workers/windows/")
+# The windows of Windows hang together by its handles.
+WINDOWS = ("apps/sheetmaker/win32/",)
 
 HEADERS = re.compile(r"^(sys|net|netinet|arpa|linux)/|^(unistd|fcntl|dirent|pwd|grp|poll|spawn|dlfcn|signal|strings|langinfo|"
                      r"iconv|locale|termios|netdb|pthread|sched|glob|fnmatch|wordexp|libgen|syslog|ftw|nl_types|utime|"
@@ -109,7 +111,7 @@ def faults_of_paths(name, text):
 def check_platform(source):
     for name in files(source, ["src", "adapters", "apps"], (".h", ".cpp")):
         text = read(source, name)
-        if not name.startswith((*KNOW_THE_SYSTEM, *WORKERS)):
+        if not name.startswith((*KNOW_THE_SYSTEM, *WORKERS, *WINDOWS)):
             yield from faults_of_system(name, text)
         if name.startswith(PATHS_IN) and not name.startswith((MAKES_PATHS, "adapters/windows/")):
             yield from faults_of_paths(name, text)

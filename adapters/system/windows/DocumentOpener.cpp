@@ -9,6 +9,17 @@
 #include <shellapi.h>
 
 namespace sm::system {
+namespace {
+
+/// The system's shell, with all that stands behind it, is loaded by those runs alone that open something.
+decltype(&::ShellExecuteW) ShellExecuteFunction()
+{
+    const HMODULE shell = ::LoadLibraryExW(L"shell32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    const FARPROC function = shell != nullptr ? ::GetProcAddress(shell, "ShellExecuteW") : nullptr;
+    return reinterpret_cast<decltype(&::ShellExecuteW)>(reinterpret_cast<void*>(function));
+}
+
+} // namespace
 
 bool OpenOnDesktop(const Environment&, const std::string& pathOrAddress)
 {
@@ -16,7 +27,10 @@ bool OpenOnDesktop(const Environment&, const std::string& pathOrAddress)
     const std::filesystem::path named = base::ToPath(pathOrAddress);
     const bool isAddress = pathOrAddress.find("://") != std::string::npos || pathOrAddress.starts_with("mailto:");
     const std::filesystem::path target = isAddress ? named : std::filesystem::absolute(named).make_preferred();
-    const HINSTANCE shown = ::ShellExecuteW(nullptr, L"open", target.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+    const auto execute = ShellExecuteFunction();
+    if (execute == nullptr)
+        return false;
+    const HINSTANCE shown = execute(nullptr, L"open", target.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
     return reinterpret_cast<INT_PTR>(shown) > kLastFault;
 }
 

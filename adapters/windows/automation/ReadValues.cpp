@@ -21,6 +21,7 @@ OwnedVariant Plain(const VARIANT& value)
 bool IsSimple(VARTYPE type)
 {
     switch (type) {
+    case VT_EMPTY:
     case VT_I1:
     case VT_I2:
     case VT_I4:
@@ -43,19 +44,23 @@ bool IsSimple(VARTYPE type)
     }
 }
 
+bool IsNothing(const VARIANT& value)
+{
+    return V_VT(&value) == VT_EMPTY || V_VT(&value) == VT_NULL;
+}
+
+/// Nothing is an empty text, 0 and False, as automation has it; null is taken likewise, since databases behind hosts
+/// and some of their languages give it for an empty text.
 OwnedVariant As(VARTYPE type, const VARIANT& value)
 {
-    const OwnedVariant plain = Plain(value);
+    OwnedVariant plain = Plain(value);
+    if (IsNothing(plain.Raw()))
+        plain = OwnedVariant();
     OwnedVariant changed;
     if (!IsSimple(V_VT(&plain.Raw())) ||
         FAILED(VariantChangeTypeEx(&changed.Raw(), const_cast<VARIANT*>(&plain.Raw()), LOCALE_INVARIANT, 0, type)))
         ThrowTypeMismatch();
     return changed;
-}
-
-bool IsNothing(const VARIANT& value)
-{
-    return V_VT(&value) == VT_EMPTY || V_VT(&value) == VT_NULL;
 }
 
 bool IsFraction(VARTYPE type)

@@ -1,8 +1,8 @@
 // Values of the ports as VARIANTs and back: the only place that knows how.
 //
 // Readers throw HostError when a value can't be taken as what is asked for. Numbers, Booleans and texts are taken for
-// one another as automation does it (a text "12" is the number 12, whatever the locale); nothing, null, objects, dates
-// and arrays never are. Values by reference are followed.
+// one another as automation does it (a text "12" is the number 12, whatever the locale); nothing and null are the empty
+// text, 0 and False; objects, dates and arrays never are any of these. Values by reference are followed.
 #pragma once
 
 #include "ports/IPubDoc.h"

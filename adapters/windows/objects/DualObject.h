@@ -86,7 +86,7 @@ public:
             return DISP_E_BADPARAMCOUNT;
         HRESULT invoked = S_OK;
         const HRESULT ready = Guarded(__uuidof(Interface), SourceName(), [&] {
-            ObjectsByReference given(*arguments);
+            ObjectsByReference given(*arguments, ObjectPlaces(*m_description.Get(), member, kind));
             invoked = m_description->Invoke(static_cast<Interface*>(this), member, kind, &given.Arguments(), result,
                                             exception, wrongArgument);
         });

@@ -8,16 +8,20 @@ namespace sm::windows {
 
 /// A copy of a call's arguments in which every object stands by reference. Scripts pass a variable as a reference to a
 /// whole VARIANT, and an expression by value; neither goes where an object by reference is wanted, while a reference to
-/// an object goes wherever an object is wanted. The original arguments outlive it and stay their owners.
+/// an object goes wherever an object is wanted. Null, which is what scripts say for no object, is one where one is
+/// wanted. The original arguments outlive it and stay their owners.
 class ObjectsByReference {
 public:
-    explicit ObjectsByReference(const DISPPARAMS& original) : m_arguments(original)
+    /// `objects` tells of each argument, the first one first, whether an object is wanted.
+    ObjectsByReference(const DISPPARAMS& original, const std::vector<bool>& objects) : m_arguments(original)
     {
         if (original.rgvarg == nullptr)
             return;
         m_values.assign(original.rgvarg, original.rgvarg + original.cArgs);
-        for (VARIANT& value : m_values)
-            Refer(value);
+        for (std::size_t i = 0; i < m_values.size(); ++i) { // the last one first
+            const std::size_t place = m_values.size() - 1 - i;
+            Refer(m_values[i], original.cNamedArgs == 0 && place < objects.size() && objects[place]);
+        }
         m_arguments.rgvarg = m_values.data();
     }
     ObjectsByReference(const ObjectsByReference&) = delete;
@@ -26,17 +30,18 @@ public:
     DISPPARAMS& Arguments() { return m_arguments; }
 
 private:
-    void Refer(VARIANT& value)
+    void Refer(VARIANT& value, bool isObject)
     {
         const bool variable = V_VT(&value) == (VT_BYREF | VT_VARIANT) && V_VARIANTREF(&value) != nullptr;
         const VARIANT& held = variable ? *V_VARIANTREF(&value) : value;
-        if (V_VT(&held) != VT_DISPATCH)
+        const bool isNull = isObject && V_VT(&held) == VT_NULL;
+        if (V_VT(&held) != VT_DISPATCH && !isNull)
             return;
         // A place of its own: the caller's variable never changes.
         if (m_objects.empty())
             m_objects.resize(m_values.size());
         IDispatch*& place = m_objects[static_cast<std::size_t>(&value - m_values.data())];
-        place = V_DISPATCH(&held);
+        place = isNull ? nullptr : V_DISPATCH(&held);
         V_VT(&value) = VT_BYREF | VT_DISPATCH;
         V_DISPATCHREF(&value) = &place;
     }

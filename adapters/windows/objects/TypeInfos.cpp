@@ -41,6 +41,12 @@ UINT PlacesOf(const FUNCDESC& function)
     return returns ? places - 1 : places;
 }
 
+/// By value or by reference.
+bool IsObject(const TYPEDESC& type)
+{
+    return type.vt == VT_PTR ? IsObject(*type.lptdesc) : type.vt == VT_DISPATCH;
+}
+
 } // namespace
 
 bool MayTake(ITypeInfo& described, DISPID member, WORD kind, UINT arguments)
@@ -55,6 +61,19 @@ bool MayTake(ITypeInfo& described, DISPID member, WORD kind, UINT arguments)
         described.ReleaseFuncDesc(function);
     }
     return fits || !found;
+}
+
+std::vector<bool> ObjectPlaces(ITypeInfo& described, DISPID member, WORD kind)
+{
+    std::vector<bool> places;
+    FUNCDESC* function = nullptr;
+    for (UINT i = 0; places.empty() && SUCCEEDED(described.GetFuncDesc(i, &function)); ++i) {
+        if (function->memid == member && (static_cast<WORD>(function->invkind) & kind) != 0)
+            for (UINT place = 0; place < PlacesOf(*function); ++place)
+                places.push_back(IsObject(function->lprgelemdescParam[place].tdesc));
+        described.ReleaseFuncDesc(function);
+    }
+    return places;
 }
 
 } // namespace sm::windows

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <oaidl.h>
+#include <vector>
 
 namespace sm::windows {
 
@@ -25,5 +26,8 @@ private:
 /// Whether a member may be called in that way (DISPATCH_METHOD and so on) with so many arguments. A member that isn't
 /// there may: that is for the call to find out.
 bool MayTake(ITypeInfo& described, DISPID member, WORD kind, UINT arguments);
+
+/// Which of a member's arguments, the first one first, are objects.
+std::vector<bool> ObjectPlaces(ITypeInfo& described, DISPID member, WORD kind);
 
 } // namespace sm::windows

@@ -2,6 +2,7 @@
 
 #include "base/files/Paths.h"
 
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
 #include <string_view>
@@ -18,6 +19,12 @@ bool StandsForItself(char c)
     return letter || std::string_view("-._~/").find(c) != std::string_view::npos;
 }
 
+/// "C:/plan.dxf"; such a name begins no whole path where drives have no letters.
+bool HasDrive(std::string_view path)
+{
+    return path.size() > 2 && path[1] == ':' && path[2] == '/';
+}
+
 } // namespace
 
 std::string FileUri(const std::string& path)
@@ -25,10 +32,13 @@ std::string FileUri(const std::string& path)
     if (path.empty())
         return {};
     std::string uri(kScheme);
-    for (const char c : base::ToText(std::filesystem::absolute(base::ToPath(path)))) {
+    const std::string whole = base::ToText(std::filesystem::absolute(base::ToPath(path)));
+    if (HasDrive(whole))
+        uri += '/'; // where a machine's name would end
+    for (const char c : whole) {
         constexpr std::string_view kDigits = "0123456789ABCDEF";
         const auto byte = static_cast<unsigned char>(c);
-        if (StandsForItself(c))
+        if (StandsForItself(c) || (c == ':' && HasDrive(whole)))
             uri += c;
         else
             uri += {'%', kDigits[byte >> 4], kDigits[byte & 15]};
@@ -53,6 +63,8 @@ std::string PathOfUri(const std::string& uri)
         path += static_cast<char>(byte);
         i += 2;
     }
+    if (HasDrive(std::string_view(uri).substr(std::min(kScheme.size() + 1, uri.size())))) // not escaped there
+        path.erase(0, 1);
     return path;
 }
 

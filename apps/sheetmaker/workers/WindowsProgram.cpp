@@ -34,15 +34,6 @@ std::string InsteadOfPageSetup()
 
 } // namespace
 
-bool HasScreen(const system::Environment& environment)
-{
-    for (const char* variable : {"WAYLAND_DISPLAY", "DISPLAY"})
-        if (!environment(variable).value_or("").empty())
-            return true;
-    const std::string platform = environment("QT_QPA_PLATFORM").value_or("");
-    return !platform.empty() && platform != "minimal";
-}
-
 std::string WithoutScreen(const std::string& command)
 {
     return "sheetmaker " + command + ": there is no screen to show a window on\n" +

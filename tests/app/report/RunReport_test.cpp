@@ -152,6 +152,13 @@ TEST(RunReport, KeepsEveryByteOfPaths)
         EXPECT_EQ(PathOfUri(uri), "") << uri;
 }
 
+TEST(RunReport, TellsADriveFromAFolderWithAColon)
+{
+    EXPECT_EQ(FileUri("/C:/plan.dxf"), "file:///C%3A/plan.dxf");
+    EXPECT_EQ(PathOfUri("file:///C%3A/plan.dxf"), "/C:/plan.dxf");
+    EXPECT_EQ(PathOfUri("file:///C:/plan.dxf"), "C:/plan.dxf");
+}
+
 TEST(RunReport, NamesNoFileForStandardStreams)
 {
     DrawingReport report;

@@ -137,7 +137,9 @@ class Verbs:
         same("attach list", self.on("attach", "windows/house.dxf", "list").stdout,
              f"1  Z:{self.folder}/site.dxf at 5,5 on A-101 Ground Floor\n")
         run = self.on("convert", "windows/house.dxf", "--report", "json")
-        attachments = json.loads(run.stdout)["drawings"][0]["attachments"]
+        report = json.loads(run.stdout)["drawings"][0]
+        attachments = report["attachments"]
+        same("the report's address of the PDF", report["pdfUri"], f"file:///Z:{self.folder}/windows/house.pdf")
         same("attached files", [entry["name"] for entry in attachments], ["site.dxf"])
 
     def limits(self):

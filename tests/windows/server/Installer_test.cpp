@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 namespace sm::windows {
 namespace {
@@ -65,6 +67,105 @@ TEST_P(Installer, PutsEverythingInPlaceAndTakesItBack)
     fs::remove_all(folder);
     EXPECT_EQ(Differences(before, Both()), std::vector<std::wstring>());
 }
+
+void Write(const fs::path& file, const std::string& text)
+{
+    std::ofstream(file, std::ios::binary) << text;
+}
+
+std::string Read(const fs::path& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// What is in a folder, with paths within it; folders aside.
+std::vector<std::string> FilesIn(const fs::path& folder)
+{
+    std::vector<std::string> files;
+    for (const auto& entry : fs::recursive_directory_iterator(folder))
+        if (entry.is_regular_file())
+            files.push_back(entry.path().lexically_relative(folder).string());
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+/// The machine's installation and one of the user's beside it.
+class TwoInstallations : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        Remove();
+        ASSERT_EQ(Install("/AllUsers", m_machine), 0);
+        ASSERT_EQ(Install("/CurrentUser", m_user), 0);
+    }
+    void TearDown() override
+    {
+        if (fs::exists(m_user / "Uninstall.exe"))
+            Uninstall(m_user);
+        Uninstall(m_machine);
+        Remove();
+    }
+    void Remove()
+    {
+        fs::remove_all(m_machine);
+        fs::remove_all(m_user);
+    }
+    static int Install(const std::string& mode, const fs::path& folder)
+    {
+        return static_cast<int>(RunProgram(std::string(SM_SETUP) + " /S " + mode + " /D=" + folder.string()).exitCode);
+    }
+    static void Uninstall(const fs::path& folder)
+    {
+        EXPECT_EQ(RunProgram((folder / "Uninstall.exe").string() + " /S _?=" + folder.string()).exitCode, 0);
+        fs::remove(folder / "Uninstall.exe");
+    }
+
+    const fs::path m_machine = "C:\\sheetmaker-machine", m_user = "C:\\sheetmaker-user";
+};
+
+TEST_F(TwoInstallations, GoOneByOne)
+{
+    const auto files = FilesIn(m_machine);
+    Uninstall(m_user);
+    EXPECT_TRUE(!fs::exists(m_user) || fs::is_empty(m_user));
+    EXPECT_EQ(FilesIn(m_machine), files);
+    EXPECT_EQ(Fact(HKEY_LOCAL_MACHINE, "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD", "SettingsFolder"),
+              "C:\\sheetmaker-machine\\Settings");
+    EXPECT_EQ(Fact(HKEY_LOCAL_MACHINE,
+                   "Software\\Classes\\CLSID\\{A80EB25C-3937-4062-836A-11C388058516}\\InprocServer32", nullptr),
+              "C:\\sheetmaker-machine\\TwAcadPdf.dll");
+}
+
+TEST_F(TwoInstallations, LeaveWhatTheUserMadeOrChanged)
+{
+    const fs::path changed = m_user / "Settings\\Graphics [600 dpi].joboptions",
+                   own = m_user / "Settings\\Own.joboptions", page = m_user / "help\\notes.html",
+                   other = m_user / "Settings\\Print [1200 dpi].joboptions";
+    Write(own, "own");
+    Write(page, "notes");
+    Write(changed, "changed");
+    fs::remove(other);
+    ASSERT_EQ(Install("/CurrentUser", m_user), 0); // again, as an upgrade does
+    EXPECT_EQ(Read(changed), "changed");
+    EXPECT_TRUE(fs::exists(other));
+    Uninstall(m_user);
+    EXPECT_EQ(FilesIn(m_user), (std::vector<std::string>{"Settings\\Graphics [600 dpi].joboptions",
+                                                         "Settings\\Own.joboptions", "help\\notes.html"}));
+    EXPECT_EQ(Read(changed) + Read(own) + Read(page), "changedownnotes");
+}
+
+#if SM_PROGRAM
+TEST_F(TwoInstallations, HoldTheProgram)
+{
+    const auto doctor = RunProgram((m_user / "sheetmaker.exe").string() + " doctor");
+    EXPECT_NE(doctor.output.find("ok        share folder: C:/sheetmaker-user/share/sheetmaker-pdf\n"),
+              std::string::npos)
+        << doctor.output;
+    EXPECT_NE(doctor.output.find("ok        windows: C:/sheetmaker-user/sheetmaker-windows.exe\n"), std::string::npos)
+        << doctor.output;
+}
+#endif
 
 } // namespace
 } // namespace sm::windows

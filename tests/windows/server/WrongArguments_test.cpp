@@ -222,5 +222,51 @@ TEST_P(WrongArguments, OfCallsByNameItselfAreErrors)
     EXPECT_EQ(object->GetTypeInfoCount(nullptr), E_POINTER);
 }
 
+struct ObjectRow {
+    const char* name;
+    const GUID& classId;
+    DISPID member;
+    std::size_t place, places; ///< from the last argument
+};
+
+class NullOfScripts : public testing::TestWithParam<ObjectRow> {
+protected:
+    static std::pair<HRESULT, VARTYPE> Call(IDispatch& object, const VARIANT& given)
+    {
+        const OwnedVariant zero = Number(0);
+        std::vector<VARIANT> arguments(GetParam().places, zero.Raw());
+        arguments[GetParam().place] = given;
+        DISPPARAMS parameters{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
+        OwnedVariant result;
+        const HRESULT called = object.Invoke(GetParam().member, IID_NULL, 0, DISPATCH_METHOD, &parameters,
+                                             result.Receive(), nullptr, nullptr);
+        return {called, V_VT(&result.Raw())};
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(, NullOfScripts,
+                         testing::Values(ObjectRow{"Host", __uuidof(::cPlugin), 1, 0, 1},
+                                         ObjectRow{"Document", __uuidof(::cAcadPageSetup), 1, 0, 2},
+                                         ObjectRow{"OtherSetup", __uuidof(::cAcadPageSetup), 5, 0, 1}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST_P(NullOfScripts, IsNoObjectWhereOneIsWanted)
+{
+    const Apartment apartment;
+    const LoadedComponent component;
+    const Presser user;
+    const auto object = component.Make<IDispatch>(GetParam().classId);
+    ASSERT_TRUE(object);
+    const auto expected = Call(*object.Get(), Object(nullptr).Raw());
+    EXPECT_NE(expected.first, DISP_E_TYPEMISMATCH);
+    VARIANT null = Typed(VT_NULL).Raw(), reference{};
+    EXPECT_EQ(Call(*object.Get(), null), expected);
+    V_VT(&reference) = VT_BYREF | VT_VARIANT;
+    V_VARIANTREF(&reference) = &null;
+    EXPECT_EQ(Call(*object.Get(), reference), expected);
+    EXPECT_EQ(V_VT(&null), VT_NULL);
+    EXPECT_EQ(Call(*object.Get(), Text(L"host").Raw()).first, DISP_E_TYPEMISMATCH);
+}
+
 } // namespace
 } // namespace sm::windows

@@ -52,9 +52,14 @@ Finding Viewer(const Install&)
     return {State::Good, "PDF viewer", "the one that the system opens PDF files with", {}};
 }
 
-Finding Windows(const Install&)
+Finding Windows(const Install& install)
 {
-    return {State::Good, "windows", "part of this program", {}};
+    std::error_code unreadable;
+    const std::string program = base::ToText(install.windowsProgram);
+    if (!std::filesystem::exists(install.windowsProgram, unreadable))
+        return {State::Optional, "windows", program + " is missing (settings, page-setup need it)",
+                "install Sheetmaker PDF anew"};
+    return {State::Good, "windows", program, {}};
 }
 
 } // namespace sm::app

@@ -24,7 +24,7 @@ private:
 
 std::filesystem::path WindowsProgram(const std::filesystem::path& executable)
 {
-    return executable; // it has them itself
+    return executable.parent_path() / "sheetmaker-windows.exe";
 }
 
 bool CanReadSettings(const Install&, const std::function<void(const std::string&)>&)
@@ -34,7 +34,10 @@ bool CanReadSettings(const Install&, const std::function<void(const std::string&
 
 std::unique_ptr<IRegistry> OpenSettings(const Install& install, const std::function<void(const std::string&)>&)
 {
-    return std::make_unique<UserRegistry>(FactsOf(install));
+    store::ValueTable facts = FactsOf(install);
+    facts.SetText(RegistryRoot::LocalMachine, kSettingsKey, "HelpFile",
+                  base::ToText((install.places.shareFolder / "help" / "index.html").make_preferred()));
+    return std::make_unique<UserRegistry>(std::move(facts));
 }
 
 } // namespace sm::app

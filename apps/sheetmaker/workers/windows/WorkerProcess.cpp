@@ -14,8 +14,6 @@
 #include <mutex>
 #include <thread>
 
-#include <shellapi.h>
-
 namespace sm::app {
 namespace {
 
@@ -72,15 +70,14 @@ private:
     std::thread m_reader;
 };
 
-std::vector<std::string> OwnWords()
+/// This process's own command line with `kWorkerWord` for its first word.
+std::wstring WorkerCommandLine(const std::string& program)
 {
-    int count = 0;
-    wchar_t** const words = ::CommandLineToArgvW(::GetCommandLineW(), &count);
-    std::vector<std::string> texts{kWorkerWord};
-    for (int i = 1; i < count; ++i)
-        texts.push_back(base::Narrow(words[i]));
-    ::LocalFree(words);
-    return texts;
+    const std::wstring own = ::GetCommandLineW();
+    const bool quoted = own.starts_with(L'"');
+    const std::size_t end = quoted ? own.find(L'"', 1) + 1 : own.find_first_of(L" \t");
+    const std::wstring words = end < own.size() ? own.substr(end) : std::wstring();
+    return base::CommandLine(program, {kWorkerWord}) + words;
 }
 
 void LimitJob(HANDLE job, const WorkerLimits& limits)
@@ -126,7 +123,7 @@ WorkerProcess::WorkerProcess(const DrawingTask& task, const WorkerWork&, Lines l
     const HANDLE errors = lines == Lines::Kept ? told.writing.Get() : ::GetStdHandle(STD_ERROR_HANDLE);
     // In a group of its own, so that Ctrl+C reaches this process alone, which then ends the worker.
     m_inside->process = base::StartInJob({program,
-                                          base::CommandLine(program, OwnWords()),
+                                          WorkerCommandLine(program),
                                           nullptr,
                                           "",
                                           tasks.reading.Get(),

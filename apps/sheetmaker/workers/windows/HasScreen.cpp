@@ -1,0 +1,10 @@
+#include "workers/WindowsProgram.h"
+
+namespace sm::app {
+
+bool HasScreen(const system::Environment&)
+{
+    return true;
+}
+
+} // namespace sm::app
