@@ -40,6 +40,7 @@ add_room(render adapters/render drawing
 add_room(prologue adapters/prologue)
 add_room(plotter adapters/plotter render prologue lib_deflate)
 add_room(cadhost adapters/cadhost plugin plotter)
+add_room(beside adapters/beside ports render)
 add_room(ghostscript adapters/ghostscript base fmt::fmt)
 add_room(publisher adapters/publisher plugin prologue base ghostscript lib_qpdf lib_deflate fmt::fmt Threads::Threads)
 foreach(room system terminal store cadhost ghostscript)

@@ -20,7 +20,7 @@ namespace {
 /// There is no window of the drawing yet: places are typed in.
 class NoPicker final : public cadhost::IPointPicker {
 public:
-    std::optional<drawing::Vec2> PickPoint(const drawing::Drawing&, std::size_t, const std::string&) override
+    std::optional<drawing::Vec2> PickPoint(const drawing::Drawing&, std::size_t&, const std::string&) override
     {
         throw std::runtime_error(kReason);
     }
