@@ -1,7 +1,7 @@
 #include "Dispatch.h"
 #include "app/Fixtures.h"
-#include "commands/Doctor.h"
 #include "commands/LayoutsCommand.h"
+#include "doctor/Doctor.h"
 #include "machine/LogBook.h"
 
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 
 #include "Dispatch.h"
 #include "app/Fixtures.h"
-#include "commands/Doctor.h"
+#include "doctor/Doctor.h"
 
 #include <gtest/gtest.h>
 #include <sstream>

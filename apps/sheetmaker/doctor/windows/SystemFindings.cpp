@@ -1,4 +1,4 @@
-#include "commands/SystemFindings.h"
+#include "doctor/SystemFindings.h"
 
 #include "base/files/Paths.h"
 #include "base/files/UserFolders.h"

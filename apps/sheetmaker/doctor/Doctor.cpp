@@ -1,4 +1,4 @@
-#include "commands/Doctor.h"
+#include "doctor/Doctor.h"
 
 #include "base/files/Paths.h"
 #include "commandline/ExitCodes.h"

@@ -1,7 +1,7 @@
 // "doctor": what a conversion needs, whether it is there, and the command that mends what isn't.
 #pragma once
 
-#include "commands/SystemFindings.h"
+#include "doctor/SystemFindings.h"
 
 #include <iosfwd>
 #include <string>
