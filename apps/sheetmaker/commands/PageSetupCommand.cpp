@@ -3,8 +3,8 @@
 #include "commandline/ExitCodes.h"
 #include "hostobjects/cAcadPageSetup.h"
 #include "plugin/CallScope.h"
-#include "run/KeptBeside.h"
-#include "run/ScreenRun.h"
+#include "screen/KeptBeside.h"
+#include "screen/ScreenRun.h"
 #include "settings/mdlDataKegIO.h"
 
 #include <ostream>

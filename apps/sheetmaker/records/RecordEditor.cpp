@@ -4,7 +4,7 @@
 #include "commandline/MarkValues.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
-#include "run/KeptBeside.h"
+#include "screen/KeptBeside.h"
 #include "settings/mdlDataKegIO.h"
 
 #include <algorithm>

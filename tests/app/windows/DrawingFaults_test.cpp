@@ -6,7 +6,7 @@
 #include "doubles/ScriptedToolkit.h"
 #include "doubles/TestHouse.h"
 #include "plugin/cPlugin.h"
-#include "run/ScreenRun.h"
+#include "screen/ScreenRun.h"
 #include "ui/FormWindows.h"
 
 #include <sstream>

@@ -4,8 +4,8 @@
 #include "beside/PagePane.h"
 #include "qt/QtStand.h"
 #include "run/DrawingRun.h"
-#include "run/PagePreview.h"
 #include "run/RunSession.h"
+#include "screen/PagePreview.h"
 #include "settings/mdlDataKegIO.h"
 #include "view/ItemPainter.h"
 

@@ -1,5 +1,5 @@
 // The list of sheets beside the settings dialog.
-#include "run/SheetChoice.h"
+#include "screen/SheetChoice.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "run/PreviewDoc.h"
+#include "screen/PreviewDoc.h"
 
 #include "base/files/Paths.h"
 

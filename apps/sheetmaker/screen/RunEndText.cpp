@@ -1,4 +1,4 @@
-#include "run/RunEndText.h"
+#include "screen/RunEndText.h"
 
 #include "base/files/Paths.h"
 

@@ -1,4 +1,4 @@
-#include "run/SheetChoice.h"
+#include "screen/SheetChoice.h"
 
 #include "layouts/LayoutNames.h"
 #include "settings/StampChoices.h"
@@ -60,8 +60,8 @@ std::string PageInFront(const std::vector<FormControl>& form)
 beside::PageMark MarkOf(const StampSettings& stamp, const std::string& text)
 {
     constexpr double kMillimetres = 25.4 / 72; // of a point
-    return {beside::PageMarkKind::Stamp, {stamp.X, stamp.Y}, {stamp.X, stamp.Y}, text, stamp.FontName,
-            stamp.FontSize * kMillimetres,     stamp.Color,        stamp.Justification};
+    return {beside::PageMarkKind::Stamp,   {stamp.X, stamp.Y}, {stamp.X, stamp.Y}, text, stamp.FontName,
+            stamp.FontSize * kMillimetres, stamp.Color,        stamp.Justification};
 }
 
 std::string Trimmed(const std::string& text)

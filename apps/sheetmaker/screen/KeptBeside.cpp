@@ -1,4 +1,4 @@
-#include "run/KeptBeside.h"
+#include "screen/KeptBeside.h"
 
 #include "base/files/Paths.h"
 #include "drawing/RecordsPlace.h"

@@ -1,5 +1,5 @@
 // What the window at the end of a run says.
-#include "run/RunEndText.h"
+#include "screen/RunEndText.h"
 
 #include "app/Fixtures.h"
 

@@ -1,4 +1,4 @@
-#include "run/ScreenRun.h"
+#include "screen/ScreenRun.h"
 
 #include "commandline/Refusal.h"
 #include "plugin/mdlAcadHelper.h"

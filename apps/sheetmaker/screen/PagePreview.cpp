@@ -1,10 +1,10 @@
-#include "run/PagePreview.h"
+#include "screen/PagePreview.h"
 
 #include "cadhost/PageSink.h"
 #include "plotting/mdlAcadPrinting.h"
 #include "report/SheetWatcher.h"
-#include "run/PreviewDoc.h"
 #include "run/RunSession.h"
+#include "screen/PreviewDoc.h"
 #include "settings/mdlDataKegIO.h"
 
 #include <cmath>
