@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ports/IPubDoc.h"
+#include "publisher/Archive.h"
 
 #include <optional>
 #include <string>

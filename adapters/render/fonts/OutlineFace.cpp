@@ -4,6 +4,7 @@
 #include "fonts/OutlineReader.h"
 
 #include <array>
+#include <new>
 #include <unordered_map>
 
 namespace sm::render {
@@ -33,6 +34,16 @@ std::string SafeName(FT_Face face)
         }
     }
     return safe.empty() ? "Font" : safe;
+}
+
+/// Whether a glyph was loaded. One that isn't for want of memory must not count as an empty one.
+bool IsLoaded(FT_Face face, FT_UInt glyph)
+{
+    const FT_Error error = FT_Load_Glyph(face, glyph, FT_LOAD_NO_SCALE);
+    if (error == FT_Err_Out_Of_Memory) {
+        throw std::bad_alloc();
+    }
+    return error == 0;
 }
 
 class FreeTypeFace final : public OutlineFace {
@@ -67,7 +78,7 @@ public:
     std::uint16_t Advance(std::uint32_t glyph) const override
     {
         const auto [found, isNew] = m_advances.try_emplace(glyph, 0);
-        if (isNew && FT_Load_Glyph(m_face, glyph, FT_LOAD_NO_SCALE) == 0) {
+        if (isNew && IsLoaded(m_face, glyph)) {
             found->second =
                 static_cast<std::uint16_t>(std::clamp<FT_Pos>(m_face->glyph->metrics.horiAdvance, 0, 65535));
         }
@@ -88,7 +99,7 @@ public:
     void Contours(std::uint32_t glyph, GlyphContours& out) const override
     {
         out.Clear();
-        if (FT_Load_Glyph(m_face, glyph, FT_LOAD_NO_SCALE) == 0 && m_face->glyph->format == FT_GLYPH_FORMAT_OUTLINE) {
+        if (IsLoaded(m_face, glyph) && m_face->glyph->format == FT_GLYPH_FORMAT_OUTLINE) {
             ReadContours(m_face->glyph->outline, out);
         }
     }
@@ -96,7 +107,7 @@ public:
     void Outline(std::uint32_t glyph, Path& out) const override
     {
         out.Clear();
-        if (FT_Load_Glyph(m_face, glyph, FT_LOAD_NO_SCALE) == 0 && m_face->glyph->format == FT_GLYPH_FORMAT_OUTLINE) {
+        if (IsLoaded(m_face, glyph) && m_face->glyph->format == FT_GLYPH_FORMAT_OUTLINE) {
             ReadOutline(m_face->glyph->outline, 1.0 / m_face->units_per_EM, out);
         }
     }
@@ -132,8 +143,7 @@ private:
     {
         for (const char32_t c : {U'H', U'E', U'A', U'X'}) {
             const std::uint32_t glyph = FT_Get_Char_Index(m_face, c);
-            if (glyph != 0 && FT_Load_Glyph(m_face, glyph, FT_LOAD_NO_SCALE) == 0 &&
-                m_face->glyph->metrics.horiBearingY > 0) {
+            if (glyph != 0 && IsLoaded(m_face, glyph) && m_face->glyph->metrics.horiBearingY > 0) {
                 return static_cast<double>(m_face->glyph->metrics.horiBearingY) / m_face->units_per_EM;
             }
         }
@@ -145,8 +155,7 @@ private:
         const double em = m_face->units_per_EM;
         for (const char32_t c : {U'国', U'図', U'田', U'를'}) {
             const std::uint32_t glyph = FT_Get_Char_Index(m_face, c);
-            if (glyph != 0 && FT_Load_Glyph(m_face, glyph, FT_LOAD_NO_SCALE) == 0 &&
-                m_face->glyph->metrics.height > 0) {
+            if (glyph != 0 && IsLoaded(m_face, glyph) && m_face->glyph->metrics.height > 0) {
                 const auto& metrics = m_face->glyph->metrics;
                 const double top = static_cast<double>(metrics.horiBearingY) / em;
                 return {top - static_cast<double>(metrics.height) / em, top};

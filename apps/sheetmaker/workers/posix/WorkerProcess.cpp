@@ -96,6 +96,18 @@ struct Stream {
     }
 };
 
+/// The worker's whole life. Nothing is thrown out of it: what stands above it belongs to the parent, which waits there.
+[[noreturn]] void Work(const DrawingTask& task, const WorkerWork& work, bool onTerminal, int reports) noexcept
+{
+    DrawingReport report;
+    {
+        terminal::Console console(std::cerr, onTerminal);
+        report = work(task, console);
+    }
+    WriteAll(reports, ToJson(report, -1));
+    _exit(kExitDone);
+}
+
 } // namespace
 
 struct WorkerProcess::Inside {
@@ -118,13 +130,7 @@ WorkerProcess::WorkerProcess(const DrawingTask& task, const WorkerWork& work, Li
         if (lines == Lines::Kept)
             dup2(told.in, STDERR_FILENO);
         close(std::exchange(told.in, -1));
-        DrawingReport report;
-        {
-            terminal::Console console(std::cerr, lines == Lines::Straight && base::IsTerminal(base::Stream::Errors));
-            report = work(task, console);
-        }
-        WriteAll(reports.in, ToJson(report, -1));
-        _exit(kExitDone);
+        Work(task, work, lines == Lines::Straight && base::IsTerminal(base::Stream::Errors), reports.in);
     }
     if (m_inside->process < 0)
         ThrowErrno("no process can be started");
