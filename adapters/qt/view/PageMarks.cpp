@@ -66,7 +66,7 @@ void PaintPageMarks(QPainter& painter, const std::vector<PageMark>& marks, const
 {
     painter.setRenderHint(QPainter::Antialiasing);
     for (const PageMark& mark : marks) {
-        const Vec2 from = map.ToPixel(mark.from), to = map.ToPixel(mark.to);
+        const render::Vec2 from = map.ToPixel(mark.from), to = map.ToPixel(mark.to);
         const QRectF box = QRectF(QPointF(from.x, from.y), QPointF(to.x, to.y)).normalized();
         switch (mark.kind) {
         case PageMarkKind::Stamp:
