@@ -41,7 +41,7 @@ def main(program, library, first, spread):
                 failed += 1
                 print(f"    allocation {at} of {calls}: goes on for ever")
                 continue
-            fault = sweeper.fault(run, files, whole, wanted, errno.ENOMEM)
+            fault = sweeper.fault(run, files, whole, wanted, "alloc", errno.ENOMEM)
             ends[run.returncode] = ends.get(run.returncode, 0) + 1
             if fault:
                 failed += 1

@@ -137,12 +137,12 @@ class Sweep:
         with open(self.log, encoding="utf-8", errors="replace") as file:
             return file.read().strip()
 
-    def fault(self, run, files, whole, wanted, error):
+    def fault(self, run, files, whole, wanted, kind, error):
         """What is wrong after a run with a fault; None when nothing is."""
         if run.returncode not in CODES:
             return f"exit code {run.returncode}: {run.stderr.decode(errors='replace')[-200:]}"
         strays = [name for name in files if name not in self.before and name not in wanted and not is_settings(name)
-                  and not self.call().endswith(os.path.basename(name))]  # what could not be removed stays
+                  and not (kind == "remove" and self.call().endswith(os.path.basename(name)))]  # what can't be removed stays
         if strays:
             return f"left {strays}"
         if run.returncode != 0:
@@ -176,7 +176,7 @@ def sweep(program, library, share):
                         if turn % share:
                             continue
                         run, files, _ = sweeper.once(words, kind, at, error)
-                        fault = sweeper.fault(run, files, whole, wanted, error)
+                        fault = sweeper.fault(run, files, whole, wanted, kind, error)
                         of_verb[fault is not None] += 1
                         if fault:
                             print(f"    {name}: {kind} {at} of {calls}, {errno.errorcode.get(error, 'short')}, {sweeper.call()}: {fault}")

@@ -9,7 +9,9 @@
 #include <array>
 #include <charconv>
 #include <functional>
+#include <mutex>
 #include <optional>
+#include <set>
 
 namespace sm::base {
 
@@ -94,6 +96,15 @@ void RemoveAbandonedFolders(const std::string& folder, std::string_view prefix)
         if (IsOwnFolder(path))
             std::filesystem::remove_all(ToPath(path), ignored);
     });
+}
+
+void RemoveAbandonedFoldersOnce(const std::string& folder, std::string_view prefix)
+{
+    static std::mutex turn;
+    static std::set<std::string> cleared;
+    const std::lock_guard lock(turn);
+    if (cleared.insert(folder).second)
+        RemoveAbandonedFolders(folder, prefix);
 }
 
 } // namespace sm::base

@@ -95,7 +95,8 @@ private:
     /// What an interpreter does not take over from a page of the plotter.
     void TellLosses(const PageSource& source) const
     {
-        const base::MappedFile file(source.psPath, base::MappedFile::Reading::InParts);
+        std::error_code unreadable; // the interpreter says so
+        const base::MappedFile file(source.psPath, base::MappedFile::Reading::InParts, unreadable);
         const std::string page = "Page " + std::to_string(source.number) + " was made by the PostScript interpreter: ";
         if (m_note && file.Bytes().find("\n%SheetmakerLayer: ") != std::string_view::npos) {
             m_note(page + "the drawing's layers are not kept in it");

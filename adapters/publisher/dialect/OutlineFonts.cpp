@@ -1,6 +1,7 @@
 #include "dialect/OutlineFonts.h"
 
 #include "dialect/CodeMaps.h"
+#include "pdf/ContentTag.h"
 #include "pdf/PdfNumbers.h"
 
 #include <fmt/format.h>
@@ -20,20 +21,6 @@ std::string KeyOf(const GlyphNumbers& numbers, const std::map<std::uint8_t, std:
         key += fmt::format("{} {} {}\n", code, number, text == unicode.end() ? std::string() : text->second);
     }
     return key;
-}
-
-/// Six letters that follow from the font's bytes (PDF 1.7, 9.6.4), by FNV-1a.
-std::string TagFor(const std::string& bytes)
-{
-    std::uint64_t hash = 0xCBF29CE484222325U;
-    for (const char c : bytes) {
-        hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
-    }
-    std::string tag;
-    for (int i = 0; i < 6; ++i, hash /= 26) {
-        tag += static_cast<char>('A' + hash % 26);
-    }
-    return tag;
 }
 
 Object Widths(const SfntSubset& subset)
@@ -105,7 +92,7 @@ void OutlineFonts::Embed(Face& face)
 {
     SfntFacts facts;
     const std::string bytes = WriteSfntSubset(face.subset, facts);
-    const std::string name = "/" + TagFor(bytes) + "+" + face.name;
+    const std::string name = "/" + ContentTag(bytes) + "+" + face.name; // PDF 1.7, 9.6.4
     Object file = m_pdf.newStream(bytes);
     file.getDict().replaceKey("/Length1", Object::newInteger(static_cast<long long>(bytes.size())));
     Object descriptor = Object::parse(fmt::format(

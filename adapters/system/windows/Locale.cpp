@@ -1,5 +1,5 @@
 #include "AnsiCodePage.h"
-#include "base/files/Paths.h"
+#include "base/windows/Handles.h"
 #include "system/SystemPorts.h"
 
 #include <windows.h>
@@ -7,39 +7,19 @@
 namespace sm::system {
 namespace {
 
-std::wstring Wide(const std::string& utf8)
-{
-    const int length = static_cast<int>(utf8.size());
-    std::wstring wide(static_cast<std::size_t>(::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, nullptr, 0)),
-                      L'\0');
-    ::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, wide.data(), static_cast<int>(wide.size()));
-    return wide;
-}
-
-std::string Utf8(const std::wstring& wide)
-{
-    const int length = static_cast<int>(wide.size());
-    std::string utf8(
-        static_cast<std::size_t>(::WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, nullptr, 0, nullptr, nullptr)),
-        '\0');
-    ::WideCharToMultiByte(CP_UTF8, 0, wide.data(), length, utf8.data(), static_cast<int>(utf8.size()), nullptr,
-                          nullptr);
-    return utf8;
-}
-
 std::string UserFact(LCTYPE fact)
 {
     wchar_t text[80] = {};
-    return ::GetLocaleInfoW(LOCALE_USER_DEFAULT, fact, text, 80) > 0 ? Utf8(text) : std::string();
+    return ::GetLocaleInfoW(LOCALE_USER_DEFAULT, fact, text, 80) > 0 ? base::Narrow(text) : std::string();
 }
 
 std::string Mapped(const std::string& text, DWORD change)
 {
-    std::wstring wide = Wide(text);
+    std::wstring wide = base::Wide(text);
     const int length = static_cast<int>(wide.size());
     if (length == 0 || ::LCMapStringW(LOCALE_USER_DEFAULT, change, wide.data(), length, wide.data(), length) != length)
         return text;
-    return Utf8(wide);
+    return base::Narrow(wide);
 }
 
 /// The user's regional settings. The program's own code page is UTF-8, so the code of a character is that of the
@@ -78,7 +58,8 @@ std::string UserLocale::LongTime(LocalDateTime time)
     parts.wMinute = static_cast<WORD>(clock.minutes().count());
     parts.wSecond = static_cast<WORD>(clock.seconds().count());
     wchar_t text[128] = {};
-    return ::GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &parts, nullptr, text, 128) > 0 ? Utf8(text) : std::string();
+    return ::GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &parts, nullptr, text, 128) > 0 ? base::Narrow(text)
+                                                                                    : std::string();
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
+#include "base/files/UserFolders.h"
 #include "base/process/ChildProcess.h"
 #include "base/text/Names.h"
 
@@ -15,20 +16,7 @@ using State = Finding::State;
 
 constexpr std::chrono::seconds kPatience{10};
 
-} // namespace
-
-Finding WritableFolder(const std::string& what, fs::path folder, const std::string& remedy)
-{
-    const fs::path wanted = folder;
-    std::error_code unreadable;
-    while (!fs::exists(folder, unreadable) && folder.has_relative_path())
-        folder = folder.parent_path();
-    std::error_code closed;
-    if (base::MayMakeFilesIn(base::ToText(folder), closed))
-        return {State::Good, what, base::ToText(wanted), {}};
-    return {State::Missing, what, base::ToText(wanted) + " can't be written", remedy};
-}
-
+/// The first line that a program prints of itself; empty when it can't be run.
 std::string VersionOf(const std::string& program, const system::Environment& environment)
 {
     base::ChildCommand command;
@@ -44,6 +32,7 @@ std::string VersionOf(const std::string& program, const system::Environment& env
     return ended ? result.output.substr(0, result.output.find('\n')) : std::string();
 }
 
+/// Is there an outline font in the folder, or below it?
 bool HoldsFont(const fs::path& folder)
 {
     std::error_code unreadable;
@@ -53,6 +42,41 @@ bool HoldsFont(const fs::path& folder)
             ending == ".ttf" || ending == ".ttc" || ending == ".otf")
             return true;
     return false;
+}
+
+} // namespace
+
+Finding WritableFolder(const std::string& what, fs::path folder, const std::string& remedy)
+{
+    const fs::path wanted = folder;
+    std::error_code unreadable;
+    while (!fs::exists(folder, unreadable) && folder.has_relative_path())
+        folder = folder.parent_path();
+    std::error_code closed;
+    if (base::MayMakeFilesIn(base::ToText(folder), closed))
+        return {State::Good, what, base::ToText(wanted), {}};
+    return {State::Missing, what, base::ToText(wanted) + " can't be written", remedy};
+}
+
+Finding Ghostscript(const Install& install)
+{
+    const std::string program = InterpreterProgram(install);
+    const std::string version = program.empty() ? "" : VersionOf(program, install.environment);
+    if (version.empty())
+        return {State::Optional, "Ghostscript",
+                (program.empty() ? "not installed" : program + " can't be run") +
+                    std::string(" (PDF underlays, PostScript of other programs, and job options that turn colours or "
+                                "downsample pictures need it)"),
+                kInterpreterRemedy};
+    return {State::Good, "Ghostscript", version + ", " + program, {}};
+}
+
+Finding Fonts(const Install& install)
+{
+    for (const std::filesystem::path& folder : base::FontFolders(install.environment))
+        if (HoldsFont(folder))
+            return {State::Good, "fonts", base::ToText(folder), {}};
+    return {State::Missing, "fonts", "no TrueType font is installed", kFontsRemedy};
 }
 
 } // namespace sm::app

@@ -22,13 +22,13 @@ Finding Settings(const Install& install);
 Finding Viewer(const Install& install);
 Finding Windows(const Install& install);
 
-/// How another temporary folder is chosen.
+/// How another temporary folder is chosen, and what is missing is got.
 extern const char* const kTemporaryRemedy;
+extern const char* const kInterpreterRemedy;
+extern const char* const kFontsRemedy;
+/// The PostScript interpreter's path; empty when there is none.
+std::string InterpreterProgram(const Install& install);
 
-/// The first line that a program prints of itself; empty when it can't be run.
-std::string VersionOf(const std::string& program, const system::Environment& environment);
-/// Is there an outline font in the folder, or below it?
-bool HoldsFont(const std::filesystem::path& folder);
 /// Whether files can be made in the folder, or in the nearest folder above it that is there.
 Finding WritableFolder(const std::string& what, std::filesystem::path folder, const std::string& remedy);
 

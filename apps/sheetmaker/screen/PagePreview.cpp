@@ -1,5 +1,6 @@
 #include "screen/PagePreview.h"
 
+#include "base/Units.h"
 #include "cadhost/PageSink.h"
 #include "plotting/mdlAcadPrinting.h"
 #include "report/SheetWatcher.h"
@@ -13,7 +14,7 @@
 namespace sm::app {
 namespace {
 
-constexpr double kPoint = 25.4 / 72; // mm
+constexpr double kPoint = base::MillimetresOfPoints(1);
 
 bool IsSame(const PreviewWish& a, const PreviewWish& b)
 {

@@ -1,5 +1,7 @@
 #include "screen/SheetChoice.h"
 
+#include "base/Units.h"
+#include "base/text/NumberText.h"
 #include "layouts/LayoutNames.h"
 #include "settings/StampChoices.h"
 
@@ -59,27 +61,26 @@ std::string PageInFront(const std::vector<FormControl>& form)
 
 beside::PageMark MarkOf(const StampSettings& stamp, const std::string& text)
 {
-    constexpr double kMillimetres = 25.4 / 72; // of a point
-    return {beside::PageMarkKind::Stamp,   {stamp.X, stamp.Y}, {stamp.X, stamp.Y}, text, stamp.FontName,
-            stamp.FontSize * kMillimetres, stamp.Color,        stamp.Justification};
-}
-
-std::string Trimmed(const std::string& text)
-{
-    const std::size_t first = text.find_first_not_of(' ');
-    return first == std::string::npos ? "" : text.substr(first, text.find_last_not_of(' ') - first + 1);
+    return {beside::PageMarkKind::Stamp,
+            {stamp.X, stamp.Y},
+            {stamp.X, stamp.Y},
+            text,
+            stamp.FontName,
+            base::MillimetresOfPoints(stamp.FontSize),
+            stamp.Color,
+            stamp.Justification};
 }
 
 /// The whole is a name before it is a list, since names may have commas.
 std::vector<std::string> WordsOf(const std::string& words, const std::vector<std::string>& names)
 {
-    if (std::find(names.begin(), names.end(), Trimmed(words)) != names.end())
-        return {Trimmed(words)};
+    if (std::find(names.begin(), names.end(), base::Trimmed(words)) != names.end())
+        return {std::string(base::Trimmed(words))};
     std::vector<std::string> list;
     std::istringstream rest(words);
     for (std::string word; std::getline(rest, word, ',');)
-        if (!Trimmed(word).empty())
-            list.push_back(Trimmed(word));
+        if (const std::string_view name = base::Trimmed(word); !name.empty())
+            list.emplace_back(name);
     return list;
 }
 

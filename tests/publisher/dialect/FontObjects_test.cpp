@@ -49,6 +49,8 @@ TEST_F(Fonts, OfOneFaceShareItsFile)
     EXPECT_EQ(Descendant(first).getObjGen(), Descendant(second).getObjGen());
     EXPECT_EQ(CodeMap(first), "<41> 1\n<42> 2\n");
     EXPECT_EQ(CodeMap(second), "<41> 3\n<42> 1\n");
+    EXPECT_NE(first.getKey("/Encoding").getDict().getKey("/CMapName").getName(),
+              second.getKey("/Encoding").getDict().getKey("/CMapName").getName());
     EXPECT_EQ(Descendant(first).getKey("/W").unparse(), "[ 0 [ 500 900 200 500 ] ]");
 }
 

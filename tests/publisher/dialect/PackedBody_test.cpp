@@ -34,7 +34,8 @@ protected:
     std::string Unpacked(const std::string& body, std::size_t* count = nullptr)
     {
         std::ofstream(m_path, std::ios::binary) << body;
-        const base::MappedFile file(m_path, base::MappedFile::Reading::InParts);
+        std::error_code unreadable;
+        const base::MappedFile file(m_path, base::MappedFile::Reading::InParts, unreadable);
         const auto packed = PackDialectBody(file, file.Bytes(), 0);
         if (!packed)
             return "(refused)";

@@ -23,20 +23,6 @@ int Number(std::intptr_t handle)
 
 } // namespace
 
-File::File(File&& other) noexcept : m_handle(std::exchange(other.m_handle, -1)) {}
-
-File& File::operator=(File&& other) noexcept
-{
-    Close();
-    m_handle = std::exchange(other.m_handle, -1);
-    return *this;
-}
-
-File::~File()
-{
-    Close();
-}
-
 File File::Open(const std::string& path, std::error_code& error)
 {
     File file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));

@@ -39,12 +39,6 @@ void MappedFile::Map(const std::string& path, Reading reading, std::error_code& 
         Guard(m_bytes.data(), m_bytes.size(), path);
 }
 
-MappedFile::MappedFile(const std::string& path, Reading reading)
-{
-    std::error_code ignored;
-    Map(path, reading, ignored);
-}
-
 MappedFile::~MappedFile()
 {
     if (m_bytes.empty())

@@ -7,8 +7,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <mutex>
-#include <set>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -29,16 +27,6 @@ std::string ParentFolder(const std::string& wanted)
         parent = error ? std::filesystem::path("/tmp") : parent; // what $TMPDIR names is no folder
     }
     return ToText(std::filesystem::absolute(parent, error).lexically_normal());
-}
-
-/// Forked processes find that their parent did it.
-void RemoveFormerOnesOnce(const std::string& folder)
-{
-    static std::mutex turn;
-    static std::set<std::string> cleared;
-    const std::lock_guard lock(turn);
-    if (cleared.insert(folder).second)
-        RemoveAbandonedFolders(folder, kFolderPrefix);
 }
 
 /// Within a folder of a run; its path stays short. False, with errno, when it can't be made.
@@ -67,7 +55,7 @@ PrivateFolder::PrivateFolder(const std::string& parent) : m_owner(::getpid())
 {
     const std::string folder = ParentFolder(parent);
     if (parent.empty())
-        RemoveFormerOnesOnce(folder);
+        RemoveAbandonedFoldersOnce(folder, kFolderPrefix);
     if (parent.empty() ? !MakeNamed(folder, m_path) : !MakeUnnamed(folder, m_path)) {
         const int error = errno;
         throw FolderFailure("A temporary folder could not be made in " + folder + ": " + std::strerror(error) +

@@ -17,20 +17,6 @@ std::intptr_t Kept(Handle file, std::error_code& error)
 
 } // namespace
 
-File::File(File&& other) noexcept : m_handle(std::exchange(other.m_handle, -1)) {}
-
-File& File::operator=(File&& other) noexcept
-{
-    Close();
-    m_handle = std::exchange(other.m_handle, -1);
-    return *this;
-}
-
-File::~File()
-{
-    Close();
-}
-
 File File::Open(const std::string& path, std::error_code& error)
 {
     return File(Kept(OpenFile(path, GENERIC_READ, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS), error));

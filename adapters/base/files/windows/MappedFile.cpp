@@ -59,12 +59,6 @@ void MappedFile::Map(const std::string& path, Reading reading, std::error_code& 
     m_isCopy = reading == Reading::Whole;
 }
 
-MappedFile::MappedFile(const std::string& path, Reading reading)
-{
-    std::error_code ignored;
-    Map(path, reading, ignored);
-}
-
 MappedFile::~MappedFile()
 {
     if (m_bytes.empty())

@@ -6,8 +6,6 @@
 #include "base/windows/Handles.h"
 
 #include <filesystem>
-#include <mutex>
-#include <set>
 
 namespace sm::base {
 
@@ -24,15 +22,6 @@ std::string ParentFolder(const std::string& wanted)
     if (wanted.empty())
         parent = std::filesystem::temp_directory_path(error);
     return ToText(std::filesystem::absolute(parent, error).lexically_normal());
-}
-
-void RemoveFormerOnesOnce(const std::string& folder)
-{
-    static std::mutex turn;
-    static std::set<std::string> cleared;
-    const std::lock_guard lock(turn);
-    if (cleared.insert(folder).second)
-        RemoveAbandonedFolders(folder, kFolderPrefix);
 }
 
 /// False, with the system's last error, when it can't be made.
@@ -54,7 +43,7 @@ PrivateFolder::PrivateFolder(const std::string& parent) : m_owner(ProcessNumber(
 {
     const std::string folder = ParentFolder(parent);
     if (parent.empty())
-        RemoveFormerOnesOnce(folder);
+        RemoveAbandonedFoldersOnce(folder, kFolderPrefix);
     if (!MakeNamed(folder, m_path)) {
         const std::error_code error = LastError();
         throw FolderFailure("A temporary folder could not be made in " + folder + ": " + error.message() +

@@ -15,6 +15,11 @@ constexpr double PointsOfMillimetres(double millimetres)
     return millimetres * kPointsPerInch / kMillimetresPerInch;
 }
 
+constexpr double MillimetresOfPoints(double points)
+{
+    return points * kMillimetresPerInch / kPointsPerInch;
+}
+
 constexpr double RadiansOf(double degrees)
 {
     return degrees * kPi / 180;

@@ -2,7 +2,6 @@
 
 #include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
-#include "base/files/UserFolders.h"
 #include "ports/RegistryKeys.h"
 #include "workers/WindowsProgram.h"
 
@@ -15,26 +14,12 @@ using State = Finding::State;
 } // namespace
 
 const char* const kTemporaryRemedy = "set TMPDIR to another folder";
+const char* const kInterpreterRemedy = "sudo apt-get install ghostscript";
+const char* const kFontsRemedy = "sudo apt-get install fonts-dejavu-core";
 
-Finding Ghostscript(const Install& install)
+std::string InterpreterProgram(const Install& install)
 {
-    const std::string program = system::FindProgram(install.environment, "gs");
-    const std::string version = program.empty() ? "" : VersionOf(program, install.environment);
-    if (version.empty())
-        return {State::Optional, "Ghostscript",
-                (program.empty() ? "not installed" : program + " can't be run") +
-                    std::string(" (PDF underlays, PostScript of other programs, and job options that turn colours or "
-                                "downsample pictures need it)"),
-                "sudo apt-get install ghostscript"};
-    return {State::Good, "Ghostscript", version + ", " + program, {}};
-}
-
-Finding Fonts(const Install& install)
-{
-    for (const std::filesystem::path& folder : base::FontFolders(install.environment))
-        if (HoldsFont(folder))
-            return {State::Good, "fonts", base::ToText(folder), {}};
-    return {State::Missing, "fonts", "no TrueType font is installed", "sudo apt-get install fonts-dejavu-core"};
+    return system::FindProgram(install.environment, "gs");
 }
 
 Finding Settings(const Install& install)

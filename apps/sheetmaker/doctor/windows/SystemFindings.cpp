@@ -1,7 +1,6 @@
 #include "doctor/SystemFindings.h"
 
 #include "base/files/Paths.h"
-#include "base/files/UserFolders.h"
 #include "ghostscript/Interpreter.h"
 #include "ports/RegistryKeys.h"
 
@@ -14,26 +13,12 @@ using State = Finding::State;
 } // namespace
 
 const char* const kTemporaryRemedy = "set TMP to another folder";
+const char* const kInterpreterRemedy = "install Ghostscript; it is found by its registry keys or on PATH";
+const char* const kFontsRemedy = "install one in the system's font folder";
 
-Finding Ghostscript(const Install& install)
+std::string InterpreterProgram(const Install&)
 {
-    const std::string program = ghostscript::FindInterpreter("gs");
-    const std::string version = program.empty() ? "" : VersionOf(program, install.environment);
-    if (version.empty())
-        return {State::Optional, "Ghostscript",
-                (program.empty() ? "not installed" : program + " can't be run") +
-                    std::string(" (PDF underlays, PostScript of other programs, and job options that turn colours or "
-                                "downsample pictures need it)"),
-                "install Ghostscript; it is found by its registry keys or on PATH"};
-    return {State::Good, "Ghostscript", version + ", " + program, {}};
-}
-
-Finding Fonts(const Install& install)
-{
-    for (const std::filesystem::path& folder : base::FontFolders(install.environment))
-        if (HoldsFont(folder))
-            return {State::Good, "fonts", base::ToText(folder), {}};
-    return {State::Missing, "fonts", "no TrueType font is installed", "install one in the system's font folder"};
+    return ghostscript::FindInterpreter("gs");
 }
 
 Finding Settings(const Install& install)

@@ -68,34 +68,6 @@ void RestoreSignals(pid_t parent)
         _exit(kExitInterrupted);
 }
 
-/// What comes through a pipe.
-struct Stream {
-    int descriptor = -1;
-    std::string text;
-    Stream() = default;
-    Stream(const Stream&) = delete;
-    Stream& operator=(const Stream&) = delete;
-    ~Stream() { Close(); }
-
-    void Read()
-    {
-        if (descriptor < 0)
-            return;
-        std::array<char, 65536> buffer;
-        const ssize_t count = read(descriptor, buffer.data(), buffer.size());
-        if (count > 0)
-            text.append(buffer.data(), static_cast<std::size_t>(count));
-        else if (count == 0 || (errno != EINTR && errno != EAGAIN))
-            Close();
-    }
-    void Close()
-    {
-        if (descriptor >= 0)
-            close(descriptor);
-        descriptor = -1;
-    }
-};
-
 /// The worker's whole life. Nothing is thrown out of it: what stands above it belongs to the parent, which waits there.
 [[noreturn]] void Work(const DrawingTask& task, const WorkerWork& work, bool onTerminal, int reports) noexcept
 {
@@ -111,6 +83,34 @@ struct Stream {
 } // namespace
 
 struct WorkerProcess::Inside {
+    /// What comes through a pipe.
+    struct Stream {
+        int descriptor = -1;
+        std::string text;
+        Stream() = default;
+        Stream(const Stream&) = delete;
+        Stream& operator=(const Stream&) = delete;
+        ~Stream() { Close(); }
+
+        void Read()
+        {
+            if (descriptor < 0)
+                return;
+            std::array<char, 65536> buffer;
+            const ssize_t count = read(descriptor, buffer.data(), buffer.size());
+            if (count > 0)
+                text.append(buffer.data(), static_cast<std::size_t>(count));
+            else if (count == 0 || (errno != EINTR && errno != EAGAIN))
+                Close();
+        }
+        void Close()
+        {
+            if (descriptor >= 0)
+                close(descriptor);
+            descriptor = -1;
+        }
+    };
+
     pid_t process = -1;
     Stream report, lines;
 };

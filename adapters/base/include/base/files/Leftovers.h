@@ -24,5 +24,7 @@ void RemoveAbandonedFiles(const std::string& folder, std::string_view prefix, st
 
 /// The same for folders of this user, with all that is in them.
 void RemoveAbandonedFolders(const std::string& folder, std::string_view prefix);
+/// The same, for each folder when this process asks first; those that it forks find that it did.
+void RemoveAbandonedFoldersOnce(const std::string& folder, std::string_view prefix);
 
 } // namespace sm::base

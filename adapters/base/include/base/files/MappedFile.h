@@ -17,8 +17,6 @@ public:
     /// Holds nothing when the file can't be read, with `error`, when it is no regular file, which `Facts` tells, and
     /// when it is empty.
     MappedFile(const std::string& path, Reading reading, std::error_code& error);
-    /// For those who take a file that can't be read for an empty one.
-    MappedFile(const std::string& path, Reading reading);
     MappedFile(const MappedFile&) = delete;
     MappedFile& operator=(const MappedFile&) = delete;
     ~MappedFile();
