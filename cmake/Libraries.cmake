@@ -63,5 +63,5 @@ library(freetype freetype2 archive_freetype)
 library(fontconfig fontconfig archive_fontconfig)
 library(png libpng archive_png16)
 library(jpeg libjpeg archive_jpeg)
-loaded(harfbuzz harfbuzz)
+loaded(harfbuzz harfbuzz) # its subsetter too
 loaded(tiff libtiff-4)

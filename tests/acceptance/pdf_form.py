@@ -5,24 +5,33 @@
 
 Each row is a function that converts in a folder of its own and says what is wrong. Ends with "N passed, M failed".
 """
+import io
 import json
 import os
 import re
 import subprocess
 import sys
 
+from fontTools import cffLib, ttLib
+from fontTools.pens import recordingPen
+
+import pdfa_rules
 import stands
 
 FACES = (("SANS", "arial.ttf"), ("SERIF", "times.ttf"), ("MONO", "cour.ttf"))
 
 
-def texts_in_three_fonts(number):
-    """A drawing of three lines, whose letters go round the alphabet with its number."""
+CUBIC = "/usr/share/fonts/opentype/urw-base35/URWGothic-Book.otf"
+"""An OpenType font of cubic curves that fonts.map puts in for one of Windows."""
+
+
+def texts(faces, number):
+    """A drawing of a line in each font, whose letters go round the alphabet with its number."""
     letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
     turned = letters[number % 62:] + letters[:number % 62]
-    styles = "".join(f"0\nSTYLE\n2\n{name}\n70\n0\n40\n0\n41\n1\n3\n{file}\n" for name, file in FACES)
+    styles = "".join(f"0\nSTYLE\n2\n{name}\n70\n0\n40\n0\n41\n1\n3\n{file}\n" for name, file in faces)
     lines = "".join(f"0\nTEXT\n8\n0\n7\n{name}\n10\n0\n20\n{20 * row}\n40\n5\n1\n{turned}\n"
-                    for row, (name, file) in enumerate(FACES))
+                    for row, (name, file) in enumerate(faces))
     return ("0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n0\nENDSEC\n0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nSTYLE\n" + styles
             + "0\nENDTAB\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n" + lines + "0\nENDSEC\n0\nEOF\n")
 
@@ -39,7 +48,7 @@ def fonts_of_a_set(stand):
     """A hundred sheets with three fonts hold hardly more of them than one sheet."""
     names = [f"{number}.dxf" for number in range(100)]
     for number, name in enumerate(names):
-        stand.write(name, texts_in_three_fonts(number))
+        stand.write(name, texts(FACES, number))
     for words in (("convert", "0.dxf", "-o", "one.pdf"), ("publish", *names, "-o", "set.pdf")):
         run = stand.run(*words)
         stand.same(run.returncode, 0, run.stderr)
@@ -50,6 +59,37 @@ def fonts_of_a_set(stand):
         stand.same(sorted(name[7:] for name in fonts), ["LiberationMono", "LiberationSans", "LiberationSerif"])
     text = subprocess.run(["pdftotext", "-f", "62", "-l", "62", stand.path("set.pdf"), "-"], capture_output=True, text=True).stdout
     stand.same(text.split()[0], "9ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz012345678")
+
+
+def drawn(glyph):
+    """The steps of a glyph's outline."""
+    pen = recordingPen.RecordingPen()
+    glyph.draw(pen)
+    return pen.value
+
+
+def cubic_curves(stand):
+    """They stay what they are in their font's file, which a set of sheets holds one part of."""
+    names = [f"{number}.dxf" for number in (0, 20, 40)]
+    for name in names:
+        stand.write(name, texts((("GOTHIC", "GOTHIC.TTF"),), int(name[:-4])))
+    run = stand.run("publish", *names, "-o", "set.pdf")
+    stand.same(run.returncode, 0, run.stderr)
+    kinds = {line.split()[0][7:24]: line[37:48] for line in subprocess.run(
+        ["pdffonts", stand.path("set.pdf")], capture_output=True, text=True).stdout.splitlines()[2:]}
+    stand.same(kinds, {"URWGothic-Book-Gl": "CID Type 0C"})
+    pdf = pdfa_rules.Pdf(stand.path("set.pdf"))
+    parts = {pdf.data(pdf.at(font["/FontDescriptor"])["/FontFile3"]) for font in pdf.fonts() if "/FontDescriptor" in font}
+    stand.same(len(parts), 1)
+    part, whole = cffLib.CFFFontSet(), ttLib.TTFont(CUBIC)
+    part.decompile(io.BytesIO(parts.pop()), None)
+    shapes, glyphs = part[0].CharStrings, whole.getGlyphSet()
+    stand.same(len(shapes.keys()), 63, "the letters and the glyph for what is missing")
+    for name in shapes.keys():
+        stand.same(drawn(shapes[name]), drawn(glyphs[name]), name)
+    stand.same(any(step == "curveTo" for step, _ in drawn(shapes["S"])), True)
+    text = subprocess.run(["pdftotext", "-f", "3", "-l", "3", stand.path("set.pdf"), "-"], capture_output=True, text=True).stdout
+    stand.same(text.split()[0], "opqrstuvwxyz0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmn")
 
 
 def same_bytes(stand):
@@ -130,7 +170,7 @@ def title(stand):
     stand.same([line for line in info if line.startswith("Title:")], ["Title:           Haus & Größe"])
 
 
-ROWS = (fonts_of_a_set, same_bytes, encrypted, linearised, language, attachments_pane, title)
+ROWS = (fonts_of_a_set, cubic_curves, same_bytes, encrypted, linearised, language, attachments_pane, title)
 
 
 if __name__ == "__main__":

@@ -9,6 +9,7 @@ import os
 import subprocess
 import sys
 
+import pdf_form
 import pdfa_rules
 import stands
 
@@ -199,6 +200,16 @@ def written(stand, objects, name):
     return stand.path(name)
 
 
+def cubic_fonts(stand):
+    stand.write("a.dxf", pdf_form.texts((("GOTHIC", "GOTHIC.TTF"), ("SANS", "arial.ttf")), 0))
+    path = made(stand, 2, "convert", "a.dxf", "--pdfa", "2b")
+    pdf = pdfa_rules.Pdf(path)
+    stand.same(sorted(font["/Subtype"] for font in pdf.fonts() if "/FontDescriptor" in font), ["/CIDFontType0", "/CIDFontType2"])
+    font = next(font for font in pdf.fonts() if font.get("/Subtype") == "/CIDFontType0")
+    pdf.at(font["/W"])[1][1] += 2
+    stand.same([clause for clause, _ in pdfa_rules.check(written(stand, pdf.objects, "broken.pdf"), 2)], ["6.2.11.5"], "a width")
+
+
 def every_rule_is_broken_by_a_file(stand):
     marked(stand, "a.dxf")
     path = made(stand, 2, "convert", "a.dxf", "--pdfa", "2b", "--pdf-layers")
@@ -228,7 +239,7 @@ def files_without_a_relation(stand):
     stand.same("6.8" in [found for found, _ in pdfa_rules.check(stand.path("a.pdf"), 3)], True)
 
 
-ROWS = (samples, marks_and_layers, a_set, linearised, attached_files, job_options, same_bytes, every_rule_is_broken_by_a_file,
+ROWS = (samples, marks_and_layers, a_set, linearised, attached_files, job_options, same_bytes, cubic_fonts, every_rule_is_broken_by_a_file,
         files_without_a_relation)
 
 

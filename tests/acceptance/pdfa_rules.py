@@ -5,9 +5,13 @@ ISO 19005-2; 19005-3 differs in 6.8 alone. `check(path, part)` answers the broke
 """
 import base64
 import html
+import io
 import json
 import re
 import subprocess
+
+from fontTools import cffLib
+from fontTools.pens import basePen
 
 RULES = []
 
@@ -160,7 +164,9 @@ def composite_fonts(pdf):
         if font.get("/Subtype") == "/Type0":
             below = pdf.at(pdf.at(font["/DescendantFonts"])[0])
             map_of, data = pdf.at(font["/Encoding"]), pdf.data(font["/Encoding"])
-            if data is None or map_of.get("/CIDSystemInfo") != below["/CIDSystemInfo"] or "/CIDToGIDMap" not in below:
+            if data is None or map_of.get("/CIDSystemInfo") != below["/CIDSystemInfo"]:
+                return False
+            if below["/Subtype"] == "/CIDFontType2" and "/CIDToGIDMap" not in below:
                 return False
             if map_of.get("/WMode", 0) != (1 if b"/WMode 1" in data else 0) or b"usecmap" in data:
                 return False
@@ -182,10 +188,25 @@ def word(data, at, size=2):
     return int.from_bytes(data[at:at + size], "big")
 
 
+def cubic_widths(pdf, font):
+    """The advance of each glyph as its charstring says it."""
+    program = cffLib.CFFFontSet()
+    program.decompile(io.BytesIO(pdf.data(pdf.at(font["/FontDescriptor"])["/FontFile3"])), None)
+    first, said = pdf.at(font["/W"])
+    for i, width in list(enumerate(pdf.at(said)))[1:]:
+        glyph = program[0].CharStrings[program[0].getGlyphOrder()[first + i]]
+        glyph.draw(basePen.NullPen())
+        if abs(width - glyph.width) > 1:
+            return False
+    return True
+
+
 @rule("6.2.11.5")
 def widths(pdf):
     """The widths that the file says are those of the font."""
     for font in pdf.fonts():
+        if font.get("/Subtype") == "/CIDFontType0" and not cubic_widths(pdf, font):
+            return False
         if font.get("/Subtype") != "/CIDFontType2":
             continue
         data = pdf.data(pdf.at(font["/FontDescriptor"])["/FontFile2"])

@@ -82,6 +82,8 @@ ROOMS = {
         "joboptions": ("pdf",),
         "marks": ("pdf",),
         "fonts": (),
+        "fonts/posix": ("fonts",),
+        "fonts/windows": ("fonts",),
         "archive": ("pdf",),
         "pages": ("pdf",),
         "dialect": ("pdf", "fonts", "marks", "pages"),

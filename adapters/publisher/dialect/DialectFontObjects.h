@@ -7,6 +7,7 @@
 
 #include <map>
 #include <string>
+#include <vector>
 
 namespace sm::publisher {
 
@@ -16,8 +17,8 @@ public:
     explicit FontObjects(QPDF& pdf) : m_pdf(pdf), m_outlines(pdf) {}
     /// The font dictionary; a null object when the font can't be used.
     QPDFObjectHandle Font(const DialectFont& font);
-    /// Embeds the outline fonts. Called once, when all pages have their fonts.
-    void Finish() { m_outlines.Finish(); }
+    /// Embeds the outline fonts. Called once, when all pages have their fonts. Answers what is to be told.
+    std::vector<std::string> Finish() { return m_outlines.Finish(); }
 
 private:
     QPDFObjectHandle DrawnFont(const DialectFont& font);

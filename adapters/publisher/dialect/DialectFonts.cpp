@@ -71,8 +71,31 @@ private:
         if (Peek().starts_with("% ")) {
             font.face = FaceName(Line().substr(2));
         }
-        return ReadHead(font) && ReadEncoding() && ReadUnicode(font) && ReadGlyphs(font) &&
-               Expect("FontName currentdict end definefont pop") && Expect("%%EndResource");
+        return ReadCubicSource(font.cubic) && ReadHead(font) && ReadEncoding() && ReadUnicode(font) &&
+               ReadGlyphs(font) && Expect("FontName currentdict end definefont pop") && Expect("%%EndResource");
+    }
+
+    bool ReadCubicSource(CubicSource& source)
+    {
+        std::string_view line = Peek();
+        if (!Take(line, "% Cubic ")) {
+            return true;
+        }
+        if (!TakeNumber(line, source.index) || !Take(line, " ") || line.empty()) {
+            return false;
+        }
+        source.path = line;
+        for (Line(); Take(m_text, "% Glyphs");) {
+            for (line = Line(); Take(line, " ");) {
+                if (!TakeNumber(line, source.glyphs.emplace_back())) {
+                    return false;
+                }
+            }
+            if (!line.empty()) {
+                return false;
+            }
+        }
+        return true;
     }
 
     bool ReadHead(DialectFont& font)

@@ -18,6 +18,13 @@
 
 namespace sm::publisher {
 
+/// Where an outline font's own curves are when the page holds approximations of them.
+struct CubicSource {
+    std::string path; ///< of an OpenType file with a CFF table; empty: the page holds the true ones
+    std::int32_t index = 0;
+    std::vector<std::uint32_t> glyphs; ///< in that file, of the subset's glyphs from 1 on
+};
+
 /// A font of the page. Codes are the bytes of its strings.
 struct DialectFont {
     enum class Kind : std::uint8_t {
@@ -32,6 +39,7 @@ struct DialectFont {
     std::map<std::uint8_t, std::uint16_t> glyphs; ///< outlines: code to glyph of the subset
     std::map<std::uint8_t, double> widths;        ///< the others: code to thousandths of the em
     std::string sfnt;                             ///< outlines: the TrueType file
+    CubicSource cubic;                            ///< outlines
     std::map<std::uint8_t, std::string> strokes;  ///< strokes: code to content stream
     std::array<double, 4> box{};                  ///< strokes: of all glyphs, thousandths of the em
 };

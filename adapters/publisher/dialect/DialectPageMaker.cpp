@@ -31,7 +31,9 @@ public:
             ours = AddPage(*pdf, pages[i], jobOptions, pictures, fonts);
         }
         if (ours) {
-            fonts.Finish();
+            for (const std::string& remark : fonts.Finish()) {
+                Tell(remark);
+            }
             return {{}, std::move(pdf)};
         }
         for (const PageSource& page : pages) {
@@ -98,11 +100,18 @@ private:
         std::error_code unreadable; // the interpreter says so
         const base::MappedFile file(source.psPath, base::MappedFile::Reading::InParts, unreadable);
         const std::string page = "Page " + std::to_string(source.number) + " was made by the PostScript interpreter: ";
-        if (m_note && file.Bytes().find("\n%SheetmakerLayer: ") != std::string_view::npos) {
-            m_note(page + "the drawing's layers are not kept in it");
+        if (file.Bytes().find("\n%SheetmakerLayer: ") != std::string_view::npos) {
+            Tell(page + "the drawing's layers are not kept in it");
         }
-        if (m_note && file.Bytes().find(" gs\n") != std::string_view::npos) {
-            m_note(page + "what is transparent in the drawing is opaque in it");
+        if (file.Bytes().find(" gs\n") != std::string_view::npos) {
+            Tell(page + "what is transparent in the drawing is opaque in it");
+        }
+    }
+
+    void Tell(const std::string& line) const
+    {
+        if (m_note) {
+            m_note(line);
         }
     }
 

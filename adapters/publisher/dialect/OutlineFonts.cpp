@@ -1,10 +1,13 @@
 #include "dialect/OutlineFonts.h"
 
-#include "dialect/CodeMaps.h"
+#include "fonts/CffSubset.h"
 #include "pdf/ContentTag.h"
 #include "pdf/PdfNumbers.h"
 
+#include <algorithm>
 #include <fmt/format.h>
+#include <numeric>
+#include <stdexcept>
 
 namespace sm::publisher {
 
@@ -23,13 +26,15 @@ std::string KeyOf(const GlyphNumbers& numbers, const std::map<std::uint8_t, std:
     return key;
 }
 
-Object Widths(const SfntSubset& subset)
+/// `numbers`: those that the glyphs have in the embedded file.
+Object Widths(const SfntSubset& subset, const std::vector<std::uint16_t>& numbers)
 {
-    Object widths = Object::newArray();
-    for (const SfntGlyph& glyph : subset.glyphs) {
-        widths.appendItem(Object::newReal(NumberText(glyph.advance * 1000.0 / subset.unitsPerEm)));
+    std::vector<Object> widths;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        widths.resize(std::max<std::size_t>(widths.size(), numbers[i] + std::size_t{1}), Object::newInteger(0));
+        widths[numbers[i]] = Object::newReal(NumberText(subset.glyphs[i].advance * 1000.0 / subset.unitsPerEm));
     }
-    return Object::newArray({Object::newInteger(0), widths});
+    return Object::newArray({Object::newInteger(0), Object::newArray(widths)});
 }
 
 } // namespace
@@ -40,7 +45,7 @@ Object OutlineFonts::Font(const DialectFont& font)
     if (!subset || subset->glyphs.empty()) {
         return Object::newNull();
     }
-    Face& face = FaceFor(font.face.empty() ? font.name : font.face, *subset);
+    Face& face = FaceFor(font, *subset);
     GlyphNumbers numbers;
     for (const auto& [code, glyph] : font.glyphs) {
         if (glyph >= subset->glyphs.size()) {
@@ -49,63 +54,118 @@ Object OutlineFonts::Font(const DialectFont& font)
         const auto [place, isNew] = face.numbers.try_emplace(subset->glyphs[glyph], face.subset.glyphs.size());
         if (isNew) {
             face.subset.glyphs.push_back(subset->glyphs[glyph]);
+            face.cubic.glyphs.push_back(glyph > 0 && glyph <= font.cubic.glyphs.size() ? font.cubic.glyphs[glyph - 1U]
+                                                                                       : 0);
         }
         numbers[code] = place->second;
     }
     Object& result = face.known[KeyOf(numbers, font.unicode)];
     if (!result.isInitialized()) {
         result = m_pdf.makeIndirectObject(Object::parse("<</Type/Font/Subtype/Type0>>"));
-        result.replaceKey("/Encoding", CodeMap(m_pdf, numbers));
         result.replaceKey("/DescendantFonts", Object::newArray({face.descendant}));
         result.replaceKey("/ToUnicode", ToUnicode(m_pdf, font));
-        face.fonts.push_back(result);
+        face.fonts.emplace_back(result, numbers);
     }
     return result;
 }
 
 /// The face that still has room for a page's glyphs, whose first is the one for what is missing.
-OutlineFonts::Face& OutlineFonts::FaceFor(const std::string& name, const SfntSubset& subset)
+OutlineFonts::Face& OutlineFonts::FaceFor(const DialectFont& font, const SfntSubset& subset)
 {
+    const std::string& name = font.face.empty() ? font.name : font.face;
     for (Face& face : m_faces) {
-        if (face.name == name && face.subset.unitsPerEm == subset.unitsPerEm &&
+        if (face.name == name && face.cubic.path == font.cubic.path && face.cubic.index == font.cubic.index &&
+            face.subset.unitsPerEm == subset.unitsPerEm &&
             face.subset.glyphs.size() + subset.glyphs.size() <= kMostGlyphs) {
             return face;
         }
     }
     Face& face = m_faces.emplace_back();
     face.name = name;
+    face.cubic = {font.cubic.path, font.cubic.index, {0}};
     face.subset = {subset.unitsPerEm, {subset.glyphs.front()}};
     face.descendant = m_pdf.makeIndirectObject(
-        Object::parse("<</Type/Font/Subtype/CIDFontType2/CIDToGIDMap/Identity/DW 0/CIDSystemInfo " +
-                      std::string(kGlyphCollection) + ">>"));
+        Object::parse("<</Type/Font/DW 0/CIDSystemInfo " + std::string(kGlyphCollection) + ">>"));
     return face;
 }
 
-void OutlineFonts::Finish()
+std::vector<std::string> OutlineFonts::Finish()
 {
+    std::vector<std::string> remarks;
     for (Face& face : m_faces) {
-        Embed(face);
+        Embed(face, remarks);
     }
+    return remarks;
 }
 
-void OutlineFonts::Embed(Face& face)
+/// From the font's own file. Throws std::runtime_error, with the reason, when that isn't what the pages were made with.
+OutlineFonts::Program OutlineFonts::CubicProgram(const Face& face)
+{
+    const std::vector<std::uint32_t>& glyphs = face.cubic.glyphs;
+    CffSubset subset = MakeCffSubset(face.cubic.path, face.cubic.index, {glyphs.begin(), glyphs.end()});
+    Program program{std::move(subset.table), true, {}};
+    for (std::size_t i = 0; i < glyphs.size(); ++i) {
+        const CffSubset::Glyph& glyph = subset.glyphs.at(glyphs[i]);
+        if (i > 0 && glyph.advance != face.subset.glyphs[i].advance) {
+            throw std::runtime_error("its file has changed");
+        }
+        program.numbers.push_back(glyph.number);
+    }
+    return program;
+}
+
+OutlineFonts::Program OutlineFonts::TrueTypeProgram(const Face& face, SfntFacts& facts)
+{
+    Program program{WriteSfntSubset(face.subset, facts), false, {}};
+    program.numbers.resize(face.subset.glyphs.size());
+    std::iota(program.numbers.begin(), program.numbers.end(), std::uint16_t{0});
+    return program;
+}
+
+void OutlineFonts::Embed(Face& face, std::vector<std::string>& remarks)
 {
     SfntFacts facts;
-    const std::string bytes = WriteSfntSubset(face.subset, facts);
-    const std::string name = "/" + ContentTag(bytes) + "+" + face.name; // PDF 1.7, 9.6.4
-    Object file = m_pdf.newStream(bytes);
-    file.getDict().replaceKey("/Length1", Object::newInteger(static_cast<long long>(bytes.size())));
+    Program program = TrueTypeProgram(face, facts);
+    if (!face.cubic.path.empty()) {
+        try {
+            program = CubicProgram(face);
+        } catch (const std::runtime_error& error) {
+            remarks.push_back("The curves of the font " + face.name + " come near to its own only: " + error.what());
+        }
+    }
+    const std::string name = "/" + ContentTag(program.bytes) + "+" + face.name; // PDF 1.7, 9.6.4
+    Object file = m_pdf.newStream(program.bytes);
     Object descriptor = Object::parse(fmt::format(
         "<</Type/FontDescriptor/FontName {}/Flags 4/FontBBox[{} {} {} {}]/ItalicAngle 0/Ascent {}"
         "/Descent {}/CapHeight {}/StemV 80>>",
         name, facts.box[0], facts.box[1], facts.box[2], facts.box[3], facts.ascent, facts.descent, facts.ascent));
-    descriptor.replaceKey("/FontFile2", file);
-    face.descendant.replaceKey("/FontDescriptor", m_pdf.makeIndirectObject(descriptor));
-    face.descendant.replaceKey("/W", Widths(face.subset));
-    face.descendant.replaceKey("/BaseFont", Object::newName(name));
-    for (Object& font : face.fonts) {
-        font.replaceKey("/BaseFont", Object::newName(name));
+    if (program.isCubic) { // PDF 1.7, 9.9
+        file.getDict().replaceKey("/Subtype", Object::newName("/CIDFontType0C"));
+    } else {
+        file.getDict().replaceKey("/Length1", Object::newInteger(static_cast<long long>(program.bytes.size())));
+        face.descendant.replaceKey("/CIDToGIDMap", Object::newName("/Identity"));
     }
+    descriptor.replaceKey(program.isCubic ? "/FontFile3" : "/FontFile2", file);
+    face.descendant.replaceKey("/Subtype", Object::newName(program.isCubic ? "/CIDFontType0" : "/CIDFontType2"));
+    face.descendant.replaceKey("/FontDescriptor", m_pdf.makeIndirectObject(descriptor));
+    face.descendant.replaceKey("/W", Widths(face.subset, program.numbers));
+    face.descendant.replaceKey("/BaseFont", Object::newName(name));
+    for (auto& [font, numbers] : face.fonts) {
+        Complete(font, numbers, name, program);
+    }
+}
+
+/// What a page's font doesn't know before the glyphs have their last numbers.
+void OutlineFonts::Complete(Object font, GlyphNumbers numbers, const std::string& name, const Program& program)
+{
+    for (auto& [code, number] : numbers) {
+        number = program.numbers[number];
+    }
+    Object map = CodeMap(m_pdf, numbers);
+    font.replaceKey("/Encoding", map);
+    // The name of a composite font of cubic curves ends with that of its map (PDF 1.7, 9.7.6.1).
+    const std::string suffix = program.isCubic ? "-" + map.getDict().getKey("/CMapName").getName().substr(1) : "";
+    font.replaceKey("/BaseFont", Object::newName(name + suffix));
 }
 
 } // namespace sm::publisher

@@ -4,6 +4,7 @@
 // numbers that the glyphs have in the document (PDF 1.7, 9.7), so that the page's content stays as it is.
 #pragma once
 
+#include "dialect/CodeMaps.h"
 #include "dialect/DialectPage.h"
 #include "fonts/SfntGlyphs.h"
 #include "pdf/Qpdf.h"
@@ -11,6 +12,8 @@
 #include <deque>
 #include <map>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace sm::publisher {
 
@@ -20,8 +23,8 @@ public:
     /// The dictionary of a page's font, without its name until Finish; pages whose codes mean the same share it. Null
     /// when `font` holds no TrueType file that can be used.
     QPDFObjectHandle Font(const DialectFont& font);
-    /// Embeds the faces. Called once, when all pages have their fonts.
-    void Finish();
+    /// Embeds the faces. Called once, when all pages have their fonts. Answers what is to be told.
+    std::vector<std::string> Finish();
 
 private:
     /// The document's glyphs of a face.
@@ -29,12 +32,22 @@ private:
         std::string name;
         SfntSubset subset;
         std::map<SfntGlyph, std::uint16_t> numbers; ///< in `subset`
+        CubicSource cubic;                          ///< its glyphs are those of `subset`
         QPDFObjectHandle descendant;
-        std::vector<QPDFObjectHandle> fonts;           ///< of pages
-        std::map<std::string, QPDFObjectHandle> known; ///< those by what their codes mean
+        std::vector<std::pair<QPDFObjectHandle, GlyphNumbers>> fonts; ///< of pages
+        std::map<std::string, QPDFObjectHandle> known;                ///< those by what their codes mean
     };
-    Face& FaceFor(const std::string& name, const SfntSubset& subset);
-    void Embed(Face& face);
+    /// A face as it goes into the file.
+    struct Program {
+        std::string bytes;
+        bool isCubic = false;
+        std::vector<std::uint16_t> numbers; ///< of the face's glyphs
+    };
+    Face& FaceFor(const DialectFont& font, const SfntSubset& subset);
+    static Program CubicProgram(const Face& face);
+    static Program TrueTypeProgram(const Face& face, SfntFacts& facts);
+    void Embed(Face& face, std::vector<std::string>& remarks);
+    void Complete(QPDFObjectHandle font, GlyphNumbers numbers, const std::string& name, const Program& program);
 
     QPDF& m_pdf;
     std::deque<Face> m_faces;

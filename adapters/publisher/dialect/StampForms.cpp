@@ -83,10 +83,10 @@ StampForm StampForms::Make(const std::string& text, const StampLook& look)
     return form;
 }
 
-void StampForms::Finish()
+std::vector<std::string> StampForms::Finish()
 {
     if (m_forms.empty()) {
-        return;
+        return {};
     }
     const auto fonts = ReadDialectFonts(m_texts->Fonts());
     bool readable = fonts.has_value();
@@ -100,13 +100,14 @@ void StampForms::Finish()
     if (!readable) {
         throw PublishFailure(PublishStatus::Internal, "The fonts of the text stamps can't be read.");
     }
-    shared.Finish();
+    auto remarks = shared.Finish();
     Object resources = Object::newDictionary();
     resources.replaceKey("/Font", objects);
     const Object common = m_pdf.makeIndirectObject(resources);
     for (const auto& [key, form] : m_forms) {
         Object(form.object).getDict().replaceKey("/Resources", common);
     }
+    return remarks;
 }
 
 } // namespace sm::publisher

@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace sm::publisher {
 
@@ -31,7 +32,8 @@ public:
     std::optional<StampForm> Form(const std::string& text, const StampFont& font, std::int32_t color,
                                   std::string& reason);
     /// Gives the forms their fonts. Throws PublishFailure when these can't be read.
-    void Finish();
+    /// Answers what is to be told.
+    std::vector<std::string> Finish();
 
 private:
     StampForm Make(const std::string& text, const StampLook& look);

@@ -24,7 +24,12 @@ public:
     /// Lays the stamps added since the last call over the page's content, which keeps its own graphics state.
     void FinishPage(const SheetPage& sheet);
     /// Gives the document what the stamps of all pages share.
-    void Finish() { m_forms.Finish(); }
+    void Finish()
+    {
+        for (const std::string& remark : m_forms.Finish()) {
+            m_note(remark);
+        }
+    }
 
 private:
     struct Place {

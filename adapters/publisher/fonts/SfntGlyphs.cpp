@@ -1,29 +1,19 @@
 #include "fonts/SfntGlyphs.h"
 
+#include "fonts/SfntTables.h"
+
 #include <algorithm>
 #include <array>
-#include <map>
 
 namespace sm::publisher {
 
 namespace {
 
-using Tables = std::map<std::string, std::string_view, std::less<>>;
-
 constexpr std::size_t kHeadSize = 54, kHheaSize = 36, kMaxpSize = 32;
-
-std::uint32_t Number(std::string_view bytes, std::size_t at, std::size_t size)
-{
-    std::uint32_t value = 0;
-    for (std::size_t i = 0; i < size && at + i < bytes.size(); ++i) {
-        value = value << 8 | static_cast<unsigned char>(bytes[at + i]);
-    }
-    return value;
-}
 
 std::int16_t Signed16(std::string_view bytes, std::size_t at)
 {
-    return static_cast<std::int16_t>(Number(bytes, at, 2));
+    return static_cast<std::int16_t>(BigEndian(bytes, at, 2));
 }
 
 void Put(std::string& out, std::uint32_t value, std::size_t size)
@@ -40,25 +30,10 @@ void PutWords(std::string& out, std::initializer_list<std::int32_t> words)
     }
 }
 
-std::optional<Tables> Split(std::string_view sfnt)
-{
-    const std::size_t count = Number(sfnt, 4, 2);
-    Tables tables;
-    for (std::size_t i = 0; i < count; ++i) {
-        const std::size_t entry = 12 + 16 * i;
-        const std::size_t offset = Number(sfnt, entry + 8, 4), length = Number(sfnt, entry + 12, 4);
-        if (entry + 16 > sfnt.size() || offset > sfnt.size() || length > sfnt.size() - offset) {
-            return std::nullopt;
-        }
-        tables[std::string(sfnt.substr(entry, 4))] = sfnt.substr(offset, length);
-    }
-    return tables;
-}
-
 /// The bytes of a glyph between two places of the glyf table; nothing when they can't be.
 std::optional<std::string> Outline(std::string_view loca, std::string_view glyf, std::size_t glyph)
 {
-    const std::size_t begin = Number(loca, 4 * glyph, 4), end = Number(loca, 4 * glyph + 4, 4);
+    const std::size_t begin = BigEndian(loca, 4 * glyph, 4), end = BigEndian(loca, 4 * glyph + 4, 4);
     if (begin > end || end > glyf.size()) {
         return std::nullopt;
     }
@@ -109,8 +84,8 @@ std::string HheaTable(const Extent& extent, std::size_t count)
 /// How many points an outline that isn't made of others has: one more than the last contour's end.
 std::uint32_t Points(const std::string& outline)
 {
-    const std::uint32_t contours = Number(outline, 0, 2);
-    return contours == 0 ? 0 : Number(outline, 10 + 2 * (contours - 1), 2) + 1;
+    const std::uint32_t contours = BigEndian(outline, 0, 2);
+    return contours == 0 ? 0 : BigEndian(outline, 10 + 2 * (contours - 1), 2) + 1;
 }
 
 std::string MaxpTable(const std::vector<SfntGlyph>& glyphs)
@@ -118,7 +93,7 @@ std::string MaxpTable(const std::vector<SfntGlyph>& glyphs)
     std::uint32_t points = 0, contours = 0;
     for (const SfntGlyph& glyph : glyphs) {
         points = std::max(points, Points(glyph.outline));
-        contours = std::max(contours, Number(glyph.outline, 0, 2));
+        contours = std::max(contours, BigEndian(glyph.outline, 0, 2));
     }
     std::string table;
     Put(table, 0x00010000, 4);
@@ -133,7 +108,7 @@ std::uint32_t Checksum(std::string_view bytes)
 {
     std::uint32_t sum = 0;
     for (std::size_t at = 0; at < bytes.size(); at += 4) {
-        sum += Number(bytes, at, 4) << (at + 4 > bytes.size() ? 8 * (at + 4 - bytes.size()) : 0);
+        sum += BigEndian(bytes, at, 4) << (at + 4 > bytes.size() ? 8 * (at + 4 - bytes.size()) : 0);
     }
     return sum;
 }
@@ -165,21 +140,17 @@ std::string Join(const std::array<std::pair<const char*, const std::string*>, 6>
 
 std::optional<SfntSubset> ReadSfntSubset(std::string_view sfnt)
 {
-    const auto tables = Split(sfnt);
-    const auto table = [&](const char* tag, std::size_t least) {
-        const auto found = tables ? tables->find(tag) : Tables::const_iterator();
-        return tables && found != tables->end() && found->second.size() >= least ? std::optional(found->second)
-                                                                                 : std::nullopt;
-    };
+    const auto tables = SfntTables(sfnt);
+    const auto table = [&](const char* tag, std::size_t least) { return SfntTable(tables, tag, least); };
     const auto head = table("head", kHeadSize), hhea = table("hhea", kHheaSize), maxp = table("maxp", kMaxpSize);
     const auto hmtx = table("hmtx", 0), loca = table("loca", 0), glyf = table("glyf", 0);
-    if (!head || !hhea || !maxp || !hmtx || !loca || !glyf || Number(*head, 50, 2) != 1) {
+    if (!head || !hhea || !maxp || !hmtx || !loca || !glyf || BigEndian(*head, 50, 2) != 1) {
         return std::nullopt;
     }
     SfntSubset subset;
-    subset.unitsPerEm = static_cast<std::uint16_t>(std::max<std::uint32_t>(1, Number(*head, 18, 2)));
-    const std::size_t count = Number(*maxp, 4, 2);
-    if (Number(*hhea, 34, 2) != count || hmtx->size() < 4 * count || loca->size() < 4 * count + 4) {
+    subset.unitsPerEm = static_cast<std::uint16_t>(std::max<std::uint32_t>(1, BigEndian(*head, 18, 2)));
+    const std::size_t count = BigEndian(*maxp, 4, 2);
+    if (BigEndian(*hhea, 34, 2) != count || hmtx->size() < 4 * count || loca->size() < 4 * count + 4) {
         return std::nullopt;
     }
     for (std::size_t i = 0; i < count; ++i) {
@@ -188,7 +159,7 @@ std::optional<SfntSubset> ReadSfntSubset(std::string_view sfnt)
             return std::nullopt;
         }
         subset.glyphs.push_back(
-            {static_cast<std::uint16_t>(Number(*hmtx, 4 * i, 2)), Signed16(*hmtx, 4 * i + 2), std::move(*outline)});
+            {static_cast<std::uint16_t>(BigEndian(*hmtx, 4 * i, 2)), Signed16(*hmtx, 4 * i + 2), std::move(*outline)});
     }
     return subset;
 }

@@ -3,6 +3,8 @@
 #include "fonts/HarfBuzz.h"
 #include "fonts/OutlineReader.h"
 
+#include FT_TRUETYPE_TABLES_H
+
 #include <array>
 #include <new>
 #include <unordered_map>
@@ -46,10 +48,18 @@ bool IsLoaded(FT_Face face, FT_UInt glyph)
     return error == 0;
 }
 
+bool HoldsTable(FT_Face face, const char (&tag)[5])
+{
+    FT_ULong length = 0;
+    return FT_IS_SFNT(face) &&
+           FT_Load_Sfnt_Table(face, FT_MAKE_TAG(tag[0], tag[1], tag[2], tag[3]), 0, nullptr, &length) == 0;
+}
+
 class FreeTypeFace final : public OutlineFace {
 public:
     FreeTypeFace(FT_Face face, std::string path, int index)
-        : m_face(face), m_path(std::move(path)), m_index(index), m_name(SafeName(face))
+        : m_face(face), m_file{std::move(path), index}, m_name(SafeName(face)),
+          m_isCubic(!FT_IS_CID_KEYED(face) && HoldsTable(face, "CFF "))
     {
         m_capHeight = MeasuredCapHeight();
         m_low.fill(kUnknown);
@@ -103,6 +113,8 @@ public:
             ReadContours(m_face->glyph->outline, out);
         }
     }
+
+    const FontFile* CubicFile() const override { return m_isCubic ? &m_file : nullptr; }
 
     void Outline(std::uint32_t glyph, Path& out) const override
     {
@@ -167,8 +179,8 @@ private:
     void OpenShaper(const HarfBuzz& hb) const
     {
         if (m_shaper == nullptr) {
-            hb_blob_t* blob = hb.blobCreateFromFile(m_path.c_str());
-            hb_face_t* face = hb.faceCreate(blob, static_cast<unsigned>(m_index));
+            hb_blob_t* blob = hb.blobCreateFromFile(m_file.path.c_str());
+            hb_face_t* face = hb.faceCreate(blob, static_cast<unsigned>(m_file.index));
             m_shaper = hb.fontCreate(face);
             hb.fontSetScale(m_shaper, m_face->units_per_EM, m_face->units_per_EM);
             hb.faceDestroy(face);
@@ -177,9 +189,9 @@ private:
     }
 
     FT_Face m_face;
-    std::string m_path;
-    int m_index;
+    FontFile m_file;
     std::string m_name;
+    bool m_isCubic;
     double m_capHeight = 0;
     mutable InkSpan m_ideographs{0, 0};             ///< measured when it is asked for
     mutable std::array<std::uint32_t, 0x500> m_low; ///< glyphs of Latin, Greek and Cyrillic

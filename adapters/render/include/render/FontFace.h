@@ -25,6 +25,12 @@ struct GlyphContours {
     }
 };
 
+/// The file that holds a font.
+struct FontFile {
+    std::string path;
+    int index = 0; ///< of a collection's fonts
+};
+
 /// Owned by the text engine; lives as long as it does.
 class FontFace {
 public:
@@ -36,7 +42,10 @@ public:
     [[nodiscard]] virtual std::uint16_t UnitsPerEm() const = 0;
     [[nodiscard]] virtual std::uint16_t Advance(std::uint32_t glyph) const = 0; ///< font units
     virtual void Contours(std::uint32_t glyph, GlyphContours& out) const = 0;   ///< cleared first; none when stroked
-    virtual void Outline(std::uint32_t glyph, Path& out) const = 0;             ///< em; cleared first
+    /// The file whose own curves are of third degree (an OpenType font with a CFF table and named glyphs), so that the
+    /// contours only come near to them; null for all others.
+    [[nodiscard]] virtual const FontFile* CubicFile() const { return nullptr; }
+    virtual void Outline(std::uint32_t glyph, Path& out) const = 0; ///< em; cleared first
 };
 
 } // namespace sm::render

@@ -1,0 +1,24 @@
+// The tables of TrueType and OpenType files (OpenType 1.9: "Font file").
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace sm::publisher {
+
+using Tables = std::map<std::string, std::string_view, std::less<>>; ///< by tag
+
+/// A number of `size` bytes, at most 4, the highest first; bytes beyond the end count as none.
+std::uint32_t BigEndian(std::string_view bytes, std::size_t at, std::size_t size);
+
+/// Parts of `sfnt`; none when one of them doesn't lie in it.
+Tables SfntTables(std::string_view sfnt);
+
+/// Nothing when there is none of at least `least` bytes.
+std::optional<std::string_view> SfntTable(const Tables& tables, std::string_view tag, std::size_t least);
+
+} // namespace sm::publisher
