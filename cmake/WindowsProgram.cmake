@@ -34,7 +34,7 @@ add_room(base adapters/base lib_utf8proc advapi32)
 add_room(system adapters/system plugin base)
 add_room(terminal adapters/terminal plugin base fmt::fmt)
 add_room(store adapters/store plugin base)
-add_room(drawing adapters/drawing ports base nlohmann_json::nlohmann_json)
+add_room(drawing adapters/drawing ports base nlohmann_json::nlohmann_json Threads::Threads)
 add_room(render adapters/render drawing
     lib_deflate lib_png lib_jpeg lib_harfbuzz lib_freetype lib_tiff lib_fribidi)
 add_room(prologue adapters/prologue)

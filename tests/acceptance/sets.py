@@ -108,6 +108,38 @@ def what_failed_is_not_listed(stand):
     stand.same(targets(stand, "set.pdf", 1), [2, 2, 3, 4, 5, 5, 6, 7])
 
 
+def sheets_of_a_list(stand):
+    stand.drawings("a.dxf", "b.dxf", "c.dxf")
+    stand.write("set.txt", "b.dxf\r\n\nc.dxf:A-201 Section\n")
+    run = stand.run("publish", "-o", "set.pdf", "a.dxf:A-101 Ground Floor", "--list", "set.txt", "--contents")
+    stand.same((run.returncode, lines_of(stand, "set.pdf", 1, 1)),
+               (0, ["Contents", "a", f"{SHEETS[0]} . 2", "b", *(f"{sheet} . {at}" for at, sheet in enumerate(SHEETS, 3)), "c", f"{SHEETS[2]} . 6"]))
+    run = stand.run("publish", "-o", "again.pdf", "--list", "-", stdin="c.dxf\n")
+    stand.same((run.returncode, stand.pages("again.pdf")), (0, "3"))
+    for words, error in ((("--list", "none.txt"), "the list none.txt can't be read"), (("--list", "-"), "the list - names no drawing"),
+                         ((), "DRAWING or --list is required")):
+        run = stand.run("publish", "-o", "third.pdf", *words, stdin="\n")
+        stand.same((run.returncode, run.stderr, stand.files().count("third.pdf")), (2, f"sheetmaker publish: {error}\n", 0))
+
+
+def as_many_in_hand_as_asked(stand):
+    """Read ahead or one after the other: the same sheets, the same errors, the same log."""
+    names = [f"{number}.dxf" for number in range(9)]
+    stand.drawings(*names)
+    stand.write("4.dxf", "no drawing")
+    stand.environment["SOURCE_DATE_EPOCH"] = "1700000000"
+    seen = []
+    for jobs in ("1", "2", "5", "256"):
+        run = stand.run("publish", "-o", "set.pdf", "--keep-going", "--jobs", jobs, *names, "2.dxf")
+        with open(stand.path("set.pdf"), "rb") as file:
+            pdf = hashlib.sha256(file.read()).hexdigest()
+        log = re.sub(r"\d\d:\d\d:\d\d", "", stand.run("log").stdout)
+        seen.append((run.returncode, run.stdout, run.stderr, pdf, log))
+        os.remove(stand.path("set.pdf"))
+    stand.same([one == seen[0] for one in seen], [True] * 4)
+    stand.same((seen[0][0], seen[0][1]), (1, f"set.pdf -> {stand.path('set.pdf')}, 27 pages\n"), seen[0][2])
+
+
 def same_bytes(stand):
     stand.environment["SOURCE_DATE_EPOCH"] = "1700000000"
     sums = set()
@@ -158,10 +190,11 @@ def worker_of(process):
 def crashes_are_left_out(stand):
     stand.drawings("a.dxf", "c.dxf")
     endless(stand, "b.dxf")
-    with subprocess.Popen([stand.program, "publish", "-o", "set.pdf", "a.dxf", "b.dxf", "c.dxf", "--keep-going"], cwd=stand.work,
-                          env=stand.environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as run:
-        time.sleep(1.5)  # a.dxf takes 20 ms, b.dxf minutes
-        os.kill(worker_of(run.pid), signal.SIGSEGV)
+    with subprocess.Popen([stand.program, "publish", "-o", "set.pdf", "a.dxf", "b.dxf", "c.dxf", "--keep-going", "--jobs", "2"],
+                          cwd=stand.work, env=stand.environment, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as run:
+        for _ in range(2):  # after the first one no other drawing is read beside b.dxf
+            time.sleep(1.5)  # a.dxf takes 20 ms, b.dxf minutes
+            os.kill(worker_of(run.pid), signal.SIGSEGV)
         out, err = run.communicate(timeout=60)
     stand.same((run.returncode, out, stand.pages("set.pdf")), (1, f"set.pdf -> {stand.path('set.pdf')}, 6 pages\n", "6"))
     stand.same([line for line in err.splitlines() if "failed" in line], ["b.dxf: failed: the conversion was ended by signal 11"])
@@ -175,7 +208,7 @@ def nothing_is_left(stand):
                     "sheetmaker publish: no sheet could be converted; set.pdf was not written"], ["b.dxf"]))
 
 
-ROWS = (one_page, fonts, many_pages, long_names, what_failed_is_not_listed, same_bytes,
+ROWS = (one_page, fonts, many_pages, long_names, what_failed_is_not_listed, sheets_of_a_list, as_many_in_hand_as_asked, same_bytes,
         late_ones_are_left_out, crashes_are_left_out, nothing_is_left)
 
 

@@ -23,6 +23,10 @@ public:
     {
         return m_session->DocumentPort(m_session->Open(path, overlay));
     }
+    void Expect(std::vector<std::string> paths, std::size_t ahead) override
+    {
+        m_session->Expect(std::move(paths), ahead);
+    }
     void Overlay(const std::shared_ptr<IAcadDocument>& document, const DocumentOverlay& overlay) override
     {
         Behind(document).SetOverlay(overlay);

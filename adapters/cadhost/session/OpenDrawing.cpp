@@ -36,10 +36,10 @@ std::optional<std::size_t> FindLayout(const drawing::Drawing& drawing, const std
 
 } // namespace
 
-OpenDrawing::OpenDrawing(const std::string& path, DocumentOverlay overlay, const HostOptions& options,
-                         render::ReferenceOptions references)
-    : m_fullName(AbsolutePath(path)), m_file(drawing::Drawing::Open(path, options.dwg)),
-      m_active(m_file->ActiveLayout()), m_referenceOptions(std::move(references)), m_shareFolder(options.shareFolder)
+OpenDrawing::OpenDrawing(const std::string& path, std::unique_ptr<drawing::Drawing> file, DocumentOverlay overlay,
+                         const HostOptions& options, render::ReferenceOptions references)
+    : m_fullName(AbsolutePath(path)), m_file(std::move(file)), m_active(m_file->ActiveLayout()),
+      m_referenceOptions(std::move(references)), m_shareFolder(options.shareFolder)
 {
     m_configurations.resize(m_file->Layouts().size());
     SetOverlay(std::move(overlay));

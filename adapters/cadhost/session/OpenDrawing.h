@@ -9,9 +9,9 @@ namespace sm::cadhost {
 
 class OpenDrawing {
 public:
-    /// Throws drawing::DrawingError.
-    OpenDrawing(const std::string& path, DocumentOverlay overlay, const HostOptions& options,
-                render::ReferenceOptions references);
+    /// `file` is what `path` holds.
+    OpenDrawing(const std::string& path, std::unique_ptr<drawing::Drawing> file, DocumentOverlay overlay,
+                const HostOptions& options, render::ReferenceOptions references);
 
     /// Throws HostError once the drawing is closed; so does everything below that needs the file.
     [[nodiscard]] drawing::Drawing& File() const;

@@ -67,10 +67,17 @@ std::shared_ptr<OpenDrawing> Session::Open(const std::string& path, const Docume
     }
     render::ReferenceOptions references = m_options.references;
     references.dwg = m_options.dwg;
-    auto open = std::make_shared<OpenDrawing>(path, overlay, m_options, std::move(references));
+    auto open =
+        std::make_shared<OpenDrawing>(path, m_ahead ? m_ahead->Take(path) : drawing::Drawing::Open(path, m_options.dwg),
+                                      overlay, m_options, std::move(references));
     m_drawings.push_back(open);
     m_active = open;
     return open;
+}
+
+void Session::Expect(std::vector<std::string> paths, std::size_t ahead)
+{
+    m_ahead = std::make_unique<drawing::ReadAhead>(std::move(paths), ahead, m_options.dwg);
 }
 
 void Session::Close(const OpenDrawingRef& open, bool saveChanges)

@@ -1,6 +1,7 @@
 // What the objects of one host share: its options, its preferences and the drawings it has open.
 #pragma once
 
+#include "drawing/ReadAhead.h"
 #include "ports/IAcadApplication.h"
 #include "session/OpenDrawing.h"
 
@@ -26,6 +27,8 @@ public:
     [[nodiscard]] const std::shared_ptr<OpenDrawing>& Active() const { return m_active; }
     /// Opens a drawing, or takes the one that is open already, and makes it the active one. Throws DrawingError.
     std::shared_ptr<OpenDrawing> Open(const std::string& path, const DocumentOverlay& overlay);
+    /// See CadHost.
+    void Expect(std::vector<std::string> paths, std::size_t ahead);
     /// Throws HostError when the drawing can't be saved; it then stays open.
     void Close(const std::shared_ptr<OpenDrawing>& open, bool saveChanges);
 
@@ -40,6 +43,7 @@ private:
     std::shared_ptr<PlotShelf> m_shelf;
     std::vector<std::shared_ptr<OpenDrawing>> m_drawings;
     std::shared_ptr<OpenDrawing> m_active;
+    std::unique_ptr<drawing::ReadAhead> m_ahead; ///< null: nobody said what comes
 };
 
 using SessionRef = std::shared_ptr<Session>;

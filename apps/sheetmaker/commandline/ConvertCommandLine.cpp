@@ -22,7 +22,6 @@ const std::map<std::string, AttachmentChoice> kAttachmentChoices = {
     {"all", AttachmentChoice::All}, {"refuse-outside", AttachmentChoice::RefuseOutside}};
 const std::map<std::string, PdfStandard> kStandards = {{"2b", PdfStandard::A2b}, {"3b", PdfStandard::A3b}};
 const std::map<std::string, ReportForm> kReportForms = {{"json", ReportForm::Json}, {"jsonl", ReportForm::JsonLines}};
-constexpr int kMostWorkers = 256;
 
 /// An option with named values, stored by name and checked against the names in their own order. `target` is a value or
 /// an optional one.
@@ -198,7 +197,7 @@ void AddConvert(CLI::App& program, ConvertJob& job)
     AddLayoutOptions(command, job.options);
     AddMaking(command, job.options);
     command.add_flag("--as-set", job.options.asSet, "Take what no option says from the stored settings");
-    AddCount(command, "--jobs", job.workers, kMostWorkers, "N",
+    AddCount(command, "--jobs", job.workers, kMostAtATime, "N",
              "How many drawings at a time (default: one a processor)");
     AddLimits(command, job.seconds, job.mebibytes);
     command.add_flag(

@@ -10,6 +10,9 @@ namespace sm::app {
 void AddCount(CLI::App& command, const std::string& option, int& target, int most, const std::string& unit,
               const std::string& help);
 
+/// More drawings at a time would only be in each other's way.
+inline constexpr int kMostAtATime = 256;
+
 /// --timeout and --memory.
 void AddLimits(CLI::App& command, int& seconds, int& mebibytes);
 

@@ -190,8 +190,11 @@ struct PublishJob {
     bool strict = false;
     ReportForm report = ReportForm::None;
     Talk talk = Talk::Normal;
-    int seconds = 0;   ///< that all may take together; 0: by their size
-    int mebibytes = 0; ///< of memory, likewise
+    int seconds = 0;                   ///< that all may take together; 0: by their size
+    int mebibytes = 0;                 ///< of memory, likewise
+    std::optional<std::string> list{}; ///< a file that names more sheets, a line each; "-": standard input
+    int workers =
+        0; ///< drawings in hand at a time, one being plotted, the others read; 0: as the machine has processors
     friend bool operator==(const PublishJob&, const PublishJob&) = default;
 };
 

@@ -155,14 +155,18 @@ void AddPublish(CLI::App& program, PublishJob& job)
     command.footer(kPublishFooter);
     command.add_option("-o,--output", job.output, "The PDF")->required()->type_name("SET.pdf");
     command.add_option("DRAWING[:LAYOUT]", job.sheets, "The drawings, each alone or with one of its layouts")
-        ->required()
         ->type_name("");
+    command
+        .add_option("--list", job.list, "Take the drawings that this file names, too, a line each (-: standard input)")
+        ->type_name("FILE");
     command.add_flag("--keep-going", job.keepGoing, "Save what succeeded when a sheet fails");
     command.add_flag("--contents", job.options.contents,
                      "Begin with a list of the sheets: their titles and page numbers, as links");
     AddMaking(command, job.options);
     command.add_flag("--strict", job.strict, "Count what the set lacks as a failure, as \"convert\" does");
     AddTelling(command, job.report, job.talk);
+    AddCount(command, "--jobs", job.workers, kMostAtATime, "N",
+             "How many drawings to have in hand: while one is plotted, the next are read (default: one a processor)");
     AddLimits(command, job.seconds, job.mebibytes);
 }
 

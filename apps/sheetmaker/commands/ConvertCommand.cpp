@@ -68,7 +68,8 @@ public:
             m_console.Line("warning: " + m_logTrouble);
         else if (m_job.log || m_job.logFolder)
             LogBook(m_install).Remember(base::ToPath(m_job.logFolder.value_or(m_job.log.value_or(""))));
-        const bool ended = RunPool(Tasks(plan, logs), Workers(), Refusing(work), Callbacks(writer, streams));
+        const bool ended =
+            RunPool(Tasks(plan, logs), AtATime(m_job.workers), Refusing(work), Callbacks(writer, streams));
         m_console.ClearProgress();
         const std::string lost = logs.Join();
         if (!lost.empty())
@@ -142,12 +143,6 @@ private:
             names.push_back(all[at]);
         }
         return names;
-    }
-
-    [[nodiscard]] std::size_t Workers() const
-    {
-        return m_job.workers > 0 ? static_cast<std::size_t>(m_job.workers)
-                                 : std::max<std::size_t>(std::thread::hardware_concurrency(), 1);
     }
 
     [[nodiscard]] std::vector<PooledTask> Tasks(const OutputPlan& plan, const LogFiles& logs) const

@@ -8,6 +8,7 @@
 #include "records/RecordEditor.h"
 #include "report/ReportWriter.h"
 #include "run/PublishRun.h"
+#include "workers/DrawingNames.h"
 #include "workers/OutputPlan.h"
 #include "workers/WorkerPool.h"
 
@@ -48,7 +49,7 @@ public:
     {
         NeedTools(m_install);
         NeedSettings(m_install, m_err);
-        const std::vector<SetPart> parts = PartsOf(m_job);
+        const std::vector<SetPart> parts = ParseSetParts(WithListed(m_job.sheets, m_job.list));
         const PlannedDrawing planned = PlanSet(m_job.output, parts);
         MakeFolderOf(planned.pdfPath);
         NeedBuildDate(m_install);
@@ -75,12 +76,16 @@ private:
     std::optional<DrawingReport> Make(std::vector<SetPart> parts, const PlannedDrawing& planned)
     {
         std::vector<std::string> lost;
-        for (;;) {
-            const Attempt attempt = TryToMake(parts, planned);
+        for (std::size_t inHand = AtATime(m_job.workers);;) {
+            const Attempt attempt = TryToMake(parts, planned, inHand);
             if (!attempt.report)
                 return std::nullopt;
             DrawingReport report = *attempt.report;
             const bool leavesOut = m_job.keepGoing && attempt.endedAt < parts.size();
+            if (leavesOut && inHand > 1 && !report.isLate) {
+                inHand = 1; // one that was being read beside it may have ended the process
+                continue;
+            }
             if (leavesOut) {
                 lost.push_back(parts[attempt.endedAt].drawing + ": failed: " + report.failure);
                 parts.erase(parts.begin() + static_cast<std::ptrdiff_t>(attempt.endedAt));
@@ -100,21 +105,23 @@ private:
         std::size_t endedAt;                 ///< the part that ended the process; their number when none did
     };
 
-    Attempt TryToMake(const std::vector<SetPart>& parts, const PlannedDrawing& planned)
+    Attempt TryToMake(const std::vector<SetPart>& parts, const PlannedDrawing& planned, std::size_t inHand)
     {
         SetLog log(m_install.places.stateFolder);
         const base::PrivateFolder folder("");
         const fs::path place = base::ToPath(folder.Path()) / "part";
         const auto work = [&](const DrawingTask& task, terminal::Console& console) {
             const auto begins = [&place](std::size_t part) { std::ofstream(place) << part; };
-            DrawingReport report = PublishSet(parts, m_job.keepGoing, task, log, m_install, console, begins);
+            DrawingReport report = PublishSet(parts, {m_job.keepGoing, inHand}, task, log, m_install, console, begins);
             begins(parts.size());
             return report;
         };
-        std::vector<std::string> drawings;
-        for (const SetPart& part : parts)
+        std::vector<std::string> drawings, sheets;
+        for (const SetPart& part : parts) {
             drawings.push_back(part.drawing);
-        const PooledTask task{{m_job.output, planned.savePath, m_job.options, {}, {}, {}},
+            sheets.push_back(part.drawing + (part.layout ? ":" + *part.layout : ""));
+        }
+        const PooledTask task{{m_job.output, planned.savePath, m_job.options, {}, {}, {}, sheets},
                               planned.pdfPath,
                               LimitsFor(drawings, m_job.seconds, m_job.mebibytes),
                               m_job.talk == Talk::Quiet};
@@ -156,11 +163,11 @@ SetPart ParseSetPart(const std::string& text)
     return {text.substr(0, colon), text.substr(colon + 1)};
 }
 
-std::vector<SetPart> PartsOf(const PublishJob& job)
+std::vector<SetPart> ParseSetParts(const std::vector<std::string>& texts)
 {
     std::vector<SetPart> parts;
-    for (const std::string& sheet : job.sheets)
-        parts.push_back(ParseSetPart(sheet));
+    for (const std::string& text : texts)
+        parts.push_back(ParseSetPart(text));
     return parts;
 }
 

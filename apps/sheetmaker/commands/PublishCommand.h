@@ -14,8 +14,8 @@ namespace sm::app {
 /// "plan.dxf:Ground floor" is a drawing and a layout unless a file has that whole name.
 SetPart ParseSetPart(const std::string& text);
 
-/// The drawings and layouts of a job.
-std::vector<SetPart> PartsOf(const PublishJob& job);
+/// The same of each.
+std::vector<SetPart> ParseSetParts(const std::vector<std::string>& texts);
 
 /// The PDF goes to its place, its name to `out`, everything else to `err`. Returns the exit code.
 int RunPublish(const PublishJob& job, const Install& install, std::ostream& out, std::ostream& err);

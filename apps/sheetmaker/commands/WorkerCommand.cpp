@@ -18,7 +18,8 @@ DrawingReport Publish(const PublishJob& job, DrawingTask task, const Install& in
     SetLog log(install.places.stateFolder);
     task.options = job.options;
     const SetProgress nobodyAsks = [](std::size_t) {};
-    return PublishSet(PartsOf(job), job.keepGoing, task, log, install, console, nobodyAsks);
+    return PublishSet(ParseSetParts(task.sheets), {job.keepGoing, AtATime(job.workers)}, task, log, install, console,
+                      nobodyAsks);
 }
 
 DrawingReport Convert(const ConvertJob& job, DrawingTask task, const Install& install, terminal::Console& console)

@@ -54,6 +54,7 @@ struct DrawingReport {
     std::string pdfPath; ///< empty when no PDF was made
     int exitCode = 0;    ///< as if it had been the only drawing, before --strict
     std::string failure; ///< one line: the sheet and the reason; empty when it was converted
+    bool isLate = false; ///< its process was ended for taking too long; only this program's own, in no report
     std::int32_t saveStatus = 0;
     std::uint64_t pages = 0, pdfBytes = 0;
     std::vector<SheetReport> sheets;

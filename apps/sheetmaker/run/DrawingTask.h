@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace sm::app {
 
@@ -12,9 +13,10 @@ struct DrawingTask {
     std::string drawing;
     std::optional<std::string> savePath; ///< what the save dialog is answered with
     ConvertOptions options;
-    std::string logFileName;  ///< empty: the user's conversion log
-    std::string logFolder{};  ///< empty: the user's
-    std::string workFolder{}; ///< empty, private; whoever starts the run removes it afterwards
+    std::string logFileName;           ///< empty: the user's conversion log
+    std::string logFolder{};           ///< empty: the user's
+    std::string workFolder{};          ///< empty, private; whoever starts the run removes it afterwards
+    std::vector<std::string> sheets{}; ///< of a set, in their order: "plan.dxf" or "plan.dxf:Layout"
 };
 
 } // namespace sm::app

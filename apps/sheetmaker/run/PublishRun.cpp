@@ -13,6 +13,7 @@
 #include "run/RunSession.h"
 #include "settings/mdlWinReg.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <stdexcept>
 
@@ -38,6 +39,19 @@ DrawingTask WithLog(DrawingTask task, const std::string& logName)
     return task;
 }
 
+/// Each drawing once. Those of which a layout is named are looked at before the first sheet when nothing may be
+/// missing.
+std::vector<std::string> InOrderOfOpening(std::vector<SetPart> parts, bool keepGoing)
+{
+    if (!keepGoing)
+        std::ranges::stable_partition(parts, [](const SetPart& part) { return part.layout.has_value(); });
+    std::vector<std::string> drawings;
+    for (const SetPart& part : parts)
+        if (std::ranges::find(drawings, part.drawing) == drawings.end())
+            drawings.push_back(part.drawing);
+    return drawings;
+}
+
 class SetRun {
 public:
     SetRun(const DrawingTask& task, SetLog& log, const Install& install, terminal::Console& console,
@@ -47,12 +61,14 @@ public:
     {
     }
 
-    void Run(const std::vector<SetPart>& parts, bool keepGoing, const SetProgress& begins)
+    void Run(const std::vector<SetPart>& parts, SetWishes wishes, const SetProgress& begins)
     {
         m_session.Around().HeadPages(
             [this](std::size_t page) { return page <= m_headings.size() ? m_headings[page - 1] : std::string(); });
         m_document = m_session.Context().surroundings.library.CreatePubDoc();
         m_making = MakingOf(m_session.Context());
+        const bool keepGoing = wishes.keepGoing;
+        m_session.Expect(InOrderOfOpening(parts, keepGoing), wishes.inHand - 1);
         if (!keepGoing)
             RefuseMissingLayouts(parts);
         for (std::size_t i = 0; i < parts.size(); ++i) {
@@ -269,13 +285,13 @@ void SetRun::Save()
 
 } // namespace
 
-DrawingReport PublishSet(const std::vector<SetPart>& parts, bool keepGoing, const DrawingTask& task, SetLog& log,
+DrawingReport PublishSet(const std::vector<SetPart>& parts, SetWishes wishes, const DrawingTask& task, SetLog& log,
                          const Install& install, terminal::Console& console, const SetProgress& begins)
 {
     DrawingReport report;
     report.drawing = task.drawing;
     try {
-        SetRun(task, log, install, console, report).Run(parts, keepGoing, begins);
+        SetRun(task, log, install, console, report).Run(parts, wishes, begins);
         base::MappedFile::RequireWhole();
     } catch (const Refusal& refusal) {
         report.exitCode = refusal.exitCode;

@@ -27,6 +27,8 @@ public:
     [[nodiscard]] const SheetWatcher& Watcher() const { return m_surrounded.Watcher(); }
     [[nodiscard]] std::shared_ptr<IAcadApplication> Application() { return m_host->Application(); }
 
+    /// See CadHost.
+    void Expect(std::vector<std::string> drawings, std::size_t ahead) { m_host->Expect(std::move(drawings), ahead); }
     /// Opens a drawing, once, and makes it the run's document. Throws std::exception for one that can't be read.
     void Open(const std::string& drawing);
     /// Null before the first drawing.

@@ -46,22 +46,26 @@ std::vector<std::string> ListedIn(const std::string& list)
 
 } // namespace
 
+std::vector<std::string> WithListed(std::vector<std::string> named, const std::optional<std::string>& list)
+{
+    if (list) {
+        const std::vector<std::string> listed = ListedIn(*list);
+        named.insert(named.end(), listed.begin(), listed.end());
+    }
+    if (std::ranges::find(named, "") != named.end())
+        throw Refusal{kExitUsage, "a drawing's name is empty"};
+    if (named.empty())
+        throw Refusal{kExitUsage, "DRAWING or --list is required"};
+    return named;
+}
+
 std::vector<std::string> NamedDrawings(const ConvertJob& job)
 {
-    std::vector<std::string> names = job.drawings;
-    if (job.list) {
-        const std::vector<std::string> listed = ListedIn(*job.list);
-        names.insert(names.end(), listed.begin(), listed.end());
-    }
+    const std::vector<std::string> names = WithListed(job.drawings, job.list);
     bool taken = job.list == kStandardStream;
-    for (const std::string& name : names) {
-        if (name.empty())
-            throw Refusal{kExitUsage, "a drawing's name is empty"};
+    for (const std::string& name : names)
         if (name == kStandardStream && std::exchange(taken, true))
             throw Refusal{kExitUsage, "standard input can be read once only"};
-    }
-    if (names.empty())
-        throw Refusal{kExitUsage, "DRAWING or --list is required"};
     return names;
 }
 

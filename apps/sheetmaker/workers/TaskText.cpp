@@ -9,7 +9,8 @@ std::string TaskText(const DrawingTask& task)
     nlohmann::ordered_json object{{"drawing", task.drawing},
                                   {"logFileName", task.logFileName},
                                   {"logFolder", task.logFolder},
-                                  {"workFolder", task.workFolder}};
+                                  {"workFolder", task.workFolder},
+                                  {"sheets", task.sheets}};
     if (task.savePath)
         object["savePath"] = *task.savePath;
     return object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
@@ -23,6 +24,7 @@ DrawingTask TaskFromText(const std::string& text)
     task.logFileName = object.at("logFileName");
     task.logFolder = object.at("logFolder");
     task.workFolder = object.at("workFolder");
+    task.sheets = object.at("sheets").get<std::vector<std::string>>();
     if (object.contains("savePath"))
         task.savePath = object.at("savePath").get<std::string>();
     return task;

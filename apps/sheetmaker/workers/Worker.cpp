@@ -45,7 +45,8 @@ DrawingReport Worker::Finish()
     DrawingReport report;
     report.drawing = m_task.drawing;
     report.exitCode = kExitFailed;
-    if (m_endedLate || end.outOfTime)
+    report.isLate = m_endedLate || end.outOfTime;
+    if (report.isLate)
         report.failure = fmt::format("the conversion took longer than {} s and was ended; --timeout allows it more",
                                      std::chrono::duration_cast<std::chrono::seconds>(m_limits.time).count());
     else

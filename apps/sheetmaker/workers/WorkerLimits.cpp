@@ -4,6 +4,7 @@
 #include "base/process/ThisProcess.h"
 
 #include <algorithm>
+#include <thread>
 
 namespace sm::app {
 namespace {
@@ -32,6 +33,11 @@ WorkerLimits LimitsFor(const std::vector<std::string>& drawings, int seconds, in
     limits.time = seconds > 0 ? std::chrono::seconds(seconds) : kTime * count + kTimePerMegabyte * megabytes;
     limits.memory = mebibytes > 0 ? static_cast<std::uint64_t>(mebibytes) << 20 : base::MachineMemory() / 10 * 9;
     return limits;
+}
+
+std::size_t AtATime(int asked)
+{
+    return asked > 0 ? static_cast<std::size_t>(asked) : std::max<std::size_t>(std::thread::hardware_concurrency(), 1);
 }
 
 } // namespace sm::app

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -17,6 +18,9 @@ struct WorkerLimits {
 /// `seconds` and `mebibytes` as the user asked for them; 0: five minutes a drawing and 20 seconds a megabyte, and all
 /// of the machine's memory but a tenth.
 WorkerLimits LimitsFor(const std::vector<std::string>& drawings, int seconds, int mebibytes);
+
+/// How many drawings are in hand at a time: `asked`, or with 0 as many as the machine has processors.
+std::size_t AtATime(int asked);
 
 /// Lays the limits on this process and on those that it starts. The end by the clock is up to the parent.
 void ObeyLimits(const WorkerLimits& limits);

@@ -52,6 +52,9 @@ const JobRow kJobs[] = {
     {"Publish",
      {"publish", "-o", "set.pdf", "a.dxf:Roof", "b.dxf", "--keep-going"},
      PublishJob{"set.pdf", {"a.dxf:Roof", "b.dxf"}, true}},
+    {"PublishListed",
+     {"publish", "-o", "set.pdf", "--list", "-", "--jobs", "3"},
+     PublishJob{"set.pdf", {}, false, {}, false, ReportForm::None, Talk::Normal, 0, 0, "-", 3}},
     {"PublishContents", {"publish", "-o", "set.pdf", "a.dxf", "--contents"}, WithContents()},
 };
 

@@ -13,16 +13,19 @@ TEST(TaskText, HoldsAllThatTheCommandLineDoesNotSay)
     task.logFileName = "plan.log";
     task.logFolder = "C:/Logs";
     task.workFolder = "C:/Temp/sheetmaker-1";
+    task.sheets = {"a.dxf", "b.dxf:Dach"};
     const std::string text = TaskText(task);
-    EXPECT_EQ(text, R"({"drawing":"Grüße \"1\".dxf","logFileName":"plan.log","logFolder":"C:/Logs",)"
-                    R"("workFolder":"C:/Temp/sheetmaker-1","savePath":"C:/Jobs/Grüße.pdf"})"
-                    "\n");
+    EXPECT_EQ(text,
+              R"({"drawing":"Grüße \"1\".dxf","logFileName":"plan.log","logFolder":"C:/Logs",)"
+              R"("workFolder":"C:/Temp/sheetmaker-1","sheets":["a.dxf","b.dxf:Dach"],"savePath":"C:/Jobs/Grüße.pdf"})"
+              "\n");
     const DrawingTask read = TaskFromText(text);
     EXPECT_EQ(read.drawing, task.drawing);
     EXPECT_EQ(read.savePath, task.savePath);
     EXPECT_EQ(read.logFileName, task.logFileName);
     EXPECT_EQ(read.logFolder, task.logFolder);
     EXPECT_EQ(read.workFolder, task.workFolder);
+    EXPECT_EQ(read.sheets, task.sheets);
 }
 
 TEST(TaskText, KnowsATaskWithoutAnswerToTheSaveDialog)
