@@ -86,6 +86,19 @@ def fits(stand):
     stand.same(abs(small / whole - 297 / 420) < 0.03, True, f"{small} of {whole}")
 
 
+def sheets_too_large(stand):
+    """A sheet that is plotted as it is on another paper keeps what that has room for, and that is told."""
+    cut = f'house.dxf: note: layout "{SHEET}": its sheet of 420 x 297 mm is cut off at the paper of {{}}; --fit shows all of it'
+    for words, paper in ((("--paper", "A4"), "297 x 210 mm"), (("--paper", "A4", "--page-setup", "global"), "297 x 210 mm"),
+                         (("--orientation", "portrait"), "297 x 420 mm"), (("--paper", "A4", "--scale", "1:1"), "297 x 210 mm"),
+                         (("--paper", "A4", "--scale", "1:2"), None),
+                         (("--paper", "A4", "--fit"), None), (("--paper", "A2"), None), (("--paper", "420x296mm"), None)):
+        for strict in ((), ("--strict",)):
+            run = stand.run("convert", "house.dxf", "--layout", SHEET, *words, *strict, "-o", "o.pdf")
+            stand.same((run.returncode, [line for line in stand.said(run) if "cut off" in line]),
+                       (1 if paper and strict else 0, [cut.format(paper)] if paper else []), " ".join((*words, *strict)))
+
+
 def tones(stand):
     stand.same(is_grey(picture(stand, convert(stand, "--layout", SHEET))), False, "as drawn")
     for words in (["--mono"], ["--grey"], ["--plot-style", "monochrome.ctb"], ["--plot-style", "GRAYSCALE"],
@@ -152,7 +165,7 @@ def page_setup_refused(stand):
         stand.same(file.read() == drawing, True, "the drawing is as it was")
 
 
-ROWS = (papers, papers_refused, scales, fits, tones, pens, nothing_is_stored, page_setup, page_setup_refused)
+ROWS = (papers, papers_refused, scales, fits, sheets_too_large, tones, pens, nothing_is_stored, page_setup, page_setup_refused)
 
 
 if __name__ == "__main__":

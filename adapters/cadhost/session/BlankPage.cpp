@@ -1,6 +1,9 @@
 #include "session/BlankPage.h"
 
+#include "answers/HostText.h"
+#include "cadhost/Remarks.h"
 #include "drawing/entities/Viewports.h"
+#include "ports/PlotNumbers.h"
 
 #include <algorithm>
 
@@ -40,7 +43,7 @@ std::string WhatTheModelHolds(const drawing::Drawing& drawing, const drawing::La
 std::string BlankPageRemark(const drawing::Drawing& drawing, const drawing::Layout& layout,
                             const plotter::Placement& placement, const ExtentsSource& extents)
 {
-    const std::string blank = "layout \"" + layout.name + "\" is blank: ";
+    const std::string blank = "layout \"" + layout.name + kBlankPage;
     if (EntitiesOn(drawing, layout) == 0)
         return blank + "it holds nothing" + WhatTheModelHolds(drawing, layout);
     const drawing::Box2 box = extents(placement.view);
@@ -56,6 +59,26 @@ std::string OffPageRemark(const drawing::Drawing& drawing, const drawing::Layout
         return {};
     return "layout \"" + layout.name + "\": " + std::to_string(off) + " of " + std::to_string(count) +
            (off == 1 ? " entities lies" : " entities lie") + " outside of the plotted area";
+}
+
+std::string CutSheetRemark(const drawing::Layout& layout, const drawing::PlotSettings& inForce,
+                           const PlotWishes& wishes)
+{
+    constexpr double kSameSize = 3; // mm, as for names of papers
+    const bool isWhole = layout.plot.plotType != kPlotLayout || layout.plot.paperWidth <= 0;
+    if (layout.isModel || isWhole || wishes.fit || !(wishes.paper || wishes.landscape))
+        return {};
+    const double shrink = wishes.scale ? wishes.scale->paper / wishes.scale->drawing : 1;
+    const auto turned = [](const drawing::PlotSettings& plot) {
+        const bool lies = (plot.rotation & 1) != 0;
+        return drawing::Vec2{lies ? plot.paperHeight : plot.paperWidth, lies ? plot.paperWidth : plot.paperHeight};
+    };
+    const drawing::Vec2 sheet = turned(layout.plot), paper = turned(inForce);
+    if (sheet.x * shrink <= paper.x + kSameSize && sheet.y * shrink <= paper.y + kSameSize)
+        return {};
+    const auto size = [](drawing::Vec2 of) { return RoundedText(of.x, 5) + " x " + RoundedText(of.y, 5) + " mm"; };
+    return "layout \"" + layout.name + "\": its sheet of " + size(sheet) + kCutSheet + size(paper) +
+           "; --fit shows all of it";
 }
 
 } // namespace sm::cadhost

@@ -5,6 +5,7 @@
 #include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
 #include "cadhost/PageSink.h"
+#include "cadhost/Remarks.h"
 #include "plotter/Plotter.h"
 #include "session/BlankPage.h"
 
@@ -182,7 +183,7 @@ const render::PlotStyleTable* OpenDrawing::StylesFor(const drawing::PlotSettings
         return nullptr;
     const std::string path = FindPlotStyle(folders, settings.styleSheet);
     if (path.empty()) {
-        m_report->Remark("plot style table \"" + settings.styleSheet + "\" not found, plotted without it");
+        m_report->Remark(kNoStyleTable + settings.styleSheet + "\" not found, plotted without it");
         return nullptr;
     }
     try {
@@ -191,7 +192,7 @@ const render::PlotStyleTable* OpenDrawing::StylesFor(const drawing::PlotSettings
             known = m_plotStyles.emplace(path, render::ReadPlotStyleTable(path)).first;
         return &known->second;
     } catch (const render::PlotStyleError& error) {
-        m_report->Remark("plotted without plot styles: " + std::string(error.what()));
+        m_report->Remark(kWithoutStyles + std::string(error.what()));
         return nullptr;
     }
 }
@@ -236,6 +237,8 @@ void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders
         m_report->Remark(BlankPageRemark(File(), layout, page.placement, ExtentsOf(m_active)));
     else if (!off.empty())
         m_report->Remark(off);
+    if (const std::string cut = CutSheetRemark(layout, settings, wishes); !cut.empty())
+        m_report->Remark(cut);
 }
 
 namespace {

@@ -202,8 +202,10 @@ void AddConvert(CLI::App& program, ConvertJob& job)
     AddLimits(command, job.seconds, job.mebibytes);
     command.add_flag(
         "--strict", job.strict,
-        "Count as a failure what a damaged drawing lost, what can't be drawn, characters that no font has, files that "
-        "can't be attached, marks that no page shows, and a log that can't be kept");
+        "Count as a failure what a damaged drawing lost, what can't be drawn, characters that no font has, blank "
+        "pages, "
+        "sheets cut off by the paper, plot styles that are missing, files that can't be attached, marks that no page "
+        "shows, and a log that can't be kept");
     command.add_flag("--no-clobber", job.noClobber, "Leave out drawings whose PDF exists");
     command.add_flag("--update", job.update, "Leave out drawings whose PDF is whole and newer");
     AddTelling(command, job.report, job.talk);

@@ -1,11 +1,14 @@
 #include "report/RunReport.h"
 
+#include "cadhost/Remarks.h"
 #include "commandline/ExitCodes.h"
 #include "render/Remarks.h"
 #include "render/TextLayout.h"
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <initializer_list>
+#include <string_view>
 
 namespace sm::app {
 namespace {
@@ -41,14 +44,22 @@ bool ShowsOnPaper(const NotDrawn& kind)
     return kind.kind != "LIGHT" && kind.kind != "SUN";
 }
 
+/// A remark on a page that isn't what the drawing or the user wants.
+bool IsOfAnotherPage(std::string_view remark)
+{
+    return std::ranges::any_of(std::initializer_list<std::string_view>{render::kMissingCharacters,
+                                                                       render::kTooManyEntities, cadhost::kNoStyleTable,
+                                                                       cadhost::kWithoutStyles, cadhost::kBlankPage,
+                                                                       cadhost::kCutSheet},
+                               [&](std::string_view part) { return remark.find(part) != std::string_view::npos; });
+}
+
 /// What --strict doesn't let pass though nothing of the drawing was lost.
 bool IsUnfaithful(const DrawingReport& report)
 {
     return !report.attachmentsLost.empty() || !report.marksLost.empty() || report.logLost ||
            std::any_of(report.notDrawn.begin(), report.notDrawn.end(), ShowsOnPaper) ||
-           std::any_of(report.remarks.begin(), report.remarks.end(), [](const std::string& remark) {
-               return remark.starts_with(render::kMissingCharacters) || remark.starts_with(render::kTooManyEntities);
-           });
+           std::any_of(report.remarks.begin(), report.remarks.end(), IsOfAnotherPage);
 }
 
 } // namespace
