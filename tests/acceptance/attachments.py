@@ -136,6 +136,19 @@ def the_limit(stand):
     same(stand.names(), ["large.bin", "small.txt", "most.bin"])
 
 
+def a_name_that_no_drawing_keeps(stand):
+    """Bytes that aren't UTF-8 would come back as another name."""
+    name = os.path.join(os.fsencode(stand.folder), b"gr\xfcn.txt")
+    with open(name, "wb") as file:
+        file.write(b"green")
+    run = subprocess.run([stand.program, "attach", "plan.dxf", "add", name, "--at", "1,1"], cwd=stand.folder, env=stand.environment,
+                         capture_output=True, check=False)
+    same((run.returncode, run.stderr), (2, b"sheetmaker attach: the path " + name + b" holds bytes that aren't UTF-8; rename the file or "
+                                        b"its folder\n"))
+    out, _ = stand.run("attach", "plan.dxf", "list")
+    same(out, "plan.dxf has no attachments\n")
+
+
 def a_missing_one(stand):
     stand.write("work/gone.txt", b"gone")
     stand.attach("gone.txt")
@@ -200,7 +213,8 @@ def a_set_keeps_its_postscript(stand):
     same(sorted(name.rsplit(".", 1)[1] for name in kept), ["pdf", "ps"])
 
 
-ROWS = [sizes_come_back, memory_is_less_than_the_file, the_limit, a_missing_one, outside_is_named_or_refused, a_set_names_them,
+ROWS = [sizes_come_back, memory_is_less_than_the_file, the_limit, a_name_that_no_drawing_keeps, a_missing_one,
+        outside_is_named_or_refused, a_set_names_them,
         a_set_refuses_them, a_set_keeps_its_postscript]
 
 

@@ -6,6 +6,7 @@
 import copy
 import json
 import os
+import re
 import subprocess
 import sys
 
@@ -70,6 +71,8 @@ def attached_files(stand):
     path = made(stand, 3, "convert", "a.dxf", "--pdfa", "3b")
     shown = subprocess.run(["qpdf", "--list-attachments", path], capture_output=True, text=True).stdout
     stand.same([line.split(" -> ")[0] for line in shown.splitlines()], ["large.bin", "note.txt"])
+    dated = [pdf.at(file["/Params"]) for pdf in [pdfa_rules.Pdf(path)] for file in pdf.of_type("/EmbeddedFile")]
+    stand.same([re.fullmatch(r"u:D:20\d{12}Z", one.get("/ModDate", "")) is not None for one in dated], [True] * 2, repr(dated))
     os.remove(path)
     run = stand.run("convert", "a.dxf", "--pdfa", "2b")
     stand.same((run.returncode, run.stderr.splitlines()[-1], os.path.exists(path)),

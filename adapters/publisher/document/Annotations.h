@@ -32,7 +32,10 @@ private:
 /// Icons with embedded files.
 class AttachmentMaker {
 public:
-    AttachmentMaker(QPDF& pdf, Held held, const Note& note) : m_pdf(pdf), m_files(pdf, held), m_note(note) {}
+    AttachmentMaker(QPDF& pdf, Held held, Dated dated, const Note& note)
+        : m_pdf(pdf), m_files(pdf, held, dated), m_note(note)
+    {
+    }
     /// Nothing when the file can't be read any more.
     std::optional<QPDFObjectHandle> Make(const AttachmentMark& mark, const SheetPage& sheet);
     /// After the last one.

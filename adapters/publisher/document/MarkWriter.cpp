@@ -15,7 +15,7 @@ class Writer {
 public:
     Writer(QPDF& pdf, const std::vector<SheetPage>& pages, const StampTextsMaker& texts, DocumentInfo& info,
            MarkForm form, const Note& note)
-        : m_links(pdf, pages, note), m_attachments(pdf, form.held, note), m_fields(pdf, note),
+        : m_links(pdf, pages, note), m_attachments(pdf, form.held, form.attached, note), m_fields(pdf, note),
           m_stamps(pdf, texts, form.fonts, note), m_info(info), m_note(note)
     {
     }

@@ -16,6 +16,7 @@ namespace sm::publisher {
 struct MarkForm {
     Held held = Held::Small; ///< attached files that stand in memory
     StampFonts fonts = StampFonts::Standard;
+    Dated attached = Dated::Yes;
 };
 
 /// Draws all marks; properties go to `info`, `texts` may be empty. `note` hears of every mark that could not be drawn

@@ -116,8 +116,8 @@ std::vector<SheetPage> SizedSheets(QPDF& pdf, const std::vector<PagePlace>& page
 MarkForm MarkFormFor(const PdfForm& form)
 {
     const bool archive = form.archive != Archive::None;
-    return {archive || form.encryption ? Held::All : Held::Small,
-            archive ? StampFonts::Embedded : StampFonts::Standard};
+    return {archive || form.encryption ? Held::All : Held::Small, archive ? StampFonts::Embedded : StampFonts::Standard,
+            form.reproducible ? Dated::No : Dated::Yes};
 }
 
 void SetLanguage(QPDF& pdf, const std::string& language)

@@ -7,6 +7,7 @@
 #include "pdf/PdfUpdate.h"
 #include "pdf/PublishStatus.h"
 
+#include <chrono>
 #include <filesystem>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -32,6 +33,18 @@ PublishFailure ChangedFile(const std::string& path)
                           fmt::format("The attached file {} changed while it was read. Save again when nobody writes "
                                       "to it.",
                                       path));
+}
+
+/// When a file was last changed, as a PDF writes dates (PDF 1.7, 7.9.4), UTC.
+std::string DateText(const base::FileStamp& stamp)
+{
+    const std::chrono::sys_seconds time{std::chrono::seconds(stamp.seconds)};
+    const auto day = std::chrono::floor<std::chrono::days>(time);
+    const std::chrono::year_month_day date{day};
+    const std::chrono::hh_mm_ss clock{time - day};
+    return fmt::format("D:{:04}{:02}{:02}{:02}{:02}{:02}Z", static_cast<int>(date.year()),
+                       static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()), clock.hours().count(),
+                       clock.minutes().count(), clock.seconds().count());
 }
 
 /// Reads a large file, once and in blocks, into the PDF.
@@ -63,7 +76,9 @@ public:
         m_update.Begin(length);
         m_update.Write(fmt::format("{}\nendobj\n", end - begin));
         m_update.Begin(parameters);
-        m_update.Write(fmt::format("<< /Size {} /CheckSum <{}> >>\nendobj\n", m_read, QUtil::hex_encode(checksum)));
+        const std::string date = m_large.dated == Dated::Yes ? "/ModDate (" + DateText(m_large.stamp) + ") " : "";
+        m_update.Write(
+            fmt::format("<< /Size {} {}/CheckSum <{}> >>\nendobj\n", m_read, date, QUtil::hex_encode(checksum)));
         return checksum;
     }
 
@@ -119,8 +134,8 @@ private:
 
 } // namespace
 
-EmbeddedFiles::EmbeddedFiles(QPDF& pdf, Held held)
-    : m_pdf(pdf), m_most(held == Held::All ? std::numeric_limits<std::uint64_t>::max() : kHeldAtMost)
+EmbeddedFiles::EmbeddedFiles(QPDF& pdf, Held held, Dated dated)
+    : m_pdf(pdf), m_dated(dated), m_most(held == Held::All ? std::numeric_limits<std::uint64_t>::max() : kHeldAtMost)
 {
 }
 
@@ -148,13 +163,18 @@ std::optional<QPDFObjectHandle> EmbeddedFiles::Stream(const std::string& path, c
             return std::nullopt;
         }
         m_held += bytes->size();
-        return QPDFEFStreamObjectHelper::createEFStream(m_pdf, *bytes).getObjectHandle();
+        auto stream = QPDFEFStreamObjectHelper::createEFStream(m_pdf, *bytes);
+        if (m_dated == Dated::Yes) {
+            stream.setModDate(DateText(stamp));
+        }
+        return stream.getObjectHandle();
     }
     std::error_code error;
     if (!base::MayRead(path, error)) {
         return std::nullopt;
     }
-    m_large.push_back({path, stamp, QPDFEFStreamObjectHelper::createEFStream(m_pdf, std::string()).getObjectHandle()});
+    m_large.push_back(
+        {path, stamp, QPDFEFStreamObjectHelper::createEFStream(m_pdf, std::string()).getObjectHandle(), m_dated});
     return m_large.back().stream;
 }
 

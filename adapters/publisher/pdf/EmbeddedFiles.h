@@ -15,11 +15,15 @@
 
 namespace sm::publisher {
 
+/// Whether the PDF says when a file was last changed: the same file on another disk may have another date.
+enum class Dated { No, Yes };
+
 /// A file whose stream is still empty.
 struct LargeFile {
     std::string path;
     base::FileStamp stamp;
     QPDFObjectHandle stream;
+    Dated dated = Dated::No;
 };
 
 /// Which files stand in memory: small ones, or all, where nothing can be appended to what was written.
@@ -27,7 +31,7 @@ enum class Held { Small, All };
 
 class EmbeddedFiles {
 public:
-    EmbeddedFiles(QPDF& pdf, Held held);
+    EmbeddedFiles(QPDF& pdf, Held held, Dated dated);
 
     struct Embedded {
         QPDFObjectHandle specification;
@@ -43,6 +47,7 @@ private:
     std::optional<QPDFObjectHandle> Stream(const std::string& path, const base::FileStamp& stamp);
 
     QPDF& m_pdf;
+    Dated m_dated;
     std::map<std::string, Embedded> m_byPath;
     std::map<std::tuple<std::uint64_t, std::uint64_t>, QPDFObjectHandle> m_byFile; ///< device and inode
     std::vector<LargeFile> m_large;

@@ -2,6 +2,7 @@
 
 #include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
+#include "base/text/Utf8.h"
 #include "commandline/MarkValues.h"
 #include "commandline/Refusal.h"
 #include "records/RecordListEditor.h"
@@ -32,6 +33,8 @@ std::string CheckedFile(const std::string& file)
         throw Refusal{kExitUsage, file + " can't be read: you have no permission to"};
     const std::string path = FullPath(file);
     CheckRecordText("the path " + path, path);
+    if (!base::IsUtf8(path)) // what a drawing would give back is another name
+        throw Refusal{kExitUsage, "the path " + path + " holds bytes that aren't UTF-8; rename the file or its folder"};
     return path;
 }
 

@@ -75,12 +75,14 @@ TEST_P(AttachedSizes, ComeBackByteForByteWithSizeAndChecksum)
     const SizeRow& row = GetParam();
     const std::string bytes = Bytes(row.size, row.repeats);
     WriteFile(Out("report.bin"), bytes);
+    RunTool("touch -d '2020-02-29 23:59:58 UTC' " + Out("report.bin"));
     EXPECT_TRUE(Attach(Out("report.bin")));
     const std::string pdf = Save();
     EXPECT_EQ(RunTool("pdfdetach -list " + pdf).output, ListedTwice("report.bin"));
     EXPECT_TRUE(Detached(pdf, 1) == bytes);
     const std::string parameters = RunTool("mutool show " + pdf + " pages/1/Annots/1/FS/EF/F/Params").output;
     EXPECT_NE(parameters.find("/Size " + std::to_string(row.size) + "\n"), std::string::npos) << parameters;
+    EXPECT_NE(parameters.find("/ModDate (D:20200229235958Z)\n"), std::string::npos) << parameters;
     EXPECT_EQ(RunTool("qpdf --json=2 --json-key=qpdf " + pdf + " | grep -o '\"/CheckSum\": .*\"'").output,
               "\"/CheckSum\": \"b:" + Sum(Out("report.bin")) + "\"\n");
     EXPECT_GE(m_reports.at(0).pdfBytes, row.least);
