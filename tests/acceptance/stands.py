@@ -12,8 +12,9 @@ SCHEMA = os.path.join(ROOT, "share", "sheetmaker-pdf", "report.schema.json")
 class Stand:
     def __init__(self, program, folder):
         self.program, self.folder, self.problems = program, folder, []
-        self.environment = {"PATH": "/usr/bin:/bin", "LANG": "C.UTF-8", "SHEETMAKER_PDF_SHARE":
-                            os.path.join(ROOT, "share", "sheetmaker-pdf")}
+        self.environment = {"PATH": "/usr/bin:/bin", "LANG": "C.UTF-8"}
+        if not os.path.exists(os.path.join(os.path.dirname(program), "..", "share", "sheetmaker-pdf")):  # it isn't installed
+            self.environment["SHEETMAKER_PDF_SHARE"] = os.path.join(ROOT, "share", "sheetmaker-pdf")
         for variable, part in (("HOME", "home"), ("TMPDIR", "tmp"), ("XDG_CONFIG_HOME", "config"), ("XDG_STATE_HOME", "state")):
             self.environment[variable] = os.path.join(folder, part)
             os.mkdir(self.environment[variable])
