@@ -122,6 +122,50 @@ def sheets_of_a_list(stand):
         stand.same((run.returncode, run.stderr, stand.files().count("third.pdf")), (2, f"sheetmaker publish: {error}\n", 0))
 
 
+def what_is_done_is_left(stand):
+    """--update makes a set again that is older than one of its drawings or broken, --no-clobber never."""
+    stand.drawings("a.dxf", "b.dxf")
+    words = ("publish", "-o", "set.pdf", "a.dxf", "b.dxf:A-201 Section")
+    made, newer, kept = f"set.pdf -> {stand.path('set.pdf')}, 4 pages\n", "set.pdf: left as it is, it is newer\n", "set.pdf: left as it is, it exists\n"
+    for drawing in ("a.dxf", "b.dxf"):
+        os.utime(stand.path(drawing), (1e9, 1e9))
+    for change, option, wanted in ((None, "--no-clobber", made), (None, "--no-clobber", kept), (None, "--update", newer),
+                                   ("b.dxf", "--update", made), ("set.pdf", "--update", made), ("set.pdf", "--no-clobber", kept)):
+        if change == "set.pdf":
+            os.truncate(stand.path("set.pdf"), 2000)
+        elif change:
+            later = os.stat(stand.path("set.pdf")).st_mtime + 1
+            os.utime(stand.path(change), (later, later))
+        run = stand.run(*words, option)
+        said = "".join(line + "\n" for line in stand.said(run))
+        stand.same((run.returncode, run.stdout + said), (0, wanted), f"{change} {option}")
+        if change == "b.dxf":
+            os.utime(stand.path(change), (1e9, 1e9))
+
+
+def logs(stand):
+    """In another file, in none, and beside what they would replace."""
+    stand.drawings("a.dxf")
+    words = ("publish", "-o", "set.pdf", "a.dxf")
+    run = stand.run(*words, "--log", "set.log")
+    with open(stand.path("set.log"), encoding="utf-8") as file:
+        lines = file.read().splitlines()
+    stand.same((run.returncode, stand.said(run), [line[14:] for line in lines if line.startswith("  Layout Tab: ")], lines[-1]),
+               (0, [], list(SHEETS), "PDF FILE SAVED"))
+    stand.same((stand.files(), stand.run("log", "--list").stdout.split()[-1]), (["a.dxf", "set.log", "set.pdf"], stand.path("set.log")))
+    for log, error in (("a.dxf", "the log would replace a.dxf; choose another name"), ("set.pdf", "the log would replace set.pdf; choose another name")):
+        run = stand.run(*words, "--log", log)
+        stand.same((run.returncode, run.stderr), (2, f"sheetmaker publish: {error}\n"))
+    state = os.path.join(stand.environment["XDG_STATE_HOME"], "sheetmaker-pdf")
+    shutil.rmtree(state)
+    with open(state, "w", encoding="utf-8"):
+        pass  # a file where the folder of logs should be
+    for option, code in ((), 0), (("--strict",), 1):
+        run = stand.run(*words, *option, "--report", "json")
+        stand.same((run.returncode, [line for line in stand.said(run) if "log" in line], json.loads(run.stdout)["drawings"][0]["logLost"]),
+                   (code, [f"warning: no log is kept: {state} can't be written: Not a directory"], True))
+
+
 def as_many_in_hand_as_asked(stand):
     """Read ahead or one after the other: the same sheets, the same errors, the same log."""
     names = [f"{number}.dxf" for number in range(9)]
@@ -208,7 +252,7 @@ def nothing_is_left(stand):
                     "sheetmaker publish: no sheet could be converted; set.pdf was not written"], ["b.dxf"]))
 
 
-ROWS = (one_page, fonts, many_pages, long_names, what_failed_is_not_listed, sheets_of_a_list, as_many_in_hand_as_asked, same_bytes,
+ROWS = (one_page, fonts, many_pages, long_names, what_failed_is_not_listed, sheets_of_a_list, what_is_done_is_left, logs, as_many_in_hand_as_asked, same_bytes,
         late_ones_are_left_out, crashes_are_left_out, nothing_is_left)
 
 

@@ -144,9 +144,7 @@ void AddQualityOptions(CLI::App& command, ConvertOptions& options)
 
 void AddLogs(CLI::App& command, ConvertJob& job)
 {
-    command.add_option("--log", job.log, "Write the log into this file rather than into the user's")
-        ->type_name("FILE")
-        ->check(IsNoText);
+    AddLog(command, job.log);
     command.add_option("--log-dir", job.logFolder, "Write a log for each drawing, NAME.log, into this folder")
         ->type_name("FOLDER")
         ->check(IsNoText)
@@ -154,6 +152,13 @@ void AddLogs(CLI::App& command, ConvertJob& job)
 }
 
 } // namespace
+
+void AddLog(CLI::App& command, std::optional<std::string>& file)
+{
+    command.add_option("--log", file, "Write the log into this file rather than into the user's")
+        ->type_name("FILE")
+        ->check(IsNoText);
+}
 
 void AddMaking(CLI::App& command, ConvertOptions& options)
 {

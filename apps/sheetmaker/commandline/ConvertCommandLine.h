@@ -11,6 +11,8 @@ namespace sm::app {
 
 /// Adds what changes how layouts are plotted and the PDF is made.
 void AddMaking(CLI::App& command, ConvertOptions& options);
+/// --log.
+void AddLog(CLI::App& command, std::optional<std::string>& file);
 /// Adds --report alone.
 void AddReportForm(CLI::App& command, ReportForm& report, const std::string& help);
 /// Adds --report, --quiet and --verbose.

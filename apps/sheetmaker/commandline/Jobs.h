@@ -192,6 +192,9 @@ struct PublishJob {
     Talk talk = Talk::Normal;
     int seconds = 0;                   ///< that all may take together; 0: by their size
     int mebibytes = 0;                 ///< of memory, likewise
+    std::optional<std::string> log{};  ///< the log's file; nothing: the user's
+    bool noClobber = false;            ///< a PDF that exists stays
+    bool update = false;               ///< one that is whole and newer than all drawings does
     std::optional<std::string> list{}; ///< a file that names more sheets, a line each; "-": standard input
     int workers =
         0; ///< drawings in hand at a time, one being plotted, the others read; 0: as the machine has processors

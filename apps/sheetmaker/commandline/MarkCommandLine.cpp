@@ -163,8 +163,11 @@ void AddPublish(CLI::App& program, PublishJob& job)
     command.add_flag("--contents", job.options.contents,
                      "Begin with a list of the sheets: their titles and page numbers, as links");
     AddMaking(command, job.options);
+    command.add_flag("--no-clobber", job.noClobber, "Leave a PDF that exists as it is");
+    command.add_flag("--update", job.update, "Leave it when it is whole and newer than all the drawings");
     command.add_flag("--strict", job.strict, "Count what the set lacks as a failure, as \"convert\" does");
     AddTelling(command, job.report, job.talk);
+    AddLog(command, job.log);
     AddCount(command, "--jobs", job.workers, kMostAtATime, "N",
              "How many drawings to have in hand: while one is plotted, the next are read (default: one a processor)");
     AddLimits(command, job.seconds, job.mebibytes);

@@ -26,8 +26,6 @@
 namespace sm::app {
 namespace {
 
-constexpr const char* kNoLog = "no log is kept: ";
-
 /// Nothing of a run fails for want of a log, but it is told, and --strict fails.
 std::string LogTrouble(const LogFiles& logs)
 {

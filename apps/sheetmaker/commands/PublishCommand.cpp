@@ -5,13 +5,17 @@
 #include "commandline/Refusal.h"
 #include "commands/Readiness.h"
 #include "layouts/PlotOptions.h"
+#include "machine/LogBook.h"
 #include "records/RecordEditor.h"
 #include "report/ReportWriter.h"
 #include "run/PublishRun.h"
 #include "workers/DrawingNames.h"
 #include "workers/OutputPlan.h"
+#include "workers/TargetChecks.h"
+#include "workers/UpToDate.h"
 #include "workers/WorkerPool.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <ostream>
@@ -51,6 +55,10 @@ public:
         NeedSettings(m_install, m_err);
         const std::vector<SetPart> parts = ParseSetParts(WithListed(m_job.sheets, m_job.list));
         const PlannedDrawing planned = PlanSet(m_job.output, parts);
+        if (m_job.log)
+            RefuseLogTarget(*m_job.log, FilesOf(parts, planned));
+        if (IsLeftOut(parts, planned))
+            return kExitDone;
         MakeFolderOf(planned.pdfPath);
         NeedBuildDate(m_install);
         if (m_job.options.plot.paper)
@@ -59,11 +67,13 @@ public:
         terminal::Console console(m_err, false);
         ReportWriter writer({m_job.report, m_job.talk, m_job.strict, false, "sheetmaker " + m_install.version}, m_out,
                             console);
-        const std::optional<DrawingReport> report = Make(parts, planned);
+        const std::string logTrouble = LogTrouble();
+        std::optional<DrawingReport> report = Make(parts, planned);
         if (!report) {
             m_err << "sheetmaker: interrupted\n";
             return kExitInterrupted;
         }
+        report->logLost = report->logLost || !logTrouble.empty();
         writer.Ended(*report);
         Tell(*report, writer);
         const bool written = writer.Finish();
@@ -71,6 +81,39 @@ public:
     }
 
 private:
+    [[nodiscard]] std::vector<std::string> FilesOf(const std::vector<SetPart>& parts,
+                                                   const PlannedDrawing& planned) const
+    {
+        std::vector<std::string> files{planned.pdfPath, m_job.list.value_or(planned.pdfPath)};
+        for (const SetPart& part : parts)
+            files.push_back(part.drawing);
+        return files;
+    }
+
+    [[nodiscard]] bool IsLeftOut(const std::vector<SetPart>& parts, const PlannedDrawing& planned)
+    {
+        std::error_code unknown;
+        const bool exists = fs::exists(base::ToPath(planned.pdfPath), unknown);
+        const bool kept = m_job.noClobber && exists;
+        const bool isNewer = m_job.update && exists && std::ranges::all_of(parts, [&](const SetPart& part) {
+                                 return IsUpToDate(part.drawing, planned.pdfPath);
+                             });
+        if ((kept || isNewer) && m_job.talk != Talk::Quiet)
+            m_err << m_job.output << ": left as it is, it " << (kept ? "exists" : "is newer") << "\n";
+        return kept || isNewer;
+    }
+
+    /// Nothing fails for want of a log, but it is told, and --strict fails.
+    [[nodiscard]] std::string LogTrouble()
+    {
+        std::string trouble = SetLog(m_install.places.stateFolder, m_job.log.value_or("")).Trouble();
+        if (!trouble.empty())
+            m_err << "warning: " << kNoLog << trouble << "\n";
+        else if (m_job.log)
+            LogBook(m_install).Remember(base::ToPath(*m_job.log));
+        return trouble;
+    }
+
     /// The report of the whole set; nothing when the end was asked for. Where what succeeds is to be kept, the set is
     /// made again without a drawing that ended its process.
     std::optional<DrawingReport> Make(std::vector<SetPart> parts, const PlannedDrawing& planned)
@@ -107,7 +150,7 @@ private:
 
     Attempt TryToMake(const std::vector<SetPart>& parts, const PlannedDrawing& planned, std::size_t inHand)
     {
-        SetLog log(m_install.places.stateFolder);
+        SetLog log(m_install.places.stateFolder, m_job.log.value_or(""));
         const base::PrivateFolder folder("");
         const fs::path place = base::ToPath(folder.Path()) / "part";
         const auto work = [&](const DrawingTask& task, terminal::Console& console) {

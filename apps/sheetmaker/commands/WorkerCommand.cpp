@@ -15,7 +15,7 @@ namespace {
 
 DrawingReport Publish(const PublishJob& job, DrawingTask task, const Install& install, terminal::Console& console)
 {
-    SetLog log(install.places.stateFolder);
+    SetLog log(install.places.stateFolder, job.log.value_or(""));
     task.options = job.options;
     const SetProgress nobodyAsks = [](std::size_t) {};
     return PublishSet(ParseSetParts(task.sheets), {job.keepGoing, AtATime(job.workers)}, task, log, install, console,

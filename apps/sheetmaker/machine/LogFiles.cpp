@@ -84,7 +84,7 @@ std::string LogFiles::Folder() const
 
 std::string LogFiles::Trouble() const
 {
-    const std::filesystem::path whole = m_folder / base::ToPath(m_whole);
+    const std::filesystem::path whole = Whole();
     std::error_code failed;
     if (!m_whole.empty() && std::filesystem::is_directory(whole, failed))
         return base::ToText(whole) + " is a folder";
@@ -105,13 +105,12 @@ std::string LogFiles::Join() const
         joined << ReadWholeFile(m_folder / base::ToPath(name));
     joined.close();
     if (joined)
-        std::filesystem::rename(part, m_folder / base::ToPath(m_whole), failed);
+        std::filesystem::rename(part, Whole(), failed);
     if (joined && !failed)
         return {};
     std::error_code ignored;
     std::filesystem::remove(part, ignored);
-    return base::ToText(m_folder / base::ToPath(m_whole)) + " can't be written" +
-           (failed ? ": " + failed.message() : std::string());
+    return base::ToText(Whole()) + " can't be written" + (failed ? ": " + failed.message() : std::string());
 }
 
 std::string ReadWholeFile(const std::filesystem::path& file)

@@ -1,6 +1,8 @@
 // The conversion logs of several workers become the user's one log.
 #pragma once
 
+#include "base/files/Paths.h"
+
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -21,6 +23,9 @@ struct LogWishes {
 /// Names of logs for drawings: "plan.log", "plan-2.log" for the second one of that name, no two the same.
 std::vector<std::string> LogNames(const std::vector<std::string>& drawings);
 
+/// How it is told that there is none; the reason follows.
+inline constexpr const char* kNoLog = "no log is kept: ";
+
 class LogFiles {
 public:
     /// `stateFolder` holds the user's log and, while workers run, theirs. `ownNames` are the names of the workers' own
@@ -35,6 +40,8 @@ public:
     [[nodiscard]] const std::vector<std::string>& Names() const { return m_names; }
     /// Their folder.
     [[nodiscard]] std::string Folder() const;
+    /// The one log, where there is one.
+    [[nodiscard]] std::filesystem::path Whole() const { return m_folder / base::ToPath(m_whole); }
     /// Why no log can be kept there, as a sentence without its end; empty when it can.
     [[nodiscard]] std::string Trouble() const;
     /// Puts the workers' logs in their order in the place of the one log; nothing where each keeps its own. Gives the

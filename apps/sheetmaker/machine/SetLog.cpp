@@ -1,7 +1,6 @@
 #include "machine/SetLog.h"
 
-#include "machine/Install.h"
-#include "machine/LogFiles.h"
+#include "base/files/Paths.h"
 
 #include <fstream>
 
@@ -9,34 +8,42 @@ namespace sm::app {
 
 namespace fs = std::filesystem;
 
-SetLog::SetLog(fs::path folder)
-    : m_folder(std::move(folder)), m_sheetLog(TemporaryLogName()), m_part(TemporaryLogName())
+SetLog::SetLog(fs::path stateFolder, const std::string& file)
+    : m_files(std::move(stateFolder), {}, {file, ""}), m_sheetLog(TemporaryLogName()), m_part(TemporaryLogName())
 {
-    RemoveAbandonedLogs(m_folder);
 }
 
 SetLog::~SetLog()
 {
     std::error_code ignored;
-    fs::remove(m_folder / base::ToPath(m_sheetLog), ignored);
-    fs::remove(Part(), ignored);
+    fs::remove(InFolder(m_sheetLog), ignored);
+    fs::remove(InFolder(m_part), ignored);
 }
 
-void SetLog::Finish() const
+fs::path SetLog::InFolder(const std::string& name) const
+{
+    return base::ToPath(m_files.Folder()) / base::ToPath(name);
+}
+
+bool SetLog::Finish() const
 {
     if (m_text.empty())
-        return;
-    std::error_code ignored;
-    fs::create_directories(m_folder, ignored);
-    std::ofstream(Part(), std::ios::binary) << m_text;
-    fs::rename(Part(), m_folder / kLogFileName, ignored);
+        return true;
+    std::error_code failed;
+    fs::create_directories(base::ToPath(m_files.Folder()), failed);
+    std::ofstream part(InFolder(m_part), std::ios::binary);
+    part << m_text;
+    part.close();
+    if (part)
+        fs::rename(InFolder(m_part), m_files.Whole(), failed);
+    return part && !failed;
 }
 
 void SetLog::TakeSheetLog()
 {
     std::error_code ignored;
-    m_text += ReadWholeFile(m_folder / base::ToPath(m_sheetLog));
-    fs::remove(m_folder / base::ToPath(m_sheetLog), ignored);
+    m_text += ReadWholeFile(InFolder(m_sheetLog));
+    fs::remove(InFolder(m_sheetLog), ignored);
 }
 
 } // namespace sm::app

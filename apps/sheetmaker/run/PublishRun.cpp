@@ -33,9 +33,10 @@ SheetMaking MakingOf(CallContext& context)
     return {settings.Optimization() == 0 ? 1200 : 600, settings.JobOptionsFile()};
 }
 
-DrawingTask WithLog(DrawingTask task, const std::string& logName)
+DrawingTask WithLog(DrawingTask task, const SetLog& log)
 {
-    task.logFileName = logName;
+    task.logFileName = log.SheetLogName();
+    task.logFolder = log.Folder();
     return task;
 }
 
@@ -57,7 +58,7 @@ public:
     SetRun(const DrawingTask& task, SetLog& log, const Install& install, terminal::Console& console,
            DrawingReport& report)
         : m_task(task), m_install(install), m_report(report), m_log(log),
-          m_session(WithLog(task, log.SheetLogName()), install, console, report)
+          m_session(WithLog(task, log), install, console, report)
     {
     }
 
@@ -301,7 +302,7 @@ DrawingReport PublishSet(const std::vector<SetPart>& parts, SetWishes wishes, co
     } catch (const std::exception& error) {
         report.failure = error.what();
     }
-    log.Finish();
+    report.logLost = !log.Finish();
     if (!report.failure.empty() && report.exitCode == kExitDone)
         report.exitCode = kExitFailed;
     console.ClearProgress();

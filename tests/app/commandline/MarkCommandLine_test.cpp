@@ -53,8 +53,8 @@ const JobRow kJobs[] = {
      {"publish", "-o", "set.pdf", "a.dxf:Roof", "b.dxf", "--keep-going"},
      PublishJob{"set.pdf", {"a.dxf:Roof", "b.dxf"}, true}},
     {"PublishListed",
-     {"publish", "-o", "set.pdf", "--list", "-", "--jobs", "3"},
-     PublishJob{"set.pdf", {}, false, {}, false, ReportForm::None, Talk::Normal, 0, 0, "-", 3}},
+     {"publish", "-o", "set.pdf", "--list", "-", "--jobs", "3", "--log", "x.log", "--update", "--no-clobber"},
+     PublishJob{"set.pdf", {}, false, {}, false, ReportForm::None, Talk::Normal, 0, 0, "x.log", true, true, "-", 3}},
     {"PublishContents", {"publish", "-o", "set.pdf", "a.dxf", "--contents"}, WithContents()},
 };
 
