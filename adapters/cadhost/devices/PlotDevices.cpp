@@ -1,6 +1,7 @@
 #include "devices/PlotDevices.h"
 
 #include "answers/HostText.h"
+#include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
 #include "base/text/Names.h"
 #include "devices/PaperRules.h"
@@ -72,18 +73,28 @@ std::vector<std::string> ListPlotStyles(const PlotFolders& folders, const drawin
     return styles;
 }
 
+namespace {
+
+/// A pipe would be waited for, and to open a file of the system's may do something.
+bool IsTable(const fs::path& path)
+{
+    std::error_code ignored;
+    return !base::IsOfTheSystem(base::ToText(path)) && fs::is_regular_file(path, ignored);
+}
+
+} // namespace
+
 std::string FindPlotStyle(const PlotFolders& folders, const std::string& name)
 {
     const std::string file = name.substr(name.find_last_of("/\\") + 1);
     const std::string folded = base::FoldCase(file);
     for (const std::string& folder : {folders.drawing, folders.userStyles, folders.styles}) {
-        std::error_code ignored;
-        if (const fs::path exact = base::ToPath(folder) / base::ToPath(file);
-            !file.empty() && fs::is_regular_file(exact, ignored))
+        if (const fs::path exact = base::ToPath(folder) / base::ToPath(file); !file.empty() && IsTable(exact))
             return base::ToText(exact);
         for (const std::string& other : folders.shelf->Styles(folder)) {
-            if (base::FoldCase(other) == folded)
-                return base::ToText(base::ToPath(folder) / base::ToPath(other));
+            const fs::path path = base::ToPath(folder) / base::ToPath(other);
+            if (base::FoldCase(other) == folded && IsTable(path))
+                return base::ToText(path);
         }
     }
     return {};

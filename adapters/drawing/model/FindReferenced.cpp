@@ -1,11 +1,11 @@
 #include "drawing/FindReferenced.h"
 
+#include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
 #include "base/text/Names.h"
 #include "drawing/TextDecoder.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 
 namespace sm::drawing {
@@ -59,13 +59,6 @@ fs::path DriveOf(const std::string& name)
     return drive && path.is_absolute() ? path.root_path() : fs::path();
 }
 
-bool IsOfTheSystem(const fs::path& path)
-{
-    constexpr std::array kFolders{"/dev/", "/proc/", "/sys/", "/net/"};
-    const std::string text = base::ToText(path.lexically_normal());
-    return std::any_of(kFolders.begin(), kFolders.end(), [&](const char* folder) { return text.starts_with(folder); });
-}
-
 /// The entry of `folder` that is `name` but for letter case; empty when there is none.
 fs::path EntryLike(const fs::path& folder, const std::string& name)
 {
@@ -88,11 +81,11 @@ fs::path EntryLike(const fs::path& folder, const std::string& name)
 std::string FileBelow(fs::path at, const std::vector<std::string>& parts, std::size_t first)
 {
     for (std::size_t i = first; i < parts.size() && !at.empty(); ++i) {
-        at = IsOfTheSystem(at / "") ? fs::path() : EntryLike(at, parts[i]);
+        at = base::IsOfTheSystem(base::ToText(at)) ? fs::path() : EntryLike(at, parts[i]);
     }
     std::error_code error;
-    return !at.empty() && !IsOfTheSystem(at) && fs::is_regular_file(at, error) ? base::ToText(at.lexically_normal())
-                                                                               : "";
+    const bool usable = !at.empty() && !base::IsOfTheSystem(base::ToText(at)) && fs::is_regular_file(at, error);
+    return usable ? base::ToText(at.lexically_normal()) : "";
 }
 
 /// The path as it is, then without its first parts; ".." leads up only at the beginning of the whole path.

@@ -31,13 +31,16 @@ double FarthestMark(const PageSource& page)
 std::string ReadingFault(const std::string& path, std::uint64_t& bytes)
 {
     std::error_code error;
+    if (base::IsOfTheSystem(path)) {
+        return "it is not an ordinary file";
+    }
+    const base::FileFacts facts = base::FactsOf(path, error); // to open a device may do something
+    if (!error && facts.kind != base::FileKind::File) {
+        return facts.kind == base::FileKind::Folder ? "it is a folder" : "it is not an ordinary file";
+    }
     base::File file = base::File::Open(path, error);
     if (!file.IsOpen()) {
         return base::IsMissing(error) ? "there is no such file" : "it can't be read: " + error.message();
-    }
-    const base::FileFacts facts = file.Facts();
-    if (facts.kind != base::FileKind::File) {
-        return facts.kind == base::FileKind::Folder ? "it is a folder" : "it is not an ordinary file";
     }
     try {
         char first = 0;

@@ -1,5 +1,6 @@
 #include "fonts/FontFolders.h"
 
+#include "base/files/FileFacts.h"
 #include "base/files/FolderNames.h"
 #include "base/files/Paths.h"
 #include "base/files/UserFolders.h"
@@ -33,7 +34,8 @@ void ScanFolder(const std::filesystem::path& folder, Files& files, std::vector<s
     for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
         const std::string name = base::FoldCase(base::ToText(at->path().filename()));
         if (IsFontFile(name)) {
-            files.try_emplace(name, base::ToText(at->path()));
+            if (at->is_regular_file(ignored)) // a pipe would be waited for
+                files.try_emplace(name, base::ToText(at->path()));
         } else if (depth < kDeepest && !at->is_symlink(ignored) && at->is_directory(ignored)) {
             ScanFolder(at->path(), files, troubles, depth + 1);
         }
@@ -111,7 +113,8 @@ FontFolders::Files FontFolders::FilesIn(const std::string& folder)
     base::VisitNames(folder, [&](const base::FolderName& entry) {
         // Drawings lie by the thousand in one folder: most names are passed over before they are copied.
         const std::string_view name = entry.Text();
-        if (name.size() >= 5 && IsFontFile(base::LowerAscii(name.substr(name.size() - 4)))) {
+        if (name.size() >= 5 && IsFontFile(base::LowerAscii(name.substr(name.size() - 4))) && entry.IsFile() &&
+            !base::IsOfTheSystem(folder + "/" + std::string(name))) {
             files.try_emplace(base::FoldCase(name), folder + "/" + std::string(name));
         }
     });

@@ -1,18 +1,19 @@
 #include "fonts/StrokeFont.h"
 
+#include "base/files/File.h"
 #include "base/files/Paths.h"
 #include "fonts/FontNames.h"
 
 #include <algorithm>
 #include <cmath>
-#include <fstream>
-#include <sstream>
+#include <optional>
 
 namespace sm::render {
 
 namespace {
 
 constexpr double kCapital = 9; // font units
+constexpr std::size_t kLargestFont = 64'000'000;
 
 /// A file's name as fonts are named: letters, digits and hyphens.
 std::string SafeName(const std::string& path)
@@ -47,12 +48,8 @@ std::unique_ptr<StrokeFont> StrokeFont::Open(const std::string& path)
     if (EndingOf(path) == ".shx") {
         return FromShapes(ShapeFile::Open(path), SafeName(path));
     }
-    std::ifstream file(base::ToPath(path), std::ios::binary);
-    std::ostringstream text;
-    if (!file || !(text << file.rdbuf())) {
-        return nullptr;
-    }
-    return FromText(std::move(text).str(), SafeName(path));
+    std::optional<std::string> text = base::ReadRegularFile(path, kLargestFont);
+    return text ? FromText(std::move(*text), SafeName(path)) : nullptr;
 }
 
 std::unique_ptr<StrokeFont> StrokeFont::OpenBig(const std::string& path, const std::string& codePage)

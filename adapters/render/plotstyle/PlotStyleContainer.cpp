@@ -1,11 +1,10 @@
 // Files of plot styles begin with a line "PIAFILEVERSION_2.0,CTBVER1,compress" and the codec's name; then come three
 // words of four bytes, low byte first (the Adler-32 sum of what follows, its size as text, its size in the file), and a
 // zlib stream. Other programs write the text as it is, with the first line or without.
-#include "base/files/Paths.h"
+#include "base/files/File.h"
 #include "plotstyle/PlotStyleText.h"
 #include "render/PlotStyleTable.h"
 
-#include <fstream>
 #include <libdeflate.h>
 #include <memory>
 
@@ -97,14 +96,17 @@ PlotStyleContent UnpackPlotStyleFile(std::string_view bytes, const std::string& 
 
 PlotStyleTable ReadPlotStyleTable(const std::string& path)
 {
-    std::ifstream file(base::ToPath(path), std::ios::binary);
-    std::string bytes(kLargestTable + 1, '\0');
-    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    if (file.bad() || !file.is_open() || file.gcount() == 0) {
-        FailPlotStyle(path, 0, file.is_open() && !file.bad() ? "the file is empty" : "the file can't be read");
+    std::error_code error;
+    const base::FileFacts facts = base::FactsOf(path, error);
+    const bool tooLarge = facts.kind == base::FileKind::File && facts.stamp.size > kLargestTable;
+    if (tooLarge) {
+        FailPlotStyle(path, 0, "the file is larger than 8 MB");
     }
-    bytes.resize(static_cast<std::size_t>(file.gcount()));
-    return ParsePlotStyleTable(bytes, path);
+    const std::optional<std::string> bytes = base::ReadRegularFile(path, kLargestTable);
+    if (!bytes || bytes->empty()) {
+        FailPlotStyle(path, 0, bytes ? "the file is empty" : "the file can't be read");
+    }
+    return ParsePlotStyleTable(*bytes, path);
 }
 
 } // namespace sm::render

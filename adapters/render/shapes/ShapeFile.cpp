@@ -1,10 +1,7 @@
 #include "shapes/ShapeFile.h"
 
-#include "base/files/Paths.h"
+#include "base/files/File.h"
 #include "base/text/Names.h"
-
-#include <fstream>
-#include <iterator>
 
 namespace sm::render {
 
@@ -17,12 +14,8 @@ constexpr char kHeadEnd = '\x1A';
 
 std::unique_ptr<ShapeFile> ShapeFile::Open(const std::string& path)
 {
-    std::ifstream file(base::ToPath(path), std::ios::binary);
-    if (!file) {
-        return nullptr;
-    }
-    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    return bytes.size() > kLargestShapeFile ? nullptr : FromBytes(std::move(bytes));
+    std::optional<std::string> bytes = base::ReadRegularFile(path, kLargestShapeFile);
+    return bytes ? FromBytes(std::move(*bytes)) : nullptr;
 }
 
 std::unique_ptr<ShapeFile> ShapeFile::FromBytes(std::string bytes)

@@ -96,6 +96,34 @@ TEST(FileFacts, LinksAreFollowedToTheirEnd)
     EXPECT_EQ(FollowLinks(folder.Path("loop")), folder.Path("loop"));
 }
 
+TEST(FileFacts, TellWhatIsOfTheSystem)
+{
+    const TempFolder folder;
+    ::symlink("/proc/self/environ", folder.Path("words").c_str());
+    ::symlink("/dev/zero", folder.Path("zero").c_str());
+    ::symlink("words", folder.Path("link").c_str());
+    folder.Write("plain", "x");
+    const struct {
+        std::string path;
+        bool expected;
+    } rows[] = {
+        {"/dev/null", true},
+        {"/dev", true},
+        {"/usr/../proc/self/status", true},
+        {"/net/no such machine/x", true},
+        {folder.Path("words"), true},
+        {folder.Path("zero"), true},
+        {folder.Path("link"), true},
+        {folder.Path("plain"), false},
+        {folder.Path("missing"), false},
+        {"/development/x", false},
+        {"dev/x", false},
+        {"", false},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(IsOfTheSystem(row.path), row.expected) << row.path;
+}
+
 TEST(File, IsReadInPieces)
 {
     const TempFolder folder;

@@ -25,6 +25,8 @@ protected:
             std::ofstream(m_root / file) << "x";
         }
         fs::create_directories(m_root / "job/folder.png");
+        fs::create_symlink("/proc/self/environ", m_root / "job/words.png");
+        fs::create_directory_symlink("/proc/self", m_root / "job/self");
         ::mkfifo((m_root / "job/pipe.png").c_str(), 0600);
     }
     ~FindReferencedTest() override { fs::remove_all(m_root); }
@@ -66,6 +68,8 @@ TEST_F(FindReferencedTest, FindsFilesByTheNamesThatDrawingsGiveThem)
         {"a device", "/dev/null", ""},
         {"a process", "/proc/self/status", ""},
         {"a process by way of ..", "/usr/../proc/self/status", ""},
+        {"a link to a process", "words.png", ""},
+        {"a process by way of a link", "self/status", ""},
         {"nothing but dots", "..\\..", ""},
     };
     for (const auto& row : rows)

@@ -154,13 +154,18 @@ TEST_F(AttachmentsTest, WhatIsRefusedIsNotAddedAndTold)
     EXPECT_FALSE(Attach(Out("gone.txt")));
     EXPECT_FALSE(Attach(m_root));
     EXPECT_FALSE(Attach("/dev/null"));
+    std::filesystem::create_symlink("/proc/self/status", Out("status.txt"));
+    EXPECT_FALSE(Attach(Out("status.txt")));
     const std::string pdf = Save();
     EXPECT_EQ(RunTool("pdfdetach -list " + pdf).output, ListedTwice("ten.txt"));
-    EXPECT_EQ(m_notes, (Lines{"Page 1: the file " + Out("eleven.txt") + " could not be attached: it has 11 bytes",
-                              "Page 1: the file " + Out("gone.txt") + " could not be attached: there is no such file",
-                              "Page 1: the file " + m_root + " could not be attached: it is a folder",
-                              "Page 1: the file /dev/null could not be attached: it is not an ordinary file"}));
-    EXPECT_EQ(m_reports.at(0).attachmentsLost, (Lines{Out("eleven.txt"), Out("gone.txt"), m_root, "/dev/null"}));
+    EXPECT_EQ(m_notes,
+              (Lines{"Page 1: the file " + Out("eleven.txt") + " could not be attached: it has 11 bytes",
+                     "Page 1: the file " + Out("gone.txt") + " could not be attached: there is no such file",
+                     "Page 1: the file " + m_root + " could not be attached: it is a folder",
+                     "Page 1: the file /dev/null could not be attached: it is not an ordinary file",
+                     "Page 1: the file " + Out("status.txt") + " could not be attached: it is not an ordinary file"}));
+    EXPECT_EQ(m_reports.at(0).attachmentsLost,
+              (Lines{Out("eleven.txt"), Out("gone.txt"), m_root, "/dev/null", Out("status.txt")}));
 }
 
 TEST_F(AttachmentsTest, ALargeFileThatIsCutWhileItIsReadFailsTheSave)

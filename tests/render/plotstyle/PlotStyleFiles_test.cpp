@@ -147,7 +147,7 @@ TEST(PlotStyleFile, FilesThatCannotBeReadAreNamed)
     const struct {
         const char *path, *error;
     } rows[] = {{"/nowhere/x.ctb", "/nowhere/x.ctb: the file can't be read"},
-                {"/dev/null", "/dev/null: the file is empty"},
+                {"/dev/null", "/dev/null: the file can't be read"},
                 {"/usr", "/usr: the file can't be read"}};
     for (const auto& row : rows) {
         try {

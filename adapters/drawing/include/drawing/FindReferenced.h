@@ -16,8 +16,9 @@ struct SearchPlaces {
 
 /// Path of the regular file that `name` means; empty when there is none. Separators and drive letters of Windows are
 /// mended, and letter case is where no file is written exactly so. Asked in this order: the full path as written; below
-/// each of the places the path, then its parts from the longest to the bare file name. Nothing on a network share, in
-/// the folders of the system's devices and processes, or behind an address ("http://…") is touched.
+/// each of the places the path, then its parts from the longest to the bare file name. Nothing on a network share or
+/// behind an address ("http://…") is touched; nothing in the folders of the system's devices and processes is used,
+/// whatever links lead there.
 std::string FindReferenced(const std::string& name, const SearchPlaces& places);
 
 } // namespace sm::drawing

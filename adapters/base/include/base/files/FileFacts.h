@@ -27,6 +27,11 @@ FileFacts FactsOf(const std::string& path, std::error_code& error);
 /// Do both names lead to one file that exists, whatever links lie between?
 bool IsSameFile(const std::string& left, const std::string& right);
 
+/// Does it lie, by its name or by links, in a folder of the system's devices and processes (/dev, /proc, /sys), or
+/// where the folders of other machines come up by themselves (/net)? To open a file there may do something. A name that
+/// says so by itself is not looked at.
+bool IsOfTheSystem(const std::string& path);
+
 /// May this process read it, write it? `error` says why not.
 bool MayRead(const std::string& path, std::error_code& error);
 bool MayWrite(const std::string& path, std::error_code& error);
