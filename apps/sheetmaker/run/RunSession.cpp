@@ -1,11 +1,13 @@
 #include "run/RunSession.h"
 
+#include "base/files/Paths.h"
 #include "commandline/ExitCodes.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
 #include "layouts/LargeSheets.h"
 #include "layouts/PlotOptions.h"
 #include "machine/DwgSetup.h"
+#include "machine/SupportFiles.h"
 #include "settings/mdlDataKegIO.h"
 
 #include <algorithm>
@@ -42,15 +44,22 @@ bool MayPlot(const LayoutSelection& selection, const std::string& layout)
 
 RunSession::RunSession(const DrawingTask& task, const Install& install, terminal::Console& console,
                        DrawingReport& report, const ScreenParts* screen)
-    : m_surrounded(task, install, console, report, screen),
+    : m_install(install), m_surrounded(task, install, console, report, screen),
       m_host(cadhost::CadHost::Create(OptionsFor(task, install, m_surrounded, screen))), m_hasScreen(screen != nullptr)
 {
-    m_surrounded.AskForUses([this](const std::string& path) { return m_host->UseOf(path); });
+    m_surrounded.AskForUses([this](const std::string& path) { return UseOf(path); });
+}
+
+std::string RunSession::UseOf(const std::string& path) const
+{
+    const std::string use = m_host->UseOf(path);
+    const std::filesystem::path folder = base::ToPath(m_drawing).parent_path();
+    return use.empty() ? SupportFileAt(path, m_install, base::ToText(folder)) : use;
 }
 
 void RunSession::RefuseTarget(const std::string& path) const
 {
-    const std::string use = m_host->UseOf(path);
+    const std::string use = UseOf(path);
     if (!use.empty())
         throw Refusal{kExitUsage, "the PDF would replace " + use + "; choose another name with -o"};
 }

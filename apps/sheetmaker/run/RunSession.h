@@ -55,7 +55,8 @@ public:
     void PlotTo(cadhost::IPageSink* sink) { m_host->PlotTo(sink); }
     /// Plots tell of layers from now on as the options and the job options now in force ask for it.
     void RenewLayers(const ConvertOptions& options) { m_host->KeepLayers(m_surrounded.KeepsLayers(options)); }
-    /// Throws Refusal when a PDF at `path` would replace a file that an open drawing is or names, shown or not.
+    /// Throws Refusal when a PDF at `path` would replace a file that an open drawing is or names, shown or not, or one
+    /// that plots are made with.
     void RefuseTarget(const std::string& path) const;
     /// Where the run asks for that: throws Refusal for a file from outside the open drawing's folder that is attached
     /// to a layout that `selection` may plot.
@@ -64,9 +65,12 @@ public:
     [[nodiscard]] cadhost::DocumentReport HostReport() { return m_host->Report(m_document); }
 
 private:
+    /// What the run needs the file for, in words; empty when for nothing.
+    [[nodiscard]] std::string UseOf(const std::string& path) const;
     cadhost::PlotWishes Wishes(const PlotOptions& options);
     void LayWishes(const cadhost::PlotWishes& wishes, LayoutSelection& selection);
 
+    const Install& m_install;
     Surrounded m_surrounded;
     std::unique_ptr<cadhost::CadHost> m_host;
     std::shared_ptr<IAcadDocument> m_document;
