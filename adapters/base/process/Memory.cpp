@@ -11,6 +11,7 @@ namespace sm::base {
 namespace {
 
 std::atomic<bool> g_ranOut;
+std::atomic<int> g_endCode{-1};
 const char* g_program = "";
 
 [[noreturn]] void OnFailure()
@@ -40,6 +41,18 @@ void WatchMemory(const char* program)
     g_program = program;
     std::set_terminate(OnTerminate);
     std::set_new_handler(OnFailure);
+}
+
+void NoteFailedAllocation() noexcept
+{
+    g_ranOut = true;
+    if (g_endCode >= 0)
+        std::_Exit(g_endCode);
+}
+
+void EndWithoutMemory(int code)
+{
+    g_endCode = code;
 }
 
 bool MemoryRanOut()

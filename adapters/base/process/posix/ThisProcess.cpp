@@ -4,6 +4,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <new>
 #include <pwd.h>
 
 #include <sys/random.h>
@@ -34,7 +35,10 @@ std::vector<std::string> Variables()
 
 std::string AccountName()
 {
+    errno = 0;
     const passwd* const account = ::getpwuid(::getuid());
+    if (account == nullptr && errno == ENOMEM)
+        throw std::bad_alloc();
     return account != nullptr ? account->pw_name : "";
 }
 

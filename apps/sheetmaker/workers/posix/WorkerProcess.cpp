@@ -1,5 +1,6 @@
 #include "workers/WorkerProcess.h"
 
+#include "base/process/Memory.h"
 #include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
 
@@ -19,6 +20,8 @@
 
 namespace sm::app {
 namespace {
+
+constexpr int kNoMemory = 125; ///< a worker's exit code, of which nobody but its parent knows
 
 [[noreturn]] void ThrowErrno(const char* what)
 {
@@ -71,6 +74,7 @@ void RestoreSignals(pid_t parent)
 /// The worker's whole life. Nothing is thrown out of it: what stands above it belongs to the parent, which waits there.
 [[noreturn]] void Work(const DrawingTask& task, const WorkerWork& work, bool onTerminal, int reports) noexcept
 {
+    base::EndWithoutMemory(kNoMemory);
     DrawingReport report;
     {
         terminal::Console console(std::cerr, onTerminal);
@@ -169,6 +173,8 @@ WorkerProcess::End WorkerProcess::Await()
     End end;
     end.well = WIFEXITED(status) && WEXITSTATUS(status) == kExitDone;
     end.outOfTime = WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU;
+    if (WIFEXITED(status) && WEXITSTATUS(status) == kNoMemory)
+        end.how = "ended for want of memory";
     if (WIFSIGNALED(status))
         end.how = fmt::format("was ended by signal {}", WTERMSIG(status));
     return end;

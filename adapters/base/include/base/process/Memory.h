@@ -10,4 +10,10 @@ void WatchMemory(const char* program);
 /// Whether an allocation failed since: whatever caught that, what this process made may lack something.
 bool MemoryRanOut();
 
+/// What calls this got no memory and can't throw. Is remembered, and ends the process after `EndWithoutMemory`.
+void NoteFailedAllocation() noexcept;
+
+/// From now on such a failure ends the process, with this exit code and without a word: for a worker, whose parent tells.
+void EndWithoutMemory(int code);
+
 } // namespace sm::base
