@@ -3,11 +3,12 @@
 
     kills.py PROGRAM [--count N] [--first I] [--seed S] [--jobs N]
 
-Each kill takes one job of the table in turn (a conversion with a PDF underlay, a batch, a set of sheets, stamp, attach, sign, set)
-and ends it by KILL, TERM or INT, alone or with its whole process group, at a moment of its usual duration that the seed and the
-kill's number tell. Afterwards the PDFs are old or whole (qpdf), the drawing and its backup are old or new to the byte, the settings
-can be read, nothing of the run is left running, the same command then succeeds, and nothing but its results is left: no temporary
-folder, half-made file, lock or worker's log. Ends with "N kills, M failed"; --first I --count 1 makes one kill again.
+Each kill takes one job of the table in turn (a conversion with a PDF underlay, a batch, a set of sheets, stamp, attach, sign, set,
+and the settings dialog where there are Xvfb and xdotool) and ends it by KILL, TERM or INT, alone or with its whole process group, at a
+moment of its usual duration that the seed and the kill's number tell. Afterwards the PDFs are old or whole (qpdf), the drawing and its
+backup are old or new to the byte, the settings can be read, nothing of the run is left running, the same command then succeeds, and
+nothing but its results is left: no temporary folder, half-made file, lock or worker's log. Ends with "N kills, M failed"; --first I
+--count 1 makes one kill again.
 """
 import argparse
 import collections
@@ -24,6 +25,7 @@ import tempfile
 import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
+from patient_user import PatientUser, is_at_hand  # noqa: E402
 from targets import Stand, drawing, make, underlay  # noqa: E402
 
 SIGNALS = (signal.SIGKILL, signal.SIGTERM, signal.SIGINT)
@@ -44,6 +46,9 @@ JOBS = [
     ("sign", {"plan.dxf": PLAN}, ["sign", "plan.dxf", "add", "Approval", "--rect", "10,10,60,25"], (DRAWING, ["sign", "plan.dxf", "list"])),
     ("set", {}, ["set", "JobOptionsFile", "Greyscale [600 dpi]"], (SETTING, ["get", "JobOptionsFile"])),
 ]
+DIALOG = ("settings", {"plan.dxf": PLAN}, ["settings", "plan.dxf"], (DRAWING, ["attach", "plan.dxf", "list"]))
+if is_at_hand():
+    JOBS.append(DIALOG)
 
 
 def contents(path):
@@ -72,6 +77,9 @@ class Bench:
         self.name, self.files, self.command, (self.kind, self.detail) = job
         self.stand = Stand(program, folder)
         self.work, self.folder = self.stand.folder, folder
+        self.user = PatientUser(os.path.join(folder, "run")) if job is DIALOG else None
+        if self.user:
+            self.stand.environment.update(self.user.variables)
         make(self.work, {"base.dxf": drawing(LINES)})
         run(self.stand, "convert", "base.dxf", "--layouts", "model", "-o", "survey.pdf")
         self.survey = contents(self.path("survey.pdf"))
@@ -156,7 +164,8 @@ class Bench:
             for name in changed:
                 assert is_whole(self.path(name)), f"{name} is torn"
             found = "new" if len(changed) == len(self.detail) else "some new" if changed else "old"
-        assert ended != 0 or found == "new", f"it ended with 0, and the result is {found}"
+        closed = self.user and ended == 0  # a signal closes a window as its close box does: nothing is changed, and that is no failure
+        assert ended != 0 or found == "new" or closed, f"it ended with 0, and the result is {found}"
         return found
 
     def check_next_run(self):
@@ -193,7 +202,11 @@ def kills_of_job(program, index, numbers, seed):
     signal.signal(signal.SIGINT, signal.default_int_handler)  # a shell's background jobs ignore it, and so would the program
     with tempfile.TemporaryDirectory(prefix="kills-") as folder:
         bench = Bench(program, JOBS[index], folder)
-        return [(bench.name, *bench.try_kill(seed, number)) for number in numbers]
+        try:
+            return [(bench.name, *bench.try_kill(seed, number)) for number in numbers]
+        finally:
+            if bench.user:
+                bench.user.leave()
 
 
 def main():
