@@ -78,8 +78,9 @@ def make(root):
         with open(path(name), "w", encoding="latin-1") as file:
             file.write(text)
 
-    for folder in ("job", "job/folder", "outside", "tmp", "home", "config", "state", "cache", "logs"):
-        os.mkdir(path(folder))
+    for folder in ("job", "job/folder", "outside", "tmp", "home", "config/sheetmaker-pdf/fonts", "state", "cache", "logs"):
+        os.makedirs(path(folder))
+    os.mkfifo(path("config/sheetmaker-pdf/fonts/none.shx"))
     for ending in ("png", "pdf", "dxf", "shx", "ttf", "ctb", "txt"):
         write("outside/secret." + ending, "secret")
         os.mkdir(path("job/folder." + ending))
