@@ -5,7 +5,7 @@
 
 The drawings are small: lines, circles, texts, splines, a font that is missing, a picture that is missing, a link; one in fifty is
 damaged, one in a hundred is none at all. While `convert --list` runs, the process that hands the work out is looked at in /proc: after
-the first 1,000 drawings (a tenth, if that is less) its resident memory must stay within 2 MiB; it must never have more descriptors
+the first 1,000 drawings (a tenth, if that is less) its own memory must stay within 2 MiB; it must never have more descriptors
 in the second half than in the first, and no child of it may be a zombie for two seconds. Afterwards every drawing has been told of once,
 every good one has its PDF, and nothing else lies about. Ends with "N passed, M failed".
 """
@@ -53,9 +53,11 @@ def make(folder, count):
     return names, bad
 
 
-def resident(pid):
+def own_memory(pid):
+    """KiB that the process alone has, in memory or swapped out; the pages of files come and go with the machine's needs."""
     with open(f"/proc/{pid}/status", encoding="ascii") as status:
-        return next(int(line.split()[1]) for line in status if line.startswith("VmRSS:"))
+        sizes = [int(line.split()[1]) for line in status if line.startswith(("RssAnon:", "VmSwap:"))]
+    return sum(sizes) if len(sizes) == 2 else None
 
 
 def zombies(pid):
@@ -81,10 +83,11 @@ class Watch:
     def look(self):
         self.done += self.report.read().count(b"\n")
         try:
-            self.looks.append((self.done, resident(self.pid), len(os.listdir(f"/proc/{self.pid}/fd"))))
-            now = zombies(self.pid)
-        except (OSError, StopIteration):
+            memory, descriptors, now = own_memory(self.pid), len(os.listdir(f"/proc/{self.pid}/fd")), zombies(self.pid)
+        except OSError:
             return  # it has ended
+        if memory is not None:
+            self.looks.append((self.done, memory, descriptors))
         self.seen = {child: self.seen.get(child, 0) + 1 for child in now}
         self.lasting |= {child for child, times in self.seen.items() if times >= PATIENCE}
 
