@@ -33,6 +33,7 @@ render::Scene SceneOf(const PlotJob& job, const Placement& placement)
     scene.viewportsFirst = job.settings.Has(PlotSettings::kDrawViewportsFirst);
     scene.viewportBorders = job.settings.Has(PlotSettings::kViewportBorders);
     scene.plotStyles = job.plotStyles;
+    scene.expansion = job.expansion;
     scene.everyLayer = job.keepLayers;
     return scene;
 }

@@ -22,7 +22,8 @@ PaintContext::PaintContext(const drawing::Drawing& drawingToPaint, ICanvas& canv
                            RenderReport* runReport, const Box2& clip, const PaintOptions& runOptions, bool hide)
     : drawing(drawingToPaint), text(textEngine), report(runReport), options(runOptions), hideLayers(hide),
       ink(canvas, clip), ownLayers(drawing, {}, hide && !options.everyLayer), layers(&ownLayers),
-      budget(kLargestExpansion + kExpansionPerEntity * drawing.EntityCount())
+      budget(options.expansion != 0 ? options.expansion
+                                    : kLargestExpansion + kExpansionPerEntity * drawing.EntityCount())
 {
     for (const drawing::Linetype& linetype : drawing.Linetypes()) {
         m_patterns.push_back(MakeDashPattern(linetype, CanDrawSymbols(linetype)));

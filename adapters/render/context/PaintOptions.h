@@ -31,6 +31,7 @@ struct PaintOptions {
     References* references = nullptr;        ///< null: made when they are needed
     double dotsPerMillimetre = 24;           ///< finer pictures are made coarser
     const std::atomic<bool>* stop = nullptr; ///< once true, no further entity is begun
+    std::uint64_t expansion = 0;             ///< as in Scene
     bool boxesOnly = false;                  ///< text and viewports as their outlines, continuous lines: for bounds
 };
 

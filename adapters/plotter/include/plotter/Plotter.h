@@ -21,6 +21,7 @@ struct PlotJob {
     bool keepLayers = false;                            ///< the page says what each layer shows, hidden ones included
     render::References* references = nullptr;           ///< as in render::Scene
     double penScale = 1;                                ///< all pens are so much wider
+    std::uint64_t expansion = 0;                        ///< as in render::Scene
 };
 
 struct PlottedPage {
