@@ -182,13 +182,16 @@ bool SettingsFile::Try(Database::Mode mode, const Work& work)
 
 bool SettingsFile::Do(Database::Mode mode, const Work& work)
 {
+    m_failed = false;
     try {
         return Try(mode, work);
     } catch (const DatabaseError& error) {
         if (mode == Database::Mode::Existing && error.MeansNoWriting() && ReadAsItStands(work))
             return true;
+        m_failed = true;
         Complain("The settings file " + base::ToText(m_file) + " can't be used: " + error.what() + ".");
     } catch (const std::exception& error) {
+        m_failed = true;
         Complain("The settings file " + base::ToText(m_file) + " can't be used: " + error.what() + ".");
     }
     return false;
@@ -215,9 +218,10 @@ bool SettingsFile::ReadAsItStands(const Work& work)
 
 bool SettingsFile::CanRead()
 {
-    const bool read =
-        Do(Database::Mode::Existing, [](Database& database) { (void)database.Number("SELECT count(*) FROM reg_key"); });
-    return read || m_newer || FileNumber(m_file) == 0;
+    // Where nothing was read and nothing failed, nothing is stored: a later version's file, or an empty one, which a
+    // process leaves that was killed as it made it.
+    Do(Database::Mode::Existing, [](Database& database) { (void)database.Number("SELECT count(*) FROM reg_key"); });
+    return !m_failed;
 }
 
 bool SettingsFile::HasKey(const std::string& path)

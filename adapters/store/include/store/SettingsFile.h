@@ -48,6 +48,7 @@ private:
     Complaint m_complain;
     std::unique_ptr<Database> m_database;
     std::uint64_t m_fileNumber = 0; ///< which file is open, so that one put aside by another process is let go
+    bool m_failed = false;          ///< the last work on it
     bool m_newer = false;           ///< written by a later version: left alone
     std::string m_lastComplaint;
 };
