@@ -2,6 +2,8 @@
 
 #include "render/PlotStyleTable.h"
 
+#include <algorithm>
+
 namespace sm::render {
 
 namespace {
@@ -84,7 +86,10 @@ private:
 void FailPlotStyle(const std::string& path, std::int32_t line, const std::string& what)
 {
     const std::string place = line > 0 ? ", line " + std::to_string(line) : std::string();
-    throw PlotStyleError(path + place + ": " + what + ". Save the plot style table again or choose another one.");
+    std::string oneLine = what; // values that it quotes may have several lines
+    std::replace_if(
+        oneLine.begin(), oneLine.end(), [](char c) { return c >= 0 && c < ' '; }, ' ');
+    throw PlotStyleError(path + place + ": " + oneLine + ". Save the plot style table again or choose another one.");
 }
 
 PlotStyleGroup ParsePlotStyleText(std::string_view text, const std::string& path)

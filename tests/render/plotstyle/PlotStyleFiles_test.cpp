@@ -115,6 +115,8 @@ TEST(PlotStyleFile, TellsWhatIsWrong)
         {"groups without end", "a{\na{\na{\na{\na{\na{\na{\na{\na{\n",
          "x.ctb, line 9: this is no line of a plot style table"},
         {"no number", "plot_style{\n 0{\n  screen=much\n }\n}\n", "x.ctb, line 3: screen=much should be a number"},
+        {"a number that goes on in the next line", "plot_style{\n 0{\n  screen=7\nmuch\n }\n}\n",
+         "x.ctb, line 3: screen=7 much should be a number"},
         {"half a number", "plot_style{\n 0{\n  lineweight=1x\n }\n}\n",
          "x.ctb, line 3: lineweight=1x should be a number"},
         {"too many lines", std::string(400'002, '\n'), "x.ctb, line 200001: it holds too much for a plot style table"},
