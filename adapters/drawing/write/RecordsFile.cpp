@@ -27,9 +27,9 @@ std::vector<XDataItem> ItemsFrom(const Json& list)
 {
     std::vector<XDataItem> items;
     for (const Json& item : list) {
-        const int code = item.at(0).get<int>();
-        if (code < 1000 || code > 1071)
-            throw std::runtime_error("group code " + std::to_string(code));
+        const auto code = item.at(0).get<double>(); // the file may have any number, which no integer need hold
+        if (!(code >= 1000 && code <= 1071))
+            throw std::runtime_error("group code " + item.at(0).dump());
         items.push_back({static_cast<std::int16_t>(code), item.at(1).get<std::string>()});
     }
     return items;
@@ -39,7 +39,7 @@ RecordChanges RecordsFrom(const std::string& path, std::string_view text)
 {
     try {
         const Json file = Json::parse(text);
-        if (file.at("format") != kFormat || file.at("version").get<int>() > kVersion)
+        if (file.at("format") != kFormat || file.at("version").get<double>() > kVersion)
             throw std::runtime_error("another format");
         RecordChanges records;
         for (const auto& [application, items] : file.at("records").items())

@@ -122,6 +122,8 @@ TEST_F(DwgRecords, AFileThatCantBeUnderstoodIsNotIgnored)
          {"not JSON", "{}", "[]", "{\"format\": \"other\", \"version\": 1, \"records\": {}}",
           "{\"format\": \"sheetmaker-pdf records\", \"version\": 2, \"records\": {}}",
           "{\"format\": \"sheetmaker-pdf records\", \"version\": 1, \"records\": {\"A\": [[5, \"x\"]]}}",
+          "{\"format\": \"sheetmaker-pdf records\", \"version\": 1e300, \"records\": {}}",
+          "{\"format\": \"sheetmaker-pdf records\", \"version\": 1, \"records\": {\"A\": [[1e300, \"x\"]]}}",
           "{\"format\": \"sheetmaker-pdf records\", \"version\": 1, \"records\": {\"A\": [[1000]]}}"}) {
         static_cast<void>(m_folder.Write("plan.dwg.sheetmaker", text));
         const std::string error = ErrorOf([&] { static_cast<void>(Open()); });
