@@ -4,7 +4,9 @@
 #include "dwg/file/Decompress.h"
 #include "dxf/DxfDrawing.h"
 #include "fuzz/BuiltFile.h"
+#include "fuzz/Target.h"
 #include "fuzz/WalkDrawing.h"
+#include "fuzz/targets/Targets.h"
 
 #include <array>
 #include <cstdlib>
@@ -50,12 +52,18 @@ constexpr std::array kMagics{"AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "
 
 } // namespace
 
-std::string KindOfInput(const std::uint8_t* data, std::size_t size)
+} // namespace sm::drawing::dwg::testing
+
+namespace sm::fuzz {
+
+using namespace drawing::dwg::testing;
+
+std::string DwgKind(std::string_view input)
 {
-    if (size == 0)
+    if (input.empty())
         return "empty";
-    if (data[0] == kWholeFile) {
-        const std::string magic(reinterpret_cast<const char*>(data), size < 6 ? size : 6);
+    if (input[0] == kWholeFile) {
+        const std::string magic(input.substr(0, 6));
         for (const char* known : {"AC1004", "AC1006", "AC1009"})
             if (magic == known)
                 return "whole " + magic;
@@ -64,29 +72,28 @@ std::string KindOfInput(const std::uint8_t* data, std::size_t size)
                 return "whole " + magic;
         return "whole, other";
     }
-    switch (ModeOf(data[0])) {
+    switch (ModeOf(static_cast<std::uint8_t>(input[0]))) {
     case Mode::Pages2004:
         return "pages 2004";
     case Mode::Pages2007:
         return "pages 2007";
     default:
-        return size < 2 ? "empty" : "built " + std::string(kMagics[data[1] % kReleases]);
+        return input.size() < 2 ? "empty"
+                                : "built " + std::string(kMagics[static_cast<std::uint8_t>(input[1]) % kReleases]);
     }
 }
 
-} // namespace sm::drawing::dwg::testing
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void FuzzDwg(std::string_view input)
 {
-    using namespace sm::drawing::dwg::testing;
-    if (size == 0)
-        return 0;
-    const std::string_view input(reinterpret_cast<const char*>(data), size);
-    if (data[0] == kWholeFile)
+    if (input.empty())
+        return;
+    const Mode mode = ModeOf(static_cast<std::uint8_t>(input[0]));
+    if (input[0] == kWholeFile)
         OpenFile(std::string(input));
-    else if (ModeOf(data[0]) != Mode::Built)
-        Decompress(ModeOf(data[0]), input.substr(1));
-    else if (size > 1)
-        OpenFile(FileOfParts(data[1], input.substr(2)));
-    return 0;
+    else if (mode != Mode::Built)
+        Decompress(mode, input.substr(1));
+    else if (input.size() > 1)
+        OpenFile(FileOfParts(static_cast<std::uint8_t>(input[1]), input.substr(2)));
 }
+
+} // namespace sm::fuzz

@@ -1,11 +1,10 @@
-// What is fuzzed: the readers of DWG files and all that stands on them in the room of drawings.
+// Inputs of the target "dwg": the readers of DWG files and all that stands on them in the room of drawings.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+#include <utility>
+#include <vector>
 
 namespace sm::drawing::dwg::testing {
 
@@ -19,7 +18,7 @@ enum class Mode : std::uint8_t {
 /// An input that begins so is a whole file.
 constexpr char kWholeFile = 'A';
 
-/// How inputs of one kind are counted: "whole AC1032", "built AC1015", "pages 2004".
-std::string KindOfInput(const std::uint8_t* data, std::size_t size);
+/// What the tests' writers make: names and inputs.
+std::vector<std::pair<std::string, std::string>> OwnInputs();
 
 } // namespace sm::drawing::dwg::testing

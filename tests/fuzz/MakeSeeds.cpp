@@ -3,12 +3,10 @@
 //
 //     seeds_dwg FOLDER [DWG...]
 #include "drawing/Drawing.h"
-#include "drawing/dwg/DwgFiles.h"
 #include "dwg/read/ObjectIndex.h"
 #include "dwg/recovery/ObjectSearch.h"
 #include "fuzz/BuiltFile.h"
 #include "fuzz/FuzzDwg.h"
-#include "fuzz/OldSeeds.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -43,22 +41,8 @@ private:
 
 void WriteOwn(Folder& folder)
 {
-    folder.Write("own-sections", FileOf2000({20, 300, 50}, 1).bytes);
-    folder.Write("own-pages-2018", PagesOf(SectionsOf(LinesOf2018({20, 300, 50}), true)).bytes);
-    folder.Write("own-pages-2004", PagesOf(SectionsOf(LinesOf2018({20, 300}), false), {"AC1018", 96}).bytes);
-    folder.Write("own-coded", CodedFileOf(SectionsOf(LinesOf2000({20, 300, 50}, 0), false)));
-    for (const auto& [name, file] : OldSeeds())
-        folder.Write("own-" + name, file);
-    const std::string letters = "abcdefghijklmnopqrstuvwxyz";
-    folder.Write("own-compressed-2004", std::string(1, '\0') + Le16(26) + Literal2004(letters));
-    folder.Write("own-compressed-2007", std::string(1, '\1') + Le16(64) + '\x12' + letters + letters);
-    for (unsigned release = 0; release < kReleases; ++release)
-        for (const unsigned type : {1U, 7U, 19U, 44U, 48U, 49U, 77U, 78U, 82U}) {
-            const std::string framed = release < 5 ? Object2000(type, 0x20, 60) : Object2018(type, 0x20, 60);
-            const std::string object = Le16(8) + framed.substr(release < 5 ? 2 : 3, 60);
-            folder.Write("own-built-" + std::to_string(release) + "-" + std::to_string(type),
-                         std::string{'\2', static_cast<char>(release)} + PartBytes(Part::Object, object));
-        }
+    for (const auto& [name, input] : OwnInputs())
+        folder.Write(name, input);
 }
 
 /// The objects of one drawing as parts of an input.

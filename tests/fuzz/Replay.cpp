@@ -1,11 +1,17 @@
-// Runs the fuzz target over files, with any compiler; given folders, over all files in them.
+// Runs a target over its seeds, files and seeded changes of them, with any compiler.
 //
-//     replay_dwg FILE|FOLDER...      one line for each kind of input; 1 when there was no file
-#include "fuzz/FuzzDwg.h"
+//     replay TARGET [--mutations N] [--seed S] [FILE|FOLDER...]
+//     replay --list                        the targets and their longest inputs
+//     replay TARGET --write FOLDER         its seeds as files
+//
+// One line for each kind of input; 1 when one took too long. What ends the process is named by its seed before.
+#include "fuzz/Mutator.h"
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -13,20 +19,51 @@
 #include <string>
 #include <vector>
 
+extern "C" {
+/// The sanitizers call it back before they end the process; not there without them.
+__attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
+}
+
 namespace {
+
+namespace fs = std::filesystem;
+using sm::fuzz::Mutator;
+using sm::fuzz::Target;
 
 /// Seconds that one input may take, sanitizers and a loaded machine counted in.
 constexpr double kMostSeconds = 10;
 
-std::vector<std::filesystem::path> FilesOf(int count, char** words)
+struct Wanted {
+    const Target* target = nullptr;
+    unsigned mutations = 0;
+    std::uint64_t seed = 1;
+    std::string folder; ///< that seeds are written to
+    std::vector<fs::path> paths;
+};
+
+/// What is at work, for who looks at the end of the process.
+std::string g_atWork; // NOLINT: a signal handler has no other place to look
+void TellWork()
 {
-    std::vector<std::filesystem::path> files;
-    for (int i = 1; i < count; ++i) {
-        if (!std::filesystem::is_directory(words[i])) {
-            files.emplace_back(words[i]);
+    std::fprintf(stderr, "ended in: %s\n", g_atWork.c_str());
+}
+void OnAbort(int)
+{
+    TellWork();
+    std::_Exit(1);
+}
+
+std::vector<fs::path> FilesOf(const std::vector<fs::path>& paths)
+{
+    std::vector<fs::path> files;
+    for (const fs::path& path : paths) {
+        if (!fs::exists(path)) // no findings yet
+            continue;
+        if (!fs::is_directory(path)) {
+            files.push_back(path);
             continue;
         }
-        for (const auto& entry : std::filesystem::directory_iterator(words[i]))
+        for (const auto& entry : fs::directory_iterator(path))
             if (entry.is_regular_file())
                 files.push_back(entry.path());
     }
@@ -34,31 +71,99 @@ std::vector<std::filesystem::path> FilesOf(int count, char** words)
     return files;
 }
 
-double SecondsFor(const std::string& bytes)
+class Replay {
+public:
+    explicit Replay(const Target& target) : m_target(target) {}
+
+    void Run(const std::string& input, const std::string& name)
+    {
+        g_atWork = name;
+        const auto begin = std::chrono::steady_clock::now();
+        m_target.run(input);
+        const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+        ++m_kinds[m_target.kind != nullptr ? m_target.kind(input) : m_target.name];
+        if (seconds > kMostSeconds) {
+            std::printf("%s takes %.1f s\n", name.c_str(), seconds);
+            m_slow = true;
+        }
+    }
+
+    [[nodiscard]] int End() const
+    {
+        for (const auto& [kind, number] : m_kinds)
+            std::printf("%-16s %u\n", kind.c_str(), number);
+        return m_kinds.empty() || m_slow ? 1 : 0;
+    }
+
+private:
+    const Target& m_target;
+    std::map<std::string, unsigned> m_kinds;
+    bool m_slow = false;
+};
+
+int RunAll(const Wanted& wanted)
 {
-    const auto begin = std::chrono::steady_clock::now();
-    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+    Replay replay(*wanted.target);
+    std::vector<std::string> inputs = wanted.target->seeds();
+    for (std::size_t i = 0; i < inputs.size(); ++i)
+        replay.Run(inputs[i], "seed " + std::to_string(i));
+    for (const fs::path& path : FilesOf(wanted.paths)) {
+        std::ifstream stream(path, std::ios::binary);
+        inputs.emplace_back(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
+        replay.Run(inputs.back(), path.string());
+    }
+    for (unsigned i = 0; i < wanted.mutations; ++i) {
+        const std::uint64_t seed = wanted.seed + i;
+        Mutator mutator(*wanted.target, inputs, seed);
+        replay.Run(mutator.Mutated(inputs[mutator.Below(inputs.size())]),
+                   std::string(wanted.target->name) + " --mutations 1 --seed " + std::to_string(seed));
+    }
+    return replay.End();
+}
+
+int WriteSeeds(const Wanted& wanted)
+{
+    fs::create_directories(wanted.folder);
+    unsigned number = 0;
+    for (const std::string& seed : wanted.target->seeds())
+        std::ofstream(fs::path(wanted.folder) / ("seed-" + std::to_string(number++)), std::ios::binary) << seed;
+    std::printf("%u seeds\n", number);
+    return 0;
+}
+
+int List()
+{
+    for (const Target& target : sm::fuzz::Targets())
+        std::printf("%s %zu\n", target.name, target.most);
+    return 0;
 }
 
 } // namespace
 
 int main(int count, char** words)
 {
-    std::map<std::string, unsigned> kinds;
-    bool slow = false;
-    for (const std::filesystem::path& path : FilesOf(count, words)) {
-        std::ifstream stream(path, std::ios::binary);
-        const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
-        const double seconds = SecondsFor(bytes);
-        if (seconds > kMostSeconds) {
-            std::printf("%s takes %.1f s\n", path.c_str(), seconds);
-            slow = true;
-        }
-        ++kinds[sm::drawing::dwg::testing::KindOfInput(reinterpret_cast<const std::uint8_t*>(bytes.data()),
-                                                       bytes.size())];
+    Wanted wanted;
+    for (int i = 1; i < count; ++i) {
+        const std::string word = words[i];
+        if (word == "--list")
+            return List();
+        if (word == "--mutations" && i + 1 < count)
+            wanted.mutations = static_cast<unsigned>(std::atoi(words[++i]));
+        else if (word == "--seed" && i + 1 < count)
+            wanted.seed = std::strtoull(words[++i], nullptr, 10);
+        else if (word == "--write" && i + 1 < count)
+            wanted.folder = words[++i];
+        else if (wanted.target == nullptr)
+            wanted.target = sm::fuzz::FindTarget(word);
+        else
+            wanted.paths.emplace_back(word);
     }
-    for (const auto& [kind, number] : kinds)
-        std::printf("%-16s %u\n", kind.c_str(), number);
-    return kinds.empty() || slow ? 1 : 0;
+    if (wanted.target == nullptr) {
+        std::fprintf(stderr, "replay TARGET [--mutations N] [--seed S] [--write FOLDER] [FILE|FOLDER...]; --list\n");
+        return 2;
+    }
+    if (__sanitizer_set_death_callback != nullptr)
+        __sanitizer_set_death_callback(TellWork);
+    std::signal(SIGABRT, OnAbort);
+    return wanted.folder.empty() ? RunAll(wanted) : WriteSeeds(wanted);
 }
