@@ -4,6 +4,7 @@
 #include "write/AppIdPatch.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace sm::drawing {
 
@@ -44,16 +45,21 @@ std::string LineEndAtFileEnd(const Model& model, const Slice& root)
     return open && model.source.format == TagFormat::Ascii ? StyleOf(model).lineEnd : std::string();
 }
 
-void PatchRecord(const Model& model, const std::string& application, const std::vector<XDataItem>& items,
-                 std::vector<Edit>& edits)
+/// `lineEnd`: what the first record behind all others begins with, where the line before it stays and has no end.
+void PatchRecord(const Model& model, std::vector<Edit> ranges, const std::vector<XDataItem>& items,
+                 std::string& lineEnd, std::vector<Edit>& edits)
 {
-    std::vector<Edit> ranges = RangesOf(model, application);
     if (ranges.empty()) {
         const Slice& root = model.dictionaries.front().slice;
-        ranges.push_back({root.begin + root.length, 0, LineEndAtFileEnd(model, root)});
+        ranges.push_back({root.begin + root.length, 0, std::exchange(lineEnd, {})});
     }
     ranges.front().bytes += RecordBytes(model, items);
     edits.insert(edits.end(), ranges.begin(), ranges.end());
+}
+
+bool ReachesFileEnd(const Model& model, const std::vector<Edit>& ranges)
+{
+    return !ranges.empty() && ranges.back().at + ranges.back().removed == model.source.File().size();
 }
 
 } // namespace
@@ -87,10 +93,17 @@ std::vector<XDataItem> StoredRecord(const Model& model, const std::string& appli
 std::vector<Edit> PatchRecords(const Model& model, const RecordChanges& changes)
 {
     RequireRoot(model);
+    std::map<std::string, std::vector<Edit>> ranges;
+    std::string lineEnd = LineEndAtFileEnd(model, model.dictionaries.front().slice);
+    for (const auto& [application, items] : changes) {
+        ranges[application] = RangesOf(model, application);
+        if (ReachesFileEnd(model, ranges[application]))
+            lineEnd.clear(); // the line goes
+    }
     std::vector<Edit> edits;
     std::vector<std::string> applications;
     for (const auto& [application, items] : changes) {
-        PatchRecord(model, application, items, edits);
+        PatchRecord(model, std::move(ranges[application]), items, lineEnd, edits);
         if (!items.empty())
             applications.push_back(application);
     }

@@ -153,6 +153,30 @@ TEST(Records, AreWrittenInTheFilesOwnNumberLayout)
               Replaced(before, "330\n0\n", "330\n0\n1001\nTWSM\n1070\n     7\n1071\n        8\n1000\n9\n"));
 }
 
+TEST(Records, StandOnTheirOwnLinesBehindAFileThatIsCutOff)
+{
+    const std::string begin =
+        "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nAPPID\n70\n1\n0\nAPPID\n2\nA\n0\nAPPID\n2\nB\n0\nENDTAB\n0\n"
+        "ENDSEC\n0\nSECTION\n2\nOBJECTS\n0\nDICTIONARY\n5\nC\n330\n0\n";
+    const std::string fresh = "1001\nA\n1000\n1\n1001\nB\n1000\n2\n";
+    struct Row {
+        const char* name;
+        bool removes;
+        std::string after;
+    };
+    for (const Row& row : {Row{"the last line goes", true, begin + fresh},
+                           Row{"the last line stays", false, begin + "1001\nTWSM\n1000\nold\n" + fresh}}) {
+        const TempFolder folder;
+        const auto drawing = Drawing::Open(folder.Write("plan.dxf", begin + "1001\nTWSM\n1000\nold"));
+        drawing->SetRecord("A", {{1000, "1"}});
+        drawing->SetRecord("B", {{1000, "2"}});
+        if (row.removes)
+            drawing->SetRecord("TWSM", {});
+        drawing->Save(false);
+        EXPECT_EQ(folder.Read("plan.dxf"), row.after) << row.name;
+    }
+}
+
 TEST(Records, KeepControlCharactersAndLongTexts)
 {
     const std::string text = "line 1\nline 2\r\ttab ^ caret " + std::string(1000, 'x') + " end ";
