@@ -81,6 +81,21 @@ TEST(ShapeFont, LettersEndWhereTheirPenStops)
     }
 }
 
+TEST(StrokeFont, LettersThatCopyThemselvesEnd)
+{
+    std::string text = "[41] A\n0,0;3,9\n";
+    for (int i = 0; i < 40; ++i) {
+        text += "C41\n"; // followed four deep, 40 to the fifth strokes
+    }
+    const auto font = StrokeFont::FromText(text);
+    ASSERT_NE(font, nullptr);
+    const StrokeGlyph* glyph = font->Find(U'A');
+    ASSERT_NE(glyph, nullptr);
+    constexpr std::size_t kMostRead = 200'000, kLine = 9; // bytes
+    EXPECT_GT(glyph->path.points.size(), 2U);
+    EXPECT_LE(glyph->path.points.size(), 2 * kMostRead / kLine);
+}
+
 TEST(ShapeFont, ShapesThatAreNoLettersAreNoFont)
 {
     EXPECT_EQ(StrokeFont::FromShapes(nullptr), nullptr);

@@ -9,8 +9,9 @@ namespace sm::render {
 
 namespace {
 
-constexpr int kDeepestCopy = 4;    // characters made of others
-constexpr double kLargest = 10000; // coordinates beyond are damage
+constexpr int kDeepestCopy = 4;            // characters made of others
+constexpr std::size_t kMostRead = 200'000; // bytes for one character, copies counted each time
+constexpr double kLargest = 10000;         // coordinates beyond are damage
 
 std::string_view TakeLine(std::string_view& text)
 {
@@ -147,10 +148,14 @@ void StrokeFont::ReadHead(std::string_view line)
     }
 }
 
-void StrokeFont::ReadSection(std::string_view section, StrokeGlyph& glyph, int depth) const
+void StrokeFont::ReadSection(std::string_view section, StrokeGlyph& glyph, int depth, std::size_t& read) const
 {
     while (!section.empty()) {
         const std::string_view line = TakeLine(section);
+        read += line.size() + 1;
+        if (read > kMostRead) {
+            return;
+        }
         if (!line.starts_with("C")) {
             ReadPolyline(line, glyph.path);
             continue;
@@ -158,7 +163,7 @@ void StrokeFont::ReadSection(std::string_view section, StrokeGlyph& glyph, int d
         const auto character = Hex(line.substr(1));
         const auto other = character ? m_sections.find(*character) : m_sections.end();
         if (other != m_sections.end() && depth < kDeepestCopy) {
-            ReadSection(other->second, glyph, depth + 1);
+            ReadSection(other->second, glyph, depth + 1, read);
         }
     }
 }

@@ -107,7 +107,8 @@ const StrokeGlyph* StrokeFont::Find(char32_t character) const
     }
     StrokeGlyph& glyph = m_glyphs[character];
     if (section != m_sections.end()) {
-        ReadSection(section->second, glyph, 0);
+        std::size_t read = 0;
+        ReadSection(section->second, glyph, 0, read);
     }
     SetWidth(character, glyph);
     for (Vec2& point : glyph.path.points) {

@@ -72,7 +72,7 @@ private:
     [[nodiscard]] std::array<std::uint16_t, 2> NumbersOf(char32_t character) const;
     const StrokeGlyph* FindShape(char32_t character) const;
     void ReadHead(std::string_view line);
-    void ReadSection(std::string_view section, StrokeGlyph& glyph, int depth) const;
+    void ReadSection(std::string_view section, StrokeGlyph& glyph, int depth, std::size_t& read) const;
     void SetWidth(char32_t character, StrokeGlyph& glyph) const;
 
     std::string m_name = "strokes", m_text;
