@@ -1,4 +1,4 @@
-// Runs a target over its seeds, files and seeded changes of them, with any compiler.
+// Runs a target over its seeds, seeded changes of them, and files, with any compiler.
 //
 //     replay TARGET [--mutations N] [--seed S] [FILE|FOLDER...]
 //     replay --list                        the targets and their longest inputs
@@ -8,6 +8,7 @@
 #include "fuzz/Mutator.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
@@ -22,6 +23,12 @@
 extern "C" {
 /// The sanitizers call it back before they end the process; not there without them.
 __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
+/// What fontconfig keeps when it is started isn't ours.
+const char* __lsan_default_suppressions();
+const char* __lsan_default_suppressions()
+{
+    return "leak:libfontconfig\n";
+}
 }
 
 namespace {
@@ -41,11 +48,11 @@ struct Wanted {
     std::vector<fs::path> paths;
 };
 
-/// What is at work, for who looks at the end of the process.
-std::string g_atWork; // NOLINT: a signal handler has no other place to look
+/// What is at work, for who looks at the end of the process; outlives all objects.
+std::array<char, 1000> g_atWork{}; // NOLINT: a signal handler has no other place to look
 void TellWork()
 {
-    std::fprintf(stderr, "ended in: %s\n", g_atWork.c_str());
+    std::fprintf(stderr, "ended in: %s\n", g_atWork.data());
 }
 void OnAbort(int)
 {
@@ -77,7 +84,7 @@ public:
 
     void Run(const std::string& input, const std::string& name)
     {
-        g_atWork = name;
+        std::snprintf(g_atWork.data(), g_atWork.size(), "%s", name.c_str());
         const auto begin = std::chrono::steady_clock::now();
         m_target.run(input);
         const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
@@ -104,13 +111,12 @@ private:
 int RunAll(const Wanted& wanted)
 {
     Replay replay(*wanted.target);
-    std::vector<std::string> inputs = wanted.target->seeds();
+    const std::vector<std::string> inputs = wanted.target->seeds();
     for (std::size_t i = 0; i < inputs.size(); ++i)
         replay.Run(inputs[i], "seed " + std::to_string(i));
     for (const fs::path& path : FilesOf(wanted.paths)) {
         std::ifstream stream(path, std::ios::binary);
-        inputs.emplace_back(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
-        replay.Run(inputs.back(), path.string());
+        replay.Run({std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()}, path.string());
     }
     for (unsigned i = 0; i < wanted.mutations; ++i) {
         const std::uint64_t seed = wanted.seed + i;

@@ -106,7 +106,7 @@ void FuzzPaths(std::string_view input)
         Fail("nothing in the folders of the system is found");
     if (!found.empty() && !std::filesystem::is_regular_file(found))
         Fail("what is found is a regular file");
-    if (input.size() % 4 == 0) // a drawing takes a hundred times as long as a name
+    if (input.size() % 16 == 0) // a drawing takes a hundred times as long as a name
         try {
             ShowReferences(name);
         } catch (const drawing::DrawingError& error) {
