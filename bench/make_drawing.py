@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes a synthetic drawing: 60 % lines, 25 % polylines of eight points, 15 % text, on twenty layers.
 
     make_drawing.py COUNT PATH      COUNT entities, the same for the same COUNT

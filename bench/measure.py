@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Runs a command and says what it took: wall and CPU seconds, memory of its largest process and of all together."""
 import os
 import subprocess

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Opens drawings and says what that took of the processor: the best of some rounds, and the middle one. All drawings
 // are opened in each round, one after the other, so that what else the machine does falls on all of them.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How fluent the drawing window is: milliseconds for a layout's first picture, and for steps of panning and zooming.
 //
 //     panning DRAWING...      one line each, of the model; needs no screen

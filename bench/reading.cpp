@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads drawings to their complete models, every entity's own data included, and says how long that took.
 //
 //     build/release/bench/reading DRAWING...       one line each: entities, values, seconds

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How much of a conversion on Windows is ours, and how much the host's and the publishing library's: 1,000 conversions
 // of the tests' drawing, host and library reached over COM. The test host answers from memory, so that a real host's
 // share is larger by far.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Writes a source that tells the commit of the source tree, only when it has changed; none where there is no repository,
 # as in a source archive.
 #   cmake -DSOURCE=<folder> -DOUTPUT=<file> -P Commit.cmake

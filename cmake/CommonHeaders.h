@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What most sources include, read once a target. Every source names what it uses all the same.
 #include <algorithm>
 #include <array>

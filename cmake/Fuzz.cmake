@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The rooms that read what comes from outside, and what fuzzes them; nothing else. Shared libraries alone.
 set(SM_STATIC OFF)
 find_package(PkgConfig REQUIRED)

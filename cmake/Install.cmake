@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What "cmake --install" puts where, by component:
 #   program, windows-program, share, desktop, docs, man, completions; copyright, windows-copyright: for the packages alone
 # The program finds its share folder from its own place: bin/../share/sheetmaker-pdf.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The libraries of the machine: lib_<name> for each. A program whose property SM_STATIC_LIBRARIES is set takes them
 # from static archives where the machine has them all: loading thirty shared libraries takes longer than a small
 # drawing. All others (tests, the program with the windows, whose toolkit brings some of them along) take shared ones.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 if(NOT SM_MACHINE)
     set(SM_MACHINE x86_64)
 endif()

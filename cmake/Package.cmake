@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The Debian packages: cpack -G DEB --config build/release/CPackConfig.cmake
 #   sheetmaker-pdf           the command line's program and its data
 #   sheetmaker-pdf-windows   the windows, with the toolkit that they need

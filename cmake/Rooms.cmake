@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The headers of the standard library that most sources include are read once a target. The sanitizers' build goes
 # without, so that a source that lacks an include is found; so does a room of few sources, which wouldn't win back
 # what reading them apart takes.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The plug-in and its tests on scripted hosts, built for the machine at hand with nothing but a compiler.
 add_plugin()
 set(INSTALL_GTEST OFF)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The program of the command line for Windows: one file that asks nothing but the system's own libraries of the machine.
 # Its own libraries are static ones, which packaging/windows/build-libraries puts into SM_WINDOWS_LIBRARIES.
 list(APPEND CMAKE_FIND_ROOT_PATH ${SM_WINDOWS_LIBRARIES})

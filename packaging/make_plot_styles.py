@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Makes the plot style tables that are shipped.
 
     make_plot_styles.py FOLDER        writes them into FOLDER (share/sheetmaker-pdf/PlotStyles)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Stands for the library of ciphers where the PDF library is linked statically: of the ten functions that it calls, the
 // digest of object keys and file identifiers is made here; the others load the real one when the first of them is
 // called, for encrypted files only. Loading it with its eight libraries takes longer than drawing a small sheet.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The ANSI code page of western Windows (1252), which text in drawings and stamps is measured by.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How a message box is answered when there is nobody to ask: by the answer that loses nothing.
 #pragma once
 

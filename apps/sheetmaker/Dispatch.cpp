@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "Dispatch.h"
 
 #include "commandline/CommandLine.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From the words of the command line to the exit code.
 #pragma once
 

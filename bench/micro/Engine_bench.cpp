@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading and plotting of synthetic drawings, part by part.
 //
 //     build/release/bench/micro DRAWING...        (bench/make_drawing.py makes some)

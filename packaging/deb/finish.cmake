@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Run by cpack once the files of a package lie in place: adds the list of what the program is made of, and compresses what
 # Debian wants compressed, without the time, so that the same files give the same package.
 file(GLOB_RECURSE programs ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/sheetmaker

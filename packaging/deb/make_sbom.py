@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes what the packaged program is made of, as SPDX 2.3 in JSON.
 
     make_sbom.py BUILD VERSION OUTPUT

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // File attachments and signature fields of a sheet.
 #pragma once
 

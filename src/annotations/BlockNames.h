@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The names under which block attributes become document properties.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The walk over a sheet's entities that finds hyperlinks and block attributes.
 #pragma once
 

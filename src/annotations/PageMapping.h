@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How drawing coordinates of a layout land on its PDF page.
 #pragma once
 

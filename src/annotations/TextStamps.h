@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The text stamp of a sheet and the macros in its text.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "annotations/mdlAcadPdfMarks.h"
 
 #include "annotations/Attachments.h"

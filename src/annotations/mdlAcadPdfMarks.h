@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The annotation pass of one sheet: stamp, attachments, signature fields, hyperlinks and block attributes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How a native document gets its drawing.
 #include "hostobjects/cAcadPageSetup.h"
 #include "hostobjects/cNativeDoc.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A page setup record behind the page setup interface, and back.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One page setup, bound to a drawing's own or to the user's global one.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The five transfer switches as an edit buffer over the per-user settings.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The job options sets that lie in the settings folder.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which layouts a run converts.
 #include "plotting/mdlAcadPrinting.h"
 

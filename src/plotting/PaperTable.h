@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The paper sizes that the suite's PC3 files offer.
 #pragma once
 

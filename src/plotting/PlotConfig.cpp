@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The order of the steps, plot options and style sheet.
 #include "plotting/PlotConfig.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes a page setup record onto a layout, checking on the way that the host can honour it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Window, view, plot type, origin and scale of a plot configuration.
 #include "plotting/PlotConfig.h"
 

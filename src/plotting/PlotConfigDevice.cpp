@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Plotter and medium of a plot configuration.
 #include "plotting/PlotConfig.h"
 

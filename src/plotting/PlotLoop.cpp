@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The order of the steps, and what stands before the plot.
 #include "plotting/PlotLoop.h"
 

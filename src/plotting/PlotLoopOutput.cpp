@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The plot itself, the page in the publishing document, and the two exits.
 #include "annotations/mdlAcadPdfMarks.h"
 #include "hostobjects/cAcadTransferSettings.h"

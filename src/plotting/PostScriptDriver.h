@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The CAD host's PostScript driver, the PC3 file to plot with, and the plotter folder that is switched for a plot.
 //
 // Nothing here throws.

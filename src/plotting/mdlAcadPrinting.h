@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From layouts to PostScript in the publishing document: which layouts, and one call per layout.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The three named policies for a failing host or library call. There is no bare `try` elsewhere in the plug-in.
 #pragma once
 

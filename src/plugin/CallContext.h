@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What one call of the plug-in works on: the host, the drawing, the open log. Set for the call and cleared after it.
 #pragma once
 

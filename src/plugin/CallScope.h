@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The life of one call's context: host, drawing and open log, put back when the scope ends.
 #pragma once
 

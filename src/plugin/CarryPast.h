@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Carrying on past a failing call with the run's observer told of it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The conversion driver: the active drawing becomes one PDF file.
 #pragma once
 

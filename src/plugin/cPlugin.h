@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The plug-in object: what the suite's front end creates and drives.
 #pragma once
 

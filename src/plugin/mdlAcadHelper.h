@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Host validation and the conversion log: the services that every module leans on.
 #pragma once
 

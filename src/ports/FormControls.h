@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a form is made of, as a toolkit sees it: one table of controls, each with what is fixed and what may change.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The one exception that crosses the host and library ports.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The CAD host's application object and its preferences.
 //
 // Every operation may throw HostError.

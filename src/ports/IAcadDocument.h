@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A drawing, and the small objects it hands out.
 //
 // Every operation may throw HostError; a failing call changes nothing.

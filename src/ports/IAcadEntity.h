@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Entities, block references, attributes, hyperlinks and the blocks that hold them.
 //
 // Every operation of this port may throw HostError. References are shared and never null unless a comment says so.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A layout with its plot configuration, and the collection of layouts.
 //
 // Every operation may throw HostError; a failing read leaves its out-parameters alone. Lengths are millimetres

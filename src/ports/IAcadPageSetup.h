@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The interface by which the publishing library reads and edits one page setup. No operation throws.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The interface by which the front end edits the five transfer switches. No operation throws.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the user sees outside forms: message boxes, file and colour dialogs, opening documents, help.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Folder and file tests and listings. No operation throws.
 #pragma once
 

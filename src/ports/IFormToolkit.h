@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The toolkit that shows forms. A form is a table of controls with handlers behind it; the toolkit draws any form from
 // the table, tells it what the user does, and holds no rule of any form.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The interface by which the suite's front end drives one drawing, sheet by sheet. No operation throws.
 #pragma once
 

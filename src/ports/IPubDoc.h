@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The publishing library: the document that collects PostScript files and marks, and the conversion log.
 //
 // A status below 0 is a failure that `LastErrorText` explains. Any operation may throw HostError.

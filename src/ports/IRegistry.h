@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The registry: keys and typed values under two roots.
 //
 // No operation throws; each reports failure by its result. Key paths use "\" and, like value names, ignore letter case.

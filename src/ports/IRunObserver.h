@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Tells what a run is doing, as it happens. It has no effect on the run and never throws.
 #pragma once
 

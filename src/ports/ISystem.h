@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Facts of the machine and the session: locale, clock, the component itself. No operation throws.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Local date and time, as clock, locale and document summary pass it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the numbers mean that the automation model, the drawings' files and records and the stored settings share.
 #pragma once
 

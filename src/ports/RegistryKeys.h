@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The product's keys below both roots of the registry.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Everything the plug-in asks of the place it lives in, in one bundle. Who uses a port includes its header.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small tools that the readers and writers of the drawing records share.
 #pragma once
 

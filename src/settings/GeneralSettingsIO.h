@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The groups of per-user settings that are read and written together. Nothing here throws.
 #pragma once
 

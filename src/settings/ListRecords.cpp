@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/IAcadDocument.h"
 #include "settings/DrawingValues.h"
 #include "settings/mdlDataKegIO.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The 26 stored values of a page setup, in the order that the registry and the "Plots" record share.
 #pragma once
 

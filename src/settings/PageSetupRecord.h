@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The plain page setup record that the page setup object, the plot loop and the drawing records share.
 #pragma once
 

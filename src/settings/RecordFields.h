@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fields of a record by name, in the order in which drawings keep their values.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/IRunObserver.h"
 #include "settings/mdlUtilities.h"
 #include "settings/mdlWinReg.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The per-user settings, each declared here once: the dialog, the command line with its help, "get", "set" and "list",
 // a run's overlay and the records' defaults all read this table.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a text stamp may be made of, as the dialog offers it and the command line takes it.
 #pragma once
 

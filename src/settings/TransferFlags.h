@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The five switches that say which annotations of a drawing go into the PDF.
 #pragma once
 

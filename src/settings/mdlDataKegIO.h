@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The records that the plug-in keeps in each drawing, and the settings bundle built from them. Nothing here throws.
 #pragma once
 

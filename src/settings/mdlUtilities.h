@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small text and number utilities: the one lenient number reader, the one number writer, rounding, paths.
 #pragma once
 

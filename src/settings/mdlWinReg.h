@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The registry settings store. Failing registry calls are passed over: a missing value reads as its default; a failed
 // write is lost, and the observer is told. Nothing here throws.
 #pragma once

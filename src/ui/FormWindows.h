@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The windows that lower floors open, as forms on a toolkit.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The three small dialogs that let the user repair a setting by choosing from a list.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The dialog in which a stamp text is written, macros and all.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/frmPageSetup.h"
 
 #include "ui/settings/PageSetupTable.h"

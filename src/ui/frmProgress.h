@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window that is up while the drawing is scanned for hyperlinks and block attributes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The routine that shows the settings dialog: load, show, pick, save.
 #include "ui/mdlGUITap.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings dialog from the outside: the routine that shows it, and the routines that carry values between the
 // records and the tabs.
 #pragma once

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Attaches files of many sizes and places, converts, and reads them back with a tool that isn't ours.
 
     attachments.py PROGRAM

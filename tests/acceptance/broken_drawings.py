@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Converts damaged and foreign files and checks how the program answers.
 
     broken_drawings.py PROGRAM [FOLDER]

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Boundaries of references inside one another: each row draws and looks."""
 import pdf_tools
 from plot_rows import POINTS, sheet

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Faults of plotting programs on text, hatches, pictures, colours and files: each row draws and looks at the pages."""
 import filecmp
 import math

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Converts every DXF drawing of a folder (its "broken" part aside) and checks the PDFs with tools that aren't ours.
 
     convert_drawings.py PROGRAM FOLDER [PATTERN]

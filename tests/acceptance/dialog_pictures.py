@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Shows every window of the program on a display of its own, at the font size given, and keeps pictures of them.
 
     dialog_pictures.py PROGRAM SAMPLES OUTPUT DPI

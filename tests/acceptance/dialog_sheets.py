@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Walks round the settings dialog's own neighbours: layouts in the drawing window and beside the form, and the end of a run."""
 import os
 

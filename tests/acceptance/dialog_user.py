@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What a user does in the settings dialog, step by step, with mouse and keyboard on a screen of its own."""
 import os
 import time

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Walks through the windows with mouse and keyboard on a display of their own, and lets other tools say what came of it.
 
     dialog_walks.py PROGRAM SAMPLES [OUTPUT]

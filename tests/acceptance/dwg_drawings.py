@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Converts the DWG drawings of a folder, twenty damaged ones made from them, and twins that are there as DXF too.
 
     dwg_drawings.py PROGRAM FOLDER

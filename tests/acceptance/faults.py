@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Lets one step of the surrounding system fail at a time and checks how the program answers.
 
     faults.py PROGRAM

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Every visible text of a drawing is found in its PDF, word for word and in reading order.
 
     find_texts.py PROGRAM FOLDER [PATTERN]

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Drawings that name one file each, by every way in which a drawing names files, and the places that names lead to."""
 import os
 import socket

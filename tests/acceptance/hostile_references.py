@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Drawings that name what they shouldn't: devices, pipes, commands, files of others. Nothing but what is named is read.
 
     hostile_references.py PROGRAM [ROW]     ROW: a part of the rows' titles

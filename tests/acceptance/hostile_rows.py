@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The rows of hostile_references.py: what is named, how the run ends, what it says, and which files it may read."""
 import collections
 

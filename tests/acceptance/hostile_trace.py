@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What a run did to the machine's files, as strace saw it: each process that it started, each file that it opened or changed."""
 import codecs
 import glob

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Kills the program at random moments: every file is then the old one or the whole new one, and the next run is clean.
 
     kills.py PROGRAM [--count N] [--first I] [--seed S] [--jobs N]

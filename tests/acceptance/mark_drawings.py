@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Drawings whose marks are checked: made with ezdxf, saved as DXF."""
 import collections
 

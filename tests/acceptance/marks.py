@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Marks drawings from the shell, converts them, and lets other tools say what the PDFs hold.
 
     marks.py PROGRAM SAMPLES

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Which sheet a layout should come out on, worked out from the drawing file by another reader (ezdxf)."""
 from ezdxf import DXFError, recover
 

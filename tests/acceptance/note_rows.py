@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Faults of plotting programs on dimensions, attributes, texts and fonts that few drawings hold: each row draws and looks."""
 import ole_object
 import pdf_tools

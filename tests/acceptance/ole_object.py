@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """An object of another program as drawings hold it: a compound file with a metafile as its presentation."""
 import struct
 

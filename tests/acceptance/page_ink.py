@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What a page shows, shape by shape, as `mutool trace` reads it. Lengths in points, y upwards from the page's lower edge."""
 import collections
 import re

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Faults of plotting programs on what part of a drawing is plotted and where: each row draws and looks at the pages."""
 import json
 import math

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A display that nobody sees, and a user who answers every window of the program with Return."""
 import os
 import shutil

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What a PDF is beside its pages: fonts, identifier, passwords, language, attachments, title.
 
     pdf_form.py PROGRAM

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Layers of a drawing as layers of the PDF, read back by other tools.
 
     pdf_layers.py PROGRAM SHARE

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What other people's tools say of a PDF: texts, annotations, fields, ink."""
 import collections
 import html

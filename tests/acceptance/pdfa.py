@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """PDF/A as the program makes it, held against the rules of pdfa_rules.py, and each rule against a file that breaks it.
 
     pdfa.py PROGRAM

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Rules of PDF/A-2b and 3b, each with its clause, over what qpdf says a file holds.
 
 These are rules of our own reading, not a validator: a file that passes keeps to those listed here. Clauses are those of

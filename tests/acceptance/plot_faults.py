@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Tries the faults that plotting programs are known for, each on a drawing of its own, and looks at the PDF.
 
     plot_faults.py PROGRAM [ROW...]

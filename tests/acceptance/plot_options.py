@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Plots with the options that change a page setup for one run, and edits a drawing's own page setup without a screen.
 
     plot_options.py PROGRAM

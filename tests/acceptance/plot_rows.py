@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Faults of plotting programs on paper, scale, viewports, layers and line types: each row draws and looks at the pages."""
 import math
 

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Plot style tables, from the drawing to the PDF's content stream.
 
     plot_styles.py PROGRAM SHARE [FOLDER]     FOLDER: more tables (ctbtest.ctb, stbtest.stb)

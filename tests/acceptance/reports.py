@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Runs the program as those do who gather what many runs told: merged reports, logs of many places.
 
     reports.py PROGRAM

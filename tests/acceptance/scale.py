@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Lines of the model, seen through the viewports of sheets: where their ends are on the page, and how long they are.
 
     scale.py PROGRAM DRAWING_OR_FOLDER...

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A screen of its own for programs with windows: a virtual display, a session bus, and a user with a mouse and a keyboard
 who finds the controls by what a screen reader says of them. Every click and every key goes through the display server.
 """

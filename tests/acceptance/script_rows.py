@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Scripts that run from right to left or that are shaped: each row draws and looks."""
 import os
 import struct

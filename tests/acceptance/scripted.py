@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Runs the program as scripts do: lists, standard streams, updates, reports by line, logs elsewhere, quiet and verbose.
 
     scripted.py PROGRAM

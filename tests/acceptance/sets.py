@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Sets of sheets: contents pages, what stands there, where its lines lead, in which fonts; drawings that end their process.
 
     sets.py PROGRAM

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Copies the program out of its tree and checks that everything it does takes the same share folder.
 
     share_folder.py PROGRAM

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Private places for rows that run the program, and their count."""
 import os
 import shutil

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Saves over files that plots are made with: fonts, plot style tables, job options and so on are refused as targets, by name.
 
     support_targets.py PROGRAM

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Saves over files that a drawing uses, and over each other's changes: nothing may be lost, and the message names the file.
 
     targets.py PROGRAM

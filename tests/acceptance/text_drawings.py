@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Small drawings of our own for find_texts.py: each with the texts that its PDF must give back."""
 import os
 

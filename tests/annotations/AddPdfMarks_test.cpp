@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole pass over one sheet: order, log, error exits, and every call failing once and onwards.
 #include "annotations/MarkHouse.h"
 #include "doubles/LaidDownTexts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sections of file attachments and signature fields.
 #include "annotations/Attachments.h"
 #include "annotations/MarkHouse.h"

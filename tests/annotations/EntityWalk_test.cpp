@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Hyperlinks and block attributes of a sheet.
 #include "annotations/EntityWalk.h"
 #include "annotations/MarkHouse.h"

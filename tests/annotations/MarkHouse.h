@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The doubles, with an annotation pass ready to run on the sheet "Ground" at 72 points to the drawing unit's inch.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where drawing coordinates land on the page, for every plot type, unit, origin and margin.
 #include "annotations/MarkHouse.h"
 

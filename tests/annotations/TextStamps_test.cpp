@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Stamp macros, and the stamp section.
 #include "annotations/MarkHouse.h"
 #include "annotations/TextStamps.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Calls of the operating system that write files, any one of which a test can make fail, ours and our libraries' alike.
 #pragma once
 

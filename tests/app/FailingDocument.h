@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The embedded host's application and document, with calls that can be made to fail.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A machine of its own for one test: home, share folder, stand-ins for the tools.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "settings" and "page-setup" on a sample, with a user who follows a script: the real host, the real settings file and
 // the real drawing, and a toolkit without a screen.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small drawings for tests, written tag by tag (ASCII DXF, R2000).
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A host over drawings that a test writes into a folder of its own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A layout of a small drawing, and its answers as text.
 #pragma once
 

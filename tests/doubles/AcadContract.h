@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What every CAD host keeps of the automation ports, written once: the embedded host, the scripted one, and any other
 // run the same tests.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tape that the scripted doubles share: every call is written down, and any call can be made to fail.
 #pragma once
 

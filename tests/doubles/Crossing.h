@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The way from the doubles to the plug-in. Tests that hand out a double's object through here run unchanged where it
 // reaches the plug-in by another road, such as automation.
 #pragma once

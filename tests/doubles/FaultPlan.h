@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // When the calls of a double are made to fail.
 #pragma once
 

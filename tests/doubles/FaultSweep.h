@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sweep that makes every call of an operation fail in turn, and what must hold after each run.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Locale, clock and component with facts that a test sets. The initial values are those of an English Windows.
 #pragma once
 

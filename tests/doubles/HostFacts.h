@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the scripted host holds: a drawing session as plain structs that a test fills and looks at.
 #pragma once
 

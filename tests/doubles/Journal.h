@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every call that the doubles of a program were asked for, test by test, in a file: two runs of the same tests by
 // different roads are compared line by line.
 #pragma once

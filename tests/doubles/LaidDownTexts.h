@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The check that every laid-down log line and message of a room is really produced by its tests.
 #pragma once
 

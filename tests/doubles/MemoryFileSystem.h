@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A file system in memory, a wrapper that only forwards and one whose calls fail by plan.
 #pragma once
 

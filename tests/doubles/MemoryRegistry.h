@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A registry in memory, with the platform's rules on letter case, types and byte counts.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every log line and message that the doubles of this program have been handed, whoever looked at it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A publishing library that writes down what it is asked and answers from a script.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads and writes of whole values, as the plug-in does them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What every registry keeps, whatever it stands on. Included by one test source of each program that has registries:
 //
 //     INSTANTIATE_TEST_SUITE_P(, RegistryContract, testing::ValuesIn(kKinds), NameOfRegistryKind);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Wrappers round any registry: one that only forwards, one whose calls fail by plan.
 #pragma once
 

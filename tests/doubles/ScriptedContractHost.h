@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The scripted host as the contract of the automation ports wants it.
 #pragma once
 

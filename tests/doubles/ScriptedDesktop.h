@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A desktop whose user answers from a script, and the windows and observer that go with it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The drawing, its collections and its small objects.
 #include "doubles/ScriptedHost.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Blocks, entities, attributes and hyperlinks.
 #include "doubles/ScriptedHost.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A CAD host over plain structs: records every call and can fail any of them.
 //
 //     ScriptedHost host;

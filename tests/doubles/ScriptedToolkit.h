@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A toolkit without a screen: whenever a form is shown, a script plays its user, by the names of the controls.
 //
 //     toolkit.When("frmAttach", [](FormDriver& user) { user.Type("txtAttachFile", "C:\\a.txt"); user.Click("btnOK");

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A fixture for the rooms below the plug-in object: memory registry and files, fixed system, scripted host, mocked
 // windows, and a context on all of it.
 #pragma once

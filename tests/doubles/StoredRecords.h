@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // SettingsStand with one open drawing, whose records a test stores and looks at as plain values.
 #pragma once
 

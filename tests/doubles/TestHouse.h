@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every double wired into one set of surroundings, with a machine on which a conversion succeeds: release chain, help
 // file, settings folder, PC3 folder, a driver, and a drawing with a model tab and two sheets.
 #pragma once

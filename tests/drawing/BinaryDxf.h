@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Turns DXF text into its binary form, for tests.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A folder of its own for a test, and a limit on the size of files.
 #pragma once
 

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Makes the allocations of a small conversion fail in turn.
 
     allocations.py PROGRAM LIBRARY [--first N] [--spread N]

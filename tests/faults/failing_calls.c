@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 /* Loaded before the C library: the n-th system call of chosen kinds fails, in whatever process of a run it comes.
  *
  * SM_FAULT_COUNT  file of 8 bytes: how many such calls there were, all processes together

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Makes the system calls of each verb fail in turn, and looks at what is left.
 
     system_faults.py PROGRAM LIBRARY [--share N]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // DWG files around any bytes: containers and checksums are right, so that what stands inside them is met.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Inputs of the target "dwg": the readers of DWG files and all that stands on them in the room of drawings.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // libFuzzer's side of the targets: $FUZZ_TARGET names the one that a process runs.
 #include "fuzz/Mutator.h"
 

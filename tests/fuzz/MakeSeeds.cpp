@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes what a fuzzer begins with: small files that the tests' writers make and, from drawings that are given to it,
 // inputs with a few objects of each type. What comes from drawings of other people is never committed.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Changes inputs: the same seed makes the same changes, on every machine.
 #pragma once
 

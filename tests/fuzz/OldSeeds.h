@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files of R9 to R12 that a fuzzer begins with.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs a target over its seeds, seeded changes of them, and files, with any compiler.
 //
 //     replay TARGET [--mutations N] [--seed S] [FILE|FOLDER...]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is fuzzed: readers of what comes from outside, each behind one function.
 #pragma once
 

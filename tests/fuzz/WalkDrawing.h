@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Asks a drawing for everything that it decodes only when it is asked.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One drawing as a native document: the three ways to get it, its operations and facts, and every call failing.
 #include "doubles/FaultSweep.h"
 #include "hostobjects/cNativeDoc.h"

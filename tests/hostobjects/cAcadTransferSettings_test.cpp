@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "hostobjects/cAcadTransferSettings.h"
 
 #include "doubles/SettingsStand.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Which room may include what, and that no files include each other in a circle anywhere.
 
 A room's public headers lie in adapters/<room>/include/<room>/ and are included as "<room>/Name.h" by everybody who may.

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Proves that the desktop learns of the program and forgets it again: the menu entry, the MIME package and the icon are
 valid for the tools of other makers, "Open with" finds the entry for DXF and DWG files, and --remove leaves none of our
 files behind. Everything happens in a folder of its own.

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Proves that the help has a place for each help context that the program uses, and none for any other: an anchor
 "c<number>" in index.html and a page in topics/ that leads there; that links inside the page lead somewhere; and that
 the page names each caption of the forms.

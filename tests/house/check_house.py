@@ -1,8 +1,10 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Proves the rules of the house: which folder may include what, headers that compile alone, no bare try in the plug-in,
 the operating system in its own rooms, file and function lengths, words that don't belong in the tree.
 
-    check_house.py RULE [--source DIR]      RULE: arrows headers policies lengths folders words platform settings format
+    check_house.py RULE [--source DIR]      RULE: arrows headers policies lengths folders words platform settings
+format licence
 """
 import argparse
 import collections
@@ -122,6 +124,13 @@ def check_words(source):
                 yield f"{name}:{number}: {line.strip()[:100]}"
 
 
+def check_licence(source):
+    """Every source says under which licence it is, in its first lines."""
+    for name in files(source, ["src", "adapters", "apps", "tests", "bench", "packaging", "fuzz", "cmake"], (".h", ".cpp", ".c", ".py", ".cmake")):
+        if not any("SPDX-License-Identifier: " in line for line in read(source, name).split("\n", 2)[:2]):
+            yield f"{name}: has no SPDX-License-Identifier"
+
+
 def check_folders(source):
     """A folder that nobody can take in at a glance gets walls."""
     counts = collections.Counter(os.path.dirname(name) for name in files(source, ["src", "adapters", "apps"], ("",)))
@@ -133,7 +142,7 @@ def check_folders(source):
 def main():
     rules = {"arrows": check_arrows, "headers": check_headers, "policies": check_policies, "lengths": check_lengths,
              "folders": check_folders, "words": check_words, "platform": check_platform, "settings": check_settings,
-             "format": check_format}
+             "format": check_format, "licence": check_licence}
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("rule", choices=rules)
     parser.add_argument("--source", default=os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", ".."))

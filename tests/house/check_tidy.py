@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Runs clang-tidy with the checks of .clang-tidy over the project's sources; every finding fails.
 
     check_tidy.py BUILD_FOLDER [--all | --share N] [FILE...]

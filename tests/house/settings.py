@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A setting is declared once: its name and its default text stand in the table of settings alone.
 
 Whoever needs one asks the table for it: SettingNamed("…") doesn't compile for a name that isn't there.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """What the rules of the house read: files, their text, their includes."""
 import os
 import re

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The operating system is known in a few rooms only, and paths are made from text in one place.
 
 Everything else must compile for another system as it stands: what it needs of the system it asks of base/.

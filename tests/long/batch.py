@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A day's work in one command: very many conversions of mixed drawings by one process, which must stay as it was.
 
     batch.py PROGRAM [--count 20000] [--jobs 2]

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Damages DWG files and checks how the program answers: built with the sanitizers, or what memory it takes.
 
     dwg_damage.py PROGRAM FOLDER [--share N] [--jobs N] [--memory] [--only TEXT] [--keep FOLDER]

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A night's work: many drawings in one command, killed and started again, broken ones and one that never ends among them.
 
     night.py PROGRAM SAMPLES [--count 5000] [--kills 6] [--seed 1]

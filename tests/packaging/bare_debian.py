@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A Debian system with nothing but its base, made once by debootstrap and copied for each use; needs root.
 
 Its mounts live in the name space of each process that runs in it and end with that, so that a folder is removed without harm.

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Makes the Debian packages, checks them with lintian, and installs them on a Debian system with nothing but its base, the
 program by the steps of the container's recipe.
 

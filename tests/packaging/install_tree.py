@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Installs the built tree by its components below a folder of its own and runs the program from there.
 
     install_tree.py BUILD SAMPLES

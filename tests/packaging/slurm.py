@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Starts a Slurm of its own on this machine and converts a list of drawings as an array of tasks, one of which is killed.
 
     slurm.py PROGRAM SAMPLES [--count 200] [--tasks 8]

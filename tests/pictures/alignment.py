@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Finds the size and the place at which one picture's ink lies best on another's.
 
 Cutting both to their ink brings them over each other only where the outermost ink is the same. Where one program leaves out

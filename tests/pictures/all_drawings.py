@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Every layout with content of every drawing, beside the picture that ezdxf makes of it; and what we leave out.
 
     all_drawings.py PROGRAM FOLDER OUT_FOLDER [PATTERN]

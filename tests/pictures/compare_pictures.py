@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Renders drawings with us and with ezdxf, lays the pictures side by side and says how much ink differs.
 
     compare_pictures.py PROGRAM OUT_FOLDER DRAWING...

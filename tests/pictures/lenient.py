@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Lets ezdxf read and draw what the DWG converter writes: places where ezdxf gives up a whole drawing for one wrong value."""
 import logging
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Why a page differs from ezdxf's picture by more than the share MOST of its ink; each pair was looked at.
 
 A page is named by its drawing and its layout, both as patterns; the first row that fits counts. A page above MOST without a

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Pictures that ezdxf makes of the layouts of a drawing, as a program of its own, so that it can be stopped.
 
     reference.py DRAWING.dxf FOLDER '["Layout1", ""]'

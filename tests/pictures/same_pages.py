@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Lays the pages of two builds side by side: equal byte for byte once uncompressed, but for the rows with a reason.
 
     same_pages.py BEFORE AFTER FOLDER [PATTERN]

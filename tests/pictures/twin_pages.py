@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Lays the pages of drawings side by side that a CAD program saved as DWG and as DXF: the same but for rows with a reason.
 
     twin_pages.py PROGRAM FOLDER [PATTERN]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A drawing of a few facts, for placing layouts without a file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The table of plot areas and where they land, for Place_test.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the PostScript canvas writes for a few calls.
 #pragma once
 

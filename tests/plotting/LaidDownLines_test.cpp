@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every text that the plot loop, the plot configuration and the plotter folder are to write or show.
 #include "doubles/LaidDownTexts.h"
 #include "doubles/ProducedTexts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // View, plot type, origin and scale of the plot configuration.
 #include "plotting/PlotConfigHouse.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A record on its way to the layout "Ground", for the tests of the plot configuration.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Order of the steps, plotter, medium and errors of the plot configuration.
 #include "plotting/PlotConfigHouse.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A publishing document and the sheet "Ground", for the tests of the plot of one layout.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The plot, the page in the publishing document and its annotations.
 #include "plotting/PlotLoopHouse.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which layout is plotted with which record, and what ends the call before the plot.
 #include "plotting/PlotLoopHouse.h"
 

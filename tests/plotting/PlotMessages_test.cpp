@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every message of the plot loop in full, and where silence keeps it back.
 #include "doubles/TestHouse.h"
 #include "plotting/mdlAcadPrinting.h"

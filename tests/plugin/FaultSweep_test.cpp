@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every host, library, registry and file call of the plug-in object's operations is made to fail.
 #include "doubles/FaultSweep.h"
 #include "plugin/cPlugin.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every text that the plug-in object, the driver and the host validation are to write or show.
 #include "doubles/LaidDownTexts.h"
 #include "doubles/ProducedTexts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One whole conversion of a drawing with two sheets, every log line and library call written out.
 #include "doubles/TestHouse.h"
 #include "plugin/cPlugin.h"

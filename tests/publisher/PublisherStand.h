@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the publisher's tests stand on: a folder of their own, a desktop that answers, small PostScript pages, and
 // tools that aren't ours to look at results.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One screen for the whole test program, which nobody sees.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A user before the real windows: presses and types by the names of the controls, with events as the window system
 // sends them.
 #pragma once

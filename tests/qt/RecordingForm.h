@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A form of any controls that keeps what its view reports, and carries it out as a form does unless told to refuse.
 #pragma once
 

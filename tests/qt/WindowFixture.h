@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A real drawing window on a screen that isn't there, driven by events.
 #pragma once
 

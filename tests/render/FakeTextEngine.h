@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A text engine without fonts: one run a text, each letter 0.6 em wide, no formatting read.
 #pragma once
 

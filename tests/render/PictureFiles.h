@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small picture files, made by the tests themselves.
 #pragma once
 

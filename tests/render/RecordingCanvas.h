@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A canvas that writes each call as one line of text:
 //
 //   begin 2A LINE Walls                      (only with marks)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small DXF files written inline, and what the front end makes of them.
 #pragma once
 

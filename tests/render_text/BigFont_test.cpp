@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Big fonts: characters of two bytes beside a stroke font.
 #include "TextFixture.h"
 #include "fonts/StrokeFont.h"

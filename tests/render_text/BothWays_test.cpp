@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Texts that run from right to left, alone and beside others.
 #include "TextFixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "TextFixture.h"
 #include "drawing/entities/Texts.h"
 

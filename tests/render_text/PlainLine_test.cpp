@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lines outside of any drawing.
 #include "TextFixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A drawing with a stroke style and a TrueType style, and an engine to lay its texts.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "doubles/SettingsStand.h"
 #include "settings/mdlDataKegIO.h"
 

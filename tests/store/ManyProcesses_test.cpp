@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Many processes on one settings file, one of them killed in the midst of its work.
 #include "TemporaryFolder.h"
 #include "doubles/RegistryAccess.h"

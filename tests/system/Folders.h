@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A folder for one test, gone with it, and an environment that a test spells out.
 #pragma once
 

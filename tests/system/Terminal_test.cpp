@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "MessageAnswers.h"
 #include "terminal/Console.h"
 #include "terminal/TerminalDesktop.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every host, registry, library and file call under the forms is made to fail.
 #include "doubles/FaultSweep.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // All nine forms as they are in use, for those who look at them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What makes a dialog look well made, measured on the tables: nothing overlaps, nothing is cut off, every button has
 // its key.
 #include "ui/FormListing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // All nine forms at once, and their controls as lines of text.
 #pragma once
 

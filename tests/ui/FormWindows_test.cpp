@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pickers and the progress window, as their callers see them.
 #include "ui/FormWindows.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The form model by itself, on forms made up for it.
 #include "ui/form/Form.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pickers and the progress window where the conversion calls them.
 #include "annotations/mdlAcadPdfMarks.h"
 #include "plotting/JobOptions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every text that the forms are to write or show, and every handler that they have, occurs in the tests.
 #include "doubles/LaidDownTexts.h"
 #include "doubles/ScriptedToolkit.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the user's choices in the page setup controls lead to.
 #include "ui/PageSetupStand.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page setup controls of both forms, over a record that a test sets.
 #pragma once
 

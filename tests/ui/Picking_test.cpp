@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Picking in the drawing from the settings dialog.
 #include "ui/ShowStand.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings dialog with its row dialogs, over a bundle that a test sets.
 #pragma once
 

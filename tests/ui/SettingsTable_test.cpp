@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every control of the settings dialog, complete.
 #include "ui/FormListing.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The show routine: load, the loop, save.
 #include "plugin/cPlugin.h"
 #include "ui/FormWindows.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The ways in which the show routine fails.
 #include "ui/ShowStand.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The show routine over the test house: what it stored, logged and told.
 #pragma once
 

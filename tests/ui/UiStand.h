@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The test house with a call under way and a scripted toolkit for the forms.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings dialog's own buttons, and its General Settings tab.
 #include "ui/SettingsStand.h"
 

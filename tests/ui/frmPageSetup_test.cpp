@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The stand-alone page setup dialog, through the page setup object that opens it.
 #include "hostobjects/cAcadPageSetup.h"
 #include "ui/FormWindows.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How many handles a process holds, which Wine tells only through the list of all handles of the system.
 #pragma once
 

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Installs the component as a user does, has scripts convert the active drawing of the test host, and takes it away again.
 
     convert_by_script.py RUN-WINE FOLDER SETUP TEST-HOST SCRIPTS

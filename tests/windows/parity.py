@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Runs the tests of the plug-in that stand on scripted hosts twice, as they are on this machine and over COM under
 Wine, and compares every log line, every publishing call and every host call they make, in order.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Who makes temporary things: this machine and its processes, as the system tells of them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/Temporaries.h"
 
 #include "base/files/AtomicFile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Temporaries lie beside the file that they are to become.
 #pragma once
 

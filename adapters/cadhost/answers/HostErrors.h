@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How the errors of the rooms below become the host's.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a layout's own settings plot, where the file leaves that open.
 #pragma once
 

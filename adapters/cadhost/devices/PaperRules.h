@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which sheet a layout has and where its printable area lies.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Plotter configurations: readable text files, described in docs/pc3.md.
 #pragma once
 

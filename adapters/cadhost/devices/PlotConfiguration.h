@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The plot configuration of one layout, as the run changes it.
 #pragma once
 

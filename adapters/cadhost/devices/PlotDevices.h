@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The plot devices, sheets and plot style tables that a layout may name: those of the folders, and those that the
 // drawing itself brings along, whoever's office they belong to.
 #pragma once

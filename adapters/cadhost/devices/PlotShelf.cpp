@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "devices/PlotShelf.h"
 
 #include "base/files/FolderNames.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The files of plotters and plot style tables, listed and read once a run.
 #pragma once
 

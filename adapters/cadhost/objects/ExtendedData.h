@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Extended-data records between the automation model and the drawing file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The application object, its preferences and its documents.
 #include "answers/HostErrors.h"
 #include "session/Session.h"

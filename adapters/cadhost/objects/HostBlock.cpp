@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Blocks and the collection of blocks. An entity's object is made when it is asked for and kept nowhere, so that a walk
 // over a million of them holds one at a time.
 #include "answers/HostErrors.h"

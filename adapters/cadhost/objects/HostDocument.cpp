@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The document object.
 #include "answers/HostErrors.h"
 #include "objects/HostObjects.h"

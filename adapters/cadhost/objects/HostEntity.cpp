@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Entities, their hyperlinks, block references and attributes.
 #include "answers/HostErrors.h"
 #include "answers/HostText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The layout object and the collection of layouts.
 #include "answers/HostErrors.h"
 #include "answers/HostText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The automation objects of a drawing, made when somebody asks for them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The small objects of a document: dictionaries, views, utility and plot.
 #include "answers/HostErrors.h"
 #include "answers/HostText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Points of an entity's own system in the world.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The system variables that this host knows.
 #include "answers/HostErrors.h"
 #include "answers/HostText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The layouts of a drawing in words and numbers, for people.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A drawing that the host has open, with everything the run changes about it.
 #pragma once
 

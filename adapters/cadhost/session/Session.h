@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the objects of one host share: its options, its preferences and the drawings it has open.
 #pragma once
 

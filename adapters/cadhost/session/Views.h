@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The view that the active layout is looked at in, and named views.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The edges of a solid modeller's save as curves in space. For this room only.
 #pragma once
 

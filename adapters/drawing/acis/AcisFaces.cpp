@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "acis/AcisCurves.h"
 #include "drawing/entities/Solids.h"
 #include "entities/SpaceVectors.h"

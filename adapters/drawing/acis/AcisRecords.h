@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The records of a solid modeller's save, as text (SAT) or binary (SAB): names and values, without meaning yet.
 //
 // Text: three lines of heading (one before release 2), then records that end in "#"; "$n" points to the n-th record,

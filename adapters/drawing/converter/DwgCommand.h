@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The command that turns a DWG into a DXF. For this room only.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Bytes that only ever grow at their end: what tags are laid down in. A string would clear what is about to be written.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lays a drawing down as typed tags in memory, in the binary form with two-byte codes, and notes where each entry
 // stands: what StructureScan would find in a file.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/text/Names.h"
 #include "dxf/DxfDrawing.h"
 #include "write/ReplaceFile.h"

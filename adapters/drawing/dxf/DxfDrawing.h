@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The drawing over a DXF file, or over the DXF that a DWG was turned into. For this room only; others see Drawing.h.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An entity's own tags, with the properties that all entities share.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The edges of a hatch's boundary paths.
 #pragma once
 

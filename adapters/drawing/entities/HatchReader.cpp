@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "entities/HatchReader.h"
 
 #include "entities/HatchEdges.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the boundary paths and the pattern of a hatch tag by tag.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/entities/OleFrames.h"
 #include "entities/EntityTags.h"
 #include "tags/ObjectLinks.h"

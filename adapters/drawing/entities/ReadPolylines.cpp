@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/EntityKinds.h"
 #include "drawing/entities/Polylines.h"
 #include "entities/EntityTags.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Products of vectors in space. For this room only.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Points on spline edges of solids. For this room only.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The bytes of an entity's picture: a head of size and count, then steps of size, kind and values, little-endian. For
 // this room only.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The values that the steps of a picture consist of.
 #include "base/text/Utf8.h"
 #include "drawing/TextDecoder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A plane polyline packed bit by bit, as entities' pictures hold it. For this room only.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/entities/Graphics.h"
 #include "entities/EntityTags.h"
 #include "graphics/GraphicsStream.h"

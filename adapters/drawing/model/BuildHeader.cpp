@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "model/Model.h"
 
 #include "base/text/Utf8.h"

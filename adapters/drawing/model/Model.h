@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Everything that is read from a drawing when it is opened. For this room only.
 #pragma once
 

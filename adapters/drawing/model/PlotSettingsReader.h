@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Plot settings, as LAYOUT and PLOTSETTINGS objects hold them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The hyperlinks that a text's fields carry. For this room only.
 #pragma once
 

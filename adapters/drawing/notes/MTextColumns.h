@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The columns of an MTEXT where they stand outside of its own groups.
 #pragma once
 

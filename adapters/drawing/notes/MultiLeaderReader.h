@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the nested lists of a MULTILEADER. For this room only.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Colours in the raw form that multileaders and their styles use. For this room only.
 #pragma once
 

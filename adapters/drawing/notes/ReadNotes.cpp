@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/entities/DimStyles.h"
 #include "drawing/entities/Dimensions.h"
 #include "entities/EntityTags.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/entities/TableEntities.h"
 #include "entities/EntityTags.h"
 

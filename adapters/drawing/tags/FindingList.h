@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The kinds of damage the reader mends or skips, counted once a kind.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The header variables of a drawing, found by name and read when they are asked for.
 #pragma once
 

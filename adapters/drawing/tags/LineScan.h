@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Finds line ends quickly: "\n", "\r\n", "\r" and "\r\r\n", in any mixture.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Finds table entries by the name that an entity's tag holds, without decoding it in the common case.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From entities and table entries to the objects that hang on them. For this room only.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The entities that the pass over a file finds, and the blocks that hold them.
 #include "drawing/EntityKinds.h"
 #include "tags/StructureScan.h"

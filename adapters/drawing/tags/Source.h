@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the readers of single entities need of a drawing. For this room only.
 #pragma once
 

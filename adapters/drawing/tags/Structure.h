@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where everything stands in a drawing file: what one pass over it finds.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Walks the group codes and values of a DXF file or of a slice of it, ASCII or binary, without copying.
 #pragma once
 

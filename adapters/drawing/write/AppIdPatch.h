@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Registers application names: entries of the APPID table and the handle seed.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The changes to a drawing's bytes that store records in the named-object dictionary.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The records of a drawing that isn't written itself (a DWG, a DXF that can hold none), in a file of their own beside
 // it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Replaces a file so that it is either the old or the new one, whatever happens.
 #pragma once
 

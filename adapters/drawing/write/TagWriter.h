@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes groups the way a given file writes its own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which glyphs of which fonts a page uses, as codes of simple PostScript fonts of at most 255 glyphs each.
 #pragma once
 

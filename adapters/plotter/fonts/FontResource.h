@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PostScript font resources whose text can be found again in the PDF.
 //
 // Names and characters: each glyph is named by its characters ("uni0416") and FontInfo/GlyphNames2Unicode holds them in

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How the glyphs of a stroked font are made ready for a text, so that the pen keeps its width however the text is
 // squeezed and sheared.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A small TrueType font of chosen glyphs, as the strings of a Type 42 font's sfnts array.
 #pragma once
 

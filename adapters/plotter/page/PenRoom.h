@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Room for the pens of lines that end where the plotted area ends.
 #pragma once
 

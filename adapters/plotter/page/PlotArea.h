@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What part of a space is plotted, by plot type.
 #pragma once
 

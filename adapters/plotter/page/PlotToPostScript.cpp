@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/files/Paths.h"
 #include "page/PenRoom.h"
 #include "plotter/Plotter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The printable area of a medium as the turned drawing sees it.
 #pragma once
 

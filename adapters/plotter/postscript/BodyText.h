@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page's operators while they are written: a growing text that allocates by the megabyte and spills to disk when
 // large.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sub-paths of a stroke, fill or clip while they are written.
 #pragma once
 

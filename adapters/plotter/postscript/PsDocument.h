@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The frame round a page's operators: a PostScript document of one page after the document structuring conventions.
 #pragma once
 

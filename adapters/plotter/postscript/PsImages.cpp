@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Places pictures on the page.
 #include "postscript/PsWriter.h"
 

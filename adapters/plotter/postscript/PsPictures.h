@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pictures of a page as PostScript resources, each defined once however often it is placed.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pen, the colours and the layer of what is written: each told when it changes.
 #include "fonts/PenWidth.h"
 #include "postscript/PsWriter.h"

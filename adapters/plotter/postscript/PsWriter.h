@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The canvas that writes a page's PostScript.
 //
 // The body speaks in the operators of PDF content streams, one token form each, in whole units:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What makes a finished document one by PDF/A, and what stands in its way.
 #pragma once
 

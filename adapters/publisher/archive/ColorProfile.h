@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The profile that says which colours a page's red, green and blue are.
 #pragma once
 

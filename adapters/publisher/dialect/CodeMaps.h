@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the one-byte codes of a page's strings mean, as the streams that a PDF's fonts hold.
 #pragma once
 

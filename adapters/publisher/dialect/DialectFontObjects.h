@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pages' fonts as PDF objects; what pages have in common is written once.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads a page in our plotter's own PostScript, whose body and stroked glyphs are PDF content streams already.
 //
 // The grammar is strict: the head, the procedures, the font resources and the tail must be exactly those that the

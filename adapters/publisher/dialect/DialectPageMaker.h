@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Makes the pages that our own plotter wrote without an interpreter, and leaves all others to one.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pictures of a page in the plotter's dialect: image resources that are defined before the fonts.
 #pragma once
 

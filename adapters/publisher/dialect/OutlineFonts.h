@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Outline fonts of a document: each face is embedded once, whatever pages its glyphs stand on.
 //
 // A page's strings hold one-byte codes of its own. Its font is a composite one whose CMap takes these codes to the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A page body on its way into the PDF: checked and compressed part by part, on several cores where it is large.
 #pragma once
 

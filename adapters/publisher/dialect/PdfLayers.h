@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Layers of the drawing as optional content groups (PDF 1.7, 8.11), and the opacities that page contents name.
 #pragma once
 

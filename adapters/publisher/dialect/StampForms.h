@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Stamps whose text the standard fonts lack: each text a form of its own, in fonts that the PDF holds.
 #pragma once
 

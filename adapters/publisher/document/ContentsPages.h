@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pages in front of the sheets that list them: their titles with page numbers, each line a link.
 #pragma once
 

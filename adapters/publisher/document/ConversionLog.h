@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The conversion log: a text file in UTF-8 that is whole after every line, whatever ends the program.
 #pragma once
 

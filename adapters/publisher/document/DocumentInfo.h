@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The PDF's document information, once as the classic dictionary's entries and once as an XMP packet.
 #pragma once
 

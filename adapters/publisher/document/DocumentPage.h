@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One page of a document, from when it is accepted until it is saved.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Draws the queued marks onto the pages of a PDF that is being put together.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Puts made pages together into the finished PDF: order, exact sizes, document information, marks, compression.
 #pragma once
 

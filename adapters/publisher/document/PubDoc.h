@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The publishing document: collects PostScript files and marks, and saves them as one PDF.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The road from accepted pages to a PDF on disk.
 #pragma once
 

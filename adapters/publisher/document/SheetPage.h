@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A page that its marks are drawn onto, and what is told of them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Text stamps as page content over the plot.
 #pragma once
 

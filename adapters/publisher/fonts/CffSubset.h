@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A part of an OpenType font whose outlines are cubic curves, by HarfBuzz's subsetter.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Glyphs of TrueType subsets, taken out of one file and put into another.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tables of TrueType and OpenType files (OpenType 1.9: "Font file").
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // HarfBuzz's subsetter, loaded with the first font that needs it.
 #pragma once
 

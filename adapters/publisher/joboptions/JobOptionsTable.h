@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which settings of job options files are kept, and what their values may be.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The marks that wait for a page until the PDF is saved. Coordinates are points from the page's lower-left corner.
 #pragma once
 

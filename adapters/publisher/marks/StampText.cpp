@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "marks/StampText.h"
 
 #include "base/text/Utf8.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fonts of text stamps and the text as those fonts can show it.
 #pragma once
 

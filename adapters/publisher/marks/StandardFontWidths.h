@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Advance widths of the fonts that every PDF reader has.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The small program that leads the PostScript interpreter through a run's pages, and what it reports back.
 #pragma once
 

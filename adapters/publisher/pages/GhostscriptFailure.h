@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Judges a finished run of the PostScript interpreter: its exit code, its report lines, and the room on the disk.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Makes PDF pages with the Ghostscript program, in a process of its own.
 #pragma once
 

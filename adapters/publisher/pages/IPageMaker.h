@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The seam between "what pages a document has" and "what turns PostScript into PDF pages".
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Checks of what is handed over as a page, before anything is done with it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Compression as PDF's FlateDecode undoes it.
 #pragma once
 

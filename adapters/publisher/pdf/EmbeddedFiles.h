@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files that are embedded in a PDF, each once. Large ones never stand in memory: while the document is put together an
 // empty stream stands for them, and their bytes go into the saved file block by block.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The end of a chain of the PDF library's filters: the file that is being saved.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An update at the end of a PDF that was just written: objects that are too large to pass through the PDF library,
 // which holds every stream in memory, replace the small ones that stood for them (PDF 1.7, 7.5.6 and 7.5.8).
 #pragma once

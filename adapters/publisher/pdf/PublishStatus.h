@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the publishing library's operations return, and the failure that carries such a status upwards.
 #pragma once
 

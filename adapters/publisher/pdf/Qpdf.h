@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The PDF library's headers, without the pointer class that its older versions handed out.
 #pragma once
 

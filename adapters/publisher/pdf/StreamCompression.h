@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Compresses the uncompressed streams of a PDF, several at a time.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page that would come out, drawn anew whenever something in the form changes it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A text file in a window, to be read and copied from.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Everything that is pressed: buttons, check boxes, options, tool buttons, the colour button, images to press.
 #include "forms/ControlView.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One control of a form as a widget: shows the control's state, and reports what the user does.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Text boxes and drop-down lists.
 #include "forms/ControlView.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // List boxes, and list views with columns.
 #include "forms/ControlView.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pictures that forms ask for by name, drawn afresh at any size.
 #pragma once
 

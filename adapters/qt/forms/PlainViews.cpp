@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What only shows or holds other controls: frames, tabs, labels, pictures, toolbars, progress bars.
 #include "forms/ControlView.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The desktop on Qt: message boxes, file and colour dialogs, help.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a screen reader calls a control that has no caption of its own.
 #pragma once
 

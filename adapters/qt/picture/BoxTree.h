@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which of many boxes overlap one: a packed tree over boxes that don't change.
 #pragma once
 

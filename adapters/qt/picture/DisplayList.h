@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A layout as it was drawn once: finished shapes, packed, ready to be shown at any zoom.
 //
 // Coordinates are those of the scene, millimetres on its sheet. Each item has an origin of its own, so that 32 bits are

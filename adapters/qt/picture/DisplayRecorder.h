@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The canvas that keeps what is drawn for the screen, and where one may snap to.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The thinnest lines, straight into the pixels: most of what a large drawing shows.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Recorded shapes in pixels, curves as lines.
 #pragma once
 

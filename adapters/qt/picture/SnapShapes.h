@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The lines and arcs of a drawing as one may snap to them, exactly where they were drawn.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which part of a scene a window shows, and where.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Text across the border: UTF-8 on our side.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whether there is a screen to be had. Qt ends the process when there is none, so this is asked first.
 #pragma once
 

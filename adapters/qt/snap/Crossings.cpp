@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "snap/Crossings.h"
 
 #include "render/Projection.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where lines and arcs meet, and the point of each that is nearest to a place.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Finds the point that the cursor is drawn to: ends, middles, centres and intersections.
 #pragma once
 

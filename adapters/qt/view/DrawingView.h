@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The part of the drawing window that shows the drawing, and follows the mouse.
 #pragma once
 

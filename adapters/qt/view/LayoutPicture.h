@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A layout of a drawing, recorded for the screen.
 #pragma once
 

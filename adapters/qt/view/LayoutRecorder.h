@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Records a layout for the screen in a thread of its own while the window waits for it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is drawn over the drawing while one picks: cross-hair, rubber band, snap marks.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The drawing window itself: the view, what can be done with it, and a line to type points into.
 #pragma once
 

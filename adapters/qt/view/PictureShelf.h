@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pictures of one drawing's layouts that were shown lately, each with the view that the user left.
 #pragma once
 

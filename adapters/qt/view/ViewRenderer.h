@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Paints views of a layout in a thread of its own, the newest one asked for.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What all painters of a run share: the drawing and where it goes, the entity at hand and what it is drawn with, and
 // where in the nest of blocks the run stands.
 #pragma once

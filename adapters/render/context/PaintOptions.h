@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What holds for a whole run of the painters, and for the entities of one block.
 #pragma once
 

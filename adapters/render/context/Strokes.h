@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lines and areas in the style of the entity at hand.
 #pragma once
 

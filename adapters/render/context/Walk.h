@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The walk over the drawing, as the painters of entities that hold others ask for it.
 #pragma once
 

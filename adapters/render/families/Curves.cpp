@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "families/Curves.h"
 
 #include "context/Strokes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which painter draws which kind of entity.
 #pragma once
 

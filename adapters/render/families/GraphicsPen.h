@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The picture that an entity brings along, drawn step by step.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "context/Strokes.h"
 #include "drawing/EntityKinds.h"
 #include "drawing/entities/DimStyles.h"

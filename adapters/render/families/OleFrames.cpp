@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/entities/OleFrames.h"
 #include "context/LaidTexts.h"
 #include "drawing/entities/Graphics.h"

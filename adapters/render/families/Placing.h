@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the copies of an insert's block stand.
 #pragma once
 

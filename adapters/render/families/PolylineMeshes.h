@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // POLYLINE entities that aren't lines: meshes of rows and columns, and polyfaces.
 #pragma once
 

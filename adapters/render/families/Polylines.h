@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Draws polylines, also those within other entities.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a character is called by its block (the ranges of the Unicode standard).
 #pragma once
 

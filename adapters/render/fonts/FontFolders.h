@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The font files of this machine: by file name from the usual folders, by family from fontconfig.
 #pragma once
 

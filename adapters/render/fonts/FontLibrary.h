@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fonts of a drawing: from a text style or a font's name to something that has a glyph for every character.
 #pragma once
 

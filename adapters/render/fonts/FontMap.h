@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The table of fonts that stand for others: share/sheetmaker-pdf/fonts.map, and the user's own lines before it.
 //
 // A line is a keyword and words; "#" starts a comment, quotes keep blanks in a word:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which fonts stood in for others, and for whom.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The shaper of text, loaded with the first text that needs it.
 #pragma once
 

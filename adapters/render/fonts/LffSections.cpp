@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sections of an LFF font, each a character's strokes.
 #include "fonts/StrokeFont.h"
 

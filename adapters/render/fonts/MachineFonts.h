@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fonts of this machine by what they are, not by their files' names.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A TrueType, OpenType or Type 1 font file, opened once and kept.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FreeType outlines as paths and as quadratic contours.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which font stands for one that a drawing names.
 #include "fonts/FontLibrary.h"
 #include "fonts/FontNames.h"

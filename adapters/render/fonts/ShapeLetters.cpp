@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Letters of compiled shape files. The file's first shape says how high capitals are ("above") and how deep letters
 // hang below the base line; a letter ends where the next one begins.
 #include "fonts/StrokeFont.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the shapes of a drawing come from: shape files beside it or in the font folders, else our own strokes for the
 // symbols that line types commonly use.
 #pragma once

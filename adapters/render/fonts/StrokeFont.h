@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fonts of strokes: compiled shape files (SHX, see ShapeFile) and the LFF text format.
 //
 // LFF: capitals 9 units high, one section a character.

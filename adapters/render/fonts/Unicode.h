@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The few facts on characters that layout asks for.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One cubic Bezier curve in the plane: points, parts, length, box.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The boundary of a hatch on the sheet, and which of its paths count.
 #pragma once
 

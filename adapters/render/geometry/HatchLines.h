@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The lines of a hatch pattern, cut to its boundary.
 #pragma once
 

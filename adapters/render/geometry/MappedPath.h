@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Paths put behind each other, as they are or carried to another plane.
 #pragma once
 

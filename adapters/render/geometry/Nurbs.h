@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Spline curves in the plane of the sheet.
 #pragma once
 

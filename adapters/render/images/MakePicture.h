@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Turns the rows of a picture into what a drawing wants to see of it.
 #pragma once
 

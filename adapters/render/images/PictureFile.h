@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Picture files from outside: PNG, JPEG, TIFF, BMP, read row by row.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The reader of TIFF files, loaded with the first such file.
 #pragma once
 

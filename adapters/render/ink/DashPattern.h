@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A line type ready for cutting: its dashes and dots along one period.
 #pragma once
 

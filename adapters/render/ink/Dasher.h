@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cuts paths into the dashes of a line type.
 #pragma once
 

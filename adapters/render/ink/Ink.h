@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The last step before the canvas: what lies off the page is left out, line types are cut, and it is noted whether an
 // entity drew anything.
 #pragma once

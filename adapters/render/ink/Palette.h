@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The colours behind the AutoCAD colour index.
 #pragma once
 

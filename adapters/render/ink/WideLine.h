@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Polyline segments with a width of their own, as filled outlines.
 #pragma once
 

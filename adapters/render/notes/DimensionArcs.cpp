@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Radius, diameter, angular and arc length dimensions.
 #include "drawing/entities/DimStyles.h"
 #include "drawing/entities/Dimensions.h"

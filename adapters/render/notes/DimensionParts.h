@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What all forms of dimensions share: their text, their arrows, and lines that end before the text.
 #pragma once
 

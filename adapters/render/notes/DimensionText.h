@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Measurements as dimensions write them, in the formatting of MTEXT.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lengths and angles in the units of dimension styles, in the formatting of MTEXT.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/entities/MultiLeaders.h"
 #include "drawing/entities/Texts.h"
 #include "geometry/Nurbs.h"

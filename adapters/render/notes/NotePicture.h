@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a drafting note (leader, dimension, tolerance, multiline, table) comes down to: lines, areas, texts and blocks
 // in one plane, each with its own properties.
 #pragma once

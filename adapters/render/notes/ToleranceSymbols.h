@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The signs of geometric tolerances, as strokes: few fonts have them.
 #pragma once
 

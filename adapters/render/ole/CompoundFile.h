@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The streams of a compound file: the container of OLE objects (published file format, versions 3 and 4).
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Enhanced metafiles: records of 32-bit numbers, a type, a size and the rest, with a world of their own.
 #pragma once
 

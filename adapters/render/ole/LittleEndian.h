@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers of binary files, the lowest byte first.
 #pragma once
 

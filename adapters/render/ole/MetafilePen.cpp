@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ole/MetafilePen.h"
 
 #include "render/ClipBox.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What metafiles draw with: their objects, their state, and the steps that come of it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/text/Utf8.h"
 #include "drawing/CodePage.h"
 #include "ole/WindowsMetafile.h"

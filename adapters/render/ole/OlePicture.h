@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The picture that an OLE object was last shown by, as steps on a plane of its own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Windows metafiles: records of 16-bit words, a size, a function and its arguments, the last one first.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "geometry/Cubic.h"
 #include "paint/Painter.h"
 #include "render/ClipBox.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Walks over the entities of a drawing and has each painted by its family's painter.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A canvas that keeps lines instead of drawing them.
 #pragma once
 

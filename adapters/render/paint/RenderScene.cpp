@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Units.h"
 #include "drawing/Annotation.h"
 #include "paint/Painter.h"

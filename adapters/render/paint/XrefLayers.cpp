@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "paint/XrefLayers.h"
 
 #include "base/text/Names.h"

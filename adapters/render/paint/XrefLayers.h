@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The layers and line types of an external reference, as the drawing that it stands in shows them.
 #pragma once
 

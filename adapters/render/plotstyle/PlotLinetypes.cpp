@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The plotter's own line types and fills. Those of ISO 128-20 have its proportions (dash 12, long dash 24, short dash
 // 6, gap 3, space 18 line widths); the others are ours.
 #include "drawing/entities/Hatches.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A plot style table made ready for drawing: one pen for each colour index or named style.
 #pragma once
 

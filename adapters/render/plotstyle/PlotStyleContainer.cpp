@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files of plot styles begin with a line "PIAFILEVERSION_2.0,CTBVER1,compress" and the codec's name; then come three
 // words of four bytes, low byte first (the Adler-32 sum of what follows, its size as text, its size in the file), and a
 // zlib stream. Other programs write the text as it is, with the first line or without.

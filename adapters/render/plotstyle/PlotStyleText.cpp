@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "plotstyle/PlotStyleText.h"
 
 #include "render/PlotStyleTable.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The text inside plot style tables: "name=value", "name="text" and "name{" ... "}", one a line. For this folder only.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Symbols that line types commonly use, where no shape file is at hand.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Compiled shape files (.shx): figures of pen strokes, asked by number or by name.
 //
 // Three layouts are read, by their first line: "AutoCAD-86 shapes 1.x" (an index of numbers and lengths, then the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pen that follows the codes of a shape.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Text that runs both ways: the order in which its parts stand from left to right.
 #pragma once
 

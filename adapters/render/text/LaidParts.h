@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The parts of a laid-out text, kept from call to call so that their memory is used again.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // TEXT, ATTRIB and ATTDEF: one line, put where its alignment says.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The formatting of MTEXT, read into words, breaks and stacks with their look.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // MTEXT: paragraphs broken into lines within a width, stacked in columns and put where the attachment says.
 #pragma once
 

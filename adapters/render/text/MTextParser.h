@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the text of an MTEXT code by code.
 #pragma once
 

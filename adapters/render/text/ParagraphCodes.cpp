@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the argument of MTEXT's paragraph code, "xi-3,l4,t4,c8,qc,sm1.5,b1"; docs/fonts.md tells how its units were
 // found.
 #include "text/MTextParser.h"

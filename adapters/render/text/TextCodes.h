@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The %%-codes of TEXT and ATTRIB (and MTEXT, which knows the characters among them).
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The columns of an MTEXT (DXF reference, MTEXT groups 75 to 78 and the embedded object of newer files).
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/files/Paths.h"
 #include "base/files/UserFolders.h"
 #include "base/text/Utf8.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Breaks the tokens of an MTEXT into lines within a width.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where an MTEXT lies: its insertion and direction are in the WCS, what is laid out in the plane of its extrusion.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sets pieces of one line: characters become glyphs along the x axis.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One-dimensional SAFEARRAYs as lists of VARIANTs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/automation/AutomationErrors.h"
 
 #include "windows/automation/WideText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The one place where a failing automation call becomes the port's error.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An object of another component, driven late-bound: members are named by text, their ids resolved once and kept.
 //
 // Every operation may throw HostError: with the description that the object gives, or the system's text of the result.

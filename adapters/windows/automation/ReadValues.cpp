@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // VARIANTs as values of the ports.
 #include "windows/automation/Arrays.h"
 #include "windows/automation/AutomationErrors.h"

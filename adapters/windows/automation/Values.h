@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Values of the ports as VARIANTs and back: the only place that knows how.
 //
 // Readers throw HostError when a value can't be taken as what is asked for. Numbers, Booleans and texts are taken for

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Text between the plug-in (UTF-8) and Windows (UTF-16).
 #pragma once
 

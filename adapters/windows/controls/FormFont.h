@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The font of the forms, and how large texts are in it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The way from the windows of a form's controls to the form.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How large a dialog unit must be so that everything on a form can be read.
 #pragma once
 

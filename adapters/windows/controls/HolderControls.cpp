@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What holds other controls: frames, tab strips with their pages, sunken boxes.
 #include "windows/controls/ControlWindow.h"
 

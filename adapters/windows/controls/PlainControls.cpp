@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What only shows something: labels, images, progress bars.
 #include "windows/controls/ControlWindow.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Everything that is pressed and has a window of its own: buttons, check boxes, options, the colour button, images.
 #include "windows/controls/ControlWindow.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The toolbar and its buttons, which have no windows of their own.
 #include "windows/controls/ControlWindow.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The common controls in their styled version, whatever version the program has that the component is loaded into.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window of one form: a dialog that does nothing by itself, but passes on what its user and the system want.
 #pragma once
 

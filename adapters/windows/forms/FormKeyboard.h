@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The keyboard in a form's window: from control to control, mnemonics, Enter and Escape.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How a form's window is shown, the messages it takes, and how it ends.
 #include "windows/forms/Win32FormView.h"
 

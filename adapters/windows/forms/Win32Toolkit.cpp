@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/forms/Win32Toolkit.h"
 
 #include "windows/forms/Win32FormView.h"

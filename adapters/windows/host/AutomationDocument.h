@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A drawing, the collection of drawings and the application, over the CAD host's automation objects.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The CAD host's ports over the objects of a CAD program that offers its automation model, in the same process or
 // another: every member is found by its name.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What every port of the CAD host has: one automation object, and reads and writes of its members as plain values.
 #pragma once
 

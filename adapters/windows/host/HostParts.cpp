@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Blocks, entities and the small objects of a drawing.
 #include "windows/host/HostPorts.h"
 

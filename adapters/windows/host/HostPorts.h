@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The classes over the CAD host's automation objects. Each makes those that it hands out.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The edge of the component: what C++ code throws becomes an automation error, and values find their way out.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What every object of the component has in common: counted references, calls by name, errors with a description.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/objects/Handed.h"
 
 #include "windows/automation/AutomationObject.h"

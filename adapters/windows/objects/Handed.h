@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Objects that callers hand over, as the ports that the plug-in knows. Null becomes null.
 #pragma once
 

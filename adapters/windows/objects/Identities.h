@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The component's identities, minted once: the type library's description and the code take them from here alone.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/objects/NativeDocObject.h"
 
 #include "windows/objects/Handed.h"

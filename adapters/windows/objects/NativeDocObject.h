@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A native document, as other programs see it.
 #pragma once
 

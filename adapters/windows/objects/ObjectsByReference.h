@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Arguments as scripts hand them over, in the form that operations with objects by reference take.
 #pragma once
 

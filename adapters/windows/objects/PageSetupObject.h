@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A page setup object, as other programs see it.
 #pragma once
 

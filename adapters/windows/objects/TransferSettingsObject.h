@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The transfer settings object, as other programs see it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The descriptions of the component's interfaces, by which scripts call them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The publishing library, late-bound: the objects "TwSmPubLib.PubDoc" and "TwSmPubLib.ConversionLog".
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The classes that the component offers, and what makes their objects.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the system calls of the component.
 #include "windows/objects/ModuleUse.h"
 #include "windows/server/ClassFactory.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/server/Registration.h"
 
 #include "windows/automation/WideText.h"

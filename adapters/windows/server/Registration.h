@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What makes the component known on a machine, or to one user.
 #pragma once
 

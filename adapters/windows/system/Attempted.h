@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A call from which nothing escapes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The module that this code was linked into: the component, or a program of the tests.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/HostError.h"
 #include "windows/automation/AutomationObject.h"
 #include "windows/automation/Values.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The ports of the machine by the Windows API. Every factory's object is to be used on one thread.
 #pragma once
 

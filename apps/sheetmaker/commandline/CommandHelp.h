@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the help says beyond the list of options: the examples.
 #pragma once
 

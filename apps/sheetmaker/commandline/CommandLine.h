@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The command line: words in, a job out. Nothing is looked up and nothing is done here.
 #pragma once
 

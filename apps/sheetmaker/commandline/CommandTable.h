@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every command with its options: what the command line takes, "--help" prints, and the manual pages and completions
 // are made from.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "commandline/ConvertCommandLine.h"
 
 #include "base/files/Paths.h"

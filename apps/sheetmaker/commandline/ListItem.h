@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which entry of a drawing's list a command means.
 #pragma once
 

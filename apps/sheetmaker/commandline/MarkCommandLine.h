@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The part of the command line that edits a drawing's stamps, attachments and signature fields, and publishes sets.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The examples in the help of the commands that mark drawings and publish sets.
 #pragma once
 

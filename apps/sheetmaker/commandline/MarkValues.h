@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Points, boxes, colours and font names as the command line and its lists write them.
 #pragma once
 

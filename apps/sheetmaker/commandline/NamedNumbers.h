@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers by the words that the command line has for them: their names in small letters.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The end of a command that can't be done as asked for.
 #pragma once
 

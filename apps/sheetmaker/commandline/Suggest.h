@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "Did you mean" for names that aren't there.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "convert": checks names, plans the PDFs, runs the drawings, reports.
 #pragma once
 

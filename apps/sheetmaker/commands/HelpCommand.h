@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "help": a command's or a setting's explanation.
 #pragma once
 

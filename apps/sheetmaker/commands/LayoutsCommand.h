@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "layouts": what the tabs of a drawing hold and how they are plotted.
 #pragma once
 

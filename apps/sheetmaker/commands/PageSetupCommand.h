@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "page-setup": the page setup dialog, for the user's global page setup or for a drawing's own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "log" and "report merge": what runs told of themselves.
 #pragma once
 

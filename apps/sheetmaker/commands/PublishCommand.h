@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "publish": sheets of several drawings become one PDF.
 #pragma once
 

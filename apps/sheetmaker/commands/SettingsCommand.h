@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "settings": the settings dialog of a drawing, and the conversion that its "Create PDF" asks for.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a worker process does that isn't a copy of its parent.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "doctor": what a conversion needs, whether it is there, and the command that mends what isn't.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What "doctor" looks at in ways that differ from system to system.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sheets that no paper of the PDF plotter holds.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Layouts by what the user wrote: a name, a pattern, a range, a number.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "layouts/LayoutSelection.h"
 
 #include "layouts/LayoutNames.h"

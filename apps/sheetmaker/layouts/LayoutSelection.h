@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which layouts a run converts, from what the drawing holds and what the user asked for.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How the user wants layouts plotted, laid over whatever page setup is in force.
 #pragma once
 

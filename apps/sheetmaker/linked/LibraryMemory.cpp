@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The allocations of the libraries that are linked into the program (option --wrap of the linker). Those written in C
 // go on without what they got no memory for, and one waits for itself from then on: it keeps its lock on that way out.
 #include "base/process/Memory.h"

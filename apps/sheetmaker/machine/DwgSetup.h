@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How this machine and its user read DWG files and what drawings refer to.
 #pragma once
 

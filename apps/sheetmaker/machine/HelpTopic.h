@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where a page of the help is found by programs that open files.
 #pragma once
 

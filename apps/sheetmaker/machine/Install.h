@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What one process knows of its machine: places, environment, version.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The file system of a run: what the install ships doesn't change while a drawing is converted.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which logs there are: the user's own, and those that runs were told to keep elsewhere.
 #pragma once
 

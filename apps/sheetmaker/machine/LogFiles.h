@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The conversion logs of several workers become the user's one log.
 #pragma once
 

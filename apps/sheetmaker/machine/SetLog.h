@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The conversion log of a set of sheets: each sheet opens a log of its own, and one text is made of them.
 #pragma once
 

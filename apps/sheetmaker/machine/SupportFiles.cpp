@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "machine/SupportFiles.h"
 
 #include "base/files/FileFacts.h"

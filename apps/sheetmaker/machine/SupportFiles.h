@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The files that plots are made with, besides drawings and what these name.
 #pragma once
 

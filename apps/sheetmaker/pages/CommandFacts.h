@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The table of commands and options in plain values, for the manual pages and the completions.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Completions for shells. Layouts of the drawing on the line are asked of the program itself.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The few roff requests that the manual pages are made of.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes the manual pages and the completions, when the program is built.
 //   make_pages FOLDER SHARE-FOLDER VERSION
 #include "base/files/Paths.h"

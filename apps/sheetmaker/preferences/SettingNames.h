@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The per-user settings as "get", "set" and "list" name them and take their values.
 #pragma once
 

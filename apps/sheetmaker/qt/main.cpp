@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program with the windows: "settings" and "page-setup" on a screen. It knows the toolkit; the command line's own
 // program, which becomes this one for those commands, doesn't.
 #include "Dispatch.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "attach": the files that a drawing attaches to its PDF.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "page-setup DRAWING --show", "--set", "--remove": the drawing's own PDF page setup, without a screen.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One drawing, open for its records to be read and changed.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The part that "attach" and "sign" share: a drawing's list of records is listed, added to, changed and shortened.
 #pragma once
 

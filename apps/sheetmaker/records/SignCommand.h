@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "sign": the signature fields of a drawing.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "stamp": the text stamp of a drawing.
 #pragma once
 

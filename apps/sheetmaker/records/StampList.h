@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The user's list of stamp texts: which entry a wanted text is, or becomes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Paths as file URIs, which hold every byte of a name, and back.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Hands the results of a run on as they come: lines on the terminal, and the report that was asked for.
 #pragma once
 

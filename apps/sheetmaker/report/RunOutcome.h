@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What became of a conversion, from what was heard while it ran.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What became of a drawing: for the lines on the terminal, the JSON report and the exit code.
 #pragma once
 

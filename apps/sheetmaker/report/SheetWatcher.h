@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Watches one conversion: what the report says of its sheets, and the progress line.
 #pragma once
 

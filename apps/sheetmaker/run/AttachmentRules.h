@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What may be attached to a PDF, and what is told of it.
 #pragma once
 

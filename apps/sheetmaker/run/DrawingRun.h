@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One drawing becomes one PDF: the surroundings are wired, the plug-in is called, the report is filled.
 #pragma once
 

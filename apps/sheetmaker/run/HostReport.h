@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the CAD host tells of a drawing, in the command line's own terms.
 #pragma once
 

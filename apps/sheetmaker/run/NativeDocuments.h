@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The list of native documents that the front end has open, and the object that owns it.
 #pragma once
 

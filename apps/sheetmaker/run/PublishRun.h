@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sheets of several drawings go into one document, drawing by drawing through native documents.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One run of the command line: the plug-in's surroundings, the CAD host, and the drawing that is open in it.
 //
 // Every command that works on a drawing goes through here; nothing else composes a host.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the windows' program brings along: the toolkit itself is known there alone.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Text stamps in any script: the plotter sets what the publisher's standard fonts can't show.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Everything the plug-in finds around it in one run of the command line.
 #pragma once
 

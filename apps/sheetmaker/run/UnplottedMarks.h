@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Marks of a drawing that stand on layouts which a run doesn't plot.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The plug-in's windows, watched for pickers that the user cancels.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Drawings that hold no entries themselves: what is entered for them is kept in a file beside them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Draws the page that a conversion would make of the current tab, in place of making it.
 #pragma once
 

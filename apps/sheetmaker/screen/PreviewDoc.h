@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A publishing document that keeps one page's marks and makes no PDF.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One run with windows: the plug-in's surroundings on a screen, and the drawing that is open in them.
 #pragma once
 

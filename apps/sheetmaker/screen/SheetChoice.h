@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which sheets the user of the settings dialog wants plotted, and which layout is the current tab.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program with the windows, for Windows: "settings" and "page-setup" on a screen. The command line's own program,
 // which starts it for those commands, loads nothing that only windows need.
 #include "Dispatch.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where each drawing's PDF goes, settled before anything starts.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A drawing that comes on standard input, a PDF that goes to standard output: files of the run while it lasts.
 #pragma once
 

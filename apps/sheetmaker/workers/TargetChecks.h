@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a run may write to, settled before anything is drawn.
 #pragma once
 

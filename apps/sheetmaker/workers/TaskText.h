@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The task of a worker process as it is handed to a process that isn't a copy of its parent.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which PDFs needn't be made again.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The way from the command line to the windows, which live in a program of their own: this one starts without a
 // toolkit.
 #pragma once

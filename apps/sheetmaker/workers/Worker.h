@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A process of its own for one drawing, so that one bad drawing never takes another down.
 #pragma once
 

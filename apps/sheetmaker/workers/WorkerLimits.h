@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What one drawing may take of the machine, so that no other has to wait for it forever.
 #pragma once
 

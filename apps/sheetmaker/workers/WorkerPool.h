@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs the drawings of a conversion, several at a time, and hands the results on in their order.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The process of one drawing: how the system starts it, hears it and ends it.
 #pragma once
 

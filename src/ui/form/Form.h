@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A form at run time: the state of its controls, and the handlers of what the user does.
 //
 // Code changes controls by name; no handler runs for that, the view is only told. What the user does runs the handler.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The side of a form that its view sees: what the user does.
 #include "ui/form/Form.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the forms list from the drawing, and what they ask the user to pick in it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The text boxes that hold numbers: their forms, and when a box is brought into its form.
 #pragma once
 

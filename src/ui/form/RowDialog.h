@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the two dialogs that edit one row of a list of the settings dialog have in common.
 #pragma once
 

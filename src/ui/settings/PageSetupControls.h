@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How the page setup controls of a form behave, in the settings dialog and in the page setup dialog alike.
 #pragma once
 

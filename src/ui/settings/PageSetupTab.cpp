@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Page setup records into the controls and back.
 #include "ui/mdlGUITap.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The controls by which a page setup is edited, as both of its forms carry them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Why the settings dialog closes: what its buttons, and those of its row dialogs, leave for whoever shows it.
 #pragma once
 

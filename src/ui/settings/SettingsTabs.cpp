@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tabs of conversion settings, stamp, attachments and signature fields: loading and saving.
 #include "ui/mdlGUITap.h"
 

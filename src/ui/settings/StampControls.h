@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How the Text Stamp tab of the settings dialog behaves.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The words of "stamp", "attach", "sign" and "publish" as jobs, and what is said of wrong ones.
 #include "commandline/CommandLine.h"
 

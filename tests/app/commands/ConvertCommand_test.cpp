@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The conversion of several drawings, with a stand-in for the work on one.
 #include "app/commands/ConvertStand.h"
 #include "base/files/AtomicFile.h"

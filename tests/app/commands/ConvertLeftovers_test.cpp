@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a conversion that was interrupted, killed or couldn't begin leaves behind: nothing, or what the next one
 // removes.
 #include "app/commands/ConvertStand.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Conversions of several drawings on a machine of the test's own, with a stand-in for the work on one.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "page-setup": the user's global page setup, and a drawing's own.
 #include "app/ScreenStand.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "publish" as a user runs it: which sheets, what is said, what is left behind.
 #include "Dispatch.h"
 #include "app/Fixtures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "settings": what the drawing, the settings and the user get, for each way out of the dialog.
 #include "app/ScreenStand.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "layouts/LayoutNames.h"
 #include "layouts/LayoutSelection.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "stamp", "attach" and "sign" on a real drawing: what they say, what they keep, and what they refuse.
 #include "Dispatch.h"
 #include "app/Fixtures.h"

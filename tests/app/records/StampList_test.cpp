@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which entry of the stamp list a wanted text takes.
 #include "commandline/Refusal.h"
 #include "records/StampList.h"

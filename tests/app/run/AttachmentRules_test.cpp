@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What may be attached: by size, and by where it lies.
 #include "app/Fixtures.h"
 #include "run/AttachmentRules.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program itself, as a user runs it: stdout, stderr and exit code of whole runs, and what they leave behind.
 #include "app/Fixtures.h"
 

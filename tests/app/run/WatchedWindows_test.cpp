@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pickers that the user cancels are noted; everything else passes through.
 #include "run/WatchedWindows.h"
 

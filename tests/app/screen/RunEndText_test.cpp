@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the window at the end of a run says.
 #include "screen/RunEndText.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every call of the host, the registry and the library under the settings dialog fails once, and from there onwards,
 // with a real drawing open: its file is the old one or the complete new one, and the dialog reports as laid down.
 #include "app/FailingDocument.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every writing call of the operating system under "settings" fails once, and from there onwards: the drawing on the
 // disk is the old one or the complete new one.
 #include "app/FailingCalls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "settings" with windows beside the dialog: the sheets that are chosen, the end, and what comes after it.
 #include "app/ScreenStand.h"
 

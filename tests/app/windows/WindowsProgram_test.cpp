@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The way to the program with the windows: when it is taken, and what is said when it can't be.
 #include "workers/WindowsProgram.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A file is the old one or the whole new one, keeps its rights and its links, and leaves nothing beside it.
 #include "base/TempFolder.h"
 

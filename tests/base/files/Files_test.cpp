@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Open files, mapped files, what is known of a file, names in a folder, locks, paths.
 #include "base/TempFolder.h"
 

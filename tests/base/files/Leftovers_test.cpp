@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a killed process left behind goes with a later run; what may belong to somebody who runs stays.
 #include "base/TempFolder.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Memory that the system did not give.
 #include "base/process/Memory.h"
 

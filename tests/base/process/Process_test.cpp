@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Other programs, and what this one is told about itself.
 #include "base/process/ChildProcess.h"
 #include "base/process/ThisProcess.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // UTF-8 and UTF-16, both ways, and text of files in whatever form.
 #include "base/text/PageReader.h"
 #include "base/text/TextDecoding.h"

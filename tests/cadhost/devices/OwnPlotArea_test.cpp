@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Plot areas that a layout's own settings leave open: views that aren't there, windows in two forms.
 #include "cadhost/LayoutFixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The box of what the renderer doesn't draw.
 #include "cadhost/HostFixture.h"
 

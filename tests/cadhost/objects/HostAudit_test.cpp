@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What an audit tells, and what becomes of it.
 #include "cadhost/HostFixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Points that the user picks in a window of the host's surroundings.
 #include "cadhost/HostFixture.h"
 #include "cadhost/PointPicker.h"

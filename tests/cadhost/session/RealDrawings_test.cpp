@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Drawings from the field: every layout is listed, configured for the suite's plotter and put back, and no host call
 // fails. The drawings lie outside of the tree; without them there is nothing to test.
 #include "cadhost/HostFixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the sheet lies round a layout's drawing.
 #include "cadhost/DxfText.h"
 #include "cadhost/SheetPlace.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Solids whose save is binary and stands in the data section of the file; damaged saves.
 #include "drawing/DxfText.h"
 

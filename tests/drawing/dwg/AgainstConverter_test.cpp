@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // DWGs that have no DXF twin: whatever a DWG converter finds in a space is found natively too. The folder is named by
 // the environment variable SM_SHARED_DRAWINGS, or lies beside the source tree; without it, or without the converter,
 // this test is skipped.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes the packed values of drawing databases, for files that tests make themselves.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/dwg/DwgFiles.h"
 
 #include "drawing/dwg/BitWriter.h"

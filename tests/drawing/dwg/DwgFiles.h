@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // DWG files that tests make themselves: the three kinds of container around streams of their choice.
 #pragma once
 

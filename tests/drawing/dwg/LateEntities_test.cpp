@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Entities that are decoded when they are asked for, in real drawings. Their folder is named by SM_SHARED_DRAWINGS, or
 // lies beside the source tree; without it these tests are skipped.
 #include "drawing/Drawing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // DWG files of R9 to R12 that tests make themselves, record by record.
 #pragma once
 

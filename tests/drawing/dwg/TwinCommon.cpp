@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What all entities share, and what texts of several kinds do.
 #include "drawing/dwg/Twins.h"
 

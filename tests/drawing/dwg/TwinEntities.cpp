@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/dwg/Twins.h"
 
 #include "drawing/EntityKinds.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Compares a drawing's DWG with its DXF, both saved by the same program, field by field.
 #pragma once
 

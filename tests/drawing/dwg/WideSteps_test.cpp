@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is done in steps of many bytes against the same byte by byte: every length and distance, and both ends.
 #include "dwg/file/Checksums.h"
 #include "dwg/file/CodedPages.h"

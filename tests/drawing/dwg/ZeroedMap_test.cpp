@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Real drawings without their list of objects. Their folder is named by SM_SHARED_DRAWINGS, or lies beside the source
 // tree; without it this test is skipped.
 #include "drawing/Drawing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/DxfText.h"
 #include "drawing/EntityKinds.h"
 #include "drawing/entities/Curves.h"

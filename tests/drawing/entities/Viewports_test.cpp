@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/DxfText.h"
 #include "drawing/PlanView.h"
 #include "drawing/entities/Hyperlinks.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where files that a drawing names are found.
 #include "drawing/FindReferenced.h"
 

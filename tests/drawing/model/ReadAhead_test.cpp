@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Drawings that are read before they are asked for are those that would have been read then.
 #include "drawing/ReadAhead.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Hyperlinks and attributes of the shared drawings against the numbers that another scanner found (MANIFEST.md beside
 // them). Without the drawings there is nothing to test.
 #include "drawing/DxfText.h"

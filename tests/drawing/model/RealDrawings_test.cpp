@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Drawings that people made with many programs. They are not part of this tree: the folder is named by the environment
 // variable SM_SHARED_DRAWINGS, or lies beside the source tree; without it these tests are skipped.
 #include "drawing/DxfText.h"

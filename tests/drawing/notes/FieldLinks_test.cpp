@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Hyperlinks that a text's fields carry.
 #include "drawing/DxfText.h"
 #include "drawing/entities/Hyperlinks.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small drawings damaged in thousands of ways: nothing may crash, hang or grow without bounds.
 #include "drawing/BinaryDxf.h"
 #include "drawing/DxfText.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Our own reader of our own pages: any head, set-up and body in a frame that is right.
 #include "fuzz/Target.h"
 #include "fuzz/targets/Pages.h"

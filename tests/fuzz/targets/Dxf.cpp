@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The reader of DXF, as text and binary, and all that a drawing decodes when it is asked.
 #include "drawing/BinaryDxf.h"
 #include "drawing/Drawing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // TrueType subsets: as the publisher reads them, and as the plotter makes them.
 #include "fonts/SfntGlyphs.h"
 #include "fonts/TrueTypeSubset.h"

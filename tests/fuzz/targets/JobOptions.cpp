@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Job options, which are read and never executed.
 #include "publisher/JobOptions.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a drawing names: files that it shows, addresses that it links to.
 #include "document/Annotations.h"
 #include "drawing/Drawing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pages of our own plotter, for the targets that read them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures of pixels, and the pictures of objects of other programs.
 #include "fuzz/Target.h"
 #include "fuzz/targets/Targets.h"

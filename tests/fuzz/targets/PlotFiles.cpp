@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files that say how plots are made: plot style tables, plotter configurations.
 #include "devices/Pc3File.h"
 #include "fuzz/Target.h"

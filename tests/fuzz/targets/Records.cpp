@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The records that a drawing holds: in its named-object dictionary, and in the file beside it.
 #include "dxf/DxfDrawing.h"
 #include "fuzz/Target.h"

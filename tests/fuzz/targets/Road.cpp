@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole road: bytes, a drawing, its plot, the page that the publisher makes of it.
 #include "drawing/Drawing.h"
 #include "fuzz/Target.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings database, whatever somebody put in its place.
 #include "fuzz/Target.h"
 #include "fuzz/targets/Scratch.h"

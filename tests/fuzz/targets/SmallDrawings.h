@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Drawings of a few entities each, as DXF text: every kind of entity and what it refers to.
 #pragma once
 

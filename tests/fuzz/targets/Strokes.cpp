@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fonts of strokes: compiled shapes, letters as text, and the table of fonts that stand for others.
 #include "fonts/FontMap.h"
 #include "fonts/StrokeFont.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The functions of all targets; Target.cpp has the table.
 #pragma once
 

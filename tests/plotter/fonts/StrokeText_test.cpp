@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Text of stroked fonts: how it is cut, what the page and its fonts say.
 #include "postscript/PsWriter.h"
 

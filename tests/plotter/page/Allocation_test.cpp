@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Plotting takes no memory for a single entity: twice as many entities take no more allocations.
 #include "postscript/PsWriter.h"
 #include "render/FrontEnd.h"

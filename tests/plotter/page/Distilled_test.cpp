@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whole pages through Ghostscript, read back by tools that aren't ours.
 #include "plotter/FakeDrawing.h"
 

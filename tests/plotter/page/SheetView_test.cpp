@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a screen showed: of a sheet through its own viewport, whichever way the file tells which one that is, and of a
 // model that has no extents.
 #include "plotter/PlotRows.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Layers and opacity in page bodies.
 #include "plotter/PsWritten.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is written for pictures.
 #include "postscript/PsWriter.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the plotter's dialect allows in a page body, and what a body becomes.
 #include "dialect/DialectPage.h"
 #include "dialect/DialectPageMaker.h"

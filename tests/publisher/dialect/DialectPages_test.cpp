@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The plotter's own pages, made without the interpreter and with it: the same picture and the same text.
 #include "dialect/DialectPageMaker.h"
 #include "pages/GhostscriptPageMaker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures of the plotter's pages: what is taken, and that they look as the interpreter makes them.
 #include "dialect/DialectPageMaker.h"
 #include "dialect/DialectPictures.h"

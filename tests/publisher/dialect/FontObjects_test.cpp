@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What pages have in common of their fonts is written once.
 #include "dialect/DialectFontObjects.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Page bodies become compressed content streams part by part.
 #include "dialect/DialectPage.h"
 #include "dialect/PackedBody.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Layers as optional content groups: one of each name and state, in order, with their states.
 #include "dialect/PdfLayers.h"
 

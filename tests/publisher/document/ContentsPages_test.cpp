@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pages in front of the sheets: where their lines and links stand, how many pages they take.
 #include "document/ContentsPages.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What every publishing library promises: the embedded one and the one that stands in for it in other rooms' tests.
 
 #include "doubles/RecordingLibrary.h"

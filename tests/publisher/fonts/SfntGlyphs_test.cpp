@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // TrueType subsets taken apart and put together: what is refused, and that nothing of a glyph is lost.
 #include "fonts/SfntGlyphs.h"
 

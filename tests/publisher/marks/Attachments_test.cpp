@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files that are embedded: small and large ones, one file under several names, and those that can't be.
 #include "publisher/PublisherStand.h"
 

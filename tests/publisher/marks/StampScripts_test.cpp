@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Stamps that the standard fonts of PDF can't show.
 #include "plotter/LineSetter.h"
 #include "publisher/PublisherStand.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The windows beside the forms: the list of sheets, and the end of a run.
 #include "qt/QtUser.h"
 #include "qt/RecordingForm.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The preview laid beside the PDF's picture: the same page, drawn by somebody else's reader.
 #include "Dispatch.h"
 #include "app/Fixtures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Each kind of control, both ways: what the form says is shown, what the user does is reported.
 #include "qt/RecordingForm.h"
 

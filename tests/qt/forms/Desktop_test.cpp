@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Message boxes, file and colour dialogs, help.
 #include "forms/FileDialogs.h"
 #include "qt/QtUser.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What users expect of any window: F1, Delete and Return on rows, options, numbers, buttons in view.
 #include "qt/RecordingForm.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The keyboard alone: order, mnemonics, Enter and Escape, and fields that are left.
 #include "qt/RecordingForm.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Windows fit their texts and the screen, whatever the font.
 #include "qt/RecordingForm.h"
 

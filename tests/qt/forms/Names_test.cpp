@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a screen reader says, on the nine forms as they are.
 #include "forms/SpokenNames.h"
 #include "qt/QtUser.h"

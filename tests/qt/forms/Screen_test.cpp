@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whether there is a screen, and what opening it leaves alone.
 #include "qt/QtStand.h"
 #include "screen/ScreenProbe.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // All nine forms in the real toolkit, at the normal and at a doubled font: nothing is cut off, and what they look like
 // is kept beside the build.
 #include "qt/QtUser.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole settings dialog on real widgets, over the house of doubles: what is clicked and typed is what is stored.
 #include "qt/QtUser.h"
 

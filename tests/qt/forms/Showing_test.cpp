@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How windows come and go.
 #include "qt/RecordingForm.h"
 

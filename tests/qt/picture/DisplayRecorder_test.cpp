@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the canvas of the screen keeps.
 #include "picture/DisplayRecorder.h"
 #include "render/FontFace.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Layouts as they are recorded for the screen, and what places of the picture mean in the drawing.
 #include "view/LayoutPicture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the cursor is drawn to.
 #include "snap/SnapIndex.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What drawings look like in the window: each is kept as a picture, and must show something.
 #include "qt/WindowFixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Picking with mouse and keyboard in the real window.
 #include "qt/WindowFixture.h"
 
@@ -8,7 +9,6 @@
 
 namespace sm::qt {
 namespace {
-
 using drawing::Vec2;
 
 std::string Tag(int code, const std::string& value)
@@ -16,7 +16,7 @@ std::string Tag(int code, const std::string& value)
     return std::to_string(code) + "\n" + value + "\n";
 }
 
-/// A line from (0, 0) to (100, 50), one from (0, 50) to (100, 0) and a circle of radius 20 about (150, 25).
+/// Lines from (0, 0) to (100, 50) and (0, 50) to (100, 0), and a circle of radius 20 about (150, 25).
 std::string Plan()
 {
     const auto line = [](const char* x1, const char* y1, const char* x2, const char* y2) {
@@ -391,8 +391,8 @@ TEST(DrawingWindow, WithoutAScreenPickingFails)
     if (QCoreApplication::instance() != nullptr)
         GTEST_SKIP() << "another test has opened a screen";
     const auto picker = CreateDrawingWindow({{}, SM_SOURCE_DIR "/share/sheetmaker-pdf"});
-    const auto drawing = drawing::Drawing::FromBytes(Plan(), "plan.dxf");
     std::size_t layout = 0;
+    const auto drawing = drawing::Drawing::FromBytes(Plan(), "plan.dxf");
     EXPECT_THROW(picker->PickPoint(*drawing, layout, "Enter a point: "), std::runtime_error);
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The drawing's layouts as tabs of the drawing window.
 #include "qt/WindowFixture.h"
 #include "view/PictureShelf.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Marks are seen where they are picked.
 #include "qt/WindowFixture.h"
 

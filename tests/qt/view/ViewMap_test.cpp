@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Views, and points as text.
 #include "picture/ViewMap.h"
 #include "view/PointText.h"

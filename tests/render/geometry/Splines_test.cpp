@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Splines: exact curves where the degree allows, fine lines else; points; leaders; text.
 #include "render/SmallDrawing.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // IMAGE, WIPEOUT and underlays on the sheet: placement, clips, frames, what is missing.
 #include "render/PictureFiles.h"
 #include "render/SmallDrawing.h"

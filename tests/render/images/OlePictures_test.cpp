@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Objects of other programs: the container, the presentation in it, and Windows metafiles.
 #include "ole/CompoundFile.h"
 #include "ole/OlePicture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Picture files of each format, and what is made of them.
 #include "render/PictureFiles.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Line types: where each dash begins and ends.
 #include "render/SmallDrawing.h"
 

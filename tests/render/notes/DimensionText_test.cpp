@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Measurements in the units and with the zeros of dimension styles.
 #include "drawing/entities/DimStyles.h"
 #include "notes/DimensionText.h"

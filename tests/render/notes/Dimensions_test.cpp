@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dimensions without a picture block: lines, arrows and texts from their measurements and their style.
 #include "render/SmallDrawing.h"
 

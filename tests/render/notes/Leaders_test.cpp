@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Leaders and multileaders: arrows, doglegs, hook lines, texts and blocks, by styles and by their own values.
 #include "render/SmallDrawing.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Tolerance frames, multilines and tables.
 #include "render/SmallDrawing.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Annotation scales: what an annotative entity looks like in a viewport, line types of the model tab.
 #include "render/SmallDrawing.h"
 

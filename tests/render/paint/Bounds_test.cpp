@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Boxes of entities and spaces.
 #include "render/SmallDrawing.h"
 

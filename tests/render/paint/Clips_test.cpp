@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What clips and changes: the boundary of an insert, layers that look otherwise in one viewport.
 #include "render/SmallDrawing.h"
 

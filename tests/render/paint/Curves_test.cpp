@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lines, circles, arcs, ellipses: what is drawn for each, and where.
 #include "render/SmallDrawing.h"
 

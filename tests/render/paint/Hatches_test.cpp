@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Hatches: boundaries, islands, patterns cut to the boundary, what is too dense.
 #include "render/SmallDrawing.h"
 

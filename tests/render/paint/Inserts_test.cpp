@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Inserts: scale, turn, mirror, arrays, nesting, attributes, dimensions; blocks that hold themselves.
 #include "render/SmallDrawing.h"
 

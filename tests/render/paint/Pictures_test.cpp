@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Entities of unknown kinds, drawn by the picture they bring along.
 #include "render/SmallDrawing.h"
 

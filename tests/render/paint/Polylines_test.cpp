@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Polylines: bulges, widths, closing, meshes.
 #include "render/SmallDrawing.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Shape files: the pen codes of a shape as strokes; SHAPE entities.
 #include "render/PictureFiles.h"
 #include "render/SmallDrawing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Regions and solids by the edges of their saves, meshes by their faces, thickness from the side.
 #include "render/SmallDrawing.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Colour, line type, lineweight and visibility: by layer, by block, through nested inserts.
 #include "render/SmallDrawing.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Viewports: place, scale, twist, views from the side, frozen layers, clips, line types; which of them is the sheet.
 #include "render/SmallDrawing.h"
 

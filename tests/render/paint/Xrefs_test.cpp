@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Drawings shown in place of blocks: layers, base points, units, nesting, circles.
 #include "render/PictureFiles.h"
 #include "render/SmallDrawing.h"

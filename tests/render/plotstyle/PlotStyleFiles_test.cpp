@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files of plot styles: what is read from them, and how damaged ones are told.
 #include "render/PlotStyleTable.h"
 

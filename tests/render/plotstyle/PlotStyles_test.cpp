@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What plot styles make of colours, widths, line types, ends, joins and fills.
 #include "render/SmallDrawing.h"
 

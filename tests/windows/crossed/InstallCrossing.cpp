@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lets every test of the program that this is linked into run over COM, by the road that SM_ROAD names: "direct"
 // (without it, too) or "apart".
 #include "windows/testhost/ComCrossing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A user before the real windows, on a thread of their own: finds them by title and name, and presses and types by
 // messages as they come from other programs, or by the keyboard itself.
 #pragma once

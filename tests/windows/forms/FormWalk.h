@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The plug-in's own windows over the test house, on the real toolkit.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The other real forms, opened as the plug-in opens them and driven by messages from another thread.
 #include "FormWalk.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lists of each kind, both ways.
 #include "RecordingForm.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings dialog driven by messages from another process.
 #include "FormWalk.h"
 #include "RecordingForm.h"

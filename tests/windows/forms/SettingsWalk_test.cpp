@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Walks through the settings dialog over the scripted host, by messages from another thread.
 #include "FormWalk.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The test's own thread as the windows' thread, reached from a second one that plays the user.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What every CAD host keeps of the automation ports, kept by the one over COM too: the objects lie behind the road in
 // force.
 #include "doubles/AcadContract.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every host and library call of a conversion fails in turn, in each of the ways in which automation fails.
 #include "doubles/FaultSweep.h"
 #include "plugin/cPlugin.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One late-bound object: ids asked for once, failures with their texts, busy and vanished hosts.
 #include "windows/automation/AutomationObject.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A long day: one process converts again and again, with host and library reached over COM.
 #include "../HandleCount.h"
 #include "doubles/TestHouse.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Values as VARIANTs and back, and values that can't be taken as what is asked for.
 #include "windows/automation/Values.h"
 

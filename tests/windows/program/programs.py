@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The program of this machine and that of Windows, run alike: the same fonts, the same date, settings of their own."""
 import os
 import subprocess

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Converts the same drawings by the program of this machine and by that of Windows, with the same fonts, and compares
 the PDFs: pages, fonts, marks and properties, byte for byte.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The program of Windows as a user runs it: each command, names that no code page holds, long paths, pipes, drawings that
 take too long, Ctrl+C. What this machine's program says of the same is the measure where there is one.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // All nine forms as they are seen: nothing is cut off, and what they look like is kept beside the build.
 #include "../forms/FormUser.h"
 #include "Png.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What callers do while a call is under way, from other apartments, and with objects of their own.
 #include "FakeApplication.h"
 #include "LoadedComponent.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What callers of the interfaces themselves meet at the component's edge.
 #include "FakeApplication.h"
 #include "LoadedComponent.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A CAD host without a drawing: enough to be taken as an application.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Installing and uninstalling, for the machine and for one user: what is there in between, and that nothing is left.
 #include "LoadedComponent.h"
 #include "RegistrySnapshot.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The component, loaded as COM loads it, without being registered.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What registering leaves in the registry, and that unregistering takes all of it back.
 #include "RegistrySnapshot.h"
 #include "SystemProgram.h"

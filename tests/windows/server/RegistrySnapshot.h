@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The registry as it stands, to be compared with how it stood.
 #pragma once
 

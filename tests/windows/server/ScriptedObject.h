@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An object of a front end, its members given by the test.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Scripts as clients of the registered component.
 #include "Presser.h"
 #include "SystemProgram.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every member of every class with arguments of every type, too few and too many: an automation error or a result,
 // never a crash.
 #include "FakeApplication.h"

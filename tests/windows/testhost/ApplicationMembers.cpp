@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The application, its collection of drawings and its preferences.
 #include "windows/testhost/Members.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Class factories that make objects of one function, and the names by which classes are found.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The road to the plug-in that leads through COM: every object of the doubles is offered late-bound and driven by the
 // adapters of Windows.
 #pragma once

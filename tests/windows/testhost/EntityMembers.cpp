@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Blocks, entities, block references, attributes and hyperlinks.
 #include "windows/testhost/Members.h"
 

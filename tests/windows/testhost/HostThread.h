@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A thread in the multi-threaded apartment, from which objects are offered to the apartment of the tests.
 #pragma once
 

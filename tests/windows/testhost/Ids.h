@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The class ids and names of the test host and of the recording publishing library.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Ports as automation objects with the members of the CAD host's model and of the publishing library's objects.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An automation object of the test host: any port of the plug-in, offered late-bound by the names of the model.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What happens when a file is cut while it is mapped.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What several rooms ask of a number from a file.
 #pragma once
 

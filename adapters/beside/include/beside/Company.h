@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The windows of the embedded program that stand beside the plug-in's forms.
 #pragma once
 

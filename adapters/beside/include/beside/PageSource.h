@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page that would come out, for the preview beside the settings dialog.
 #pragma once
 

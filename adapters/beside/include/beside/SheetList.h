@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The list of the drawing's sheets that stands beside the settings dialog: which layout is the current tab, and which
 // sheets become pages.
 #pragma once

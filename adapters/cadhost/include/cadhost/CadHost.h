@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The embedded CAD host: the automation objects over drawing files, plotting through our own plotter.
 #pragma once
 

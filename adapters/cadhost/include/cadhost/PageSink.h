@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What takes plotted pages in place of files.
 #pragma once
 

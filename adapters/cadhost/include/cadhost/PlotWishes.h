@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a run wants plotted otherwise than the drawing's own page setups say.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the host asks when a point of the drawing must be picked: a window, as a rule.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Parts of the host's remarks by which they are known again.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the sheet of a paper layout lies round what is drawn on it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the packed values of drawing databases from R13 on, the highest bit of each byte first.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What each kind of entity becomes: one table from type number and class name to decoder. For this room only.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What block references and tables have in common. For this room only.
 #pragma once
 

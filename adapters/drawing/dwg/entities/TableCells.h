@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The grid of a table as its entity stores it, and the groups that it becomes. For this room only.
 #pragma once
 

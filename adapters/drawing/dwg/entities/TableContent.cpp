@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The content of a table as all of its objects hold it from R2010 on: columns, rows of cells with contents, merges.
 #include "dwg/entities/TableCells.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads bytes one after the other, and writes into a buffer of fixed size: what both compressions stand on.
 #pragma once
 

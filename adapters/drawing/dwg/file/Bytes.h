@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Numbers in the bytes of a DWG, and sentinels.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Code pages by the number that DWG files give them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // R2007: pages are cut into codewords that carry what corrects them, and these are interleaved.
 #pragma once
 

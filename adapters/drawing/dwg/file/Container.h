@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The streams of a DWG file from R13 on, taken out of its container and decompressed. For this room only.
 #pragma once
 

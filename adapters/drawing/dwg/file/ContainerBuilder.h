@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the readers of the three kinds of container share: messages, bounded memory, and where the streams go.
 #pragma once
 

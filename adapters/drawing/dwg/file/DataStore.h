@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The data section of R2013 and later: the bodies of solids and regions, and previews.
 #pragma once
 

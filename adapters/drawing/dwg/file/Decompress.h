@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The two compressions of DWG files: bytes that were there before are named by distance and length.
 #pragma once
 

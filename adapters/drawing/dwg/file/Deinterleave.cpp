@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The bytes of interleaved codewords are a table with a row for each place in a codeword: its columns are wanted.
 #include "dwg/file/CodedPages.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Data pages by their own heads, for files whose tables are damaged.
 #include "dwg/file/Bytes.h"
 #include "dwg/file/Checksums.h"

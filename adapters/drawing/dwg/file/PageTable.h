@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // R2004 and R2010 to R2018: the file as a row of pages, and which of them make up a section.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // R2004 and R2010 to R2018: sections are cut into pages, which are compressed one by one.
 #include "dwg/file/Bytes.h"
 #include "dwg/file/Decompress.h"

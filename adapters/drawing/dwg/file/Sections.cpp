@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // R13 to R2000: the head of the file lists where its sections lie.
 #include "dwg/file/Bytes.h"
 #include "dwg/file/Checksums.h"

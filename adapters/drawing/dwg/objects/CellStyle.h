@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How cells of tables look, as tables, rows, columns and styles of tables store it. For this room only.
 #pragma once
 

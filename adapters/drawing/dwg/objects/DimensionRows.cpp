@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The dimension variables (DXF reference: $DIM... of the header, and the groups of DIMSTYLE).
 #include "dwg/objects/Rows.h"
 

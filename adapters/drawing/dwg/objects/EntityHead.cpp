@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What all entities have in front of their own fields.
 #include "dwg/objects/Object.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The extended data of an object: items of applications, as groups 1000 to 1071.
 #include "dwg/objects/Object.h"
 

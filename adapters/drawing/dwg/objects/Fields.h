@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The streams that the fields of one object (or of the header, or of the classes) are read from, and the fields that
 // take more than a number. For this room only.
 #pragma once

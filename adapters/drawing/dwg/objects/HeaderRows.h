@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The header's fields but for those of dimensions. For this room only.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The header variables behind those of dimensions. A row that starts with # is a link, not a variable.
 #include "dwg/objects/HeaderRows.h"
 

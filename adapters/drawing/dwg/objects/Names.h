@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What stands for a handle in tags: the names of table entries, the colours of books. For this room only.
 #pragma once
 

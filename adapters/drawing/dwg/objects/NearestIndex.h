@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The colour index that stands beside a true colour. For this room only.
 #pragma once
 

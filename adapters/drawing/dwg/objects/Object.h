@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One object of a DWG being read: its frame, its streams, and the tags that it becomes. For this room only.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Long lists of plain fields as tables: the header variables and the dimension styles. For this room only.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the bytes of one record of a DWG of R9 to R12, one value after the other.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // DWG files of R9 to R12: records of bytes, laid down as the tags that a DXF of those releases would have.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Blocks and entities of R9 to R12: rows of records, each of which says how long it is.
 #include "dwg/file/Checksums.h"
 #include "dwg/old/OldDrawing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where things stand in a DWG of R9 to R12: fixed places lead to tables of records and to rows of entities.
 #pragma once
 

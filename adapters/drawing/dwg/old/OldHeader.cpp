@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The header variables of R9 to R12: each release adds to those before it, and their number says where they end.
 #include "dwg/file/CodePageNames.h"
 #include "dwg/old/OldDrawing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One entity of R9 to R12 as it stands in the file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Values in the order of the file with the group codes they become: what header variables and tables of R9 to R12
 // share.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lines, curves, areas and polylines of R9 to R12.
 #include "dwg/old/OldRecord.h"
 

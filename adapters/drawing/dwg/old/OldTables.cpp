@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tables of R9 to R12: records of fixed size.
 #include "dwg/old/OldDrawing.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The steps of reading a DWG. For this room only.
 #pragma once
 

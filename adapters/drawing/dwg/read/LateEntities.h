@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The entities and objects of a DWG that are decoded when they are asked for. For this room only.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The objects of a DWG by handle, with their types, and the classes that say what the types from 500 on are.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A DWG from R13 on as typed tags. For this room only.
 #pragma once
 

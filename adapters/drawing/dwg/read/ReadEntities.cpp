@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The entities of blocks and spaces, with their vertices and attributes.
 #include "dwg/read/DwgReading.h"
 #include "dwg/recovery/ObjectSearch.h"

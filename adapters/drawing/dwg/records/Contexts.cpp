@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How an annotative entity looks at one of its scales.
 #include "dwg/records/RecordDecoders.h"
 

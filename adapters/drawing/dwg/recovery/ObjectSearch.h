@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Objects are proven to stand where the list of objects says, and searched for where it is wrong.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "dwg/tables/BlockHeader.h"
 
 #include "dwg/tables/TableEntries.h"

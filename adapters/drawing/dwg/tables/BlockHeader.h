@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A block's record, and the entry of BLOCKS that goes with it. For this room only.
 #pragma once
 

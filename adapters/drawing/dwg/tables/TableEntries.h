@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The entries of the tables: each becomes an entry of TABLES. For this room only.
 #pragma once
 

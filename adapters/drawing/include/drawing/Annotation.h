@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The scale that annotations of the model tab are made for.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Code pages of drawing files, both ways, on the system's converter.
 #pragma once
 

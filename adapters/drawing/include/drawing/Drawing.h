@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A drawing file (DXF, or DWG through a converter), memory-mapped and read in one pass: tables, blocks, entities and
 // objects.
 //

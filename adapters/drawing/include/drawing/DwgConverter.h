@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // DWG files become DXF by a converter: a program of its own, kept apart and within limits.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The kinds of entities: the one list that their enumeration, their names and their count come from.
 #pragma once
 

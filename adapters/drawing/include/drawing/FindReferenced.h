@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Finds the files that a drawing names: pictures, underlays, other drawings.
 #pragma once
 

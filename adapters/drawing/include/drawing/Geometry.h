@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Points and boxes of the drawing engine, in drawing units unless said otherwise.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Layouts with their plot settings, as the file holds them (DXF reference, PLOTSETTINGS and LAYOUT objects).
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How a drawing refers to its objects, and the values that stand for inherited properties.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Drawings read by threads of their own before they are asked for, while those before them are plotted.
 #pragma once
 

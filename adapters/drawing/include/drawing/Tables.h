@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The symbol tables of a drawing, as plain records. Texts are UTF-8.
 #pragma once
 

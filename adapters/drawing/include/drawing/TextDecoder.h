@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Texts of a drawing file as UTF-8: the file's encoding, \U+XXXX and \M+nXXXX.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The PostScript interpreter as a program: each run is a process with limits that sees nothing but its folder.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lines of text outside of any drawing, set as a drawing's are: any script, with the fonts that the machine has.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where a layout's drawing lands on the sheet.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One layout of a drawing as one PostScript file of one page.
 #pragma once
 

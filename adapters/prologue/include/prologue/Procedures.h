@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What begins every page of our own PostScript: the plotter writes it, and the publisher makes pages itself that begin
 // with it to the letter. Other procedures could mean anything: such pages go to the interpreter.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Standards for keeping a PDF for a long time.
 #pragma once
 

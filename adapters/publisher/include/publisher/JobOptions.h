@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reader of job options files (".joboptions"): settings for making PDF pages from PostScript, in PostScript notation.
 //
 // Grammar: ( "<<" (/Name value)* ">>" ("setdistillerparams" | "setpagedevice") )*  with "%" comments. Values are

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How a PDF is written, beside what it holds.
 #pragma once
 

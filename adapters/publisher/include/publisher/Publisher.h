@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The embedded publishing library: PostScript files and marks become one PDF; the conversion log is a text file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whoever can set text in any script, for stamps that the standard fonts of PDF can't show.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window that shows a layout of a drawing and lets the user pick points in it.
 #pragma once
 

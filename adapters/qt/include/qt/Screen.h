@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The screen: the one window system connection of a process, with the forms' toolkit and the desktop on it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "fonts/HarfBuzz.h"
 
 #include "base/process/SharedLibrary.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "images/TiffLibrary.h"
 
 #include "base/process/SharedLibrary.h"

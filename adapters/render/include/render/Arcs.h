@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Circles, ellipses and bulges as cubic Bezier curves; the radius is off by at most 0.027 %.
 #pragma once
 

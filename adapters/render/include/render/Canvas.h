@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The seam between what an entity means and how it is written: finished 2-D shapes on a sheet of paper.
 //
 // Coordinates are millimetres on the sheet, from its lower-left corner, x to the right, y up. Colours are 0xTTRRGGBB as

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Boxes and paths against each other: what lies off the page, and what of a line is left.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One scalable font as back ends need it: metrics and outlines, or strokes, by glyph.
 #pragma once
 

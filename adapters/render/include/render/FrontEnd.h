@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The front end: what each entity of a space means, drawn on a canvas.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A picture made of pixels, ready for an output device.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Plot style tables: what a pen of each colour (.ctb) or each named style (.stb) makes of what it plots.
 #pragma once
 

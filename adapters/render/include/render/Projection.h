@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Maps of space onto the sheet: what a view, a viewport and nested inserts come down to.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a drawing brings along from other files: pictures, pages of PDF files, other drawings. Found and opened once for
 // all its sheets.
 #pragma once

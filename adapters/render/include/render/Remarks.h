@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Remarks that tell of content which a page lacks; others tell of what was drawn in another way.
 #pragma once
 

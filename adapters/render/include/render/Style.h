@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Colour, line type and lineweight of an entity, BYLAYER and BYBLOCK resolved.
 #pragma once
 

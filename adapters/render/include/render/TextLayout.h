@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Text entities as runs of glyphs in the entity's own plane.
 //
 // All geometry is in the entity's OCS: x and y of the plane, drawing units, already turned, sheared, mirrored, aligned

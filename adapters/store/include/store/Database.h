@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // SQLite as the store uses it: a connection, a statement, one kind of error.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The facts that the install ships: what an installer would have written.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A layer in memory over a registry: the options and the state of one run.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The user's own settings in a registry of the system, over the facts that the install ships.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The file that holds one user's settings: made on first need, checked when opened, put aside when it is damaged.
 #pragma once
 

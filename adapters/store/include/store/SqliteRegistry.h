@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The registry on one SQLite file per user, over the facts that the install ships.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Keys and values in memory: the shipped facts, and the layer that a run lays over the stored settings.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Opens files and web addresses with the program that the user's desktop keeps for them.
 #pragma once
 

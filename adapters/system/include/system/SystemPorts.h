@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The machine's file system, clock and locale, and the component itself.
 #pragma once
 

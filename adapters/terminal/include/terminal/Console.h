@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lines for the user on the error stream, and the one progress line that gives way to them.
 #pragma once
 

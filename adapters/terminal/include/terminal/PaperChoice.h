@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which sheet of a list takes the place of one that isn't offered.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The desktop of a terminal: messages become lines, questions take the answer that loses nothing.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The plug-in's windows where there is no screen: pickers choose by rule and say what they chose.
 #pragma once
 

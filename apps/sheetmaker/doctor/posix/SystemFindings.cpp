@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "doctor/SystemFindings.h"
 
 #include "base/files/FileFacts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One row for each thing that DWG converters get wrong, here read right: fields from bits as the format stores them,
 // and what needs whole files from drawings of the shared folder (SM_SHARED_DRAWINGS, or beside the source tree).
 #include "drawing/Drawing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An object on bits of a test's own: texts and handles follow the numbers in the same stream, as if it had no other.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Tables from bits as each generation of releases stores them.
 #include "drawing/dwg/objects/TableBench.h"
 #include "dwg/entities/EntityDecoders.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Plays the user of another program's dialogs, by messages alone.
 //
 //     drive_forms window TITLE click ID text ID TEXT choose ID POSITION page ID POSITION expect ID TEXT close

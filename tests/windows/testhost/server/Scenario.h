@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The machine of the test host's process: the scripted session of the tests, changed by a text file.
 #pragma once
 

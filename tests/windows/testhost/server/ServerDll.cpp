@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // SmTestHost.dll: the scripted CAD host and the recording publishing library, in the process of whoever creates them.
 // regsvr32 registers both.
 #include "windows/automation/ComRef.h"

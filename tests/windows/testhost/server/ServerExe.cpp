@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // SmTestHost.exe: the scripted CAD host as a program of its own.
 //     SmTestHost.exe /RegServer | /UnregServer      registers "SmTestHost.RemoteApplication"
 // Started by COM it serves until its last object is released.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A file that appears under its name only when it is whole.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Keeps other processes of this program from changing a file between its reading and its writing.
 #pragma once
 

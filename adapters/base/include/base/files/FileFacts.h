@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What stands under a name, and what an error of the file system means.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Keeps other processes of this program from a folder at the same time.
 #pragma once
 

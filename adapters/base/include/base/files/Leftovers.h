@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Temporary files and folders tell by their names which process made them, so that a later run can remove what one that
 // was killed left behind.
 #pragma once

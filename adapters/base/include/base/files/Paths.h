@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The only two places where a path is made from text and text from a path.
 //
 // Text inside is UTF-8. On Windows a std::filesystem::path that is made from a std::string takes the bytes for the ANSI

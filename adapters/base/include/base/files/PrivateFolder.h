@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A private folder (mode 0700) that goes away with its object.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where a user's own files lie: by the XDG base directory rules, on Windows in the user's local application data.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs a program in a process group of its own, within limits and a deadline.
 #pragma once
 

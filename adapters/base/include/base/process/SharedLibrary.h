@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A library that few runs need: it is loaded when somebody asks for it, not with the program.
 #pragma once
 

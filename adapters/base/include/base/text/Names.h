@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Names as they are compared: letter case aside, and however their accents are spelled.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Text of files that other programs wrote, in whatever form they wrote it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The owner of a handle of the system, and what its calls take and say.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Starts programs in jobs, which end with all that they started.
 #pragma once
 

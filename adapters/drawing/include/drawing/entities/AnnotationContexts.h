@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Annotative entities: how they look at the scale of a viewport.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lines, circles, ellipses and splines.
 #pragma once
 

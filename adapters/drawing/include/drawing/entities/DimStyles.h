@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The style of dimensions, leaders and tolerance frames.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // DIMENSION, LEADER and TOLERANCE; what their styles say stands in DimStyles.h. Colours and line types of the parts
 // follow the entity where they are BYBLOCK and its layer where they are BYLAYER.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What all entities have in common. Each family's typed content has a header of its own beside this one.
 //
 // The drawing keeps 24 bytes an entity; a `Read` walks its tags and fills a struct that the caller reuses, so that the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The picture that an entity brings along for programs that don't know its kind: ACAD_PROXY_ENTITY and any other entity
 // with graphics data (DXF reference, common groups 92 or 160, then 310).
 #pragma once

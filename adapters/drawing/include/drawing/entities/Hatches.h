@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // HATCH and MPOLYGON: an area within boundaries, filled or hatched.
 #pragma once
 

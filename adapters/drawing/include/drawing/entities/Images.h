@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // IMAGE, WIPEOUT and underlays: what is shown of another file, or covered.
 #pragma once
 

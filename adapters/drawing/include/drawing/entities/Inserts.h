@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // INSERT: copies of a block, with their attributes and their clip.
 #pragma once
 

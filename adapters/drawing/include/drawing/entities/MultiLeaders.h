@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // MULTILEADER, with what its style says already in place.
 #pragma once
 

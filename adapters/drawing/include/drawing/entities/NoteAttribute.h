@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What notes with a block give to its attributes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // OLE2FRAME: an object of another program, with the picture that it was last shown by.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Signs at a place: POINT, and SHAPE of a shape file.
 #pragma once
 

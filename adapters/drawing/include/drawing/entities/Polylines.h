@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // LWPOLYLINE and POLYLINE: lines of vertices, meshes and polyfaces.
 #pragma once
 

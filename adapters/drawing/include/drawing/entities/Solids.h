@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Entities with faces or a body: filled corners, meshes, regions and solids.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is known of the place and size of entities that have no reader of their own.
 #pragma once
 

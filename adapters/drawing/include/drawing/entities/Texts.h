@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // TEXT, ATTRIB, ATTDEF and MTEXT.
 #pragma once
 

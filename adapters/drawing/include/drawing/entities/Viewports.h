@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // VIEWPORT: a window of a sheet onto the model.
 #pragma once
 
