@@ -73,11 +73,16 @@ PrivateFolder::~PrivateFolder()
 
 bool PrivateFolder::Remove()
 {
-    std::error_code error;
-    if (::rmdir(m_path.c_str()) == 0) // an empty one goes even when no more descriptors can be had
-        return true;
-    std::filesystem::remove_all(ToPath(m_path), error);
-    return !std::filesystem::exists(ToPath(m_path), error);
+    constexpr int kAttempts = 2; // what the system refused once, for want of descriptors, it may give now
+    for (int attempt = 0; attempt < kAttempts; ++attempt) {
+        std::error_code error;
+        if (::rmdir(m_path.c_str()) == 0) // an empty one goes even when no more descriptors can be had
+            return true;
+        std::filesystem::remove_all(ToPath(m_path), error);
+        if (!std::filesystem::exists(ToPath(m_path), error))
+            return true;
+    }
+    return false;
 }
 
 void MakePrivateFolders(const std::string& path)
