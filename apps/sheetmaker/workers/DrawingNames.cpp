@@ -6,6 +6,7 @@
 #include "commandline/Suggest.h"
 #include "report/RunReport.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
