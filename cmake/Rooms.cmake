@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The headers of the standard library that most sources include are read once a target. The sanitizers' build goes
-# without, so that a source that lacks an include is found; so does a room of few sources, which wouldn't win back
+# The headers of the standard library that most sources include are read once a target. Developers' builds go without,
+# so that a source that lacks an include is found; so does a room of few sources, which wouldn't win back
 # what reading them apart takes.
 option(SM_PRECOMPILED "Read the common headers once a target" ON)
 function(precompile target header)
@@ -105,6 +105,7 @@ function(add_room_tests name)
     # Test code is read once and run once: optimising it costs more than it gives.
     target_compile_options(test_${name} PRIVATE ${SM_WARNINGS} -O0)
     target_compile_definitions(test_${name} PRIVATE SM_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+    set_target_properties(test_${name} PROPERTIES UNITY_BUILD ${SM_UNITY} UNITY_BUILD_BATCH_SIZE 12)
     precompile(test_${name} TestHeaders.h)
     set_property(GLOBAL APPEND PROPERTY SM_TEST_PROGRAMS test_${name})
     gtest_discover_tests(test_${name} TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)

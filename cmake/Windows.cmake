@@ -13,6 +13,7 @@ add_library(windows STATIC ${sources})
 target_link_libraries(windows PUBLIC plugin comctl32 comdlg32 gdi32 ole32 oleaut32 shell32 uuid version uxtheme)
 target_compile_options(windows PRIVATE ${SM_WARNINGS})
 target_include_directories(windows PUBLIC ${CMAKE_SOURCE_DIR}/adapters)
+precompile(windows SystemHeaders.h)
 add_subdirectory(adapters/windows/server)
 
 # The program, where its libraries are.

@@ -132,4 +132,16 @@ std::string ViewTags(const std::string& name, double x, double y, double width, 
            Tag(11, 0) + Tag(21, 0) + Tag(31, 1) + more;
 }
 
+DxfDrawing OneSheet()
+{
+    DxfDrawing drawing;
+    drawing.AddSheet("Sheet 1");
+    return drawing;
+}
+
+std::string Plain(const char* kind, const std::string& more)
+{
+    return Tag(0, kind) + Tag(8, "0") + more;
+}
+
 } // namespace sm::cadhost

@@ -41,8 +41,12 @@ struct DxfDrawing {
     [[nodiscard]] std::string Text() const;
 };
 
+/// A drawing with the sheet "Sheet 1".
+DxfDrawing OneSheet();
 std::string Tag(int code, const std::string& value);
 std::string Tag(int code, double value);
+/// Of an entity on layer 0.
+std::string Plain(const char* kind, const std::string& more = {});
 std::string LineTags(double x1, double y1, double x2, double y2, const std::string& more = {});
 std::string ViewTags(const std::string& name, double x, double y, double width, double height,
                      const std::string& more = {});

@@ -38,7 +38,8 @@ protected:
     }
 };
 
-inline DxfDrawing OneSheet()
+/// One sheet with a line from (0, 0) to (100, 50).
+inline DxfDrawing SheetWithLine()
 {
     DxfDrawing drawing;
     drawing.AddSheet("Sheet 1").entities = LineTags(0, 0, 100, 50, Tag(67, 1));

@@ -16,7 +16,6 @@ namespace sm::drawing::dwg::testing {
 
 namespace {
 
-constexpr std::array kMagics{"AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"};
 constexpr unsigned kR2000 = 2, kR2004 = 3, kR2007 = 4, kR2010 = 5, kR2018 = 7;
 
 std::string Sum16(const std::string& bytes)

@@ -2,6 +2,7 @@
 // DWG files around any bytes: containers and checksums are right, so that what stands inside them is met.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -32,7 +33,8 @@ std::vector<PartOfInput> PartsOf(std::string_view input);
 std::string PartBytes(Part part, std::string_view bytes);
 
 /// Releases by number: 0 R13, 1 R14, 2 R2000, ... 7 R2018.
-constexpr unsigned kReleases = 8;
+constexpr std::array kMagics{"AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"};
+constexpr auto kReleases = static_cast<unsigned>(kMagics.size());
 std::string FileOfParts(unsigned release, std::string_view input);
 
 /// The classes that a file without the part has, numbered from 500 on.

@@ -49,8 +49,6 @@ Mode ModeOf(std::uint8_t byte)
     return static_cast<Mode>(byte % static_cast<unsigned>(Mode::Count));
 }
 
-constexpr std::array kMagics{"AC1012", "AC1014", "AC1015", "AC1018", "AC1021", "AC1024", "AC1027", "AC1032"};
-
 } // namespace
 
 } // namespace sm::drawing::dwg::testing

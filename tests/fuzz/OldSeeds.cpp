@@ -61,7 +61,7 @@ std::string AllKinds(OldKind kind, const Head& head, unsigned options)
     return file.File();
 }
 
-std::string Text(OldKind kind)
+std::string OldText(OldKind kind)
 {
     OldFileWriter file = Begun(kind);
     file.Entity(7, 0, 0, 0x169, "",
@@ -132,7 +132,7 @@ std::vector<std::pair<std::string, std::string>> OldSeeds()
             for (const unsigned options : {0U, 1U, 2U, 0x1FFU})
                 seeds.emplace_back(begin + std::to_string(head.flags) + "-" + std::to_string(options),
                                    AllKinds(kind, head, options));
-        seeds.emplace_back(begin + "text", Text(kind));
+        seeds.emplace_back(begin + "text", OldText(kind));
         seeds.emplace_back(begin + "polylines", Polylines(kind));
         seeds.emplace_back(begin + "blocks", Blocks(kind));
         seeds.emplace_back(begin + "jumps", Jumps(kind));

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "doubles/RegistryNames.h"
 #include "doubles/SettingsStand.h"
 #include "hostobjects/cAcadPageSetup.h"
 
@@ -212,7 +213,6 @@ TEST_F(PageSetupEdits, CopyFromItselfChangesNothingButTheFlag)
 
 TEST_F(PageSetupEdits, BooleanPropertiesReportAnyStoredNumberButZeroAsTrue)
 {
-    constexpr const char* kKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD";
     const struct {
         const char* valueName;
         VariantBool (cAcadPageSetup::*property)();

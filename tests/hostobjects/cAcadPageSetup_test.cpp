@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "hostobjects/cAcadPageSetup.h"
 
+#include "doubles/RegistryNames.h"
 #include "doubles/StoredRecords.h"
 #include "settings/mdlDataKegIO.h"
 
@@ -9,9 +10,6 @@ namespace {
 
 using testing::Ref;
 using testing::Return;
-
-constexpr auto kUser = RegistryRoot::CurrentUser;
-constexpr const char* kKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD";
 
 class PageSetupObject : public StoredRecords {
 protected:

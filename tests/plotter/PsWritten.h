@@ -10,15 +10,21 @@
 
 namespace sm::plotter {
 
+/// What stands in `writer`, which is finished.
+inline std::string BodyOf(PsWriter& writer)
+{
+    writer.Finish();
+    std::string text;
+    writer.Body().WriteTo([&](std::string_view piece) { text += piece; });
+    return text;
+}
+
 /// What is written for a page of 254 dots an inch: ten dots a millimetre.
 inline std::string Written(auto draw)
 {
     PsWriter writer(254, testing::TempDir());
     draw(writer);
-    writer.Finish();
-    std::string text;
-    writer.Body().WriteTo([&](std::string_view piece) { text += piece; });
-    return text;
+    return BodyOf(writer);
 }
 
 /// The whole file of a page that holds what `draw` draws.

@@ -7,7 +7,7 @@
 namespace sm {
 namespace {
 
-const char* const kCorruptedHost =
+const char* const kHostIsCorrupted =
     "Certain AutoCAD functionality, which allows 3rd party plugins to operate, has been corrupted.\r\nThis is "
     "typically caused by uninstalling AutoCAD 14 after installing AutoCAD 2000. The problem\r\ncan be corrected by "
     "reinstalling AutoCAD 2000.";
@@ -20,7 +20,7 @@ protected:
         EXPECT_FALSE(ValidateHost(context, kFalse, host.Application()));
         EXPECT_EQ(Log(), (Lines{line}));
         EXPECT_EQ(Messages(), (std::vector<Message>{
-                                  ProductMessage(kCorruptedHost, MessageButtons::Ok, MessageIcon::Critical, 390)}));
+                                  ProductMessage(kHostIsCorrupted, MessageButtons::Ok, MessageIcon::Critical, 390)}));
     }
 };
 
@@ -34,7 +34,7 @@ TEST_F(HostValidation, NoApplication)
     EXPECT_FALSE(ValidateHost(context, kFalse, nullptr));
     EXPECT_EQ(Log(), (Lines{"  VALIDATION ERROR: Could Not Validate AutoCAD ActiveX Application object."}));
     EXPECT_EQ(Messages(),
-              (std::vector<Message>{ProductMessage(kCorruptedHost, MessageButtons::Ok, MessageIcon::Critical, 390)}));
+              (std::vector<Message>{ProductMessage(kHostIsCorrupted, MessageButtons::Ok, MessageIcon::Critical, 390)}));
 }
 
 TEST_F(HostValidation, NoOpenDrawing)

@@ -2,22 +2,13 @@
 // Big fonts: characters of two bytes beside a stroke font.
 #include "TextFixture.h"
 #include "fonts/StrokeFont.h"
+#include "render_text/ShapeBytes.h"
 
 #include <filesystem>
 #include <fstream>
 
 namespace sm::render {
 namespace {
-
-std::string Word(std::size_t value)
-{
-    return {static_cast<char>(value & 0xFF), static_cast<char>(value >> 8)};
-}
-
-struct Shape {
-    std::uint16_t number;
-    std::string bytes; ///< name, NUL, codes
-};
 
 /// Of code page 936, characters 8 high in a cell 8 wide. U+65BD (CA A9) is a bar over its height at x = 2 and steps 10
 /// on; U+5DE5 (B9 A4) shows shape 1, a dash from (0, 0) to (8, 8), from (2, 4) on, 4 wide and 2 high, and leaves the

@@ -3,6 +3,7 @@
 #include "fonts/StrokeFont.h"
 #include "plotter/FakeDrawing.h"
 #include "render/TextLayout.h"
+#include "render_text/ShapeBytes.h"
 
 #include <filesystem>
 #include <fstream>
@@ -10,16 +11,6 @@
 
 namespace sm::render {
 namespace {
-
-std::string Word(std::size_t value)
-{
-    return {static_cast<char>(value & 0xFF), static_cast<char>(value >> 8)};
-}
-
-struct Shape {
-    std::uint16_t number;
-    std::string bytes; ///< name, NUL, codes
-};
 
 /// A unifont: capitals 6 high. "I" is a bar from (1, 0) to (1, 6), its advance 4; a blank advances 5; U+416 is a dash.
 std::vector<Shape> Letters()

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "doubles/RegistryNames.h"
 #include "doubles/StoredRecords.h"
 #include "settings/mdlDataKegIO.h"
 
 namespace sm {
 namespace {
-
-constexpr auto kUser = RegistryRoot::CurrentUser;
-constexpr const char* kKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD";
 
 class SettingsBundle : public StoredRecords {
 protected:

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/GeneralSettingsIO.h"
 
+#include "doubles/RegistryNames.h"
 #include "doubles/SettingsStand.h"
 
 namespace sm {
 namespace {
-
-constexpr auto kUser = RegistryRoot::CurrentUser;
-constexpr const char* kKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD";
 
 class GeneralSettingsStore : public SettingsStand {
 protected:

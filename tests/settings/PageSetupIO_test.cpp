@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "doubles/RegistryNames.h"
 #include "doubles/SettingsStand.h"
 #include "settings/mdlDataKegIO.h"
 
@@ -6,8 +7,6 @@ namespace sm {
 namespace {
 
 using Texts = std::vector<std::string>;
-constexpr auto kUser = RegistryRoot::CurrentUser;
-constexpr const char* kKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD";
 
 /// A record in which no two fields are alike.
 PageSetupRecord Distinct()

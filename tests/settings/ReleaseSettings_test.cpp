@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "doubles/RegistryNames.h"
 #include "doubles/SettingsStand.h"
 #include "settings/mdlWinReg.h"
 
 namespace sm {
 namespace {
 
-constexpr auto kUser = RegistryRoot::CurrentUser;
-constexpr auto kMachine = RegistryRoot::LocalMachine;
 constexpr const char* kUserReleaseKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD\\R16.0\\ACAD-201:409";
 constexpr const char* kMachineReleaseKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD\\R15.0\\ACAD-1:409";
 
@@ -67,19 +66,19 @@ TEST_F(ReleaseSettings, WorkWithoutTheChain)
 
 TEST_F(ReleaseSettings, TheInstallFactsComeMachineWideWhateverTheChainsRoot)
 {
-    const char* kKey = "Software\\Autodesk\\AutoCAD\\R16.0\\ACAD-201:409";
-    registry.Put(kUser, kKey, "AcadLocation", "wrong root");
-    registry.Put(kMachine, kKey, "AcadLocation", "C:\\Acad");
-    registry.Put(kMachine, kKey, "Language", "English");
-    registry.Put(kMachine, kKey, "LocaleID", "409");
-    registry.Put(kMachine, kKey, "ProductID", "201");
-    registry.Put(kMachine, kKey, "ProductName", "Drafting 2004");
-    registry.Put(kMachine, kKey, "Release", "16.0.0.86");
+    const char* kHostKey = "Software\\Autodesk\\AutoCAD\\R16.0\\ACAD-201:409";
+    registry.Put(kUser, kHostKey, "AcadLocation", "wrong root");
+    registry.Put(kMachine, kHostKey, "AcadLocation", "C:\\Acad");
+    registry.Put(kMachine, kHostKey, "Language", "English");
+    registry.Put(kMachine, kHostKey, "LocaleID", "409");
+    registry.Put(kMachine, kHostKey, "ProductID", "201");
+    registry.Put(kMachine, kHostKey, "ProductName", "Drafting 2004");
+    registry.Put(kMachine, kHostKey, "Release", "16.0.0.86");
     const AcadInstallInfo expected{"R16.0", "ACAD-201:409", "C:\\Acad",      "English",
                                    "409",   "201",          "Drafting 2004", "16.0.0.86"};
     EXPECT_EQ(ReadAcadInstallInfo(surroundings, "16"), expected);
 
-    registry.PutBytes(kMachine, kKey, "LocaleID", RegistryType::DWord, std::string("\x09\4\0\0", 4));
+    registry.PutBytes(kMachine, kHostKey, "LocaleID", RegistryType::DWord, std::string("\x09\4\0\0", 4));
     EXPECT_EQ(ReadAcadInstallInfo(surroundings, "16").LocaleID, "");
     EXPECT_EQ(ReadAcadInstallInfo(surroundings, "15").AcadLocation, "");
 }

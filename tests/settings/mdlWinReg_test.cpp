@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/mdlWinReg.h"
 
+#include "doubles/RegistryNames.h"
 #include "doubles/SettingsStand.h"
 
 namespace sm {
 namespace {
-
-constexpr auto kUser = RegistryRoot::CurrentUser;
-constexpr auto kMachine = RegistryRoot::LocalMachine;
-constexpr const char* kKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD";
 
 class RegistrySettings : public SettingsStand {};
 

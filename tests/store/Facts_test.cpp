@@ -3,6 +3,7 @@
 
 #include "TemporaryFolder.h"
 #include "doubles/RegistryAccess.h"
+#include "doubles/RegistryNames.h"
 #include "store/SqliteRegistry.h"
 
 #include <gtest/gtest.h>
@@ -10,22 +11,19 @@
 namespace sm::store {
 namespace {
 
-constexpr auto kUser = RegistryRoot::CurrentUser;
-constexpr auto kMachine = RegistryRoot::LocalMachine;
-
 ValueTable Shipped()
 {
     return ShippedFacts({"/share/help/acadsmpdf.hlp", "/share/settings", "1.2.3", "/share"});
 }
 
-struct Row {
+struct FactRow {
     RegistryRoot root;
     const char* key;
     const char* name;
     const char* text;
 };
 
-const Row kRows[] = {
+const FactRow kFactRows[] = {
     {kMachine, "Software\\Tarnwick Software\\Sheetmaker PDF", "Version", "1.2.3"},
     {kMachine, "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD", "HelpFile", "/share/help/acadsmpdf.hlp"},
     {kMachine, "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD", "SettingsFolder", "/share/settings"},
@@ -46,7 +44,7 @@ TEST(Facts, StandInTheRegistryOfAFreshMachine)
     const TemporaryFolder folder;
     const auto file = folder.Path() / "settings.sqlite";
     const auto registry = OpenSqliteRegistry(file, Shipped(), {});
-    for (const Row& row : kRows)
+    for (const FactRow& row : kFactRows)
         EXPECT_EQ(ReadText(*registry, row.key, row.name, row.root), row.text) << row.key << " " << row.name;
     EXPECT_FALSE(std::filesystem::exists(file));
 }

@@ -6,7 +6,7 @@
 namespace sm::store {
 namespace {
 
-struct Row {
+struct KeyPathRow {
     const char* name;
     const char* text;
     const char* folded;
@@ -14,7 +14,7 @@ struct Row {
 
 TEST(FoldCase, FoldsEveryScriptThatHasCase)
 {
-    const Row rows[] = {
+    const KeyPathRow rows[] = {
         {"Empty", "", ""},
         {"Ascii", "CurVer_9", "curver_9"},
         {"Latin", "\xc3\x84\xc3\x96\xc3\x9c", "\xc3\xa4\xc3\xb6\xc3\xbc"},
@@ -24,20 +24,20 @@ TEST(FoldCase, FoldsEveryScriptThatHasCase)
         {"NotUtf8", "AB\xff", "ab\xff"},
         {"CutShort", "A\xc3", "a\xc3"},
     };
-    for (const Row& row : rows)
+    for (const KeyPathRow& row : rows)
         EXPECT_EQ(FoldCase(row.text), row.folded) << row.name;
 }
 
 TEST(FoldKeyPath, DropsSeparatorsThatSayNothing)
 {
-    const Row rows[] = {
+    const KeyPathRow rows[] = {
         {"Plain", "Software\\House", "software\\house"},
         {"Trailing", "Software\\", "software"},
         {"Leading", "\\Software", "software"},
         {"Doubled", "Software\\\\House", "software\\house"},
         {"Nothing", "\\", ""},
     };
-    for (const Row& row : rows)
+    for (const KeyPathRow& row : rows)
         EXPECT_EQ(FoldKeyPath(row.text), row.folded) << row.name;
 }
 

@@ -14,7 +14,7 @@
 namespace sm::store {
 namespace {
 
-constexpr const char* kKey = "Software\\Product";
+constexpr const char* kSharedKey = "Software\\Product";
 
 /// Runs `work` in a process of its own; its result is the exit code.
 template <class Work> pid_t Fork(Work work)
@@ -37,7 +37,7 @@ int WriteMany(const std::filesystem::path& file, int writer, int count)
     int complaints = 0;
     const auto registry = OpenSqliteRegistry(file, {}, [&](const std::string&) { ++complaints; });
     for (int number = 0; number < count; ++number)
-        if (!WriteText(*registry, kKey, "Value" + std::to_string(writer) + "_" + std::to_string(number),
+        if (!WriteText(*registry, kSharedKey, "Value" + std::to_string(writer) + "_" + std::to_string(number),
                        std::to_string(number)))
             return 1;
     return complaints ? 2 : 0;
@@ -56,7 +56,7 @@ TEST(ManyProcesses, StartingTogetherLoseNoWrite)
     const auto registry = OpenSqliteRegistry(file, {}, {});
     for (int writer = 0; writer < kWriters; ++writer)
         for (int number = 0; number < kCount; ++number)
-            EXPECT_EQ(ReadText(*registry, kKey, "Value" + std::to_string(writer) + "_" + std::to_string(number)),
+            EXPECT_EQ(ReadText(*registry, kSharedKey, "Value" + std::to_string(writer) + "_" + std::to_string(number)),
                       std::to_string(number));
 }
 
@@ -65,7 +65,7 @@ int WriteUntilKilled(const std::filesystem::path& file, int pipe)
 {
     const auto registry = OpenSqliteRegistry(file, {}, {});
     for (int number = 0;; ++number) {
-        if (!WriteText(*registry, kKey, "Counter", std::to_string(number)))
+        if (!WriteText(*registry, kSharedKey, "Counter", std::to_string(number)))
             return 1;
         if (write(pipe, &number, sizeof number) != sizeof number)
             return 2;
@@ -92,7 +92,7 @@ TEST(ManyProcesses, AKilledOneLosesAtMostTheWriteInFlight)
 
         std::string complaint;
         const auto registry = OpenSqliteRegistry(file, {}, [&](const std::string& text) { complaint = text; });
-        const int stored = std::stoi(ReadText(*registry, kKey, "Counter"));
+        const int stored = std::stoi(ReadText(*registry, kSharedKey, "Counter"));
         EXPECT_GE(stored, last);
         EXPECT_LE(stored, last + 1);
         EXPECT_EQ(complaint, "");
@@ -116,7 +116,7 @@ TEST(ManyProcesses, PutADamagedFileAsideOnce)
     EXPECT_FALSE(std::filesystem::exists(folder.Path() / "settings-damaged-2.sqlite"));
     const auto registry = OpenSqliteRegistry(file, {}, {});
     for (int writer = 0; writer < 6; ++writer)
-        EXPECT_EQ(ReadText(*registry, kKey, "Value" + std::to_string(writer) + "_2"), "2");
+        EXPECT_EQ(ReadText(*registry, kSharedKey, "Value" + std::to_string(writer) + "_2"), "2");
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "TemporaryFolder.h"
 #include "doubles/MemoryRegistry.h"
 #include "doubles/RegistryAccess.h"
+#include "doubles/RegistryNames.h"
 #include "store/SqliteRegistry.h"
 
 #include <gtest/gtest.h>
@@ -11,8 +12,6 @@
 namespace sm::store {
 namespace {
 
-constexpr auto kUser = RegistryRoot::CurrentUser;
-constexpr const char* kKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD";
 constexpr const char* kReleaseKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD\\R16.0\\EMBEDDED-1:409";
 
 TEST(OverlayRegistry, ShowsTheLayerBeforeTheStoredValue)

@@ -3,14 +3,13 @@
 
 #include "doubles/MemoryRegistry.h"
 #include "doubles/RegistryAccess.h"
+#include "doubles/RegistryNames.h"
 
 #include <gtest/gtest.h>
 
 namespace sm::store {
 namespace {
 
-constexpr auto kUser = RegistryRoot::CurrentUser;
-constexpr auto kMachine = RegistryRoot::LocalMachine;
 constexpr const char* kOwn = "Software\\Maker\\Product";
 constexpr const char* kHost = "Software\\Host";
 

@@ -15,7 +15,7 @@
 namespace sm::store {
 namespace {
 
-constexpr const char* kKey = "Software\\Product";
+constexpr const char* kProductKey = "Software\\Product";
 
 class SqliteStore : public testing::Test {
 protected:
@@ -39,8 +39,8 @@ protected:
 
 TEST_F(SqliteStore, KeepsValuesFromRunToRun)
 {
-    EXPECT_TRUE(WriteText(*Open(), kKey, "Name", "value"));
-    EXPECT_EQ(ReadText(*Open(), kKey, "name"), "value");
+    EXPECT_TRUE(WriteText(*Open(), kProductKey, "Name", "value"));
+    EXPECT_EQ(ReadText(*Open(), kProductKey, "name"), "value");
     EXPECT_TRUE(m_complaints.empty());
 }
 
@@ -67,11 +67,11 @@ private:
 
 TEST_F(SqliteStore, ReadsWhatStandsThereWhereNothingCanBeWritten)
 {
-    EXPECT_TRUE(WriteText(*Open(), kKey, "Name", "value"));
+    EXPECT_TRUE(WriteText(*Open(), kProductKey, "Name", "value"));
     const FullDisk full;
-    EXPECT_EQ(ReadText(*Open(), kKey, "Name"), "value");
-    EXPECT_FALSE(WriteText(*Open(), kKey, "Name", "other"));
-    EXPECT_EQ(ReadText(*Open(), kKey, "Name"), "value");
+    EXPECT_EQ(ReadText(*Open(), kProductKey, "Name"), "value");
+    EXPECT_FALSE(WriteText(*Open(), kProductKey, "Name", "other"));
+    EXPECT_EQ(ReadText(*Open(), kProductKey, "Name"), "value");
     EXPECT_EQ(m_complaints.size(), 1U); // of the write
 }
 
@@ -83,7 +83,7 @@ TEST_F(SqliteStore, TellsSettingsThatCantBeReadFromNone)
     EXPECT_TRUE(canRead());
     std::ofstream(m_file).flush(); // as a process leaves it that was killed at once
     EXPECT_TRUE(canRead());
-    EXPECT_TRUE(WriteText(*Open(), kKey, "Name", "value"));
+    EXPECT_TRUE(WriteText(*Open(), kProductKey, "Name", "value"));
     EXPECT_TRUE(canRead());
     EXPECT_TRUE(m_complaints.empty());
     std::filesystem::remove(m_file);
@@ -95,47 +95,47 @@ TEST_F(SqliteStore, TellsSettingsThatCantBeReadFromNone)
 
 TEST_F(SqliteStore, MakesNoFileForReading)
 {
-    EXPECT_EQ(ReadText(*Open(), kKey, "Name"), "(none)");
+    EXPECT_EQ(ReadText(*Open(), kProductKey, "Name"), "(none)");
     EXPECT_TRUE(std::filesystem::is_empty(m_folder.Path()));
 }
 
 TEST_F(SqliteStore, ShowsAnotherProcesssWriteAtOnce)
 {
     const auto first = Open(), second = Open();
-    EXPECT_TRUE(WriteText(*first, kKey, "Name", "one"));
-    EXPECT_EQ(ReadText(*second, kKey, "Name"), "one");
-    EXPECT_TRUE(WriteText(*second, kKey, "Name", "two"));
-    EXPECT_EQ(ReadText(*first, kKey, "Name"), "two");
+    EXPECT_TRUE(WriteText(*first, kProductKey, "Name", "one"));
+    EXPECT_EQ(ReadText(*second, kProductKey, "Name"), "one");
+    EXPECT_TRUE(WriteText(*second, kProductKey, "Name", "two"));
+    EXPECT_EQ(ReadText(*first, kProductKey, "Name"), "two");
 }
 
 TEST_F(SqliteStore, ReadsEverythingOnceForAShortRun)
 {
     const auto other = Open();
-    EXPECT_TRUE(WriteText(*other, kKey, "Name", "one"));
+    EXPECT_TRUE(WriteText(*other, kProductKey, "Name", "one"));
     const auto run = OpenSqliteRegistry(m_file, {}, {}, Reading::Once);
-    EXPECT_EQ(ReadText(*run, kKey, "name"), "one");
-    EXPECT_TRUE(WriteText(*other, kKey, "Name", "two"));
-    EXPECT_TRUE(WriteText(*other, kKey, "Other", "two"));
-    EXPECT_EQ(ReadText(*run, kKey, "Name"), "one");
-    EXPECT_EQ(ReadText(*run, kKey, "Other"), "(none)");
-    EXPECT_TRUE(WriteText(*run, kKey, "Name", "three"));
-    EXPECT_EQ(ReadText(*run, kKey, "Name"), "three");
-    EXPECT_EQ(ReadText(*other, kKey, "Name"), "three");
+    EXPECT_EQ(ReadText(*run, kProductKey, "name"), "one");
+    EXPECT_TRUE(WriteText(*other, kProductKey, "Name", "two"));
+    EXPECT_TRUE(WriteText(*other, kProductKey, "Other", "two"));
+    EXPECT_EQ(ReadText(*run, kProductKey, "Name"), "one");
+    EXPECT_EQ(ReadText(*run, kProductKey, "Other"), "(none)");
+    EXPECT_TRUE(WriteText(*run, kProductKey, "Name", "three"));
+    EXPECT_EQ(ReadText(*run, kProductKey, "Name"), "three");
+    EXPECT_EQ(ReadText(*other, kProductKey, "Name"), "three");
 }
 
 TEST_F(SqliteStore, MakesItsFolderForTheUserAlone)
 {
     m_file = m_folder.Path() / "a" / "b" / "settings.sqlite";
-    EXPECT_TRUE(WriteText(*Open(), kKey, "Name", "value"));
+    EXPECT_TRUE(WriteText(*Open(), kProductKey, "Name", "value"));
     EXPECT_EQ(std::filesystem::status(m_file.parent_path()).permissions(), std::filesystem::perms::owner_all);
 }
 
 TEST_F(SqliteStore, TakesAnEmptyFileForANewOne)
 {
     WriteFile("");
-    EXPECT_EQ(ReadText(*Open(), kKey, "Name"), "(none)");
-    EXPECT_TRUE(WriteText(*Open(), kKey, "Name", "value"));
-    EXPECT_EQ(ReadText(*Open(), kKey, "Name"), "value");
+    EXPECT_EQ(ReadText(*Open(), kProductKey, "Name"), "(none)");
+    EXPECT_TRUE(WriteText(*Open(), kProductKey, "Name", "value"));
+    EXPECT_EQ(ReadText(*Open(), kProductKey, "Name"), "value");
     EXPECT_TRUE(m_complaints.empty());
 }
 
@@ -144,9 +144,9 @@ TEST_F(SqliteStore, PutsAFileThatIsNoDatabaseAside)
     const std::string junk = "this is somebody's letter, and long enough to be looked at by anyone who opens it";
     WriteFile(junk);
     const auto registry = Open();
-    EXPECT_EQ(ReadText(*registry, kKey, "Name"), "(none)");
-    EXPECT_TRUE(WriteText(*registry, kKey, "Name", "value"));
-    EXPECT_EQ(ReadText(*registry, kKey, "Name"), "value");
+    EXPECT_EQ(ReadText(*registry, kProductKey, "Name"), "(none)");
+    EXPECT_TRUE(WriteText(*registry, kProductKey, "Name", "value"));
+    EXPECT_EQ(ReadText(*registry, kProductKey, "Name"), "value");
     EXPECT_EQ(ReadFile(InFolder("settings-damaged-1.sqlite")), junk);
     ASSERT_EQ(m_complaints.size(), 1u);
     EXPECT_EQ(m_complaints[0], "The settings file " + m_file.string() +
@@ -157,7 +157,7 @@ TEST_F(SqliteStore, PutsAFileThatIsNoDatabaseAside)
 TEST_F(SqliteStore, PutsAnotherProgramsDatabaseAside)
 {
     Database(m_file.string(), Database::Mode::Create).Run("CREATE TABLE songs(title TEXT)");
-    EXPECT_TRUE(WriteText(*Open(), kKey, "Name", "value"));
+    EXPECT_TRUE(WriteText(*Open(), kProductKey, "Name", "value"));
     ASSERT_EQ(m_complaints.size(), 1u);
     EXPECT_EQ(m_complaints[0], "The settings file " + m_file.string() +
                                    " can't be used: it belongs to another program. It was kept as " +
@@ -168,14 +168,14 @@ TEST_F(SqliteStore, PutsAnotherProgramsDatabaseAside)
 
 TEST_F(SqliteStore, PutsATornFileAsideUnderTheNextFreeName)
 {
-    WriteText(*Open(), kKey, "Name", "value");
+    WriteText(*Open(), kProductKey, "Name", "value");
     std::string bytes = ReadFile(m_file);
     ASSERT_GT(bytes.size(), 8192u);
     for (std::size_t at = 4096; at < bytes.size(); ++at)
         bytes[at] = '\x5a';
     WriteFile(bytes);
     std::ofstream(InFolder("settings-damaged-1.sqlite")) << "an earlier one";
-    EXPECT_EQ(ReadText(*Open(), kKey, "Name"), "(none)");
+    EXPECT_EQ(ReadText(*Open(), kProductKey, "Name"), "(none)");
     EXPECT_EQ(ReadFile(InFolder("settings-damaged-2.sqlite")), bytes);
     EXPECT_EQ(ReadFile(InFolder("settings-damaged-1.sqlite")), "an earlier one");
     EXPECT_EQ(m_complaints.size(), 1u);
@@ -184,23 +184,23 @@ TEST_F(SqliteStore, PutsATornFileAsideUnderTheNextFreeName)
 TEST_F(SqliteStore, NoticesDamageThatCameWhileTheFileWasOpen)
 {
     const auto registry = Open();
-    EXPECT_TRUE(WriteText(*registry, kKey, "Name", "value"));
+    EXPECT_TRUE(WriteText(*registry, kProductKey, "Name", "value"));
     std::filesystem::remove(m_file);
     std::filesystem::remove(m_file.string() + "-wal");
     std::filesystem::remove(m_file.string() + "-shm");
     WriteFile("no database at all, and long enough for its header to be read as if it were one of ours...........");
-    EXPECT_TRUE(WriteText(*registry, kKey, "Name", "after"));
-    EXPECT_EQ(ReadText(*registry, kKey, "Name"), "after");
+    EXPECT_TRUE(WriteText(*registry, kProductKey, "Name", "after"));
+    EXPECT_EQ(ReadText(*registry, kProductKey, "Name"), "after");
     EXPECT_EQ(m_complaints.size(), 1u);
 }
 
 TEST_F(SqliteStore, LeavesTheFileOfALaterVersionAlone)
 {
-    WriteText(*Open(), kKey, "Name", "value");
+    WriteText(*Open(), kProductKey, "Name", "value");
     Database(m_file.string(), Database::Mode::Existing).Run("PRAGMA user_version = 2");
     const auto registry = Open();
-    EXPECT_EQ(ReadText(*registry, kKey, "Name"), "(none)");
-    EXPECT_FALSE(WriteText(*registry, kKey, "Name", "mine"));
+    EXPECT_EQ(ReadText(*registry, kProductKey, "Name"), "(none)");
+    EXPECT_FALSE(WriteText(*registry, kProductKey, "Name", "mine"));
     ASSERT_EQ(m_complaints.size(), 1u);
     EXPECT_EQ(m_complaints[0],
               "The settings file " + m_file.string() +
@@ -213,9 +213,9 @@ TEST_F(SqliteStore, SaysOnceThatAFolderCannotBeMade)
     std::ofstream(InFolder("taken")) << "a file where the folder should be";
     m_file = InFolder("taken") / "settings.sqlite";
     const auto registry = Open();
-    EXPECT_FALSE(WriteText(*registry, kKey, "Name", "value"));
-    EXPECT_FALSE(WriteText(*registry, kKey, "Name", "value"));
-    EXPECT_EQ(ReadText(*registry, kKey, "Name"), "(none)");
+    EXPECT_FALSE(WriteText(*registry, kProductKey, "Name", "value"));
+    EXPECT_FALSE(WriteText(*registry, kProductKey, "Name", "value"));
+    EXPECT_EQ(ReadText(*registry, kProductKey, "Name"), "(none)");
     EXPECT_EQ(m_complaints.size(), 1u);
 }
 

@@ -8,7 +8,7 @@
 namespace sm::system {
 namespace {
 
-struct Row {
+struct PlaceRow {
     const char* name;
     std::map<std::string, std::string> variables;
     const char* settings;
@@ -17,7 +17,7 @@ struct Row {
 
 TEST(Places, FollowTheXdgVariables)
 {
-    const Row rows[] = {
+    const PlaceRow rows[] = {
         {"HomeAlone",
          {{"HOME", "/home/ann"}},
          "/home/ann/.config/sheetmaker-pdf",
@@ -31,7 +31,7 @@ TEST(Places, FollowTheXdgVariables)
          "/home/ann/.config/sheetmaker-pdf",
          "/home/ann/.local/state/sheetmaker-pdf"},
     };
-    for (const Row& row : rows) {
+    for (const PlaceRow& row : rows) {
         const Places places = FindPlaces(Variables(row.variables), "/nowhere/bin/sheetmaker");
         EXPECT_EQ(places.settingsFolder, row.settings) << row.name;
         EXPECT_EQ(places.stateFolder, row.state) << row.name;

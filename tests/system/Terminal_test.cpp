@@ -13,7 +13,7 @@ constexpr auto kOk = MessageButtons::Ok;
 constexpr auto kOkCancel = MessageButtons::OkCancel;
 constexpr auto kYesNo = MessageButtons::YesNo;
 
-struct Row {
+struct TerminalRow {
     const char* name;
     Message message;
     MessageAnswer answer;
@@ -25,7 +25,7 @@ Message Box(const char* text, MessageButtons buttons, MessageIcon icon, std::int
     return {text, "Tarnwick Sheetmaker PDF", buttons, icon, "acadsmpdf.hlp", helpContext};
 }
 
-const Row kRows[] = {
+const TerminalRow kTerminalRows[] = {
     {"Notice",
      Box("The selected view to plot could not be found. PDF conversion was canceled.", kOk, MessageIcon::Exclamation,
          290),
@@ -54,7 +54,7 @@ const Row kRows[] = {
 
 TEST(MessageAnswers, LoseNothing)
 {
-    for (const Row& row : kRows) {
+    for (const TerminalRow& row : kTerminalRows) {
         EXPECT_EQ(AnswerWithoutScreen(row.message), row.answer) << row.name;
         EXPECT_EQ(MessageLine(row.message), row.line) << row.name;
     }

@@ -18,7 +18,7 @@ protected:
 };
 
 const char* const kTaken = "This digital signature box already exists, please enter a unique Name to continue.";
-const char* const kInvalid = "You must enter a valid Name, Layout Tab and Rectangle.";
+const char* const kInvalidField = "You must enter a valid Name, Layout Tab and Rectangle.";
 
 TEST_F(DigSigTab, ListsAndSavesFields)
 {
@@ -120,8 +120,8 @@ TEST_F(DigSigTab, NameLayoutAndRectangleMustBeValid)
             it.Close();
         });
         user.Click("btnDigSigAdd");
-        EXPECT_EQ(Messages(),
-                  (std::vector<Message>{ProductMessage(kInvalid, MessageButtons::Ok, MessageIcon::Critical, 440)}));
+        EXPECT_EQ(Messages(), (std::vector<Message>{
+                                  ProductMessage(kInvalidField, MessageButtons::Ok, MessageIcon::Critical, 440)}));
     }
     EXPECT_EQ(user.Rows("lstDigSig"), Texts{});
 }
@@ -142,7 +142,7 @@ TEST_F(DigSigTab, ATakenNameIsToldBeforeAnInvalidRectangle)
     const auto messages = Messages();
     ASSERT_EQ(messages.size(), 2U);
     EXPECT_EQ(messages[0].text, kTaken);
-    EXPECT_EQ(messages[1].text, kInvalid);
+    EXPECT_EQ(messages[1].text, kInvalidField);
     EXPECT_EQ(desktop.calls, (Texts{"ShowHelp C:\\Program Files\\Tarnwick\\acadsmpdf.hlp 440"}));
 }
 

@@ -9,7 +9,7 @@
 namespace sm::app {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 struct Term {
     const char* term;
@@ -101,7 +101,7 @@ void AddFooter(RoffPage& page, const CommandFacts& command)
         page.Section("NOTES").Paragraphs(parts.notes);
 }
 
-std::string TypeText(const Json& field)
+std::string TypeText(const OrderedJson& field)
 {
     if (field.contains("const"))
         return field.at("const").dump();
@@ -111,11 +111,11 @@ std::string TypeText(const Json& field)
                : type;
 }
 
-void AddFields(RoffPage& page, const Json& fields, const std::string& prefix)
+void AddFields(RoffPage& page, const OrderedJson& fields, const std::string& prefix)
 {
     for (const auto& [name, field] : fields.items()) {
         page.Item(Bold(prefix + name) + " (" + RoffText(TypeText(field)) + ")", field.at("description"));
-        const Json& inner = field.contains("items") ? field.at("items") : field;
+        const OrderedJson& inner = field.contains("items") ? field.at("items") : field;
         if (inner.contains("properties"))
             AddFields(page, inner.at("properties"), prefix + name + (field.contains("items") ? "[]." : "."));
     }
@@ -164,7 +164,7 @@ std::string CommandPage(const CommandFacts& command, const std::string& version)
 
 std::string ReportPage(const std::string& schema, const std::string& version)
 {
-    const Json whole = Json::parse(schema);
+    const OrderedJson whole = OrderedJson::parse(schema);
     RoffPage page("SHEETMAKER-REPORT", "5", version);
     page.Section("NAME").Line("sheetmaker\\-report \\- what \"sheetmaker convert \\-\\-report\" writes");
     page.Section("DESCRIPTION").Paragraphs(whole.at("description"));

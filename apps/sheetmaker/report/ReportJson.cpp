@@ -7,21 +7,21 @@
 
 namespace sm::app {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 namespace {
 
-Json SheetsToJson(const std::vector<SheetReport>& sheets)
+OrderedJson SheetsToJson(const std::vector<SheetReport>& sheets)
 {
-    Json array = Json::array();
+    OrderedJson array = OrderedJson::array();
     for (const SheetReport& sheet : sheets)
         array.push_back({{"layout", sheet.name}, {"status", sheet.status}, {"marks", sheet.marks}});
     return array;
 }
 
-Json EntitiesToJson(const EntityCounts& counts, const std::vector<NotDrawn>& kinds)
+OrderedJson EntitiesToJson(const EntityCounts& counts, const std::vector<NotDrawn>& kinds)
 {
-    Json byKind = Json::object();
+    OrderedJson byKind = OrderedJson::object();
     for (const NotDrawn& kind : kinds)
         byKind[kind.kind] = kind.count;
     return {{"read", counts.read},       {"drawn", counts.drawn},           {"hidden", counts.hidden},
@@ -29,24 +29,24 @@ Json EntitiesToJson(const EntityCounts& counts, const std::vector<NotDrawn>& kin
             {"notDrawnByKind", byKind}};
 }
 
-Json DamageToJson(const std::vector<Damage>& damage)
+OrderedJson DamageToJson(const std::vector<Damage>& damage)
 {
-    Json array = Json::array();
+    OrderedJson array = OrderedJson::array();
     for (const Damage& kind : damage)
         array.push_back(
             {{"text", kind.text}, {"count", kind.count}, {"line", kind.line}, {"contentLost", kind.contentLost}});
     return array;
 }
 
-Json AttachmentsToJson(const std::vector<AttachedFile>& attachments)
+OrderedJson AttachmentsToJson(const std::vector<AttachedFile>& attachments)
 {
-    Json array = Json::array();
+    OrderedJson array = OrderedJson::array();
     for (const AttachedFile& file : attachments)
         array.push_back({{"name", file.name}, {"path", file.path}, {"bytes", file.bytes}});
     return array;
 }
 
-Json ToObject(const DrawingReport& report)
+OrderedJson ToObject(const DrawingReport& report)
 {
     const RunTimes& times = report.times;
     return {{"drawing", report.drawing},
@@ -78,18 +78,18 @@ Json ToObject(const DrawingReport& report)
               {"total", times.total}}}};
 }
 
-void ReadLists(const Json& object, DrawingReport& report)
+void ReadLists(const OrderedJson& object, DrawingReport& report)
 {
-    for (const Json& sheet : object.at("sheets"))
+    for (const OrderedJson& sheet : object.at("sheets"))
         report.sheets.push_back({sheet.at("layout"), sheet.at("status"), sheet.at("marks")});
-    for (const Json& kind : object.at("damage"))
+    for (const OrderedJson& kind : object.at("damage"))
         report.damage.push_back({kind.at("text"), kind.at("count"), kind.at("line"), kind.at("contentLost")});
     for (const auto& [kind, count] : object.at("entities").at("notDrawnByKind").items())
         report.notDrawn.push_back({kind, count});
     report.substitutions = object.at("substitutions").get<std::vector<std::string>>();
     report.remarks = object.at("remarks").get<std::vector<std::string>>();
     report.notes = object.at("notes").get<std::vector<std::string>>();
-    for (const Json& file : object.at("attachments"))
+    for (const OrderedJson& file : object.at("attachments"))
         report.attachments.push_back({file.at("name"), file.at("path"), file.at("bytes")});
     report.attachmentsLost = object.at("attachmentsLost").get<std::vector<std::string>>();
     report.marksLost = object.at("marksLost").get<std::vector<std::string>>();
@@ -102,9 +102,9 @@ std::string Name(const std::string& text, const std::string& uri)
 }
 
 /// Bytes that aren't UTF-8 become U+FFFD.
-std::string Text(const Json& json, int indent)
+std::string Text(const OrderedJson& json, int indent)
 {
-    return json.dump(indent, ' ', false, Json::error_handler_t::replace);
+    return json.dump(indent, ' ', false, OrderedJson::error_handler_t::replace);
 }
 
 } // namespace
@@ -116,7 +116,7 @@ std::string ToJson(const DrawingReport& report, int indent)
 
 std::string ToJson(const std::vector<DrawingReport>& reports, const std::string& program)
 {
-    Json whole = {{"schema", kReportSchema}, {"program", program}, {"drawings", Json::array()}};
+    OrderedJson whole = {{"schema", kReportSchema}, {"program", program}, {"drawings", OrderedJson::array()}};
     for (const DrawingReport& report : reports)
         whole["drawings"].push_back(ToObject(report));
     return Text(whole, 2);
@@ -124,14 +124,14 @@ std::string ToJson(const std::vector<DrawingReport>& reports, const std::string&
 
 std::string ToJsonLine(const DrawingReport& report)
 {
-    Json line = {{"schema", kReportSchema}};
+    OrderedJson line = {{"schema", kReportSchema}};
     line.update(ToObject(report));
     return Text(line, -1);
 }
 
 DrawingReport ReportFromJson(const std::string& json)
 {
-    const Json object = Json::parse(json);
+    const OrderedJson object = OrderedJson::parse(json);
     DrawingReport report;
     report.drawing = Name(object.at("drawing"), object.at("drawingUri"));
     report.pdfPath = Name(object.at("pdf"), object.at("pdfUri"));
@@ -143,10 +143,10 @@ DrawingReport ReportFromJson(const std::string& json)
     report.pages = object.at("pages");
     report.pdfBytes = object.at("bytes");
     ReadLists(object, report);
-    const Json& counts = object.at("entities");
+    const OrderedJson& counts = object.at("entities");
     report.entities = {counts.at("read"),    counts.at("drawn"),      counts.at("hidden"),
                        counts.at("offPage"), counts.at("notReached"), counts.at("notDrawn")};
-    const Json& times = object.at("milliseconds");
+    const OrderedJson& times = object.at("milliseconds");
     report.times = {times.at("open"), times.at("plot"), times.at("pages"), times.at("assemble"), times.at("total")};
     return report;
 }

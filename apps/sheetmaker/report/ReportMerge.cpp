@@ -12,14 +12,14 @@
 namespace sm::app {
 namespace {
 
-using Json = nlohmann::ordered_json;
+using OrderedJson = nlohmann::ordered_json;
 
 constexpr std::string_view kLineBegins = R"({"schema":)";
 
 /// Discarded for text that is no JSON.
-Json Parse(const std::string& text)
+OrderedJson Parse(const std::string& text)
 {
-    return Json::parse(text, nullptr, false);
+    return OrderedJson::parse(text, nullptr, false);
 }
 
 Refusal NoReport(const std::string& place, const std::string& why)
@@ -34,9 +34,9 @@ std::string LineOfByte(const std::string& text, std::size_t byte)
     return std::to_string(1 + std::count(text.begin(), end, '\n'));
 }
 
-void CheckSchema(const Json& object, const std::string& place)
+void CheckSchema(const OrderedJson& object, const std::string& place)
 {
-    const Json number = object.value("schema", Json());
+    const OrderedJson number = object.value("schema", OrderedJson());
     if (number.is_number() && number != kReportSchema)
         throw NoReport(place,
                        "a report of schema " + number.dump() + "; this program knows " + std::to_string(kReportSchema));
@@ -51,7 +51,7 @@ bool IsSame(const nlohmann::json& left, const nlohmann::json& right, const std::
 }
 
 /// Throws Refusal unless the drawing is what this program writes: what was read of it gives the same object again.
-DrawingReport Checked(const Json& drawing, const std::string& place)
+DrawingReport Checked(const OrderedJson& drawing, const std::string& place)
 {
     DrawingReport report;
     try {
@@ -60,7 +60,7 @@ DrawingReport Checked(const Json& drawing, const std::string& place)
         const std::string_view text = error.what(), reason = text.substr(text.find("] ") + 2);
         throw NoReport(place, "no report of a drawing: " + std::string(reason));
     }
-    Json again = Json::parse(ToJson(report, -1));
+    OrderedJson again = OrderedJson::parse(ToJson(report, -1));
     for (const char* path : {"drawing", "drawingUri", "pdf", "pdfUri"}) // what is relative was so elsewhere
         again[path] = drawing.at(path);
     for (const auto& [name, value] : drawing.items())
@@ -92,8 +92,8 @@ void ReportMerge::Add(const std::string& name, const std::string& text)
     std::getline(lines, line);
     if (WithoutBlanks(line) == "{") { // one object, over many lines
         try {
-            AddLine(Json::parse(text).dump(), name + ":1", false);
-        } catch (const Json::parse_error& error) {
+            AddLine(OrderedJson::parse(text).dump(), name + ":1", false);
+        } catch (const OrderedJson::parse_error& error) {
             throw NoReport(name + ":" + LineOfByte(text, error.byte), "no report, or one that breaks off");
         }
         return;
@@ -107,7 +107,7 @@ void ReportMerge::Add(const std::string& name, const std::string& text)
 
 void ReportMerge::AddLine(const std::string& line, const std::string& place, bool mayBreakOff)
 {
-    const Json object = Parse(line);
+    const OrderedJson object = Parse(line);
     if (object.is_object()) {
         CheckSchema(object, place);
         if (!object.contains("drawings"))
@@ -115,7 +115,7 @@ void ReportMerge::AddLine(const std::string& line, const std::string& place, boo
         if (!object.at("drawings").is_array())
             throw NoReport(place, "no report");
         std::size_t number = 0;
-        for (const Json& drawing : object.at("drawings"))
+        for (const OrderedJson& drawing : object.at("drawings"))
             AddDrawing(drawing.dump(), place + ": drawing " + std::to_string(++number));
         return;
     }
@@ -131,7 +131,7 @@ void ReportMerge::AddLine(const std::string& line, const std::string& place, boo
 
 void ReportMerge::AddDrawing(const std::string& json, const std::string& place)
 {
-    Json drawing = Parse(json);
+    OrderedJson drawing = Parse(json);
     if (!drawing.is_object())
         throw NoReport(place, "no report of a drawing");
     drawing.erase("schema");
@@ -165,9 +165,9 @@ std::string ReportMerge::Text(ReportForm form, const std::string& program) const
             text += std::string(kLineBegins) + std::to_string(kReportSchema) + "," + line.substr(1) + "\n";
         return text;
     }
-    Json whole = {{"schema", kReportSchema}, {"program", program}, {"drawings", Json::array()}};
+    OrderedJson whole = {{"schema", kReportSchema}, {"program", program}, {"drawings", OrderedJson::array()}};
     for (const std::string& line : m_lines)
-        whole["drawings"].push_back(Json::parse(line));
+        whole["drawings"].push_back(OrderedJson::parse(line));
     return whole.dump(2) + "\n";
 }
 

@@ -9,7 +9,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-struct JobRow {
+struct MarkJobRow {
     const char* name;
     Words words;
     Job job;
@@ -22,7 +22,7 @@ PublishJob WithContents()
     return job;
 }
 
-const JobRow kJobs[] = {
+const MarkJobRow kMarkJobs[] = {
     {"Stamp",
      {"stamp", "a.dxf", "--at", "10,20"},
      StampJob{"a.dxf", RecordAction::Add, {}, {}, {}, {}, {}, {}, DrawingPoint{10, 20}}},
@@ -61,7 +61,7 @@ const JobRow kJobs[] = {
 
 TEST(MarkCommandLine, BecomesAJob)
 {
-    for (const JobRow& row : kJobs) {
+    for (const MarkJobRow& row : kMarkJobs) {
         const ParsedCommand parsed = ParseCommandLine(row.words, "1.2.3");
         ASSERT_TRUE(parsed.job) << row.name << ": " << parsed.error;
         EXPECT_EQ(*parsed.job, row.job) << row.name;
@@ -69,13 +69,13 @@ TEST(MarkCommandLine, BecomesAJob)
     }
 }
 
-struct ErrorRow {
+struct MarkErrorRow {
     const char* name;
     Words words;
     const char* error;
 };
 
-const ErrorRow kErrors[] = {
+const MarkErrorRow kMarkErrors[] = {
     {"NoDrawing", {"stamp"}, "sheetmaker stamp: DRAWING is required\n\"sheetmaker stamp --help\" explains it\n"},
     {"OneNumber",
      {"stamp", "a.dxf", "--at", "10"},
@@ -122,7 +122,7 @@ const ErrorRow kErrors[] = {
 
 TEST(MarkCommandLine, SaysWhatIsWrong)
 {
-    for (const ErrorRow& row : kErrors) {
+    for (const MarkErrorRow& row : kMarkErrors) {
         const ParsedCommand parsed = ParseCommandLine(row.words, "1.2.3");
         EXPECT_FALSE(parsed.job) << row.name;
         EXPECT_EQ(parsed.exitCode, 2) << row.name;

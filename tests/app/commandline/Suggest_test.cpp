@@ -8,15 +8,16 @@ namespace {
 
 const std::vector<std::string> kNames = {"Sheet 1", "Sheet 2", "Ground floor", "Model"};
 
-struct Row {
+struct SuggestRow {
     const char* wanted;
     const char* expected;
 };
 
 TEST(FindName, IgnoresLetterCaseButPrefersTheExactSpelling)
 {
-    const Row rows[] = {{"Sheet 1", "Sheet 1"}, {"sheet 1", "Sheet 1"}, {"MODEL", "Model"}, {"Sheet", ""}, {"", ""}};
-    for (const Row& row : rows)
+    const SuggestRow rows[] = {
+        {"Sheet 1", "Sheet 1"}, {"sheet 1", "Sheet 1"}, {"MODEL", "Model"}, {"Sheet", ""}, {"", ""}};
+    for (const SuggestRow& row : rows)
         EXPECT_EQ(FindName(row.wanted, kNames), row.expected) << row.wanted;
     EXPECT_EQ(FindName("a", {"A", "a"}), "a");
     EXPECT_EQ(FindName("план", {"Лист1", "ПЛАН"}), "ПЛАН");
@@ -25,7 +26,7 @@ TEST(FindName, IgnoresLetterCaseButPrefersTheExactSpelling)
 
 TEST(NearestName, ForgivesAFewLetters)
 {
-    const Row rows[] = {
+    const SuggestRow rows[] = {
         {"Shet 1", "Sheet 1"},
         {"sheet2", "Sheet 2"},
         {"Ground", "Ground floor"},
@@ -35,7 +36,7 @@ TEST(NearestName, ForgivesAFewLetters)
         {"", ""},
         {"completely different", ""},
     };
-    for (const Row& row : rows)
+    for (const SuggestRow& row : rows)
         EXPECT_EQ(NearestName(row.wanted, kNames), row.expected) << row.wanted;
 }
 

@@ -2,6 +2,7 @@
 #include "commands/SettingCommands.h"
 
 #include "doubles/MemoryRegistry.h"
+#include "doubles/RegistryNames.h"
 #include "preferences/SettingNames.h"
 
 #include <gtest/gtest.h>
@@ -10,8 +11,6 @@
 namespace sm::app {
 namespace {
 
-constexpr auto kUser = RegistryRoot::CurrentUser;
-constexpr const char* kKey = "Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD";
 const std::vector<std::string> kJobOptions = {"Graphics [600 dpi]", "Print [1200 dpi]"};
 
 class SettingCommands : public testing::Test {

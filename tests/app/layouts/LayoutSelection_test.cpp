@@ -14,7 +14,7 @@ const cadhost::LayoutOutline kFull1{"Sheet 1", false, true, true, false};
 const cadhost::LayoutOutline kFull2{"Sheet 2", false, true, true, false};
 const cadhost::LayoutOutline kEmpty{"Layout1", false, false, true, false};
 
-struct Row {
+struct LayoutSelectionRow {
     const char* name;
     ConvertOptions options;
     std::vector<cadhost::LayoutOutline> layouts;
@@ -47,7 +47,7 @@ ConvertOptions AsSet(ConvertOptions options)
     return options;
 }
 
-const Row kRows[] = {
+const LayoutSelectionRow kLayoutSelectionRows[] = {
     {"AutoTakesAllThatHoldSomething", {}, {kModel, kFull1, kFull2}, {{}, {}, 1, {}, ""}},
     {"AutoLeavesEmptyOnesOut", {}, {kModel, kEmpty, kFull2}, {{}, {"Sheet 2"}, 1, {}, ""}},
     {"AutoFallsBackToTheModel", {}, {kModel, kEmpty}, {"Model", {}, 0, {}, ""}},
@@ -102,7 +102,7 @@ const Row kRows[] = {
 
 TEST(LayoutSelection, FollowsTheOptionsAndTheDrawing)
 {
-    for (const Row& row : kRows) {
+    for (const LayoutSelectionRow& row : kLayoutSelectionRows) {
         const LayoutSelection selection = SelectLayouts(row.options, row.layouts);
         EXPECT_EQ(selection.activeLayout, row.selection.activeLayout) << row.name;
         EXPECT_EQ(selection.onlyLayouts, row.selection.onlyLayouts) << row.name;

@@ -7,13 +7,13 @@
 namespace sm::app {
 namespace {
 
-struct Row {
+struct HelpTopicRow {
     const char* name;
     const char* address;
     const char* opened;
 };
 
-const Row kRows[] = {
+const HelpTopicRow kHelpTopicRows[] = {
     {"Anchor", "file:///usr/share/help/index.html#c400", "file:///usr/share/help/topics/c400.html"},
     {"WholePage", "file:///usr/share/help/index.html", "file:///usr/share/help/index.html"},
     {"OtherAnchor", "file:///usr/share/help/index.html#picking", "file:///usr/share/help/index.html#picking"},
@@ -24,7 +24,7 @@ const Row kRows[] = {
 
 TEST(HelpTopic, IsAPageOfItsOwn)
 {
-    for (const Row& row : kRows)
+    for (const HelpTopicRow& row : kHelpTopicRows)
         EXPECT_EQ(HelpTopic(row.address), row.opened) << row.name;
 }
 

@@ -119,14 +119,14 @@ TEST_F(Records, SignatureFieldsAreAddedChangedAndRemoved)
     EXPECT_EQ(Out(), "site.dxf has no signature fields\n");
 }
 
-struct RefusalRow {
+struct RecordRefusalRow {
     const char* name;
     const char* command;
     std::vector<std::string> words;
     const char* error;
 };
 
-const RefusalRow kRefusals[] = {
+const RecordRefusalRow kRefusals[] = {
     {"NoPoint", "stamp", {}, "sheetmaker stamp: --at X,Y is needed: where the stamp stands, in drawing units\n"},
     {"NoStamp",
      "stamp",
@@ -168,7 +168,7 @@ const RefusalRow kRefusals[] = {
 TEST_F(Records, RefusesBadInputAndLeavesTheDrawingAlone)
 {
     const std::string before = Contents(Drawing());
-    for (const RefusalRow& row : kRefusals) {
+    for (const RecordRefusalRow& row : kRefusals) {
         EXPECT_EQ(Run(row.command, row.words), 2) << row.name;
         EXPECT_EQ(Err(), row.error) << row.name;
         EXPECT_EQ(Out(), "") << row.name;

@@ -100,7 +100,7 @@ TEST(ReportMerge, IsAsStrictAsARun)
     EXPECT_EQ(merge.ExitCode(true), 1);
 }
 
-std::string With(std::string line, const std::string& what, const std::string& instead)
+std::string LineWith(std::string line, const std::string& what, const std::string& instead)
 {
     return line.replace(line.find(what), what.size(), instead);
 }
@@ -117,16 +117,16 @@ const RefusedRow kRefused[] = {
     {"AnObjectThatBreaksOff", "{\n  \"schema\": 1,\n  \"draw", "r:3: no report, or one that breaks off"},
     {"OtherJson", "{\"layout\": \"A\"}\n", "r:1: no report"},
     {"AList", "[]\n", "r:1: no report"},
-    {"NoNumber", With(kA, "\"schema\":1", "\"schema\":\"1\""), "r:1: no report"},
-    {"Newer", kA + With(kB, "\"schema\":1", "\"schema\":2"), "r:2: a report of schema 2; this program knows 1"},
+    {"NoNumber", LineWith(kA, "\"schema\":1", "\"schema\":\"1\""), "r:1: no report"},
+    {"Newer", kA + LineWith(kB, "\"schema\":1", "\"schema\":2"), "r:2: a report of schema 2; this program knows 1"},
     {"NoList", R"({"schema":1,"program":"","drawings":3})", "r:1: no report"},
     {"NoDrawing", R"({"schema":1,"program":"","drawings":[3]})", "r:1: drawing 1: no report of a drawing"},
-    {"FieldMissing", With(kA, "\"pages\":1,", ""), "r:1: no report of a drawing: key 'pages' not found"},
-    {"FieldOfAnotherKind", With(kA, "\"logLost\":false", "\"logLost\":\"no\""),
+    {"FieldMissing", LineWith(kA, "\"pages\":1,", ""), "r:1: no report of a drawing: key 'pages' not found"},
+    {"FieldOfAnotherKind", LineWith(kA, "\"logLost\":false", "\"logLost\":\"no\""),
      "r:1: no report of a drawing: type must be boolean, but is string"},
-    {"FieldTooMany", With(kA, "\"pages\":1,", "\"pages\":1,\"leaves\":1,"),
+    {"FieldTooMany", LineWith(kA, "\"pages\":1,", "\"pages\":1,\"leaves\":1,"),
      "r:1: no report of a drawing: the field \"leaves\" is not as schema 1 has it"},
-    {"Negative", With(kA, "\"read\":0", "\"read\":-1"),
+    {"Negative", LineWith(kA, "\"read\":0", "\"read\":-1"),
      "r:1: no report of a drawing: the field \"entities\" is not as schema 1 has it"},
 };
 

@@ -68,7 +68,7 @@ TEST_F(OutputPlans, PutSeveralIntoAFolder)
     EXPECT_EQ(plan.drawings[1].savePath, m_here + "/pdf/site.pdf");
 }
 
-struct RefusalRow {
+struct PlanRefusalRow {
     const char* name;
     std::vector<std::string> drawings;
     std::optional<std::string> output;
@@ -78,7 +78,7 @@ struct RefusalRow {
 TEST_F(OutputPlans, RefuseWhatWouldLoseAFile)
 {
     std::filesystem::create_symlink("plan.dxf", "link.dxf");
-    const RefusalRow rows[] = {
+    const PlanRefusalRow rows[] = {
         {"SameName",
          {"plan.dxf", "sub/plan.dxf"},
          "out",
@@ -98,7 +98,7 @@ TEST_F(OutputPlans, RefuseWhatWouldLoseAFile)
          "sub/plan.dxf is a file; several drawings need a folder"},
         {"Nothing", {"plan.dxf"}, "", "-o takes a name"},
     };
-    for (const RefusalRow& row : rows)
+    for (const PlanRefusalRow& row : rows)
         EXPECT_EQ(PlanOutput(row.drawings, row.output).error, row.error) << row.name;
 }
 

@@ -2,6 +2,7 @@
 // A file is the old one or the whole new one, keeps its rights and its links, and leaves nothing beside it.
 #include "base/TempFolder.h"
 
+#include "base/Rights.h"
 #include "base/files/AtomicFile.h"
 
 #include <csignal>
@@ -18,13 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 using Keeping = AtomicFile::Keeping;
 using testing::ElementsAre;
-
-mode_t RightsOf(const std::string& path)
-{
-    struct stat state {};
-    EXPECT_EQ(::stat(path.c_str(), &state), 0);
-    return state.st_mode & 07777;
-}
 
 void Save(const std::string& path, const std::string& text, Keeping keeping = Keeping::Durable)
 {

@@ -2,6 +2,7 @@
 // Open files, mapped files, what is known of a file, names in a folder, locks, paths.
 #include "base/TempFolder.h"
 
+#include "base/Rights.h"
 #include "base/files/File.h"
 #include "base/files/FolderLock.h"
 #include "base/files/FolderNames.h"
@@ -21,13 +22,6 @@ namespace {
 namespace fs = std::filesystem;
 using Reading = MappedFile::Reading;
 using testing::ElementsAre;
-
-mode_t RightsOf(const std::string& path)
-{
-    struct stat state {};
-    EXPECT_EQ(::stat(path.c_str(), &state), 0);
-    return state.st_mode & 07777;
-}
 
 TEST(Paths, TextAndPathAreEachOthers)
 {

@@ -8,7 +8,7 @@ using ::testing::ElementsAre;
 
 TEST_F(HostLayoutTest, ChoosesTheSuitesPlotterAndItsSheets)
 {
-    const auto layout = WithPlotter(OneSheet(), "ISO_A2_(594.00_x_420.00_MM)");
+    const auto layout = WithPlotter(SheetWithLine(), "ISO_A2_(594.00_x_420.00_MM)");
     EXPECT_EQ(layout->ConfigName(), "Tarnwick PS8 HighRes.pc3");
     EXPECT_EQ(layout->CanonicalMediaName(), "ISO_A2_(594.00_x_420.00_MM)");
     EXPECT_EQ(layout->GetLocaleMediaName("ISO_A2_(594.00_x_420.00_MM)"), "ISO A2 (594.00 x 420.00 MM)");
@@ -19,8 +19,8 @@ TEST_F(HostLayoutTest, ChoosesTheSuitesPlotterAndItsSheets)
 
 TEST_F(HostLayoutTest, KeepsTheMarginsOfTheDrawingsOwnPaper)
 {
-    EXPECT_EQ(MarginsOf(*WithPlotter(OneSheet(), "ISO_A3_(420.00_x_297.00_MM)")), "{ 5, 17, 6, 18 }");
-    DxfDrawing turned = OneSheet();
+    EXPECT_EQ(MarginsOf(*WithPlotter(SheetWithLine(), "ISO_A3_(420.00_x_297.00_MM)")), "{ 5, 17, 6, 18 }");
+    DxfDrawing turned = SheetWithLine();
     turned.sheets[0].rotation = 1;
     std::swap(turned.sheets[0].paperWidth, turned.sheets[0].paperHeight);
     const auto layout = WithPlotter(turned, "ISO_A3_(420.00_x_297.00_MM)");
@@ -31,14 +31,14 @@ TEST_F(HostLayoutTest, KeepsTheMarginsOfTheDrawingsOwnPaper)
 
 TEST_F(HostLayoutTest, DoesNotTurnThePaperSize)
 {
-    const auto layout = OpenSheet(OneSheet());
+    const auto layout = OpenSheet(SheetWithLine());
     layout->SetPlotRotation(1);
     EXPECT_EQ(SizeOf(*layout), "(420, 297)");
 }
 
 TEST_F(HostLayoutTest, PutsTheUsersOwnNamesBack)
 {
-    DxfDrawing drawing = OneSheet();
+    DxfDrawing drawing = SheetWithLine();
     drawing.sheets[0].styleSheet = "Florida.ctb";
     const auto layout = WithPlotter(drawing, "ISO_A2_(594.00_x_420.00_MM)");
     layout->SetStyleSheet("");
@@ -55,7 +55,7 @@ TEST_F(HostLayoutTest, PutsTheUsersOwnNamesBack)
 
 TEST_F(HostLayoutTest, ListsDevicesAsOfTheLastRefresh)
 {
-    const auto layout = OpenSheet(OneSheet());
+    const auto layout = OpenSheet(SheetWithLine());
     EXPECT_THAT(layout->GetPlotDeviceNames(), ElementsAre("None", "\\\\office\\plotter"));
     host->Application()->Preferences()->SetPrinterConfigPath(kShare + "/PC3");
     EXPECT_THAT(layout->GetPlotDeviceNames(), ElementsAre("None", "\\\\office\\plotter"));
@@ -68,7 +68,7 @@ TEST_F(HostLayoutTest, ListsDevicesAsOfTheLastRefresh)
 
 TEST_F(HostLayoutTest, OffersTheMediaOfTheOtherLayoutsToo)
 {
-    DxfDrawing drawing = OneSheet();
+    DxfDrawing drawing = SheetWithLine();
     DxfLayout& second = drawing.AddSheet("Sheet 2");
     second.configName = "plotter of sheet 2";
     second.mediaName = "";
@@ -83,7 +83,7 @@ TEST_F(HostLayoutTest, OffersTheMediaOfTheOtherLayoutsToo)
 
 TEST_F(HostLayoutTest, TrustsTheSizeOverTheName)
 {
-    DxfDrawing drawing = OneSheet();
+    DxfDrawing drawing = SheetWithLine();
     drawing.sheets[0].mediaName = "ISO_A4_(210.00_x_297.00_MM)";
     EXPECT_EQ(SizeOf(*OpenSheet(drawing)), "(420, 297)");
     EXPECT_EQ(SizeOf(*WithPlotter(drawing, "ISO_A4_(210.00_x_297.00_MM)")), "(210, 297)");
@@ -92,7 +92,7 @@ TEST_F(HostLayoutTest, TrustsTheSizeOverTheName)
 TEST_F(HostLayoutTest, TellsWhatIsWrongWithABrokenPlotterFile)
 {
     Write("Broken.pc3", "Format: 9\n");
-    const auto layout = OpenSheet(OneSheet());
+    const auto layout = OpenSheet(SheetWithLine());
     host->Application()->Preferences()->SetPrinterConfigPath(folder.string());
     layout->RefreshPlotDeviceInfo();
     EXPECT_EQ(ErrorOf([&] { layout->SetConfigName("Broken.pc3"); }),
@@ -102,7 +102,7 @@ TEST_F(HostLayoutTest, TellsWhatIsWrongWithABrokenPlotterFile)
 
 TEST_F(HostLayoutTest, ListsStyleTablesOfTheDrawingsFolderAndOfTheDrawing)
 {
-    DxfDrawing drawing = OneSheet();
+    DxfDrawing drawing = SheetWithLine();
     drawing.sheets[0].styleSheet = "Florida.ctb";
     Write("beside.ctb", "x");
     Write("named.STB", "x");

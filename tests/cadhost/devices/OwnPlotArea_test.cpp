@@ -39,7 +39,7 @@ class ViewToPlotTest : public OwnPlotAreaTest, public ::testing::WithParamInterf
 
 TEST_P(ViewToPlotTest, IsOneThatIsThere)
 {
-    DxfDrawing drawing = OneSheet();
+    DxfDrawing drawing = SheetWithLine();
     drawing.sheets[0].plotType = 3;
     drawing.sheets[0].viewName = GetParam().wanted;
     drawing.sheets[0].standardScale = GetParam().standardScale;
@@ -105,7 +105,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(OwnPlotAreaTest, AnotherPageSetupTellsNothingOfTheView)
 {
-    DxfDrawing drawing = OneSheet();
+    DxfDrawing drawing = SheetWithLine();
     drawing.sheets[0].plotType = 3;
     const auto document = Open(drawing);
     layout = document->Layouts()->Item("Sheet 1");

@@ -18,11 +18,6 @@ protected:
     }
 };
 
-std::string Plain(const char* kind, const std::string& more)
-{
-    return Tag(0, kind) + Tag(8, "0") + more;
-}
-
 struct PlaceBoxRow {
     const char* name;
     std::string tags;

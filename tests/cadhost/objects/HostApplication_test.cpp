@@ -6,13 +6,6 @@ namespace {
 
 class HostApplicationTest : public HostTest {};
 
-DxfDrawing OneSheet()
-{
-    DxfDrawing drawing;
-    drawing.AddSheet("Sheet 1");
-    return drawing;
-}
-
 TEST_F(HostApplicationTest, HasPreferencesThatLiveInTheRun)
 {
     const auto preferences = host->Application()->Preferences();

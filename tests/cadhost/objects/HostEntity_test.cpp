@@ -46,11 +46,6 @@ TEST_P(ObjectNameTest, IsThatOfTheObjectModel)
     EXPECT_EQ(First(GetParam().tags)->ObjectName(), GetParam().expected);
 }
 
-std::string Plain(const char* kind, const std::string& more = {})
-{
-    return Tag(0, kind) + Tag(8, "0") + more;
-}
-
 std::string Polyline(int flags)
 {
     return Plain("POLYLINE", Tag(66, 1) + Tag(70, flags)) + Plain("VERTEX", Tag(10, 0) + Tag(20, 0)) + Plain("SEQEND");

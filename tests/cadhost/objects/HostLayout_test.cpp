@@ -51,7 +51,7 @@ TEST_F(HostLayoutTest, BeginsWithThePlotSettingsOfTheFile)
 
 TEST_F(HostLayoutTest, PutsTheCornersOfAWindowInOrder)
 {
-    const auto layout = OpenSheet(OneSheet());
+    const auto layout = OpenSheet(SheetWithLine());
     layout->SetWindowToPlot({3, 2, 0}, {1, 4, 0});
     AcadPoint low, high;
     layout->GetWindowToPlot(low, high);
@@ -61,7 +61,7 @@ TEST_F(HostLayoutTest, PutsTheCornersOfAWindowInOrder)
 
 TEST_F(HostLayoutTest, KeepsWhatIsWritten)
 {
-    const auto layout = OpenSheet(OneSheet());
+    const auto layout = OpenSheet(SheetWithLine());
     layout->SetPlotRotation(3);
     layout->SetPlotType(1);
     layout->SetWindowToPlot({1, 2, 0}, {3, 4, 0});
@@ -101,7 +101,7 @@ TEST_F(HostLayoutTest, KeepsWhatIsWritten)
 
 TEST_F(HostLayoutTest, GivesTheOriginAlongTheDrawingsAxes)
 {
-    DxfDrawing drawing = OneSheet();
+    DxfDrawing drawing = SheetWithLine();
     drawing.sheets[0].origin = {3, 4};
     drawing.sheets[0].rotation = 1;
     const auto turned = OpenSheet(drawing);
@@ -121,7 +121,7 @@ class RefusedTest : public HostLayoutTest, public ::testing::WithParamInterface<
 
 TEST_P(RefusedTest, IsAnErrorInWords)
 {
-    const auto layout = OpenSheet(OneSheet());
+    const auto layout = OpenSheet(SheetWithLine());
     EXPECT_EQ(ErrorOf([&] { GetParam().write(*layout); }), GetParam().expected);
 }
 
@@ -167,7 +167,7 @@ class ScaleInForceTest : public HostLayoutTest, public ::testing::WithParamInter
 
 TEST_P(ScaleInForceTest, IsWhatTheSheetPlotsWith)
 {
-    DxfDrawing drawing = OneSheet();
+    DxfDrawing drawing = SheetWithLine();
     DxfLayout& sheet = drawing.sheets[0];
     sheet.margins = {10, 10, 10, 10};
     sheet.plotType = 1;
@@ -191,7 +191,7 @@ INSTANTIATE_TEST_SUITE_P(Scales, ScaleInForceTest,
 
 TEST_F(HostLayoutTest, FitsNothingWhereTheViewIsMissing)
 {
-    DxfDrawing drawing = OneSheet();
+    DxfDrawing drawing = SheetWithLine();
     drawing.sheets[0].plotType = 3;
     drawing.sheets[0].viewName = "gone";
     drawing.sheets[0].standardScale = 0;
@@ -203,7 +203,7 @@ TEST_F(HostLayoutTest, FitsNothingWhereTheViewIsMissing)
 
 TEST_F(HostLayoutTest, SetsAViewOfItsOwnSpace)
 {
-    DxfDrawing drawing = OneSheet();
+    DxfDrawing drawing = SheetWithLine();
     drawing.views = ViewTags("Plan", 50, 40, 100, 80) + ViewTags("Title", 10, 10, 20, 20, Tag(70, 1));
     const auto document = Open(drawing);
     const auto sheet = document->Layouts()->Item("Sheet 1"), model = document->Layouts()->Item("Model");

@@ -8,13 +8,6 @@ using ::testing::ElementsAre;
 
 class HostRecordsTest : public HostTest {};
 
-DxfDrawing OneSheet()
-{
-    DxfDrawing drawing;
-    drawing.AddSheet("Sheet 1");
-    return drawing;
-}
-
 AcadXData Record(const std::string& name, std::vector<AcadVariant> values)
 {
     AcadXData data{{1001}, {name}};

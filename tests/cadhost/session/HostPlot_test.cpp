@@ -203,20 +203,20 @@ TEST_F(HostPlotTest, AnswersThePlottersOriginUntilSomethingIsWritten)
     sheet.plotType = 1;
     sheet.flags |= 4; // centred: the line of 100 x 50 mm in 400 x 257 mm
     sheet.origin = {3, 4};
-    using Write = void (*)(IAcadLayout&);
-    const Write writes[] = {[](IAcadLayout& l) { l.SetPlotWithPlotStyles(true); },
-                            [](IAcadLayout& l) { l.SetPlotRotation(0); },
-                            [](IAcadLayout& l) { l.SetConfigName("Tarnwick PS8 HighRes.pc3"); },
-                            [](IAcadLayout& l) { l.SetCanonicalMediaName("A3"); },
-                            [](IAcadLayout& l) { l.SetStyleSheet(""); },
-                            [](IAcadLayout& l) {
-                                l.SetWindowToPlot({0, 0, 0}, {1, 1, 0});
-                            },
-                            [](IAcadLayout& l) {
-                                l.SetPlotOrigin({3, 4, 0});
-                            },
-                            [](IAcadLayout& l) { l.SetCustomScale(1, 1); }};
-    for (const Write write : writes) {
+    using Change = void (*)(IAcadLayout&);
+    const Change changes[] = {[](IAcadLayout& l) { l.SetPlotWithPlotStyles(true); },
+                              [](IAcadLayout& l) { l.SetPlotRotation(0); },
+                              [](IAcadLayout& l) { l.SetConfigName("Tarnwick PS8 HighRes.pc3"); },
+                              [](IAcadLayout& l) { l.SetCanonicalMediaName("A3"); },
+                              [](IAcadLayout& l) { l.SetStyleSheet(""); },
+                              [](IAcadLayout& l) {
+                                  l.SetWindowToPlot({0, 0, 0}, {1, 1, 0});
+                              },
+                              [](IAcadLayout& l) {
+                                  l.SetPlotOrigin({3, 4, 0});
+                              },
+                              [](IAcadLayout& l) { l.SetCustomScale(1, 1); }};
+    for (const Change change : changes) {
         const auto document = Open(drawing);
         Choose(*document, "Tarnwick PS8 HighRes.pc3", "A3");
         const auto layout = document->ActiveLayout();
@@ -224,7 +224,7 @@ TEST_F(HostPlotTest, AnswersThePlottersOriginUntilSomethingIsWritten)
         ASSERT_TRUE(document->Plot()->PlotToFile((folder / "out.ps").string()));
         EXPECT_EQ(layout->PlotOrigin(), (AcadPoint{150, 103.5, 0}));
         EXPECT_EQ(document->Layouts()->Item("Roof")->PlotOrigin(), (AcadPoint{0, 0, 0}));
-        write(*layout);
+        change(*layout);
         EXPECT_EQ(layout->PlotOrigin(), (AcadPoint{3, 4, 0}));
     }
 }

@@ -4,6 +4,7 @@
 // this test is skipped.
 #include "drawing/Drawing.h"
 #include "drawing/DwgConverter.h"
+#include "drawing/SharedDrawings.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -18,12 +19,6 @@ namespace sm::drawing {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path Folder()
-{
-    const char* const named = std::getenv("SM_SHARED_DRAWINGS");
-    return named != nullptr ? fs::path(named) : fs::path(SM_SOURCE_DIR) / ".." / "shared" / "drawings";
-}
 
 bool IsSingle(const fs::path& path)
 {
@@ -101,11 +96,11 @@ void Compare(const fs::path& path)
 
 TEST(AgainstConverter, NoSpaceHasFewerEntitiesOfAKind)
 {
-    if (!fs::exists(Folder()))
+    if (!fs::exists(SharedDrawings()))
         GTEST_SKIP() << "no shared drawings";
     if (!ExamineDwgConverter(Converter()).ready)
         GTEST_SKIP() << "no DWG converter is installed";
-    for (const auto& entry : fs::recursive_directory_iterator(Folder()))
+    for (const auto& entry : fs::recursive_directory_iterator(SharedDrawings()))
         if (IsSingle(entry.path()) && IsReadNatively(entry.path()))
             Compare(entry.path());
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/Drawing.h"
+#include "drawing/Told.h"
 #include "drawing/dwg/DwgFiles.h"
 #include "dwg/file/Container.h"
 #include "dwg/file/ObjectMap.h"
@@ -10,15 +11,6 @@ namespace sm::drawing::dwg::testing {
 namespace {
 
 using ::testing::ElementsAre;
-
-/// The findings as "code x count".
-std::vector<std::string> Told(const FindingList& findings)
-{
-    std::vector<std::string> told;
-    for (const Finding& finding : findings.All())
-        told.push_back(std::to_string(finding.code) + " x " + std::to_string(finding.count));
-    return told;
-}
 
 std::vector<Place> PlacesOf(const Container& container)
 {
@@ -33,7 +25,7 @@ MATCHER_P(IsPlace, expected, "")
     return arg.handle == expected.handle && arg.offset == expected.offset;
 }
 
-std::string ErrorOf(const std::string& bytes)
+std::string OpeningError(const std::string& bytes)
 {
     FindingList findings;
     try {
@@ -125,7 +117,7 @@ INSTANTIATE_TEST_SUITE_P(Releases, PagedContainers,
                                            ContainerCase{"R2010", "AC1024", 0x7400, Release::R2010, true},
                                            ContainerCase{"R2013", "AC1027", 0x400, Release::R2013, true},
                                            ContainerCase{"R2018", "AC1032", 0x7400, Release::R2018, true}),
-                         [](const auto& info) { return info.param.name; });
+                         [](const auto& row) { return row.param.name; });
 
 TEST(Containers, OfR2007AreCodedPages)
 {
@@ -158,27 +150,27 @@ TEST(Containers, UnderAPasswordAreRefused)
 {
     PagedOptions options;
     options.encrypted = true;
-    EXPECT_EQ(ErrorOf(PagesOf(SectionsOf(LinesOf2018({20}), true), options).bytes),
+    EXPECT_EQ(OpeningError(PagesOf(SectionsOf(LinesOf2018({20}), true), options).bytes),
               "plan.dwg: DWG of release 2018: it is encrypted under a password; open it in the CAD program and save it "
               "without one");
     options.magic = "AC1018";
-    EXPECT_EQ(ErrorOf(PagesOf(SectionsOf(LinesOf2000({20}, 0), false), options).bytes),
+    EXPECT_EQ(OpeningError(PagesOf(SectionsOf(LinesOf2000({20}, 0), false), options).bytes),
               "plan.dwg: DWG of release 2004: it is encrypted under a password; open it in the CAD program and save it "
               "without one");
-    EXPECT_EQ(ErrorOf(CodedFileOf(SectionsOf(LinesOf2000({20}, 0), false), true)),
+    EXPECT_EQ(OpeningError(CodedFileOf(SectionsOf(LinesOf2000({20}, 0), false), true)),
               "plan.dwg: DWG of release 2007: it is encrypted under a password; open it in the CAD program and save it "
               "without one");
 }
 
 TEST(Containers, ThatEndInTheirHeadAreRefused)
 {
-    EXPECT_EQ(ErrorOf("AC1015 and nothing else"),
+    EXPECT_EQ(OpeningError("AC1015 and nothing else"),
               "plan.dwg: DWG of release 2000: the file is cut off in its head; save the drawing again");
-    EXPECT_EQ(ErrorOf("AC1018" + std::string(200, '\0')),
+    EXPECT_EQ(OpeningError("AC1018" + std::string(200, '\0')),
               "plan.dwg: DWG of release 2004: the file is cut off in its head; save the drawing again");
-    EXPECT_EQ(ErrorOf("AC1021" + std::string(900, '\0')),
+    EXPECT_EQ(OpeningError("AC1021" + std::string(900, '\0')),
               "plan.dwg: DWG of release 2007: the file is cut off in its head; save the drawing again");
-    EXPECT_EQ(ErrorOf("AC1032" + std::string(900, '\0')),
+    EXPECT_EQ(OpeningError("AC1032" + std::string(900, '\0')),
               "plan.dwg: DWG of release 2018: its objects are missing; save the drawing again");
 }
 

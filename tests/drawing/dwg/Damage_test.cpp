@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/Drawing.h"
+#include "drawing/Told.h"
 #include "drawing/dwg/DwgFiles.h"
 #include "dwg/recovery/ObjectSearch.h"
 
@@ -12,15 +13,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 
-const std::vector<std::size_t> kSizes{20, 300, 29600, 50, 70, 4000};
-
-std::vector<std::string> Told(const FindingList& findings)
-{
-    std::vector<std::string> told;
-    for (const Finding& finding : findings.All())
-        told.push_back(std::to_string(finding.code) + " x " + std::to_string(finding.count));
-    return told;
-}
+const std::vector<std::size_t> kObjectSizes{20, 300, 29600, 50, 70, 4000};
 
 /// Handles whose objects are found, and what is told.
 struct Found {
@@ -56,7 +49,7 @@ class DamagedSections : public ::testing::TestWithParam<SectionRow> {};
 
 TEST_P(DamagedSections, GiveTheirObjects)
 {
-    SectionFile file = FileOf2000(kSizes, 0);
+    SectionFile file = FileOf2000(kObjectSizes, 0);
     GetParam().damage(file);
     const Found found = Open(file.bytes);
     EXPECT_THAT(found.handles, ElementsAreArray(GetParam().handles));
@@ -100,7 +93,7 @@ INSTANTIATE_TEST_SUITE_P(
                    [](SectionFile& file) { file.bytes.resize(file.places[5].offset + 100); },
                    {1, 2, 3, 4, 5},
                    {"804 x 1"}}),
-    [](const auto& info) { return info.param.name; });
+    [](const auto& row) { return row.param.name; });
 
 struct PageRow {
     const char* name;
@@ -115,7 +108,7 @@ constexpr const char* kObjectsName = "AcDb:AcDbObjects";
 
 TEST_P(DamagedPages, GiveTheirObjects)
 {
-    PagedFile file = PagesOf(SectionsOf(LinesOf2018(kSizes), true));
+    PagedFile file = PagesOf(SectionsOf(LinesOf2018(kObjectSizes), true));
     GetParam().damage(file);
     const Found found = Open(file.bytes);
     EXPECT_THAT(found.handles, ElementsAreArray(GetParam().handles));
@@ -150,7 +143,7 @@ INSTANTIATE_TEST_SUITE_P(
                 [](PagedFile& file) { Overwrite(file.bytes, file.pages["AcDb:Header"][0], 4); },
                 kAll,
                 {"802 x 1", "805 x 1"}}),
-    [](const auto& info) { return info.param.name; });
+    [](const auto& row) { return row.param.name; });
 
 /// Opens what is there: an error is one line that names the file.
 void OpenAnything(const std::string& bytes)
@@ -191,7 +184,7 @@ TEST(Damage, SizesThatLieDoNotAllocate)
 {
     PagedOptions options;
     options.addedSize = std::uint64_t{1} << 60U;
-    const Objects objects = LinesOf2018(kSizes);
+    const Objects objects = LinesOf2018(kObjectSizes);
     const std::string bytes = PagesOf(SectionsOf(objects, true), options).bytes;
     FindingList findings;
     const Container container = Container::Open(bytes, "plan.dwg", findings);

@@ -10,23 +10,23 @@ namespace {
 
 using namespace std::string_literals;
 
-struct Row {
+struct DecompressRow {
     const char* name;
     std::string source;
     std::string text;
     bool sound;
 };
 
-void PrintTo(const Row& row, std::ostream* out)
+void PrintTo(const DecompressRow& row, std::ostream* out)
 {
     *out << row.name;
 }
 
-class Compression2004 : public ::testing::TestWithParam<Row> {};
+class Compression2004 : public ::testing::TestWithParam<DecompressRow> {};
 
 TEST_P(Compression2004, IsUndone)
 {
-    const Row& row = GetParam();
+    const DecompressRow& row = GetParam();
     std::vector<char> room(64);
     const Decompressed done = Decompress2004(row.source, room);
     EXPECT_EQ(std::string(room.data(), done.written), row.text);
@@ -34,44 +34,44 @@ TEST_P(Compression2004, IsUndone)
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, Compression2004,
-                         ::testing::Values(Row{"Literals",
-                                               "\x01"
-                                               "abcd\x11\0\0"s,
-                                               "abcd", true},
-                                           Row{"LongLiterals",
-                                               "\0\x02"
-                                               "abcdefghijklmnopqrst\x11\0\0"s,
-                                               "abcdefghijklmnopqrst", true},
+                         ::testing::Values(DecompressRow{"Literals",
+                                                         "\x01"
+                                                         "abcd\x11\0\0"s,
+                                                         "abcd", true},
+                                           DecompressRow{"LongLiterals",
+                                                         "\0\x02"
+                                                         "abcdefghijklmnopqrst\x11\0\0"s,
+                                                         "abcdefghijklmnopqrst", true},
                                            // Length 3, distance 4, one literal.
-                                           Row{"Near",
-                                               "\x01"
-                                               "abcd\x4D\0X\x11\0\0"s,
-                                               "abcdabcX", true},
+                                           DecompressRow{"Near",
+                                                         "\x01"
+                                                         "abcd\x4D\0X\x11\0\0"s,
+                                                         "abcdabcX", true},
                                            // Length 6 from one byte back: it runs into itself.
-                                           Row{"Overlap",
-                                               "\x01"
-                                               "abcd\x70\0\x11\0\0"s,
-                                               "abcddddddd", true},
+                                           DecompressRow{"Overlap",
+                                                         "\x01"
+                                                         "abcd\x70\0\x11\0\0"s,
+                                                         "abcddddddd", true},
                                            // Opcode 0x24: length 6, distance 2.
-                                           Row{"TwoBytes",
-                                               "\x01"
-                                               "abcd\x24\x04\0\x11\0\0"s,
-                                               "abcdcdcdcd", true},
-                                           Row{"EndsEarly",
-                                               "\x01"
-                                               "abcd\x4D"s,
-                                               "abcd", false},
-                                           Row{"ReachesBeforeTheStart",
-                                               "\x01"
-                                               "abcd\x40\x10\x11\0\0"s,
-                                               "abcd", false},
+                                           DecompressRow{"TwoBytes",
+                                                         "\x01"
+                                                         "abcd\x24\x04\0\x11\0\0"s,
+                                                         "abcdcdcdcd", true},
+                                           DecompressRow{"EndsEarly",
+                                                         "\x01"
+                                                         "abcd\x4D"s,
+                                                         "abcd", false},
+                                           DecompressRow{"ReachesBeforeTheStart",
+                                                         "\x01"
+                                                         "abcd\x40\x10\x11\0\0"s,
+                                                         "abcd", false},
                                            // Opcode 0x10 is legal, but names bytes 0x4000 and more back.
-                                           Row{"FarBeforeTheStart",
-                                               "\x01"
-                                               "abcd\x12\0\0\x11\0\0"s,
-                                               "abcd", false},
-                                           Row{"NothingAtAll", ""s, "", false}),
-                         [](const auto& info) { return info.param.name; });
+                                           DecompressRow{"FarBeforeTheStart",
+                                                         "\x01"
+                                                         "abcd\x12\0\0\x11\0\0"s,
+                                                         "abcd", false},
+                                           DecompressRow{"NothingAtAll", ""s, "", false}),
+                         [](const auto& row) { return row.param.name; });
 
 TEST(Compression2004, ReadsTheFarFormFromSixteenKilobytesOn)
 {
@@ -96,11 +96,11 @@ TEST(Compression2004, StopsWhenTheTargetIsFull)
     EXPECT_EQ(std::string(room.data(), 6), "abcddd");
 }
 
-class Compression2007 : public ::testing::TestWithParam<Row> {};
+class Compression2007 : public ::testing::TestWithParam<DecompressRow> {};
 
 TEST_P(Compression2007, IsUndone)
 {
-    const Row& row = GetParam();
+    const DecompressRow& row = GetParam();
     std::vector<char> room(row.text.size() + (row.sound ? 0 : 8));
     const Decompressed done = Decompress2007(row.source, room);
     EXPECT_EQ(std::string(room.data(), done.written), row.text);
@@ -110,27 +110,27 @@ TEST_P(Compression2007, IsUndone)
 INSTANTIATE_TEST_SUITE_P(Rows, Compression2007,
                          ::testing::Values(
                              // Runs whose bytes stand in another order.
-                             Row{"Three",
-                                 "\x20\0\0\x03"
-                                 "cba"s,
-                                 "abc", true},
-                             Row{"Seven",
-                                 "\x20\0\0\x07"
-                                 "gcdefba"s,
-                                 "abcdefg", false},
-                             Row{"Eight", "\0abcdefgh"s, "abcdefgh", true},
-                             Row{"Twelve",
-                                 "\x04"
-                                 "efghijklabcd"s,
-                                 "abcdefghijkl", false},
-                             Row{"Sixteen",
-                                 "\x08"
-                                 "ijklmnopabcdefgh"s,
-                                 "abcdefghijklmnop", false},
+                             DecompressRow{"Three",
+                                           "\x20\0\0\x03"
+                                           "cba"s,
+                                           "abc", true},
+                             DecompressRow{"Seven",
+                                           "\x20\0\0\x07"
+                                           "gcdefba"s,
+                                           "abcdefg", false},
+                             DecompressRow{"Eight", "\0abcdefgh"s, "abcdefgh", true},
+                             DecompressRow{"Twelve",
+                                           "\x04"
+                                           "efghijklabcd"s,
+                                           "abcdefghijkl", false},
+                             DecompressRow{"Sixteen",
+                                           "\x08"
+                                           "ijklmnopabcdefgh"s,
+                                           "abcdefghijklmnop", false},
                              // Length 3, distance 1 + 2.
-                             Row{"Reference", "\0abcdefgh\x32\0"s, "abcdefghfgh", true},
-                             Row{"BeforeTheStart", "\0abcdefgh\x3F\x08"s, "abcdefgh", false}),
-                         [](const auto& info) { return info.param.name; });
+                             DecompressRow{"Reference", "\0abcdefgh\x32\0"s, "abcdefghfgh", true},
+                             DecompressRow{"BeforeTheStart", "\0abcdefgh\x3F\x08"s, "abcdefgh", false}),
+                         [](const auto& row) { return row.param.name; });
 
 TEST(Checksums, AgreeWithTheirDefinitions)
 {

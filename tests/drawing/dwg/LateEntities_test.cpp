@@ -3,6 +3,7 @@
 // lies beside the source tree; without it these tests are skipped.
 #include "drawing/Drawing.h"
 #include "drawing/EntityKinds.h"
+#include "drawing/SharedDrawings.h"
 #include "drawing/entities/Curves.h"
 #include "dwg/read/ObjectIndex.h"
 #include "dxf/DxfDrawing.h"
@@ -22,11 +23,9 @@ namespace {
 namespace fs = std::filesystem;
 
 /// A drawing of R2000 or of R2018; empty when the folder isn't there.
-std::string Sample(const std::string& release)
+std::string LateSample(const std::string& release)
 {
-    const char* const named = std::getenv("SM_SHARED_DRAWINGS");
-    const fs::path folder = named != nullptr ? fs::path(named) : fs::path(SM_SOURCE_DIR) / ".." / "shared" / "drawings";
-    std::ifstream stream(folder / "twins" / "acadsharp" / ("sample_" + release + ".dwg"), std::ios::binary);
+    std::ifstream stream(SharedDrawings() / "twins" / "acadsharp" / ("sample_" + release + ".dwg"), std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
@@ -54,7 +53,7 @@ constexpr std::uint32_t kLine = 19;
 
 TEST(LateEntities, ThatAreDamagedAreInvisibleAndToldWhenTheyAreRead)
 {
-    std::string file = Sample("AC1015");
+    std::string file = LateSample("AC1015");
     if (file.empty())
         GTEST_SKIP() << "no drawings";
     const Handle handle = Spoil(file, kLine, 20, 12);
@@ -78,7 +77,7 @@ TEST(LateEntities, ThatAreDamagedAreInvisibleAndToldWhenTheyAreRead)
 
 TEST(LateObjects, ThatAreDamagedHaveNoTagsAndAreToldWhenTheyAreRead)
 {
-    std::string file = Sample("AC1015");
+    std::string file = LateSample("AC1015");
     if (file.empty())
         GTEST_SKIP() << "no drawings";
     const Handle handle = Spoil(file, TypeOf(file, "SCALE"), 12, 6);
@@ -109,7 +108,7 @@ std::uint64_t SumOf(const Drawing& drawing)
 TEST(LateEntities, MayBeAskedForByManyThreads)
 {
     for (const char* const release : {"AC1015", "AC1032"}) {
-        const std::string file = Sample(release);
+        const std::string file = LateSample(release);
         if (file.empty())
             GTEST_SKIP() << "no drawings";
         const std::uint64_t expected = SumOf(*OpenDwgBytes(file, "plan.dwg"));

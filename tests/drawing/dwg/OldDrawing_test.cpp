@@ -42,7 +42,7 @@ std::string Counted(const std::string& text)
     return Le16(static_cast<unsigned>(text.size())) + text;
 }
 
-struct Read {
+struct OldReading {
     DecodedTags tags;
     FindingList findings;
     [[nodiscard]] std::string Entity(std::size_t index) const
@@ -66,9 +66,9 @@ struct Read {
     }
 };
 
-Read ReadFile(const std::string& file)
+OldReading ReadFile(const std::string& file)
 {
-    Read read;
+    OldReading read;
     read.tags = ReadOldDrawing(file, "old.dwg", read.findings);
     return read;
 }
@@ -102,7 +102,7 @@ class OldEntities : public ::testing::TestWithParam<EntityRow> {};
 TEST_P(OldEntities, BecomeTags)
 {
     const EntityRow& row = GetParam();
-    const Read read =
+    const OldReading read =
         ReadFile(Prepared(row.kind).Entity(row.type, row.flags, 1, row.options, row.front, row.fields).File());
     ASSERT_EQ(read.tags.structure.modelEntities.size(), 1U);
     EXPECT_EQ(read.Entity(0), row.expected);
@@ -145,22 +145,24 @@ INSTANTIATE_TEST_SUITE_P(
                       "ab"s +
                       "\x46" + Le16(9) + "\x02\0"s,
                   Points({1, 2, 3}), "8=WALLS 40=3 10=1 20=2 30=0 1000=ab 1070=9 1002={"}),
-    [](const auto& info) { return info.param.name; });
+    [](const auto& row) { return row.param.name; });
 
 TEST(OldDrawings, HaveHeaderVariables)
 {
-    const Read r9 = ReadFile(OldFileWriter(OldKind::R9).At(0x5E, Points({1, 2, 3})).At(0x78, Points({4, 5, 6})).File());
+    const OldReading r9 =
+        ReadFile(OldFileWriter(OldKind::R9).At(0x5E, Points({1, 2, 3})).At(0x78, Points({4, 5, 6})).File());
     EXPECT_EQ(r9.Variable("$ACADVER"), "1=AC1004");
     EXPECT_EQ(r9.Variable("$INSBASE"), "10=1 20=2 30=3");
     EXPECT_EQ(r9.Variable("$EXTMIN"), "10=4 20=5 30=6");
     EXPECT_EQ(r9.Variable("$PLINEGEN"), "none");
     EXPECT_EQ(r9.Variable("$MIRRTEXT"), "70=0");
     EXPECT_EQ(r9.Variable("$TILEMODE"), "none");
-    const Read r10 = ReadFile(OldFileWriter(OldKind::R10).At(0x3F9, Le16(12)).At(0x3FB, Points({7, 8, 9})).File());
+    const OldReading r10 =
+        ReadFile(OldFileWriter(OldKind::R10).At(0x3F9, Le16(12)).At(0x3FB, Points({7, 8, 9})).File());
     EXPECT_EQ(r10.Variable("$DWGCODEPAGE"), "3=DOS850");
     EXPECT_EQ(r10.Variable("$UCSORG"), "10=7 20=8 30=9");
     EXPECT_EQ(r10.Variable("$TILEMODE"), "none");
-    const Read r11 = ReadFile(
+    const OldReading r11 = ReadFile(
         OldFileWriter(OldKind::R11).At(0x631, Le16(1)).At(0x637, Points({1, 2, 3})).At(0x1A3, Number(2.5)).File());
     EXPECT_EQ(r11.Variable("$TILEMODE"), "70=1");
     EXPECT_EQ(r11.Variable("$PEXTMIN"), "10=1 20=2 30=3");
@@ -170,7 +172,7 @@ TEST(OldDrawings, HaveHeaderVariables)
 TEST(OldDrawings, HaveTables)
 {
     for (const OldKind kind : {OldKind::R9, OldKind::R10, OldKind::R11}) {
-        const Read read = ReadFile(Prepared(kind).File());
+        const OldReading read = ReadFile(Prepared(kind).File());
         std::vector<std::string> entries;
         for (const NamedSlice& entry : read.tags.structure.tableEntries)
             entries.push_back(std::string(entry.name) + ": " +
@@ -194,7 +196,7 @@ TEST(OldDrawings, HaveBlocksThatAreNamedByTheirTable)
     file.Record(0, 64, "DOOR", Le32(0x40000000U | door)).Record(0, 65, "*D", Le32(0x40000000U | arrow));
     file.Entity(14, 0, 0, 5, "", Le16(0) + Points({5, 6, 2, kQuarter}))
         .Entity(14, 0, 0, 0, "", Le16(1) + Points({0, 0}));
-    const Read read = ReadFile(file.File());
+    const OldReading read = ReadFile(file.File());
     ASSERT_EQ(read.tags.structure.blocks.size(), 2U);
     const ScannedBlock& block = read.tags.structure.blocks[0];
     EXPECT_EQ(TagsOf(read.tags, block.header.begin, block.header.length), "8=0 2=DOOR 70=64 10=1 20=2 30=0");
@@ -209,7 +211,7 @@ TEST(OldDrawings, KeepVerticesWithTheirPolyline)
     file.Entity(19, 0x84, 1, 1, Number(3), "\x01");
     file.Entity(20, 4, 1, 4, Number(3), Points({1, 2, 0.5})).Entity(20, 4, 1, 0, Number(3), Points({3, 4}));
     file.Entity(17, 0, 1, 0, "", Le32(0)).Entity(3, 0, 1, 0, "", Points({0, 0, 4}));
-    const Read read = ReadFile(file.File());
+    const OldReading read = ReadFile(file.File());
     ASSERT_EQ(read.tags.structure.modelEntities.size(), 2U);
     EXPECT_EQ(read.Entity(0), "8=WALLS 66=1 10=0 20=0 30=3 70=1 0=VERTEX 8=WALLS 10=1 20=2 30=3 42=0.5 "
                               "0=VERTEX 8=WALLS 10=3 20=4 30=3 0=SEQEND 8=WALLS");
@@ -227,7 +229,7 @@ TEST(OldDrawings, JumpIntoTheExtraSectionAndBack)
     file.ExtraEntity(3, 0, 0, 0, "", Points({0, 0, 2}));
     // A jump has neither layer nor options: these four bytes are its place.
     file.ExtraEntity(18, 0, back & 0xFFFFU, back >> 16U, "", "");
-    const Read read = ReadFile(file.File());
+    const OldReading read = ReadFile(file.File());
     ASSERT_EQ(read.tags.structure.modelEntities.size(), 3U);
     EXPECT_EQ(read.Entity(0), "8=0 40=1 10=0 20=0 30=0");
     EXPECT_EQ(read.Entity(1), "8=0 40=2 10=0 20=0 30=0");
@@ -236,10 +238,10 @@ TEST(OldDrawings, JumpIntoTheExtraSectionAndBack)
 
 TEST(OldDrawings, PutOnTheSheetWhatBelongsToAViewport)
 {
-    const Read read = ReadFile(Prepared(OldKind::R11)
-                                   .Entity(3, 0x40, 0, 0, "\x04" + Le16(1), Points({0, 0, 1}))
-                                   .Entity(3 | 0x80, 0, 0, 0, "", Points({0, 0, 2}))
-                                   .File());
+    const OldReading read = ReadFile(Prepared(OldKind::R11)
+                                         .Entity(3, 0x40, 0, 0, "\x04" + Le16(1), Points({0, 0, 1}))
+                                         .Entity(3 | 0x80, 0, 0, 0, "", Points({0, 0, 2}))
+                                         .File());
     EXPECT_EQ(read.tags.structure.modelEntities.size(), 0U);
     EXPECT_EQ(read.tags.structure.paperEntities.size(), 1U);
 }
@@ -249,7 +251,7 @@ TEST(OldDrawings, GoOnBehindDamagedRecords)
     OldFileWriter file = Prepared(OldKind::R11);
     file.Entity(3, 0, 0, 0, "", Points({0, 0, 1})).Raw(std::string(20, '\xEE'));
     file.Entity(3, 0, 0, 0, "", Points({0, 0, 2}));
-    const Read read = ReadFile(file.File());
+    const OldReading read = ReadFile(file.File());
     EXPECT_EQ(read.tags.structure.modelEntities.size(), 2U);
     EXPECT_THAT(read.Told(), ElementsAre("809 x 1"));
 }

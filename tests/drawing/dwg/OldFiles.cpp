@@ -11,7 +11,7 @@ namespace sm::drawing::dwg::testing {
 namespace {
 
 /// Sizes of the records of BLOCK, LAYER, STYLE and LTYPE.
-constexpr unsigned kSizes[3][4]{{37, 37, 194, 187}, {37, 37, 194, 187}, {45, 41, 198, 191}};
+constexpr unsigned kTableSizes[3][4]{{37, 37, 194, 187}, {37, 37, 194, 187}, {45, 41, 198, 191}};
 constexpr std::uint32_t kEntitiesAt[3]{0x3EF, 0x512, 0x6CF};
 constexpr const char* kMagics[3]{"AC1004", "AC1006", "AC1009"};
 constexpr unsigned kVariables[3]{129, 160, 205};
@@ -44,7 +44,7 @@ OldFileWriter& OldFileWriter::Record(unsigned table, unsigned flags, const std::
     if (m_kind == OldKind::R11)
         record += Le16(0xFFFF);
     record += fields;
-    record.resize(kSizes[static_cast<std::size_t>(m_kind)][table] - (m_kind == OldKind::R11 ? 2 : 0));
+    record.resize(kTableSizes[static_cast<std::size_t>(m_kind)][table] - (m_kind == OldKind::R11 ? 2 : 0));
     m_tables[table].push_back(Ended(record));
     return *this;
 }
@@ -102,7 +102,7 @@ std::string OldFileWriter::File() const
     Put(file, 0x14, Le32(kEntitiesAt[kind]) + Le32(static_cast<std::uint32_t>(file.size())));
     for (unsigned table = 0; table < 4; ++table) {
         Put(file, 0x2C + 10 * table,
-            Le16(kSizes[kind][table]) + Le16(static_cast<unsigned>(m_tables[table].size())) + Le16(0) +
+            Le16(kTableSizes[kind][table]) + Le16(static_cast<unsigned>(m_tables[table].size())) + Le16(0) +
                 Le32(static_cast<std::uint32_t>(file.size())));
         for (const std::string& record : m_tables[table])
             file += record;

@@ -237,7 +237,8 @@ void Compare(const Pair& pair, Fields& f, const TableData& a, const TableData& b
         CompareKind(f, a.kinds[kind], b.kinds[kind]);
 }
 
-template <class Data> void CompareAs(const Pair& pair, const EntityRecord& dwg, const EntityRecord& dxf, Fields& fields)
+template <class Data>
+void CompareNotesAs(const Pair& pair, const EntityRecord& dwg, const EntityRecord& dxf, Fields& fields)
 {
     Data a, b;
     Read(pair.dwg, dwg, a);
@@ -260,25 +261,25 @@ void CompareNote(const Pair& pair, const EntityRecord& dwg, const EntityRecord& 
 {
     switch (dxf.kind) {
     case EntityKind::Dimension:
-        CompareAs<DimensionData>(pair, dwg, dxf, fields);
+        CompareNotesAs<DimensionData>(pair, dwg, dxf, fields);
         CompareStyleOf(pair, dwg, dxf, fields);
         break;
     case EntityKind::Leader:
-        CompareAs<LeaderData>(pair, dwg, dxf, fields);
+        CompareNotesAs<LeaderData>(pair, dwg, dxf, fields);
         CompareStyleOf(pair, dwg, dxf, fields);
         break;
     case EntityKind::Tolerance:
-        CompareAs<ToleranceData>(pair, dwg, dxf, fields);
+        CompareNotesAs<ToleranceData>(pair, dwg, dxf, fields);
         CompareStyleOf(pair, dwg, dxf, fields);
         break;
     case EntityKind::MultiLeader:
-        CompareAs<MultiLeaderData>(pair, dwg, dxf, fields);
+        CompareNotesAs<MultiLeaderData>(pair, dwg, dxf, fields);
         break;
     case EntityKind::MLine:
-        CompareAs<MLineData>(pair, dwg, dxf, fields);
+        CompareNotesAs<MLineData>(pair, dwg, dxf, fields);
         break;
     case EntityKind::Table:
-        CompareAs<TableData>(pair, dwg, dxf, fields);
+        CompareNotesAs<TableData>(pair, dwg, dxf, fields);
         break;
     default: {
         Entity a, b;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Drawings that a CAD program saved as DWG and as DXF: both roads give the same. The folder is named by the
 // environment variable SM_SHARED_DRAWINGS, or lies beside the source tree; without it these tests are skipped.
+#include "drawing/SharedDrawings.h"
 #include "drawing/dwg/Twins.h"
 
 #include <cstdlib>
@@ -14,12 +15,6 @@ namespace sm::drawing::twins {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path Folder()
-{
-    const char* const named = std::getenv("SM_SHARED_DRAWINGS");
-    return (named != nullptr ? fs::path(named) : fs::path(SM_SOURCE_DIR) / ".." / "shared" / "drawings") / "twins";
-}
 
 /// The DXF beside a DWG; empty when there is none.
 fs::path TwinOf(fs::path dwg)
@@ -152,11 +147,11 @@ void Print(const Report& report)
 
 TEST(Twins, AreTheSameOnBothRoads)
 {
-    if (!fs::exists(Folder()))
+    if (!fs::exists((SharedDrawings() / "twins")))
         GTEST_SKIP() << "no shared drawings";
     Report report;
     int pairs = 0;
-    for (const auto& entry : fs::recursive_directory_iterator(Folder())) {
+    for (const auto& entry : fs::recursive_directory_iterator((SharedDrawings() / "twins"))) {
         if (entry.path().extension() != ".dwg" || TwinOf(entry.path()).empty())
             continue;
         ++pairs;

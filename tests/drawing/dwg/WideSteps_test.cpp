@@ -17,7 +17,7 @@ using namespace std::string_literals;
 const std::string kStart = "The first forty-eight bytes, which have no order";
 
 /// A compressed stream and what it becomes.
-struct Stream {
+struct CodedStream {
     std::string source, text;
 
     void Repeat(std::size_t distance, std::size_t length)
@@ -33,9 +33,9 @@ char Letter(std::size_t number)
 }
 
 /// References of two forms with none to three literals behind each.
-Stream StreamOf2004()
+CodedStream StreamOf2004()
 {
-    Stream stream{"\0\x1E"s + kStart, kStart}; // 0x0F + 0x1E + 3 literals
+    CodedStream stream{"\0\x1E"s + kStart, kStart}; // 0x0F + 0x1E + 3 literals
     std::size_t number = 0;
     const auto add = [&](std::string reference, std::size_t distance, std::size_t length, unsigned literals) {
         stream.Repeat(distance, length);
@@ -63,10 +63,10 @@ Stream StreamOf2004()
 }
 
 /// The same with up to seven literals, which stand in the file in another order.
-Stream StreamOf2007()
+CodedStream StreamOf2007()
 {
     const std::string orders[]{"", "0", "10", "210", "0123", "40123", "512340", "6512340"};
-    Stream stream{"\0abcdefgh"s, "abcdefgh"};
+    CodedStream stream{"\0abcdefgh"s, "abcdefgh"};
     std::size_t number = 0;
     for (unsigned distance = 1; distance <= 40; ++distance)
         for (unsigned length = 3; length <= 14; ++length) {
@@ -88,7 +88,7 @@ Stream StreamOf2007()
 using Decompress = Decompressed (*)(std::string_view, std::span<char>);
 
 /// Into room that ends with the text, that is larger, and that cuts it anywhere near its end.
-void ExpectText(const Stream& stream, Decompress decompress)
+void ExpectText(const CodedStream& stream, Decompress decompress)
 {
     for (const std::size_t more : {std::size_t{0}, std::size_t{1}, std::size_t{15}, std::size_t{200}}) {
         std::vector<char> room(stream.text.size() + more);

@@ -23,12 +23,12 @@ std::string BytesOf(const fs::path& path)
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-struct Counts {
+struct ObjectCounts {
     std::size_t entities = 0, objects = 0;
     bool told = false; ///< that the list of objects is damaged
 };
 
-Counts Read(const std::string& file, bool zeroed)
+ObjectCounts ReadWith(const std::string& file, bool zeroed)
 {
     FindingList findings;
     const std::string path = "plan.dwg";
@@ -64,7 +64,7 @@ TEST(ZeroedMap, LeavesNearlyAllEntitiesOfRealDrawings)
         if (FormOfDwg(file) != DwgForm::Objects)
             continue;
         SCOPED_TRACE(entry.path().filename());
-        const Counts whole = Read(file, false), searched = Read(file, true);
+        const ObjectCounts whole = ReadWith(file, false), searched = ReadWith(file, true);
         EXPECT_GE(static_cast<double>(searched.entities), 0.95 * static_cast<double>(whole.entities))
             << searched.entities << " of " << whole.entities;
         EXPECT_GE(static_cast<double>(searched.objects), 0.95 * static_cast<double>(whole.objects))

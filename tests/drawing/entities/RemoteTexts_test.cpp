@@ -7,7 +7,7 @@
 namespace sm::drawing::testing {
 namespace {
 
-struct Row {
+struct RemoteTextRow {
     const char* name;
     const char* tags;
     Vec3 insertion;
@@ -17,14 +17,14 @@ struct Row {
 
 TEST(RemoteTexts, StandInTheirPlaneOrElsewhere)
 {
-    const Row rows[] = {
+    const RemoteTextRow rows[] = {
         {"Expression", "10\n1\n20\n2\n30\n3\n50\n1.5707963267948966\n40\n5\n70\n1\n1\nPlain", {1, 2, 3}, 90, false},
         {"ToBeComputed", "10\n1\n20\n2\n40\n5\n70\n1\n1\n$(getvar,dwgname)", {1, 2, 0}, 0, true},
         {"OfAFile", "10\n1\n20\n2\n40\n5\n70\n0\n1\nnotes.txt", {1, 2, 0}, 0, true},
         {"SeenFromBelow", "10\n1\n20\n2\n30\n3\n210\n0\n220\n0\n230\n-1\n70\n1\n1\nx", {-1, 2, -3}, 0, false},
         {"OnAWall", "10\n1\n20\n2\n30\n3\n210\n1\n220\n0\n230\n0\n70\n1\n1\nx", {2, 3, 1}, 0, false},
     };
-    for (const Row& row : rows) {
+    for (const RemoteTextRow& row : rows) {
         const auto drawing = OpenEntities("0\nRTEXT\n8\n0\n100\nRText\n" + std::string(row.tags) + "\n");
         ASSERT_EQ(ModelEntities(*drawing).size(), 1U) << row.name;
         TextData text;

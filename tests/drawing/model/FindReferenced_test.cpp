@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class FindReferencedTest : public testing::Test {
+class FindReferencedTest : public ::testing::Test {
 protected:
     FindReferencedTest() : m_root(fs::temp_directory_path() / ("referenced-" + std::to_string(::getpid())))
     {

@@ -24,12 +24,12 @@ std::string Came(ReadAhead& ahead, const std::string& path)
     }
 }
 
-struct Row {
+struct ReadAheadRow {
     const char* name;
     std::vector<std::string> expected, taken;
 };
 
-const Row kRows[] = {
+const ReadAheadRow kReadAheadRows[] = {
     {"InOrder", {"a.dxf", "b.dxf", "c.dxf"}, {"a.dxf", "b.dxf", "c.dxf"}},
     {"Leaving some out", {"a.dxf", "b.dxf", "c.dxf"}, {"c.dxf"}},
     {"None", {}, {"a.dxf", "a.dxf"}},
@@ -43,7 +43,7 @@ TEST(ReadAhead, GivesWhatIsAskedForWhateverWasExpected)
     const TempFolder folder;
     for (const char* name : {"a.dxf", "b.dxf", "c.dxf"})
         (void)folder.Write(name, kGood);
-    for (const Row& row : kRows) {
+    for (const ReadAheadRow& row : kReadAheadRows) {
         for (const std::size_t count : {0, 1, 2, 9}) {
             std::vector<std::string> paths;
             for (const std::string& name : row.expected)

@@ -3,6 +3,7 @@
 // them). Without the drawings there is nothing to test.
 #include "drawing/DxfText.h"
 #include "drawing/EntityKinds.h"
+#include "drawing/SharedDrawings.h"
 #include "drawing/entities/Hyperlinks.h"
 #include "drawing/entities/Inserts.h"
 
@@ -17,12 +18,6 @@ namespace sm::drawing::testing {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path Folder()
-{
-    const char* const named = std::getenv("SM_SHARED_DRAWINGS");
-    return named != nullptr ? fs::path(named) : fs::path(SM_SOURCE_DIR) / ".." / "shared" / "drawings";
-}
 
 struct Counts {
     std::size_t attributes = 0, links = 0;
@@ -68,11 +63,11 @@ std::map<fs::path, Counts> Listed()
 {
     constexpr std::size_t kName = 0, kAttributes = 8, kLinks = 9;
     std::map<fs::path, Counts> listed;
-    std::ifstream list(Folder() / "MANIFEST.md");
+    std::ifstream list(SharedDrawings() / "MANIFEST.md");
     fs::path folder;
     for (std::string line; std::getline(list, line);) {
         if (line.starts_with("## "))
-            folder = Folder() / line.substr(3);
+            folder = SharedDrawings() / line.substr(3);
         const std::vector<std::string> cells = CellsOf(line);
         if (cells.size() <= kLinks || !cells[kName].ends_with(".dxf"))
             continue;

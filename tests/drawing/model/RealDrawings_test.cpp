@@ -3,6 +3,7 @@
 // variable SM_SHARED_DRAWINGS, or lies beside the source tree; without it these tests are skipped.
 #include "drawing/DxfText.h"
 #include "drawing/EntityKinds.h"
+#include "drawing/SharedDrawings.h"
 #include "drawing/entities/Curves.h"
 #include "drawing/entities/Hatches.h"
 #include "drawing/entities/Hyperlinks.h"
@@ -21,12 +22,6 @@ namespace sm::drawing::testing {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path Folder()
-{
-    const char* const named = std::getenv("SM_SHARED_DRAWINGS");
-    return named != nullptr ? fs::path(named) : fs::path(SM_SOURCE_DIR) / ".." / "shared" / "drawings";
-}
 
 /// "name: entities/viewports/attributes" of each layout, then the entities of all other blocks.
 std::string Summary(const Drawing& drawing)
@@ -60,7 +55,7 @@ class RealDrawings : public ::testing::TestWithParam<RealRow> {};
 
 TEST_P(RealDrawings, HoldWhatAnotherReaderFindsInThem)
 {
-    const fs::path path = Folder() / GetParam().path;
+    const fs::path path = SharedDrawings() / GetParam().path;
     if (!fs::exists(path))
         GTEST_SKIP() << "no shared drawings";
     EXPECT_EQ(Summary(*Drawing::Open(path.string())), GetParam().summary);
@@ -127,9 +122,9 @@ void ReadAll(const Drawing& drawing)
 
 TEST(RealDrawings, AllOpenOrSayWhyNotInOneLine)
 {
-    if (!fs::exists(Folder()))
+    if (!fs::exists(SharedDrawings()))
         GTEST_SKIP() << "no shared drawings";
-    for (const auto& entry : fs::recursive_directory_iterator(Folder())) {
+    for (const auto& entry : fs::recursive_directory_iterator(SharedDrawings())) {
         const std::string path = entry.path().string();
         const std::string kind = entry.path().extension().string();
         if (kind != ".dxf" && kind != ".dwg" && kind != ".dwt")
@@ -154,7 +149,7 @@ class RealLinks : public ::testing::TestWithParam<LinkRow> {};
 
 TEST_P(RealLinks, AreFound)
 {
-    const fs::path path = Folder() / GetParam().path;
+    const fs::path path = SharedDrawings() / GetParam().path;
     if (!fs::exists(path))
         GTEST_SKIP() << "no shared drawings";
     const auto drawing = Drawing::Open(path.string());

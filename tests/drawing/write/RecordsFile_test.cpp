@@ -2,6 +2,7 @@
 // The records of a DWG, in the file beside it.
 #include "drawing/Drawing.h"
 #include "drawing/TempFolder.h"
+#include "drawing/Told.h"
 
 #include <gmock/gmock.h>
 
@@ -93,16 +94,6 @@ TEST_F(DwgRecords, ANewFileHasTheUsualRights)
     struct stat state {};
     ASSERT_EQ(stat(m_folder.Path("plan.dwg.sheetmaker").c_str(), &state), 0);
     EXPECT_EQ(state.st_mode & 0777, 0640U);
-}
-
-std::string ErrorOf(const std::function<void()>& work)
-{
-    try {
-        work();
-    } catch (const DrawingError& error) {
-        return error.what();
-    }
-    return "no error";
 }
 
 TEST_F(DwgRecords, SomebodyElsesChangesAreNotLost)

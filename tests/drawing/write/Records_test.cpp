@@ -3,6 +3,7 @@
 #include "drawing/DxfText.h"
 #include "drawing/RecordsPlace.h"
 #include "drawing/TempFolder.h"
+#include "drawing/Told.h"
 
 #include <gmock/gmock.h>
 
@@ -198,16 +199,6 @@ TEST(Records, ThatAreTheSameChangeNothing)
     const auto drawing = Drawing::Open(folder.Write("plan.dxf", RecordText("AC1015", "\n", kTwoRecords)));
     drawing->SetRecord("TWSM", {{1001, "TWSM"}, {1000, "old"}});
     EXPECT_FALSE(drawing->Modified());
-}
-
-std::string ErrorOf(const std::function<void()>& call)
-{
-    try {
-        call();
-    } catch (const DrawingError& error) {
-        return error.what();
-    }
-    return "no error";
 }
 
 TEST(Records, NeedADictionary)

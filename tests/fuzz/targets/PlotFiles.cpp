@@ -15,7 +15,7 @@ namespace sm::fuzz {
 
 namespace {
 
-std::string Word(std::size_t value)
+std::string DoubleWord(std::size_t value)
 {
     std::string bytes;
     for (int i = 0; i < 4; ++i, value >>= 8U)
@@ -31,7 +31,8 @@ std::string Compressed(std::string_view text)
     std::string stream(libdeflate_zlib_compress_bound(deflater.get(), text.size()), '\0');
     stream.resize(libdeflate_zlib_compress(deflater.get(), text.data(), text.size(), stream.data(), stream.size()));
     return "PIAFILEVERSION_2.0,CTBVER1,compress\r\npmzlibcodec" +
-           Word(libdeflate_adler32(1, text.data(), text.size())) + Word(text.size()) + Word(stream.size()) + stream;
+           DoubleWord(libdeflate_adler32(1, text.data(), text.size())) + DoubleWord(text.size()) +
+           DoubleWord(stream.size()) + stream;
 }
 
 std::string TableOf(const std::string& styles)

@@ -17,7 +17,7 @@ using namespace std::string_literals;
 /// Work that an input may ask for: a shape may take twenty thousand steps.
 constexpr unsigned kMostShapes = 6;
 
-std::string Word(std::size_t value)
+std::string ShortWord(std::size_t value)
 {
     return {static_cast<char>(value & 0xFFU), static_cast<char>(value >> 8U)};
 }
@@ -97,19 +97,22 @@ Inputs ShxSeeds()
         {' ', "\0\2\x50\0"s},
         {'A', "\0\7I\x08\5\xFB\x09\1\2\3\4\0\0\x0C\5\5\x40\x0D\1\1\x20\0\0\x0E\1\x10\0"s},
         {0x416, "\0\1\x30\2\x10\0"s}};
-    std::string unifont = "AutoCAD-86 unifont 1.0\r\n\x1A" + Word(letters.size()), index, shapes;
+    std::string unifont = "AutoCAD-86 unifont 1.0\r\n\x1A" + ShortWord(letters.size()), index, shapes;
     for (const auto& [number, bytes] : letters) {
-        unifont += Word(number) + Word(bytes.size()) + bytes;
-        index += Word(number) + Word(bytes.size());
+        unifont += ShortWord(number) + ShortWord(bytes.size()) + bytes;
+        index += ShortWord(number) + ShortWord(bytes.size());
         shapes += bytes;
     }
-    std::string big = "AutoCAD-86 bigfont 1.0\r\n\x1A" + Word(8) + Word(3) + Word(1) + Word(0xB0) + Word(0xF7);
+    std::string big = "AutoCAD-86 bigfont 1.0\r\n\x1A" + ShortWord(8) + ShortWord(3) + ShortWord(1) + ShortWord(0xB0) +
+                      ShortWord(0xF7);
     const std::size_t first = big.size() + 3 * 8;
     const std::string name = "Own\0\x10\0\2\x10\0"s, one = "\0\1\x64\2\x30\0"s;
-    big += Word(0) + Word(name.size()) + Word(first) + Word(0);
-    big += Word(0xD2BB) + Word(one.size()) + Word(first + name.size()) + Word(0);
-    big += Word(0xB0A1) + Word(one.size()) + Word(first + name.size()) + Word(0) + name + one;
-    return {unifont, "AutoCAD-86 shapes 1.0\r\n\x1A" + Word(0) + Word(0x416) + Word(letters.size()) + index + shapes,
+    big += ShortWord(0) + ShortWord(name.size()) + ShortWord(first) + ShortWord(0);
+    big += ShortWord(0xD2BB) + ShortWord(one.size()) + ShortWord(first + name.size()) + ShortWord(0);
+    big += ShortWord(0xB0A1) + ShortWord(one.size()) + ShortWord(first + name.size()) + ShortWord(0) + name + one;
+    return {unifont,
+            "AutoCAD-86 shapes 1.0\r\n\x1A" + ShortWord(0) + ShortWord(0x416) + ShortWord(letters.size()) + index +
+                shapes,
             big};
 }
 

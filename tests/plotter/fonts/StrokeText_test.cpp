@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Text of stroked fonts: how it is cut, what the page and its fonts say.
+#include "plotter/PsWritten.h"
 #include "postscript/PsWriter.h"
 
 #include <cmath>
@@ -47,15 +48,6 @@ TextRun Ells(const Ell& face, double wide, double high, double pen)
     run.penWidth = pen;
     run.color = 0x0000FF;
     return run;
-}
-
-/// The body of a page of ten dots a millimetre.
-std::string BodyOf(PsWriter& writer)
-{
-    writer.Finish();
-    std::string text;
-    writer.Body().WriteTo([&](std::string_view piece) { text += piece; });
-    return text;
 }
 
 TEST(StrokeCut, SplitsAMapIntoGlyphsAndASimilarity)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What is written for pictures.
+#include "plotter/PsWritten.h"
 #include "postscript/PsWriter.h"
 
 #include <gtest/gtest.h>
@@ -16,12 +17,6 @@ template <class Write> std::string TextOf(Write write)
     std::string text;
     write([&](std::string_view piece) { text += piece; });
     return text;
-}
-
-std::string BodyOf(PsWriter& writer)
-{
-    writer.Finish();
-    return TextOf([&](const BodyText::Sink& sink) { writer.Body().WriteTo(sink); });
 }
 
 std::string ResourcesOf(PsWriter& writer)

@@ -5,6 +5,7 @@
 #include "pdf/Qpdf.h"
 
 #include "plotter/Plotter.h"
+#include "publisher/dialect/DialectTools.h"
 
 #include <algorithm>
 #include <array>
@@ -18,27 +19,6 @@ namespace sm::publisher {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// Fails the test when a page is left to it.
-class NoOthers final : public IPageMaker {
-public:
-    MadePages MakePages(const std::vector<PageSource>&, const std::string&, const std::string&) override
-    {
-        ADD_FAILURE() << "the pages went to the interpreter";
-        return {};
-    }
-};
-
-std::string OutputOf(const std::string& command)
-{
-    std::string output;
-    FILE* pipe = ::popen(command.c_str(), "r");
-    std::array<char, 4096> block{};
-    for (std::size_t got = 0; (got = std::fread(block.data(), 1, block.size(), pipe)) > 0;)
-        output.append(block.data(), got);
-    EXPECT_EQ(::pclose(pipe), 0) << command;
-    return output;
-}
 
 /// How many values of two grey pictures differ by more than eight shades of 256; all when they aren't of one size. The
 /// interpreter writes numbers with fewer digits, coordinates in dots and widths of letters in whole thousandths, which

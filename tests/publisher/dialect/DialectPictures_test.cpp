@@ -6,6 +6,7 @@
 #include "pdf/Qpdf.h"
 
 #include "postscript/PsDocument.h"
+#include "publisher/dialect/DialectTools.h"
 
 #include <array>
 #include <cstdio>
@@ -110,26 +111,6 @@ TEST(DialectPictures, AreLeftToTheInterpreterWhenJobOptionsChangeThem)
             << row.options << static_cast<int>(row.form);
     EXPECT_TRUE(JobOptionsKeepPictures("/DownsampleColorImages true\n", {}));
 }
-
-std::string OutputOf(const std::string& command)
-{
-    std::string output;
-    FILE* pipe = ::popen(command.c_str(), "r");
-    std::array<char, 4096> block{};
-    for (std::size_t got = 0; (got = std::fread(block.data(), 1, block.size(), pipe)) > 0;)
-        output.append(block.data(), got);
-    EXPECT_EQ(::pclose(pipe), 0) << command;
-    return output;
-}
-
-class NoOthers final : public IPageMaker {
-public:
-    MadePages MakePages(const std::vector<PageSource>&, const std::string&, const std::string&) override
-    {
-        ADD_FAILURE() << "the pages went to the interpreter";
-        return {};
-    }
-};
 
 /// Two pages of 100 mm with the same colour picture, once straight and turned, and one picture of each other form.
 class PicturePages : public testing::Test {

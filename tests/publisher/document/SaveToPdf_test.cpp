@@ -17,7 +17,7 @@ using Names = std::vector<std::string>;
 const std::string kSettings = SM_SOURCE_DIR "/share/sheetmaker-pdf/Settings/";
 
 /// The lines of `output` that begin with `start`.
-std::string Lines(const std::string& output, const std::string& start)
+std::string LogLines(const std::string& output, const std::string& start)
 {
     std::string found;
     for (std::size_t at = 0; at < output.size();) {
@@ -55,15 +55,15 @@ TEST_F(SaveToPdf, MakesOnePageOfEachFileInOrder)
 
     EXPECT_EQ(RunTool("qpdf --check " + Out("plan.pdf")).exitCode, 0);
     const std::string info = RunTool("pdfinfo -box -l 3 " + Out("plan.pdf")).output;
-    EXPECT_EQ(Lines(info, "Pages:"), "Pages:           3\n");
-    EXPECT_EQ(Lines(info, "PDF version:"), "PDF version:     1.7\n");
-    EXPECT_EQ(Lines(info, "Page    1 MediaBox"), "Page    1 MediaBox:      0.00     0.00   595.28   841.89\n");
-    EXPECT_EQ(Lines(info, "Page    2 MediaBox"), "Page    2 MediaBox:      0.00     0.00  2383.94  1683.78\n");
-    EXPECT_EQ(Lines(info, "Page    3 MediaBox"), "Page    3 MediaBox:      0.00     0.00   306.14   396.00\n");
+    EXPECT_EQ(LogLines(info, "Pages:"), "Pages:           3\n");
+    EXPECT_EQ(LogLines(info, "PDF version:"), "PDF version:     1.7\n");
+    EXPECT_EQ(LogLines(info, "Page    1 MediaBox"), "Page    1 MediaBox:      0.00     0.00   595.28   841.89\n");
+    EXPECT_EQ(LogLines(info, "Page    2 MediaBox"), "Page    2 MediaBox:      0.00     0.00  2383.94  1683.78\n");
+    EXPECT_EQ(LogLines(info, "Page    3 MediaBox"), "Page    3 MediaBox:      0.00     0.00   306.14   396.00\n");
     EXPECT_EQ(RunTool("mutool show " + Out("plan.pdf") + " pages/3/MediaBox").output, "[ 0 0 306.14173 396 ]\n");
     EXPECT_EQ(RunTool("pdftotext " + Out("plan.pdf") + " -").output,
               "First sheet\n\n\fSecond sheet\n\n\fThird sheet\n\n\f");
-    EXPECT_EQ(Lines(RunTool("pdffonts " + Out("plan.pdf")).output, "ABCDEF"), "");
+    EXPECT_EQ(LogLines(RunTool("pdffonts " + Out("plan.pdf")).output, "ABCDEF"), "");
     EXPECT_EQ(ListTree(m_root), (Names{"out/", "out/plan.pdf", "work/", "work/" + ListTree(m_root + "/work").at(0)}));
     EXPECT_EQ(m_notes, Names{});
 }
@@ -147,7 +147,7 @@ TEST_F(SaveToPdf, PageLargerThanAPdfUnitAllowsGetsAUnitOfItsOwn)
     EXPECT_EQ(RunTool("mutool show " + Out("long.pdf") + " pages/1/UserUnit").output, "2\n");
     const std::string bounds =
         RunTool("gs -q -dNOSAFER -dBATCH -dNOPAUSE -sDEVICE=bbox -dNoUserUnit " + Out("long.pdf")).output;
-    EXPECT_EQ(Lines(bounds, "%%BoundingBox"), "%%BoundingBox: 13999 699 14400 720\n");
+    EXPECT_EQ(LogLines(bounds, "%%BoundingBox"), "%%BoundingBox: 13999 699 14400 720\n");
 }
 
 TEST_F(SaveToPdf, WritesDocumentInformationAndTheSameInXmp)
@@ -173,7 +173,7 @@ TEST_F(SaveToPdf, WritesDocumentInformationAndTheSameInXmp)
                                                    "Producer:        Test Producer 1.0\n"
                                                    "CreationDate:    2026-07-04T12:34:56+02\n"
                                                    "ModDate:         2026-12-31T12:34:56+01\n");
-    EXPECT_EQ(Lines(RunTool("pdfinfo -custom " + Out("plan.pdf")).output, "TITLE"), "TITLE_1/DRAWN BY#1:J (S)\n");
+    EXPECT_EQ(LogLines(RunTool("pdfinfo -custom " + Out("plan.pdf")).output, "TITLE"), "TITLE_1/DRAWN BY#1:J (S)\n");
     const std::string xmp = RunTool("pdfinfo -meta " + Out("plan.pdf")).output;
     for (const std::string expected :
          {"<dc:title><rdf:Alt><rdf:li xml:lang=\"x-default\">Plan &lt;1&gt; &amp; Ärger</rdf:li></rdf:Alt></dc:title>",
@@ -284,7 +284,7 @@ TEST_F(SaveToPdf, LargeContentsAreCompressed)
     ASSERT_EQ(doc->SaveToPdf(Out("plan.pdf"), 0, false, true), 0) << doc->LastErrorText();
     EXPECT_LT(m_reports.at(0).pdfBytes, body.size() / 3);
     EXPECT_EQ(RunTool("qpdf --check " + Out("plan.pdf")).exitCode, 0);
-    EXPECT_EQ(Lines(RunTool("mutool show " + Out("plan.pdf") + " pages/1/Contents").output, "  /Filter"),
+    EXPECT_EQ(LogLines(RunTool("mutool show " + Out("plan.pdf") + " pages/1/Contents").output, "  /Filter"),
               "  /Filter /FlateDecode\n");
 }
 

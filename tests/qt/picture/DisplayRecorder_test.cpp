@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the canvas of the screen keeps.
 #include "picture/DisplayRecorder.h"
+#include "qt/Pieces.h"
 #include "render/FontFace.h"
 
 #include <gmock/gmock.h>
@@ -49,14 +50,6 @@ Path Triangle()
     path.LineTo({40, 0});
     path.LineTo({0, 30});
     path.Close();
-    return path;
-}
-
-Path LineOf(Vec2 a, Vec2 b)
-{
-    Path path;
-    path.MoveTo(a);
-    path.LineTo(b);
     return path;
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Layouts as they are recorded for the screen, and what places of the picture mean in the drawing.
+#include "qt/Pieces.h"
 #include "view/LayoutPicture.h"
 
 #include <gmock/gmock.h>
@@ -7,25 +8,20 @@
 namespace sm::qt {
 namespace {
 
-std::string Tag(int code, const std::string& value)
-{
-    return std::to_string(code) + "\n" + value + "\n";
-}
-
-std::string Point(int code, double x, double y, double z)
+std::string PointTags(int code, double x, double y, double z)
 {
     return Tag(code, std::to_string(x)) + Tag(code + 10, std::to_string(y)) + Tag(code + 20, std::to_string(z));
 }
 
 std::string LineTags(double x1, double y1, double x2, double y2, const std::string& more = {})
 {
-    return Tag(0, "LINE") + Tag(8, "0") + more + Point(10, x1, y1, 0) + Point(11, x2, y2, 0);
+    return Tag(0, "LINE") + Tag(8, "0") + more + PointTags(10, x1, y1, 0) + PointTags(11, x2, y2, 0);
 }
 
 std::string ViewTags(double dx, double dy, double dz, double twist)
 {
     return Tag(0, "TABLE") + Tag(2, "VPORT") + Tag(0, "VPORT") + Tag(2, "*ACTIVE") + Tag(70, "0") +
-           Point(16, dx, dy, dz) + Point(17, 30, 40, 0) + Tag(40, "100") + Tag(41, "1") +
+           PointTags(16, dx, dy, dz) + PointTags(17, 30, 40, 0) + Tag(40, "100") + Tag(41, "1") +
            Tag(51, std::to_string(twist)) + Tag(0, "ENDTAB");
 }
 
@@ -117,7 +113,7 @@ TEST_F(Layouts, AnEmptyDrawingHasSomewhereToPick)
 
 TEST_F(Layouts, ADrawingOfASinglePointHasRoomRoundIt)
 {
-    const auto picture = Record({}, Tag(0, "POINT") + Tag(8, "0") + Point(10, 5, 6, 0));
+    const auto picture = Record({}, Tag(0, "POINT") + Tag(8, "0") + PointTags(10, 5, 6, 0));
     EXPECT_GT(picture->home.Width(), 1);
 }
 

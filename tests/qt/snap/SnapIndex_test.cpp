@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Where the cursor is drawn to.
+#include "qt/Pieces.h"
 #include "snap/SnapIndex.h"
 
 #include <gmock/gmock.h>
@@ -9,14 +10,6 @@ namespace sm::qt {
 namespace {
 
 constexpr double kPi = 3.14159265358979323846;
-
-Path LineOf(Vec2 a, Vec2 b)
-{
-    Path path;
-    path.MoveTo(a);
-    path.LineTo(b);
-    return path;
-}
 
 Path ArcPath(Vec2 center, double radius, double start, double sweep)
 {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Picking with mouse and keyboard in the real window.
+#include "qt/Pieces.h"
 #include "qt/WindowFixture.h"
 
 #include <QLineEdit>
@@ -10,11 +11,6 @@
 namespace sm::qt {
 namespace {
 using drawing::Vec2;
-
-std::string Tag(int code, const std::string& value)
-{
-    return std::to_string(code) + "\n" + value + "\n";
-}
 
 /// Lines from (0, 0) to (100, 50) and (0, 50) to (100, 0), and a circle of radius 20 about (150, 25).
 std::string Plan()

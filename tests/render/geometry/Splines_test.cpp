@@ -9,14 +9,14 @@
 namespace sm::render {
 namespace {
 
-struct Row {
+struct SplineRow {
     const char* name;
     const char* entities;
     Lines lines;
     const char* header = "";
 };
 
-class SplinesTest : public testing::TestWithParam<Row> {};
+class SplinesTest : public testing::TestWithParam<SplineRow> {};
 
 TEST_P(SplinesTest, DrawAsWritten)
 {
@@ -26,7 +26,7 @@ TEST_P(SplinesTest, DrawAsWritten)
     EXPECT_EQ(LinesOf(drawing), GetParam().lines);
 }
 
-const Row kRows[] = {
+const SplineRow kSplineRows[] = {
     {"CubicOfOneSpan",
      "0 SPLINE | 8 0 | 70 8 | 71 3 | 72 8 | 73 4 | 74 0 | 40 0 | 40 0 | 40 0 | 40 0 | 40 1 | 40 1 | 40 1 | 40 1 |"
      "10 0 | 20 0 | 10 1 | 20 2 | 10 3 | 20 2 | 10 4 | 20 0",
@@ -67,7 +67,7 @@ const Row kRows[] = {
     {"TextOffThePage", "0 TEXT | 8 0 | 10 500 | 20 6 | 40 2 | 1 abc", {}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Entities, SplinesTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Entities, SplinesTest, testing::ValuesIn(kSplineRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(NurbsTest, AWeightedQuarterIsACircle)

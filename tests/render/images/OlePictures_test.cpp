@@ -11,7 +11,7 @@
 namespace sm::render {
 namespace {
 
-std::string Bytes(std::uint64_t value, unsigned count)
+std::string BytesOf(std::uint64_t value, unsigned count)
 {
     std::string bytes;
     for (unsigned i = 0; i < count; ++i) {
@@ -29,16 +29,16 @@ struct Record {
 
 std::string Metafile(const std::vector<Record>& records)
 {
-    std::string file = Bytes(1, 2) + Bytes(9, 2) + Bytes(0x300, 2) + Bytes(0, 12);
+    std::string file = BytesOf(1, 2) + BytesOf(9, 2) + BytesOf(0x300, 2) + BytesOf(0, 12);
     for (const Record& record : records) {
         std::string arguments;
         for (const int word : record.words) {
-            arguments += Bytes(static_cast<std::uint16_t>(word), 2);
+            arguments += BytesOf(static_cast<std::uint16_t>(word), 2);
         }
         arguments += record.more;
-        file += Bytes(3 + arguments.size() / 2, 4) + Bytes(record.function, 2) + arguments;
+        file += BytesOf(3 + arguments.size() / 2, 4) + BytesOf(record.function, 2) + arguments;
     }
-    return file + Bytes(3, 4) + Bytes(0, 2);
+    return file + BytesOf(3, 4) + BytesOf(0, 2);
 }
 
 /// A window of 100 by 50 units, then the records.
@@ -51,8 +51,8 @@ std::string Window(std::vector<Record> records)
 /// A bitmap of two pixels side by side, red and blue.
 std::string TwoPixels()
 {
-    return Bytes(40, 4) + Bytes(2, 4) + Bytes(1, 4) + Bytes(1, 2) + Bytes(24, 2) + std::string(24, '\0') +
-           Bytes(0xFF0000, 3) + Bytes(0x0000FF, 3) + Bytes(0, 2);
+    return BytesOf(40, 4) + BytesOf(2, 4) + BytesOf(1, 4) + BytesOf(1, 2) + BytesOf(24, 2) + std::string(24, '\0') +
+           BytesOf(0xFF0000, 3) + BytesOf(0x0000FF, 3) + BytesOf(0, 2);
 }
 
 /// Streams of a compound file, each in large sectors.
@@ -65,11 +65,11 @@ std::string Compound(const std::vector<std::pair<std::string, std::string>>& str
     const auto entry = [&](const std::string& name, unsigned kind, std::uint32_t start, std::uint64_t size) {
         std::string field;
         for (const char c : name) {
-            field += Bytes(static_cast<unsigned char>(c), 2);
+            field += BytesOf(static_cast<unsigned char>(c), 2);
         }
         field.resize(64);
-        directory += field + Bytes((name.size() + 1) * 2, 2) + Bytes(kind, 1) + std::string(49, '\0') +
-                     Bytes(start, 4) + Bytes(size, 8);
+        directory += field + BytesOf((name.size() + 1) * 2, 2) + BytesOf(kind, 1) + std::string(49, '\0') +
+                     BytesOf(start, 4) + BytesOf(size, 8);
     };
     entry("Root Entry", 5, kEnd, 0);
     for (const auto& [name, content] : streams) {
@@ -83,15 +83,15 @@ std::string Compound(const std::vector<std::pair<std::string, std::string>>& str
     }
     next.resize(kSector / 4, kFree);
     directory.resize(kSector);
-    std::string file = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1" + std::string(16, '\0') + Bytes(0x3E, 2) + Bytes(3, 2) +
-                       Bytes(0xFFFE, 2) + Bytes(9, 2) + Bytes(6, 2) + std::string(10, '\0') + Bytes(1, 4) +
-                       Bytes(1, 4) + Bytes(0, 4) + Bytes(4096, 4) + Bytes(kEnd, 4) + Bytes(0, 4) + Bytes(kEnd, 4) +
-                       Bytes(0, 4) + Bytes(0, 4);
+    std::string file = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1" + std::string(16, '\0') + BytesOf(0x3E, 2) + BytesOf(3, 2) +
+                       BytesOf(0xFFFE, 2) + BytesOf(9, 2) + BytesOf(6, 2) + std::string(10, '\0') + BytesOf(1, 4) +
+                       BytesOf(1, 4) + BytesOf(0, 4) + BytesOf(4096, 4) + BytesOf(kEnd, 4) + BytesOf(0, 4) +
+                       BytesOf(kEnd, 4) + BytesOf(0, 4) + BytesOf(0, 4);
     for (int i = 1; i < 109; ++i) {
-        file += Bytes(kFree, 4);
+        file += BytesOf(kFree, 4);
     }
     for (const std::uint32_t number : next) {
-        file += Bytes(number, 4);
+        file += BytesOf(number, 4);
     }
     return file + directory + data;
 }
@@ -99,8 +99,8 @@ std::string Compound(const std::vector<std::pair<std::string, std::string>>& str
 /// A presentation stream of a clipboard format.
 std::string Presentation(std::uint32_t format, const std::string& data)
 {
-    return Bytes(0xFFFFFFFF, 4) + Bytes(format, 4) + Bytes(4, 4) + Bytes(1, 4) + Bytes(0xFFFFFFFF, 4) + Bytes(2, 4) +
-           Bytes(0, 4) + Bytes(1000, 4) + Bytes(500, 4) + Bytes(data.size(), 4) + data;
+    return BytesOf(0xFFFFFFFF, 4) + BytesOf(format, 4) + BytesOf(4, 4) + BytesOf(1, 4) + BytesOf(0xFFFFFFFF, 4) +
+           BytesOf(2, 4) + BytesOf(0, 4) + BytesOf(1000, 4) + BytesOf(500, 4) + BytesOf(data.size(), 4) + data;
 }
 
 /// The entity's data: its corners, from (0, 0) to (100, 50), and the compound file.
@@ -108,10 +108,10 @@ std::string ObjectData(const std::string& file)
 {
     std::string data = "\x01\x55";
     for (const double value : {0.0, 50.0, 0.0, 100.0, 50.0, 0.0, 100.0, 0.0, 0.0, 0.0, 0.0, 0.0}) {
-        data += Bytes(std::bit_cast<std::uint64_t>(value), 8);
+        data += BytesOf(std::bit_cast<std::uint64_t>(value), 8);
     }
     data.resize(124);
-    return data + Bytes(file.size(), 4) + file;
+    return data + BytesOf(file.size(), 4) + file;
 }
 
 SmallDrawing DrawingWith(const std::string& data)
@@ -136,16 +136,16 @@ constexpr const char* kPresentation = "\x02OlePres000";
 const std::string kRed = std::string("\xFF\0\0\0", 4), kBlue = std::string("\0\0\xFF\0", 4);
 /// A pen of one unit and of a colour, an empty brush, a full one.
 const Record kPen{0x2FA, {0, 1, 0}, kRed}, kNoPen{0x2FA, {5, 0, 0}, kRed};
-const Record kBrush{0x2FC, {0}, kBlue + Bytes(0, 2)}, kNoBrush{0x2FC, {1}, kBlue + Bytes(0, 2)};
+const Record kBrush{0x2FC, {0}, kBlue + BytesOf(0, 2)}, kNoBrush{0x2FC, {1}, kBlue + BytesOf(0, 2)};
 const Record kSelectFirst{0x12D, {0}}, kSelectSecond{0x12D, {1}};
 
-struct Row {
+struct OlePictureRow {
     const char* name;
     std::vector<Record> records;
     Lines lines;
 };
 
-class MetafileTest : public testing::TestWithParam<Row> {};
+class MetafileTest : public testing::TestWithParam<OlePictureRow> {};
 
 TEST_P(MetafileTest, IsDrawnInItsFrame)
 {
@@ -157,7 +157,7 @@ TEST_P(MetafileTest, IsDrawnInItsFrame)
     EXPECT_EQ(Lines(lines.begin() + 1, lines.end() - 1), GetParam().lines);
 }
 
-const Row kRows[] = {
+const OlePictureRow kOlePictureRows[] = {
     {"Line", {kPen, kSelectFirst, {0x214, {10, 20}}, {0x213, {10, 60}}}, {"stroke FF0000 1 m 20 40 l 60 40"}},
     {"LinesGoOn",
      {{0x214, {0, 0}}, {0x213, {10, 0}}, {0x213, {10, 30}}},
@@ -191,7 +191,7 @@ const Row kRows[] = {
       kSelectFirst,
       {0x209, {}, kRed},
       {0x12E, {24}},
-      {0x521, {3}, "A\xE9g" + std::string(1, '\0') + Bytes(20, 2) + Bytes(10, 2)}},
+      {0x521, {3}, "A\xE9g" + std::string(1, '\0') + BytesOf(20, 2) + BytesOf(10, 2)}},
      {"text FF0000 [7.16 0 0 7.16 10 30] \\fArial|b0|i0;A\u00E9g"}},
     {"TextOfAnotherCharacterSet",
      {{0x2FB, {-10, 0, 0, 0, 700, 1, static_cast<int>(204U << 8), 0, 0}, "Arial" + std::string(27, '\0')},
@@ -201,16 +201,16 @@ const Row kRows[] = {
      {"text 000000 [7.16 0 0 7.16 10 30] \\fArial|b1|i1;\u0410"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Records, MetafileTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Records, MetafileTest, testing::ValuesIn(kOlePictureRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(OleFrames, ShowBitmapsOfPresentationsAndOfTheirOwnData)
 {
-    const std::string file = "BM" + std::string(8, '\0') + Bytes(54, 4) + TwoPixels();
+    const std::string file = "BM" + std::string(8, '\0') + BytesOf(54, 4) + TwoPixels();
     for (const auto& [name, stream] :
          std::vector<std::pair<std::string, std::string>>{{kPresentation, Presentation(8, TwoPixels())},
                                                           {"CONTENTS", file},
-                                                          {"\x01Ole10Native", Bytes(file.size(), 4) + file}}) {
+                                                          {"\x01Ole10Native", BytesOf(file.size(), 4) + file}}) {
         SCOPED_TRACE(name);
         EXPECT_THAT(
             LinesOf(DrawingWith(ObjectData(Compound({{"Workbook", "cells"}, {name, stream}})))),
@@ -259,8 +259,8 @@ TEST(OleFrames, DamagedObjectsEndNothing)
 
 TEST(OleFrames, TheHeaderOfPlaceableMetafilesGivesTheirWindow)
 {
-    const std::string header = Bytes(0x9AC6CDD7, 4) + Bytes(0, 2) + Bytes(10, 2) + Bytes(20, 2) + Bytes(60, 2) +
-                               Bytes(40, 2) + std::string(8, '\0');
+    const std::string header = BytesOf(0x9AC6CDD7, 4) + BytesOf(0, 2) + BytesOf(10, 2) + BytesOf(20, 2) +
+                               BytesOf(60, 2) + BytesOf(40, 2) + std::string(8, '\0');
     const OlePicture picture = ReadMetafile(header + Metafile({{0x214, {20, 10}}, {0x213, {40, 60}}}));
     EXPECT_EQ(picture.width, 50);
     EXPECT_EQ(picture.height, 20);
@@ -278,18 +278,18 @@ struct WideRecord {
 /// An enhanced metafile whose frame is 100 by 50 pixels: 100 pixels are 100 millimetres.
 std::string Enhanced(const std::vector<WideRecord>& records)
 {
-    std::string file = Bytes(1, 4) + Bytes(88, 4) + std::string(16, '\0') + Bytes(0, 8) + Bytes(10000, 4) +
-                       Bytes(5000, 4) + " EMF" + std::string(28, '\0') + Bytes(100, 4) + Bytes(100, 4) + Bytes(100, 4) +
-                       Bytes(100, 4);
+    std::string file = BytesOf(1, 4) + BytesOf(88, 4) + std::string(16, '\0') + BytesOf(0, 8) + BytesOf(10000, 4) +
+                       BytesOf(5000, 4) + " EMF" + std::string(28, '\0') + BytesOf(100, 4) + BytesOf(100, 4) +
+                       BytesOf(100, 4) + BytesOf(100, 4);
     for (const WideRecord& record : records) {
         std::string content;
         for (const std::int64_t number : record.numbers) {
-            content += Bytes(static_cast<std::uint32_t>(number), 4);
+            content += BytesOf(static_cast<std::uint32_t>(number), 4);
         }
         content += record.more;
-        file += Bytes(record.type, 4) + Bytes(8 + content.size(), 4) + content;
+        file += BytesOf(record.type, 4) + BytesOf(8 + content.size(), 4) + content;
     }
-    return file + Bytes(14, 4) + Bytes(20, 4) + std::string(12, '\0');
+    return file + BytesOf(14, 4) + BytesOf(20, 4) + std::string(12, '\0');
 }
 
 struct WideRow {
@@ -313,7 +313,7 @@ std::string Shorts(const std::vector<int>& values)
 {
     std::string bytes;
     for (const int value : values) {
-        bytes += Bytes(static_cast<std::uint16_t>(value), 2);
+        bytes += BytesOf(static_cast<std::uint16_t>(value), 2);
     }
     return bytes;
 }
@@ -343,7 +343,8 @@ const WideRow kWideRows[] = {
     {"AWorldTurns", // by a quarter
      {{35,
        {},
-       Bytes(0, 4) + Bytes(0x3F800000, 4) + Bytes(0xBF800000, 4) + Bytes(0, 4) + Bytes(0x41A00000, 4) + Bytes(0, 4)},
+       BytesOf(0, 4) + BytesOf(0x3F800000, 4) + BytesOf(0xBF800000, 4) + BytesOf(0, 4) + BytesOf(0x41A00000, 4) +
+           BytesOf(0, 4)},
       {27, {0, 0}},
       {54, {10, 0}}},
      {"stroke 000000 0 m 20 50 l 20 40"}},

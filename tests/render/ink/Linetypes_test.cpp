@@ -32,14 +32,14 @@ constexpr const char* kStyles = "0 STYLE | 5 51 | 2 | 70 1 | 40 0 | 41 1 | 50 0 
 
 constexpr const char* kLayers = "0 LAYER | 2 Dashes | 70 0 | 62 7 | 6 DASHED";
 
-struct Row {
+struct PatternRow {
     const char* name;
     const char* header;
     const char* entities;
     Lines lines;
 };
 
-class LinetypesTest : public testing::TestWithParam<Row> {};
+class LinetypesTest : public testing::TestWithParam<PatternRow> {};
 
 TEST_P(LinetypesTest, CutsDashes)
 {
@@ -52,7 +52,7 @@ TEST_P(LinetypesTest, CutsDashes)
     EXPECT_EQ(LinesOf(drawing), GetParam().lines);
 }
 
-const Row kRows[] = {
+const PatternRow kPatternRows[] = {
     {"BeginsAndEndsWithADash", // two periods in 13: (13 - 10 + 3) / 2 = 3 at both ends
      "",
      "0 LINE | 8 0 | 6 DASHED | 10 0 | 20 0 | 11 13 | 21 0",
@@ -133,7 +133,7 @@ const Row kRows[] = {
       "stroke 000000 0.25 m 11 9.5 l 11 10.5 m 15 9.5 l 15 10.5 m 18.5 11 l 17.5 11"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Entities, LinetypesTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Entities, LinetypesTest, testing::ValuesIn(kPatternRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(LinetypesOnCurvesTest, FollowTheArc)

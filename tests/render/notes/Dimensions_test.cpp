@@ -7,14 +7,14 @@
 namespace sm::render {
 namespace {
 
-struct Row {
+struct DimensionRow {
     const char* name;
     std::string entities;
     Lines lines;
 };
 
 /// Style A: letters and arrows 2 high, all gaps 1, one decimal, text in the line; T ticks; U texts above, level off.
-SmallDrawing Styled(const std::string& entities)
+SmallDrawing WithDimensionStyles(const std::string& entities)
 {
     const std::string common = "| 41 2 | 42 1 | 44 1 | 140 2 | 147 1 | 141 1 | 271 1 | 73 0 | 74 0";
     SmallDrawing drawing;
@@ -28,14 +28,14 @@ SmallDrawing Styled(const std::string& entities)
     return drawing;
 }
 
-class DimensionsTest : public testing::TestWithParam<Row> {};
+class DimensionsTest : public testing::TestWithParam<DimensionRow> {};
 
 TEST_P(DimensionsTest, DrawAsMeasured)
 {
-    EXPECT_EQ(LinesOf(Styled(GetParam().entities)), GetParam().lines);
+    EXPECT_EQ(LinesOf(WithDimensionStyles(GetParam().entities)), GetParam().lines);
 }
 
-const Row kRows[] = {
+const DimensionRow kDimensionRows[] = {
     {"LinearInTheLine",
      "0 DIMENSION | 8 0 | 3 A | 70 32 | 2 *D1 | 10 50 | 20 30 | 11 30 | 21 30 | 13 10 | 23 10 | 14 50 | 24 10 | 50 0",
      {"stroke 000000 0.25 m 10 11 l 10 31", "stroke 000000 0.25 m 50 11 l 50 31",
@@ -109,7 +109,7 @@ const Row kRows[] = {
       "text 000000 [-2 0 0 2 30 30] 40.0"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Forms, DimensionsTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Forms, DimensionsTest, testing::ValuesIn(kDimensionRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

@@ -7,7 +7,7 @@
 namespace sm::render {
 namespace {
 
-struct Row {
+struct LeaderRow {
     const char* name;
     std::string entities;
     Lines lines;
@@ -15,7 +15,7 @@ struct Row {
 
 /// Styles: A arrows 2 x 3 long, black on red; B ticks for leaders by a block of the file. M splines in green without
 /// dogleg; S straight with dogleg.
-SmallDrawing Styled(const std::string& entities)
+SmallDrawing WithLeaderStyles(const std::string& entities)
 {
     SmallDrawing drawing;
     drawing.layers = "0 BLOCK_RECORD | 5 B1 | 2 _TEST | 0 BLOCK_RECORD | 5 B2 | 2 BALLOON |"
@@ -35,14 +35,14 @@ SmallDrawing Styled(const std::string& entities)
     return drawing;
 }
 
-class LeadersTest : public testing::TestWithParam<Row> {};
+class LeadersTest : public testing::TestWithParam<LeaderRow> {};
 
 TEST_P(LeadersTest, DrawAsWritten)
 {
-    EXPECT_EQ(LinesOf(Styled(GetParam().entities)), GetParam().lines);
+    EXPECT_EQ(LinesOf(WithLeaderStyles(GetParam().entities)), GetParam().lines);
 }
 
-const Row kLeaders[] = {
+const LeaderRow kLeaders[] = {
     {"ArrowAndColourOfTheStyle",
      "0 LEADER | 8 0 | 3 A | 10 0 | 20 10 | 10 30 | 20 10",
      {"fill FF0000 nonzero m 0 10 l 6 11 l 6 9 h", "stroke FF0000 0.25 m 6 10 l 30 10"}},
@@ -81,43 +81,43 @@ std::string MultiLeader(const std::string& content, const std::string& own, cons
            "| 10 10 | 20 20 | 30 0 |" +
            line + "| 91 0 | 305 } | 271 0 | 303 } | 272 9 | 301 } |" + own;
 }
-const std::string kText =
+const std::string kNoteText =
     "290 1 | 304 Note | 11 0 | 21 0 | 31 1 | 12 26 | 22 21 | 32 0 | 13 1 | 23 0 | 33 0 | 43 0 | 90 "
     "-1023410175 | 171 1 | 296 0";
-const std::string kBlock =
+const std::string kNoteBlock =
     "290 0 | 296 1 | 341 B2 | 14 0 | 24 0 | 34 1 | 15 30 | 25 20 | 35 0 | 16 2 | 26 2 | 36 2 | 46 0 | 93 -1073741824";
 const std::string kOwnLook = "90 0 | 170 1 | 91 -1056964608 | 171 -2 | 290 1 | 291 1 | 292 0";
 
-const Row kMultiLeaders[] = {
+const LeaderRow kMultiLeaders[] = {
     {"TextWithoutAStyle",
-     MultiLeader(kText, kOwnLook),
+     MultiLeader(kNoteText, kOwnLook),
      {"fill 0000FF nonzero m 10 20 l 13 20.5 l 13 19.5 h", "stroke 0000FF 0.25 m 13 20 l 20 20",
       "stroke 0000FF 0.25 m 20 20 l 25 20", "text FF0000 [2 0 0 2 26 21] Note"}},
     {"ArrowOfTheStyle",
-     MultiLeader(kText, "340 E2 |" + kOwnLook),
+     MultiLeader(kNoteText, "340 E2 |" + kOwnLook),
      {"stroke 0000FF 0.25 m 13 20 l 20 20", "stroke 0000FF 0.25 m 20 20 l 25 20", "text FF0000 [2 0 0 2 26 21] Note",
       "stroke 0000FF 0.25 m 13 20 l 10 20"}},
     {"StyleCountsWhereTheEntitySaysNothing",
-     MultiLeader(kText, "340 E1 |" + kOwnLook),
+     MultiLeader(kNoteText, "340 E1 |" + kOwnLook),
      {"fill 00FF00 nonzero m 10 20 l 13 20.5 l 13 19.5 h", "stroke 00FF00 0.25 m 13 20 c 15.333 20 17.667 20 20 20",
       "text FF0000 [2 0 0 2 26 21] Note"}},
     {"OwnValuesCountWhereTheEntitySaysSo",
-     MultiLeader(kText, "340 E1 | 90 67 | 170 1 | 91 -1023410170 | 171 -2 | 290 1 | 291 1 | 292 0"),
+     MultiLeader(kNoteText, "340 E1 | 90 67 | 170 1 | 91 -1023410170 | 171 -2 | 290 1 | 291 1 | 292 0"),
      {"fill FF00FF nonzero m 10 20 l 13 20.5 l 13 19.5 h", "stroke FF00FF 0.25 m 13 20 l 20 20",
       "stroke FF00FF 0.25 m 20 20 l 25 20", "text FF0000 [2 0 0 2 26 21] Note"}},
     {"ALineOfItsOwnColourAndArrowSize",
-     MultiLeader(kText, kOwnLook, "92 -1023410174 | 40 6 | 93 18"),
+     MultiLeader(kNoteText, kOwnLook, "92 -1023410174 | 40 6 | 93 18"),
      {"fill FFFF00 nonzero m 10 20 l 16 21 l 16 19 h", "stroke FFFF00 0.25 m 16 20 l 20 20",
       "stroke 0000FF 0.25 m 20 20 l 25 20", "text FF0000 [2 0 0 2 26 21] Note"}},
     {"GapsWhereOtherLinesCross",
-     MultiLeader(kText, kOwnLook, "90 0 | 11 15 | 21 20 | 31 0 | 12 17 | 22 20 | 32 0"),
+     MultiLeader(kNoteText, kOwnLook, "90 0 | 11 15 | 21 20 | 31 0 | 12 17 | 22 20 | 32 0"),
      {"fill 0000FF nonzero m 10 20 l 13 20.5 l 13 19.5 h", "stroke 0000FF 0.25 m 13 20 l 15 20 m 17 20 l 20 20",
       "stroke 0000FF 0.25 m 20 20 l 25 20", "text FF0000 [2 0 0 2 26 21] Note"}},
     {"FrameRoundTheText",
-     MultiLeader(kText, "90 0 | 170 0 | 91 -1056964608 | 171 -2 | 290 1 | 291 1 | 292 1"),
+     MultiLeader(kNoteText, "90 0 | 170 0 | 91 -1056964608 | 171 -2 | 290 1 | 291 1 | 292 1"),
      {"stroke 0000FF 0.25 box 25 20 31.8 24", "text FF0000 [2 0 0 2 26 21] Note"}},
     {"BlockWithItsAttribute",
-     MultiLeader(kBlock, kOwnLook + "| 330 A1 | 177 1 | 44 0 | 302 7"),
+     MultiLeader(kNoteBlock, kOwnLook + "| 330 A1 | 177 1 | 44 0 | 302 7"),
      {"fill 0000FF nonzero m 10 20 l 13 20.5 l 13 19.5 h", "stroke 0000FF 0.25 m 13 20 l 20 20",
       "stroke 0000FF 0.25 m 20 20 l 25 20", "stroke 000000 0.25 m 30 20 l 34 20", "text 000000 [2 0 0 2 32 22] 7"}},
     {"InABlockTwiceAsLarge",
@@ -131,7 +131,8 @@ INSTANTIATE_TEST_SUITE_P(MultiLeaders, LeadersTest, testing::ValuesIn(kMultiLead
 
 TEST(LeadersReportTest, WhatHoldsNothingIsReported)
 {
-    const Drawn drawn = Render(Styled("0 MULTILEADER | 8 0 | 100 AcDbMLeader | 0 LEADER | 8 0 | 10 1 | 20 1"));
+    const Drawn drawn =
+        Render(WithLeaderStyles("0 MULTILEADER | 8 0 | 100 AcDbMLeader | 0 LEADER | 8 0 | 10 1 | 20 1"));
     EXPECT_EQ(drawn.counts, "not drawn 2 not reached 4");
     EXPECT_EQ(drawn.notDrawn, (Lines{"LEADER 0 1", "MULTILEADER 0 1"}));
 }

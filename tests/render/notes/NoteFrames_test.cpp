@@ -7,14 +7,14 @@
 namespace sm::render {
 namespace {
 
-struct Row {
+struct NoteFrameRow {
     const char* name;
     std::string entities;
     Lines lines;
 };
 
 /// Multiline styles: LINES two elements, the second red; CAPS joints, a straight start and a round end; FULL filled.
-SmallDrawing Styled(const std::string& entities)
+SmallDrawing WithFrameStyles(const std::string& entities)
 {
     SmallDrawing drawing;
     drawing.layers = "0 BLOCK_RECORD | 5 B1 | 2 *T1 | 0 BLOCK_RECORD | 5 B2 | 2 *T2 | 0 BLOCK_RECORD | 5 B3 | 2 CELL |"
@@ -34,14 +34,14 @@ SmallDrawing Styled(const std::string& entities)
     return drawing;
 }
 
-class NoteFramesTest : public testing::TestWithParam<Row> {};
+class NoteFramesTest : public testing::TestWithParam<NoteFrameRow> {};
 
 TEST_P(NoteFramesTest, DrawAsWritten)
 {
-    EXPECT_EQ(LinesOf(Styled(GetParam().entities)), GetParam().lines);
+    EXPECT_EQ(LinesOf(WithFrameStyles(GetParam().entities)), GetParam().lines);
 }
 
-const Row kTolerances[] = {
+const NoteFrameRow kTolerances[] = {
     {"CellsInARow",
      "0 TOLERANCE | 8 0 | 3 A | 10 10 | 20 20 | 30 0 | 1 ab%%vc%%v | 11 1 | 21 0 | 31 0",
      {"stroke FF0000 0.25 box 10 18 14.4 22", "stroke FF0000 0.25 box 14.4 18 18.4 22",
@@ -71,7 +71,7 @@ std::string MLine(const std::string& style, const std::string& flags, const std:
 }
 const std::string kWhole = "74 2 | 41 2 | 41 0 | 75 0 | 74 2 | 41 -2 | 41 0 | 75 0";
 
-const Row kMLines[] = {
+const NoteFrameRow kMLines[] = {
     {"TwoElements",
      MLine("LINES", "1", kWhole),
      {"stroke 0000FF 0.25 m 10 12 l 28 12 l 28 30", "stroke FF0000 0.25 m 10 8 l 32 8 l 32 30"}},
@@ -107,7 +107,7 @@ const Row kMLines[] = {
 INSTANTIATE_TEST_SUITE_P(MLines, NoteFramesTest, testing::ValuesIn(kMLines),
                          [](const auto& row) { return std::string(row.param.name); });
 
-const Row kTables[] = {
+const NoteFrameRow kTables[] = {
     {"ByItsBlock",
      "0 ACAD_TABLE | 8 0 | 62 5 | 2 *T1 | 343 B1 | 10 10 | 20 50 | 11 0 | 21 1 | 91 1 | 92 1 | 141 4 | 142 8",
      {"stroke 0000FF 0.25 m 10 50 l 15 55"}},

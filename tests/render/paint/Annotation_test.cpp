@@ -25,14 +25,14 @@ std::string Forms(const std::string& kind, const std::string& own, const std::st
 
 constexpr const char* kExtension = "5 D0 | 102 {ACAD_XDICTIONARY | 360 D1 | 102 } | 100 AcDbEntity | 8 0 |";
 
-struct Row {
+struct AnnotationRow {
     const char* name;
     std::string entity, forms;
     const char* scale; ///< of the viewport
     Lines lines;
 };
 
-class AnnotativeTest : public testing::TestWithParam<Row> {};
+class AnnotativeTest : public testing::TestWithParam<AnnotationRow> {};
 
 TEST_P(AnnotativeTest, LooksAsTheViewportAsks)
 {
@@ -57,7 +57,7 @@ TEST_P(AnnotativeTest, LooksAsTheViewportAsks)
     EXPECT_EQ(lines, GetParam().lines);
 }
 
-const std::string kText = std::string("0 TEXT |") + kExtension + "10 100 | 20 100 | 40 1 | 1 A";
+const std::string kScaledText = std::string("0 TEXT |") + kExtension + "10 100 | 20 100 | 40 1 | 1 A";
 const std::string kTextForms =
     Forms("TEXT", "70 0 | 50 0 | 10 100 | 20 100 | 11 0 | 21 0", "70 0 | 50 90 | 10 102 | 20 104 | 11 0 | 21 0");
 const std::string kMText = std::string("0 MTEXT |") + kExtension + "10 100 | 20 100 | 40 1 | 1 A";
@@ -73,17 +73,17 @@ std::string ShowAll(const std::string& value)
            value + "|";
 }
 
-const Row kRows[] = {
-    {"TextAtItsOwnScale", kText, kTextForms, "E1", {"text 000000 [2 0 0 2 40 40] A"}},
-    {"TextAtAnotherScale", kText, kTextForms, "E2", {"text 000000 [0 4 -4 0 44 48] A"}},
-    {"TextWithoutTheScaleIsLeftOut", kText, kTextForms, "E3", {}},
+const AnnotationRow kAnnotationRows[] = {
+    {"TextAtItsOwnScale", kScaledText, kTextForms, "E1", {"text 000000 [2 0 0 2 40 40] A"}},
+    {"TextAtAnotherScale", kScaledText, kTextForms, "E2", {"text 000000 [0 4 -4 0 44 48] A"}},
+    {"TextWithoutTheScaleIsLeftOut", kScaledText, kTextForms, "E3", {}},
     {"TextWithoutTheScaleKeepsItsFormWhereAllAreShown",
-     kText,
+     kScaledText,
      kTextForms + ShowAll("1"),
      "E3",
      {"text 000000 [2 0 0 2 40 40] A"}},
-    {"TextWithoutTheScaleIsLeftOutWhereTheDrawingSaysSo", kText, kTextForms + ShowAll("0"), "E3", {}},
-    {"AScaleOfTheSameRatioIsTheSame", kText, kTextForms, "E4", {"text 000000 [2 0 0 2 40 40] A"}},
+    {"TextWithoutTheScaleIsLeftOutWhereTheDrawingSaysSo", kScaledText, kTextForms + ShowAll("0"), "E3", {}},
+    {"AScaleOfTheSameRatioIsTheSame", kScaledText, kTextForms, "E4", {"text 000000 [2 0 0 2 40 40] A"}},
     {"LeaderWithoutTheScaleIsLeftOut", kLeader, Forms("LEADER", "70 1", "70 1"), "E3", {}},
     {"LeaderAtAScaleThatItHas", kLeader, Forms("LEADER", "70 1", "70 1"), "E2", {"stroke 000000 0.25 m 40 40 l 44 40"}},
     {"ParagraphAtAnotherScale",
@@ -100,7 +100,7 @@ const Row kRows[] = {
      {"stroke 000000 0.25 m 42 44 l 46 44"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Scales, AnnotativeTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Scales, AnnotativeTest, testing::ValuesIn(kAnnotationRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Annotative, WhatLacksAViewportsScaleIsTold)
@@ -111,7 +111,7 @@ TEST(Annotative, WhatLacksAViewportsScaleIsTold)
                           "0 DICTIONARY | 5 F2 | 330 F1 | 3 ASDK_XREC_ANNOTATION_SCALE_INFO | 360 F3 |"
                           "0 XRECORD | 5 F3 | 330 F2 | 100 AcDbXrecord | 280 1 | 90 1 | 340 E3";
         drawing.entities =
-            kText +
+            kScaledText +
             "| 0 VIEWPORT | 8 0 | 67 1 | 10 50 | 20 50 | 40 100 | 41 100 | 68 1 | 69 1 | 12 50 | 22 50 | 45 100 |"
             "0 VIEWPORT | 5 F1 | 102 {ACAD_XDICTIONARY | 360 F2 | 102 } | 100 AcDbEntity | 8 0 | 67 1 | 10 50 | "
             "20 50 | 40 60 | 41 40 | 68 2 | 69 2 | 12 105 | 22 105 | 45 20";
@@ -133,7 +133,7 @@ class ModelAnnotationTest : public testing::TestWithParam<ModelRow> {};
 TEST_P(ModelAnnotationTest, LooksAsItsScaleAsks)
 {
     SmallDrawing drawing;
-    drawing.entities = kText + "| 0 TEXT | 8 0 | 10 1 | 20 2 | 40 1 | 1 B";
+    drawing.entities = kScaledText + "| 0 TEXT | 8 0 | 10 1 | 20 2 | 40 1 | 1 B";
     drawing.objects =
         kTextForms + kScales +
         "0 DICTIONARY | 5 61 | 330 C | 3 ANNOALLVISIBLE | 350 62 | 3 CANNOSCALE | 350 63 |"

@@ -16,14 +16,14 @@ std::string BoxText(const Box2& box)
            RecordingCanvas::Number(box.max.x) + " " + RecordingCanvas::Number(box.max.y);
 }
 
-struct Row {
+struct BoundRow {
     const char* name;
     const char* entities;
     const char* first;   ///< of the first entity alone
     const char* extents; ///< of model space
 };
 
-class BoundsTest : public testing::TestWithParam<Row> {};
+class BoundsTest : public testing::TestWithParam<BoundRow> {};
 
 TEST_P(BoundsTest, HoldsWhatIsDrawn)
 {
@@ -40,7 +40,7 @@ TEST_P(BoundsTest, HoldsWhatIsDrawn)
     EXPECT_EQ(BoxText(ExtentsOf(*drawing, model, {}, text)), GetParam().extents);
 }
 
-const Row kRows[] = {
+const BoundRow kBoundRows[] = {
     {"Line", "0 LINE | 8 0 | 10 5 | 20 2 | 11 1 | 21 4", "1 2 5 4", "1 2 5 4"},
     {"CircleIsExact", "0 CIRCLE | 8 0 | 10 5 | 20 5 | 40 2", "3 3 7 7", "3 3 7 7"},
     {"ArcHoldsItsTop", "0 ARC | 8 0 | 10 0 | 20 0 | 40 10 | 50 45 | 51 135", "-7.071 7.071 7.071 10",
@@ -70,7 +70,7 @@ const Row kRows[] = {
     {"UnknownKind", "0 ACAD_PROXY_ENTITY | 8 0", "empty", "empty"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Entities, BoundsTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Entities, BoundsTest, testing::ValuesIn(kBoundRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(ExtentsTest, OfASheetHoldItsViewports)

@@ -7,14 +7,14 @@
 namespace sm::render {
 namespace {
 
-constexpr const char* kBlock =
+constexpr const char* kClippedBlock =
     "0 BLOCK | 8 0 | 2 B | 70 0 | 10 0 | 20 0 | 30 0 | 0 LINE | 8 0 | 10 0 | 20 0 | 11 10 | 21 "
     "0 | 0 ENDBLK | 8 0";
 constexpr const char* kDictionaries =
     "0 DICTIONARY | 5 C | 330 0 | 0 DICTIONARY | 5 31 | 330 30 | 3 ACAD_FILTER | 360 32 |"
     "0 DICTIONARY | 5 32 | 330 31 | 3 SPATIAL | 360 33 |";
 
-std::string Insert(const std::string& place)
+std::string ClippedInsert(const std::string& place)
 {
     return "0 INSERT | 5 30 | 102 {ACAD_XDICTIONARY | 360 31 | 102 } | 100 AcDbEntity | 8 0 | 2 B |" + place;
 }
@@ -30,59 +30,59 @@ std::string Filter(const std::string& boundary, const std::string& flags = "71 1
 
 constexpr const char* kRectangle = "10 52 | 20 48 | 10 56 | 20 52";
 
-struct Row {
+struct ClipRow {
     const char* name;
     std::string insert, filter;
     Lines lines;
 };
 
-class InsertClipsTest : public testing::TestWithParam<Row> {};
+class InsertClipsTest : public testing::TestWithParam<ClipRow> {};
 
 TEST_P(InsertClipsTest, ShowAPartOfTheBlock)
 {
     SmallDrawing drawing;
-    drawing.blocks = kBlock;
+    drawing.blocks = kClippedBlock;
     drawing.entities = GetParam().insert;
     drawing.objects = kDictionaries + GetParam().filter;
     EXPECT_EQ(LinesOf(drawing), GetParam().lines);
 }
 
-const Row kRows[] = {
+const ClipRow kClipRows[] = {
     {"Rectangle",
-     Insert("10 50 | 20 50"),
+     ClippedInsert("10 50 | 20 50"),
      Filter(kRectangle),
      {"clip evenodd box 52 48 56 52", "stroke 000000 0.25 m 50 50 l 60 50", "pop"}},
     {"MovesWithTheInsert",
-     Insert("10 60 | 20 50"),
+     ClippedInsert("10 60 | 20 50"),
      Filter(kRectangle),
      {"clip evenodd box 62 48 66 52", "stroke 000000 0.25 m 60 50 l 70 50", "pop"}},
     {"TurnsWithTheInsert",
-     Insert("10 50 | 20 50 | 50 90"),
+     ClippedInsert("10 50 | 20 50 | 50 90"),
      Filter(kRectangle),
      {"clip evenodd m 52 52 l 52 56 l 48 56 l 48 52 h", "stroke 000000 0.25 m 50 50 l 50 60", "pop"}},
     {"Polygon",
-     Insert("10 50 | 20 50"),
+     ClippedInsert("10 50 | 20 50"),
      Filter("10 50 | 20 45 | 10 60 | 20 45 | 10 60 | 20 55"),
      {"clip evenodd m 50 45 l 60 45 l 60 55 h", "stroke 000000 0.25 m 50 50 l 60 50", "pop"}},
     {"FrontPlaneBeforeTheMaps",
-     Insert("10 50 | 20 50"),
+     ClippedInsert("10 50 | 20 50"),
      Filter(kRectangle, "71 1 | 72 1 | 40 7 | 73 0"),
      {"clip evenodd box 52 48 56 52", "stroke 000000 0.25 m 50 50 l 60 50", "pop"}},
     {"SwitchedOff",
-     Insert("10 50 | 20 50"),
+     ClippedInsert("10 50 | 20 50"),
      Filter(kRectangle, "71 0 | 72 0 | 73 0"),
      {"stroke 000000 0.25 m 50 50 l 60 50"}},
     {"TurnedInsideOut", // the outer edge, a seam, and the hole
-     Insert("10 50 | 20 50"),
+     ClippedInsert("10 50 | 20 50"),
      Filter("10 40 | 20 40 | 10 70 | 20 40 | 10 70 | 20 60 | 10 40 | 20 60 | 10 40 | 20 40 | 10 52 | 20 48 | 10 52 | "
             "20 52 | 10 56 | 20 52 | 10 56 | 20 48 | 10 52 | 20 48"),
      {"clip evenodd m 40 40 l 70 40 l 70 60 l 40 60 l 40 40 l 52 48 l 52 52 l 56 52 l 56 48 l 52 48 h",
       "stroke 000000 0.25 m 50 50 l 60 50", "pop"}},
-    {"FilterIsMissing", Insert("10 50 | 20 50"), "", {"stroke 000000 0.25 m 50 50 l 60 50"}},
-    {"OffThePage", Insert("10 500 | 20 50"), Filter(kRectangle), {}},
+    {"FilterIsMissing", ClippedInsert("10 50 | 20 50"), "", {"stroke 000000 0.25 m 50 50 l 60 50"}},
+    {"OffThePage", ClippedInsert("10 500 | 20 50"), Filter(kRectangle), {}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Inserts, InsertClipsTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Inserts, InsertClipsTest, testing::ValuesIn(kClipRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 /// The dictionaries and the filter of an insert; `prefix` begins its handles, `moved` is the way back from its place.
@@ -109,9 +109,10 @@ class NestedClipsTest : public testing::TestWithParam<NestedRow> {};
 TEST_P(NestedClipsTest, ShowWhatBothLeave)
 {
     SmallDrawing drawing;
-    drawing.blocks = std::string(kBlock) + "| 0 BLOCK | 8 0 | 2 A | 70 0 | 10 0 | 20 0 | 30 0 | 0 INSERT | 5 40 | 102 "
-                                           "{ACAD_XDICTIONARY | 360 41 | 102 } | 100 AcDbEntity | 8 0 | 2 B | 10 5 | "
-                                           "20 5 | 0 ENDBLK | 8 0";
+    drawing.blocks = std::string(kClippedBlock) +
+                     "| 0 BLOCK | 8 0 | 2 A | 70 0 | 10 0 | 20 0 | 30 0 | 0 INSERT | 5 40 | 102 "
+                     "{ACAD_XDICTIONARY | 360 41 | 102 } | 100 AcDbEntity | 8 0 | 2 B | 10 5 | "
+                     "20 5 | 0 ENDBLK | 8 0";
     drawing.entities =
         "0 INSERT | 5 30 | 102 {ACAD_XDICTIONARY | 360 31 | 102 } | 100 AcDbEntity | 8 0 | 2 A | 10 60 | 20 "
         "50"; // ten to the right since the boundary was drawn
@@ -126,7 +127,7 @@ constexpr const char* kInnerHole =
 constexpr const char* kOuterHole =
     "10 40 | 20 40 | 10 80 | 20 40 | 10 80 | 20 70 | 10 40 | 20 70 | 10 40 | 20 40 | 10 60 | 20 50 | 10 60 | "
     "20 60 | 10 62 | 20 60 | 10 62 | 20 50 | 10 60 | 20 50";
-constexpr const char* kLine = "stroke 000000 0.25 m 65 55 l 75 55";
+constexpr const char* kInside = "stroke 000000 0.25 m 65 55 l 75 55";
 constexpr const char* kInnerHoleShown =
     "clip evenodd m 60 50 l 80 50 l 80 60 l 60 60 l 60 50 l 67 54 l 67 56 l 69 56 l 69 54 l 67 54 h";
 constexpr const char* kOuterHoleShown =
@@ -136,16 +137,16 @@ const NestedRow kNested[] = {
     {"BothPlain",
      "10 56 | 20 50 | 10 62 | 20 60",
      "10 6 | 20 4 | 10 9 | 20 6",
-     {"clip evenodd box 66 50 72 60", "clip evenodd box 66 54 69 56", kLine, "pop", "pop"}},
+     {"clip evenodd box 66 50 72 60", "clip evenodd box 66 54 69 56", kInside, "pop", "pop"}},
     {"TheInnerTurnedInsideOut",
      "10 56 | 20 50 | 10 62 | 20 60",
      kInnerHole,
-     {"clip evenodd box 66 50 72 60", kInnerHoleShown, kLine, "pop", "pop"}},
+     {"clip evenodd box 66 50 72 60", kInnerHoleShown, kInside, "pop", "pop"}},
     {"TheOuterTurnedInsideOut",
      kOuterHole,
      "10 6 | 20 4 | 10 9 | 20 6",
-     {kOuterHoleShown, "clip evenodd box 66 54 69 56", kLine, "pop", "pop"}},
-    {"BothTurnedInsideOut", kOuterHole, kInnerHole, {kOuterHoleShown, kInnerHoleShown, kLine, "pop", "pop"}},
+     {kOuterHoleShown, "clip evenodd box 66 54 69 56", kInside, "pop", "pop"}},
+    {"BothTurnedInsideOut", kOuterHole, kInnerHole, {kOuterHoleShown, kInnerHoleShown, kInside, "pop", "pop"}},
     {"ApartFromEachOther",
      "10 56 | 20 50 | 10 57 | 20 60",
      "10 8 | 20 4 | 10 9 | 20 6",
@@ -158,8 +159,8 @@ INSTANTIATE_TEST_SUITE_P(Inserts, NestedClipsTest, testing::ValuesIn(kNested),
 TEST(InsertClipsTest, EndTheBounds)
 {
     SmallDrawing small;
-    small.blocks = kBlock;
-    small.entities = Insert("10 50 | 20 50");
+    small.blocks = kClippedBlock;
+    small.entities = ClippedInsert("10 50 | 20 50");
     small.objects = kDictionaries + Filter(kRectangle);
     const auto drawing = small.Open();
     FakeTextEngine text;

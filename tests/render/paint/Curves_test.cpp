@@ -7,13 +7,13 @@
 namespace sm::render {
 namespace {
 
-struct Row {
+struct CurveRow {
     const char* name;
     const char* entities;
     Lines lines;
 };
 
-class CurvesTest : public testing::TestWithParam<Row> {};
+class CurvesTest : public testing::TestWithParam<CurveRow> {};
 
 TEST_P(CurvesTest, DrawsAsWritten)
 {
@@ -22,7 +22,7 @@ TEST_P(CurvesTest, DrawsAsWritten)
     EXPECT_EQ(LinesOf(drawing), GetParam().lines);
 }
 
-const Row kRows[] = {
+const CurveRow kCurveRows[] = {
     {"Line", "0 LINE | 8 0 | 10 1 | 20 2 | 11 30 | 21 4.5", {"stroke 000000 0.25 m 1 2 l 30 4.5"}},
     {"Circle",
      "0 CIRCLE | 8 0 | 10 50 | 20 50 | 40 10",
@@ -68,7 +68,7 @@ const Row kRows[] = {
      {"stroke 000000 0.25 m 0 0 l 10 0 m 10 5 l 0 5 m 0 5 l 0 0"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Entities, CurvesTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Entities, CurvesTest, testing::ValuesIn(kCurveRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

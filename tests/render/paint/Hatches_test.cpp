@@ -25,13 +25,13 @@ std::string Hatch(int paths, const std::string& boundary, const std::string& res
 const std::string kLines = "75 0 | 76 1 | 52 0 | 41 1 | 77 0 | 78 1 | 53 0 | 43 0 | 44 0 | 45 0 | 46 2 | 79 0";
 const std::string kNest = Square(0, 30, 1) + Square(5, 25, 16) + Square(10, 20, 0);
 
-struct Row {
+struct HatchRow {
     const char* name;
     std::string entities;
     Lines lines;
 };
 
-class HatchesTest : public testing::TestWithParam<Row> {};
+class HatchesTest : public testing::TestWithParam<HatchRow> {};
 
 TEST_P(HatchesTest, DrawAsWritten)
 {
@@ -40,7 +40,7 @@ TEST_P(HatchesTest, DrawAsWritten)
     EXPECT_EQ(LinesOf(drawing), GetParam().lines);
 }
 
-const Row kRows[] = {
+const HatchRow kHatchRows[] = {
     {"Solid", Hatch(1, Square(0, 10, 1), "75 0 | 76 1"), {"fill 000000 evenodd box 0 0 10 10"}},
     {"IslandsByParity",
      Hatch(3, kNest, "75 0 | 76 1"),
@@ -93,17 +93,17 @@ const Row kRows[] = {
      {"stroke 000000 0.25 butt m 2 2 l 3 2 m 4 2 l 4.5 2 m 2 4 l 3 4 m 4 4 l 4.5 4"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Entities, HatchesTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Entities, HatchesTest, testing::ValuesIn(kHatchRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
-struct ReportRow {
+struct HatchReportRow {
     const char* name;
     std::string entities;
     const char* counts;
     Lines remarks;
 };
 
-class HatchReportsTest : public testing::TestWithParam<ReportRow> {};
+class HatchReportsTest : public testing::TestWithParam<HatchReportRow> {};
 
 TEST_P(HatchReportsTest, SayWhatIsDifferent)
 {
@@ -114,7 +114,7 @@ TEST_P(HatchReportsTest, SayWhatIsDifferent)
     EXPECT_EQ(drawn.remarks, GetParam().remarks);
 }
 
-const ReportRow kReportRows[] = {
+const HatchReportRow kHatchReportRows[] = {
     {"WithoutBoundary", Hatch(0, "", "75 0 | 76 1"), "not drawn 1", {"a hatch without a boundary left out 1"}},
     {"TooDense",
      Hatch(1, Square(0, 50, 1),
@@ -128,7 +128,7 @@ const ReportRow kReportRows[] = {
      {"a hatch pattern that begins too far off begins in its area 1"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Entities, HatchReportsTest, testing::ValuesIn(kReportRows),
+INSTANTIATE_TEST_SUITE_P(Entities, HatchReportsTest, testing::ValuesIn(kHatchReportRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 /// 40 x 10, two colours so close that there are four bands.
@@ -140,7 +140,7 @@ std::string Gradient(const std::string& name, const std::string& more = "460 0 |
                      "| 453 2 | 463 0 | 63 5 | 421 0 | 463 1 | 63 2 | 421 197379 | 470 " + name);
 }
 
-const Row kGradientRows[] = {
+const HatchRow kGradientRows[] = {
     {"Linear",
      Gradient("LINEAR"),
      {"fill 000000 evenodd box 10 10 50 20", "clip evenodd box 10 10 50 20", "fill 010101 nonzero box 20 10 50 20",

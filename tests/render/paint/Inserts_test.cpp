@@ -26,13 +26,13 @@ constexpr const char* kBlocks =
     "0 BLOCK | 8 0 | 2 *D1 | 70 1 | 10 0 | 20 0 | 3 *D1 | 0 LINE | 8 0 | 62 0 | 10 1 | 20 2 | 11 3 | 21 4 | 0 ENDBLK | "
     "8 0";
 
-struct Row {
+struct InsertRow {
     const char* name;
     const char* entities;
     Lines lines;
 };
 
-class InsertsTest : public testing::TestWithParam<Row> {};
+class InsertsTest : public testing::TestWithParam<InsertRow> {};
 
 TEST_P(InsertsTest, DrawsAsWritten)
 {
@@ -42,7 +42,7 @@ TEST_P(InsertsTest, DrawsAsWritten)
     EXPECT_EQ(LinesOf(drawing), GetParam().lines);
 }
 
-const Row kRows[] = {
+const InsertRow kInsertRows[] = {
     {"BasePointLandsOnTheInsertionPoint",
      "0 INSERT | 8 0 | 2 LINE | 10 20 | 20 30",
      {"stroke 000000 0.25 m 20 30 l 22 30"}},
@@ -84,10 +84,10 @@ const Row kRows[] = {
      {"text 000000 [2 0 0 2 20 30] ROOM_NO"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Entities, InsertsTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Entities, InsertsTest, testing::ValuesIn(kInsertRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
-struct ReportRow {
+struct InsertReportRow {
     const char* name;
     const char* entities;
     const char* counts;
@@ -95,7 +95,7 @@ struct ReportRow {
     Lines remarks;
 };
 
-class InsertReportsTest : public testing::TestWithParam<ReportRow> {};
+class InsertReportsTest : public testing::TestWithParam<InsertReportRow> {};
 
 // The blocks above hold 12 entities.
 TEST_P(InsertReportsTest, SumsUpToTheEntitiesRead)
@@ -109,7 +109,7 @@ TEST_P(InsertReportsTest, SumsUpToTheEntitiesRead)
     EXPECT_EQ(drawn.remarks, GetParam().remarks);
 }
 
-const ReportRow kReportRows[] = {
+const InsertReportRow kInsertReportRows[] = {
     {"MissingBlock",
      "0 INSERT | 8 0 | 2 NOWHERE | 10 0 | 20 0",
      "not drawn 1 not reached 11",
@@ -145,7 +145,7 @@ const ReportRow kReportRows[] = {
     {"HugeArray", "0 INSERT | 8 0 | 2 EMPTY | 10 0 | 20 0 | 70 1000 | 71 1000", "off page 1 not reached 11", {}, {}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Drawings, InsertReportsTest, testing::ValuesIn(kReportRows),
+INSTANTIATE_TEST_SUITE_P(Drawings, InsertReportsTest, testing::ValuesIn(kInsertReportRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(ExpansionTest, StopsAtItsLimit)

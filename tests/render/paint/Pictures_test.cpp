@@ -47,15 +47,15 @@ std::string Proxy(const std::string& steps, const char* name = "ACAD_PROXY_ENTIT
     return text + "93\n0\n310\nFFFFFFFFFFFFFFFFFF\n";
 }
 
-const std::string kLine = Step(6, Int(2) + Reals({0, 0, 0, 10, 0, 0}));
+const std::string kPictureLine = Step(6, Int(2) + Reals({0, 0, 0, 10, 0, 0}));
 
-struct Row {
+struct PictureRow {
     const char* name;
     std::string steps;
     Lines lines;
 };
 
-class PicturesTest : public testing::TestWithParam<Row> {};
+class PicturesTest : public testing::TestWithParam<PictureRow> {};
 
 TEST_P(PicturesTest, AreDrawn)
 {
@@ -64,11 +64,13 @@ TEST_P(PicturesTest, AreDrawn)
     EXPECT_EQ(LinesOf(drawing), GetParam().lines);
 }
 
-const Row kRows[] = {
-    {"Polyline", kLine, {"stroke 000000 0.25 m 0 0 l 10 0"}},
-    {"ColorIndex", Step(14, Int(1)) + kLine, {"stroke FF0000 0.25 m 0 0 l 10 0"}},
-    {"TrueColor", Step(22, Int(static_cast<std::int32_t>(0xC2010203))) + kLine, {"stroke 010203 0.25 m 0 0 l 10 0"}},
-    {"Lineweight", Step(23, Int(50)) + kLine, {"stroke 000000 0.5 m 0 0 l 10 0"}},
+const PictureRow kPictureRows[] = {
+    {"Polyline", kPictureLine, {"stroke 000000 0.25 m 0 0 l 10 0"}},
+    {"ColorIndex", Step(14, Int(1)) + kPictureLine, {"stroke FF0000 0.25 m 0 0 l 10 0"}},
+    {"TrueColor",
+     Step(22, Int(static_cast<std::int32_t>(0xC2010203))) + kPictureLine,
+     {"stroke 010203 0.25 m 0 0 l 10 0"}},
+    {"Lineweight", Step(23, Int(50)) + kPictureLine, {"stroke 000000 0.5 m 0 0 l 10 0"}},
     {"Polygon", Step(7, Int(3) + Reals({0, 0, 0, 4, 0, 0, 4, 4, 0})), {"stroke 000000 0.25 m 0 0 l 4 0 l 4 4 h"}},
     {"FilledPolygon",
      Step(20, Int(1)) + Step(7, Int(3) + Reals({0, 0, 0, 4, 0, 0, 4, 4, 0})),
@@ -100,9 +102,9 @@ const Row kRows[] = {
      Step(38, Reals({5, 6, 0, 0, 0, 1, 1, 0, 0}) + std::string("A\0\0\0", 4) + Int(1) + Int(0) + Reals({2, 1, 0, 1})),
      {"text 000000 [2 0 0 2 5 6] A"}},
     {"MatricesNest",
-     Step(29, Reals({2, 0, 0, 5, 0, 2, 0, 5, 0, 0, 2, 0, 0, 0, 0, 1})) + kLine +
-         Step(29, Reals({1, 0, 0, 1, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1})) + kLine + Step(31, "") + Step(31, "") +
-         Step(31, "") + kLine,
+     Step(29, Reals({2, 0, 0, 5, 0, 2, 0, 5, 0, 0, 2, 0, 0, 0, 0, 1})) + kPictureLine +
+         Step(29, Reals({1, 0, 0, 1, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1})) + kPictureLine + Step(31, "") +
+         Step(31, "") + Step(31, "") + kPictureLine,
      {"stroke 000000 0.25 m 5 5 l 25 5", "stroke 000000 0.25 m 7 5 l 27 5", "stroke 000000 0.25 m 0 0 l 10 0"}},
     {"Ray", Step(13, Reals({90, 50, 0, 95, 50, 0})), {"stroke 000000 0.25 m 90 50 l 101 50"}},
     {"PackedPolyline", // 16: bulges follow; the points (1, 2), (5, 2), (5, 9) in full where they differ
@@ -110,18 +112,20 @@ const Row kRows[] = {
                           "\x00\x00\x00\x14\x40\x0C\x00\x00\x00\x00\x00\x00\x89\x02\x60",
                           38)),
      {"stroke 000000 0.25 m 1 2 l 5 2 c 6.933 2 8.5 3.567 8.5 5.5 c 8.5 7.433 6.933 9 5 9"}},
-    {"UnknownStepsAreSkipped", Step(51, Int(0)) + kLine, {"stroke 000000 0.25 m 0 0 l 10 0"}},
-    {"CountBeyondItsBytes", Step(6, Int(2000000000) + Reals({0, 0, 0})) + kLine, {"stroke 000000 0.25 m 0 0 l 10 0"}},
-    {"SizeBeyondTheEnd", kLine + Int(2000000000) + Int(6), {"stroke 000000 0.25 m 0 0 l 10 0"}},
+    {"UnknownStepsAreSkipped", Step(51, Int(0)) + kPictureLine, {"stroke 000000 0.25 m 0 0 l 10 0"}},
+    {"CountBeyondItsBytes",
+     Step(6, Int(2000000000) + Reals({0, 0, 0})) + kPictureLine,
+     {"stroke 000000 0.25 m 0 0 l 10 0"}},
+    {"SizeBeyondTheEnd", kPictureLine + Int(2000000000) + Int(6), {"stroke 000000 0.25 m 0 0 l 10 0"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Steps, PicturesTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Steps, PicturesTest, testing::ValuesIn(kPictureRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(UnknownEntitiesTest, AreDrawnByTheirPicture)
 {
     SmallDrawing drawing;
-    drawing.raw = Proxy(kLine, "AEC_WALL", 160);
+    drawing.raw = Proxy(kPictureLine, "AEC_WALL", 160);
     EXPECT_EQ(LinesOf(drawing), Lines{"stroke 000000 0.25 m 0 0 l 10 0"});
     EXPECT_EQ(Render(drawing).counts, "drawn 1");
 }
@@ -145,7 +149,7 @@ TEST(UnknownEntitiesTest, AreReportedWithoutOne)
 TEST(PicturesTest, AreReportedWhenAPartIsMissing)
 {
     SmallDrawing drawing;
-    drawing.raw = Proxy(kLine + Step(27, Int(0)));
+    drawing.raw = Proxy(kPictureLine + Step(27, Int(0)));
     EXPECT_EQ(Render(drawing).remarks, Lines{"a part of an entity's own picture left out 1"});
 }
 

@@ -7,13 +7,13 @@
 namespace sm::render {
 namespace {
 
-struct Row {
+struct PolylineRow {
     const char* name;
     const char* entities;
     Lines lines;
 };
 
-class PolylinesTest : public testing::TestWithParam<Row> {};
+class PolylinesTest : public testing::TestWithParam<PolylineRow> {};
 
 TEST_P(PolylinesTest, DrawsAsWritten)
 {
@@ -22,7 +22,7 @@ TEST_P(PolylinesTest, DrawsAsWritten)
     EXPECT_EQ(LinesOf(drawing), GetParam().lines);
 }
 
-const Row kRows[] = {
+const PolylineRow kPolylineRows[] = {
     {"Open",
      "0 LWPOLYLINE | 8 0 | 90 3 | 70 0 | 10 1 | 20 1 | 10 5 | 20 1 | 10 5 | 20 4",
      {"stroke 000000 0.25 m 1 1 l 5 1 l 5 4"}},
@@ -87,7 +87,7 @@ const Row kRows[] = {
      {"stroke 000000 0.25 m 0 0 l 5 0 m 5 5 l 0 0"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Entities, PolylinesTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Entities, PolylinesTest, testing::ValuesIn(kPolylineRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(PolylinesInBlocksTest, AWidthUnderAStretchedInsertIsAnOutline)

@@ -41,13 +41,13 @@ std::string FileOf(const std::vector<std::string>& codes)
 
 const std::string kSquare = Bytes({0x10, 0x14, 0x18, 0x1C, 0});
 
-struct Row {
+struct ShapeRow {
     const char* name;
     std::string codes;
     const char* path;
 };
 
-class ShapeCodesTest : public testing::TestWithParam<Row> {};
+class ShapeCodesTest : public testing::TestWithParam<ShapeRow> {};
 
 TEST_P(ShapeCodesTest, DrawStrokes)
 {
@@ -58,7 +58,7 @@ TEST_P(ShapeCodesTest, DrawStrokes)
     EXPECT_EQ(RecordingCanvas::Points(path), GetParam().path);
 }
 
-const Row kRows[] = {
+const ShapeRow kShapeRows[] = {
     {"Vectors", Bytes({0x20, 0x12, 0x33, 0}), " m 0 0 l 2 0 l 3 1 l 4.5 4"},
     {"PenUpAndScale", Bytes({2, 0x20, 1, 3, 2, 0x14, 4, 4, 0x10, 0}), " m 2 0 l 2 0.5 l 4 0.5"},
     {"KeepAndReturn", Bytes({5, 0x20, 6, 0x24, 0}), " m 0 0 l 2 0 m 0 0 l 0 2"},
@@ -73,7 +73,7 @@ const Row kRows[] = {
     {"CutOff", Bytes({0x10, 8, 3}), " m 0 0 l 1 0 l 4 0"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Codes, ShapeCodesTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Codes, ShapeCodesTest, testing::ValuesIn(kShapeRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(ShapeFileTest, KnowsItsNames)

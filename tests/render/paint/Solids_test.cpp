@@ -30,14 +30,14 @@ const std::string kBody = "body $-1 $-1 $-1 $1 #\n"
                           "transform $-1 1 0 0 0 1 0 0 0 1 10 20 0 1 no_rotate no_reflect no_shear #\n"
                           "vertex $-1 $-1 $4 #\nvertex $-1 $-1 $5 #\npoint $-1 0 0 0 #\npoint $-1 5 0 0 #\n";
 
-struct Row {
+struct SolidRow {
     const char* name;
     std::string records;
     Lines lines;
     Lines remarks;
 };
 
-class RegionsTest : public testing::TestWithParam<Row> {};
+class RegionsTest : public testing::TestWithParam<SolidRow> {};
 
 TEST_P(RegionsTest, DrawTheirEdges)
 {
@@ -47,7 +47,7 @@ TEST_P(RegionsTest, DrawTheirEdges)
     EXPECT_EQ(Render(drawing).remarks, GetParam().remarks);
 }
 
-const Row kRows[] = {
+const SolidRow kSolidRows[] = {
     {"Straight",
      "edge $-1 $2 $3 $-1 $7 forward #\nstraight-curve $-1 0 0 0 1 0 0 I I #\n",
      {"stroke 000000 0.25 m 10 20 l 15 20"},
@@ -105,7 +105,7 @@ const Row kRows[] = {
     {"CutOff", "edge $-1 $2 $3 $-1 $7 forward #\nstraight-curve $-1 0 0", {"stroke 000000 0.25 m 10 20 l 15 20"}, {}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Saves, RegionsTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Saves, RegionsTest, testing::ValuesIn(kSolidRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(RegionsTest, ClipViewports)

@@ -9,41 +9,41 @@
 namespace sm::render {
 namespace {
 
-constexpr const char* kLayers = "0 LAYER | 2 Red | 70 0 | 62 1 | 6 Continuous | 370 50 |"
-                                "0 LAYER | 2 True | 70 0 | 62 3 | 420 1193046 | 6 Continuous |"
-                                "0 LAYER | 2 Off | 70 0 | 62 -2 | 6 Continuous |"
-                                "0 LAYER | 2 Frozen | 70 1 | 62 2 | 6 Continuous |"
-                                "0 LAYER | 2 Screen | 70 0 | 62 2 | 6 Continuous | 290 0 |"
-                                "0 LAYER | 2 DEFPOINTS | 70 0 | 62 2 | 6 Continuous";
+constexpr const char* kStyledLayers = "0 LAYER | 2 Red | 70 0 | 62 1 | 6 Continuous | 370 50 |"
+                                      "0 LAYER | 2 True | 70 0 | 62 3 | 420 1193046 | 6 Continuous |"
+                                      "0 LAYER | 2 Off | 70 0 | 62 -2 | 6 Continuous |"
+                                      "0 LAYER | 2 Frozen | 70 1 | 62 2 | 6 Continuous |"
+                                      "0 LAYER | 2 Screen | 70 0 | 62 2 | 6 Continuous | 290 0 |"
+                                      "0 LAYER | 2 DEFPOINTS | 70 0 | 62 2 | 6 Continuous";
 
-constexpr const char* kBlocks = "0 BLOCK | 8 0 | 2 MIXED | 70 0 | 10 0 | 20 0 | 3 MIXED |"
-                                "0 LINE | 8 0 | 10 0 | 20 0 | 11 1 | 21 0 |"
-                                "0 LINE | 8 0 | 62 0 | 370 -2 | 10 0 | 20 1 | 11 1 | 21 1 |"
-                                "0 LINE | 8 Red | 10 0 | 20 2 | 11 1 | 21 2 |"
-                                "0 LINE | 8 Red | 62 5 | 370 100 | 10 0 | 20 3 | 11 1 | 21 3 | 0 ENDBLK | 8 0 |"
-                                "0 BLOCK | 8 0 | 2 OUTER | 70 0 | 10 0 | 20 0 | 3 OUTER |"
-                                "0 INSERT | 8 0 | 62 0 | 370 -2 | 2 MIXED | 10 10 | 20 10 | 0 ENDBLK | 8 0";
+constexpr const char* kMixedBlock = "0 BLOCK | 8 0 | 2 MIXED | 70 0 | 10 0 | 20 0 | 3 MIXED |"
+                                    "0 LINE | 8 0 | 10 0 | 20 0 | 11 1 | 21 0 |"
+                                    "0 LINE | 8 0 | 62 0 | 370 -2 | 10 0 | 20 1 | 11 1 | 21 1 |"
+                                    "0 LINE | 8 Red | 10 0 | 20 2 | 11 1 | 21 2 |"
+                                    "0 LINE | 8 Red | 62 5 | 370 100 | 10 0 | 20 3 | 11 1 | 21 3 | 0 ENDBLK | 8 0 |"
+                                    "0 BLOCK | 8 0 | 2 OUTER | 70 0 | 10 0 | 20 0 | 3 OUTER |"
+                                    "0 INSERT | 8 0 | 62 0 | 370 -2 | 2 MIXED | 10 10 | 20 10 | 0 ENDBLK | 8 0";
 
-struct Row {
+struct StyleRow {
     const char* name;
     const char* entities;
     Lines lines;
     const char* counts;
 };
 
-class StylesTest : public testing::TestWithParam<Row> {};
+class StylesTest : public testing::TestWithParam<StyleRow> {};
 
 TEST_P(StylesTest, ResolvesAsTheDrawingSays)
 {
     SmallDrawing drawing;
-    drawing.layers = kLayers;
-    drawing.blocks = kBlocks;
+    drawing.layers = kStyledLayers;
+    drawing.blocks = kMixedBlock;
     drawing.entities = GetParam().entities;
     EXPECT_EQ(LinesOf(drawing), GetParam().lines);
     EXPECT_EQ(Render(drawing).counts, GetParam().counts);
 }
 
-const Row kRows[] = {
+const StyleRow kStyleRows[] = {
     {"ByLayer", "0 LINE | 8 Red | 10 1 | 11 2", {"stroke FF0000 0.5 m 1 0 l 2 0"}, "drawn 1 not reached 5"},
     {"LayerTrueColour", "0 LINE | 8 True | 10 1 | 11 2", {"stroke 123456 0.25 m 1 0 l 2 0"}, "drawn 1 not reached 5"},
     {"OwnIndex",
@@ -120,7 +120,7 @@ TEST(TransparencyTest, ComesFromTheEntityItsLayerOrItsInsert)
                                        "stroke 000000~128 0.25 m 6 0 l 7 0", "text FF0000~205 [2 0 0 2 1 1] T"}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Entities, StylesTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Entities, StylesTest, testing::ValuesIn(kStyleRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(LineweightsTest, AreScaledOrLeftOut)

@@ -13,7 +13,7 @@ constexpr const char* kModel = "0 LINE | 8 0 | 10 100 | 20 100 | 11 110 | 21 100
 constexpr const char* kSheet =
     "0 VIEWPORT | 8 0 | 67 1 | 10 50 | 20 50 | 40 100 | 41 100 | 68 1 | 69 1 | 12 50 | 22 50 | 45 100 |";
 
-struct Row {
+struct ViewportRow {
     const char* name;
     std::string entities;
     Lines lines;
@@ -22,7 +22,7 @@ struct Row {
     bool viewportsFirst = true;
 };
 
-SmallDrawing DrawingOf(const Row& row)
+SmallDrawing DrawingOf(const ViewportRow& row)
 {
     SmallDrawing drawing;
     drawing.header = row.psltscale ? "9 $PSLTSCALE | 70 1" : "9 $PSLTSCALE | 70 0";
@@ -33,7 +33,7 @@ SmallDrawing DrawingOf(const Row& row)
     return drawing;
 }
 
-class ViewportsTest : public testing::TestWithParam<Row> {};
+class ViewportsTest : public testing::TestWithParam<ViewportRow> {};
 
 TEST_P(ViewportsTest, ShowTheModel)
 {
@@ -50,7 +50,7 @@ std::string Viewport(const std::string& more, const std::string& view = "12 105 
            view + "|" + more;
 }
 
-const Row kRows[] = {
+const ViewportRow kViewportRows[] = {
     {"ScaleAndPlace",
      Viewport(""),
      {"clip box 20 30 80 70", "stroke 000000 0.25 m 40 40 l 60 40", "stroke FF0000 0.25 m 40 40 l 40 60", "pop"}},
@@ -122,12 +122,12 @@ const Row kRows[] = {
      false},
 };
 
-INSTANTIATE_TEST_SUITE_P(Sheets, ViewportsTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Sheets, ViewportsTest, testing::ValuesIn(kViewportRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(ViewportReportsTest, CountEachEntityOnceByItsBestOutcome)
 {
-    const Row row{
+    const ViewportRow row{
         "",
         Viewport(
             "331 A1 | 0 VIEWPORT | 8 0 | 67 1 | 10 50 | 20 50 | 40 60 | 41 40 | 68 3 | 69 3 | 12 900 | 22 900 | 45 20"),

@@ -22,7 +22,7 @@ std::string Insert(const std::string& name, const std::string& more = "10 10 | 2
     return "0 INSERT | 8 Site | 2 " + name + " | " + more + " |";
 }
 
-constexpr const char* kLine = "0 LINE | 8 Walls | 10 1 | 20 1 | 11 3 | 21 1 |";
+constexpr const char* kWall = "0 LINE | 8 Walls | 10 1 | 20 1 | 11 3 | 21 1 |";
 constexpr const char* kZeroLine = "0 LINE | 8 0 | 10 1 | 20 1 | 11 3 | 21 1 |";
 
 class XrefsTest : public testing::Test {
@@ -70,7 +70,7 @@ protected:
 
 TEST_F(XrefsTest, AreDrawnInPlaceOfTheirBlocks)
 {
-    HaveXref("plans/House.dxf", kLine);
+    HaveXref("plans/House.dxf", kWall);
     SmallDrawing host;
     host.blocks = Xref("HOUSE", "C:\\jobs\\plans\\house.dxf");
     host.entities = Insert("HOUSE", "5 2A | 10 10 | 20 20 | 50 90");
@@ -85,7 +85,7 @@ TEST_F(XrefsTest, AreDrawnInPlaceOfTheirBlocks)
 
 TEST_F(XrefsTest, LayersAreShownAsTheHostHasThem)
 {
-    HaveXref("house.dxf", std::string(kLine) + kZeroLine);
+    HaveXref("house.dxf", std::string(kWall) + kZeroLine);
     SmallDrawing host;
     host.blocks = Xref("HOUSE", "house.dxf");
     host.entities = Insert("HOUSE");
@@ -124,7 +124,7 @@ TEST_F(XrefsTest, BasePointAndUnitsCount)
 
 TEST_F(XrefsTest, NestWhereAttachedAndNotWhereOverlaid)
 {
-    HaveXref("inner.dxf", kLine);
+    HaveXref("inner.dxf", kWall);
     HaveXref("outer.dxf", Insert("ATTACHED", "10 1 | 20 0") + Insert("OVERLAID", "10 50 | 20 50"), "",
              Xref("ATTACHED", "inner.dxf") + Xref("OVERLAID", "inner.dxf", 12));
     SmallDrawing host;
@@ -138,7 +138,7 @@ TEST_F(XrefsTest, NestWhereAttachedAndNotWhereOverlaid)
 
 TEST_F(XrefsTest, CirclesAreCutAndMissingOnesNamedOnce)
 {
-    HaveXref("ping.dxf", std::string(kLine) + Insert("PONG"), "", Xref("PONG", "pong.dxf"));
+    HaveXref("ping.dxf", std::string(kWall) + Insert("PONG"), "", Xref("PONG", "pong.dxf"));
     HaveXref("pong.dxf", Insert("PING"), "", Xref("PING", "ping.dxf"));
     folder.Write("text.dxf", "This is no drawing.");
     SmallDrawing host;

@@ -21,14 +21,14 @@ PlotStyleTable ColorTable(const std::string& properties, const std::string& head
     return ParsePlotStyleTable(text + " }\n}\n" + kLineweights, "small.ctb");
 }
 
-struct Row {
+struct PlotStyleRow {
     const char* name;
     const char* properties;
     const char* entity;
     Lines lines;
 };
 
-class PlotStylesTest : public testing::TestWithParam<Row> {};
+class PlotStylesTest : public testing::TestWithParam<PlotStyleRow> {};
 
 TEST_P(PlotStylesTest, DrawTheColourIndex)
 {
@@ -44,29 +44,29 @@ TEST_P(PlotStylesTest, DrawTheColourIndex)
     EXPECT_EQ(LinesOf(drawing, look), GetParam().lines);
 }
 
-constexpr const char* kLine = "0 LINE | 8 0 | 62 1 | 10 1 | 11 2";
-constexpr const char* kSquare = "0 SOLID | 8 0 | 62 1 | 10 0 | 20 0 | 11 4 | 21 0 | 12 0 | 22 2 | 13 4 | 23 2";
+constexpr const char* kStyledLine = "0 LINE | 8 0 | 62 1 | 10 1 | 11 2";
+constexpr const char* kStyledSquare = "0 SOLID | 8 0 | 62 1 | 10 0 | 20 0 | 11 4 | 21 0 | 12 0 | 22 2 | 13 4 | 23 2";
 
-const Row kRows[] = {
-    {"Nothing", "", kLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
-    {"ObjectColor", "color=-1006632961 mode_color=-1006632961", kLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
-    {"ObjectColorOfOldTables", "color=-1", kLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
-    {"Color", "color=-1040180122", kLine, {"stroke 001C66 0.25 m 1 0 l 2 0"}},
-    {"ExactColor", "color=-1006665984 mode_color=-1024751852", kLine, {"stroke EB8714 0.25 m 1 0 l 2 0"}},
-    {"Gray", "color_policy=2", kLine, {"stroke 4C4C4C 0.25 m 1 0 l 2 0"}},
-    {"DitherIsNothing", "color_policy=1", kLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
-    {"Screening", "screen=40", kLine, {"stroke FF9999 0.25 m 1 0 l 2 0"}},
-    {"NoInk", "screen=0", kLine, {"stroke FFFFFF 0.25 m 1 0 l 2 0"}},
+const PlotStyleRow kPlotStyleRows[] = {
+    {"Nothing", "", kStyledLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
+    {"ObjectColor", "color=-1006632961 mode_color=-1006632961", kStyledLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
+    {"ObjectColorOfOldTables", "color=-1", kStyledLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
+    {"Color", "color=-1040180122", kStyledLine, {"stroke 001C66 0.25 m 1 0 l 2 0"}},
+    {"ExactColor", "color=-1006665984 mode_color=-1024751852", kStyledLine, {"stroke EB8714 0.25 m 1 0 l 2 0"}},
+    {"Gray", "color_policy=2", kStyledLine, {"stroke 4C4C4C 0.25 m 1 0 l 2 0"}},
+    {"DitherIsNothing", "color_policy=1", kStyledLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
+    {"Screening", "screen=40", kStyledLine, {"stroke FF9999 0.25 m 1 0 l 2 0"}},
+    {"NoInk", "screen=0", kStyledLine, {"stroke FFFFFF 0.25 m 1 0 l 2 0"}},
     {"GrayColorScreened",
      "color=-1023475712 color_policy=3 screen=50", // C2FF0000
-     kLine,
+     kStyledLine,
      {"stroke A5A5A5 0.25 m 1 0 l 2 0"}},
-    {"Lineweight", "lineweight=3", kLine, {"stroke FF0000 1.25 m 1 0 l 2 0"}},
-    {"LineweightOffTheTable", "lineweight=4", kLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
-    {"ButtAndMiter", "end_style=0 join_style=0", kLine, {"stroke FF0000 0.25 butt miter m 1 0 l 2 0"}},
-    {"SquareAndBevel", "end_style=1 join_style=1", kLine, {"stroke FF0000 0.25 square bevel m 1 0 l 2 0"}},
-    {"RoundAndRound", "end_style=2 join_style=2", kLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
-    {"ObjectEnds", "end_style=4 join_style=5", kLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
+    {"Lineweight", "lineweight=3", kStyledLine, {"stroke FF0000 1.25 m 1 0 l 2 0"}},
+    {"LineweightOffTheTable", "lineweight=4", kStyledLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
+    {"ButtAndMiter", "end_style=0 join_style=0", kStyledLine, {"stroke FF0000 0.25 butt miter m 1 0 l 2 0"}},
+    {"SquareAndBevel", "end_style=1 join_style=1", kStyledLine, {"stroke FF0000 0.25 square bevel m 1 0 l 2 0"}},
+    {"RoundAndRound", "end_style=2 join_style=2", kStyledLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
+    {"ObjectEnds", "end_style=4 join_style=5", kStyledLine, {"stroke FF0000 0.25 m 1 0 l 2 0"}},
     {"Linetype", // ISO dash: 12 and 3 half millimetres
      "linetype=17",
      "0 LINE | 8 0 | 62 1 | 10 0 | 11 21",
@@ -101,10 +101,10 @@ const Row kRows[] = {
      "color=-1023410176",
      "0 LINE | 8 0 | 62 1 | 440 33554559 | 10 1 | 11 2",
      {"stroke 000000~128 0.25 m 1 0 l 2 0"}},
-    {"SolidFill", "fill_style=64", kSquare, {"fill FF0000 nonzero box 0 0 4 2"}},
+    {"SolidFill", "fill_style=64", kStyledSquare, {"fill FF0000 nonzero box 0 0 4 2"}},
     {"HorizontalBars",
      "fill_style=68",
-     kSquare,
+     kStyledSquare,
      {"clip box 0 0 4 2", "stroke FF0000 0.5 butt miter m -0.5 0 l 4.5 0 m -0.5 1 l 4.5 1 m -0.5 2 l 4.5 2", "pop"}},
     {"VerticalBars",
      "fill_style=72",
@@ -112,7 +112,7 @@ const Row kRows[] = {
      {"clip box 0 0 1 2", "stroke FF0000 0.5 butt miter m 0 -0.5 l 0 2.5 m 1 -0.5 l 1 2.5", "pop"}},
 };
 
-INSTANTIATE_TEST_SUITE_P(Properties, PlotStylesTest, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Properties, PlotStylesTest, testing::ValuesIn(kPlotStyleRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(PlotStyles, LineweightsOfTheTableHoldWithoutThoseOfTheObjects)
@@ -194,7 +194,7 @@ TEST(NamedPlotStyles, MeanNothingInDrawingsWithStylesByColour)
 TEST(PlotStyles, DiamondsAreDrawnRoundAndTold)
 {
     SmallDrawing drawing;
-    drawing.entities = kLine;
+    drawing.entities = kStyledLine;
     const PlotStyleTable table = ColorTable("end_style=3 join_style=3");
     SmallScene look;
     look.plotStyles = &table;

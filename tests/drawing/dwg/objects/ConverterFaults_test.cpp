@@ -23,7 +23,7 @@ namespace {
 constexpr double kPi = std::numbers::pi;
 constexpr unsigned kWalls = 0x10, kNotes = 0x11, kPlan = 0x12, kBook = 0x13, kContinuous = 0x14;
 
-struct Row {
+struct ConverterFaultRow {
     const char* name;
     Release release;
     unsigned type;
@@ -32,7 +32,7 @@ struct Row {
     const char* tags;
 };
 
-void PrintTo(const Row& row, std::ostream* out)
+void PrintTo(const ConverterFaultRow& row, std::ostream* out)
 {
     *out << row.name;
 }
@@ -162,7 +162,7 @@ BitWriter FitSplineOf2013(unsigned knots)
     return bits.BD(1).BD(2).BD(0).BD(3).BD(4).BD(0);
 }
 
-const std::vector<Row> kRows{
+const std::vector<ConverterFaultRow> kConverterFaultRows{
     {"AVisibleLayerHasAPositiveColor", Release::R2004, 51, DecodeLayer, LayerOf(0x10 | 25 << 5, 0xC3000005),
      "5=0 330=2 2= 70=64 62=5 6=Continuous 370=-3 "},
     {"ALayerThatIsOffHasANegativeColor", Release::R2004, 51, DecodeLayer, LayerOf(2 | 0x10 | 25 << 5, 0xC3000005),
@@ -201,11 +201,11 @@ const std::vector<Row> kRows{
     {"ALayoutNamesTheViewThatItPlots", Release::R2004, 82, DecodeLayout, LayoutOf(0), kLayoutTags},
 };
 
-class ConverterFaults : public ::testing::TestWithParam<Row> {};
+class ConverterFaults : public ::testing::TestWithParam<ConverterFaultRow> {};
 
 TEST_P(ConverterFaults, AreNoneOfOurs)
 {
-    const Row& row = GetParam();
+    const ConverterFaultRow& row = GetParam();
     ObjectBench bench(row.release, row.bits);
     bench.names.entries = {{kWalls, "Walls"}, {kNotes, "Notes"}, {kPlan, "Plan"}, {kContinuous, "Continuous"}};
     bench.names.modelSpace = 0x1F;
@@ -216,7 +216,7 @@ TEST_P(ConverterFaults, AreNoneOfOurs)
     EXPECT_EQ(bench.Tags(), row.tags);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, ConverterFaults, ::testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(All, ConverterFaults, ::testing::ValuesIn(kConverterFaultRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 namespace fs = std::filesystem;
