@@ -124,6 +124,12 @@ def share(without):
     return lambda stand: stand.share(without)
 
 
+def damaged_job_options(stand):
+    stand.share("Settings")
+    os.makedirs(stand.path("share/Settings"))
+    stand.write("share/Settings/Graphics [600 dpi].joboptions", "<<\n/OPM 7\n>> setdistillerparams\n")
+
+
 def output(path):
     return lambda stand: setattr(stand, "pdf", path)
 
@@ -193,6 +199,8 @@ NO_PLOTTER = (r"error: There was an error setting the printer for the PDF conver
               r"not be located\. .*")
 NOT_SAVED = r"sheetmaker stamp: .*/flange\.dxf: the drawing was not saved and is as it was: it can't be written "
 NO_OPTIONS = r"The job options can't be used\. Those installed are: none\."
+ONE_OPTIONS = r"The job options can't be used\. Those installed are: Graphics \[600 dpi\]\."
+OPTIONS_FILE = r".*/flange\.dxf: .*/share/Settings/Graphics \[600 dpi\]\.joboptions"
 
 # Name, fault, exit code, and the lines on stderr as patterns (what is said of fonts aside).
 FAULTS = [
@@ -228,7 +236,12 @@ FAULTS = [
      failed('sheet "Flange": the PostScript driver could not be found', NO_DRIVER)),
     ("plotter configurations missing", share("PC3"), 1,
      failed('sheet "Flange": the folder of plotter configurations could not be used', NO_PLOTTER)),
-    ("job options missing", share("Settings"), 1, ["error: " + NO_OPTIONS, *no_plot(NO_OPTIONS)]),
+    ("job options missing", share("Settings"), 1,
+     ["error: " + NO_OPTIONS, OPTIONS_FILE.replace(": ", ": The job options file ", 1) +
+      r" does not exist\. Choose other job options or put the file in place\.", *no_plot(NO_OPTIONS)]),
+    ("job options damaged", damaged_job_options, 1,
+     ["error: " + ONE_OPTIONS, OPTIONS_FILE + r", line 2: /OPM must be a whole number from 0 to 1\. Correct the value or "
+      r"choose other job options\.", *no_plot(ONE_OPTIONS)]),
     ("font list missing", share("fonts.map"), 0, []),
     ("output folder missing", missing_output_folder, 0, []),
     ("output folder closed", output(CLOSED + "/plan.pdf"), 1,

@@ -121,9 +121,20 @@ std::int32_t PubDoc::AddPsFile(const std::string& psPath, double width, double h
     });
 }
 
+/// Whoever calls learns a status alone: what is wrong with the file, and where, is told beside it.
+JobOptions PubDoc::ReadOrTell(const std::string& path) const
+{
+    try {
+        return ReadJobOptionsFile(path);
+    } catch (const PublishFailure& failure) {
+        Note(failure.what());
+        throw;
+    }
+}
+
 void PubDoc::TakeJobOptions(const std::string& path)
 {
-    const JobOptions read = ReadJobOptionsFile(path);
+    const JobOptions read = ReadOrTell(path);
     m_jobOptions.emplace(path, read.text);
     m_linearized = m_linearized || read.optimize;
     m_archive = std::max(m_archive, read.archive);

@@ -9,6 +9,7 @@
 #include "pdf/PublishStatus.h"
 #include "ports/IDesktop.h"
 #include "ports/IPubDoc.h"
+#include "publisher/JobOptions.h"
 #include "publisher/Publisher.h"
 
 #include <memory>
@@ -52,6 +53,7 @@ public:
 private:
     template <typename Action> std::int32_t WithStatus(Action&& action);
     std::int32_t QueueMark(Mark mark, std::initializer_list<double> coordinates);
+    [[nodiscard]] JobOptions ReadOrTell(const std::string& path) const;
     void TakeJobOptions(const std::string& path);
     [[nodiscard]] PdfForm Form() const;
     const std::string& Folder();

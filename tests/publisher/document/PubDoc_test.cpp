@@ -79,6 +79,8 @@ TEST_F(PubDocTest, AddPsFileRefusesWhatCannotBecomeAPage)
             EXPECT_EQ(doc->LastErrorText(), row.text);
         }
     }
+    EXPECT_EQ(m_notes, (Names{rows[rows.size() - 2].text, rows.back().text}))
+        << "what is wrong with job options is told beside the status";
     EXPECT_EQ(doc->SaveToPdf(Out("new.pdf"), 0, false, true), -9);
     EXPECT_EQ(doc->LastErrorText(), "There is no page to save. Plot a sheet first.");
     EXPECT_EQ(doc->AddPsFile(good, 9, 9, 600, 1, ""), 0);
