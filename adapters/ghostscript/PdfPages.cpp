@@ -96,7 +96,7 @@ std::string Run(const std::string& program, const std::string& folder, const std
     run.program = FindInterpreter(program);
     if (run.program.empty()) {
         throw std::runtime_error("can't be drawn: the program " + program +
-                                 " is not there; install it with: apt-get install ghostscript");
+                                 " is not there; install it: " + kInterpreterRemedy);
     }
     LinkInput(folder, kInput, path); // a file that isn't there fails the run
     run.folder = folder;

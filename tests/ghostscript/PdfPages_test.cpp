@@ -72,7 +72,7 @@ TEST_F(PdfPagesTest, TellsWhyAPageCanNotBeDrawn)
     EXPECT_EQ(ErrorOf([&] { static_cast<void>(m_pages.Show(m_folder.Path() + "/none.pdf", 1, 1)); }),
               "can't be drawn: the PostScript interpreter failed on it");
     EXPECT_EQ(ErrorOf([&] { static_cast<void>(PdfPages("nobodys-gs").SizeOf(path, 1)); }),
-              "can't be drawn: the program nobodys-gs is not there; install it with: apt-get install ghostscript");
+              "can't be drawn: the program nobodys-gs is not there; install it: sudo apt-get install ghostscript");
 }
 
 } // namespace

@@ -9,6 +9,8 @@ namespace sm::ghostscript {
 
 namespace fs = std::filesystem;
 
+const char* const kInterpreterRemedy = "sudo apt-get install ghostscript";
+
 std::string FindInterpreter(const std::string& program)
 {
     return base::FindProgram(program);

@@ -31,6 +31,8 @@ std::string Installed()
 
 } // namespace
 
+const char* const kInterpreterRemedy = "run Ghostscript's own installer; it is found in its folder or on PATH";
+
 std::string FindInterpreter(const std::string& program)
 {
     for (const std::string& name : {program, std::string(kOwnName)})

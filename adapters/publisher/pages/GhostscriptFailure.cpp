@@ -4,6 +4,7 @@
 #include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
 #include "base/text/Utf8.h"
+#include "ghostscript/Interpreter.h"
 #include "pdf/PublishStatus.h"
 
 #include <algorithm>
@@ -140,9 +141,8 @@ void FailMissingInterpreter(const std::string& program)
 {
     throw PublishFailure(PublishStatus::InterpreterMissing,
                          fmt::format("Ghostscript (\"{}\") is not installed: PostScript of other programs, and job "
-                                     "options that turn colours or downsample pictures, need it. Install it: sudo "
-                                     "apt-get install ghostscript",
-                                     program));
+                                     "options that turn colours or downsample pictures, need it. Install it: {}",
+                                     program, ghostscript::kInterpreterRemedy));
 }
 
 void CheckRun(const base::ChildResult& result, const DriverReport& report, const std::vector<PageSource>& pages,

@@ -6,6 +6,7 @@
 #include "base/files/UserFolders.h"
 #include "base/process/ChildProcess.h"
 #include "base/text/Names.h"
+#include "ghostscript/Interpreter.h"
 
 #include <chrono>
 
@@ -68,7 +69,7 @@ Finding Ghostscript(const Install& install)
                 (program.empty() ? "not installed" : program + " can't be run") +
                     std::string(" (PDF underlays, PostScript of other programs, and job options that turn colours or "
                                 "downsample pictures need it)"),
-                kInterpreterRemedy};
+                ghostscript::kInterpreterRemedy};
     return {State::Good, "Ghostscript", version + ", " + program, {}};
 }
 

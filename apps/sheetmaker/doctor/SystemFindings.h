@@ -25,7 +25,6 @@ Finding Windows(const Install& install);
 
 /// How another temporary folder is chosen, and what is missing is got.
 extern const char* const kTemporaryRemedy;
-extern const char* const kInterpreterRemedy;
 extern const char* const kFontsRemedy;
 /// The PostScript interpreter's path; empty when there is none.
 std::string InterpreterProgram(const Install& install);

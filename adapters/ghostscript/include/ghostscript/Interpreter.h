@@ -25,6 +25,9 @@ struct InterpreterRun {
 /// there.
 std::string FindInterpreter(const std::string& program);
 
+/// What puts the interpreter in place on this system, for a message.
+extern const char* const kInterpreterRemedy;
+
 /// Runs it and waits for its end.
 base::ChildResult RunInterpreter(const InterpreterRun& run);
 

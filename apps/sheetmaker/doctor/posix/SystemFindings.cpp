@@ -15,7 +15,6 @@ using State = Finding::State;
 } // namespace
 
 const char* const kTemporaryRemedy = "set TMPDIR to another folder";
-const char* const kInterpreterRemedy = "sudo apt-get install ghostscript";
 const char* const kFontsRemedy = "sudo apt-get install fonts-dejavu-core";
 
 std::string InterpreterProgram(const Install& install)

@@ -14,7 +14,6 @@ using State = Finding::State;
 } // namespace
 
 const char* const kTemporaryRemedy = "set TMP to another folder";
-const char* const kInterpreterRemedy = "install Ghostscript; it is found by its registry keys or on PATH";
 const char* const kFontsRemedy = "install one in the system's font folder";
 
 std::string InterpreterProgram(const Install&)
