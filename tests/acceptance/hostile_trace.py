@@ -17,7 +17,7 @@ LOOKING = {"stat", "lstat", "newfstatat", "statx", "access", "faccessat", "facce
 SYSTEM = ("/usr/", "/lib/", "/lib64/", "/etc/ld.so.cache", "/etc/fonts/", "/etc/passwd", "/etc/nsswitch.conf", "/etc/machine-id",
           "/etc/locale.alias", "/etc/localtime", "/etc/papersize", "/etc/ghostscript/", "/var/lib/ghostscript/", "/var/cache/fontconfig/",
           "/sys/devices/system/cpu/")
-HARMLESS = re.compile(r"/dev/null|/dev/urandom|/proc/(\d+|self)/stat|/proc/(self|\d+)/(exe|maps|ns/pid)|/proc/(meminfo|cpuinfo|sys/.*)")
+HARMLESS = re.compile(r"/dev/null|/dev/urandom|/proc/stat|/proc/(\d+|self)/stat|/proc/(self|\d+)/(exe|maps|ns/pid)|/proc/(meminfo|cpuinfo|sys/.*)")
 
 
 def plain(text):

@@ -10,7 +10,7 @@
 extern "C" const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions()
 {
-    return "leak:__argz_add_sep";
+    return "leak:argz_add_sep";
 }
 
 namespace sm::system {
