@@ -7,9 +7,9 @@
 The drawings are small: lines, circles, texts, splines, a font that is missing, a picture that is missing, a link; one in fifty is
 damaged, one in a hundred is none at all. While `convert --list` runs, the process that hands the work out is looked at in /proc: after
 the first 1,000 drawings (a tenth, if that is less) its own memory must not grow by more than 2 MiB (it falls, as what is done
-is forgotten); it must not have more descriptors in the
-second half than in the first (but for the two pipes of each worker, which a look meets or misses), and no child of it may be a zombie for two seconds. Afterwards every drawing has been told of once,
-every good one has its PDF, and nothing else lies about. Ends with "N passed, M failed".
+is forgotten); it must not have more descriptors in the second half than in the first (but for the two pipes of each worker, which
+a look meets or misses), and no child of it may be a zombie for two seconds. Afterwards every drawing has been told of once, every
+good one has its PDF, and nothing else lies about. Ends with "N passed, M failed".
 """
 import argparse
 import json

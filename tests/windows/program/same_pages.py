@@ -19,6 +19,9 @@ import tempfile
 from programs import linux_program, windows_program
 
 ENDINGS = (".dxf", ".dwg")
+# Neither program finds the interpreter here; each says how it is installed on its system.
+REMEDIES = {"linux": "sudo apt-get install ghostscript",
+            "windows": "run Ghostscript's own installer; it is found in its folder or on PATH"}
 
 
 def drawings_in(places):
@@ -57,7 +60,7 @@ class Comparison:
         pdf = os.path.join(self.folder, which, f"{number}.pdf")
         run = self.programs[which].run("convert", os.path.abspath(drawing), "-o", pdf, "--jobs", "1",
                                        "--log-dir", os.path.join(self.folder, which, "log", str(number)))
-        return run.returncode, pdf, run.stderr.replace("Z:/", "/")
+        return run.returncode, pdf, run.stderr.replace("Z:/", "/").replace(REMEDIES[which], "REMEDY")
 
     def compare(self, number, drawing):
         """What differs; empty when nothing does."""
