@@ -24,6 +24,9 @@ endfunction()
 # are therefore its own even where no header has them. Developers' presets go without, so that a touched source costs
 # itself alone.
 option(SM_UNITY "Compile a room's sources together" OFF)
+function(compile_together target)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ${SM_UNITY} UNITY_BUILD_BATCH_SIZE 12)
+endfunction()
 
 # What one system alone has lies in folders that are named after it.
 if(WIN32)
@@ -58,7 +61,7 @@ function(add_room target folder)
         target_link_libraries(${target} PUBLIC ${ARGN})
         target_compile_options(${target} PRIVATE ${SM_WARNINGS})
         target_include_directories(${target} PUBLIC ${inside}/include PRIVATE ${inside})
-        set_target_properties(${target} PROPERTIES UNITY_BUILD ${SM_UNITY} UNITY_BUILD_BATCH_SIZE 12)
+        compile_together(${target})
         precompile(${target} CommonHeaders.h)
     else()
         add_library(${target} INTERFACE)
@@ -105,7 +108,7 @@ function(add_room_tests name)
     # Test code is read once and run once: optimising it costs more than it gives.
     target_compile_options(test_${name} PRIVATE ${SM_WARNINGS} -O0)
     target_compile_definitions(test_${name} PRIVATE SM_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
-    set_target_properties(test_${name} PROPERTIES UNITY_BUILD ${SM_UNITY} UNITY_BUILD_BATCH_SIZE 12)
+    compile_together(test_${name})
     precompile(test_${name} TestHeaders.h)
     set_property(GLOBAL APPEND PROPERTY SM_TEST_PROGRAMS test_${name})
     gtest_discover_tests(test_${name} TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 600)

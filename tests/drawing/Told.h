@@ -12,9 +12,7 @@
 namespace sm::drawing {
 
 /// "<code> x <count>" of each.
-inline /// The findings as "code x count".
-    std::vector<std::string>
-    Told(const FindingList& findings)
+inline std::vector<std::string> Told(const FindingList& findings)
 {
     std::vector<std::string> told;
     for (const Finding& finding : findings.All())

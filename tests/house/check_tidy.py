@@ -4,7 +4,7 @@
 
     check_tidy.py BUILD_FOLDER [--all | --share N] [FILE...]
 
-BUILD_FOLDER holds compile_commands.json of a build that compiles each source alone, as the sanitizers' does; without one
+BUILD_FOLDER holds compile_commands.json of a build that compiles each source alone, as the preset debug's does; without one
 the check is skipped. Reading all sources takes the better part of an hour: without `--all` and without files, one in N is
 taken (twelve unless told), chosen by its name, so that every room has its share and a run says the same as the one before.
 Precompiled headers are those of another compiler and are left out of the commands.

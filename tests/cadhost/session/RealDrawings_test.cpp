@@ -2,27 +2,21 @@
 // Drawings from the field: every layout is listed, configured for the suite's plotter and put back, and no host call
 // fails. The drawings lie outside of the tree; without them there is nothing to test.
 #include "cadhost/HostFixture.h"
+#include "drawing/SharedDrawings.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace sm::cadhost {
 namespace {
 
 namespace fs = std::filesystem;
 
-fs::path DrawingsFolder()
-{
-    const char* folder = std::getenv("SM_SHARED_DRAWINGS");
-    return folder != nullptr ? fs::path(folder) : fs::path(SM_SOURCE_DIR) / ".." / "shared" / "drawings";
-}
-
 /// The sound drawings, or those of the folder "broken".
 std::vector<fs::path> ListDrawings(bool broken = false)
 {
     std::vector<fs::path> paths;
     std::error_code error;
-    for (fs::recursive_directory_iterator entry(DrawingsFolder(), error), end; !error && entry != end;
+    for (fs::recursive_directory_iterator entry(drawing::SharedDrawings(), error), end; !error && entry != end;
          entry.increment(error)) {
         const bool isBroken = entry->path().parent_path().filename() == "broken";
         if (isBroken == broken && (broken || entry->path().extension() == ".dxf"))
@@ -79,7 +73,7 @@ TEST_F(RealDrawingsTest, ListAllTheirLayoutsAndTakeThemThroughAConversion)
 {
     const auto paths = ListDrawings();
     if (paths.empty())
-        GTEST_SKIP() << "no drawings in " << DrawingsFolder();
+        GTEST_SKIP() << "no drawings in " << drawing::SharedDrawings();
     for (const fs::path& path : paths) {
         SCOPED_TRACE(path.filename().string());
         const auto document = host->Open(path.string());
@@ -98,7 +92,7 @@ TEST_F(RealDrawingsTest, WalkThroughAllTheirEntities)
 {
     const auto paths = ListDrawings();
     if (paths.empty())
-        GTEST_SKIP() << "no drawings in " << DrawingsFolder();
+        GTEST_SKIP() << "no drawings in " << drawing::SharedDrawings();
     for (const fs::path& path : paths) {
         SCOPED_TRACE(path.filename().string());
         const auto document = host->Open(path.string());
@@ -134,7 +128,7 @@ TEST_F(RealDrawingsTest, ListOrRefuseBrokenOnes)
 {
     const auto paths = ListDrawings(true);
     if (paths.empty())
-        GTEST_SKIP() << "no drawings in " << DrawingsFolder();
+        GTEST_SKIP() << "no drawings in " << drawing::SharedDrawings();
     for (const fs::path& path : paths) {
         SCOPED_TRACE(path.filename().string());
         try {

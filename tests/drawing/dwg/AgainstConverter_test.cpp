@@ -6,7 +6,6 @@
 #include "drawing/DwgConverter.h"
 #include "drawing/SharedDrawings.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>

@@ -4,7 +4,6 @@
 #include "drawing/SharedDrawings.h"
 #include "drawing/dwg/Twins.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <iostream>

@@ -2,11 +2,11 @@
 // Real drawings without their list of objects. Their folder is named by SM_SHARED_DRAWINGS, or lies beside the source
 // tree; without it this test is skipped.
 #include "drawing/Drawing.h"
+#include "drawing/SharedDrawings.h"
 #include "dwg/file/ContainerBuilder.h"
 #include "dwg/read/DwgReading.h"
 #include "tags/FileKind.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -52,8 +52,7 @@ ObjectCounts ReadWith(const std::string& file, bool zeroed)
 
 TEST(ZeroedMap, LeavesNearlyAllEntitiesOfRealDrawings)
 {
-    const char* const named = std::getenv("SM_SHARED_DRAWINGS");
-    const fs::path folder = named != nullptr ? fs::path(named) : fs::path(SM_SOURCE_DIR) / ".." / "shared" / "drawings";
+    const fs::path folder = SharedDrawings();
     if (!fs::is_directory(folder))
         GTEST_SKIP() << "no drawings in " << folder;
     std::size_t drawings = 0;

@@ -15,7 +15,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 
 namespace sm::drawing::testing {

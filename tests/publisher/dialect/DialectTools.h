@@ -12,8 +12,7 @@
 
 namespace sm::publisher {
 
-/// For pages that the dialect is to make itself.
-/// Fails the test when a page is left to it.
+/// For pages that the dialect is to make itself: fails the test when one is left to it.
 class NoOthers final : public IPageMaker {
 public:
     MadePages MakePages(const std::vector<PageSource>&, const std::string&, const std::string&) override

@@ -2,6 +2,7 @@
 // One row for each thing that DWG converters get wrong, here read right: fields from bits as the format stores them,
 // and what needs whole files from drawings of the shared folder (SM_SHARED_DRAWINGS, or beside the source tree).
 #include "drawing/Drawing.h"
+#include "drawing/SharedDrawings.h"
 #include "drawing/dwg/objects/ObjectBench.h"
 #include "drawing/entities/Graphics.h"
 #include "drawing/entities/Solids.h"
@@ -10,7 +11,6 @@
 #include "dwg/records/RecordDecoders.h"
 #include "dwg/tables/TableEntries.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <map>
@@ -224,8 +224,7 @@ namespace fs = std::filesystem;
 /// Null when the shared drawings are missing.
 std::unique_ptr<Drawing> OpenShared(const char* path)
 {
-    const char* const named = std::getenv("SM_SHARED_DRAWINGS");
-    const fs::path folder = named != nullptr ? fs::path(named) : fs::path(SM_SOURCE_DIR) / ".." / "shared" / "drawings";
+    const fs::path folder = SharedDrawings();
     return fs::exists(folder / path) ? Drawing::Open((folder / path).string()) : nullptr;
 }
 
