@@ -24,6 +24,7 @@ FACES = (("SANS", "arial.ttf"), ("SERIF", "times.ttf"), ("MONO", "cour.ttf"))
 
 CUBIC = "/usr/share/fonts/opentype/urw-base35/URWGothic-Book.otf"
 """An OpenType font of cubic curves that fonts.map puts in for one of Windows."""
+QUADRATIC = "/usr/share/fonts/truetype/liberation/LiberationSans-Regular.ttf"
 
 
 def texts(faces, number):
@@ -69,6 +70,13 @@ def drawn(glyph):
     return pen.value
 
 
+def flat(glyphs, name):
+    """The same, of a glyph that may be made of others."""
+    pen = recordingPen.DecomposingRecordingPen(glyphs)
+    glyphs[name].draw(pen)
+    return pen.value
+
+
 def cubic_curves(stand):
     """They stay what they are in their font's file, which a set of sheets holds one part of."""
     names = [f"{number}.dxf" for number in (0, 20, 40)]
@@ -91,6 +99,31 @@ def cubic_curves(stand):
     stand.same(any(step == "curveTo" for step, _ in drawn(shapes["S"])), True)
     text = subprocess.run(["pdftotext", "-f", "3", "-l", "3", stand.path("set.pdf"), "-"], capture_output=True, text=True).stdout
     stand.same(text.split()[0], "opqrstuvwxyz0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmn")
+
+
+def letters_of(pdf, font):
+    """The number of each letter's glyph in the embedded file."""
+    numbers = dict(re.findall(rb"<(..)> (\d+)\n", pdf.data(font["/Encoding"])))
+    characters = dict(re.findall(rb"<(..)> <(....)>\n", pdf.data(font["/ToUnicode"])))
+    return {chr(int(text, 16)): int(numbers[code]) for code, text in characters.items()}
+
+
+def quadratic_curves(stand):
+    """They are those of their font's file, without its hints; letters made of others, too."""
+    for number, name in enumerate(("one.dxf", "two.dxf")):
+        stand.write(name, texts((("SANS", "arial.ttf"),), 31 * number).replace("Z", "Z\\U+00C4\\U+017D"))
+    run = stand.run("publish", "one.dxf", "two.dxf", "-o", "set.pdf")
+    stand.same(run.returncode, 0, run.stderr)
+    pdf, whole = pdfa_rules.Pdf(stand.path("set.pdf")), ttLib.TTFont(QUADRATIC)
+    glyphs, names = whole.getGlyphSet(), whole.getBestCmap()
+    for font in (font for font in pdf.fonts() if font["/Subtype"] == "/Type0"):
+        below = pdf.at(pdf.at(font["/DescendantFonts"])[0])
+        part = ttLib.TTFont(io.BytesIO(pdf.data(pdf.at(below["/FontDescriptor"])["/FontFile2"])))
+        stand.same(sorted(set(part.keys()) - {"GlyphOrder"}), ["glyf", "head", "hhea", "hmtx", "loca", "maxp"])
+        letters, shapes = letters_of(pdf, font), part.getGlyphSet()
+        stand.same(len(letters), 64)
+        for letter, number in letters.items():
+            stand.same(flat(shapes, part.getGlyphName(number)), flat(glyphs, names[ord(letter)]), letter)
 
 
 def same_bytes(stand):
@@ -171,7 +204,7 @@ def title(stand):
     stand.same([line for line in info if line.startswith("Title:")], ["Title:           Haus & Größe"])
 
 
-ROWS = (fonts_of_a_set, cubic_curves, same_bytes, encrypted, linearised, language, attachments_pane, title)
+ROWS = (fonts_of_a_set, cubic_curves, quadratic_curves, same_bytes, encrypted, linearised, language, attachments_pane, title)
 
 
 if __name__ == "__main__":

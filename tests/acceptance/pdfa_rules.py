@@ -212,10 +212,10 @@ def widths(pdf):
             continue
         data = pdf.data(pdf.at(font["/FontDescriptor"])["/FontFile2"])
         tables = {data[12 + 16 * i:16 + 16 * i]: word(data, 20 + 16 * i, 4) for i in range(word(data, 4))}
-        unit = word(data, tables[b"head"] + 18)
+        unit, advances = word(data, tables[b"head"] + 18), word(data, tables[b"hhea"] + 34)
         first, said = pdf.at(font["/W"])
         for i, width in enumerate(pdf.at(said)):
-            if abs(width - 1000 * word(data, tables[b"hmtx"] + 4 * (first + i)) / unit) > 1:
+            if abs(width - 1000 * word(data, tables[b"hmtx"] + 4 * min(first + i, advances - 1)) / unit) > 1:
                 return False
     return True
 

@@ -108,15 +108,15 @@ void PutBox(std::string& out, const render::Box2& box)
     }
 }
 
-/// A font of cubic curves, of which the subset holds approximations: its file, and the numbers there of the subset's
-/// glyphs from 1 on, as comments.
-void PutCubicSource(std::string& out, const render::FontFace& face, const std::vector<std::uint32_t>& ids)
+/// The font's own file, and the numbers there of the subset's glyphs from 1 on, as comments. Of cubic curves the subset
+/// holds approximations.
+void PutFile(std::string& out, const render::FontFace& face, const std::vector<std::uint32_t>& ids)
 {
-    const render::FontFile* file = face.CubicFile();
+    const render::FontFile* file = face.File();
     if (file == nullptr || file->path.find_first_of("\r\n") != std::string::npos) {
         return;
     }
-    out += "% Cubic " + std::to_string(file->index) + " " + file->path + "\n";
+    out += (file->isCubic ? "% Cubic " : "% Quadratic ") + std::to_string(file->index) + " " + file->path + "\n";
     constexpr std::size_t kMostInLine = 32;
     for (std::size_t i = 0; i < ids.size(); ++i) {
         out += (i % kMostInLine == 0 ? "% Glyphs " : " ") + std::to_string(ids[i]);
@@ -175,7 +175,7 @@ std::string VisibleFont(const std::string& name, const render::FontFace& face, c
         ids.push_back(glyph.id);
     }
     std::string source = "% " + face.Name() + "\n";
-    PutCubicSource(source, face, ids);
+    PutFile(source, face, ids);
     std::string out = Opening(name, "42");
     out.insert(out.find('\n') + 1, source);
     out += "/PaintType 0 def/FontBBox[0 0 0 0]def\n";

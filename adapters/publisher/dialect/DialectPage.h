@@ -7,6 +7,7 @@
 #pragma once
 
 #include "dialect/DialectPictures.h"
+#include "fonts/FileSubset.h"
 
 #include <array>
 #include <cstdint>
@@ -19,10 +20,12 @@
 
 namespace sm::publisher {
 
-/// Where an outline font's own curves are when the page holds approximations of them.
-struct CubicSource {
-    std::string path; ///< of an OpenType file with a CFF table; empty: the page holds the true ones
+/// Where an outline font's glyphs were taken from. Of cubic curves the page holds approximations, of quadratic ones the
+/// true ones.
+struct FontSource {
+    std::string path; ///< of a TrueType or OpenType file; may be empty
     std::int32_t index = 0;
+    Curves curves = Curves::Quadratic;
     std::vector<std::uint32_t> glyphs; ///< in that file, of the subset's glyphs from 1 on
 };
 
@@ -40,7 +43,7 @@ struct DialectFont {
     std::map<std::uint8_t, std::uint16_t> glyphs; ///< outlines: code to glyph of the subset
     std::map<std::uint8_t, double> widths;        ///< the others: code to thousandths of the em
     std::string sfnt;                             ///< outlines: the TrueType file
-    CubicSource cubic;                            ///< outlines
+    FontSource source;                            ///< outlines
     std::map<std::uint8_t, std::string> strokes;  ///< strokes: code to content stream
     std::array<double, 4> box{};                  ///< strokes: of all glyphs, thousandths of the em
 };

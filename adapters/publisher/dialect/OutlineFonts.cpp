@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialect/OutlineFonts.h"
 
-#include "fonts/CffSubset.h"
+#include "fonts/FileSubset.h"
 #include "pdf/ContentTag.h"
 #include "pdf/PdfNumbers.h"
 
-#include <algorithm>
 #include <fmt/format.h>
-#include <numeric>
 #include <stdexcept>
 
 namespace sm::publisher {
@@ -27,13 +25,12 @@ std::string KeyOf(const GlyphNumbers& numbers, const std::map<std::uint8_t, std:
     return key;
 }
 
-/// `numbers`: those that the glyphs have in the embedded file.
-Object Widths(const SfntSubset& subset, const std::vector<std::uint16_t>& numbers)
+/// Of all glyphs of an embedded file.
+Object Widths(const std::vector<std::uint16_t>& advances, std::uint16_t unitsPerEm)
 {
     std::vector<Object> widths;
-    for (std::size_t i = 0; i < numbers.size(); ++i) {
-        widths.resize(std::max<std::size_t>(widths.size(), numbers[i] + std::size_t{1}), Object::newInteger(0));
-        widths[numbers[i]] = Object::newReal(NumberText(subset.glyphs[i].advance * 1000.0 / subset.unitsPerEm));
+    for (const std::uint16_t advance : advances) {
+        widths.push_back(Object::newReal(NumberText(advance * 1000.0 / unitsPerEm)));
     }
     return Object::newArray({Object::newInteger(0), Object::newArray(widths)});
 }
@@ -55,8 +52,8 @@ Object OutlineFonts::Font(const DialectFont& font)
         const auto [place, isNew] = face.numbers.try_emplace(subset->glyphs[glyph], face.subset.glyphs.size());
         if (isNew) {
             face.subset.glyphs.push_back(subset->glyphs[glyph]);
-            face.cubic.glyphs.push_back(glyph > 0 && glyph <= font.cubic.glyphs.size() ? font.cubic.glyphs[glyph - 1U]
-                                                                                       : 0);
+            const std::vector<std::uint32_t>& known = font.source.glyphs;
+            face.source.glyphs.push_back(glyph > 0 && glyph <= known.size() ? known[glyph - 1U] : 0);
         }
         numbers[code] = place->second;
     }
@@ -75,7 +72,7 @@ OutlineFonts::Face& OutlineFonts::FaceFor(const DialectFont& font, const SfntSub
 {
     const std::string& name = font.face.empty() ? font.name : font.face;
     for (Face& face : m_faces) {
-        if (face.name == name && face.cubic.path == font.cubic.path && face.cubic.index == font.cubic.index &&
+        if (face.name == name && face.source.path == font.source.path && face.source.index == font.source.index &&
             face.subset.unitsPerEm == subset.unitsPerEm &&
             face.subset.glyphs.size() + subset.glyphs.size() <= kMostGlyphs) {
             return face;
@@ -83,7 +80,7 @@ OutlineFonts::Face& OutlineFonts::FaceFor(const DialectFont& font, const SfntSub
     }
     Face& face = m_faces.emplace_back();
     face.name = name;
-    face.cubic = {font.cubic.path, font.cubic.index, {0}};
+    face.source = {font.source.path, font.source.index, font.source.curves, {0}};
     face.subset = {subset.unitsPerEm, {subset.glyphs.front()}};
     face.descendant = m_pdf.makeIndirectObject(
         Object::parse("<</Type/Font/DW 0/CIDSystemInfo " + std::string(kGlyphCollection) + ">>"));
@@ -99,39 +96,44 @@ std::vector<std::string> OutlineFonts::Finish()
     return remarks;
 }
 
-/// From the font's own file. Throws std::runtime_error, with the reason, when that isn't what the pages were made with.
-OutlineFonts::Program OutlineFonts::CubicProgram(const Face& face)
+/// Throws std::runtime_error, with the reason, when the file isn't what the pages were made with.
+OutlineFonts::Program OutlineFonts::OfItsFile(const Face& face)
 {
-    const std::vector<std::uint32_t>& glyphs = face.cubic.glyphs;
-    CffSubset subset = MakeCffSubset(face.cubic.path, face.cubic.index, {glyphs.begin(), glyphs.end()});
-    Program program{std::move(subset.table), true, {}};
+    const auto& [path, index, curves, glyphs] = face.source;
+    FileSubset subset = MakeFileSubset(path, index, curves, {glyphs.begin(), glyphs.end()});
+    Program program{std::move(subset.program), curves == Curves::Cubic, std::move(subset.advances), {}};
     for (std::size_t i = 0; i < glyphs.size(); ++i) {
-        const CffSubset::Glyph& glyph = subset.glyphs.at(glyphs[i]);
-        if (i > 0 && glyph.advance != face.subset.glyphs[i].advance) {
+        const std::uint16_t number = subset.numbers.at(glyphs[i]);
+        if (i > 0 && program.advances[number] != face.subset.glyphs[i].advance) {
             throw std::runtime_error("its file has changed");
         }
-        program.numbers.push_back(glyph.number);
+        program.numbers.push_back(number);
     }
     return program;
 }
 
-OutlineFonts::Program OutlineFonts::TrueTypeProgram(const Face& face, SfntFacts& facts)
+OutlineFonts::Program OutlineFonts::OfItsPages(const Face& face, SfntFacts& facts)
 {
-    Program program{WriteSfntSubset(face.subset, facts), false, {}};
-    program.numbers.resize(face.subset.glyphs.size());
-    std::iota(program.numbers.begin(), program.numbers.end(), std::uint16_t{0});
+    Program program{WriteSfntSubset(face.subset, facts), false, {}, {}};
+    for (const SfntGlyph& glyph : face.subset.glyphs) {
+        program.numbers.push_back(static_cast<std::uint16_t>(program.advances.size()));
+        program.advances.push_back(glyph.advance);
+    }
     return program;
 }
 
 void OutlineFonts::Embed(Face& face, std::vector<std::string>& remarks)
 {
     SfntFacts facts;
-    Program program = TrueTypeProgram(face, facts);
-    if (!face.cubic.path.empty()) {
+    Program program = OfItsPages(face, facts);
+    if (!face.source.path.empty()) {
         try {
-            program = CubicProgram(face);
+            program = OfItsFile(face);
         } catch (const std::runtime_error& error) {
-            remarks.push_back("The curves of the font " + face.name + " come near to its own only: " + error.what());
+            if (face.source.curves == Curves::Cubic) { // the pages have quadratic ones as they are
+                remarks.push_back("The curves of the font " + face.name +
+                                  " come near to its own only: " + error.what());
+            }
         }
     }
     const std::string name = "/" + ContentTag(program.bytes) + "+" + face.name; // PDF 1.7, 9.6.4
@@ -149,7 +151,7 @@ void OutlineFonts::Embed(Face& face, std::vector<std::string>& remarks)
     descriptor.replaceKey(program.isCubic ? "/FontFile3" : "/FontFile2", file);
     face.descendant.replaceKey("/Subtype", Object::newName(program.isCubic ? "/CIDFontType0" : "/CIDFontType2"));
     face.descendant.replaceKey("/FontDescriptor", m_pdf.makeIndirectObject(descriptor));
-    face.descendant.replaceKey("/W", Widths(face.subset, program.numbers));
+    face.descendant.replaceKey("/W", Widths(program.advances, face.subset.unitsPerEm));
     face.descendant.replaceKey("/BaseFont", Object::newName(name));
     for (auto& [font, numbers] : face.fonts) {
         Complete(font, numbers, name, program);

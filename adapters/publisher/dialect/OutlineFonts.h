@@ -33,7 +33,7 @@ private:
         std::string name;
         SfntSubset subset;
         std::map<SfntGlyph, std::uint16_t> numbers; ///< in `subset`
-        CubicSource cubic;                          ///< its glyphs are those of `subset`
+        FontSource source;                          ///< its glyphs are those of `subset`
         QPDFObjectHandle descendant;
         std::vector<std::pair<QPDFObjectHandle, GlyphNumbers>> fonts; ///< of pages
         std::map<std::string, QPDFObjectHandle> known;                ///< those by what their codes mean
@@ -42,11 +42,12 @@ private:
     struct Program {
         std::string bytes;
         bool isCubic = false;
-        std::vector<std::uint16_t> numbers; ///< of the face's glyphs
+        std::vector<std::uint16_t> advances; ///< of all its glyphs; font units
+        std::vector<std::uint16_t> numbers;  ///< of the face's glyphs
     };
     Face& FaceFor(const DialectFont& font, const SfntSubset& subset);
-    static Program CubicProgram(const Face& face);
-    static Program TrueTypeProgram(const Face& face, SfntFacts& facts);
+    static Program OfItsFile(const Face& face);
+    static Program OfItsPages(const Face& face, SfntFacts& facts);
     void Embed(Face& face, std::vector<std::string>& remarks);
     void Complete(QPDFObjectHandle font, GlyphNumbers numbers, const std::string& name, const Program& program);
 

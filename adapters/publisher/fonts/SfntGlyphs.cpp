@@ -4,7 +4,6 @@
 #include "fonts/SfntTables.h"
 
 #include <algorithm>
-#include <array>
 
 namespace sm::publisher {
 
@@ -17,17 +16,10 @@ std::int16_t Signed16(std::string_view bytes, std::size_t at)
     return static_cast<std::int16_t>(BigEndian(bytes, at, 2));
 }
 
-void Put(std::string& out, std::uint32_t value, std::size_t size)
-{
-    for (std::size_t i = size; i-- > 0;) {
-        out += static_cast<char>(value >> (8 * i) & 0xFF);
-    }
-}
-
 void PutWords(std::string& out, std::initializer_list<std::int32_t> words)
 {
     for (const std::int32_t word : words) {
-        Put(out, static_cast<std::uint32_t>(word), 2);
+        PutBigEndian(out, static_cast<std::uint32_t>(word), 2);
     }
 }
 
@@ -62,10 +54,10 @@ struct Extent {
 std::string HeadTable(std::uint16_t unitsPerEm, const Extent& extent)
 {
     std::string table;
-    Put(table, 0x00010000, 4);
-    Put(table, 0x00010000, 4);
-    Put(table, 0, 4);          // the sum over the file, put in when it is whole
-    Put(table, 0x5F0F3CF5, 4); // magic number
+    PutBigEndian(table, 0x00010000, 4);
+    PutBigEndian(table, 0x00010000, 4);
+    PutBigEndian(table, 0, 4);          // the sum over the file, put in when it is whole
+    PutBigEndian(table, 0x5F0F3CF5, 4); // magic number
     PutWords(table, {0, unitsPerEm});
     table.append(16, '\0'); // dates
     PutWords(table, {extent.xMin, extent.yMin, extent.xMax, extent.yMax, 0, 3, 2, 1, 0});
@@ -75,10 +67,10 @@ std::string HeadTable(std::uint16_t unitsPerEm, const Extent& extent)
 std::string HheaTable(const Extent& extent, std::size_t count)
 {
     std::string table;
-    Put(table, 0x00010000, 4);
+    PutBigEndian(table, 0x00010000, 4);
     PutWords(table, {extent.yMax, extent.yMin, 0, extent.widest, extent.xMin, 0, extent.xMax, 1});
     table.append(14, '\0');
-    Put(table, static_cast<std::uint32_t>(count), 2);
+    PutBigEndian(table, static_cast<std::uint32_t>(count), 2);
     return table;
 }
 
@@ -97,44 +89,12 @@ std::string MaxpTable(const std::vector<SfntGlyph>& glyphs)
         contours = std::max(contours, BigEndian(glyph.outline, 0, 2));
     }
     std::string table;
-    Put(table, 0x00010000, 4);
+    PutBigEndian(table, 0x00010000, 4);
     for (const std::uint32_t word : {static_cast<std::uint32_t>(glyphs.size()), points, contours, 0U, 0U, 1U}) {
-        Put(table, word, 2);
+        PutBigEndian(table, word, 2);
     }
     table.append(16, '\0');
     return table;
-}
-
-std::uint32_t Checksum(std::string_view bytes)
-{
-    std::uint32_t sum = 0;
-    for (std::size_t at = 0; at < bytes.size(); at += 4) {
-        sum += BigEndian(bytes, at, 4) << (at + 4 > bytes.size() ? 8 * (at + 4 - bytes.size()) : 0);
-    }
-    return sum;
-}
-
-/// The file of six tables, in the order of their tags. The sum of its words is 0xB1B0AFBA.
-std::string Join(const std::array<std::pair<const char*, const std::string*>, 6>& tables)
-{
-    std::string head, body;
-    Put(head, 0x00010000, 4);
-    PutWords(head, {6, 64, 2, 32});
-    std::size_t sumPlace = 0;
-    for (const auto& [tag, bytes] : tables) {
-        const std::size_t offset = 12 + 16 * tables.size() + body.size();
-        sumPlace = std::string_view(tag) == "head" ? offset + 8 : sumPlace;
-        head += tag;
-        Put(head, Checksum(*bytes), 4);
-        Put(head, static_cast<std::uint32_t>(offset), 4);
-        Put(head, static_cast<std::uint32_t>(bytes->size()), 4);
-        body += *bytes;
-        body.append((4 - body.size() % 4) % 4, '\0');
-    }
-    std::string file = head + body;
-    std::string sum;
-    Put(sum, 0xB1B0AFBA - Checksum(file), 4);
-    return file.replace(sumPlace, sum.size(), sum);
 }
 
 } // namespace
@@ -172,18 +132,17 @@ std::string WriteSfntSubset(const SfntSubset& subset, SfntFacts& facts)
     for (const SfntGlyph& glyph : subset.glyphs) {
         extent.Add(glyph);
         PutWords(hmtx, {glyph.advance, glyph.leftBearing});
-        Put(loca, static_cast<std::uint32_t>(glyf.size()), 4);
+        PutBigEndian(loca, static_cast<std::uint32_t>(glyf.size()), 4);
         glyf += glyph.outline;
     }
-    Put(loca, static_cast<std::uint32_t>(glyf.size()), 4);
+    PutBigEndian(loca, static_cast<std::uint32_t>(glyf.size()), 4);
     const auto thousandths = [&](std::int32_t value) { return value * 1000 / std::max<int>(1, subset.unitsPerEm); };
     facts = {thousandths(extent.yMax),
              thousandths(extent.yMin),
              {thousandths(extent.xMin), thousandths(extent.yMin), thousandths(extent.xMax), thousandths(extent.yMax)}};
     const std::string head = HeadTable(subset.unitsPerEm, extent);
     const std::string hhea = HheaTable(extent, subset.glyphs.size()), maxp = MaxpTable(subset.glyphs);
-    return Join(
-        {{{"glyf", &glyf}, {"head", &head}, {"hhea", &hhea}, {"hmtx", &hmtx}, {"loca", &loca}, {"maxp", &maxp}}});
+    return JoinSfnt({{"glyf", glyf}, {"head", head}, {"hhea", hhea}, {"hmtx", hmtx}, {"loca", loca}, {"maxp", maxp}});
 }
 
 } // namespace sm::publisher

@@ -21,6 +21,7 @@ struct Subsetter {
     decltype(&hb_subset_input_destroy) subsetInputDestroy;
     decltype(&hb_subset_input_glyph_set) subsetInputGlyphSet;
     decltype(&hb_subset_input_set) subsetInputSet;
+    decltype(&hb_subset_input_set_flags) subsetInputSetFlags;
     decltype(&hb_subset_plan_create_or_fail) subsetPlanCreateOrFail;
     decltype(&hb_subset_plan_destroy) subsetPlanDestroy;
     decltype(&hb_subset_plan_execute_or_fail) subsetPlanExecuteOrFail;

@@ -59,8 +59,9 @@ bool HoldsTable(FT_Face face, const char (&tag)[5])
 class FreeTypeFace final : public OutlineFace {
 public:
     FreeTypeFace(FT_Face face, std::string path, int index)
-        : m_face(face), m_file{std::move(path), index}, m_name(SafeName(face)),
-          m_isCubic(!FT_IS_CID_KEYED(face) && HoldsTable(face, "CFF "))
+        : m_face(face), m_file{std::move(path), index, HoldsTable(face, "CFF ")}, m_name(SafeName(face)),
+          m_canBeParted(!FT_IS_CID_KEYED(face) && !FT_HAS_MULTIPLE_MASTERS(face) &&
+                        (m_file.isCubic || HoldsTable(face, "glyf")))
     {
         m_capHeight = MeasuredCapHeight();
         m_low.fill(kUnknown);
@@ -115,7 +116,7 @@ public:
         }
     }
 
-    const FontFile* CubicFile() const override { return m_isCubic ? &m_file : nullptr; }
+    const FontFile* File() const override { return m_canBeParted ? &m_file : nullptr; }
 
     void Outline(std::uint32_t glyph, Path& out) const override
     {
@@ -192,7 +193,7 @@ private:
     FT_Face m_face;
     FontFile m_file;
     std::string m_name;
-    bool m_isCubic;
+    bool m_canBeParted;
     double m_capHeight = 0;
     mutable InkSpan m_ideographs{0, 0};             ///< measured when it is asked for
     mutable std::array<std::uint32_t, 0x500> m_low; ///< glyphs of Latin, Greek and Cyrillic

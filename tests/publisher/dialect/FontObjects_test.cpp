@@ -1,45 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What pages have in common of their fonts is written once.
-#include "dialect/DialectFontObjects.h"
-
-#include <gtest/gtest.h>
+#include "publisher/dialect/FontBench.h"
 
 namespace sm::publisher {
 namespace {
 
-DialectFont Outlines(const std::string& face, const std::vector<SfntGlyph>& glyphs)
-{
-    DialectFont font;
-    font.name = "F1";
-    font.kind = DialectFont::Kind::Outlines;
-    font.face = face;
-    SfntSubset subset{1000, {{500, 0, ""}}};
-    for (const SfntGlyph& glyph : glyphs) {
-        const auto code = static_cast<std::uint8_t>('A' + font.glyphs.size());
-        font.glyphs[code] = static_cast<std::uint16_t>(subset.glyphs.size());
-        font.unicode[code] = "00" + std::to_string(40 + font.glyphs.size());
-        subset.glyphs.push_back(glyph);
-    }
-    SfntFacts facts;
-    font.sfnt = WriteSfntSubset(subset, facts);
-    return font;
-}
-
 const SfntGlyph kWide{900, 0, ""}, kNarrow{200, 0, ""}, kMiddle{500, 7, ""};
-
-class Fonts : public testing::Test {
-protected:
-    Fonts() { m_pdf.emptyPDF(); }
-    QPDFObjectHandle Descendant(QPDFObjectHandle font) { return font.getKey("/DescendantFonts").getArrayItem(0); }
-    std::string CodeMap(QPDFObjectHandle font)
-    {
-        const auto data = font.getKey("/Encoding").getStreamData();
-        const std::string text(reinterpret_cast<const char*>(data->getBuffer()), data->getSize());
-        const std::size_t begin = text.find("begincidchar\n") + 13;
-        return text.substr(begin, text.find("endcidchar") - begin);
-    }
-    QPDF m_pdf;
-};
 
 TEST_F(Fonts, OfOneFaceShareItsFile)
 {
@@ -87,52 +53,6 @@ TEST_F(Fonts, AreCalledByATagOfTheirOwnAndTheirTrueName)
     EXPECT_EQ(Descendant(first).getKey("/BaseFont").getName(), name);
     EXPECT_EQ(Descendant(first).getKey("/FontDescriptor").getKey("/FontName").getName(), name);
 }
-
-/// A font of Debian's whose curves are cubic, with the numbers of "B" and "A", and their advances.
-constexpr char kCubic[] = "/usr/share/fonts/opentype/urw-base35/URWGothic-Book.otf";
-
-DialectFont Cubic(const std::string& path, std::uint16_t advanceOfA)
-{
-    DialectFont font = Outlines("Gothic", {{574, 0, ""}, {advanceOfA, 0, ""}});
-    font.cubic = {path, 0, {35, 34}};
-    return font;
-}
-
-struct CubicRow {
-    const char* name;
-    std::string path;
-    std::uint16_t advanceOfA;
-    const char* file;  ///< the descriptor's key
-    const char* codes; ///< what they lead to
-    const char* remark;
-};
-
-class CubicFonts : public Fonts, public testing::WithParamInterface<CubicRow> {};
-
-TEST_P(CubicFonts, KeepTheirCurvesWhereTheirFileIsAsItWas)
-{
-    FontObjects fonts(m_pdf);
-    auto font = fonts.Font(Cubic(GetParam().path, GetParam().advanceOfA));
-    const auto remarks = fonts.Finish();
-    EXPECT_TRUE(Descendant(font).getKey("/FontDescriptor").hasKey(GetParam().file));
-    EXPECT_EQ(CodeMap(font), GetParam().codes);
-    ASSERT_EQ(remarks.size(), *GetParam().remark == 0 ? 0U : 1U);
-    EXPECT_EQ(remarks.empty() ? "" : remarks.front(), GetParam().remark);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Files, CubicFonts,
-    testing::Values(CubicRow{"Same", kCubic, 740, "/FontFile3", "<41> 2\n<42> 1\n", ""},
-                    CubicRow{"Other", kCubic, 741, "/FontFile2", "<41> 1\n<42> 2\n",
-                             "The curves of the font Gothic come near to its own only: its file has changed"},
-                    CubicRow{"Gone", "/nowhere/x.otf", 740, "/FontFile2", "<41> 1\n<42> 2\n",
-                             "The curves of the font Gothic come near to its own only: No such file or directory"},
-                    CubicRow{"NoFont", "/etc/passwd", 740, "/FontFile2", "<41> 1\n<42> 2\n",
-                             "The curves of the font Gothic come near to its own only: it holds no CFF table"},
-                    CubicRow{"OfQuadraticCurves", "/usr/share/fonts/truetype/liberation/LiberationSans-Regular.ttf",
-                             740, "/FontFile2", "<41> 1\n<42> 2\n",
-                             "The curves of the font Gothic come near to its own only: it holds no CFF table"}),
-    [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(Fonts, ThatCantBeReadAreRefused)
 {

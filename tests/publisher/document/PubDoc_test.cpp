@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "publisher/PublisherStand.h"
 
+#include <cmath>
 #include <filesystem>
 #include <limits>
 #include <sys/stat.h>

@@ -23,6 +23,7 @@ Subsetter Load()
     library.Find(hb.subsetInputDestroy, "hb_subset_input_destroy");
     library.Find(hb.subsetInputGlyphSet, "hb_subset_input_glyph_set");
     library.Find(hb.subsetInputSet, "hb_subset_input_set");
+    library.Find(hb.subsetInputSetFlags, "hb_subset_input_set_flags");
     library.Find(hb.subsetPlanCreateOrFail, "hb_subset_plan_create_or_fail");
     library.Find(hb.subsetPlanDestroy, "hb_subset_plan_destroy");
     library.Find(hb.subsetPlanExecuteOrFail, "hb_subset_plan_execute_or_fail");

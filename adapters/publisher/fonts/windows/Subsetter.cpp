@@ -20,6 +20,7 @@ const Subsetter& Subsetter::Loaded()
         hb_subset_input_destroy,
         hb_subset_input_glyph_set,
         hb_subset_input_set,
+        hb_subset_input_set_flags,
         hb_subset_plan_create_or_fail,
         hb_subset_plan_destroy,
         hb_subset_plan_execute_or_fail,

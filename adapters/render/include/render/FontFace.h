@@ -30,6 +30,8 @@ struct GlyphContours {
 struct FontFile {
     std::string path;
     int index = 0; ///< of a collection's fonts
+    /// Its own curves are of third degree, so that the contours only come near to them.
+    bool isCubic = false;
 };
 
 /// Owned by the text engine; lives as long as it does.
@@ -43,9 +45,9 @@ public:
     [[nodiscard]] virtual std::uint16_t UnitsPerEm() const = 0;
     [[nodiscard]] virtual std::uint16_t Advance(std::uint32_t glyph) const = 0; ///< font units
     virtual void Contours(std::uint32_t glyph, GlyphContours& out) const = 0;   ///< cleared first; none when stroked
-    /// The file whose own curves are of third degree (an OpenType font with a CFF table and named glyphs), so that the
-    /// contours only come near to them; null for all others.
-    [[nodiscard]] virtual const FontFile* CubicFile() const { return nullptr; }
+    /// The TrueType or OpenType file that a part with these glyphs, by the same numbers, can be taken from; null when
+    /// there is none, or its glyphs have CIDs in place of names or variations.
+    [[nodiscard]] virtual const FontFile* File() const { return nullptr; }
     virtual void Outline(std::uint32_t glyph, Path& out) const = 0; ///< em; cleared first
 };
 
