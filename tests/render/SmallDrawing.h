@@ -69,6 +69,7 @@ struct SmallScene {
     bool marks = false;
     const PlotStyleTable* plotStyles = nullptr;
     bool everyLayer = false;
+    std::uint64_t expansion = 0;
 };
 
 struct Drawn {
@@ -115,6 +116,7 @@ inline Drawn Render(const SmallDrawing& small, const SmallScene& look = {})
     scene.viewportBorders = look.viewportBorders;
     scene.plotStyles = look.plotStyles;
     scene.everyLayer = look.everyLayer;
+    scene.expansion = look.expansion;
     RecordingCanvas canvas(look.marks);
     FakeTextEngine text;
     RenderReport report(*drawing);

@@ -77,6 +77,17 @@ void DrawTextPath(PaintContext& context, const Path& path, const Matrix2& plane,
     context.ink.Stroke(context.path, pen);
 }
 
+/// Of laying it out.
+std::uint64_t CostOf(const LaidText& text)
+{
+    constexpr std::uint64_t kLettersAStep = 4;
+    std::uint64_t letters = 0;
+    for (const GlyphPart& part : text.glyphs) {
+        letters += part.run.positions.size();
+    }
+    return letters / kLettersAStep;
+}
+
 void DrawRun(PaintContext& context, const TextRun& from, const Matrix2& plane, std::uint32_t color)
 {
     TextRun& run = context.run;
@@ -112,6 +123,7 @@ void DrawLaidText(PaintContext& context, const LaidText& text, const Matrix2& pl
 {
     context.outline.Clear();
     AppendCorners(context.outline, text.outline, plane);
+    context.Spend(CostOf(text));
     if (context.options.boxesOnly) {
         context.ink.Fill(context.outline, context.style.color, FillRule::NonZero);
         return;

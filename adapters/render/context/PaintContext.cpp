@@ -13,9 +13,16 @@ namespace {
 
 // What inserts may unfold to in all: enough for any real sheet, and over in seconds where a file asks for more.
 constexpr std::uint64_t kLargestExpansion = 2'000'000;
-constexpr std::uint64_t kExpansionPerEntity = 8;
-
 constexpr std::size_t kDeepestNesting = 64;
+
+std::shared_ptr<WorkBudget> BudgetOf(const drawing::Drawing& drawing, const PaintOptions& options)
+{
+    constexpr std::uint64_t kStepsPerEntity = 100;
+    if (options.expansion != 0) {
+        return std::make_shared<WorkBudget>(options.expansion, kStepsPerEntity * options.expansion);
+    }
+    return std::make_shared<WorkBudget>(kLargestExpansion + kExpansionPerEntity * drawing.EntityCount());
+}
 
 } // namespace
 
@@ -23,8 +30,7 @@ PaintContext::PaintContext(const drawing::Drawing& drawingToPaint, ICanvas& canv
                            RenderReport* runReport, const Box2& clip, const PaintOptions& runOptions, bool hide)
     : drawing(drawingToPaint), text(textEngine), report(runReport), options(runOptions), hideLayers(hide),
       ink(canvas, clip), ownLayers(drawing, {}, hide && !options.everyLayer), layers(&ownLayers),
-      budget(options.expansion != 0 ? options.expansion
-                                    : kLargestExpansion + kExpansionPerEntity * drawing.EntityCount())
+      budget(options.budget != nullptr ? options.budget : BudgetOf(drawing, options))
 {
     for (const drawing::Linetype& linetype : drawing.Linetypes()) {
         m_patterns.push_back(MakeDashPattern(linetype, CanDrawSymbols(linetype)));

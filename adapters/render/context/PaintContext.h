@@ -4,6 +4,7 @@
 #pragma once
 
 #include "context/PaintOptions.h"
+#include "context/WorkBudget.h"
 #include "fonts/ShapeLibrary.h"
 #include "ink/Ink.h"
 #include "render/FrontEnd.h"
@@ -63,7 +64,7 @@ struct PaintContext {
 
     // Where the run stands.
     std::vector<std::uint32_t> openBlocks; ///< the space first
-    std::uint64_t budget;                  ///< entities that blocks may still unfold to
+    std::shared_ptr<WorkBudget> budget;    ///< never null
     std::uint64_t insert = 0;              ///< handle of the insert whose block is painted next
 
     [[nodiscard]] bool Hidden(const drawing::Entity& entity, const Frame& in) const;
@@ -79,6 +80,8 @@ struct PaintContext {
     /// False, and a remark made, for a block that is missing or holds itself.
     [[nodiscard]] bool CanEnter(std::uint32_t block);
     void Remark(std::string_view remark);
+    /// Steps of the work on the entity at hand, beside those that its ink takes; see WorkBudget.
+    void Spend(std::uint64_t steps) { ink.AddSteps(steps); }
     /// Tells that a view asks for hidden lines, where the drawing holds anything that would hide some.
     void RemarkHiddenLines();
     [[nodiscard]] References& Referenced();

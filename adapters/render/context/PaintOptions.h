@@ -7,10 +7,12 @@
 #include "render/Style.h"
 
 #include <atomic>
+#include <memory>
 
 namespace sm::render {
 
 class PlotPens;
+class WorkBudget;
 
 /// How the entities of one block land on the sheet, and what they take over from their insert.
 struct Frame {
@@ -33,6 +35,7 @@ struct PaintOptions {
     double dotsPerMillimetre = 24;           ///< finer pictures are made coarser
     const std::atomic<bool>* stop = nullptr; ///< once true, no further entity is begun
     std::uint64_t expansion = 0;             ///< as in Scene
+    std::shared_ptr<WorkBudget> budget;      ///< of the run that this one is a part of; null: one of its own
     bool boxesOnly = false;                  ///< text and viewports as their outlines, continuous lines: for bounds
 };
 

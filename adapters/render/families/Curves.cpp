@@ -111,6 +111,14 @@ private:
     bool Draw(const drawing::SplineData& spline, drawing::EntityKind /*kind*/) override;
 };
 
+/// Curves of a high degree take long for few lines.
+std::uint64_t CostOf(const drawing::SplineData& spline)
+{
+    constexpr std::uint64_t kCheap = 256, kHighest = 100;
+    const auto degree = static_cast<std::uint64_t>(std::clamp<std::int64_t>(spline.degree, 0, kHighest));
+    return spline.controlPoints.size() * degree * degree / kCheap;
+}
+
 bool Splines::Draw(const drawing::SplineData& spline, drawing::EntityKind)
 {
     std::vector<Vec2> points;
@@ -121,6 +129,7 @@ bool Splines::Draw(const drawing::SplineData& spline, drawing::EntityKind)
         }
     };
     project(spline.controlPoints);
+    m_context.Spend(CostOf(spline));
     if (!AppendNurbs(m_path, {spline.degree, points, spline.knots, spline.weights})) {
         project(spline.fitPoints);
         FitTangents tangents;

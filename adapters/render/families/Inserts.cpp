@@ -89,7 +89,7 @@ Outcome Inserts::PaintCopies(const drawing::InsertData& insert, const std::vecto
             m_context.insert = insert.handle;
             best = std::max(best, clip.empty() ? m_walk.PaintBlock(insert.block, inner)
                                                : PaintClipped(insert.block, clip, inner));
-            if (m_context.budget == 0) {
+            if (m_context.budget->IsSpent()) {
                 return best;
             }
         }

@@ -65,8 +65,12 @@ void Ink::Announce()
 
 bool Ink::Shows(const Path& path, double margin)
 {
+    constexpr std::size_t kCheaper = 8; // off the page
     m_hull = HullOf(path);
-    return path.verbs.size() > 1 && IsFinite(path) && (!m_bounded || Overlaps(m_hull, Grown(m_clip, margin)));
+    const bool shows =
+        path.verbs.size() > 1 && IsFinite(path) && (!m_bounded || Overlaps(m_hull, Grown(m_clip, margin)));
+    m_steps += shows ? path.verbs.size() : path.verbs.size() / kCheaper;
+    return shows;
 }
 
 void Ink::Stroke(const Path& path, const Pen& pen, std::span<const std::uint32_t> breaks)
@@ -90,6 +94,7 @@ void Ink::Stroke(const Path& path, const Pen& pen, std::span<const std::uint32_t
     } else {
         AppendClipped(path, visible, m_cut);
     }
+    m_steps += m_cut.verbs.size();
     if (!m_cut.Empty()) {
         Announce();
         m_canvas.Course(path);
@@ -121,6 +126,7 @@ void Ink::Text(const TextRun& run, const Path& outline)
     const bool finite = std::isfinite(m.a + m.b + m.c + m.d + m.e + m.f);
     if (finite && Shows(outline, run.penWidth)) {
         Announce();
+        m_steps += run.glyphs.size();
         m_canvas.Text(run);
     }
 }

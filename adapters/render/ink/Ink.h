@@ -6,7 +6,9 @@
 #include "ink/Dasher.h"
 #include "render/Canvas.h"
 
+#include <cstdint>
 #include <span>
+#include <utility>
 
 namespace sm::render {
 
@@ -38,6 +40,11 @@ public:
     void Text(const TextRun& run, const Path& outline);
     void Image(const Picture& picture, const Matrix2& toPaper, std::uint32_t color);
 
+    /// Verbs of paths and letters that came along since the last call, and those that line types made of them; what
+    /// lies off the page costs less.
+    void AddSteps(std::uint64_t steps) { m_steps += steps; }
+    [[nodiscard]] std::uint64_t TakeSteps() { return std::exchange(m_steps, 0); }
+
     [[nodiscard]] ICanvas& Canvas() { return m_canvas; }
 
     [[nodiscard]] const Box2& Clip() const { return m_clip; }
@@ -68,6 +75,7 @@ private:
     EntityMark m_mark;
     bool m_announced = false;
     Box2 m_hull; ///< of the path last looked at
+    std::uint64_t m_steps = 0;
     Dasher m_dasher;
     Path m_cut;
 };

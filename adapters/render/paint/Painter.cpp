@@ -45,6 +45,18 @@ Outcome Painter::Dispatch(const drawing::EntityRecord& record, const Frame& fram
     return &painter == &graphics ? outcome : std::max(outcome, graphics.Paint(record, frame));
 }
 
+Outcome Painter::DispatchWithin(const drawing::EntityRecord& record, const Frame& frame)
+{
+    if (!m_context.budget->HasSteps()) {
+        return Outcome::NotDrawn;
+    }
+    const Outcome outcome = Dispatch(record, frame);
+    if (!m_context.budget->TakeSteps(m_context.ink.TakeSteps(), record.length)) {
+        m_context.Remark(kTooMuchWork);
+    }
+    return outcome;
+}
+
 bool Painter::LacksScale(const drawing::EntityRecord& record)
 {
     using OtherScales = PaintContext::OtherScales;
@@ -64,7 +76,7 @@ Outcome Painter::PaintPart(const drawing::EntityRecord& record, const Frame& fra
         if (LacksScale(record)) {
             return Outcome::Hidden;
         }
-        return Dispatch(record, frame);
+        return DispatchWithin(record, frame);
     } catch (...) { // one entity that can't be drawn never ends the drawing
         m_context.ink.End();
         m_context.Remark("an entity gave up half-way");
@@ -130,20 +142,17 @@ Outcome Painter::PaintBlock(std::uint32_t block, const Frame& frame)
     if (References::Xref* const xref = references.IsXref(block) ? references.XrefOf(block) : nullptr) {
         return PaintXref(*xref, frame);
     }
-    // An empty block costs something as well.
-    const std::uint64_t count = m_context.drawing.EntitiesOf(block).size() + 1;
-    return TakeFromBudget(count) ? PaintAll(block, frame) : Outcome::NotDrawn;
+    const WorkBudget::Inside inside(*m_context.budget);
+    return TakeFromBudget(m_context.drawing.EntitiesOf(block).size()) ? PaintAll(block, frame) : Outcome::NotDrawn;
 }
 
 bool Painter::TakeFromBudget(std::uint64_t entities)
 {
-    if (m_context.budget <= entities) {
-        m_context.budget = 0;
+    const bool enough = m_context.budget->TakeEntities(entities + 1); // an empty block costs something as well
+    if (!enough) {
         m_context.Remark(kTooManyEntities);
-        return false;
     }
-    m_context.budget -= entities;
-    return true;
+    return enough;
 }
 
 // A painter of its own draws the other file, with the layers as this drawing shows them.
@@ -153,10 +162,14 @@ Outcome Painter::PaintXref(References::Xref& xref, const Frame& frame)
     if (xref.space >= xref.file->Blocks().size() || (ink.Bounded() && ink.Clip().Empty())) {
         return Outcome::OffPage;
     }
-    if (!TakeFromBudget(xref.file->EntityCount() + 1)) {
+    const std::uint64_t count = xref.file->EntityCount();
+    m_context.budget->Grant(&xref, kExpansionPerEntity * count);
+    if (!TakeFromBudget(count)) {
         return Outcome::NotDrawn;
     }
+    const WorkBudget::Inside inside(*m_context.budget);
     PaintOptions options = m_context.options;
+    options.budget = m_context.budget;
     options.references = xref.references.get();
     options.paperSpace = false;
     Painter painter(*xref.file, ink.Canvas(), m_context.text, m_context.report != nullptr ? xref.report.get() : nullptr,
@@ -174,6 +187,7 @@ bool Painter::CatchPath(const drawing::EntityRecord& record, const Frame& frame,
     PaintOptions options = m_context.options;
     options.boxesOnly = true;
     options.lineweights = false;
+    options.budget = m_context.budget;
     Painter painter(m_context.drawing, catcher, m_context.text, nullptr, Box2{}, options, false);
     painter.PaintEntity(record, frame);
     return path.verbs.size() > 1;

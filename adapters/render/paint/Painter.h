@@ -38,6 +38,7 @@ private:
     bool LacksScale(const drawing::EntityRecord& record);
     Outcome Dispatch(const drawing::EntityRecord& record, const Frame& frame);
     [[nodiscard]] EntityPainter& PainterOf(drawing::EntityKind kind);
+    Outcome DispatchWithin(const drawing::EntityRecord& record, const Frame& frame);
     bool TakeFromBudget(std::uint64_t entities);
     Outcome PaintXref(References::Xref& xref, const Frame& frame);
 

@@ -49,9 +49,9 @@ bool ShowsOnPaper(const NotDrawn& kind)
 bool IsOfAnotherPage(std::string_view remark)
 {
     return std::ranges::any_of(std::initializer_list<std::string_view>{render::kMissingCharacters,
-                                                                       render::kTooManyEntities, cadhost::kNoStyleTable,
-                                                                       cadhost::kWithoutStyles, cadhost::kBlankPage,
-                                                                       cadhost::kCutSheet},
+                                                                       render::kTooManyEntities, render::kTooMuchWork,
+                                                                       cadhost::kNoStyleTable, cadhost::kWithoutStyles,
+                                                                       cadhost::kBlankPage, cadhost::kCutSheet},
                                [&](std::string_view part) { return remark.find(part) != std::string_view::npos; });
 }
 

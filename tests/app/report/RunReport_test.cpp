@@ -240,12 +240,13 @@ TEST(RunReport, AFileThatIsNotAttachedFailsAStrictRun)
 
 TEST(RunReport, WhatIsMissingBesideThatFailsAStrictRun)
 {
-    DrawingReport mark, log, entities, other;
+    DrawingReport mark, log, entities, work, other;
     mark.marksLost = {"the stamp \"DRAFT\""};
     log.logLost = true;
     entities.remarks = {"blocks unfold to too many entities, the rest left out"};
+    work.remarks = {"entities unfold to more lines than a sheet can hold, the rest left out"};
     other.remarks = {"a hatch pattern too dense for paper thinned out"};
-    for (const DrawingReport& report : {mark, log, entities}) {
+    for (const DrawingReport& report : {mark, log, entities, work}) {
         EXPECT_EQ(ExitCodeOf({report}, false), 0);
         EXPECT_EQ(ExitCodeOf({report}, true), 1);
     }

@@ -71,7 +71,8 @@ struct Scene {
     References* references = nullptr;           ///< kept over several scenes; null: made for this one
     double resolution = 600;                    ///< dots per inch of the sheet: finer pictures are made coarser
     const std::atomic<bool>* stop = nullptr;    ///< once true, no further entity is begun
-    std::uint64_t expansion = 0; ///< entities that inserts may unfold to in all; 0: more than any real sheet holds
+    /// Entities that inserts may unfold to in all, of a hundred lines each; 0: more than any real sheet holds.
+    std::uint64_t expansion = 0;
 };
 
 void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderReport& report);

@@ -5,5 +5,6 @@
 namespace sm::render {
 
 inline constexpr const char* kTooManyEntities = "blocks unfold to too many entities, the rest left out";
+inline constexpr const char* kTooMuchWork = "entities unfold to more lines than a sheet can hold, the rest left out";
 
 } // namespace sm::render
