@@ -5,7 +5,7 @@
 
 namespace sm::drawing {
 
-HatchReader::HatchReader(HatchData& data, EntityKind kind) : m_data(data), m_kind(kind)
+HatchReader::HatchReader(HatchData& data) : m_data(data)
 {
     HatchData kept = std::move(data);
     data = {};
@@ -220,7 +220,7 @@ void HatchReader::Finish()
 
 void Read(const Drawing& drawing, const EntityRecord& record, HatchData& data)
 {
-    HatchReader reader(data, record.kind);
+    HatchReader reader(data);
     EntityTags tags(drawing.Tags(), record);
     while (tags.Next())
         reader.Take(tags);

@@ -10,7 +10,7 @@ namespace sm::drawing {
 /// Fills a HatchData that may have been used before: its lists keep their memory.
 class HatchReader {
 public:
-    HatchReader(HatchData& data, EntityKind kind);
+    explicit HatchReader(HatchData& data);
     void Take(const EntityTags& tags);
     void Finish();
 
@@ -28,7 +28,6 @@ private:
     void EndPath();
 
     HatchData& m_data;
-    EntityKind m_kind;
     std::size_t m_paths = 0, m_edges = 0;
     Part m_part = Part::Head;
 };
