@@ -47,6 +47,8 @@ bool KeepUsersFolder(CallContext& context, const std::string& folder, const std:
     Save(context, kSavedPlotterFolder, folder);
     if (Saved(context, kSavedPlotterFolder) == folder)
         return true;
+    // What is stored in its place, perhaps its letters with some of them replaced, must never become the host's folder.
+    Save(context, kSavedPlotterFolder, "");
     context.surroundings.observer.CarriedPast(
         "SetPlotterPath",
         "the user's settings don't keep the plotter folder in force, which couldn't be put back then");

@@ -39,7 +39,8 @@ public:
                           std::uint32_t byteCount) = 0;
     virtual bool CloseKey(RegistryKey key) = 0;
 
-    /// UTF-8 text as the bytes that values of type String hold (the ANSI code page on Windows), and back.
+    /// UTF-8 text as the bytes that values of type String hold (the ANSI code page on Windows), and back. A text that
+    /// the encoding can't hold may get bytes of the registry's own making, which it stores and gives back as the text.
     virtual std::string Encode(const std::string& utf8) = 0;
     virtual std::string Decode(const std::string& bytes) = 0;
 };

@@ -136,6 +136,23 @@ TEST_F(PostScriptDriver, AFolderThatCannotBeNotedIsNotSwitched)
     EXPECT_EQ(host.facts.PrinterConfigPath, kUsersPlotters);
 }
 
+TEST_F(PostScriptDriver, AFolderThatTheRegistryDamagesIsNeitherSwitchedNorPutBack)
+{
+    const std::string folder = "C:\\Users\\\xe5\x9b\xbd\xe5\xae\xb6\\Plotters";
+    registry.codePage = {{"\xe5\x9b\xbd", "?"}, {"\xe5\xae\xb6", "?"}}; // as a code page without them does
+    PutPending("D:\\Plotters");
+    host.facts.PrinterConfigPath = folder;
+    EXPECT_EQ(SetPlotterPath(context), -1);
+    EXPECT_EQ(Log(), (Lines{"  Original Profile Name: Unnamed Profile", "  Original PrinterConfigPath: " + folder,
+                            "  Set PrinterConfigPath To: C:\\Program Files\\Tarnwick\\PC3",
+                            "  ERROR: Could not set Plotter Path."}));
+    EXPECT_EQ(PendingFolder(), "");
+    EXPECT_EQ(ResetPlotterPath(context), 0);
+    EXPECT_EQ(Log(), (Lines{"  OK: Plotter Already Reset"}));
+    EXPECT_EQ(host.facts.PrinterConfigPath, folder);
+    EXPECT_EQ(host.tape.CallsOf("Preferences.SetPrinterConfigPath"), Lines{});
+}
+
 TEST_F(PostScriptDriver, AnInterruptedRunKeepsTheUsersOwnFolderWaiting)
 {
     PutPending("D:\\Plotters");

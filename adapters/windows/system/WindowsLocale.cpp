@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/automation/WideText.h"
+#include "windows/system/CodePages.h"
 #include "windows/system/WindowsSystem.h"
 
 #include <windows.h>
@@ -64,7 +65,8 @@ std::int32_t WindowsLocale::AnsiCode(char32_t character)
     const auto wide = static_cast<wchar_t>(character);
     char bytes[4] = {};
     BOOL replaced = FALSE;
-    const int length = WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, &wide, 1, bytes, 4, nullptr, &replaced);
+    const int length =
+        WideCharToMultiByte(LetterCodePage(GetACP()), WC_NO_BEST_FIT_CHARS, &wide, 1, bytes, 4, nullptr, &replaced);
     if (replaced != FALSE || length < 1)
         return kNoSuchCharacter;
     const auto first = static_cast<unsigned char>(bytes[0]);

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ports/RegistryKeys.h"
 #include "windows/automation/WideText.h"
+#include "windows/system/CodePages.h"
 #include "windows/system/WindowsSystem.h"
 
 #include <windows.h>
 
+#include <algorithm>
 #include <cstring>
+#include <string_view>
 
 namespace sm::windows {
 namespace {
@@ -18,8 +21,9 @@ HKEY RootKey(RegistryRoot root)
 /// What the installer writes for the machine; who installs for one user alone may write it only there.
 bool IsInstallFact(RegistryRoot root, const std::string& path)
 {
-    const std::string maker = std::string(kMakerKey) + "\\";
-    return root == RegistryRoot::LocalMachine && _strnicmp(path.c_str(), maker.c_str(), maker.size()) == 0;
+    constexpr std::string_view maker = kMakerKey;
+    return root == RegistryRoot::LocalMachine && path.size() > maker.size() && path[maker.size()] == '\\' &&
+           _strnicmp(path.c_str(), maker.data(), maker.size()) == 0;
 }
 
 RegistryKey FromHandle(HKEY handle)
@@ -32,14 +36,43 @@ HKEY ToHandle(RegistryKey key)
     return reinterpret_cast<HKEY>(key);
 }
 
+LSTATUS OpenExisting(HKEY root, const std::string& path, HKEY* key)
+{
+    const std::string name = BytesOf(Wide(path), GetACP());
+    return IsBeyondCodePage(name) ? RegOpenKeyW(root, Wide(path).c_str(), key) : RegOpenKeyA(root, name.c_str(), key);
+}
+
+LSTATUS OpenOrMake(HKEY root, const std::string& path, HKEY* key)
+{
+    const std::string name = BytesOf(Wide(path), GetACP());
+    return IsBeyondCodePage(name) ? RegCreateKeyW(root, Wide(path).c_str(), key)
+                                  : RegCreateKeyA(root, name.c_str(), key);
+}
+
+/// A text as it is stored, whatever the code page; nothing when the value isn't one.
+std::optional<std::wstring> StoredText(HKEY key, const std::wstring& name)
+{
+    std::wstring text(MAX_PATH, L'\0');
+    DWORD type = REG_NONE, size = 0;
+    LSTATUS read = ERROR_MORE_DATA;
+    while (read == ERROR_MORE_DATA) {
+        text.resize(std::max<std::size_t>(text.size(), size / sizeof(wchar_t) + 1));
+        size = static_cast<DWORD>(text.size() * sizeof(wchar_t));
+        read = RegQueryValueExW(key, name.c_str(), nullptr, &type, reinterpret_cast<BYTE*>(text.data()), &size);
+    }
+    if (read != ERROR_SUCCESS || type != REG_SZ)
+        return std::nullopt;
+    text.resize(size / sizeof(wchar_t));
+    return text;
+}
+
 class WindowsRegistry final : public IRegistry {
 public:
     std::optional<RegistryKey> OpenKey(RegistryRoot root, const std::string& path) override
     {
         HKEY key = nullptr;
-        const std::string name = Encode(path);
-        if (RegOpenKeyA(RootKey(root), name.c_str(), &key) == ERROR_SUCCESS ||
-            (IsInstallFact(root, name) && RegOpenKeyA(HKEY_CURRENT_USER, name.c_str(), &key) == ERROR_SUCCESS))
+        if (OpenExisting(RootKey(root), path, &key) == ERROR_SUCCESS ||
+            (IsInstallFact(root, path) && OpenExisting(HKEY_CURRENT_USER, path, &key) == ERROR_SUCCESS))
             return FromHandle(key);
         return std::nullopt;
     }
@@ -47,7 +80,7 @@ public:
     std::optional<RegistryKey> CreateKey(RegistryRoot root, const std::string& path) override
     {
         HKEY key = nullptr;
-        if (RegCreateKeyA(RootKey(root), Encode(path).c_str(), &key) != ERROR_SUCCESS)
+        if (OpenOrMake(RootKey(root), path, &key) != ERROR_SUCCESS)
             return std::nullopt;
         return FromHandle(key);
     }
@@ -56,17 +89,22 @@ public:
     bool QueryValue(RegistryKey key, const std::string& name, std::string& buffer) override;
 
     bool SetValue(RegistryKey key, const std::string& name, RegistryType type, const std::string& data,
-                  std::uint32_t byteCount) override
-    {
-        return byteCount <= data.size() &&
-               RegSetValueExA(ToHandle(key), Encode(name).c_str(), 0, static_cast<DWORD>(type),
-                              reinterpret_cast<const BYTE*>(data.c_str()), byteCount) == ERROR_SUCCESS;
-    }
+                  std::uint32_t byteCount) override;
 
     bool CloseKey(RegistryKey key) override { return RegCloseKey(ToHandle(key)) == ERROR_SUCCESS; }
 
-    std::string Encode(const std::string& utf8) override;
-    std::string Decode(const std::string& bytes) override;
+    std::string Encode(const std::string& utf8) override { return BytesOf(Wide(utf8), GetACP()); }
+    std::string Decode(const std::string& bytes) override { return Utf8(TextOfBytes(bytes, GetACP())); }
+
+private:
+    /// The bytes of a text that the code page can't hold: the functions of the code page give it with characters
+    /// replaced, and don't say so. Nothing for every other value.
+    static std::optional<std::string> WholeText(RegistryKey key, const std::string& name)
+    {
+        const auto text = StoredText(ToHandle(key), Wide(name));
+        std::string bytes = text ? BytesOf(*text, GetACP()) : std::string();
+        return IsBeyondCodePage(bytes) ? std::optional(std::move(bytes)) : std::nullopt;
+    }
 };
 
 std::optional<RegistryValueInfo> WindowsRegistry::QueryInfo(RegistryKey key, const std::string& name)
@@ -74,11 +112,19 @@ std::optional<RegistryValueInfo> WindowsRegistry::QueryInfo(RegistryKey key, con
     DWORD type = 0, size = 0;
     if (RegQueryValueExA(ToHandle(key), Encode(name).c_str(), nullptr, &type, nullptr, &size) != ERROR_SUCCESS)
         return std::nullopt;
+    if (const auto whole = WholeText(key, name))
+        size = static_cast<DWORD>(whole->size());
     return RegistryValueInfo{static_cast<RegistryType>(type), size};
 }
 
 bool WindowsRegistry::QueryValue(RegistryKey key, const std::string& name, std::string& buffer)
 {
+    if (const auto whole = WholeText(key, name)) {
+        if (whole->size() > buffer.size())
+            return false;
+        buffer.replace(0, whole->size(), *whole);
+        return true;
+    }
     // A value that doesn't fit may have been written in part.
     std::string read = buffer;
     auto size = static_cast<DWORD>(read.size());
@@ -89,24 +135,19 @@ bool WindowsRegistry::QueryValue(RegistryKey key, const std::string& name, std::
     return true;
 }
 
-std::string WindowsRegistry::Encode(const std::string& utf8)
+bool WindowsRegistry::SetValue(RegistryKey key, const std::string& name, RegistryType type, const std::string& data,
+                               std::uint32_t byteCount)
 {
-    const std::wstring wide = Wide(utf8);
-    const int length = static_cast<int>(wide.size());
-    std::string bytes(
-        static_cast<std::size_t>(WideCharToMultiByte(CP_ACP, 0, wide.data(), length, nullptr, 0, nullptr, nullptr)),
-        '\0');
-    WideCharToMultiByte(CP_ACP, 0, wide.data(), length, bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr);
-    return bytes;
-}
-
-std::string WindowsRegistry::Decode(const std::string& bytes)
-{
-    const int length = static_cast<int>(bytes.size());
-    std::wstring wide(static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0)),
-                      L'\0');
-    MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, wide.data(), static_cast<int>(wide.size()));
-    return Utf8(wide);
+    if (byteCount > data.size())
+        return false;
+    const std::string_view given(data.data(), byteCount);
+    if (type == RegistryType::String && IsBeyondCodePage(given)) {
+        const std::wstring text = TextOfBytes(given, GetACP());
+        return RegSetValueExW(ToHandle(key), Wide(name).c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
+                              static_cast<DWORD>(text.size() * sizeof(wchar_t))) == ERROR_SUCCESS;
+    }
+    return RegSetValueExA(ToHandle(key), Encode(name).c_str(), 0, static_cast<DWORD>(type),
+                          reinterpret_cast<const BYTE*>(data.c_str()), byteCount) == ERROR_SUCCESS;
 }
 
 } // namespace

@@ -13,9 +13,10 @@
 
 namespace sm::windows {
 
-/// By the functions of the ANSI code page. A key that was opened stays open until it is closed; a text that is written
-/// whole, without its terminator, is stored with one. The product's own machine-wide keys are looked for under the
-/// user's root when the machine has none, for an installation that is one user's.
+/// By the functions of the ANSI code page, texts that it can't hold by those of UTF-16, so that they stay whole; the
+/// bytes that stand for such a text here are of no code page. A key that was opened stays open until it is closed; a
+/// text that is written whole, without its terminator, is stored with one. The product's own machine-wide keys are
+/// looked for under the user's root when the machine has none, for an installation that is one user's.
 std::unique_ptr<IRegistry> CreateRegistry();
 
 /// By the "Scripting.FileSystemObject", which is made on first use; without it nothing exists. Needs COM on the thread.

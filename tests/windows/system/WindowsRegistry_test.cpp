@@ -2,6 +2,8 @@
 #include "doubles/RegistryContract.h"
 
 #include "../HandleCount.h"
+#include "settings/mdlWinReg.h"
+#include "windows/automation/WideText.h"
 #include "windows/system/WindowsSystem.h"
 
 namespace sm::windows {
@@ -48,8 +50,57 @@ TEST(WindowsRegistry, StoresTextsInTheAnsiCodePage)
                                "1\x80"),
               "\xc3\x9c"
               "1\xe2\x82\xac");
-    EXPECT_EQ(registry->Encode("\xe5\x9b\xbd"), "?");
     EXPECT_EQ(registry->Encode(""), "");
+}
+
+/// Texts that the code page of the tests' Wine, 1252, can't hold: the second would become "L".
+const char *const kPlotters = "C:\\Users\\\xe5\x9b\xbd\\Plotters", *const kSettings = "C:\\Users\\\xc5\x81ukasz";
+
+/// What stands in the registry, with its terminators.
+std::wstring Stored(const wchar_t* name)
+{
+    wchar_t text[80] = {};
+    DWORD type = REG_NONE, size = sizeof text;
+    RegGetValueW(HKEY_CURRENT_USER, L"Software\\Product", name, RRF_RT_REG_SZ, &type, text, &size);
+    return {text, size / sizeof(wchar_t)};
+}
+
+TEST(WindowsRegistry, KeepsTextsWholeThatTheCodePageCannotHold)
+{
+    const auto registry = Fresh();
+    for (const std::string text : {kPlotters, kSettings}) {
+        ASSERT_TRUE(RegWriteString(*registry, kUser, "Software\\Product", "Folder", text));
+        EXPECT_EQ(Stored(L"Folder"), Wide(text) + L'\0');
+        EXPECT_EQ(RegReadString(*registry, kUser, "Software\\Product", "Folder"), text);
+    }
+    const std::string key = "Software\\Product\\\xe5\x9b\xbd";
+    EXPECT_EQ(RegReadString(*registry, kUser, key, "Folder"), std::nullopt);
+    ASSERT_TRUE(RegWriteString(*registry, kUser, key, "Folder", "D:\\"));
+    EXPECT_EQ(RegReadString(*registry, kUser, key, "Folder"), "D:\\");
+}
+
+TEST(WindowsRegistry, ReadsLongTextsWhole)
+{
+    const auto registry = Fresh();
+    std::string text;
+    for (int i = 0; i < 200; ++i)
+        text += kSettings;
+    ASSERT_TRUE(RegWriteString(*registry, kUser, "Software\\Product", "Folder", text));
+    EXPECT_EQ(RegReadString(*registry, kUser, "Software\\Product", "Folder"), text);
+}
+
+TEST(WindowsRegistry, GivesNoPartOfATextThatDoesNotFit)
+{
+    const auto registry = Fresh();
+    ASSERT_TRUE(RegWriteString(*registry, kUser, "Software\\Product", "Folder", kPlotters));
+    const auto key = registry->OpenKey(kUser, "Software\\Product");
+    ASSERT_TRUE(key);
+    const auto info = registry->QueryInfo(*key, "Folder");
+    ASSERT_TRUE(info);
+    std::string buffer(info->size - 1, ' ');
+    EXPECT_FALSE(registry->QueryValue(*key, "Folder", buffer));
+    EXPECT_EQ(buffer, std::string(info->size - 1, ' '));
+    EXPECT_TRUE(registry->CloseKey(*key));
 }
 
 TEST(WindowsRegistry, KeepsOneHandleForEachKeyThatIsNotClosed)
