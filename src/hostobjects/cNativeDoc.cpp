@@ -5,6 +5,7 @@
 #include "plugin/CallScope.h"
 #include "plugin/CarryPast.h"
 #include "plugin/Present.h"
+#include "plugin/RunTurn.h"
 #include "plugin/mdlAcadHelper.h"
 #include "settings/mdlDataKegIO.h"
 #include "settings/mdlUtilities.h"
@@ -13,6 +14,7 @@ namespace sm {
 
 namespace {
 
+/// The host can't be used: it isn't valid, or another conversion uses it.
 constexpr std::int32_t kInvalidHost = -4;
 
 } // namespace
@@ -33,6 +35,9 @@ std::int32_t cNativeDoc::INativeDoc_AddToPubDoc(const std::shared_ptr<IPubDoc>& 
                                                 VariantBool quiet, std::int32_t resolution,
                                                 const std::string& jobOptionsFile)
 {
+    const RunTurn turn(m_context, "AddToPubDoc");
+    if (!turn)
+        return kInvalidHost;
     const auto app = Ask([](IAcadDocument& doc) { return doc.Application(); }, std::shared_ptr<IAcadApplication>());
     if (!ValidateHost(m_context, quiet, app) || pubDoc == nullptr)
         return kInvalidHost;

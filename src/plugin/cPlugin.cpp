@@ -4,6 +4,7 @@
 #include "plugin/CallScope.h"
 #include "plugin/CarryPast.h"
 #include "plugin/ConvertToPdfDriver.h"
+#include "plugin/RunTurn.h"
 #include "plugin/mdlAcadHelper.h"
 #include "ports/IPubDoc.h"
 #include "ports/ISystem.h"
@@ -22,7 +23,8 @@ VariantBool cPlugin::IPlugin_Initialize(const std::shared_ptr<IAcadApplication>&
 
 void cPlugin::IPlugin_ConvertToPDF(std::int32_t hostValue)
 {
-    if (!ValidateHost(m_context, kFalse, m_AcadApp))
+    const RunTurn turn(m_context, "ConvertToPDF");
+    if (!turn || !ValidateHost(m_context, kFalse, m_AcadApp))
         return;
     const CallScope call(m_context, m_AcadApp, CallScope::ClearFirst::Log);
     ConvertActiveDrawing(hostValue);
@@ -30,7 +32,8 @@ void cPlugin::IPlugin_ConvertToPDF(std::int32_t hostValue)
 
 VariantBool cPlugin::IPlugin_ShowSettings(std::int32_t hostValue, std::int32_t /*second*/, std::int32_t /*third*/)
 {
-    if (!ValidateHost(m_context, kFalse, m_AcadApp))
+    const RunTurn turn(m_context, "ShowSettings");
+    if (!turn || !ValidateHost(m_context, kFalse, m_AcadApp))
         return kFalse;
     // The log opens before the dialog, so that the lines the dialog writes land in it.
     const CallScope call(m_context, m_AcadApp, CallScope::ClearFirst::Host);

@@ -8,7 +8,8 @@
 
 namespace sm {
 
-/// Holds the host application and nothing else; settings are read and written through on every call. Not re-entrant.
+/// Holds the host application and nothing else; settings are read and written through on every call. A conversion or a
+/// settings dialog that is asked for within another one on the same thread is turned away: nothing happens.
 class cPlugin final : public IPlugin {
 public:
     /// `context` is the program's one call context; it outlives the object.

@@ -140,7 +140,14 @@ public:
     std::vector<std::string> carriedPast; ///< "routine: description"
     std::vector<std::string> annotationsLost;
 
-    void Stage(const std::string& name) noexcept override { events.push_back("stage " + name); }
+    std::function<void(const std::string& name)> atStage; ///< called on every stage
+
+    void Stage(const std::string& name) noexcept override
+    {
+        events.push_back("stage " + name);
+        if (atStage)
+            atStage(name);
+    }
     void SheetBegins(const std::string& layoutName, std::int32_t index, std::int32_t count) noexcept override
     {
         events.push_back("sheet begins " + layoutName + " " + std::to_string(index) + "/" + std::to_string(count));

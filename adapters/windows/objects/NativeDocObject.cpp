@@ -3,7 +3,6 @@
 
 #include "windows/objects/Handed.h"
 #include "windows/objects/PageSetupObject.h"
-#include "windows/objects/Working.h"
 
 namespace sm::windows {
 
@@ -35,7 +34,6 @@ STDMETHODIMP NativeDocObject::AddToPubDoc(IDispatch** pubDoc, BSTR layoutName, V
                                           BSTR jobOptionsFile, LONG* status)
 {
     return Give(status, [&] {
-        const Working working(m_working);
         const auto handed = HandedPubDoc(pubDoc == nullptr ? nullptr : *pubDoc);
         return m_document.AddToPubDoc(handed, TextOf(layoutName), quiet, resolution, TextOf(jobOptionsFile));
     });

@@ -43,7 +43,6 @@ private:
 
     WindowsSurroundings m_surroundings;
     sm::cNativeDoc m_document{m_surroundings.Context()};
-    bool m_working = false;
 };
 
 } // namespace sm::windows

@@ -59,7 +59,8 @@ STDMETHODIMP PageSetupObject::ShowPageSetup()
 {
     return Guard([&] {
         const Working working(m_working);
-        m_setup->ShowPageSetup();
+        if (working)
+            m_setup->ShowPageSetup();
     });
 }
 

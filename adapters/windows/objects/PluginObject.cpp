@@ -2,7 +2,6 @@
 #include "windows/objects/PluginObject.h"
 
 #include "windows/objects/Handed.h"
-#include "windows/objects/Working.h"
 
 namespace sm::windows {
 
@@ -13,18 +12,12 @@ STDMETHODIMP PluginObject::Initialize(IDispatch* app, VARIANT_BOOL* taken)
 
 STDMETHODIMP PluginObject::ConvertToPDF(LONG hostValue)
 {
-    return Guard([&] {
-        const Working working(m_working);
-        m_plugin.ConvertToPDF(hostValue);
-    });
+    return Guard([&] { m_plugin.ConvertToPDF(hostValue); });
 }
 
 STDMETHODIMP PluginObject::ShowSettings(LONG hostValue, LONG second, LONG third, VARIANT_BOOL* result)
 {
-    return Give(result, [&] {
-        const Working working(m_working);
-        return m_plugin.ShowSettings(hostValue, second, third);
-    });
+    return Give(result, [&] { return m_plugin.ShowSettings(hostValue, second, third); });
 }
 
 STDMETHODIMP PluginObject::ShowLog()

@@ -37,7 +37,6 @@ private:
 
     WindowsSurroundings m_surroundings;
     sm::cPlugin m_plugin{m_surroundings.Context()};
-    bool m_working = false;
 };
 
 } // namespace sm::windows

@@ -1,27 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One piece of work at a time.
+// One dialog of an object at a time.
 #pragma once
 
-#include "windows/objects/CallGuard.h"
+#include <utility>
 
 namespace sm::windows {
 
-/// While a conversion waits for the host, its thread takes calls. One that would begin another piece of work on the
-/// same object is refused: throws BadArgument (RPC_E_CALL_REJECTED).
+/// While a dialog is shown, its thread takes calls. One that would show the same object's dialog once more finds it at
+/// work, and does nothing.
 class Working {
 public:
-    explicit Working(bool& flag) : m_flag(flag)
+    explicit Working(bool& flag) : m_flag(flag), m_begun(!std::exchange(flag, true)) {}
+    ~Working()
     {
-        if (flag)
-            throw BadArgument(RPC_E_CALL_REJECTED, "The object is at work already");
-        flag = true;
+        if (m_begun)
+            m_flag = false;
     }
-    ~Working() { m_flag = false; }
     Working(const Working&) = delete;
     Working& operator=(const Working&) = delete;
 
+    /// False: it was at work already.
+    explicit operator bool() const { return m_begun; }
+
 private:
     bool& m_flag;
+    bool m_begun;
 };
 
 } // namespace sm::windows

@@ -6,30 +6,98 @@
 #include "ScriptedObject.h"
 #include "SystemProgram.h"
 
+#include <functional>
 #include <optional>
 #include <thread>
+#include <tuple>
+#include <utility>
 
 namespace sm::windows {
 namespace {
 
-TEST(Callers, MayNotBeginASecondConversionWithinTheFirst)
+/// What a front end has: objects that know a host, whose drawing is gone afterwards.
+struct FrontEnd {
+    explicit FrontEnd(const LoadedComponent& component)
+        : plugin(component.Make<::IPlugin>(__uuidof(::cPlugin))),
+          document(component.Make<::INativeDoc>(__uuidof(::cNativeDoc)))
+    {
+        app.With(L"ActiveDocument", [this](const auto&, VARIANT& result) {
+            ++asked;
+            if (whenAsked)
+                std::exchange(whenAsked, {})();
+            V_VT(&result) = VT_DISPATCH;
+            V_DISPATCH(&result) = ComRef<IDispatch>(isOpen ? &drawing : nullptr).Detach();
+        });
+        drawing.WithObject(L"Application", &app).WithObject(L"ActiveLayout", &layout);
+        VARIANT_BOOL taken = VARIANT_FALSE;
+        EXPECT_EQ(plugin->Initialize(&app, &taken), S_OK);
+        EXPECT_EQ(taken, VARIANT_TRUE);
+        EXPECT_EQ(document->InitGetDoc(1, &app, nullptr, &drawing, &taken), S_OK);
+        isOpen = false;
+        asked = 0;
+    }
+    ScriptedObject app, drawing, layout;
+    bool isOpen = true;
+    std::function<void()> whenAsked; ///< once
+    int asked = 0;                   ///< how often the host was asked for its drawing
+    ComRef<::IPlugin> plugin;
+    ComRef<::INativeDoc> document;
+};
+
+struct RunRow {
+    const char* name;
+    HRESULT (*run)(FrontEnd&, LONG& result);
+    LONG turnedAway; ///< the result
+};
+
+const RunRow kRuns[] = {{"ConvertToPDF",
+                         [](FrontEnd& user, LONG& result) {
+                             result = 0;
+                             return user.plugin->ConvertToPDF(0);
+                         },
+                         0},
+                        {"ShowSettings",
+                         [](FrontEnd& user, LONG& result) {
+                             VARIANT_BOOL shown = VARIANT_TRUE;
+                             const HRESULT called = user.plugin->ShowSettings(0, 0, 0, &shown);
+                             result = shown;
+                             return called;
+                         },
+                         VARIANT_FALSE},
+                        {"AddToPubDoc",
+                         [](FrontEnd& user, LONG& result) {
+                             return user.document->AddToPubDoc(nullptr, nullptr, VARIANT_FALSE, 0, nullptr, &result);
+                         },
+                         -4}};
+
+class NestedCall : public testing::TestWithParam<std::tuple<RunRow, RunRow, bool>> {};
+
+INSTANTIATE_TEST_SUITE_P(, NestedCall,
+                         testing::Combine(testing::ValuesIn(kRuns), testing::ValuesIn(kRuns), testing::Bool()),
+                         [](const auto& row) {
+                             return std::string(std::get<1>(row.param).name) + "Within" + std::get<0>(row.param).name +
+                                    (std::get<2>(row.param) ? "OfTheSameObject" : "OfAnotherObject");
+                         });
+
+TEST_P(NestedCall, IsTurnedAwayWithoutAnError)
 {
+    const RunRow &outer = std::get<0>(GetParam()), &inner = std::get<1>(GetParam());
+    const bool sameObject = std::get<2>(GetParam());
     const Apartment apartment;
     const LoadedComponent component;
     const Presser user;
-    const auto plugin = component.Make<::IPlugin>(__uuidof(::cPlugin));
-    HRESULT second = S_OK;
-    ScriptedObject app;
-    app.With(L"ActiveDocument", [&](const auto&, VARIANT& result) {
-        second = plugin->ConvertToPDF(0);
-        V_VT(&result) = VT_DISPATCH;
-        V_DISPATCH(&result) = nullptr;
-    });
-    VARIANT_BOOL taken = VARIANT_FALSE;
-    ASSERT_EQ(plugin->Initialize(&app, &taken), S_OK);
-    EXPECT_EQ(plugin->ConvertToPDF(0), S_OK);
-    EXPECT_EQ(second, RPC_E_CALL_REJECTED);
-    EXPECT_EQ(user.Pressed(), 1);
+    FrontEnd first(component), second(component);
+    FrontEnd& calling = sameObject ? first : second;
+    HRESULT called = E_FAIL;
+    LONG result = 4711, ignored = 0;
+    first.whenAsked = [&] { called = inner.run(calling, result); };
+    EXPECT_EQ(outer.run(first, ignored), S_OK);
+    EXPECT_EQ(called, S_OK);
+    EXPECT_EQ(result, inner.turnedAway);
+    EXPECT_EQ(first.asked + second.asked, 1);
+    EXPECT_EQ(user.Pressed(), 1); // the first one's message that there is no drawing
+    EXPECT_EQ(inner.run(calling, result), S_OK);
+    EXPECT_EQ(first.asked + second.asked, 2) << "once the first has ended";
 }
 
 TEST(Callers, MayLetGoOfTheObjectWithinACall)
