@@ -62,6 +62,16 @@ HRESULT AnswerWrongly(OwnedVariant wrong, const Invocation& call, VARIANT* resul
     return S_OK;
 }
 
+/// A value of that type with all its bits zero: for those that point at something, nothing.
+OwnedVariant Nothing(VARTYPE type)
+{
+    OwnedVariant nothing;
+    V_VT(&nothing.Raw()) = type;
+    if (type == VT_ERROR)
+        V_ERROR(&nothing.Raw()) = DISP_E_PARAMNOTFOUND;
+    return nothing;
+}
+
 HRESULT Fail(const HostError& error, const Invocation& call, VARIANT* result, EXCEPINFO* exception)
 {
     std::vector<OwnedVariant> none;
@@ -77,6 +87,18 @@ HRESULT Fail(const HostError& error, const Invocation& call, VARIANT* result, EX
         return AnswerWrongly(std::move(date), call, result);
     case Failure::EmptyArray:
         return AnswerWrongly(windows::ArrayOf(VT_VARIANT, none), call, result);
+    case Failure::Empty:
+        return AnswerWrongly(Nothing(VT_EMPTY), call, result);
+    case Failure::Null:
+        return AnswerWrongly(Nothing(VT_NULL), call, result);
+    case Failure::NoObject:
+        return AnswerWrongly(Nothing(VT_DISPATCH), call, result);
+    case Failure::NoUnknown:
+        return AnswerWrongly(Nothing(VT_UNKNOWN), call, result);
+    case Failure::NoText:
+        return AnswerWrongly(Nothing(VT_BSTR), call, result);
+    case Failure::LeftOut:
+        return AnswerWrongly(Nothing(VT_ERROR), call, result);
     default:
         return RaiseException(error, exception);
     }

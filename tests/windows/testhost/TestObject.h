@@ -15,7 +15,21 @@ using windows::OwnedVariant;
 
 /// How a call that the doubles were told to fail looks to the caller. Everything else that fails is an exception with
 /// the double's text.
-enum class Failure { Exception, Unspecified, Disconnected, WrongType, EmptyArray };
+enum class Failure {
+    Exception,
+    Unspecified,
+    Disconnected,
+    // The call succeeds, with an answer that no operation gives.
+    WrongType,
+    EmptyArray,
+    // Or with what stands for nothing.
+    Empty,
+    Null,
+    NoObject,
+    NoUnknown,
+    NoText,
+    LeftOut
+};
 /// What injected failures look like in this process from now on.
 void ShowFailuresAs(Failure failure);
 /// Called before every call on any object of this process; null for nothing.
