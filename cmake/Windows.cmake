@@ -38,21 +38,22 @@ file(GLOB_RECURSE shipped CONFIGURE_DEPENDS ${share}/*)
 set(programs)
 if(SM_PROGRAM)
     set(programs $<TARGET_FILE:sheetmaker> $<TARGET_FILE:sheetmaker-windows>)
-    set(both -DPROGRAM=$<TARGET_FILE:sheetmaker> -DWINDOWSPROGRAM=$<TARGET_FILE:sheetmaker-windows>)
-else()
-    set(both -DPROGRAM=none -DWINDOWSPROGRAM=none)
 endif()
+set(stage ${CMAKE_BINARY_DIR}/stage)
 set(files ${CMAKE_BINARY_DIR}/files.nsh)
+file(GLOB packing CONFIGURE_DEPENDS ${packaging}/*)
+file(GLOB windows_help CONFIGURE_DEPENDS ${packaging}/help/*)
 add_custom_command(OUTPUT ${files}
-    COMMAND ${packaging}/list-files ${share} ${files}
-    DEPENDS ${packaging}/list-files ${shipped} VERBATIM)
+    COMMAND ${packaging}/stage-files ${stage} ${component} ${component32} ${share} ${CMAKE_SOURCE_DIR}/LICENSE ${programs}
+    COMMAND ${packaging}/list-files ${stage} ${files}
+    DEPENDS TwAcadPdf ${built32} ${programs} ${packing} ${windows_help} ${shipped} VERBATIM)
 add_custom_command(OUTPUT ${SM_SETUP}
-    COMMAND makensis -V1 -DVERSION=${PROJECT_VERSION} -DCOMPONENT=${component} -DCOMPONENT32=${component32} ${both}
-            -DFILES=${files} -DLICENSE=${CMAKE_SOURCE_DIR}/LICENSE -DOUTPUT=${SM_SETUP} ${packaging}/installer.nsi
-    DEPENDS TwAcadPdf ${built32} ${programs} ${packaging}/installer.nsi ${files} VERBATIM)
+    COMMAND makensis -V1 -WX -DVERSION=${PROJECT_VERSION} -DSTAGE=${stage} -DFILES=${files} -DSIGN=${packaging}/sign
+            -DICON=${packaging}/sheetmaker-pdf.ico -DOUTPUT=${SM_SETUP} ${packaging}/installer.nsi
+    DEPENDS ${files} VERBATIM)
 add_custom_command(OUTPUT ${SM_ZIP}
-    COMMAND ${packaging}/make-zip ${SM_ZIP} ${component} ${component32} ${share} ${CMAKE_SOURCE_DIR}/LICENSE ${programs}
-    DEPENDS TwAcadPdf ${built32} ${programs} ${packaging}/make-zip ${packaging}/ReadMe.txt ${shipped} VERBATIM)
+    COMMAND ${packaging}/make-zip ${SM_ZIP} ${stage}
+    DEPENDS ${files} VERBATIM)
 add_custom_target(installer ALL DEPENDS ${SM_SETUP} ${SM_ZIP})
 
 # Programs are run by Wine in a prefix of the build's own.

@@ -1,15 +1,21 @@
 ; The installer of the component and the program: for the machine or for one user, chosen on its second page or by
-; /AllUsers and /CurrentUser; silent with /S. Built by CMake's target "installer", which gives VERSION, COMPONENT,
-; COMPONENT32, PROGRAM, WINDOWSPROGRAM (the last three need not be there), FILES (made by list-files), LICENSE and OUTPUT.
+; /AllUsers and /CurrentUser; silent with /S. Built by CMake's target "installer", which gives VERSION, STAGE (the folder
+; that stage-files made), FILES (made by list-files), ICON, SIGN (what signs installer and uninstaller) and OUTPUT.
 ;
 ; What users may have changed or added (job options, plotter files, plot styles, help) is theirs: a file is replaced or
 ; deleted only when it is as it was installed. install.ini keeps the time of each file for that.
 Target amd64-unicode
 Unicode true
 SetCompressor /SOLID lzma
+ManifestDPIAware true
+!finalize '"${SIGN}" "%1"' = 0
+!uninstfinalize '"${SIGN}" "%1"' = 0
 
 !define PRODUCT "Sheetmaker PDF for AutoCAD"
 !define PRODUCT_KEY "Software\Tarnwick Software\Sheetmaker PDF"
+!define CLASSES "Software\Classes"
+!define DRAWING_CLASS "Tarnwick.SheetmakerPdf.Drawing"
+!define MENU "$SMPROGRAMS\Sheetmaker PDF"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\SheetmakerPdfAutoCAD"
 
 !define MULTIUSER_EXECUTIONLEVEL Highest
@@ -21,6 +27,8 @@ SetCompressor /SOLID lzma
 !define MULTIUSER_INSTALLMODE_INSTDIR_REGISTRY_VALUENAME "InstallLocation"
 !define MULTIUSER_INSTALLMODE_DEFAULT_REGISTRY_KEY "${UNINSTALL_KEY}"
 !define MULTIUSER_INSTALLMODE_DEFAULT_REGISTRY_VALUENAME "InstallLocation"
+!define MUI_ICON "${ICON}"
+!define MUI_UNICON "${ICON}"
 !include MultiUser.nsh
 !include MUI2.nsh
 !include LogicLib.nsh
@@ -38,7 +46,7 @@ VIAddVersionKey FileVersion "${VERSION}"
 VIAddVersionKey ProductVersion "${VERSION}"
 VIAddVersionKey LegalCopyright "Tarnwick Software"
 
-!insertmacro MUI_PAGE_LICENSE "${LICENSE}"
+!insertmacro MUI_PAGE_LICENSE "${STAGE}/License.txt"
 !insertmacro MULTIUSER_PAGE_INSTALLMODE
 !insertmacro MUI_PAGE_COMPONENTS
 !insertmacro MUI_PAGE_DIRECTORY
@@ -114,6 +122,62 @@ FunctionEnd
     ${EndIf}
 !macroend
 
+; A library or program that is in use can't be written over. It is put aside under another name, by which the programs
+; that use it go on with it until they end, and the new one takes its place; where even that can't be done, Windows
+; exchanges them when it starts.
+!macro InstallProgram NAME
+    Delete "$INSTDIR\${NAME}.former"
+    ClearErrors
+    SetOverwrite try
+    File "${STAGE}/${NAME}"
+    ${If} ${Errors}
+        Push "${NAME}"
+        Call PutAside
+        Pop $R1
+        ${If} $R1 == 1
+            File "${STAGE}/${NAME}"
+        ${Else}
+            File "/oname=${NAME}.new" "${STAGE}/${NAME}"
+            Rename /REBOOTOK "$INSTDIR\${NAME}.new" "$INSTDIR\${NAME}"
+        ${EndIf}
+    ${EndIf}
+    SetOverwrite on
+    ClearErrors
+!macroend
+
+!macro RemoveProgram NAME
+    ClearErrors
+    Delete "$INSTDIR\${NAME}"
+    ${If} ${Errors}
+        Rename "$INSTDIR\${NAME}" "$INSTDIR\${NAME}.former"
+        Delete /REBOOTOK "$INSTDIR\${NAME}"
+    ${EndIf}
+    Delete /REBOOTOK "$INSTDIR\${NAME}.former"
+    ClearErrors
+!macroend
+
+; Takes the name of a file in use from the stack, gives 1 when it could be put aside, and tells the user.
+Function PutAside
+    Pop $R0
+    ClearErrors
+    Rename "$INSTDIR\$R0" "$INSTDIR\$R0.former"
+    ${If} ${Errors}
+        StrCpy $R1 0
+        StrCpy $R2 "$R0 is in use. It is replaced when Windows is started next."
+        SetErrorLevel 3010 ; what Windows Installer says then
+    ${Else}
+        StrCpy $R1 1
+        StrCpy $R2 "$R0 is in use. Programs that run now go on with the former one,"
+        StrCpy $R2 "$R2 and take the new one when they are started next."
+        Delete /REBOOTOK "$INSTDIR\$R0.former"
+    ${EndIf}
+    DetailPrint "$R2"
+    WriteINIStr "$INSTDIR\install.ini" "InUse" "$R0" "$R2"
+    MessageBox MB_OK|MB_ICONINFORMATION "$R2" /SD IDOK
+    ClearErrors
+    Push $R1
+FunctionEnd
+
 !macro RemoveFolder FOLDER
     RMDir "$INSTDIR\${FOLDER}"
 !macroend
@@ -145,23 +209,66 @@ FunctionEnd
     DeleteRegKey /ifempty SHCTX "Software\Tarnwick Software"
 !macroend
 
-Section "Program"
-    !if /FileExists "${PROGRAM}"
-        SetOutPath "$INSTDIR"
-        File "${PROGRAM}"
-        File "${WINDOWSPROGRAM}"
-        !insertmacro ProgramFiles InstallFile
-    !endif
+; Whatever opens drawings stays what opens them; this is one more under "Open with".
+!macro OfferFor TYPE
+    WriteRegStr SHCTX "${CLASSES}\${TYPE}\OpenWithProgids" "${DRAWING_CLASS}" ""
+!macroend
+!macro OfferNoMoreFor TYPE
+    DeleteRegValue SHCTX "${CLASSES}\${TYPE}\OpenWithProgids" "${DRAWING_CLASS}"
+    DeleteRegKey /ifempty SHCTX "${CLASSES}\${TYPE}\OpenWithProgids"
+    DeleteRegKey /ifempty SHCTX "${CLASSES}\${TYPE}"
+!macroend
+
+Section "-Beginning"
+    DeleteINISec "$INSTDIR\install.ini" "InUse"
 SectionEnd
+
+!if /FileExists "${STAGE}/sheetmaker.exe"
+Section "Program" SecProgram
+    SetOutPath "$INSTDIR"
+    !insertmacro InstallProgram sheetmaker.exe
+    !insertmacro InstallProgram sheetmaker-windows.exe
+    !insertmacro ProgramFiles InstallFile
+SectionEnd
+
+Section "Start menu entries" SecMenu
+    CreateDirectory "${MENU}"
+    SetOutPath "$INSTDIR" ; in which what the entries name is started
+    CreateShortCut "${MENU}\Sheetmaker PDF.lnk" "$INSTDIR\sheetmaker-windows.exe" "settings"
+    CreateShortCut "${MENU}\Global Page Setup.lnk" "$INSTDIR\sheetmaker-windows.exe" "page-setup"
+    CreateShortCut "${MENU}\Sheetmaker PDF Command Prompt.lnk" "$SYSDIR\cmd.exe" '/k set "PATH=$INSTDIR;%PATH%"' \
+        "$INSTDIR\sheetmaker.exe"
+    CreateShortCut "${MENU}\Sheetmaker PDF Help.lnk" "$INSTDIR\help\index.html"
+SectionEnd
+
+Section "File types DXF and DWG" SecTypes
+    WriteRegStr SHCTX "${CLASSES}\${DRAWING_CLASS}" "" "Drawing (Sheetmaker PDF)"
+    WriteRegStr SHCTX "${CLASSES}\${DRAWING_CLASS}\DefaultIcon" "" "$INSTDIR\sheetmaker-windows.exe,0"
+    WriteRegStr SHCTX "${CLASSES}\${DRAWING_CLASS}\shell\open" "FriendlyAppName" "Sheetmaker PDF"
+    WriteRegStr SHCTX "${CLASSES}\${DRAWING_CLASS}\shell\open\command" "" \
+        '"$INSTDIR\sheetmaker-windows.exe" settings "%1"'
+    !insertmacro OfferFor .dxf
+    !insertmacro OfferFor .dwg
+    System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)' ; types of files have changed
+SectionEnd
+
+; Without the program there is nothing to start.
+Function .onSelChange
+    ${IfNot} ${SectionIsSelected} ${SecProgram}
+        !insertmacro UnselectSection ${SecMenu}
+        !insertmacro UnselectSection ${SecTypes}
+    ${EndIf}
+FunctionEnd
+!endif
 
 Section "Component for CAD programs"
     SectionIn RO
     SetOutPath "$INSTDIR"
-    File "${COMPONENT}"
-    !if /FileExists "${COMPONENT32}"
-        File "/oname=TwAcadPdf32.dll" "${COMPONENT32}"
+    !insertmacro InstallProgram TwAcadPdf.dll
+    !if /FileExists "${STAGE}/TwAcadPdf32.dll"
+        !insertmacro InstallProgram TwAcadPdf32.dll
     !endif
-    File "/oname=License.txt" "${LICENSE}"
+    File "${STAGE}/License.txt"
     !insertmacro ComponentFiles InstallFile
     WriteINIStr "$INSTDIR\install.ini" "Install" "Mode" "$MultiUser.InstallMode"
     WriteUninstaller "$INSTDIR\Uninstall.exe"
@@ -174,6 +281,7 @@ Section "Component for CAD programs"
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayName" "${PRODUCT}"
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "Publisher" "Tarnwick Software"
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\Uninstall.exe,0"
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\Uninstall.exe"'
     WriteRegStr SHCTX "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\Uninstall.exe" /S'
@@ -204,10 +312,18 @@ Section "Uninstall"
         !insertmacro Regsvr32 "/u"
         !insertmacro Regsvr32Other "/u"
     ${EndIf}
-    Delete "$INSTDIR\TwAcadPdf.dll"
-    Delete "$INSTDIR\TwAcadPdf32.dll"
-    Delete "$INSTDIR\sheetmaker.exe"
-    Delete "$INSTDIR\sheetmaker-windows.exe"
+    !insertmacro RemoveProgram TwAcadPdf.dll
+    !insertmacro RemoveProgram TwAcadPdf32.dll
+    !insertmacro RemoveProgram sheetmaker.exe
+    !insertmacro RemoveProgram sheetmaker-windows.exe
+    Delete "${MENU}\Sheetmaker PDF.lnk"
+    Delete "${MENU}\Global Page Setup.lnk"
+    Delete "${MENU}\Sheetmaker PDF Command Prompt.lnk"
+    Delete "${MENU}\Sheetmaker PDF Help.lnk"
+    RMDir "${MENU}"
+    DeleteRegKey SHCTX "${CLASSES}\${DRAWING_CLASS}"
+    !insertmacro OfferNoMoreFor .dxf
+    !insertmacro OfferNoMoreFor .dwg
     Delete "$INSTDIR\License.txt"
     !insertmacro ProgramFiles RemoveFile
     !insertmacro ComponentFiles RemoveFile

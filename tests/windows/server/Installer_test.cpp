@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <shlobj.h>
 
 namespace sm::windows {
 namespace {
@@ -41,6 +42,46 @@ std::string Fact(HKEY root, const char* key, const char* name)
     return RegGetValueA(root, key, name, RRF_RT_REG_SZ, nullptr, text, &size) == ERROR_SUCCESS ? text : "(none)";
 }
 
+std::string Read(const fs::path& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// As the system lists what can be removed.
+void ExpectListed(HKEY root, const fs::path& folder)
+{
+    const char* const key = "Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\SheetmakerPdfAutoCAD";
+    EXPECT_EQ(Fact(root, key, "DisplayName"), "Sheetmaker PDF for AutoCAD");
+    EXPECT_EQ(Fact(root, key, "DisplayIcon"), (folder / "Uninstall.exe").string() + ",0");
+    EXPECT_EQ(Fact(root, key, "QuietUninstallString"), '"' + (folder / "Uninstall.exe").string() + "\" /S");
+    DWORD kilobytes = 0, size = sizeof kilobytes;
+    EXPECT_EQ(RegGetValueA(root, key, "EstimatedSize", RRF_RT_REG_DWORD, nullptr, &kilobytes, &size), ERROR_SUCCESS);
+    EXPECT_GT(kilobytes, fs::file_size(folder / "TwAcadPdf.dll") / 1024);
+}
+
+fs::path MenuOf(HKEY root)
+{
+    wchar_t path[MAX_PATH] = {};
+    SHGetFolderPathW(nullptr, root == HKEY_CURRENT_USER ? CSIDL_PROGRAMS : CSIDL_COMMON_PROGRAMS, nullptr, 0, path);
+    return fs::path(path) / "Sheetmaker PDF";
+}
+
+/// Start menu and "Open with", which the program has and the component alone hasn't.
+void ExpectOffered(HKEY root, const fs::path& folder)
+{
+    const std::string kind = "Software\\Classes\\Tarnwick.SheetmakerPdf.Drawing\\shell\\open\\command";
+    const std::string command = '"' + (folder / "sheetmaker-windows.exe").string() + "\" settings \"%1\"";
+    EXPECT_EQ(Fact(root, kind.c_str(), nullptr), SM_PROGRAM ? command : "(none)");
+    for (const char* type : {".dxf", ".dwg"}) {
+        const std::string key = std::string("Software\\Classes\\") + type + "\\OpenWithProgids";
+        EXPECT_EQ(Fact(root, key.c_str(), "Tarnwick.SheetmakerPdf.Drawing"), SM_PROGRAM ? "" : "(none)");
+    }
+    for (const char* entry : {"Sheetmaker PDF.lnk", "Global Page Setup.lnk", "Sheetmaker PDF Command Prompt.lnk",
+                              "Sheetmaker PDF Help.lnk"})
+        EXPECT_EQ(fs::exists(MenuOf(root) / entry), SM_PROGRAM != 0) << entry;
+}
+
 TEST_P(Installer, PutsEverythingInPlaceAndTakesItBack)
 {
     const char* const product = "Software\\Tarnwick Software\\Sheetmaker PDF";
@@ -54,6 +95,9 @@ TEST_P(Installer, PutsEverythingInPlaceAndTakesItBack)
                              "PC3\\Tarnwick PS6 MidRes.pc3", "Settings\\Graphics [600 dpi].joboptions",
                              "help\\index.html", "help\\topics\\c170.html"})
         EXPECT_TRUE(fs::exists(folder / file)) << file;
+    EXPECT_NE(Read(folder / "help\\index.html").find("<section id=\"registry\">"), std::string::npos);
+    ExpectListed(GetParam().root, folder);
+    ExpectOffered(GetParam().root, folder);
     EXPECT_EQ(Fact(GetParam().root, product, "Version"), "0.1.0");
     EXPECT_EQ(Fact(GetParam().root, settings, "SettingsFolder"), "C:\\sheetmaker-installed\\Settings");
     EXPECT_EQ(Fact(GetParam().root, settings, "HelpFile"), "C:\\sheetmaker-installed\\help\\index.html");
@@ -65,6 +109,7 @@ TEST_P(Installer, PutsEverythingInPlaceAndTakesItBack)
     EXPECT_EQ(RunProgram(uninstall).exitCode, 0);
     fs::remove(folder / "Uninstall.exe");
     EXPECT_TRUE(!fs::exists(folder) || fs::is_empty(folder));
+    EXPECT_FALSE(fs::exists(MenuOf(GetParam().root)));
     fs::remove_all(folder);
     EXPECT_EQ(Differences(before, Both()), std::vector<std::wstring>());
 }
@@ -72,12 +117,6 @@ TEST_P(Installer, PutsEverythingInPlaceAndTakesItBack)
 void Write(const fs::path& file, const std::string& text)
 {
     std::ofstream(file, std::ios::binary) << text;
-}
-
-std::string Read(const fs::path& file)
-{
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
 }
 
 /// What is in a folder, with paths within it; folders aside.
@@ -154,6 +193,26 @@ TEST_F(TwoInstallations, LeaveWhatTheUserMadeOrChanged)
     EXPECT_EQ(FilesIn(m_user), (std::vector<std::string>{"Settings\\Graphics [600 dpi].joboptions",
                                                          "Settings\\Own.joboptions", "help\\notes.html"}));
     EXPECT_EQ(Read(changed) + Read(own) + Read(page), "changedownnotes");
+}
+
+TEST_F(TwoInstallations, ReplaceAComponentInUseForThoseWhoComeNext)
+{
+    const fs::path library = m_user / "TwAcadPdf.dll", former = m_user / "TwAcadPdf.dll.former";
+    const auto installed = Read(library);
+    // Marked behind its end, where the loader doesn't look, so that it can be told from the new one.
+    Write(library, installed + "former");
+    const HMODULE used = LoadLibraryW(library.c_str());
+    ASSERT_NE(used, nullptr);
+    EXPECT_EQ(Install("/CurrentUser", m_user), 0);
+    EXPECT_EQ(Read(library), installed);
+    EXPECT_EQ(Read(former), installed + "former");
+    EXPECT_NE(GetProcAddress(used, "DllGetClassObject"), nullptr);
+    EXPECT_NE(Read(m_user / "install.ini").find("TwAcadPdf.dll is in use. Programs that run now go on with the former"),
+              std::string::npos);
+    FreeLibrary(used);
+    EXPECT_EQ(Install("/CurrentUser", m_user), 0);
+    EXPECT_FALSE(fs::exists(former));
+    EXPECT_EQ(Read(m_user / "install.ini").find("in use"), std::string::npos);
 }
 
 #if SM_PROGRAM
