@@ -91,6 +91,10 @@ PubDoc.PendingMarkCount
 PubDoc.NewPsFileName
 PubDoc.AddPsFile C:\Temp\sheet3.ps | 1190.5511811023623 | 841.8897637795276 | 1200 | 1 | C:\SM\Settings\Graphics [600 dpi].joboptions
 PubDoc.PendingMarkCount"""
+BEYOND = """Log.WriteLogLine   Original PrinterConfigPath: C:\\Users\\\u56fd\\Plotters
+Log.WriteLogLine   Set PrinterConfigPath To: C:\\SM\\PC3
+PubDoc.AddPsFile C:\\Temp\\sheet1.ps | 1190.5511811023623 | 841.8897637795276 | 1200 | 1 | C:\\\u0141ukasz\\\u0141\u00f3d\u017a.joboptions
+Log.WriteLogLine   Reset PrinterConfigPath To: C:\\Users\\\u56fd\\Plotters"""
 LOST = r"""Log.WriteLogLine HYPERLINKS
 Log.WriteLogLine ADDPDFMARK RUNTIME ERROR: RPC call failed.
 Log.WriteLogLine RESET PAGE SETUP
@@ -172,6 +176,15 @@ class Desk:
         calls = [line for line in lines if line.startswith("PubDoc.")]
         self.check("sheet by sheet with " + host + ": publishing calls", "\n".join(calls), SHEET_CALLS)
 
+    def convert_beyond_code_page(self, script, host):
+        """The user's folder comes back whole, and the job options are found by their own name."""
+        result, lines = self.play(script, host)
+        self.check("beyond the code page with " + host, result,
+                   (SCRIPT_REACHED_ITS_END, "plotters true, job options %u0141%F3d%u017A"))
+        told = [line for line in lines if "PrinterConfigPath" in line or line.startswith("PubDoc.AddPsFile")]
+        told = [line for line in told if "Log.WriteLogLine   PrinterConfigPath:" not in line and line[:3] in ("Log", "Pub")]
+        self.check("beyond the code page with " + host + ": what was said", "\n".join(told), BEYOND)
+
     def lose_the_host(self, script, driver):
         """The host's process ends while the sheet's annotations are collected, and the user is told so."""
         with open(os.path.join(self.drive, "Host", "scenario.txt"), "a", encoding="ascii") as file:
@@ -189,8 +202,11 @@ def convert_everywhere(desk, setup, test_host, scripts):
     desk.install(setup, test_host)
     for script, host in CONVERSIONS:
         desk.convert(os.path.join(scripts, script), host)
-    for host in ("SmTestHost.Application", "SmTestHost.RemoteApplication"):
+    hosts = ("SmTestHost.Application", "SmTestHost.RemoteApplication")
+    for host in hosts:
         desk.convert_sheets(os.path.join(scripts, "Sheets.js"), host)
+    for host in hosts: # last: the settings that it changes stay
+        desk.convert_beyond_code_page(os.path.join(scripts, "BeyondCodePage.js"), host)
     desk.check("test host's program unregistered", desk.run(test_host + ".exe", "/UnregServer")[0], 0)
     desk.check("test host unregistered", desk.run("regsvr32", "/s", "/u", "Z:" + test_host + ".dll")[0], 0)
     desk.check("uninstaller", desk.run("C:\\SM\\Uninstall.exe", "/S", "_?=C:\\SM")[0], 0)

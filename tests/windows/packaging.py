@@ -56,11 +56,25 @@ class Image:
 
 
 def version_texts(data):
-    """Names and texts of the version resource's table."""
-    at = data.find("StringFileInfo".encode("utf-16-le"))
-    texts = data[at:data.find("VarFileInfo".encode("utf-16-le"), at)].decode("utf-16-le", errors="replace")
-    words = [word for word in re.split("[\0-\x1f]+", texts) if len(word) > 1]
-    return dict(zip(words[2::2], words[3::2]))
+    """Names and texts of the version resource's first table."""
+    def key_of(at):
+        end = at + 6
+        while data[end:end + 2] != b"\0\0":
+            end += 2
+        return data[at + 6:end].decode("utf-16-le"), end + 2
+
+    def aligned(at):
+        return at + -(at - root) % 4
+
+    root = data.find("StringFileInfo".encode("utf-16-le")) - 6
+    table = aligned(key_of(root)[1])
+    at, end, texts = aligned(key_of(table)[1]), table + struct.unpack_from("<H", data, table)[0], {}
+    while at < end:
+        name, value = key_of(at)
+        length, units = struct.unpack_from("<HH", data, at)
+        texts[name] = data[aligned(value):aligned(value) + 2 * units].decode("utf-16-le").rstrip("\0")
+        at = aligned(at + length)
+    return texts
 
 
 def check_component(path, version):
@@ -104,6 +118,17 @@ class Packer:
         return setup, packed
 
 
+def check_setup(setup, icon):
+    """The headers and resources of the installer."""
+    check("installer's version", {name: version_texts(setup).get(name) for name in ("CompanyName", "ProductName")},
+          {"CompanyName": "Tarnwick Software", "ProductName": "Tarnwick Sheetmaker PDF"})
+    check("installer is sharp on fine screens", re.findall(b"<dpiAware[^>]*>([^<]*)<", setup), [b"true"])
+    sizes, offsets = zip(*(struct.unpack_from("<II", icon, 6 + 16 * number + 8)
+                           for number in range(struct.unpack_from("<H", icon, 4)[0])))
+    pictures = [icon[offset:offset + size] for size, offset in zip(sizes, offsets)]
+    check("installer's icon", [picture in setup for picture in pictures], [True] * 8)
+
+
 def check_reproduction(packer, library):
     """The second time with a signing command of one's own, which changes nothing here: it is given each file, those that are
     staged, the uninstaller and the installer."""
@@ -117,6 +142,7 @@ def check_reproduction(packer, library):
                     SOURCE_DATE_EPOCH=str(EPOCH))
         made.append((read(setup), read(packed), read(described)))
         time.sleep(1.1)
+    check_setup(made[0][0], read(f"{packer.packaging}/sheetmaker-pdf.ico"))
     for number, name in enumerate(("installer", "zip", "type library")):
         check(f"{name} is the same a second time", made[0][number] == made[1][number], True)
     check("date in the type library", [time.asctime(time.gmtime(EPOCH)).encode() in made[0][2],
