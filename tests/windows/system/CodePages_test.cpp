@@ -4,6 +4,11 @@
 #include "windows/automation/WideText.h"
 
 #include <gtest/gtest.h>
+#include <windows.h>
+
+#ifndef SM_CODE_PAGE
+#define SM_CODE_PAGE 1252
+#endif
 
 namespace sm::windows {
 namespace {
@@ -50,6 +55,11 @@ TEST_P(CodePageTexts, StayWhole)
     EXPECT_EQ(bytes, isBeyond ? "\x1b%G" + Utf8(row.text) : row.bytes);
     EXPECT_EQ(TextOfBytes(bytes, row.codePage), row.text);
     EXPECT_EQ(Wide(Utf8(row.text)), row.text);
+}
+
+TEST(CodePages, AreTestedWithTheOneThatIsMeant)
+{
+    EXPECT_EQ(GetACP(), unsigned{SM_CODE_PAGE});
 }
 
 TEST(CodePages, LettersHaveCodesOfTheLanguageWhereUtf8IsActive)
