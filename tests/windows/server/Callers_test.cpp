@@ -100,6 +100,45 @@ TEST_P(NestedCall, IsTurnedAwayWithoutAnError)
     EXPECT_EQ(first.asked + second.asked, 2) << "once the first has ended";
 }
 
+/// What a dialog's thread does while it is shown: asks for the same dialog once more, and closes it.
+struct ShownDialog {
+    ::IAcadPageSetup* setup = nullptr;
+    HRESULT again = E_FAIL;
+    int asked = 0;       ///< how often this came by
+    int askedWithin = 0; ///< of these, by the end of the second call: more than one, were the dialog shown again
+};
+ShownDialog* shownDialog = nullptr;
+
+void CALLBACK AskAgain(HWND, UINT, UINT_PTR, DWORD)
+{
+    const HWND window = FindWindowW(nullptr, L"Global Page Setup");
+    if (window == nullptr || IsWindowVisible(window) == FALSE)
+        return;
+    if (shownDialog->asked++ == 0) {
+        shownDialog->again = shownDialog->setup->ShowPageSetup();
+        shownDialog->askedWithin = shownDialog->asked;
+    }
+    PostMessageW(window, WM_CLOSE, 0, 0);
+}
+
+TEST(Callers, AreNotShownAnObjectsDialogTwice)
+{
+    const Apartment apartment;
+    const LoadedComponent component;
+    const auto setup = component.Make<::IAcadPageSetup>(__uuidof(::cAcadPageSetup));
+    VARIANT_BOOL taken = VARIANT_FALSE;
+    ASSERT_EQ(setup->Initialize(2, nullptr, &taken), S_OK);
+    for (int times = 0; times < 2; ++times) {
+        ShownDialog shown{setup.Get()};
+        shownDialog = &shown;
+        const UINT_PTR timer = SetTimer(nullptr, 0, 20, AskAgain);
+        EXPECT_EQ(setup->ShowPageSetup(), S_OK);
+        KillTimer(nullptr, timer);
+        EXPECT_EQ(shown.again, S_OK);
+        EXPECT_EQ(shown.askedWithin, 1);
+    }
+}
+
 TEST(Callers, MayLetGoOfTheObjectWithinACall)
 {
     const Apartment apartment;
