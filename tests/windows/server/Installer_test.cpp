@@ -213,6 +213,11 @@ TEST_F(TwoInstallations, ReplaceAComponentInUseForThoseWhoComeNext)
     EXPECT_EQ(Install("/CurrentUser", m_user), 0);
     EXPECT_FALSE(fs::exists(former));
     EXPECT_EQ(Read(m_user / "install.ini").find("in use"), std::string::npos);
+
+    const HMODULE usedStill = LoadLibraryW(library.c_str());
+    Uninstall(m_user);
+    EXPECT_EQ(FilesIn(m_user), std::vector<std::string>{"TwAcadPdf.dll.former"});
+    FreeLibrary(usedStill);
 }
 
 #if SM_PROGRAM
