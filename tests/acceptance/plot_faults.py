@@ -23,6 +23,7 @@ import note_rows  # noqa: E402
 import page_rows  # noqa: E402
 import plot_rows  # noqa: E402
 import script_rows  # noqa: E402
+import space_rows  # noqa: E402
 
 
 class Stand:
@@ -83,7 +84,8 @@ def main():
     program = os.path.abspath(sys.argv[1])
     results = []
     wanted = set(sys.argv[2:])
-    rows = plot_rows.ROWS + page_rows.ROWS + content_rows.ROWS + note_rows.ROWS + clip_rows.ROWS + script_rows.ROWS
+    rows = (plot_rows.ROWS + page_rows.ROWS + content_rows.ROWS + note_rows.ROWS + clip_rows.ROWS + script_rows.ROWS +
+            space_rows.ROWS)
     for row in [row for row in rows if not wanted or row.__name__ in wanted]:
         with tempfile.TemporaryDirectory() as folder:
             results.append(tell(f"{row.__name__}: {row.__doc__}", lambda: row(Stand(program, folder))))

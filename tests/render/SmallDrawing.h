@@ -70,6 +70,7 @@ struct SmallScene {
     const PlotStyleTable* plotStyles = nullptr;
     bool everyLayer = false;
     std::uint64_t expansion = 0;
+    bool hidesLines = false;
 };
 
 struct Drawn {
@@ -117,6 +118,7 @@ inline Drawn Render(const SmallDrawing& small, const SmallScene& look = {})
     scene.plotStyles = look.plotStyles;
     scene.everyLayer = look.everyLayer;
     scene.expansion = look.expansion;
+    scene.hidesLines = look.hidesLines;
     RecordingCanvas canvas(look.marks);
     FakeTextEngine text;
     RenderReport report(*drawing);

@@ -25,6 +25,8 @@ public:
     explicit AcisCurves(const AcisRecords& records) : m_records(records) {}
     /// Appends to `edges`; false when one was of a form that can't be read.
     bool Append(std::vector<SolidEdge>& edges);
+    /// The faces, by their loops.
+    SolidFaces Faces();
 
 private:
     struct Map {
@@ -35,6 +37,8 @@ private:
     [[nodiscard]] Map BodyMap() const;
     [[nodiscard]] bool Vertex(const AcisRecord& record, Vec3& point) const;
     bool AppendEdge(const AcisRecord& record, std::vector<SolidEdge>& edges) const;
+    bool AppendLoop(const AcisRecord& loop, std::vector<Vec3>& corners, std::size_t& budget) const;
+    bool AppendFlatFace(const AcisRecord& face, std::vector<std::vector<Vec3>>& loops, std::size_t& budget) const;
     bool AppendArc(const AcisRecord& curve, Vec3 from, Vec3 to, std::vector<SolidEdge>& edges) const;
     bool AppendSpline(const AcisRecord& curve, Vec3 from, Vec3 to, std::vector<SolidEdge>& edges) const;
     [[nodiscard]] bool ReadSpline(std::size_t at, SolidEdge& edge) const;

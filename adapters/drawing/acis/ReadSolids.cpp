@@ -41,14 +41,9 @@ std::string SaveOf(const Drawing::Source& source, Handle entity)
     return save;
 }
 
-} // namespace
-
-void Read(const Drawing& drawing, const EntityRecord& record, SolidData& data)
+/// Fills what an entity has in common with all others and gives its modeller's save.
+std::string ReadSave(const Drawing& drawing, const EntityRecord& record, Entity& data)
 {
-    std::vector<SolidEdge> edges = std::move(data.edges);
-    data = {};
-    edges.clear();
-    data.edges = std::move(edges);
     EntityTags tags(drawing.Tags(), record);
     std::string save;
     while (tags.Next()) {
@@ -61,8 +56,28 @@ void Read(const Drawing& drawing, const EntityRecord& record, SolidData& data)
     }
     if (save.empty())
         save = SaveOf(drawing.Tags(), data.handle);
+    return save;
+}
+
+} // namespace
+
+void Read(const Drawing& drawing, const EntityRecord& record, SolidData& data)
+{
+    std::vector<SolidEdge> edges = std::move(data.edges);
+    data = {};
+    edges.clear();
+    data.edges = std::move(edges);
+    const std::string save = ReadSave(drawing, record, data);
     const AcisRecords records(save);
     data.complete = AcisCurves(records).Append(data.edges);
+}
+
+SolidFaces ReadFaces(const Drawing& drawing, const EntityRecord& record)
+{
+    Entity entity;
+    const std::string save = ReadSave(drawing, record, entity);
+    const AcisRecords records(save);
+    return AcisCurves(records).Faces();
 }
 
 } // namespace sm::drawing

@@ -14,6 +14,8 @@ void Reset(ViewportData& data)
     data.frozenLayers = std::move(layers);
 }
 
+constexpr std::int32_t kDepthModes = 1 | 2 | 4 | 16, kHidesLines = 0x800;
+
 void TakeFrozen(const EntityTags& tags, ViewportData& data)
 {
     const auto& layers = tags.Source().layerOfHandle;
@@ -31,6 +33,15 @@ void TakeViewportTag(const EntityTags& tags, ViewportData& data)
     case 41:
         data.height = tags.Real();
         break;
+    case 42:
+        data.depth.lens = tags.Real();
+        break;
+    case 43:
+        data.depth.front = tags.Real();
+        break;
+    case 44:
+        data.depth.back = tags.Real();
+        break;
     case 45:
         data.viewHeight = tags.Real();
         break;
@@ -45,6 +56,10 @@ void TakeViewportTag(const EntityTags& tags, ViewportData& data)
         break;
     case 90:
         data.flags = tags.Integer();
+        data.depth.mode = data.flags & kDepthModes;
+        break;
+    case 170:
+        data.shadePlot = tags.Integer();
         break;
     case 331:
     case 341:
@@ -59,7 +74,8 @@ void TakeViewportTag(const EntityTags& tags, ViewportData& data)
 }
 
 /// The view of an R12 viewport as its extended data "MVIEW" lists it (DXF reference R12, VIEWPORT): two 1010 points
-/// (target, direction), then reals (twist, height, centre x, centre y, ...), integers, and names of frozen layers.
+/// (target, direction), then reals (twist, height, centre x, centre y, lens, front, back), integers (the view's mode,
+/// seven of the screen, hidden lines) and frozen layers.
 class MviewReader {
 public:
     explicit MviewReader(const Drawing::Source& source, ViewportData& data) : m_source(source), m_data(data) {}
@@ -82,12 +98,27 @@ public:
         case 1003:
             TakeLayer(tags.Name());
             break;
+        case 1070:
+            TakeInteger(tags.Integer());
+            break;
         default:
             break;
         }
     }
 
 private:
+    void TakeInteger(std::int32_t value)
+    {
+        // 1070 16 stands in front of the points, as the version of what follows.
+        if (m_points == 0)
+            return;
+        constexpr int kMode = 0, kHides = 8;
+        if (m_integers == kMode)
+            m_data.depth.mode = value & kDepthModes;
+        else if (m_integers == kHides && value != 0)
+            m_data.flags |= kHidesLines;
+        ++m_integers;
+    }
     void TakeX(double x)
     {
         ++m_points;
@@ -108,6 +139,15 @@ private:
         case 3:
             m_data.viewCenter.y = value;
             break;
+        case 4:
+            m_data.depth.lens = value;
+            break;
+        case 5:
+            m_data.depth.front = value;
+            break;
+        case 6:
+            m_data.depth.back = value;
+            break;
         default:
             break;
         }
@@ -120,7 +160,7 @@ private:
 
     const Drawing::Source& m_source;
     ViewportData& m_data;
-    int m_points = 0, m_reals = 0;
+    int m_points = 0, m_reals = 0, m_integers = 0;
 };
 
 /// `tags` stands on the first 1001 group.

@@ -25,11 +25,33 @@ bool Take3(const TagCursor& tag, int base, Vec3& point)
     return tag.Code() == base + 20 || Take(tag, base, point);
 }
 
+/// Of a VIEW and a VPORT alike.
+bool TakeDepth(const TagCursor& tag, ViewDepth& depth)
+{
+    switch (tag.Code()) {
+    case 42:
+        depth.lens = tag.Real();
+        return true;
+    case 43:
+        depth.front = tag.Real();
+        return true;
+    case 44:
+        depth.back = tag.Real();
+        return true;
+    case 71:
+        depth.mode = tag.Integer();
+        return true;
+    default:
+        return false;
+    }
+}
+
 NamedView ReadView(const Model& model, const Slice& slice)
 {
     NamedView view;
     ForEachTag(model, slice, [&](const TagCursor& tag) {
-        if (Take(tag, 10, view.center) || Take3(tag, 11, view.direction) || Take3(tag, 12, view.target))
+        if (Take(tag, 10, view.center) || Take3(tag, 11, view.direction) || Take3(tag, 12, view.target) ||
+            TakeDepth(tag, view.depth))
             return;
         switch (tag.Code()) {
         case 2:
@@ -64,7 +86,8 @@ ReadViewport ReadModelView(const Model& model, const Slice& slice)
     ReadViewport read;
     ModelView& view = read.view;
     ForEachTag(model, slice, [&](const TagCursor& tag) {
-        if (Take(tag, 12, view.center) || Take3(tag, 16, view.direction) || Take3(tag, 17, view.target))
+        if (Take(tag, 12, view.center) || Take3(tag, 16, view.direction) || Take3(tag, 17, view.target) ||
+            TakeDepth(tag, view.depth))
             return;
         switch (tag.Code()) {
         case 2:

@@ -101,6 +101,8 @@ Placement Place(const drawing::Drawing& drawing, const drawing::Layout& layout, 
     placement.sheetWidth = frame.sheetWidth;
     placement.sheetHeight = frame.sheetHeight;
     placement.view = area.view;
+    placement.depth = area.depth;
+    placement.direction = area.direction;
     placement.scaleNumerator = ratio.numerator;
     placement.scaleDenominator = ratio.denominator;
     placement.origin = corner;

@@ -78,7 +78,12 @@ PlotArea NamedViewArea(const drawing::Drawing& drawing, const drawing::Layout& l
 {
     for (const drawing::NamedView& view : drawing.Views()) {
         if (view.paperSpace != layout.isModel && base::SameName(view.name, name)) {
-            return {ViewOf(view.direction, view.target, view.twist), BoxAround(view.center, view.width, view.height)};
+            PlotArea area;
+            area.view = ViewOf(view.direction, view.target, view.twist);
+            area.box = BoxAround(view.center, view.width, view.height);
+            area.depth = layout.isModel ? view.depth : drawing::ViewDepth{};
+            area.direction = view.direction;
+            return area;
         }
     }
     throw PlotError("The layout \"" + layout.name + "\" plots the view \"" + name +
@@ -119,6 +124,8 @@ PlotArea FindPlotArea(const drawing::Drawing& drawing, const drawing::Layout& la
     const auto active =
         layout.isModel ? drawing.ActiveModelView().value_or(drawing::ModelView{}) : drawing::ModelView{};
     area.view = ViewOf(active.direction, active.target, active.twist);
+    area.depth = active.depth;
+    area.direction = active.direction;
     const bool showsLayout = settings.plotType == kPlotLayout && !layout.isModel;
     area.isSheet = showsLayout;
     if (settings.plotType == kPlotWindow) {

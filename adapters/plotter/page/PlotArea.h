@@ -12,8 +12,10 @@ namespace sm::plotter {
 struct PlotArea {
     render::Matrix3 view;
     drawing::Box2 box;
-    bool isSheet = false; ///< plot type Layout: the printable area from (0, 0), whatever the scale
-    bool clips = true;    ///< what lies outside of the box isn't plotted
+    bool isSheet = false;             ///< plot type Layout: the printable area from (0, 0), whatever the scale
+    drawing::ViewDepth depth;         ///< of `view`, whose plane's origin is the target where it isn't flat
+    drawing::Vec3 direction{0, 0, 1}; ///< from the target to the eye
+    bool clips = true;                ///< what lies outside of the box isn't plotted
 };
 
 /// Throws PlotError when a named view isn't there.

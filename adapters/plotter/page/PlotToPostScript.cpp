@@ -22,6 +22,9 @@ render::Scene SceneOf(const PlotJob& job, const Placement& placement)
 {
     render::Scene scene{job.drawing, job.layout.block, placement.view, placement.toPaper, placement.clip};
     scene.paperSpace = !job.layout.isModel;
+    scene.depth = placement.depth;
+    scene.direction = placement.direction;
+    scene.hidesLines = job.layout.isModel && job.settings.Has(PlotSettings::kHidden);
     scene.references = job.references;
     scene.resolution = job.resolution;
     scene.lineweights = job.settings.Has(PlotSettings::kLineweights);

@@ -123,25 +123,8 @@ bool PaintContext::CanEnter(std::uint32_t block)
 
 void PaintContext::Remark(std::string_view remark)
 {
-    if (report != nullptr) {
+    if (report != nullptr && !ink.Measuring()) { // what is measured is drawn later
         report->Remark(remark);
-    }
-}
-
-void PaintContext::RemarkHiddenLines()
-{
-    using drawing::EntityKind;
-    const auto hides = [](const drawing::EntityRecord& record) {
-        constexpr std::array kBodies{EntityKind::Face3d, EntityKind::Mesh, EntityKind::Solid3d, EntityKind::Body,
-                                     EntityKind::Surface};
-        return std::find(kBodies.begin(), kBodies.end(), record.kind) != kBodies.end();
-    };
-    for (std::uint32_t block = 0; block < drawing.Blocks().size(); ++block) {
-        const auto entities = drawing.EntitiesOf(block);
-        if (std::any_of(entities.begin(), entities.end(), hides)) {
-            Remark("a view that asks for hidden lines drawn with all of its lines");
-            return;
-        }
     }
 }
 

@@ -15,6 +15,7 @@
 
 namespace sm::render {
 
+class FaceCollector;
 struct PlotPen;
 
 /// Of a run over an external reference: what its entities count as in the host drawing.
@@ -50,6 +51,7 @@ struct PaintContext {
     /// Whether annotative entities without that scale are left out, and whether that is told.
     enum class OtherScales : std::uint8_t { Shown, LeftOut, LeftOutAndTold } otherScales = OtherScales::Shown;
     XrefMarks xref;
+    FaceCollector* faces = nullptr; ///< not null: the walk asks for faces that hide lines, nothing is drawn
 
     // The entity at hand.
     const Frame* frame = nullptr;
@@ -82,8 +84,6 @@ struct PaintContext {
     void Remark(std::string_view remark);
     /// Steps of the work on the entity at hand, beside those that its ink takes; see WorkBudget.
     void Spend(std::uint64_t steps) { ink.AddSteps(steps); }
-    /// Tells that a view asks for hidden lines, where the drawing holds anything that would hide some.
-    void RemarkHiddenLines();
     [[nodiscard]] References& Referenced();
     [[nodiscard]] ShapeLibrary& Shapes();
 

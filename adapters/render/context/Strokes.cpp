@@ -87,6 +87,7 @@ void StrokePath(PaintContext& context, const Path& path, const Pen& pen, std::sp
     if (pen.pattern->symbols.empty()) {
         context.Remark("letters and shapes of a line type left out");
     } else if (!context.ink.Symbols().empty()) {
+        const Ink::SpaceGuard flat(context.ink, nullptr); // they stand on what shows of the line, on the sheet
         DrawSymbols(context, pen);
     }
 }
@@ -114,9 +115,13 @@ void FillArea(PaintContext& context, const Path& path, FillRule rule)
 
 void StrokeSides(PaintContext& context, const drawing::Entity& entity)
 {
-    const Vec2 across = context.frame->toPaper.ApplyVector(OcsAxes(entity.extrusion).z * entity.thickness);
+    const Vec3 thickness = OcsAxes(entity.extrusion).z * entity.thickness;
+    const Vec2 across = context.frame->toPaper.ApplyVector(thickness);
+    // What lies behind each other in parallel views doesn't in perspective.
+    const double depth = context.ink.Space() != nullptr ? context.frame->toPaper.RiseOf(thickness) : 0;
+    const double length = Length(across) + std::abs(depth);
     constexpr double kNothing = 1e-4; // mm
-    if (!(Length(across) > kNothing) || !std::isfinite(Length(across))) {
+    if (!(length > kNothing) || !std::isfinite(length)) {
         return;
     }
     Path far = context.path;

@@ -8,6 +8,7 @@
 #include "render/Arcs.h"
 #include "render/ClipBox.h"
 
+#include <array>
 #include <cmath>
 
 namespace sm::render {
@@ -20,6 +21,12 @@ public:
 
 private:
     bool Draw(const drawing::LineData& line, drawing::EntityKind kind) override;
+    void AddFaces(const drawing::LineData& line, const drawing::EntityRecord& record, FaceCollector& faces) override
+    {
+        if (HasSides(record.kind)) {
+            faces.AddWall(std::array{line.start, line.end}, false, OcsAxes(line.extrusion).z * line.thickness);
+        }
+    }
     [[nodiscard]] bool HasSides(drawing::EntityKind kind) const override { return kind == drawing::EntityKind::Line; }
 };
 
@@ -41,6 +48,8 @@ public:
 
 private:
     bool Draw(const drawing::CircleData& circle, drawing::EntityKind /*kind*/) override;
+    void AddFaces(const drawing::CircleData& circle, const drawing::EntityRecord& record,
+                  FaceCollector& faces) override;
     [[nodiscard]] bool HasSides(drawing::EntityKind /*kind*/) const override { return true; }
 };
 
@@ -54,12 +63,27 @@ bool Circles::Draw(const drawing::CircleData& circle, drawing::EntityKind)
     return true;
 }
 
+// A circle with a thickness is a drum with both its ends.
+void Circles::AddFaces(const drawing::CircleData& circle, const drawing::EntityRecord&, FaceCollector& faces)
+{
+    if (circle.thickness == 0) {
+        return;
+    }
+    FlatLine line;
+    line.Add({circle.center.x, circle.center.y}, std::abs(circle.radius), 0, kTurn);
+    line.points.pop_back();
+    AddThickness(faces, line, true, circle, circle.center.z);
+    faces.Add(line.InSpace(circle.extrusion, circle.center.z));
+    faces.Add(line.InSpace(circle.extrusion, circle.center.z + circle.thickness));
+}
+
 class Arcs final : public LeafPainter<drawing::ArcData> {
 public:
     using LeafPainter::LeafPainter;
 
 private:
     bool Draw(const drawing::ArcData& arc, drawing::EntityKind /*kind*/) override;
+    void AddFaces(const drawing::ArcData& arc, const drawing::EntityRecord& record, FaceCollector& faces) override;
     [[nodiscard]] bool HasSides(drawing::EntityKind /*kind*/) const override { return true; }
 };
 
@@ -75,6 +99,17 @@ bool Arcs::Draw(const drawing::ArcData& arc, drawing::EntityKind)
     AppendArc(m_path, Mapped(plane, shape), Join::Move);
     StrokePath(m_context);
     return true;
+}
+
+void Arcs::AddFaces(const drawing::ArcData& arc, const drawing::EntityRecord&, FaceCollector& faces)
+{
+    if (arc.thickness == 0) {
+        return;
+    }
+    FlatLine line;
+    line.Add({arc.center.x, arc.center.y}, std::abs(arc.radius), Radians(arc.startAngle),
+             CounterClockwiseSweep(arc.startAngle, arc.endAngle));
+    AddThickness(faces, line, false, arc, arc.center.z);
 }
 
 class Ellipses final : public LeafPainter<drawing::EllipseData> {
@@ -144,6 +179,25 @@ bool Splines::Draw(const drawing::SplineData& spline, drawing::EntityKind)
     return true;
 }
 
+// In space an endless line is one that ends far off, at the same places however the view is tilted.
+void DrawFarLine(PaintContext& context, const drawing::LineData& line, bool bothWays)
+{
+    const Projection& to = context.frame->toPaper;
+    const Vec3 rowX{to.x.x, to.y.x, to.z.x};
+    const Vec3 rowY{to.x.y, to.y.y, to.z.y};
+    const double unit = std::cbrt(std::abs(Dot(Cross(rowX, rowY), to.rise))); // mm; no tilt changes it
+    const double length = Length(line.end);
+    if (!(length > 0) || !(unit > 0) || !std::isfinite(length + unit)) {
+        return;
+    }
+    constexpr double kReach = 100'000; // mm
+    const double reach = std::exp2(std::ceil(std::log2(kReach / unit + Length(line.start))));
+    const Vec3 along = line.end * (reach / length);
+    context.path.MoveTo(to.Apply(bothWays ? line.start - along : line.start));
+    context.path.LineTo(to.Apply(line.start + along));
+    StrokePath(context);
+}
+
 } // namespace
 
 void DrawEndlessLine(PaintContext& context, const drawing::LineData& line, bool bothWays)
@@ -151,6 +205,10 @@ void DrawEndlessLine(PaintContext& context, const drawing::LineData& line, bool 
     const Vec2 from = context.frame->toPaper.Apply(line.start);
     Vec2 along = context.frame->toPaper.ApplyVector(line.end);
     const double length = Length(along);
+    if (context.ink.Space() != nullptr) {
+        DrawFarLine(context, line, bothWays);
+        return;
+    }
     if (!context.ink.Bounded() || !(length > 0) || !std::isfinite(length)) {
         return;
     }

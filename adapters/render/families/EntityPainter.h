@@ -2,6 +2,7 @@
 // What every family's painter is.
 #pragma once
 
+#include "context/FaceCollector.h"
 #include "context/PaintContext.h"
 #include "context/Strokes.h"
 #include "context/Walk.h"
@@ -45,6 +46,10 @@ public:
         if (m_context.Hidden(m_data, frame)) {
             return Outcome::Hidden;
         }
+        if (m_context.faces != nullptr) {
+            EnterFaces(record, frame);
+            return Outcome::NotReached;
+        }
         if (m_context.annotationScale != 0) {
             drawing::AdaptTo(m_drawing, record, m_context.annotationScale, m_data);
         }
@@ -63,6 +68,16 @@ public:
 private:
     /// False: its content can't be drawn.
     virtual bool Draw(const Data& data, drawing::EntityKind kind) = 0;
+    /// Its faces, for views that hide lines.
+    virtual void AddFaces(const Data& /*data*/, const drawing::EntityRecord& /*record*/, FaceCollector& /*faces*/) {}
+    void EnterFaces(const drawing::EntityRecord& record, const Frame& frame)
+    {
+        const LayerState& layer = m_context.layers->Of(EffectiveLayer(m_data, frame.inherited));
+        if (layer.plots || !m_context.hideLayers) { // what isn't there hides nothing
+            m_context.faces->Enter(frame.toPaper, m_ink.Limited() ? std::optional(m_ink.Clip()) : std::nullopt);
+            AddFaces(m_data, record, *m_context.faces);
+        }
+    }
     /// A thickness makes upright walls of what `Draw` left in the path.
     [[nodiscard]] virtual bool HasSides(drawing::EntityKind /*kind*/) const { return false; }
     Data m_data;

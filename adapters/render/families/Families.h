@@ -27,34 +27,37 @@ MakePainter MakeGraphics;                                                       
 
 enum class Bounds : std::uint8_t { Nothing, Areas }; ///< whether a kind's outline may bound hatches and viewports
 
+enum class Faces : std::uint8_t { None, Own }; ///< whether a kind may hide lines, by itself or by what it holds
+
 struct PainterRow {
     drawing::EntityKind kind;
     MakePainter* make; ///< kinds with the same one share the painter
     Bounds bounds = Bounds::Nothing;
+    Faces faces = Faces::None;
 };
 
 /// Kinds that have no row are drawn by the picture that they bring along, by MakeGraphics.
 inline constexpr auto kPainters = std::to_array<PainterRow>({
-    {drawing::EntityKind::Line, MakeLines, Bounds::Areas},
+    {drawing::EntityKind::Line, MakeLines, Bounds::Areas, Faces::Own},
     {drawing::EntityKind::XLine, MakeLines},
     {drawing::EntityKind::Ray, MakeLines},
-    {drawing::EntityKind::Circle, MakeCircles, Bounds::Areas},
-    {drawing::EntityKind::Arc, MakeArcs, Bounds::Areas},
+    {drawing::EntityKind::Circle, MakeCircles, Bounds::Areas, Faces::Own},
+    {drawing::EntityKind::Arc, MakeArcs, Bounds::Areas, Faces::Own},
     {drawing::EntityKind::Ellipse, MakeEllipses, Bounds::Areas},
     {drawing::EntityKind::Spline, MakeSplines, Bounds::Areas},
     {drawing::EntityKind::Helix, MakeSplines, Bounds::Areas},
-    {drawing::EntityKind::LwPolyline, MakePolylines, Bounds::Areas},
-    {drawing::EntityKind::Polyline, MakePolylines, Bounds::Areas},
+    {drawing::EntityKind::LwPolyline, MakePolylines, Bounds::Areas, Faces::Own},
+    {drawing::EntityKind::Polyline, MakePolylines, Bounds::Areas, Faces::Own},
     {drawing::EntityKind::Point, MakePoints},
     {drawing::EntityKind::Shape, MakeShapes},
-    {drawing::EntityKind::Solid, MakeQuads, Bounds::Areas},
-    {drawing::EntityKind::Trace, MakeQuads, Bounds::Areas},
-    {drawing::EntityKind::Face3d, MakeQuads, Bounds::Areas},
-    {drawing::EntityKind::Region, MakeSolids, Bounds::Areas},
-    {drawing::EntityKind::Solid3d, MakeSolids},
-    {drawing::EntityKind::Body, MakeSolids},
-    {drawing::EntityKind::Surface, MakeSolids},
-    {drawing::EntityKind::Mesh, MakeMeshes},
+    {drawing::EntityKind::Solid, MakeQuads, Bounds::Areas, Faces::Own},
+    {drawing::EntityKind::Trace, MakeQuads, Bounds::Areas, Faces::Own},
+    {drawing::EntityKind::Face3d, MakeQuads, Bounds::Areas, Faces::Own},
+    {drawing::EntityKind::Region, MakeSolids, Bounds::Areas, Faces::Own},
+    {drawing::EntityKind::Solid3d, MakeSolids, Bounds::Nothing, Faces::Own},
+    {drawing::EntityKind::Body, MakeSolids, Bounds::Nothing, Faces::Own},
+    {drawing::EntityKind::Surface, MakeSolids, Bounds::Nothing, Faces::Own},
+    {drawing::EntityKind::Mesh, MakeMeshes, Bounds::Nothing, Faces::Own},
     {drawing::EntityKind::Text, MakeTexts},
     {drawing::EntityKind::RemoteText, MakeTexts},
     {drawing::EntityKind::MText, MakeMTexts},
@@ -62,7 +65,7 @@ inline constexpr auto kPainters = std::to_array<PainterRow>({
     {drawing::EntityKind::Attdef, MakeAttributes},
     {drawing::EntityKind::Hatch, MakeHatches},
     {drawing::EntityKind::MPolygon, MakeHatches},
-    {drawing::EntityKind::Insert, MakeInserts},
+    {drawing::EntityKind::Insert, MakeInserts, Bounds::Nothing, Faces::Own},
     {drawing::EntityKind::Viewport, MakeViewports},
     {drawing::EntityKind::Image, MakeImages},
     {drawing::EntityKind::Wipeout, MakeImages},

@@ -51,6 +51,7 @@ bool Hatches::Draw(const drawing::HatchData& hatch, drawing::EntityKind)
         m_context.Remark("a hatch without a boundary left out");
         return false;
     }
+    m_ink.Survey(m_path.points);
     std::deque<Ink::ClipGuard> roundTexts;
     if (!m_context.options.boxesOnly) {
         const Box2 hull = HullOf(m_path);

@@ -229,7 +229,7 @@ void Images::DrawMissing(const std::string& name, const ImagePlace& place)
         return;
     }
     Frame inPicture = *m_context.frame;
-    inPicture.toPaper = {place.u, place.v, {0, 0}, place.origin};
+    inPicture.toPaper = {.x = place.u, .y = place.v, .origin = place.origin};
     const Frame* outer = m_context.frame;
     m_context.frame = &inPicture;
     DrawLaidText(m_context, m_context.text.Lay(m_drawing, text));

@@ -106,7 +106,7 @@ bool OleFrames::Draw(const drawing::OleFrameData& object, const drawing::EntityR
                v = (corners[0] - corners[3]) * (1 / picture.height);
     m_whole = {{0, 0}, {picture.width, picture.height}};
     m_toPaper = {u.x, u.y, v.x, v.y, corners[3].x, corners[3].y};
-    m_space = {u, v, {0, 0}, corners[3]};
+    m_space = {.x = u, .y = v, .origin = corners[3]};
     const Path outline = m_path;
     const Ink::ClipGuard guard(m_ink, outline, FillRule::NonZero);
     for (const OleStep& step : picture.steps) {

@@ -28,7 +28,8 @@ double Points::HalfSize() const
     constexpr double kPartOfView = 0.05; // of the view's height, when no size is given
     const double given = m_drawing.HeaderReal("$PDSIZE", 0);
     const double unit = ScaleOf(PlaneOf(ToPaper(), {0, 0, 1}, 0));
-    const double view = m_ink.Bounded() ? m_ink.Clip().Height() : 0;
+    const Box2 page = m_ink.Window();
+    const double view = page.Empty() ? 0 : page.Height();
     const double size = given > 0 ? given * unit : view * (given < 0 ? -given / 100 : kPartOfView);
     return m_context.options.boxesOnly ? 0 : size / 2;
 }
@@ -70,7 +71,9 @@ void Points::AppendSign(std::int32_t mode, Vec2 at, double half)
 
 bool Points::Draw(const drawing::PointData& point, drawing::EntityKind)
 {
-    AppendSign(m_drawing.HeaderInteger("$PDMODE", 0), ToPaper().Apply(point.location), HalfSize());
+    const Vec2 at = ToPaper().Apply(point.location);
+    m_ink.Survey({&at, 1}); // signs stand upright on the sheet
+    AppendSign(m_drawing.HeaderInteger("$PDMODE", 0), at, HalfSize());
     Pen pen = m_context.StrokePen();
     pen.pattern = nullptr;
     m_ink.Stroke(m_path, pen);

@@ -138,9 +138,44 @@ private:
         m_pen.Draw(polyline);
         return true;
     }
+    void AddFaces(const drawing::PolylineData& polyline, const drawing::EntityRecord& record,
+                  FaceCollector& faces) override;
     [[nodiscard]] bool HasSides(drawing::EntityKind /*kind*/) const override { return true; }
     PolylinePen m_pen{m_context};
 };
+
+double ElevationOf(const drawing::PolylineData& polyline)
+{
+    return polyline.elevation != 0 || polyline.vertices.empty() ? polyline.elevation
+                                                                : polyline.vertices.front().point.z;
+}
+
+// Meshes hide by their faces, lines by the walls that a thickness makes of them.
+void Polylines::AddFaces(const drawing::PolylineData& polyline, const drawing::EntityRecord&, FaceCollector& faces)
+{
+    if (polyline.isPolyface || polyline.isMesh) {
+        AddMeshFaces(polyline, faces);
+        return;
+    }
+    if (polyline.thickness == 0 || polyline.is3d) {
+        return;
+    }
+    FlatLine line;
+    const drawing::PolyVertex* previous = nullptr;
+    for (const drawing::PolyVertex& vertex : polyline.vertices) {
+        if (!IsDrawnVertex(polyline, vertex)) {
+            continue;
+        }
+        const Vec2 at{vertex.point.x, vertex.point.y};
+        previous == nullptr ? line.points.push_back(at)
+                            : line.AddBulge({previous->point.x, previous->point.y}, at, previous->bulge);
+        previous = &vertex;
+    }
+    if (polyline.closed && previous != nullptr && previous->bulge != 0) {
+        line.AddBulge({previous->point.x, previous->point.y}, Vec2{line.points.front()}, previous->bulge);
+    }
+    AddThickness(faces, line, polyline.closed, polyline, ElevationOf(polyline));
+}
 
 } // namespace
 
@@ -158,9 +193,7 @@ void PolylinePen::Draw(const drawing::PolylineData& polyline)
         DrawInSpace(polyline);
         return;
     }
-    const double elevation =
-        polyline.elevation != 0 || polyline.vertices.empty() ? polyline.elevation : polyline.vertices.front().point.z;
-    const Matrix2 plane = PlaneOf(m_context.frame->toPaper, polyline.extrusion, elevation);
+    const Matrix2 plane = PlaneOf(m_context.frame->toPaper, polyline.extrusion, ElevationOf(polyline));
     if (WidthKindOf(polyline) == WidthKind::Varying ||
         (WidthKindOf(polyline) == WidthKind::Constant && !IsUniform(plane))) {
         DrawWide(polyline, plane);

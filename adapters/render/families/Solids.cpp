@@ -19,6 +19,7 @@ public:
 
 private:
     bool Draw(const drawing::QuadData& quad, drawing::EntityKind kind) override;
+    void AddFaces(const drawing::QuadData& quad, const drawing::EntityRecord& record, FaceCollector& faces) override;
     [[nodiscard]] bool HasSides(drawing::EntityKind kind) const override { return kind != drawing::EntityKind::Face3d; }
     void DrawEdges(const drawing::QuadData& quad);
 };
@@ -53,12 +54,31 @@ void Quads::DrawEdges(const drawing::QuadData& quad)
     StrokePath(m_context);
 }
 
+void Quads::AddFaces(const drawing::QuadData& quad, const drawing::EntityRecord& record, FaceCollector& faces)
+{
+    const auto& c = quad.corners;
+    if (record.kind == drawing::EntityKind::Face3d) {
+        faces.Add(c);
+        return;
+    }
+    FlatLine outline;
+    for (const std::size_t i : {0, 1, 3, 2}) {
+        outline.points.push_back({c[i].x, c[i].y});
+    }
+    faces.Add(outline.InSpace(quad.extrusion, c[0].z));
+    if (quad.thickness != 0) {
+        AddThickness(faces, outline, true, quad, c[0].z);
+        faces.Add(outline.InSpace(quad.extrusion, c[0].z + quad.thickness));
+    }
+}
+
 class Solids final : public LeafPainter<drawing::SolidData> {
 public:
     using LeafPainter::LeafPainter;
 
 private:
     bool Draw(const drawing::SolidData& solid, drawing::EntityKind /*kind*/) override;
+    void AddFaces(const drawing::SolidData& solid, const drawing::EntityRecord& record, FaceCollector& faces) override;
 };
 
 bool Solids::Draw(const drawing::SolidData& solid, drawing::EntityKind)
@@ -102,12 +122,22 @@ bool Solids::Draw(const drawing::SolidData& solid, drawing::EntityKind)
     return true;
 }
 
+void Solids::AddFaces(const drawing::SolidData&, const drawing::EntityRecord& record, FaceCollector& faces)
+{
+    const drawing::SolidFaces known = drawing::ReadFaces(m_drawing, record);
+    for (const std::vector<std::vector<Vec3>>& face : known.flat) {
+        faces.Add(face);
+    }
+    faces.NoteOthers(known.others);
+}
+
 class Meshes final : public LeafPainter<drawing::MeshData> {
 public:
     using LeafPainter::LeafPainter;
 
 private:
     bool Draw(const drawing::MeshData& mesh, drawing::EntityKind /*kind*/) override;
+    void AddFaces(const drawing::MeshData& mesh, const drawing::EntityRecord& record, FaceCollector& faces) override;
 };
 
 // The edges of a mesh's faces, each once.
@@ -136,6 +166,23 @@ bool Meshes::Draw(const drawing::MeshData& mesh, drawing::EntityKind)
     }
     StrokePath(m_context);
     return !edges.empty();
+}
+
+void Meshes::AddFaces(const drawing::MeshData& mesh, const drawing::EntityRecord&, FaceCollector& faces)
+{
+    const std::vector<std::int32_t>& list = mesh.faces;
+    std::vector<Vec3> corners;
+    for (std::size_t at = 0; at < list.size();) {
+        const std::size_t count = std::min(static_cast<std::size_t>(std::max(list[at], 0)), list.size() - at - 1);
+        corners.clear();
+        for (std::size_t i = at + 1; i <= at + count; ++i) {
+            if (list[i] >= 0 && static_cast<std::size_t>(list[i]) < mesh.vertices.size()) {
+                corners.push_back(mesh.vertices[static_cast<std::size_t>(list[i])]);
+            }
+        }
+        faces.Add(corners);
+        at += 1 + count;
+    }
 }
 
 } // namespace

@@ -147,12 +147,6 @@ Outcome Viewports::PaintContent(const drawing::EntityRecord& record, const drawi
         m_context.Remark("too many viewports for so large a model, the rest left out");
         return Outcome::NotDrawn;
     }
-    if (viewport.Perspective()) {
-        m_context.Remark("a perspective view drawn in parallel");
-    }
-    if (viewport.HidesLines()) {
-        m_context.RemarkHiddenLines();
-    }
     m_budget -= count;
     return PaintModel(model->block, record, viewport, frame, clip);
 }
@@ -176,7 +170,10 @@ Outcome Viewports::PaintModel(std::uint32_t block, const drawing::EntityRecord& 
     {
         const Ink::ClipGuard guard(m_ink, clip, FillRule::NonZero);
         const OpenBlock open(m_context, block);
-        best = m_walk.PaintAll(block, inner);
+        const Vec2 axis = toPaper.Apply({0, 0});
+        const SpaceLook look =
+            LookOf(viewport.depth, viewport.direction, ScaleOf(toPaper), axis, viewport.HidesLines());
+        best = look.InSpace() ? m_walk.PaintInSpace(block, inner, look) : m_walk.PaintAll(block, inner);
     }
     m_context.layers = &m_context.ownLayers;
     m_context.annotationScale = 0;

@@ -75,6 +75,26 @@ bool Ink::Shows(const Path& path, double margin)
 
 void Ink::Stroke(const Path& path, const Pen& pen, std::span<const std::uint32_t> breaks)
 {
+    m_space == nullptr ? StrokeFlat(path, pen, breaks) : StrokeInSpace(path, pen, breaks);
+}
+
+void Ink::Fill(const Path& path, std::uint32_t color, FillRule rule)
+{
+    m_space == nullptr ? FillFlat(path, color, rule) : FillInSpace(path, color, rule);
+}
+
+void Ink::Text(const TextRun& run, const Path& outline)
+{
+    m_space == nullptr ? TextFlat(run, outline) : TextInSpace(run, outline);
+}
+
+void Ink::Image(const Picture& picture, const Matrix2& toPaper, std::uint32_t color)
+{
+    m_space == nullptr ? ImageFlat(picture, toPaper, color) : ImageInSpace(picture, toPaper, color);
+}
+
+void Ink::StrokeFlat(const Path& path, const Pen& pen, std::span<const std::uint32_t> breaks)
+{
     m_dasher.ForgetSymbols();
     if (!Shows(path, pen.width)) {
         return;
@@ -102,7 +122,7 @@ void Ink::Stroke(const Path& path, const Pen& pen, std::span<const std::uint32_t
     }
 }
 
-void Ink::Fill(const Path& path, std::uint32_t color, FillRule rule)
+void Ink::FillFlat(const Path& path, std::uint32_t color, FillRule rule)
 {
     if (!Shows(path, 0)) {
         return;
@@ -120,7 +140,7 @@ void Ink::Fill(const Path& path, std::uint32_t color, FillRule rule)
     }
 }
 
-void Ink::Text(const TextRun& run, const Path& outline)
+void Ink::TextFlat(const TextRun& run, const Path& outline)
 {
     const Matrix2& m = run.toPaper;
     const bool finite = std::isfinite(m.a + m.b + m.c + m.d + m.e + m.f);
@@ -131,7 +151,7 @@ void Ink::Text(const TextRun& run, const Path& outline)
     }
 }
 
-void Ink::Image(const Picture& picture, const Matrix2& toPaper, std::uint32_t color)
+void Ink::ImageFlat(const Picture& picture, const Matrix2& toPaper, std::uint32_t color)
 {
     m_cut.Clear();
     AppendBox(m_cut, {{0, 0}, {1, 1}});
@@ -148,8 +168,19 @@ void Ink::Image(const Picture& picture, const Matrix2& toPaper, std::uint32_t co
 Ink::ClipGuard::ClipGuard(Ink& ink, const Path& path, FillRule rule)
     : m_ink(ink), m_former(ink.m_clip), m_bounded(ink.m_bounded)
 {
-    ink.m_canvas.PushClip(path, rule);
-    ink.m_clip = ink.m_bounded ? Intersection(ink.m_clip, HullOf(path)) : HullOf(path);
+    if (ink.m_space != nullptr) {
+        m_pushed = ink.ClipInSpace(path);
+    }
+    if (!m_pushed) {                                               // nothing is drawn
+        if (!ink.Measuring() && !ink.m_space->Eye().perspective) { // faces are gathered, as far as the clip shows them
+            ink.m_clip = ink.m_bounded ? Intersection(ink.m_clip, HullOf(path)) : HullOf(path);
+            ink.m_bounded = true;
+        }
+        return;
+    }
+    const Path& shown = ink.m_space != nullptr ? ink.m_inSpace : path;
+    ink.m_canvas.PushClip(shown, rule);
+    ink.m_clip = ink.m_bounded ? Intersection(ink.m_clip, HullOf(shown)) : HullOf(shown);
     ink.m_bounded = true;
 }
 
@@ -157,6 +188,9 @@ Ink::ClipGuard::~ClipGuard()
 {
     m_ink.m_clip = m_former;
     m_ink.m_bounded = m_bounded;
+    if (!m_pushed) {
+        return;
+    }
     try {
         m_ink.m_canvas.PopClip();
     } catch (...) { // a canvas that can't pop has failed for good, and says so at its end

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "ink/Dasher.h"
+#include "ink/SpaceView.h"
 #include "render/Canvas.h"
 
 #include <cstdint>
@@ -50,7 +51,31 @@ public:
     [[nodiscard]] const Box2& Clip() const { return m_clip; }
     /// True when something was drawn since `Begin`.
     [[nodiscard]] bool Drawn() const { return m_announced; }
-    [[nodiscard]] bool Bounded() const { return m_bounded; }
+    /// False in views in space as well: what painters know of the page says nothing about what shows there.
+    [[nodiscard]] bool Bounded() const { return m_bounded && m_space == nullptr; }
+    /// What the page shows; empty: all.
+    [[nodiscard]] Box2 Window() const { return m_bounded ? m_clip : Box2{}; }
+    /// Whether the page shows a part alone, be it none.
+    [[nodiscard]] bool Limited() const { return m_bounded; }
+    /// The view in space that is drawn; null: everything lies flat.
+    [[nodiscard]] SpaceView* Space() const { return m_space; }
+    /// True while an entity is measured, see SpaceView: its painter runs, nothing is drawn.
+    [[nodiscard]] bool Measuring() const { return m_space != nullptr && m_space->Measures(); }
+    /// Tells a view in space that what follows of the entity lies in the plane of these points.
+    void Survey(std::span<const Vec2> points);
+
+    /// Draws in a view in space, or flat again (null), for its lifetime.
+    class SpaceGuard {
+    public:
+        SpaceGuard(Ink& ink, SpaceView* space) : m_ink(ink), m_former(ink.m_space) { ink.m_space = space; }
+        ~SpaceGuard() { m_ink.m_space = m_former; }
+        SpaceGuard(const SpaceGuard&) = delete;
+        SpaceGuard& operator=(const SpaceGuard&) = delete;
+
+    private:
+        Ink& m_ink;
+        SpaceView* m_former;
+    };
 
     /// Narrows the clip for its lifetime, whatever happens meanwhile.
     class ClipGuard {
@@ -64,11 +89,23 @@ public:
         Ink& m_ink;
         Box2 m_former;
         bool m_bounded;
+        bool m_pushed = true;
     };
 
 private:
     [[nodiscard]] bool Shows(const Path& path, double margin);
     void Announce();
+    void StrokeFlat(const Path& path, const Pen& pen, std::span<const std::uint32_t> breaks);
+    void FillFlat(const Path& path, std::uint32_t color, FillRule rule);
+    void TextFlat(const TextRun& run, const Path& outline);
+    void ImageFlat(const Picture& picture, const Matrix2& toPaper, std::uint32_t color);
+    // InkInSpace.cpp
+    void StrokeInSpace(const Path& path, const Pen& pen, std::span<const std::uint32_t> breaks);
+    void FillInSpace(const Path& path, std::uint32_t color, FillRule rule);
+    void TextInSpace(const TextRun& run, const Path& outline);
+    void ImageInSpace(const Picture& picture, const Matrix2& toPaper, std::uint32_t color);
+    void DrawGlyphs(const TextRun& run, const SpaceView::Place& place);
+    bool ClipInSpace(const Path& path);
     ICanvas& m_canvas;
     Box2 m_clip;
     bool m_bounded = true;
@@ -78,6 +115,9 @@ private:
     std::uint64_t m_steps = 0;
     Dasher m_dasher;
     Path m_cut;
+    SpaceView* m_space = nullptr;
+    Path m_inSpace; ///< what a view in space leaves of the path at hand
+    std::vector<std::uint32_t> m_breaks;
 };
 
 } // namespace sm::render

@@ -1,18 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "notes/NotePicture.h"
 
+#include "render/Projection.h"
 #include "render/Style.h"
 
 namespace sm::render {
-
-namespace {
-
-double Dot(Vec3 a, Vec3 b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-} // namespace
 
 void NotePicture::SetPlane(Vec3 normal, Vec3 point)
 {

@@ -35,14 +35,17 @@ EntityPainter& Painter::PainterOf(drawing::EntityKind kind)
 
 Outcome Painter::Dispatch(const drawing::EntityRecord& record, const Frame& frame)
 {
+    if (m_context.faces != nullptr && RowOf(record.kind).faces == Faces::None) {
+        return Outcome::NotReached;
+    }
     EntityPainter& painter = PainterOf(record.kind);
-    const Outcome outcome = painter.Paint(record, frame);
+    const Outcome outcome = PaintBy(painter, record, frame);
     if (outcome != Outcome::NotDrawn) {
         return outcome;
     }
     EntityPainter& graphics = PainterOf(drawing::EntityKind::Unknown);
     // What can't be drawn may bring a picture of itself along.
-    return &painter == &graphics ? outcome : std::max(outcome, graphics.Paint(record, frame));
+    return &painter == &graphics ? outcome : std::max(outcome, PaintBy(graphics, record, frame));
 }
 
 Outcome Painter::DispatchWithin(const drawing::EntityRecord& record, const Frame& frame)
@@ -72,6 +75,9 @@ bool Painter::LacksScale(const drawing::EntityRecord& record)
 
 Outcome Painter::PaintPart(const drawing::EntityRecord& record, const Frame& frame)
 {
+    if (IsMeasuringOwner()) {
+        return Outcome::Drawn;
+    }
     try {
         if (LacksScale(record)) {
             return Outcome::Hidden;
@@ -138,6 +144,9 @@ void Painter::PaintSpace(std::uint32_t block, const Frame& frame)
 
 Outcome Painter::PaintBlock(std::uint32_t block, const Frame& frame)
 {
+    if (IsMeasuringOwner()) {
+        return Outcome::Drawn;
+    }
     References& references = m_context.Referenced();
     if (References::Xref* const xref = references.IsXref(block) ? references.XrefOf(block) : nullptr) {
         return PaintXref(*xref, frame);
@@ -159,7 +168,8 @@ bool Painter::TakeFromBudget(std::uint64_t entities)
 Outcome Painter::PaintXref(References::Xref& xref, const Frame& frame)
 {
     Ink& ink = m_context.ink;
-    if (xref.space >= xref.file->Blocks().size() || (ink.Bounded() && ink.Clip().Empty())) {
+    const Box2 window = ink.Window();
+    if (xref.space >= xref.file->Blocks().size() || (ink.Bounded() && window.Empty())) {
         return Outcome::OffPage;
     }
     const std::uint64_t count = xref.file->EntityCount();
@@ -173,8 +183,11 @@ Outcome Painter::PaintXref(References::Xref& xref, const Frame& frame)
     options.references = xref.references.get();
     options.paperSpace = false;
     Painter painter(*xref.file, ink.Canvas(), m_context.text, m_context.report != nullptr ? xref.report.get() : nullptr,
-                    ink.Bounded() ? ink.Clip() : Box2{}, options, m_context.hideLayers);
-    painter.PaintSpace(xref.space, EnterXref(m_context, xref, frame, painter.m_context));
+                    window, options, m_context.hideLayers);
+    const Frame own = EnterXref(m_context, xref, frame, painter.m_context);
+    const Ink::SpaceGuard guard(painter.m_context.ink, ink.Space());
+    painter.m_context.faces = m_context.faces;
+    painter.PaintSpace(xref.space, own);
     return painter.m_best;
 }
 

@@ -22,14 +22,6 @@ bool LinetypesScaleWithPaper(const Scene& scene)
     return scene.drawing.HeaderInteger("$PSLTSCALE", 1) != 0;
 }
 
-bool HidesLines(const Scene& scene)
-{
-    const auto& layouts = scene.drawing.Layouts();
-    return std::any_of(layouts.begin(), layouts.end(), [&](const drawing::Layout& layout) {
-        return layout.block == scene.block && layout.plot.Has(drawing::PlotSettings::kHidden);
-    });
-}
-
 double LinetypeScale(const drawing::Drawing& drawing)
 {
     const double scale = drawing.HeaderReal("$LTSCALE", 1);
@@ -79,17 +71,23 @@ void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderRe
     if (!scene.paperSpace) {
         painter.ShowModelScale();
     }
-    if (!scene.paperSpace && HidesLines(scene)) {
-        painter.TellHiddenLines();
-    }
+    const auto paint = [&] {
+        const SpaceLook look =
+            LookOf(scene.depth, scene.direction, ScaleOf(scene.toPaper), scene.toPaper.Apply({0, 0}), scene.hidesLines);
+        if (!scene.paperSpace && look.InSpace()) {
+            painter.PaintModelInSpace(scene.block, frame, look);
+        } else {
+            painter.PaintSpace(scene.block, frame);
+        }
+    };
     if (scene.clip.Empty()) {
-        painter.PaintSpace(scene.block, frame);
+        paint();
         return;
     }
     Path clip;
     AppendBox(clip, scene.clip);
     const Ink::ClipGuard guard(painter.Output(), clip, FillRule::NonZero);
-    painter.PaintSpace(scene.block, frame);
+    paint();
 }
 
 } // namespace sm::render

@@ -49,4 +49,12 @@ void CompareMText(const Pair& pair, Fields& f, const MTextData& a, const MTextDa
     f.Is("columnHeights", a.columnHeights, b.columnHeights);
 }
 
+std::vector<std::string> LayerNames(const Drawing& drawing, const std::vector<std::uint32_t>& layers)
+{
+    std::vector<std::string> names;
+    for (const std::uint32_t layer : layers)
+        names.push_back(LayerName(drawing, layer));
+    return names;
+}
+
 } // namespace sm::drawing::twins

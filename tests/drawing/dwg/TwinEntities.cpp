@@ -223,16 +223,15 @@ void Compare(const Pair& pair, Fields& f, const ViewportData& a, const ViewportD
     f.Is("flags", a.flags, b.flags);
     f.Is("viewCenter", a.viewCenter, b.viewCenter);
     f.Is("viewHeight", a.viewHeight, b.viewHeight);
+    f.Is("lens", a.depth.lens, b.depth.lens);
+    f.Is("front", a.depth.front, b.depth.front);
+    f.Is("back", a.depth.back, b.depth.back);
+    f.Is("shadePlot", a.shadePlot, b.shadePlot);
     f.Is("direction", a.direction, b.direction);
     f.Is("target", a.target, b.target);
     f.Is("twist", a.twist, b.twist);
     f.Is("clipEntity", a.clipEntity, b.clipEntity);
-    std::vector<std::string> dwg, dxf;
-    for (const std::uint32_t layer : a.frozenLayers)
-        dwg.push_back(LayerName(pair.dwg, layer));
-    for (const std::uint32_t layer : b.frozenLayers)
-        dxf.push_back(LayerName(pair.dxf, layer));
-    f.Is("frozenLayers", dwg, dxf);
+    f.Is("frozenLayers", LayerNames(pair.dwg, a.frozenLayers), LayerNames(pair.dxf, b.frozenLayers));
 }
 
 void Compare(const Pair&, Fields& f, const ImageData& a, const ImageData& b)

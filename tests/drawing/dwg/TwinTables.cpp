@@ -138,6 +138,14 @@ void CompareStyles(const Pair& pair, Report& report, const std::string& name)
         });
 }
 
+void CompareDepth(Fields& fields, const ViewDepth& a, const ViewDepth& b)
+{
+    fields.Is("mode", a.mode, b.mode);
+    fields.Is("lens", a.lens, b.lens);
+    fields.Is("front", a.front, b.front);
+    fields.Is("back", a.back, b.back);
+}
+
 void CompareViews(const Pair& pair, Report& report, const std::string& name)
 {
     Couple(
@@ -151,6 +159,7 @@ void CompareViews(const Pair& pair, Report& report, const std::string& name)
             fields.Is("direction", a.direction, b.direction);
             fields.Is("target", a.target, b.target);
             fields.Is("twist", a.twist, b.twist);
+            CompareDepth(fields, a.depth, b.depth);
         });
     Fields fields(report, "VPORT", name);
     const auto a = pair.dwg.ActiveModelView(), b = pair.dxf.ActiveModelView();
@@ -163,6 +172,7 @@ void CompareViews(const Pair& pair, Report& report, const std::string& name)
     fields.Is("direction", a->direction, b->direction);
     fields.Is("target", a->target, b->target);
     fields.Is("twist", a->twist, b->twist);
+    CompareDepth(fields, a->depth, b->depth);
 }
 
 void ComparePlot(Fields& fields, const PlotSettings& a, const PlotSettings& b)

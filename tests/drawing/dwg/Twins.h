@@ -134,6 +134,7 @@ private:
 
 /// Handles and names in place of indexes, which may differ.
 std::string LayerName(const Drawing& drawing, std::uint32_t index);
+std::vector<std::string> LayerNames(const Drawing& drawing, const std::vector<std::uint32_t>& layers);
 std::string LinetypeName(const Drawing& drawing, std::uint32_t index);
 std::string StyleName(const Drawing& drawing, std::uint32_t index);
 Handle BlockHandle(const Drawing& drawing, std::uint32_t index);

@@ -51,19 +51,44 @@ TEST(Viewports, KeepTheirViewAndFrozenLayers)
     EXPECT_THAT(data.frozenLayers, ElementsAre(1, 2));
 }
 
+TEST(Viewports, TellHowDeepTheyGoAndWhetherTheyHideLines)
+{
+    const auto drawing = OpenViewport("10\n1\n20\n1\n40\n2\n41\n2\n42\n35\n43\n4\n44\n-3\n45\n9\n90\n2071\n");
+    const ViewportData data = ReadViewport(*drawing); // 0x817
+    EXPECT_EQ(data.depth, (ViewDepth{.mode = 23, .lens = 35, .front = 4, .back = -3}));
+    EXPECT_TRUE(data.depth.Perspective());
+    EXPECT_TRUE(data.depth.EndsInFront());
+    EXPECT_TRUE(data.depth.EndsBehind());
+    EXPECT_TRUE(data.HidesLines());
+}
+
+TEST(Viewports, HideLinesAsTheirShadePlotSays)
+{
+    const auto hides = [](const std::string& groups) {
+        return ReadViewport(*OpenViewport("10\n1\n20\n1\n40\n2\n41\n2\n45\n9\n" + groups)).HidesLines();
+    };
+    EXPECT_FALSE(hides("90\n0\n170\n0\n"));
+    EXPECT_TRUE(hides("90\n2048\n170\n0\n"));
+    EXPECT_FALSE(hides("90\n2048\n170\n1\n"));
+    EXPECT_TRUE(hides("90\n0\n170\n2\n"));
+}
+
 TEST(Viewports, OfR12KeepTheirViewInExtendedData)
 {
     const auto drawing =
         OpenViewport("10\n100\n20\n50\n40\n200\n41\n100\n68\n1\n69\n2\n1001\nACAD\n1000\nMVIEW\n1002\n{\n1070\n16\n"
                      "1010\n5\n1020\n6\n1030\n7\n1010\n0\n1020\n0\n1030\n1\n1040\n30\n1040\n1000\n1040\n1\n1040\n2\n104"
-                     "0\n50\n1040\n0\n1040\n0\n"
-                     "1070\n0\n1070\n100\n1002\n{\n1003\nb\n1003\nGONE\n1002\n}\n1002\n}\n");
+                     "0\n50\n1040\n4\n1040\n-3\n"
+                     "1070\n7\n1070\n100\n1070\n0\n1070\n0\n1070\n0\n1070\n0\n1070\n0\n1070\n0\n1040\n0\n1070\n1\n"
+                     "1002\n{\n1003\nb\n1003\nGONE\n1002\n}\n1002\n}\n");
     const ViewportData data = ReadViewport(*drawing);
     EXPECT_EQ(data.target, (Vec3{5, 6, 7}));
     EXPECT_EQ(data.direction, (Vec3{0, 0, 1}));
     EXPECT_EQ(data.twist, 30);
     EXPECT_EQ(data.viewHeight, 1000);
     EXPECT_EQ(data.viewCenter, (Vec2{1, 2}));
+    EXPECT_EQ(data.depth, (ViewDepth{.mode = 7, .lens = 50, .front = 4, .back = -3}));
+    EXPECT_TRUE(data.HidesLines());
     EXPECT_THAT(data.frozenLayers, ElementsAre(2));
 }
 

@@ -174,10 +174,11 @@ TEST(TextStyles, TakeTheFontFromTheirExtendedData)
 
 TEST(Views, AreReadWithTheActiveModelView)
 {
-    const auto drawing = OpenTables(
-        "0\nVIEW\n2\nNorth\n70\n1\n40\n100\n10\n5\n20\n6\n41\n150\n11\n0\n21\n0\n31\n1\n12\n1\n22\n2\n32\n3\n50\n30\n"
-        "0\nVPORT\n2\n*Active\n12\n10\n22\n20\n40\n297\n41\n1.5\n16\n0\n26\n0\n36\n1\n51\n10\n"
-        "0\nVPORT\n2\n*ACTIVE\n40\n1\n0\nAPPID\n2\nACAD\n0\nAPPID\n2\nPE_URL\n");
+    const auto drawing = OpenTables("0\nVIEW\n2\nNorth\n70\n1\n40\n100\n10\n5\n20\n6\n41\n150\n11\n0\n21\n0\n31\n1\n12"
+                                    "\n1\n22\n2\n32\n3\n50\n30\n42\n35\n43\n4\n44\n-3\n71\n1\n"
+                                    "0\nVPORT\n2\n*Active\n12\n10\n22\n20\n40\n297\n41\n1."
+                                    "5\n16\n0\n26\n0\n36\n1\n51\n10\n42\n40\n43\n5\n44\n-6\n71\n22\n"
+                                    "0\nVPORT\n2\n*ACTIVE\n40\n1\n0\nAPPID\n2\nACAD\n0\nAPPID\n2\nPE_URL\n");
     ASSERT_EQ(drawing->Views().size(), 1U);
     const NamedView& view = drawing->Views()[0];
     EXPECT_EQ(view.name, "North");
@@ -187,11 +188,13 @@ TEST(Views, AreReadWithTheActiveModelView)
     EXPECT_EQ(view.height, 100);
     EXPECT_EQ(view.target, (Vec3{1, 2, 3}));
     EXPECT_EQ(view.twist, 30);
+    EXPECT_EQ(view.depth, (ViewDepth{.mode = 1, .lens = 35, .front = 4, .back = -3}));
     ASSERT_TRUE(drawing->ActiveModelView());
     EXPECT_EQ(drawing->ActiveModelView()->center, (Vec2{10, 20}));
     EXPECT_EQ(drawing->ActiveModelView()->height, 297);
     EXPECT_EQ(drawing->ActiveModelView()->aspect, 1.5);
     EXPECT_EQ(drawing->ActiveModelView()->twist, 10);
+    EXPECT_EQ(drawing->ActiveModelView()->depth, (ViewDepth{.mode = 22, .lens = 40, .front = 5, .back = -6}));
     EXPECT_EQ(drawing->ApplicationNames(), (std::vector<std::string>{"ACAD", "PE_URL"}));
 }
 

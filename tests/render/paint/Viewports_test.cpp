@@ -152,40 +152,5 @@ TEST(ViewMatrixTest, LooksAlongTheDirection)
     EXPECT_NEAR(right.y, 0, 1e-12);
 }
 
-struct HiddenRow {
-    const char* name;
-    const char* flags; ///< of the viewport
-    const char* entity;
-    Lines remarks;
-};
-
-class HiddenLinesTest : public testing::TestWithParam<HiddenRow> {};
-
-TEST_P(HiddenLinesTest, AreToldWhereTheyWouldBeHidden)
-{
-    SmallDrawing drawing;
-    drawing.entities =
-        std::string(GetParam().entity) + "|" + kSheet +
-        "0 VIEWPORT | 8 0 | 67 1 | 10 50 | 20 50 | 40 60 | 41 40 | 68 2 | 69 2 | 12 105 | 22 105 | 45 20 | "
-        "90 " +
-        GetParam().flags;
-    SmallScene look;
-    look.paper = true;
-    EXPECT_EQ(Render(drawing, look).remarks, GetParam().remarks);
-}
-
-constexpr const char* kFace =
-    "0 3DFACE | 8 0 | 10 100 | 20 100 | 30 0 | 11 110 | 21 100 | 31 0 | 12 110 | 22 110 | 32 5 | "
-    "13 110 | 23 110 | 33 5";
-
-const HiddenRow kHiddenRows[] = {
-    {"Asked", "2048", kFace, {"a view that asks for hidden lines drawn with all of its lines 1"}},
-    {"NotAsked", "0", kFace, {}},
-    {"NothingHides", "2048", "0 LINE | 8 0 | 10 100 | 20 100 | 11 110 | 21 100", {}},
-};
-
-INSTANTIATE_TEST_SUITE_P(Views, HiddenLinesTest, testing::ValuesIn(kHiddenRows),
-                         [](const auto& row) { return std::string(row.param.name); });
-
 } // namespace
 } // namespace sm::render

@@ -5,6 +5,21 @@ namespace sm::drawing::dwg {
 
 namespace {
 
+/// What stands before it: the plot style sheet, the render mode and the view's own coordinate system.
+void WriteShadePlot(Object& object)
+{
+    BitReader& data = object.data;
+    (void)object.T();
+    (void)data.RC();
+    (void)data.B();
+    (void)data.B();
+    for (int i = 0; i < 3; ++i)
+        (void)object.BD3();
+    (void)data.BD();
+    (void)data.BS();
+    object.sink.Integer(170, data.BS());
+}
+
 /// From R2000 on; up to R14 the view stands in the extended data.
 void WriteView(Object& object)
 {
@@ -25,6 +40,8 @@ void WriteView(Object& object)
         (void)data.BS();
     std::uint32_t frozen = data.BL();
     sink.Integer(90, data.SignedBL());
+    if (object.Since(Release::R2004))
+        WriteShadePlot(object);
     for (; frozen > 0 && object.Links().Left() >= 8; --frozen)
         sink.HandleTag(331, object.H());
     if (const Handle clip = object.H(); clip != 0)

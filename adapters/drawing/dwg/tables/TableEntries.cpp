@@ -101,6 +101,29 @@ void WriteStyle(Object& object)
     object.WriteT(4);
 }
 
+struct Depth {
+    double lens = 0, front = 0, back = 0;
+    std::int32_t mode = 0; ///< group 71
+};
+
+Depth ReadDepth(BitReader& data)
+{
+    Depth depth{data.BD(), data.BD(), data.BD()};
+    for (int bit = 0; bit < 3; ++bit)
+        depth.mode |= data.B() ? 1 << bit : 0;
+    constexpr std::int32_t kNotAtEye = 16;
+    depth.mode |= data.B() ? 0 : kNotAtEye; // the other way round than in group 71
+    return depth;
+}
+
+void WriteDepth(Object& object, const Depth& depth)
+{
+    object.sink.Real(42, depth.lens);
+    object.sink.Real(43, depth.front);
+    object.sink.Real(44, depth.back);
+    object.sink.Integer(71, depth.mode);
+}
+
 void WriteView(Object& object)
 {
     std::int32_t flags = ReadHead(object);
@@ -109,10 +132,7 @@ void WriteView(Object& object)
     const Vec2 center = object.RD2();
     const Vec3 target = object.BD3(), direction = object.BD3();
     const double twist = data.BD();
-    const double lens = data.BD(), front = data.BD(), back = data.BD();
-    std::uint32_t mode = 0;
-    for (int bit = 0; bit < 4; ++bit)
-        mode |= data.B() ? 1U << bit : 0U;
+    const Depth depth = ReadDepth(data);
     if (object.Since(Release::R2000))
         (void)data.RC();
     if (object.Since(Release::R2007)) {
@@ -130,11 +150,8 @@ void WriteView(Object& object)
     sink.Point(10, center);
     sink.Point(11, direction);
     sink.Point(12, target);
-    sink.Real(42, lens);
-    sink.Real(43, front);
-    sink.Real(44, back);
+    WriteDepth(object, depth);
     object.WriteAngle(50, twist);
-    sink.Integer(71, mode);
 }
 
 void WriteViewport(Object& object)
@@ -145,6 +162,7 @@ void WriteViewport(Object& object)
     const Vec2 center = object.RD2();
     const Vec3 target = object.BD3(), direction = object.BD3();
     const double twist = data.BD();
+    const Depth depth = ReadDepth(data);
     WriteHead(object, "VPORT", flags);
     TagSink& sink = object.sink;
     sink.Point(12, center);
@@ -153,6 +171,7 @@ void WriteViewport(Object& object)
     sink.Real(40, height);
     sink.Real(41, height != 0 ? width / height : 1);
     object.WriteAngle(51, twist);
+    WriteDepth(object, depth);
 }
 
 void WriteApplication(Object& object)

@@ -77,6 +77,18 @@ struct TextStyle {
     bool isShapeFile = false;
 };
 
+/// How deep a view goes, and whether what is further away is smaller in it.
+struct ViewDepth {
+    std::int32_t mode = 0;      ///< bits: 1 perspective, 2 ends in front, 4 ends behind, 16 in front not at the eye
+    double lens = 50;           ///< mm; of perspective views
+    double front = 0, back = 0; ///< of the planes where it ends: from the target towards the eye
+    [[nodiscard]] bool Perspective() const { return (mode & 1) != 0; }
+    /// At the eye means nothing in a view without one, and a perspective view ends there anyway.
+    [[nodiscard]] bool EndsInFront() const { return (mode & 2) != 0 && (mode & 16) != 0; }
+    [[nodiscard]] bool EndsBehind() const { return (mode & 4) != 0; }
+    friend bool operator==(const ViewDepth&, const ViewDepth&) = default;
+};
+
 struct NamedView {
     std::string name;
     bool paperSpace = false;
@@ -85,6 +97,7 @@ struct NamedView {
     Vec3 direction{0, 0, 1};
     Vec3 target;
     double twist = 0; ///< degrees
+    ViewDepth depth;
 };
 
 /// The active viewport of the model tab (VPORT "*Active"): what plot type Display shows.
@@ -95,6 +108,7 @@ struct ModelView {
     Vec3 direction{0, 0, 1};
     Vec3 target;
     double twist = 0; ///< degrees
+    ViewDepth depth;
 };
 
 } // namespace sm::drawing

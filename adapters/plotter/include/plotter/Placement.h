@@ -21,10 +21,12 @@ public:
 /// Millimetres on the sheet as it leaves the plotter: the unturned medium.
 struct Placement {
     double sheetWidth = 0, sheetHeight = 0;
-    render::Matrix3 view;    ///< world to display plane
-    render::Matrix2 toPaper; ///< display plane to sheet
-    drawing::Box2 clip;      ///< printable area, and the plotted area where it is smaller
-    drawing::Box2 whole;     ///< of all that is plotted, where the clip cuts off nothing but pens; empty else
+    render::Matrix3 view;             ///< world to display plane
+    drawing::ViewDepth depth;         ///< of that view
+    drawing::Vec3 direction{0, 0, 1}; ///< from its target to the eye
+    render::Matrix2 toPaper;          ///< display plane to sheet
+    drawing::Box2 clip;               ///< printable area, and the plotted area where it is smaller
+    drawing::Box2 whole;              ///< of all that is plotted, where the clip cuts off nothing but pens; empty else
     double scaleNumerator = 1, scaleDenominator = 1; ///< in force: paper units for drawing units
     drawing::Vec2 origin; ///< of the plotted area in the printable one, along the drawing's axes
 };

@@ -6,9 +6,12 @@
 
 namespace sm::render {
 
-/// An affine map of space to the plane: the images of the three axes and of the origin.
+/// An affine map of space to the plane: the images of the three axes and of the origin. Beside it, what a view in space
+/// needs alone: how far above the sheet a point lies, towards the eye.
 struct Projection {
     Vec2 x{1, 0}, y{0, 1}, z{0, 0}, origin{0, 0};
+    Vec3 rise{0, 0, 1}; ///< what a unit along each axis rises, in the sheet's units
+    double height = 0;  ///< of the origin
     [[nodiscard]] Vec2 Apply(Vec3 p) const
     {
         return {x.x * p.x + y.x * p.y + z.x * p.z + origin.x, x.y * p.x + y.y * p.y + z.y * p.z + origin.y};
@@ -17,20 +20,43 @@ struct Projection {
     {
         return {x.x * v.x + y.x * v.y + z.x * v.z, x.y * v.x + y.y * v.y + z.y * v.z};
     }
+    [[nodiscard]] double RiseOf(Vec3 v) const { return rise.x * v.x + rise.y * v.y + rise.z * v.z; }
+    /// x and y on the sheet, z above it.
+    [[nodiscard]] Vec3 Place(Vec3 p) const
+    {
+        const Vec2 at = Apply(p);
+        return {at.x, at.y, RiseOf(p) + height};
+    }
 };
 
 /// First `inner`, then `outer`.
 inline Projection Compose(const Projection& outer, const Matrix3& inner)
 {
-    return {outer.ApplyVector(inner.x), outer.ApplyVector(inner.y), outer.ApplyVector(inner.z),
-            outer.Apply(inner.origin)};
+    return {outer.ApplyVector(inner.x),
+            outer.ApplyVector(inner.y),
+            outer.ApplyVector(inner.z),
+            outer.Apply(inner.origin),
+            {outer.RiseOf(inner.x), outer.RiseOf(inner.y), outer.RiseOf(inner.z)},
+            outer.RiseOf(inner.origin) + outer.height};
 }
 
-/// First `view` (z dropped), then `toPaper`.
+/// The middle size of one unit of the plane on the sheet: the geometric mean over all directions.
+inline double ScaleOf(const Matrix2& m)
+{
+    return std::sqrt(std::abs(m.Determinant()));
+}
+
+/// First `view` (its z becomes the height above the sheet), then `toPaper`.
 inline Projection Flatten(const Matrix3& view, const Matrix2& toPaper)
 {
     const auto image = [&](Vec3 v) { return toPaper.ApplyVector({v.x, v.y}); };
-    return {image(view.x), image(view.y), image(view.z), toPaper.Apply({view.origin.x, view.origin.y})};
+    const double scale = ScaleOf(toPaper);
+    return {image(view.x),
+            image(view.y),
+            image(view.z),
+            toPaper.Apply({view.origin.x, view.origin.y}),
+            Vec3{view.x.z, view.y.z, view.z.z} * scale,
+            view.origin.z * scale};
 }
 
 inline Vec3 Cross(Vec3 a, Vec3 b)
@@ -40,6 +66,10 @@ inline Vec3 Cross(Vec3 a, Vec3 b)
 inline double Dot(Vec2 a, Vec2 b)
 {
     return a.x * b.x + a.y * b.y;
+}
+inline double Dot(Vec3 a, Vec3 b)
+{
+    return a.x * b.x + a.y * b.y + a.z * b.z;
 }
 inline double Cross(Vec2 a, Vec2 b)
 {
@@ -66,12 +96,6 @@ Matrix3 OcsAxes(Vec3 extrusion);
 
 /// The plane z = `elevation` of the object coordinate system with that extrusion, as it lands on the sheet.
 Matrix2 PlaneOf(const Projection& toPaper, Vec3 extrusion, double elevation);
-
-/// The middle size of one unit of the plane on the sheet: the geometric mean over all directions.
-inline double ScaleOf(const Matrix2& m)
-{
-    return std::sqrt(std::abs(m.Determinant()));
-}
 
 /// True when circles stay circles.
 bool IsUniform(const Matrix2& m);

@@ -59,7 +59,9 @@ void DecodeModelView(Object& object)
 BitWriter ModelView(double twist)
 {
     BitWriter bits = EntryHead();
-    return bits.BD(10).BD(20).RD(5).RD(6).BD(0).BD(0).BD(0).BD(0).BD(0).BD(1).BD(twist).BS(0);
+    bits.BD(10).BD(20).RD(5).RD(6).BD(0).BD(0).BD(0).BD(0).BD(0).BD(1).BD(twist);
+    // Lens, clips; then the mode's first three bits, and whether the front clip lies at the eye.
+    return bits.BD(50).BD(4).BD(-3).B(true).B(false).B(true).B(false).BS(0);
 }
 
 /// The head of an entity of R2004 in model space whose colour is `color`.
@@ -78,7 +80,7 @@ void DecodeHead(Object& object)
     object.WriteEntityHead();
 }
 
-/// A viewport on a sheet, from its place on: the third field from the end are the flags, then come two frozen layers.
+/// A viewport on a sheet, from its place on: behind the flags what the view's lines look like, then two frozen layers.
 BitWriter ViewportOf(std::uint32_t flags)
 {
     BitWriter bits;
@@ -89,7 +91,10 @@ BitWriter ViewportOf(std::uint32_t flags)
     bits.BD(0).BD(5).BD(50).BD(0).BD(0).BD(kPi / 6); // twist of the view, height, lens, clips, snap angle
     for (int i = 0; i < 8; ++i)
         bits.RD(0);
-    return bits.BS(0).BL(2).BL(flags).H(5, 0x31).H(5, 0x32).H(5, 0);
+    bits.BS(0).BL(2).BL(flags).T("").RC(0).B(true).B(true); // plot style sheet, render mode, whose coordinates
+    for (int i = 0; i < 10; ++i)                            // of the view's own coordinate system
+        bits.BD(0);
+    return bits.BS(0).BS(2).H(5, 0x31).H(5, 0x32).H(5, 0);
 }
 
 BitWriter LightPolyline()
@@ -170,10 +175,10 @@ const std::vector<ConverterFaultRow> kConverterFaultRows{
     {"ATrueColorOfALayerHasThreeBytes", Release::R2004, 51, DecodeLayer, LayerOf(0x10 | 25 << 5, 0xC2FF0000),
      "5=0 330=2 2= 70=64 62=1 420=16711680 6=Continuous 370=-3 "},
     {"TheTwistOfTheModelViewIsInDegrees", Release::R2004, 65, DecodeModelView, ModelView(kPi / 6),
-     "5=0 330=2 2= 70=64 12=5 22=6 16=0 26=0 36=1 17=0 27=0 37=0 40=10 41=2 51=30 "},
+     "5=0 330=2 2= 70=64 12=5 22=6 16=0 26=0 36=1 17=0 27=0 37=0 40=10 41=2 51=30 42=50 43=4 44=-3 71=21 "},
     {"AViewportOfAnySheetHasItsNumberFlagsAndFrozenLayers", Release::R2004, 34, DecodeViewport, ViewportOf(0x20000),
      "10=1 20=2 30=0 40=30 41=40 69=1 68=1 17=0 27=0 37=0 16=0 26=0 36=0 51=0 45=5 42=50 43=0 44=0 50=30 12=0 22=0 "
-     "90=131072 331=31 331=32 "},
+     "90=131072 170=2 331=31 331=32 "},
     {"AnEntityKeepsItsTransparency", Release::R2004, 19, DecodeHead,
      EntityHead(BitWriter().BS(0x2000 | 5).BL(0x02000066)).H(5, kWalls), "5=0 330=1F 8=Walls 62=5 440=33554534 "},
     {"ATrueColorOfAnEntityHasThreeBytes", Release::R2004, 19, DecodeHead,

@@ -5,6 +5,7 @@
 #include "drawing/entities/Entity.h"
 
 #include <array>
+#include <cstdint>
 #include <vector>
 
 namespace sm::drawing {
@@ -38,5 +39,12 @@ struct SolidData : Entity {
 void Read(const Drawing&, const EntityRecord&, QuadData&);
 void Read(const Drawing&, const EntityRecord&, MeshData&);
 void Read(const Drawing&, const EntityRecord&, SolidData&);
+
+/// The faces of a solid as far as their outlines are known. WCS.
+struct SolidFaces {
+    std::vector<std::vector<std::vector<Vec3>>> flat; ///< flat ones, each by the loops of its corners; arcs as chords
+    std::uint64_t others = 0;                         ///< that aren't flat, or whose outline can't be read
+};
+SolidFaces ReadFaces(const Drawing&, const EntityRecord&);
 
 } // namespace sm::drawing

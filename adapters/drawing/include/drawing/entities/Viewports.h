@@ -2,6 +2,7 @@
 // VIEWPORT: a window of a sheet onto the model.
 #pragma once
 
+#include "drawing/Tables.h"
 #include "drawing/entities/Entity.h"
 
 #include <vector>
@@ -17,10 +18,11 @@ struct ViewportData : Entity {
     double viewHeight = 0;           ///< model units
     Vec3 direction{0, 0, 1}, target;
     double twist = 0;                        ///< degrees
+    ViewDepth depth;                         ///< 90 bits 1 to 16, and 42 to 44
     std::vector<std::uint32_t> frozenLayers; ///< indexes into the layers
     Handle clipEntity = 0;                   ///< 340
-    [[nodiscard]] bool Perspective() const { return (flags & 1) != 0; }
-    [[nodiscard]] bool HidesLines() const { return (flags & 0x800) != 0; }
+    std::int32_t shadePlot = 0;              ///< 170; 0 as flags say, 1 all lines, 2 hidden lines, 3 shaded
+    [[nodiscard]] bool HidesLines() const { return shadePlot == 2 || ((flags & 0x800) != 0 && shadePlot != 1); }
     [[nodiscard]] bool Off() const { return (flags & 0x20000) != 0; }
 };
 
