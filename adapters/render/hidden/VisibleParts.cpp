@@ -13,12 +13,17 @@ namespace {
 
 constexpr double kDust = 0.01; // mm; what shows between two faces and is shorter is left out
 
-double DistanceToSegment(Vec2 p, Vec2 a, Vec2 b)
+bool IsNear(Vec2 p, Vec2 a, Vec2 b, double distance)
 {
     const Vec2 along = b - a;
     const double length = Dot(along, along);
+    const double beside = Cross(along, p - a);
+    if (beside * beside > distance * distance * length) {
+        return false;
+    }
     const double t = length > 0 ? std::clamp(Dot(p - a, along) / length, 0.0, 1.0) : 0;
-    return Length(p - (a + along * t));
+    const Vec2 off = p - (a + along * t);
+    return Dot(off, off) <= distance * distance;
 }
 
 bool IsWhole(const std::vector<LinePart>& hidden)
@@ -32,14 +37,17 @@ bool IsWhole(const std::vector<LinePart>& hidden)
 bool HidingFaces::Holds(const Face& face, Vec2 p) const
 {
     bool inside = false;
-    bool near = false;
     ForEachEdge(face, [&](Vec2 a, Vec2 b) {
         if ((a.y > p.y) != (b.y > p.y) && p.x < a.x + (b.x - a.x) * ((p.y - a.y) / (b.y - a.y))) {
             inside = !inside;
         }
-        near = near || DistanceToSegment(p, a, b) <= m_tolerance;
     });
-    return inside || near;
+    if (inside) {
+        return true;
+    }
+    bool near = false;
+    ForEachEdge(face, [&](Vec2 a, Vec2 b) { near = near || IsNear(p, a, b, m_tolerance); });
+    return near;
 }
 
 // Adds to the splits where the line crosses the face's outline.

@@ -51,8 +51,8 @@ private:
     /// By kind, made when the first entity of a family is met; kinds of one family share theirs.
     std::array<EntityPainter*, static_cast<std::size_t>(drawing::EntityKind::Count)> m_painterOf{};
     std::vector<std::unique_ptr<EntityPainter>> m_painters;
-    std::uint64_t m_hiddenLooks = 100'000'000; ///< see HidingFaces; about two seconds of work
-    Outcome m_best = Outcome::NotReached;      ///< of all entities painted so far
+    std::uint64_t m_hiddenLooks = 60'000'000; ///< see HidingFaces; about two seconds of work
+    Outcome m_best = Outcome::NotReached;     ///< of all entities painted so far
 };
 
 } // namespace sm::render
