@@ -47,6 +47,21 @@ TEST_P(InsertClipsTest, ShowAPartOfTheBlock)
     EXPECT_EQ(LinesOf(drawing), GetParam().lines);
 }
 
+// A plate above a line that reaches from 50 to 60, of which the boundary shows 52 to 56.
+TEST(InsertClipsInSpaceTest, HideAsFarAsTheyShow)
+{
+    SmallDrawing drawing;
+    drawing.blocks = "0 BLOCK | 8 0 | 2 B | 70 0 | 10 0 | 20 0 | 30 0 | 0 SOLID | 8 0 | 10 0 | 20 -5 | 30 5 | 11 10 | "
+                     "21 -5 | 31 5 | 12 0 | 22 5 | 32 5 | 13 10 | 23 5 | 33 5 | 0 ENDBLK | 8 0";
+    drawing.entities = "0 LINE | 8 0 | 10 40 | 20 50 | 11 70 | 21 50 |" + ClippedInsert("10 50 | 20 50");
+    drawing.objects = kDictionaries + Filter(kRectangle);
+    SmallScene look;
+    look.hidesLines = true;
+    EXPECT_EQ(LinesOf(drawing, look),
+              (Lines{"stroke 000000 0.25 m 40 50 l 52 50 m 56 50 l 70 50", "clip evenodd box 52 48 56 52",
+                     "fill 000000 nonzero box 50 45 60 55", "pop"}));
+}
+
 const ClipRow kClipRows[] = {
     {"Rectangle",
      ClippedInsert("10 50 | 20 50"),
