@@ -17,6 +17,7 @@ add_room(render adapters/render drawing
 add_room(prologue adapters/prologue)
 add_room(plotter adapters/plotter render prologue lib_deflate)
 add_room(ghostscript adapters/ghostscript base fmt::fmt)
-add_room(publisher adapters/publisher ports prologue base ghostscript lib_qpdf lib_deflate fmt::fmt Threads::Threads)
+add_room(publisher adapters/publisher ports prologue base ghostscript lib_qpdf lib_deflate lib_harfbuzz fmt::fmt
+    Threads::Threads)
 target_compile_options(publisher PUBLIC "SHELL:-include ${CMAKE_SOURCE_DIR}/cmake/ClangVector.h")
 add_subdirectory(tests/fuzz)

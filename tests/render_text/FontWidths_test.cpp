@@ -9,16 +9,16 @@ namespace sm::render {
 namespace {
 
 /// Widths in heights, as CAD programs left them in drawings: between a text's two points, and of MTEXT boxes.
-struct Row {
+struct WidthRow {
     const char* font;
     const char* text;
     double width;
 };
 
-void Check(const std::vector<Row>& rows, double tolerance, double least)
+void Check(const std::vector<WidthRow>& rows, double tolerance, double least)
 {
     const auto engine = TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""});
-    for (const Row& row : rows) {
+    for (const WidthRow& row : rows) {
         SCOPED_TRACE(std::string(row.font) + " " + row.text);
         plotter::FakeDrawing drawing;
         drawing::TextStyle style;

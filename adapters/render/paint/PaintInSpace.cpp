@@ -23,13 +23,13 @@ void Painter::CollectFaces(std::uint32_t block, const Frame& frame, const Camera
 {
     FaceCollector collector(faces, camera);
     RenderReport* const report = m_context.report;
-    const std::uint64_t budget = m_context.budget;
+    const WorkBudget budget = *m_context.budget;
     m_context.faces = &collector;
     m_context.report = nullptr;
     PaintAll(block, frame);
     m_context.faces = nullptr;
     m_context.report = report;
-    m_context.budget = budget;
+    *m_context.budget = budget;
     faces.Seal();
     if (collector.Others() > 0 && report != nullptr) {
         report->Remark("a view that hides lines, in which curved faces of solids hide none");
