@@ -40,6 +40,7 @@ class Desk:
     def __init__(self, program, sample, screen, output):
         self.program, self.screen, self.output = program, screen, output
         self.folder = screen.folder
+        self.sample = sample
         self.drawing = os.path.join(self.folder, os.path.basename(sample))
         shutil.copy(sample, self.drawing)
         self.before = read(self.drawing)
@@ -270,7 +271,30 @@ def choose_drawing(desk):
     screen.window(TITLE, "dialog").find("push button", "Cancel").click()
     desk.check("a drawing chosen in a dialog: exit code", end_of(process), 0)
     process = desk.start("settings")
+    screen.window("Recent Drawings").find("list item", f"house.dxf, {desk.folder}")
+    desk.picture("recent-drawings")
+    screen.keys("ctrl+o")
     screen.window("Open Drawing")
+    screen.keys("Escape")
+    screen.gone("Open Drawing")
+    screen.window("Recent Drawings")
+    screen.keys("Return")
+    dialog = screen.window(TITLE, "dialog")
+    other = os.path.join(desk.folder, "site.dxf")
+    shutil.copy(os.path.join(os.path.dirname(desk.sample), "site.dxf"), other)
+    screen.keys("ctrl+o")
+    screen.window("Open Drawing")
+    time.sleep(0.3)
+    screen.type(other)
+    screen.keys("Return")
+    screen.gone("Open Drawing")
+    wait(lambda: any("Site" in one.name for one in dialog_sheets.sheets_of(screen).every()), "the other drawing's sheets")
+    desk.picture("another-drawing")
+    screen.window(TITLE, "dialog")
+    screen.keys("Escape")
+    desk.check("another drawing: exit code", end_of(process), 0)
+    process = desk.start("settings")
+    screen.window("Recent Drawings")
     screen.keys("Escape")
     desk.check("no drawing chosen: exit code", end_of(process), 0)
 

@@ -2,6 +2,7 @@
 // One screen for the whole test program, which nobody sees.
 #pragma once
 
+#include "qt/MapMemory.h"
 #include "qt/Screen.h"
 
 #include <gtest/gtest.h>
@@ -38,7 +39,8 @@ inline Screen& TheScreen()
                                   [](const std::string& path) {
                                       Opened().push_back(path);
                                       return path.find("missing") == std::string::npos;
-                                  }},
+                                  },
+                                  &Memory()},
                                  why);
         EXPECT_EQ(why, "");
         std::filesystem::remove(monitor);

@@ -41,7 +41,7 @@ QStyle::StandardPixmap IconOf(EndKind kind)
 
 class EndWindow final : public QDialog {
 public:
-    EndWindow(const RunEnd& end, IDesktop& desktop);
+    EndWindow(const RunEnd& end, IDesktop& desktop, beside::IWindowMemory* memory);
     [[nodiscard]] NextStep Next() const { return m_next; }
 
 private:
@@ -61,12 +61,13 @@ private:
 
     const RunEnd& m_end;
     IDesktop& m_desktop;
+    beside::IWindowMemory* m_memory;
     QLabel* m_reason = nullptr;
     NextStep m_next = NextStep::Close;
 };
 
-EndWindow::EndWindow(const RunEnd& end, IDesktop& desktop)
-    : QDialog(QApplication::activeModalWidget()), m_end(end), m_desktop(desktop)
+EndWindow::EndWindow(const RunEnd& end, IDesktop& desktop, beside::IWindowMemory* memory)
+    : QDialog(QApplication::activeModalWidget()), m_end(end), m_desktop(desktop), m_memory(memory)
 {
     setObjectName("EndWindow");
     setWindowModality(Qt::ApplicationModal);
@@ -158,7 +159,7 @@ void EndWindow::Open(const std::string& path)
 
 void EndWindow::ShowLog()
 {
-    const bool isRead = ShowTextFile(ToQt(m_end.logPath), "Conversion Log", this);
+    const bool isRead = ShowTextFile(ToQt(m_end.logPath), "Conversion Log", this, m_memory);
     m_reason->setText(isRead ? QString() : "The log can't be read: " + ToQt(m_end.logPath));
     m_reason->setVisible(!isRead);
 }
@@ -179,11 +180,11 @@ void EndWindow::FindSize()
 
 } // namespace
 
-NextStep AskAtEnd(const RunEnd& end, IDesktop& desktop) noexcept
+NextStep AskAtEnd(const RunEnd& end, IDesktop& desktop, beside::IWindowMemory* memory) noexcept
 {
     try {
         const ClosesOnSignal closesOnSignal;
-        EndWindow window(end, desktop);
+        EndWindow window(end, desktop, memory);
         window.exec();
         return window.Next();
     } catch (...) {

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "beside/SheetsWindow.h"
 
+#include "beside/OpenButton.h"
 #include "screen/QtText.h"
+#include "screen/WindowSize.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -21,12 +23,13 @@ namespace {
 
 constexpr int kLeastWidth = 44, kMostWidth = 90; // average characters
 constexpr int kBetween = 8;                      // pixels
+constexpr const char* kSheetsSize = "Sheets";
 
 } // namespace
 
-SheetsWindow::SheetsWindow(beside::ISheetList& sheets, const IForm& form, QWidget* owner)
-    : QWidget(owner, Qt::Tool), m_sheets(sheets), m_form(form), m_headline(new QLabel), m_list(new QListWidget),
-      m_reason(new QLabel)
+SheetsWindow::SheetsWindow(beside::ISheetList& sheets, const IForm& form, QWidget* owner, beside::IWindowMemory* memory)
+    : QWidget(owner, Qt::Tool), m_sheets(sheets), m_form(form), m_memory(memory), m_headline(new QLabel),
+      m_list(new QListWidget), m_reason(new QLabel)
 {
     setObjectName("SheetsWindow");
     setWindowTitle("Sheets");
@@ -43,6 +46,7 @@ SheetsWindow::SheetsWindow(beside::ISheetList& sheets, const IForm& form, QWidge
     m_reason->hide();
     column->addWidget(m_reason);
     column->addWidget(MakeButtons());
+    AddOpenButton(*column);
     if (beside::IPageSource* const page = sheets.Page()) {
         m_page = new PagePane(*page);
         column->addWidget(m_page, 2);
@@ -94,6 +98,18 @@ QWidget* SheetsWindow::MakeButtons()
     return line;
 }
 
+void SheetsWindow::AddOpenButton(QLayout& column)
+{
+    if (m_sheets.Drawings() == nullptr)
+        return;
+    auto* const open = new OpenButton(*m_sheets.Drawings());
+    open->onOpen = [this](const std::optional<std::string>& path) {
+        if (onOpen)
+            onOpen(path);
+    };
+    column.addWidget(open);
+}
+
 void SheetsWindow::Appear()
 {
     Renew();
@@ -115,9 +131,12 @@ bool SheetsWindow::FindPlace()
     const int most = m_page != nullptr ? std::max(least, kMostWidth * character) : least;
     const QSize size(std::clamp(room.width() - form.width() - 4 * kBetween, least, most),
                      std::min(owner->height(), room.height()));
-    if (!m_hasSize)
-        resize(size);
-    m_hasSize = true;
+    if (!m_given.isValid()) {
+        const int free = room.width() - form.width() - kBetween;
+        RecallSize(*this, kSheetsSize, m_memory) ? resize(std::min(width(), std::max(least, free)), height())
+                                                 : resize(size);
+        m_given = this->size();
+    }
     if (form.width() + kBetween + width() > room.width())
         return false;
     const int beyond = form.right() + kBetween + width() - room.right();
@@ -147,6 +166,12 @@ void SheetsWindow::closeEvent(QCloseEvent* event)
 {
     m_isWanted = false;
     event->accept();
+}
+
+void SheetsWindow::hideEvent(QHideEvent*)
+{
+    if (m_given.isValid() && size() != m_given) // what follows from the screen isn't the user's wish
+        RememberSize(*this, kSheetsSize, m_memory);
 }
 
 void SheetsWindow::keyPressEvent(QKeyEvent* event)

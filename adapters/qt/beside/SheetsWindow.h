@@ -4,12 +4,17 @@
 
 #include "beside/PagePane.h"
 #include "beside/SheetList.h"
+#include "beside/WindowMemory.h"
 #include "ports/IFormToolkit.h"
 
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
+#include <optional>
+
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
@@ -20,7 +25,8 @@ namespace sm::qt {
 /// Belongs to the form's window and stays in front of it.
 class SheetsWindow final : public QWidget {
 public:
-    SheetsWindow(beside::ISheetList& sheets, const IForm& form, QWidget* owner);
+    /// Null for a memory: no size is remembered.
+    SheetsWindow(beside::ISheetList& sheets, const IForm& form, QWidget* owner, beside::IWindowMemory* memory);
 
     /// Shows the window at the right of its owner, which gives way to the left as far as it may. On a screen without
     /// room for both it stays away until the user asks for it; so it does once the user has closed it.
@@ -28,14 +34,18 @@ public:
     void Toggle();
     /// Something in the form has changed; what follows from it is shown soon.
     void FormChanged() { m_soon.start(); }
+    /// The user wants another drawing: that one, or nothing when one is to be asked for.
+    std::function<void(const std::optional<std::string>& path)> onOpen;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     QWidget* MakeWords();
     QWidget* MakeButtons();
+    void AddOpenButton(QLayout& column);
     bool FindPlace();
     void Renew();
     void ShowRow(QListWidgetItem& item, const beside::SheetRow& row, bool ticksCount);
@@ -46,6 +56,7 @@ private:
 
     beside::ISheetList& m_sheets;
     const IForm& m_form;
+    beside::IWindowMemory* m_memory;
     QLabel* m_headline;
     QListWidget* m_list;
     QLineEdit* m_words = nullptr;
@@ -53,7 +64,8 @@ private:
     QPushButton* m_current = nullptr;
     QPushButton* m_all = nullptr;
     QTimer m_soon;
-    bool m_isFilling = false, m_isWanted = true, m_hasSize = false;
+    bool m_isFilling = false, m_isWanted = true;
+    QSize m_given; ///< the size it appeared in
     beside::SheetsNow m_now;
     PagePane* m_page = nullptr; ///< null: the list brings no preview
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "beside/TextWindow.h"
 
+#include "screen/WindowSize.h"
+
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFile>
@@ -11,7 +13,7 @@
 
 namespace sm::qt {
 
-bool ShowTextFile(const QString& path, const QString& title, QWidget* owner)
+bool ShowTextFile(const QString& path, const QString& title, QWidget* owner, beside::IWindowMemory* memory)
 {
     constexpr qint64 kMost = qint64{4} << 20; // bytes, from the end on
     QFile file(path);
@@ -37,7 +39,9 @@ bool ShowTextFile(const QString& path, const QString& title, QWidget* owner)
     column->addWidget(buttons);
     const QSize wanted(90 * window.fontMetrics().averageCharWidth(), 32 * window.fontMetrics().height());
     window.resize(wanted.boundedTo(window.screen()->availableGeometry().size() * 9 / 10));
+    RecallSize(window, "Text", memory);
     window.exec();
+    RememberSize(window, "Text", memory);
     return true;
 }
 

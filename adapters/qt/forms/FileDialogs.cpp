@@ -2,8 +2,10 @@
 #include "forms/FileDialogs.h"
 
 #include "screen/QtText.h"
+#include "screen/WindowSize.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <string_view>
@@ -22,6 +24,23 @@ bool IsSeparator(char character)
 QStringList Extensions(const FileDialog& dialog)
 {
     return ToQt(dialog.filterExtension).split(';', Qt::SkipEmptyParts);
+}
+
+std::string FolderNameOf(const FileDialog& dialog)
+{
+    return "Folder " + dialog.title;
+}
+
+/// A folder that is gone meanwhile counts as none.
+DialogStart StartIn(const FileDialog& dialog, beside::IWindowMemory* memory)
+{
+    DialogStart start = StartOf(dialog.defaultName);
+    if (!start.folder.empty() || memory == nullptr)
+        return start;
+    start.folder = memory->Recall(FolderNameOf(dialog));
+    if (!QFileInfo(ToQt(start.folder)).isDir())
+        start.folder.clear();
+    return start;
 }
 
 } // namespace
@@ -48,9 +67,10 @@ std::string FilterOf(const FileDialog& dialog)
     return dialog.filterName + " (" + FromQt(patterns.join(' ')) + ")";
 }
 
-std::optional<std::string> AskFile(const FileDialog& dialog, bool toSave, QWidget* owner)
+std::optional<std::string> AskFile(const FileDialog& dialog, bool toSave, QWidget* owner, beside::IWindowMemory* memory)
 {
-    const DialogStart start = StartOf(dialog.defaultName);
+    constexpr const char* kFileSize = "FileDialog";
+    const DialogStart start = StartIn(dialog, memory);
     QFileDialog window(owner, ToQt(dialog.title), ToQt(start.folder), ToQt(FilterOf(dialog)));
     window.setObjectName(QStringLiteral("file"));
     window.setAcceptMode(toSave ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
@@ -60,9 +80,15 @@ std::optional<std::string> AskFile(const FileDialog& dialog, bool toSave, QWidge
         window.setDefaultSuffix(Extensions(dialog).value(0));
     if (!start.name.empty())
         window.selectFile(ToQt(start.name));
-    if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
+    RecallSize(window, kFileSize, memory);
+    const int answer = window.exec();
+    RememberSize(window, kFileSize, memory);
+    if (answer != QDialog::Accepted || window.selectedFiles().isEmpty())
         return std::nullopt;
-    return FromQt(window.selectedFiles().front());
+    const QString chosen = window.selectedFiles().front();
+    if (memory != nullptr)
+        memory->Remember(FolderNameOf(dialog), FromQt(QFileInfo(chosen).absolutePath()));
+    return FromQt(chosen);
 }
 
 } // namespace sm::qt

@@ -2,6 +2,7 @@
 // The dialogs that ask for a file name.
 #pragma once
 
+#include "beside/WindowMemory.h"
 #include "ports/IDesktop.h"
 
 #include <optional>
@@ -24,7 +25,9 @@ DialogStart StartOf(const std::string& defaultName);
 std::string FilterOf(const FileDialog& dialog);
 
 /// The path chosen, absolute, with the filter's first extension where a name to save had none; nothing when cancelled.
-/// Modal over `owner`.
-std::optional<std::string> AskFile(const FileDialog& dialog, bool toSave, QWidget* owner);
+/// Modal over `owner`. A dialog that names no folder starts in the one that the last of its title ended in; null for a
+/// memory: none is remembered.
+std::optional<std::string> AskFile(const FileDialog& dialog, bool toSave, QWidget* owner,
+                                   beside::IWindowMemory* memory);
 
 } // namespace sm::qt

@@ -16,6 +16,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <utility>
 
 namespace sm::qt {
 namespace {
@@ -118,18 +119,22 @@ MessageAnswer MessageWindow::Ask()
 
 class QtDesktop final : public IDesktop {
 public:
-    explicit QtDesktop(const ScreenOptions& options) : m_options(options) {}
+    QtDesktop(const ScreenOptions& options, ScreenState& state) : m_options(options), m_state(state) {}
     MessageAnswer ShowMessage(const Message& message) override;
     void Beep() override { QApplication::beep(); }
-    std::optional<std::string> AskOpenFile(const FileDialog& dialog) override { return Ask(dialog, false); }
+    std::optional<std::string> AskOpenFile(const FileDialog& dialog) override
+    {
+        return m_state.dropped ? std::exchange(m_state.dropped, std::nullopt) : Ask(dialog, false);
+    }
     std::optional<std::string> AskSaveFile(const FileDialog& dialog) override { return Ask(dialog, true); }
     std::optional<std::int32_t> AskColor(std::int32_t initial) override;
     bool OpenDocument(const std::string& pathOrAddress) override;
     bool ShowHelp(const std::string& helpFile, std::int32_t context) override;
 
 private:
-    static std::optional<std::string> Ask(const FileDialog& dialog, bool toSave);
+    std::optional<std::string> Ask(const FileDialog& dialog, bool toSave);
     ScreenOptions m_options;
+    ScreenState& m_state;
 };
 
 /// `body`'s result; `otherwise` when it throws.
@@ -163,7 +168,7 @@ std::optional<std::string> QtDesktop::Ask(const FileDialog& dialog, bool toSave)
 {
     return Attempted(std::optional<std::string>(), [&] {
         const ClosesOnSignal closesOnSignal;
-        return AskFile(dialog, toSave, QApplication::activeModalWidget());
+        return AskFile(dialog, toSave, QApplication::activeModalWidget(), m_state.memory);
     });
 }
 
@@ -199,9 +204,9 @@ bool QtDesktop::ShowHelp(const std::string&, std::int32_t context)
 
 } // namespace
 
-std::unique_ptr<IDesktop> CreateQtDesktop(const ScreenOptions& options)
+std::unique_ptr<IDesktop> CreateQtDesktop(const ScreenOptions& options, ScreenState& state)
 {
-    return std::make_unique<QtDesktop>(options);
+    return std::make_unique<QtDesktop>(options, state);
 }
 
 } // namespace sm::qt

@@ -8,7 +8,6 @@
 
 #include <QApplication>
 #include <QLabel>
-#include <QShortcut>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -42,11 +41,15 @@ template <class Body> bool Guarded(const Body& body) noexcept
 
 } // namespace
 
-QtFormView::QtFormView(IForm& form, beside::ISheetList* const& sheets)
-    : m_form(form), m_listed(sheets), m_reporter(form),
+QtFormView::QtFormView(IForm& form, ScreenState& state)
+    : m_form(form), m_reporter(form),
       m_window({[this] { m_form.UserActivated(); }, [this] { m_form.UserClosed(); }, [this] { LayOut(); },
                 [this](QWidget* widget, bool isEnter) { OnKey(widget, isEnter); },
-                [this](QWidget* widget, int key) { return OnOtherKey(widget, key); }})
+                [this](QWidget* widget, int key) { return OnOtherKey(widget, key); }}),
+      m_neighbours({m_window, form, [this](const QWidget* widget) { return ControlOf(widget); },
+                    [this](std::size_t control) { m_reporter.Clicked(control); },
+                    [this](std::size_t list) { PressBeside(list, "Add"); }},
+                   state)
 {
     m_reporter.showAnew = [this](std::size_t control) { ControlChanged(control); };
     const Reporter::Silence silence(m_reporter);
@@ -232,8 +235,7 @@ void QtFormView::ControlChanged(std::size_t control)
     Guarded([&] {
         const Reporter::Silence silence(m_reporter);
         ShowControl(control);
-        if (m_sheets != nullptr)
-            m_sheets->FormChanged();
+        m_neighbours.FormChanged();
     });
 }
 
@@ -247,32 +249,14 @@ bool QtFormView::ShowModal()
         m_loop = &loop;
         m_isHidden = false;
         m_window.Appear(QApplication::activeModalWidget());
-        ShowSheets();
+        m_neighbours.Appear();
         if (!m_isHidden)
             loop.exec();
     });
     m_loop = nullptr;
     m_window.hide(); // when the whole application is asked to end
-    HideSheets();
+    m_neighbours.Leave();
     return wasShown;
-}
-
-void QtFormView::ShowSheets()
-{
-    if (m_listed == nullptr || !m_listed->StandsBeside(m_form.Controls().front().name))
-        return;
-    if (m_sheets == nullptr) {
-        m_sheets = new SheetsWindow(*m_listed, m_form, &m_window);
-        QObject::connect(new QShortcut(Qt::Key_F6, &m_window, nullptr, nullptr, Qt::ApplicationShortcut),
-                         &QShortcut::activated, m_sheets, [this] { m_sheets->Toggle(); });
-    }
-    m_sheets->Appear();
-}
-
-void QtFormView::HideSheets()
-{
-    if (m_sheets != nullptr)
-        m_sheets->hide();
 }
 
 void QtFormView::Hide()
@@ -280,7 +264,7 @@ void QtFormView::Hide()
     if (m_loop == nullptr)
         return;
     m_isHidden = true;
-    HideSheets();
+    m_neighbours.Leave();
     m_window.hide();
     m_loop->exit();
 }
@@ -358,23 +342,23 @@ namespace {
 
 class QtForms final : public IFormToolkit {
 public:
-    explicit QtForms(beside::ISheetList* const& sheets) : m_sheets(sheets) {}
+    explicit QtForms(ScreenState& state) : m_state(state) {}
     std::unique_ptr<IFormView> MakeView(IForm& form) override
     {
         std::unique_ptr<IFormView> view;
-        Guarded([&] { view = std::make_unique<QtFormView>(form, m_sheets); });
+        Guarded([&] { view = std::make_unique<QtFormView>(form, m_state); });
         return view;
     }
 
 private:
-    beside::ISheetList* const& m_sheets;
+    ScreenState& m_state;
 };
 
 } // namespace
 
-std::unique_ptr<IFormToolkit> CreateQtForms(beside::ISheetList* const& sheets)
+std::unique_ptr<IFormToolkit> CreateQtForms(ScreenState& state)
 {
-    return std::make_unique<QtForms>(sheets);
+    return std::make_unique<QtForms>(state);
 }
 
 } // namespace sm::qt

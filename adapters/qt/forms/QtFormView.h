@@ -2,9 +2,9 @@
 // One form's window with all its controls.
 #pragma once
 
-#include "beside/SheetsWindow.h"
 #include "forms/ControlView.h"
 #include "forms/FormLayout.h"
+#include "forms/FormNeighbours.h"
 #include "forms/FormWindow.h"
 #include "ports/IFormToolkit.h"
 
@@ -17,8 +17,8 @@ namespace sm::qt {
 
 class QtFormView final : public IFormView {
 public:
-    /// What `sheets` points to stands beside the form, if it belongs to it.
-    QtFormView(IForm& form, beside::ISheetList* const& sheets);
+    /// `state` outlives the view.
+    QtFormView(IForm& form, ScreenState& state);
     ~QtFormView() override;
     QtFormView(const QtFormView&) = delete;
     QtFormView& operator=(const QtFormView&) = delete;
@@ -37,8 +37,6 @@ private:
     [[nodiscard]] int PageMargin(std::size_t page, const FormUnits& units) const;
     void ShowControl(std::size_t control);
     void ShowForm();
-    void ShowSheets();
-    void HideSheets();
     void OnKey(QWidget* widget, bool isEnter);
     bool OnOtherKey(QWidget* widget, int key);
     /// Presses the button with that caption beside `control`, if the user could.
@@ -52,12 +50,11 @@ private:
     [[nodiscard]] bool IsOurs(const QWidget* widget) const;
 
     IForm& m_form;
-    beside::ISheetList* const& m_listed;
     Reporter m_reporter;
     std::optional<Reporter::Silence> m_lastSilence;
     FormWindow m_window;
     ControlViews m_views;
-    SheetsWindow* m_sheets = nullptr; ///< belongs to the form's window
+    FormNeighbours m_neighbours;
     std::unordered_map<const QWidget*, std::size_t> m_positions;
     QMetaObject::Connection m_focus;
     QEventLoop* m_loop = nullptr;

@@ -3,6 +3,7 @@
 
 #include "beside/EndWindow.h"
 #include "beside/ProgressWindow.h"
+#include "beside/StartWindow.h"
 #include "forms/Pictures.h"
 #include "forms/QtDesktop.h"
 #include "forms/QtForms.h"
@@ -49,14 +50,16 @@ private:
 class QtScreen final : public Screen, public beside::ICompany {
 public:
     explicit QtScreen(const ScreenOptions& options)
-        : m_desktop(CreateQtDesktop(options)), m_forms(CreateQtForms(m_sheets))
+        : m_desktop(CreateQtDesktop(options, m_state)), m_forms(CreateQtForms(m_state))
     {
+        m_state.memory = options.memory;
+        m_state.desktop = m_desktop.get();
     }
     IFormToolkit& Toolkit() override { return *m_forms; }
     IDesktop& Desktop() override { return *m_desktop; }
     beside::ICompany& Company() override { return *this; }
-    [[nodiscard]] beside::ISheetList* Listed() const override { return m_sheets; }
-    void StandBeside(beside::ISheetList* sheets) override { m_sheets = sheets; }
+    [[nodiscard]] beside::ISheetList* Listed() const override { return m_state.sheets; }
+    void StandBeside(beside::ISheetList* sheets) override { m_state.sheets = sheets; }
     void ShowProgress(const beside::RunProgress& progress) override
     {
         if (m_progress == nullptr)
@@ -70,11 +73,15 @@ public:
             QApplication::processEvents();
         return m_progress != nullptr && m_progress->IsCancelled();
     }
-    beside::NextStep ShowEnd(const beside::RunEnd& end) override { return AskAtEnd(end, *m_desktop); }
+    beside::NextStep ShowEnd(const beside::RunEnd& end) override { return AskAtEnd(end, *m_desktop, m_state.memory); }
+    std::optional<std::string> ChooseDrawing(const std::vector<std::string>& recent) override
+    {
+        return recent.empty() ? AskForDrawing(*m_desktop) : AskAmongRecent(recent, m_state);
+    }
 
 private:
     Application m_application;
-    beside::ISheetList* m_sheets = nullptr;
+    ScreenState m_state;
     std::unique_ptr<ProgressWindow> m_progress;
     std::unique_ptr<IDesktop> m_desktop;
     std::unique_ptr<IFormToolkit> m_forms;

@@ -5,6 +5,7 @@
 #include "hostobjects/cAcadPageSetup.h"
 #include "plugin/CallScope.h"
 #include "screen/KeptBeside.h"
+#include "screen/RecentDrawings.h"
 #include "screen/ScreenRun.h"
 #include "settings/mdlDataKegIO.h"
 
@@ -56,8 +57,10 @@ int RunPageSetup(const PageSetupJob& job, const Install& install, const ScreenPa
     return RunOnScreen("page-setup", screen, err, [&] {
         terminal::Console console(err, screen.hasTerminal);
         ScreenRun run(job.drawing.value_or(""), install, screen, console);
-        if (job.drawing)
+        if (job.drawing) {
+            RememberDrawing(screen.memory, *job.drawing);
             TellWhereEntriesGo(run.Session().Drawing(), *job.drawing, screen.desktop);
+        }
         return ShowPageSetup(run, out);
     });
 }

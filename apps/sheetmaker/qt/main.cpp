@@ -11,6 +11,7 @@
 #include "machine/HelpTopic.h"
 #include "qt/DrawingWindow.h"
 #include "qt/Screen.h"
+#include "screen/StoredMemory.h"
 #include "system/DocumentOpener.h"
 
 #include <iostream>
@@ -18,9 +19,10 @@
 namespace sm::app {
 namespace {
 
-qt::ScreenOptions ScreenOptionsOf(const Install& install)
+qt::ScreenOptions ScreenOptionsOf(const Install& install, beside::IWindowMemory& memory)
 {
     qt::ScreenOptions options;
+    options.memory = &memory;
     options.helpFolder = base::ToText(install.places.shareFolder / "help");
     options.open = [environment = install.environment](const std::string& pathOrAddress) {
         return system::OpenOnDesktop(environment, HelpTopic(pathOrAddress));
@@ -31,15 +33,17 @@ qt::ScreenOptions ScreenOptionsOf(const Install& install)
 int ShowOnScreen(const Job& job, const Install& install)
 {
     std::string why;
-    const auto screen = qt::Screen::Open(ScreenOptionsOf(install), why);
+    const auto memory =
+        CreateWindowMemory(OpenSettings(install, [](const std::string&) {})); // the run complains itself
+    const auto screen = qt::Screen::Open(ScreenOptionsOf(install, *memory), why);
     if (!screen) {
         std::cerr << "sheetmaker: " << why << "\n";
         return kExitToolMissing;
     }
     const auto picker = qt::CreateDrawingWindow({ReferenceOptionsOf(install), base::ToText(install.places.shareFolder),
-                                                 [&screen] { return screen->Listed(); }});
-    const ScreenParts parts{screen->Desktop(), screen->Toolkit(), *picker, base::IsTerminal(base::Stream::Errors),
-                            &screen->Company()};
+                                                 [&screen] { return screen->Listed(); }, memory.get()});
+    const ScreenParts parts{screen->Desktop(),  screen->Toolkit(), *picker, base::IsTerminal(base::Stream::Errors),
+                            &screen->Company(), memory.get()};
     if (const auto* const settings = std::get_if<SettingsJob>(&job))
         return RunSettings(*settings, install, parts, std::cout, std::cerr);
     return RunPageSetup(std::get<PageSetupJob>(job), install, parts, std::cout, std::cerr);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "beside/Company.h"
+#include "beside/WindowMemory.h"
 #include "cadhost/PointPicker.h"
 #include "ports/IDesktop.h"
 #include "ports/IFormToolkit.h"
@@ -14,8 +15,9 @@ struct ScreenParts {
     IDesktop& desktop;
     IFormToolkit& toolkit;
     cadhost::IPointPicker& picker;
-    bool hasTerminal = false;            ///< somebody reads the error stream
-    beside::ICompany* company = nullptr; ///< null: nothing stands beside the forms, and no window tells the end
+    bool hasTerminal = false;                ///< somebody reads the error stream
+    beside::ICompany* company = nullptr;     ///< null: nothing stands beside the forms, and no window tells the end
+    beside::IWindowMemory* memory = nullptr; ///< null: nothing is remembered
 };
 
 } // namespace sm::app

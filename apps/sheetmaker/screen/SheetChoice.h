@@ -34,6 +34,10 @@ public:
     void TickAll() override { m_off.clear(); }
     std::string TickMeant(const std::string& words) override;
 
+    [[nodiscard]] beside::IDrawings* Drawings() override { return m_drawings; }
+    /// The way to other drawings; null: none.
+    void SetDrawings(beside::IDrawings* drawings) { m_drawings = drawings; }
+    [[nodiscard]] beside::FileList Files() const override { return {"lstAttach", "frmAttach", "btnAttachBrowse"}; }
     [[nodiscard]] beside::IPageSource* Page() override { return m_page; }
     /// The preview that stands with the list; null: none.
     void SetPage(beside::IPageSource* page) { m_page = page; }
@@ -54,6 +58,7 @@ private:
     SheetSource m_source;
     std::set<std::string> m_off;
     beside::IPageSource* m_page = nullptr;
+    beside::IDrawings* m_drawings = nullptr;
     std::string m_stampText, m_tab; ///< as the form showed them last
 };
 

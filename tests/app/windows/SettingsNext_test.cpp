@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "settings" with windows beside the dialog: the sheets that are chosen, the end, and what comes after it.
 #include "app/ScreenStand.h"
+#include "screen/StoredMemory.h"
 
 #include <gmock/gmock.h>
 
@@ -42,6 +43,13 @@ public:
         steps.pop_front();
         return next;
     }
+    std::vector<std::string> offered; ///< recent drawings
+    std::optional<std::string> choice;
+    std::optional<std::string> ChooseDrawing(const std::vector<std::string>& recent) override
+    {
+        offered = recent;
+        return choice;
+    }
 };
 
 class SettingsNext : public ScreenStand {
@@ -80,6 +88,55 @@ TEST_F(SettingsNext, TheSheetsThatAreTickedBecomePages)
     ASSERT_EQ(company.ends.size(), 1U);
     EXPECT_EQ(company.ends.front().headline, "house.pdf was made: 2 pages.");
     EXPECT_EQ(Short(company.ends.front().pdfPath), "house.pdf");
+}
+
+/// Closes the form and goes on with another drawing, as Ctrl+O does.
+std::function<void(FormDriver&)> GoOnWith(const std::string& path, beside::ISheetList*& sheets)
+{
+    return [path, &sheets](FormDriver& user) {
+        ASSERT_NE(sheets->Drawings(), nullptr);
+        sheets->Drawings()->OpenNext(path);
+        user.Click("btnCancel");
+    };
+}
+
+TEST_F(SettingsNext, AnotherDrawingIsGoneOnWithAndOneThatCantBeOpenedLeavesTheOneBefore)
+{
+    const std::string other = machine.In("site.dxf");
+    std::filesystem::copy_file(SM_SOURCE_DIR "/samples/flange.dxf", other);
+    beside::ISheetList* sheets = nullptr;
+    std::vector<std::string> layouts;
+    company.user = [&](beside::ISheetList& list) {
+        sheets = &list;
+        layouts.push_back(list.Now({}).rows.back().name);
+    };
+    toolkit.When("frmGUITap", GoOnWith(other, sheets));
+    toolkit.When("frmGUITap", GoOnWith(machine.In("gone.dxf"), sheets));
+    toolkit.When("frmGUITap", [](FormDriver& user) { user.Click("btnCancel"); });
+    hasTerminal = false;
+    EXPECT_EQ(Settings("A-101 Ground Floor"), 0);
+    ASSERT_EQ(layouts.size(), 3U);
+    EXPECT_EQ(layouts[0], "A-201 Section");
+    EXPECT_NE(layouts[1], layouts[0]);
+    EXPECT_EQ(layouts[2], layouts[1]);
+    EXPECT_EQ(desktop.TakeMessages().size(), 1U) << "the drawing that can't be opened";
+    EXPECT_EQ(Contents(drawing), before);
+}
+
+TEST_F(SettingsNext, WithoutADrawingTheRecentOnesAreOffered)
+{
+    const auto memory = CreateWindowMemory(OpenSettings(Here(), [](const std::string& text) { FAIL() << text; }));
+    ScreenParts parts = Parts();
+    parts.company = &company;
+    parts.memory = memory.get();
+    EXPECT_EQ(RunSettings({std::nullopt, std::nullopt}, Here(), parts, out, err), 0);
+    EXPECT_THAT(company.offered, ElementsAre());
+    company.choice = drawing;
+    toolkit.When("frmGUITap", [](FormDriver& user) { user.Click("btnCancel"); });
+    EXPECT_EQ(RunSettings({std::nullopt, std::nullopt}, Here(), parts, out, err), 0);
+    company.choice.reset();
+    EXPECT_EQ(RunSettings({std::nullopt, std::nullopt}, Here(), parts, out, err), 0);
+    EXPECT_THAT(company.offered, ElementsAre(drawing));
 }
 
 TEST_F(SettingsNext, TheLayoutThatIsMadeCurrentIsTheCurrentTab)

@@ -6,6 +6,10 @@
 #include "beside/RunProgress.h"
 #include "beside/SheetList.h"
 
+#include <optional>
+#include <string>
+#include <vector>
+
 namespace sm::beside {
 
 /// Nothing here throws. All calls are made on the thread of the screen.
@@ -21,6 +25,9 @@ public:
     virtual bool IsCancelled() = 0;
     /// Shows how a run ended, waits for the user and says what is to be done next.
     virtual NextStep ShowEnd(const RunEnd& end) = 0;
+    /// Lets the user choose a drawing, among `recent` (absolute paths, the latest first) or elsewhere. Nothing when
+    /// there was no choice.
+    virtual std::optional<std::string> ChooseDrawing(const std::vector<std::string>& recent) = 0;
 };
 
 } // namespace sm::beside

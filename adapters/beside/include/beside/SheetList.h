@@ -3,6 +3,7 @@
 // sheets become pages.
 #pragma once
 
+#include "beside/Drawings.h"
 #include "beside/PageSource.h"
 #include "ports/FormControls.h"
 
@@ -49,6 +50,9 @@ public:
     [[nodiscard]] virtual std::optional<PageMark> StampAtHand() { return std::nullopt; }
     /// The page that would come out of the current tab; null: there is no preview. Stays as long as the list.
     [[nodiscard]] virtual IPageSource* Page() { return nullptr; }
+    /// Other drawings than the one at hand; null: there is no way to them. Stays as long as the list.
+    [[nodiscard]] virtual IDrawings* Drawings() { return nullptr; }
+    [[nodiscard]] virtual FileList Files() const { return {}; }
 };
 
 } // namespace sm::beside

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "beside/SheetList.h"
+#include "beside/WindowMemory.h"
 #include "cadhost/PointPicker.h"
 #include "render/References.h"
 
@@ -17,6 +18,8 @@ struct DrawingWindowOptions {
     std::string shareFolder{}; ///< as the host has it
     /// What stands beside the form that asks for a pick: its marks are shown. Empty, or null: none are.
     std::function<beside::ISheetList*()> sheets{};
+    /// The window's size and background; outlives the window. Null: nothing is remembered.
+    beside::IWindowMemory* memory = nullptr;
 };
 
 /// To be used while a Screen is open, from its thread; may be made before and may outlive it. Without a screen each

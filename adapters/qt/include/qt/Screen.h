@@ -3,6 +3,7 @@
 #pragma once
 
 #include "beside/Company.h"
+#include "beside/WindowMemory.h"
 #include "ports/IDesktop.h"
 #include "ports/IFormToolkit.h"
 
@@ -18,6 +19,8 @@ struct ScreenOptions {
     /// Opens a document or address with the desktop's program for it; false when there is none. Empty: nothing can be
     /// opened.
     std::function<bool(const std::string& pathOrAddress)> open;
+    /// Sizes and folders; outlives the screen. Null: nothing is remembered.
+    beside::IWindowMemory* memory = nullptr;
 };
 
 /// While a form, message box or dialog is up, SIGINT, SIGTERM and SIGHUP are taken as a press of the front window's

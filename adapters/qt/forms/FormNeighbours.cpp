@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "forms/FormNeighbours.h"
+
+#include "beside/StartWindow.h"
+#include "screen/DroppedFiles.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QShortcut>
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+namespace sm::qt {
+namespace {
+
+QShortcut* ShortcutEverywhere(const QKeySequence& keys, QWidget& window)
+{
+    return new QShortcut(keys, &window, nullptr, nullptr, Qt::ApplicationShortcut);
+}
+
+/// Two states of one control of which the user entered neither more nor less; tabs are turned without entering
+/// anything.
+bool HoldsTheSame(const FormControl& a, const FormControl& b)
+{
+    return a.kind == ControlKind::TabStrip || (a.text == b.text && a.value == b.value && a.selection == b.selection &&
+                                               a.items == b.items && a.rows == b.rows && a.backColor == b.backColor);
+}
+
+} // namespace
+
+FormNeighbours::FormNeighbours(Site site, ScreenState& state) : m_site(std::move(site)), m_state(state) {}
+
+FormNeighbours::~FormNeighbours()
+{
+    if (!m_files.empty())
+        m_state.rowEnded = nullptr;
+}
+
+beside::IDrawings* FormNeighbours::Drawings() const
+{
+    return m_list != nullptr ? m_list->Drawings() : nullptr;
+}
+
+std::size_t FormNeighbours::ControlNamed(const std::string& name) const
+{
+    const auto& controls = m_site.form.Controls();
+    const auto found = std::find_if(controls.begin(), controls.end(),
+                                    [&](const FormControl& control) { return control.name == name; });
+    return found == controls.end() ? 0 : static_cast<std::size_t>(found - controls.begin());
+}
+
+void FormNeighbours::Appear()
+{
+    const std::string& name = m_site.form.Controls().front().name;
+    beside::ISheetList* const listed = m_state.sheets;
+    m_list = listed != nullptr && listed->StandsBeside(name) ? listed : nullptr;
+    if (m_list != nullptr) {
+        if (m_sheets == nullptr)
+            MakeSheets();
+        m_sheets->Appear();
+        qApp->removeEventFilter(this);
+        qApp->installEventFilter(this);
+    }
+    const beside::FileList files = listed != nullptr ? listed->Files() : beside::FileList{};
+    if (m_state.dropped && name == files.form)
+        QTimer::singleShot(0, this, [this, browse = ControlNamed(files.browse)] { m_site.press(browse); });
+}
+
+void FormNeighbours::MakeSheets()
+{
+    m_atFirst = m_site.form.Controls();
+    m_site.window.setAcceptDrops(Drawings() != nullptr || !m_list->Files().list.empty());
+    m_sheets = new SheetsWindow(*m_list, m_site.form, &m_site.window, m_state.memory);
+    connect(ShortcutEverywhere(Qt::Key_F6, m_site.window), &QShortcut::activated, m_sheets,
+            [this] { m_sheets->Toggle(); });
+    if (Drawings() == nullptr)
+        return;
+    m_sheets->setAcceptDrops(true);
+    m_sheets->onOpen = [this](const std::optional<std::string>& path) { Open(path); };
+    connect(ShortcutEverywhere(QKeySequence::Open, m_site.window), &QShortcut::activated, this, [this] {
+        if (QApplication::activeModalWidget() == &m_site.window)
+            Open(std::nullopt);
+    });
+}
+
+void FormNeighbours::Leave()
+{
+    qApp->removeEventFilter(this);
+    m_list = nullptr;
+    if (m_sheets != nullptr)
+        m_sheets->hide();
+    else if (m_state.rowEnded)
+        QTimer::singleShot(0, qApp, [&state = m_state] {
+            if (state.rowEnded)
+                state.rowEnded();
+        });
+}
+
+void FormNeighbours::FormChanged()
+{
+    if (m_sheets != nullptr)
+        m_sheets->FormChanged();
+}
+
+bool FormNeighbours::eventFilter(QObject* object, QEvent* event)
+{
+    const QEvent::Type type = event->type();
+    if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop)
+        return false;
+    const auto* const widget = qobject_cast<QWidget*>(object);
+    const QWidget* const window = widget != nullptr ? widget->window() : nullptr;
+    const bool isOurs = window == &m_site.window || (window != nullptr && window == m_sheets);
+    return isOurs && QApplication::activeModalWidget() == &m_site.window && TakeDrag(*widget, *event);
+}
+
+/// Files on the list of files become rows of it; a drawing anywhere else is opened.
+bool FormNeighbours::TakeDrag(const QWidget& widget, QEvent& event)
+{
+    auto& drag = static_cast<QDropEvent&>(event);
+    std::vector<std::string> paths = FilesIn(drag.mimeData());
+    const bool isList = IsOnFileList(widget, drag.position().toPoint());
+    const bool isTaken =
+        !paths.empty() && (isList || (paths.size() == 1 && IsDrawing(paths.front()) && Drawings() != nullptr));
+    if (paths.empty())
+        return false; // text for a box
+    drag.setAccepted(isTaken);
+    if (!isTaken)
+        return true;
+    drag.setDropAction(Qt::CopyAction);
+    if (event.type() == QEvent::Drop) // whoever drags waits until this returns
+        QTimer::singleShot(
+            0, this, [this, isList, paths = std::move(paths)] { isList ? AddFiles(paths) : Open(paths.front()); });
+    return true;
+}
+
+bool FormNeighbours::IsOnFileList(const QWidget& widget, QPoint at) const
+{
+    const std::size_t list = m_list != nullptr ? ControlNamed(m_list->Files().list) : 0;
+    if (list == 0 || widget.window() != &m_site.window)
+        return false;
+    return m_site.controlOf(m_site.window.childAt(widget.mapTo(&m_site.window, at))) == list;
+}
+
+std::size_t FormNeighbours::RowsOfFileList() const
+{
+    const std::size_t list = m_list != nullptr ? ControlNamed(m_list->Files().list) : 0;
+    return m_site.form.Controls()[list].rows.size();
+}
+
+void FormNeighbours::AddFiles(std::vector<std::string> paths)
+{
+    m_files.assign(std::make_move_iterator(paths.begin()), std::make_move_iterator(paths.end()));
+    m_state.rowEnded = [this] { GoOnAfterRow(); };
+    AddNextFile();
+}
+
+/// The row's own form asks for its file, and the one that was dropped is the answer.
+void FormNeighbours::AddNextFile()
+{
+    if (m_files.empty() || m_list == nullptr) {
+        m_state.rowEnded = nullptr;
+        return;
+    }
+    m_rows = RowsOfFileList();
+    m_state.dropped = m_files.front();
+    m_files.pop_front();
+    m_site.pressAddBeside(ControlNamed(m_list->Files().list));
+    m_state.dropped.reset();
+}
+
+/// While a place is picked for the row, the form is away; a row that was given up ends the rest.
+void FormNeighbours::GoOnAfterRow()
+{
+    if (m_list == nullptr || QApplication::activeModalWidget() != &m_site.window)
+        return;
+    if (RowsOfFileList() <= m_rows)
+        m_files.clear();
+    AddNextFile();
+}
+
+bool FormNeighbours::MayDropEntries(const std::string& path) const
+{
+    const auto& now = m_site.form.Controls();
+    const bool isAsItWas = std::equal(now.begin(), now.end(), m_atFirst.begin(), m_atFirst.end(), HoldsTheSame);
+    if (isAsItWas || m_state.desktop == nullptr)
+        return isAsItWas;
+    const std::string text =
+        "What was entered here and not confirmed yet is dropped when another drawing is opened.\r\n"
+        "Open\r\n" +
+        path + "?";
+    return m_state.desktop->ShowMessage(
+               {text, now.front().caption, MessageButtons::OkCancel, MessageIcon::Exclamation, {}, 0}) ==
+           MessageAnswer::Ok;
+}
+
+void FormNeighbours::Open(const std::optional<std::string>& path)
+{
+    beside::IDrawings* const drawings = Drawings();
+    if (drawings == nullptr || m_state.desktop == nullptr)
+        return;
+    const auto chosen = path ? path : AskForDrawing(*m_state.desktop);
+    if (!chosen || Drawings() == nullptr || !MayDropEntries(*chosen))
+        return;
+    drawings->OpenNext(*chosen);
+    m_site.form.UserClosed();
+}
+
+} // namespace sm::qt

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What stands beside one form and holds none of its rules: the list of sheets, the way to another drawing, files that
+// are dropped on it.
+#pragma once
+
+#include "beside/SheetsWindow.h"
+#include "screen/ScreenState.h"
+
+#include <QObject>
+#include <QPoint>
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace sm::qt {
+
+class FormNeighbours final : public QObject {
+public:
+    /// What the form's view does for its neighbours.
+    struct Site {
+        QWidget& window; ///< the form's
+        IForm& form;
+        std::function<std::size_t(const QWidget*)> controlOf;    ///< 0: none, or the form itself
+        std::function<void(std::size_t control)> press;          ///< a button, if the user could
+        std::function<void(std::size_t control)> pressAddBeside; ///< "Add"
+    };
+    FormNeighbours(Site site, ScreenState& state);
+    ~FormNeighbours() override;
+    FormNeighbours(const FormNeighbours&) = delete;
+    FormNeighbours& operator=(const FormNeighbours&) = delete;
+
+    /// The form has been shown, or goes.
+    void Appear();
+    void Leave();
+    void FormChanged();
+
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+private:
+    [[nodiscard]] beside::IDrawings* Drawings() const;
+    [[nodiscard]] std::size_t ControlNamed(const std::string& name) const;
+    void MakeSheets();
+    bool TakeDrag(const QWidget& widget, QEvent& event);
+    [[nodiscard]] bool IsOnFileList(const QWidget& widget, QPoint at) const;
+    void AddFiles(std::vector<std::string> paths);
+    void AddNextFile();
+    void GoOnAfterRow();
+    [[nodiscard]] std::size_t RowsOfFileList() const;
+    void Open(const std::optional<std::string>& path);
+    [[nodiscard]] bool MayDropEntries(const std::string& path) const;
+
+    Site m_site;
+    ScreenState& m_state;
+    beside::ISheetList* m_list = nullptr; ///< that belongs to the form, while it is up
+    SheetsWindow* m_sheets = nullptr;     ///< belongs to the form's window
+    std::vector<FormControl> m_atFirst;   ///< the form's controls as it was shown first
+    std::deque<std::string> m_files;      ///< dropped, to become rows yet
+    std::size_t m_rows = 0;               ///< of the list of files, before the last of them
+};
+
+} // namespace sm::qt
