@@ -4,24 +4,14 @@
 #include "view/PickMarks.h"
 
 #include <QGuiApplication>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 namespace sm::qt {
 namespace {
 
 constexpr double kAperture = 10; // pixels
-constexpr double kDragged = 12;  // pixels that a held button must move for its release to be a pick
-constexpr double kWheelStep = 1.25;
-constexpr double kKeyStep = 1.5;
-constexpr double kPanPart = 0.1; // of the view, for an arrow key
-
-Vec2 PlaceOf(const QPointF& point)
-{
-    return {point.x(), point.y()};
-}
 
 } // namespace
 
@@ -52,7 +42,7 @@ ViewMap DrawingView::DeviceMap() const
 void DrawingView::Ask()
 {
     if (m_picture != nullptr && isVisible())
-        m_renderer->Ask(m_picture, DeviceMap());
+        m_renderer->Ask(m_picture, DeviceMap(), m_backdrop);
     update();
 }
 
@@ -76,7 +66,7 @@ void DrawingView::SetPicture(std::shared_ptr<const LayoutPicture> picture)
     m_isWhole = false;
     m_snap.reset();
     if (m_picture == nullptr)
-        m_renderer->Ask(nullptr, {});
+        m_renderer->Ask(nullptr, {}, m_backdrop);
     ShowAll();
 }
 
@@ -89,8 +79,28 @@ void DrawingView::SetBand(std::optional<Vec2> first)
 void DrawingView::SetPicking(bool picking)
 {
     m_picking = picking;
-    setCursor(picking ? Qt::BlankCursor : Qt::ArrowCursor);
+    SetZoomWindow(false);
     Refresh(QGuiApplication::keyboardModifiers());
+}
+
+void DrawingView::SetZoomWindow(bool isWanted)
+{
+    m_isZoomWindow = isWanted && m_picture != nullptr;
+    m_zoomFrom.reset();
+    setCursor(m_isZoomWindow ? Qt::CrossCursor : m_picking ? Qt::BlankCursor : Qt::ArrowCursor);
+    Refresh(QGuiApplication::keyboardModifiers());
+    if (onZoomWindow)
+        onZoomWindow(m_isZoomWindow);
+}
+
+void DrawingView::SetBackdrop(Backdrop backdrop)
+{
+    if (m_backdrop == backdrop)
+        return;
+    m_backdrop = backdrop;
+    m_image = {};
+    m_isWhole = false;
+    Ask();
 }
 
 void DrawingView::SetSnapping(bool snapping)
@@ -129,6 +139,16 @@ void DrawingView::Zoom(double factor)
     SetMap(map);
 }
 
+void DrawingView::ZoomTo(Vec2 from, Vec2 to)
+{
+    const Vec2 a = m_map.ToScene(from), b = m_map.ToScene(to);
+    ViewMap map = m_map;
+    const double factor = std::min(width() / std::abs(to.x - from.x), height() / std::abs(to.y - from.y));
+    map.center = (a + b) * 0.5;
+    map.ZoomAbout({width() / 2.0, height() / 2.0}, factor, m_picture->home);
+    SetMap(map);
+}
+
 void DrawingView::showEvent(QShowEvent*)
 {
     Ask();
@@ -151,7 +171,7 @@ void DrawingView::Follow(Vec2 pixel, Qt::KeyboardModifiers modifiers)
     m_cursor = pixel;
     m_snap.reset();
     const bool suspended = (modifiers & Qt::ShiftModifier) != 0;
-    if (m_picking && m_snapping && !suspended && m_picture != nullptr)
+    if (m_picking && m_snapping && !suspended && !m_isZoomWindow && m_picture != nullptr)
         m_snap = m_picture->snaps.Find(m_map.ToScene(pixel), kAperture / m_map.scale);
     if (onMove)
         onMove(PointAtCursor());
@@ -163,127 +183,11 @@ Vec2 DrawingView::PointAtCursor() const
     return m_snap ? m_snap->point : m_map.ToScene(m_cursor.value_or(Vec2{}));
 }
 
-void DrawingView::mousePressEvent(QMouseEvent* event)
-{
-    const Vec2 at = PlaceOf(event->position());
-    if (event->button() == Qt::MiddleButton) {
-        m_grip = at;
-        return;
-    }
-    if (event->button() == Qt::RightButton && m_picking && onCancel)
-        return onCancel();
-    if (event->button() != Qt::LeftButton || !m_picking || m_picture == nullptr)
-        return;
-    Follow(at, event->modifiers());
-    if (onPick)
-        onPick(PointAtCursor());
-    m_pressed = at;
-}
-
-void DrawingView::mouseMoveEvent(QMouseEvent* event)
-{
-    const Vec2 at = PlaceOf(event->position());
-    if (m_grip) {
-        ViewMap map = m_map;
-        map.MoveBy(at - *m_grip);
-        m_grip = at;
-        m_cursor = at;
-        SetMap(map);
-    } else {
-        Follow(at, event->modifiers());
-    }
-}
-
-// A rectangle may be drawn in one go: pressed at its first corner, released at the other.
-void DrawingView::mouseReleaseEvent(QMouseEvent* event)
-{
-    const Vec2 at = PlaceOf(event->position());
-    if (event->button() == Qt::MiddleButton)
-        m_grip.reset();
-    if (event->button() != Qt::LeftButton || !m_pressed)
-        return;
-    const bool dragged = std::hypot(at.x - m_pressed->x, at.y - m_pressed->y) > kDragged;
-    m_pressed.reset();
-    if (dragged && m_band && m_picking && onPick) {
-        Follow(at, event->modifiers());
-        onPick(PointAtCursor());
-    }
-}
-
-void DrawingView::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    m_grip.reset();
-    if (event->button() == Qt::MiddleButton)
-        ShowAll();
-    else if (!m_band) // a rectangle doesn't end where it began
-        mousePressEvent(event);
-}
-
-void DrawingView::wheelEvent(QWheelEvent* event)
-{
-    if (m_picture == nullptr)
-        return;
-    constexpr double kNotch = 120;
-    const double notches = event->angleDelta().y() / kNotch;
-    ViewMap map = m_map;
-    map.ZoomAbout(PlaceOf(event->position()), std::pow(kWheelStep, notches), m_picture->home);
-    m_cursor = PlaceOf(event->position());
-    SetMap(map);
-    event->accept();
-}
-
-void DrawingView::keyPressEvent(QKeyEvent* event)
-{
-    ViewMap map = m_map;
-    const double x = std::round(width() * kPanPart);
-    const double y = std::round(height() * kPanPart);
-    switch (event->key()) {
-    case Qt::Key_Left:
-        map.MoveBy({x, 0});
-        return SetMap(map);
-    case Qt::Key_Right:
-        map.MoveBy({-x, 0});
-        return SetMap(map);
-    case Qt::Key_Up:
-        map.MoveBy({0, y});
-        return SetMap(map);
-    case Qt::Key_Down:
-        map.MoveBy({0, -y});
-        return SetMap(map);
-    case Qt::Key_Plus:
-        return Zoom(kKeyStep);
-    case Qt::Key_Minus:
-        return Zoom(1 / kKeyStep);
-    case Qt::Key_Home:
-        return ShowAll();
-    case Qt::Key_Shift:
-        return Refresh(Qt::ShiftModifier);
-    default:
-        if (!onKey || !onKey(event))
-            QWidget::keyPressEvent(event);
-    }
-}
-
-void DrawingView::keyReleaseEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Shift)
-        Refresh(Qt::NoModifier);
-    QWidget::keyReleaseEvent(event);
-}
-
-void DrawingView::leaveEvent(QEvent*)
-{
-    m_cursor.reset();
-    m_snap.reset();
-    if (onMove)
-        onMove(std::nullopt);
-    update();
-}
-
 // What was painted last is shown where it belongs by now: moved or scaled until the new picture is there.
 void DrawingView::PaintDrawing(QPainter& painter) const
 {
-    painter.fillRect(rect(), m_picture != nullptr && m_picture->paper ? QColor(0xC8, 0xCC, 0xD0) : QColor(Qt::white));
+    const BackdropColors& colors = ColorsOf(m_backdrop);
+    painter.fillRect(rect(), QColor(m_picture != nullptr && m_picture->paper ? colors.desk : colors.sheet));
     if (m_image.isNull())
         return;
     const double ratio = devicePixelRatioF();
@@ -302,12 +206,17 @@ void DrawingView::paintEvent(QPaintEvent*)
     PaintDrawing(painter);
     if (paintOver)
         paintOver(painter);
+    if (m_isZoomWindow && m_cursor) {
+        if (m_zoomFrom)
+            PaintRubberBand(painter, *m_zoomFrom, *m_cursor);
+        return;
+    }
     if (!m_picking || !m_cursor || m_grip)
         return;
     const Vec2 at = m_map.ToPixel(PointAtCursor());
     if (m_band)
         PaintRubberBand(painter, m_map.ToPixel(*m_band), at);
-    PaintCrossHair(painter, *m_cursor, width(), height());
+    PaintCrossHair(painter, *m_cursor, width(), height(), QColor(ColorsOf(m_backdrop).cross));
     if (m_snap)
         PaintSnapMark(painter, m_snap->kind, at, width());
 }

@@ -34,6 +34,11 @@ public:
     /// The snap that is in force at the cursor.
     [[nodiscard]] const std::optional<Snap>& AtSnap() const { return m_snap; }
 
+    void SetBackdrop(Backdrop backdrop);
+    [[nodiscard]] Backdrop OnBackdrop() const { return m_backdrop; }
+    /// The next rectangle that is drawn is what the view shows then; the right button, Escape or false give that up.
+    void SetZoomWindow(bool isWanted);
+
     void ShowAll();
     /// About the middle of the view.
     void Zoom(double factor);
@@ -48,6 +53,7 @@ public:
     std::function<void(std::optional<Vec2>)> onMove; ///< nothing: the cursor left
     std::function<bool(QKeyEvent*)> onKey;           ///< keys of nobody else; true: used
     std::function<void()> onCancel;                  ///< the right button was pressed
+    std::function<void(bool isWanted)> onZoomWindow; ///< a frame to zoom to is wanted, or no longer
     std::function<void()> onPainted;                 ///< the view is whole
     std::function<void(QPainter&)> paintOver;        ///< over the drawing, by `Map`
 
@@ -72,6 +78,8 @@ private:
     void Refresh(Qt::KeyboardModifiers modifiers);
     [[nodiscard]] Vec2 PointAtCursor() const;
     void PaintDrawing(QPainter& painter) const;
+    void TakeZoomCorner(Vec2 at);
+    void ZoomTo(Vec2 from, Vec2 to);
 
     std::shared_ptr<const LayoutPicture> m_picture;
     ViewMap m_map;
@@ -85,6 +93,9 @@ private:
     std::optional<Vec2> m_grip;    ///< pixels, where the picture is held while it is dragged
     std::optional<Vec2> m_pressed; ///< pixels, of a pick whose button is still down
     std::optional<Snap> m_snap;
+    Backdrop m_backdrop = Backdrop::Light;
+    bool m_isZoomWindow = false;
+    std::optional<Vec2> m_zoomFrom; ///< pixels, the first corner of the frame to zoom to
     std::unique_ptr<ViewRenderer> m_renderer;
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "qt/DrawingWindow.h"
 
+#include "screen/WindowSize.h"
 #include "view/LayoutRecorder.h"
 #include "view/PickWindow.h"
 #include "view/PictureShelf.h"
@@ -16,10 +17,12 @@
 namespace sm::qt {
 namespace {
 
+constexpr const char* kDrawingSize = "Drawing";
+
 class DrawingWindow final : public cadhost::IPointPicker {
 public:
     explicit DrawingWindow(const DrawingWindowOptions& options)
-        : m_options{options.references, options.shareFolder}, m_sheets(options.sheets)
+        : m_options{options.references, options.shareFolder}, m_sheets(options.sheets), m_memory(options.memory)
     {
     }
     ~DrawingWindow() override
@@ -84,9 +87,9 @@ private:
     {
         m_shelf.DrawingIs(waiting.drawing);
         if (m_window == nullptr) {
-            m_window = new PickWindow;
+            m_window = new PickWindow(m_memory);
             m_shown.reset();
-            if (m_size.isValid())
+            if (!RecallSize(*m_window, kDrawingSize, m_memory) && m_size.isValid())
                 m_window->resize(m_size);
         }
         m_window->onTurn = [this, &waiting](std::size_t layout) {
@@ -173,6 +176,7 @@ private:
             return;
         KeepView();
         m_size = m_window->size();
+        RememberSize(*m_window, kDrawingSize, m_memory);
         QTimer::singleShot(0, m_window.data(), [this] {
             if (!m_leaves || m_window == nullptr)
                 return;
@@ -184,6 +188,7 @@ private:
 
     RecorderOptions m_options;
     std::function<beside::ISheetList*()> m_sheets;
+    beside::IWindowMemory* m_memory;
     QSize m_size; ///< that the user gave the window last
     QPointer<PickWindow> m_window;
     std::unique_ptr<render::TextEngine> m_text;

@@ -64,8 +64,9 @@ QPen PenOf(const Item& item, double width)
 
 class ItemPainter {
 public:
-    ItemPainter(const LayoutPicture& picture, const ViewMap& map, QImage& image, const QRect& region, PaintCache& cache)
-        : m_list(picture.list), m_map(map), m_region(region & image.rect()), m_cache(cache)
+    ItemPainter(const LayoutPicture& picture, const ViewMap& map, QImage& image, const QRect& region, PaintCache& cache,
+                Backdrop backdrop)
+        : m_list(picture.list), m_map(map), m_region(region & image.rect()), m_cache(cache), m_backdrop(backdrop)
     {
         m_raster.pixels = reinterpret_cast<std::uint32_t*>(image.bits());
         m_raster.stride = image.bytesPerLine() / 4;
@@ -83,16 +84,16 @@ public:
     }
     void PaintSheet(const LayoutPicture& picture)
     {
-        const QColor desk(0xC8, 0xCC, 0xD0);
-        m_painter.fillRect(m_region, picture.paper ? desk : QColor(Qt::white));
+        const BackdropColors& colors = ColorsOf(m_backdrop);
+        m_painter.fillRect(m_region, ColorOf(picture.paper ? colors.desk : colors.sheet));
         if (!picture.paper)
             return;
         const QRectF paper = ToRect(*picture.paper);
-        m_painter.fillRect(paper.translated(4, 4), QColor(0x80, 0x84, 0x88));
-        m_painter.fillRect(paper, Qt::white);
-        m_painter.setPen(QPen(QColor(0x50, 0x54, 0x58), 1));
+        m_painter.fillRect(paper.translated(4, 4), ColorOf(colors.shadow));
+        m_painter.fillRect(paper, ColorOf(colors.sheet));
+        m_painter.setPen(QPen(ColorOf(colors.edge), 1));
         m_painter.drawRect(paper);
-        m_painter.setPen(QPen(QColor(0xA0, 0xA4, 0xA8), 1, Qt::DashLine));
+        m_painter.setPen(QPen(ColorOf(colors.printable), 1, Qt::DashLine));
         m_painter.drawRect(ToRect(*picture.printable));
     }
     bool PaintItems(const std::function<bool()>& goOn)
@@ -128,7 +129,17 @@ private:
             UseClip(item.clip);
         if (m_isClippedAway)
             return;
-        const double size = std::max(std::max(box.Width(), box.Height()), pen) * m_map.scale;
+        if (m_backdrop == Backdrop::Light)
+            return PaintInked(item, box);
+        Item inked = item;
+        inked.color = InkOn(m_backdrop, item.color);
+        PaintInked(inked, box);
+    }
+
+    void PaintInked(const Item& item, const Box2& box)
+    {
+        const double size =
+            std::max(std::max(box.Width(), box.Height()), static_cast<double>(item.width)) * m_map.scale;
         if (size < kSmallest)
             return PaintDot(item, (box.min + box.max) * 0.5);
         switch (item.kind) {
@@ -324,6 +335,7 @@ private:
     const ViewMap& m_map;
     QRect m_region;
     PaintCache& m_cache;
+    Backdrop m_backdrop;
     Raster m_raster;
     QPainter m_painter;
     Box2 m_box;     ///< of the region, pixels
@@ -337,9 +349,9 @@ private:
 } // namespace
 
 bool PaintPicture(const LayoutPicture& picture, const ViewMap& map, QImage& image, const QRect& region,
-                  PaintCache& cache, const std::function<bool()>& goOn)
+                  PaintCache& cache, const std::function<bool()>& goOn, Backdrop backdrop)
 {
-    ItemPainter painter(picture, map, image, region, cache);
+    ItemPainter painter(picture, map, image, region, cache, backdrop);
     painter.PaintSheet(picture);
     return painter.PaintItems(goOn);
 }

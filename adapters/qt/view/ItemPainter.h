@@ -2,6 +2,7 @@
 // Paints recorded items into an image.
 #pragma once
 
+#include "picture/Backdrop.h"
 #include "picture/Hairline.h"
 #include "picture/ScenePictures.h"
 #include "picture/ViewMap.h"
@@ -26,6 +27,6 @@ struct PaintCache {
 /// says. What is less than half a pixel becomes a dot. `goOn` is asked now and then; false leaves the rest out, and
 /// then false comes back.
 bool PaintPicture(const LayoutPicture& picture, const ViewMap& map, QImage& image, const QRect& region,
-                  PaintCache& cache, const std::function<bool()>& goOn);
+                  PaintCache& cache, const std::function<bool()>& goOn, Backdrop backdrop = Backdrop::Light);
 
 } // namespace sm::qt

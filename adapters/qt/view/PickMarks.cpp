@@ -39,9 +39,10 @@ QPainterPath MarkOf(SnapKind kind)
 
 } // namespace
 
-void PaintCrossHair(QPainter& painter, Vec2 at, int width, int height)
+void PaintCrossHair(QPainter& painter, Vec2 at, int width, int height, QColor color)
 {
-    painter.setPen(QPen(QColor(0x20, 0x20, 0x20, 0xB0), 1));
+    color.setAlpha(0xB0);
+    painter.setPen(QPen(color, 1));
     painter.drawLine(QPointF(0, at.y), QPointF(width, at.y));
     painter.drawLine(QPointF(at.x, 0), QPointF(at.x, height));
 }

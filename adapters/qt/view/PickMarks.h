@@ -8,7 +8,7 @@
 
 namespace sm::qt {
 
-void PaintCrossHair(QPainter& painter, Vec2 at, int width, int height);
+void PaintCrossHair(QPainter& painter, Vec2 at, int width, int height, QColor color);
 void PaintRubberBand(QPainter& painter, Vec2 first, Vec2 other);
 /// Square, triangle, circle or cross, with the snap's name beside it.
 void PaintSnapMark(QPainter& painter, SnapKind kind, Vec2 at, int width);

@@ -4,8 +4,8 @@
 #include "screen/ClosesOnSignal.h"
 #include "view/PageMarks.h"
 #include "view/PointText.h"
+#include "view/ViewTools.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
@@ -15,17 +15,21 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QTabBar>
-#include <QToolBar>
 #include <QVBoxLayout>
 
 namespace sm::qt {
 namespace {
 
-constexpr double kStep = 1.5; // of zooming
-
 bool IsNumeric(const QString& text)
 {
     return !text.isEmpty() && (text[0].isDigit() || text[0] == '.');
+}
+
+/// Stamps have red in the low byte, items in the high one.
+std::int32_t MarkColorOn(Backdrop backdrop, std::int32_t color)
+{
+    const auto turned = [](std::uint32_t one) { return (one & 0xFF) << 16 | (one & 0xFF00) | (one >> 16 & 0xFF); };
+    return static_cast<std::int32_t>(turned(InkOn(backdrop, turned(static_cast<std::uint32_t>(color)))));
 }
 
 QString Text(const std::string& text)
@@ -35,14 +39,16 @@ QString Text(const std::string& text)
 
 } // namespace
 
-PickWindow::PickWindow() : QWidget(nullptr, Qt::Window), m_view(new DrawingView)
+PickWindow::PickWindow(beside::IWindowMemory* memory) : QWidget(nullptr, Qt::Window), m_view(new DrawingView)
 {
     setObjectName("DrawingWindow");
     setWindowModality(Qt::ApplicationModal);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(MakeTools());
+    m_tools = new ViewTools(*m_view, memory);
+    m_tools->onSnaps = [this] { ShowSnapping(); };
+    column->addWidget(m_tools);
     column->addWidget(m_view, 1);
     column->addWidget(MakeTabs());
     column->addWidget(MakeLine());
@@ -56,30 +62,6 @@ PickWindow::PickWindow() : QWidget(nullptr, Qt::Window), m_view(new DrawingView)
     m_view->onKey = [this](QKeyEvent* event) { return TakeKey(event); };
     resize(1000, 720);
     ShowSnapping();
-}
-
-QToolBar* PickWindow::MakeTools()
-{
-    auto* const tools = new QToolBar;
-    tools->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    tools->setAccessibleName("View and snaps");
-    const auto add = [&](const char* name, const char* tip, auto&& run) {
-        QAction* const action = tools->addAction(name);
-        action->setToolTip(tip);
-        connect(action, &QAction::triggered, this, run);
-        return action;
-    };
-    add("Zoom &In", "Zoom in (+)", [this] { m_view->Zoom(kStep); });
-    add("Zoom &Out", "Zoom out (-)", [this] { m_view->Zoom(1 / kStep); });
-    add("Zoom &All", "Show everything (Home, or double click with the middle button)", [this] { m_view->ShowAll(); });
-    tools->addSeparator();
-    m_snaps = add("Object &Snaps", "Ends, middles, centres and intersections draw the cursor (F3; Shift suspends)",
-                  [this] { ShowSnapping(); });
-    m_snaps->setObjectName("snaps");
-    m_snaps->setCheckable(true);
-    m_snaps->setChecked(true);
-    m_snaps->setShortcut(Qt::Key_F3);
-    return tools;
 }
 
 QTabBar* PickWindow::MakeTabs()
@@ -114,6 +96,7 @@ void PickWindow::SetTabs(const QStringList& names, std::size_t current)
     for (const QString& name : names)
         m_tabs->addTab(QString(name).replace('&', "&&"));
     m_tabs->setCurrentIndex(static_cast<int>(current));
+    m_tabs->updateGeometry(); // the layout may have looked at it while it was empty
 }
 
 QWidget* PickWindow::MakeLine()
@@ -175,6 +158,7 @@ void PickWindow::PaintMarks(QPainter& painter) const
     for (beside::PageMark& mark : marks) {
         mark.from = m_picture->map.ToScene(mark.from);
         mark.to = m_picture->map.ToScene(mark.to);
+        mark.color = MarkColorOn(m_view->OnBackdrop(), mark.color);
         if (!m_picture->paper)
             mark.size = kModelStamp / m_view->Map().scale;
     }
@@ -279,12 +263,12 @@ void PickWindow::ShowPlace(std::optional<Vec2> scene)
 
 void PickWindow::ShowSnapping()
 {
-    if (m_view->Snapping() != m_snaps->isChecked())
-        m_view->SetSnapping(m_snaps->isChecked());
+    if (m_view->Snapping() != m_tools->SnapsAreOn())
+        m_view->SetSnapping(m_tools->SnapsAreOn());
     const auto& snap = m_view->AtSnap();
     m_hint->setText(m_picture == nullptr && m_loop.isRunning() ? "Reading the drawing …"
                     : snap                                     ? QString::fromUtf8(SnapName(snap->kind))
-                    : m_snaps->isChecked()                     ? "Object snaps on (F3)"
+                    : m_tools->SnapsAreOn()                    ? "Object snaps on (F3)"
                                                                : "Object snaps off (F3)");
     m_hint->setAccessibleName(m_hint->text()); // a name that stays would hide what changes
 }

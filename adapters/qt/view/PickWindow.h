@@ -3,22 +3,24 @@
 #pragma once
 
 #include "beside/PageSource.h"
+#include "beside/WindowMemory.h"
 #include "view/DrawingView.h"
 
 #include <QEventLoop>
 #include <QWidget>
 
-class QAction;
 class QLabel;
 class QLineEdit;
 class QTabBar;
-class QToolBar;
 
 namespace sm::qt {
 
+class ViewTools;
+
 class PickWindow final : public QWidget {
 public:
-    PickWindow();
+    /// Null for a memory: the background isn't remembered.
+    explicit PickWindow(beside::IWindowMemory* memory);
 
     void SetDrawing(const QString& name) { setWindowTitle(name); }
     /// The layouts by name, in tab order, and the one in front.
@@ -42,7 +44,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QToolBar* MakeTools();
     QTabBar* MakeTabs();
     QWidget* MakeLine();
     void Answer(Vec2 scene);
@@ -60,7 +61,7 @@ private:
     QLineEdit* m_entry = nullptr;
     QLabel* m_place = nullptr;
     QLabel* m_hint = nullptr;
-    QAction* m_snaps = nullptr;
+    ViewTools* m_tools = nullptr;
     std::shared_ptr<const LayoutPicture> m_picture;
     std::vector<beside::PageMark> m_marks;
     std::optional<beside::PageMark> m_atCursor;

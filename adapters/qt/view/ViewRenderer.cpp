@@ -36,11 +36,11 @@ ViewRenderer::~ViewRenderer()
     m_thread.join();
 }
 
-void ViewRenderer::Ask(std::shared_ptr<const LayoutPicture> picture, const ViewMap& map)
+void ViewRenderer::Ask(std::shared_ptr<const LayoutPicture> picture, const ViewMap& map, Backdrop backdrop)
 {
     {
         const std::lock_guard lock(m_mutex);
-        m_wanted = {std::move(picture), map};
+        m_wanted = {std::move(picture), map, backdrop};
         m_isNew = true;
     }
     m_asked.notify_all();
@@ -63,6 +63,8 @@ void ViewRenderer::Run()
             m_image = {};
             m_cache = {};
         }
+        if (request.backdrop != m_last.backdrop)
+            m_last = {};
         if (request.picture != nullptr)
             Paint(request);
     }
@@ -74,7 +76,8 @@ bool ViewRenderer::GoOn(const Request& request)
     const std::lock_guard lock(m_mutex);
     if (m_ends)
         return false;
-    return !m_isNew || (m_wanted.picture == request.picture && MoveBetween(request.map, m_wanted.map));
+    return !m_isNew || (m_wanted.picture == request.picture && m_wanted.backdrop == request.backdrop &&
+                        MoveBetween(request.map, m_wanted.map));
 }
 
 void ViewRenderer::Paint(const Request& request)
@@ -96,14 +99,17 @@ bool ViewRenderer::PaintExposed(const Request& request, QImage& image)
     if (!move) {
         const bool isFirst = m_last.picture == nullptr;
         auto shown = Clock::now();
-        return PaintPicture(*request.picture, request.map, image, all, m_cache, [&] {
-            constexpr auto kEvery = std::chrono::milliseconds(80);
-            if (isFirst && Clock::now() - shown > kEvery) {
-                m_show(image.copy(), request.map, false);
-                shown = Clock::now();
-            }
-            return GoOn(request);
-        });
+        return PaintPicture(
+            *request.picture, request.map, image, all, m_cache,
+            [&] {
+                constexpr auto kEvery = std::chrono::milliseconds(80);
+                if (isFirst && Clock::now() - shown > kEvery) {
+                    m_show(image.copy(), request.map, false);
+                    shown = Clock::now();
+                }
+                return GoOn(request);
+            },
+            request.backdrop);
     }
     {
         QPainter painter(&image);
@@ -112,7 +118,8 @@ bool ViewRenderer::PaintExposed(const Request& request, QImage& image)
     }
     const QRegion exposed = QRegion(all) - QRegion(all.translated(*move));
     for (const QRect& part : exposed) {
-        if (!PaintPicture(*request.picture, request.map, image, part, m_cache, [&] { return GoOn(request); }))
+        if (!PaintPicture(
+                *request.picture, request.map, image, part, m_cache, [&] { return GoOn(request); }, request.backdrop))
             return false;
     }
     return true;

@@ -23,12 +23,13 @@ public:
 
     /// Asks for a view; what was asked for before and isn't begun is forgotten, and given up unless it is only moved.
     /// A null picture ends what is under way, and nothing more is shown of the former one.
-    void Ask(std::shared_ptr<const LayoutPicture> picture, const ViewMap& map);
+    void Ask(std::shared_ptr<const LayoutPicture> picture, const ViewMap& map, Backdrop backdrop);
 
 private:
     struct Request {
         std::shared_ptr<const LayoutPicture> picture;
         ViewMap map;
+        Backdrop backdrop = Backdrop::Light;
     };
     void Run();
     void Paint(const Request& request);
