@@ -65,5 +65,21 @@ TEST_F(DocumentOpener, SaysNoWithoutAProgramOrADisplay)
     EXPECT_FALSE(OpenOnDesktop(With("OTHER"), "/a/plan.pdf"));
 }
 
+TEST_F(DocumentOpener, SeesAProgramGiveUpAndOneThatGoesOn)
+{
+    EXPECT_FALSE(OpenAndSee(With("DISPLAY"), "file:///a/help.html")) << "there is none";
+    struct Row {
+        const char* name;
+        const char* script;
+        bool isOpen;
+    };
+    for (const Row& row : {Row{"gives up", "exit 3", false}, Row{"hands over", "exit 0", true},
+                           Row{"shows it itself", "exec /bin/sleep 3", true}}) {
+        m_folder.MakeProgram("bin/xdg-open", row.script);
+        EXPECT_EQ(OpenAndSee(With("DISPLAY"), "file:///a/help.html"), row.isOpen) << row.name;
+        EXPECT_TRUE(OpenOnDesktop(With("DISPLAY"), "/a/plan.pdf")) << row.name << ": nobody waits for it";
+    }
+}
+
 } // namespace
 } // namespace sm::system

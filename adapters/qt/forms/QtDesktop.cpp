@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/QtDesktop.h"
 
+#include "beside/HelpWindow.h"
 #include "forms/FileDialogs.h"
 #include "screen/ClosesOnSignal.h"
 #include "screen/QtText.h"
@@ -132,6 +133,7 @@ public:
     bool ShowHelp(const std::string& helpFile, std::int32_t context) override;
 
 private:
+    bool ShowOwnHelp(std::int32_t context);
     std::optional<std::string> Ask(const FileDialog& dialog, bool toSave);
     ScreenOptions m_options;
     ScreenState& m_state;
@@ -191,6 +193,12 @@ bool QtDesktop::OpenDocument(const std::string& pathOrAddress)
     return Attempted(false, [&] { return m_options.open && m_options.open(pathOrAddress); });
 }
 
+bool QtDesktop::ShowOwnHelp(std::int32_t context)
+{
+    return ShowHelpWindow({m_options.helpFolder + "/index.html", m_options.open, m_state.memory}, context,
+                          QApplication::activeModalWidget());
+}
+
 /// The pages are our own, whatever help file the machine's settings name.
 bool QtDesktop::ShowHelp(const std::string&, std::int32_t context)
 {
@@ -198,7 +206,7 @@ bool QtDesktop::ShowHelp(const std::string&, std::int32_t context)
         QUrl page = QUrl::fromLocalFile(ToQt(m_options.helpFolder + "/index.html"));
         if (context != 0)
             page.setFragment(QStringLiteral("c%1").arg(context));
-        return OpenDocument(page.toEncoded().toStdString());
+        return OpenDocument(page.toEncoded().toStdString()) || ShowOwnHelp(context);
     });
 }
 

@@ -35,4 +35,9 @@ bool OpenOnDesktop(const Environment&, const std::string& pathOrAddress)
     return reinterpret_cast<INT_PTR>(shown) > kLastFault;
 }
 
+bool OpenAndSee(const Environment& environment, const std::string& pathOrAddress)
+{
+    return OpenOnDesktop(environment, pathOrAddress); // the shell says at once what it can't show
+}
+
 } // namespace sm::system

@@ -14,7 +14,8 @@
 namespace sm::qt {
 
 struct ScreenOptions {
-    /// Holds the help pages: index.html, with an anchor "c<context>" for each help context. Absolute.
+    /// Holds the help pages: index.html, with an anchor "c<context>" for each help context. Absolute. Where `open`
+    /// opens no page, they are shown in a window of our own.
     std::string helpFolder;
     /// Opens a document or address with the desktop's program for it; false when there is none. Empty: nothing can be
     /// opened.

@@ -12,4 +12,8 @@ namespace sm::system {
 /// Doesn't wait for it.
 bool OpenOnDesktop(const Environment& environment, const std::string& pathOrAddress);
 
+/// The same, and looks for a moment whether the program gives up at once, as it does where nothing on the desktop can
+/// show `pathOrAddress`: false then, too.
+bool OpenAndSee(const Environment& environment, const std::string& pathOrAddress);
+
 } // namespace sm::system
