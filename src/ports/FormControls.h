@@ -81,6 +81,7 @@ struct FormControl {
     std::string text;                          ///< of a text box
     std::size_t caret = 0;                     ///< of a text box: bytes before the caret, on a character's boundary
     std::vector<std::string> items;            ///< of combo and list boxes
+    std::string notice;                        ///< of a combo box: what is told in it while no entry is chosen
     std::vector<ListRow> rows;                 ///< of list views
     std::int32_t selection = kNothingSelected; ///< 0-based, of combos, lists and tab strips
     std::int32_t value = 0;                    ///< 1 ticked, 0 not; of a progress bar per cent

@@ -13,14 +13,16 @@
 #include "ui/mdlGUITap.h"
 
 #include <exception>
+#include <utility>
 
 namespace sm {
 namespace {
 
 class FormWindows final : public IWindows {
 public:
-    FormWindows(CallContext& context, IFormToolkit& toolkit, SettingsReader* reader)
-        : m_context(context), m_toolkit(toolkit), m_reader(reader)
+    FormWindows(CallContext& context, IFormToolkit& toolkit, SettingsReader* reader,
+                std::function<std::vector<std::string>()> plotStyles)
+        : m_context(context), m_toolkit(toolkit), m_reader(reader), m_plotStyles(std::move(plotStyles))
     {
     }
 
@@ -62,11 +64,17 @@ private:
     CallContext& m_context;
     IFormToolkit& m_toolkit;
     SettingsReader* m_reader;
+    std::function<std::vector<std::string>()> m_plotStyles; ///< of no drawing
 };
 
 std::vector<std::string> FormWindows::PlotStyles()
 {
     const auto names = CarryPast(m_context, "PlotStyles", [&] {
+        if (m_context.g_AcadDoc == nullptr && m_plotStyles) {
+            std::vector<std::string> styles = m_plotStyles();
+            styles.insert(styles.begin(), "None");
+            return styles;
+        }
         return PlotStyleNames(m_context, *Present(ActiveDrawing(m_context).ActiveLayout(), "ActiveLayout"));
     });
     return names.value_or(std::vector<std::string>{"None"});
@@ -127,9 +135,10 @@ bool FormWindows::RunProgress(const std::function<bool(const std::function<void(
 
 } // namespace
 
-std::unique_ptr<IWindows> CreateFormWindows(CallContext& context, IFormToolkit& toolkit, SettingsReader* reader)
+std::unique_ptr<IWindows> CreateFormWindows(CallContext& context, IFormToolkit& toolkit, SettingsReader* reader,
+                                            std::function<std::vector<std::string>()> plotStyles)
 {
-    return std::make_unique<FormWindows>(context, toolkit, reader);
+    return std::make_unique<FormWindows>(context, toolkit, reader, std::move(plotStyles));
 }
 
 } // namespace sm

@@ -115,6 +115,41 @@ TEST_F(PageSetupDialog, ListsAreShownWhereThereAreAny)
     EXPECT_EQ(record.PlotWithPlotStyles, 0);
 }
 
+TEST_F(PageSetupDialog, WithoutADrawingTheInstalledStylesAreListed)
+{
+    context.g_AcadDoc = nullptr;
+    forms = CreateFormWindows(context, toolkit, nullptr, [] { return Texts{"grayscale.ctb", "monochrome.ctb"}; });
+    std::shared_ptr<IAcadDocument> none;
+    ASSERT_EQ(setup.Initialize(2, none), kTrue);
+    toolkit.When("frmPageSetup", [](FormDriver& it) {
+        EXPECT_EQ(it.Items("cmbPlotStyle"), (Texts{"None", "grayscale.ctb", "monochrome.ctb"}));
+        EXPECT_TRUE(it.IsVisible("cmbPlotStyle"));
+        EXPECT_FALSE(it.IsVisible("txtPlotStyle"));
+        EXPECT_TRUE(it.IsVisible("txtView"));
+        it.Choose("cmbPlotStyle", "monochrome.ctb");
+        it.Click("btnOK");
+    });
+    EXPECT_TRUE(Show());
+    EXPECT_EQ(setup.Record().StyleSheet, "monochrome.ctb");
+}
+
+TEST_F(PageSetupDialog, AStyleThatIsGoneIsToldAndKept)
+{
+    record.StyleSheet = "Gone.ctb";
+    ASSERT_TRUE(FillDialog());
+    EXPECT_EQ(dialog.Selection("cmbPlotStyle"), kNothingSelected);
+    EXPECT_EQ(dialog.Control("cmbPlotStyle").notice, "Gone.ctb (missing)");
+    const Texts entries = dialogUser.Items("cmbPlotStyle");
+    EXPECT_EQ(std::count(entries.begin(), entries.end(), "Gone.ctb"), 0);
+    ASSERT_TRUE(SaveDialog());
+    EXPECT_EQ(record.StyleSheet, "Gone.ctb");
+    for (const char* there : {"", "Florida.ctb"}) {
+        record.StyleSheet = there;
+        ASSERT_TRUE(FillDialog());
+        EXPECT_EQ(dialog.Control("cmbPlotStyle").notice, "") << there;
+    }
+}
+
 TEST_F(PageSetupDialog, NamesAreTypedWhereThereIsNoDrawing)
 {
     context.g_AcadDoc = nullptr;

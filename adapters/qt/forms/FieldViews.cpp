@@ -108,6 +108,7 @@ public:
     explicit ComboView(const ControlSite& site) : m_combo(new DropDownList(site.parent))
     {
         Use(m_combo, site.control);
+        m_combo->view()->setAccessibleName(QStringLiteral("Entries"));
         QObject::connect(
             m_combo, &QComboBox::activated, m_combo,
             [&reporter = site.reporter, position = site.position](int entry) { reporter.Selected(position, entry); });
@@ -124,10 +125,13 @@ private:
         }
         if (m_combo->currentIndex() != control.selection)
             m_combo->setCurrentIndex(control.selection);
+        m_notice = control.selection == kNothingSelected ? ToQt(control.notice) : QString();
+        m_combo->setPlaceholderText(m_notice);
+        m_combo->setAccessibleDescription(m_notice);
         TellCutText();
     }
     void Placed(const FormUnits&) override { TellCutText(); }
-    void TellCutText() { m_combo->setToolTip(IsCut() ? m_combo->currentText() : QString()); }
+    void TellCutText() { m_combo->setToolTip(IsCut() ? m_combo->currentText() : m_notice); }
     /// The list may be wider than the box, so that long names can be told apart.
     void WidenList()
     {
@@ -143,6 +147,7 @@ private:
     [[nodiscard]] QSize Needed() const override { return {0, m_combo->sizeHint().height()}; }
 
     QComboBox* m_combo;
+    QString m_notice; ///< stands where the entry would
 };
 
 } // namespace

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include <commctrl.h>
+
 namespace sm::windows {
 namespace {
 
@@ -162,6 +164,8 @@ private:
     {
         if (control.items != last.items)
             Fill(control.items);
+        if (control.notice != last.notice)
+            SendMessageW(Window(), CB_SETCUEBANNER, 0, reinterpret_cast<LPARAM>(Wide(control.notice).c_str()));
         if (Chosen() != control.selection)
             SendMessageW(Window(), CB_SETCURSEL, static_cast<WPARAM>(control.selection), 0);
     }

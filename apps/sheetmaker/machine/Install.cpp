@@ -3,6 +3,7 @@
 
 #include "base/files/Paths.h"
 #include "base/process/ThisProcess.h"
+#include "base/text/Names.h"
 #include "machine/Version.h"
 #include "store/Facts.h"
 #include "system/SystemPorts.h"
@@ -48,6 +49,21 @@ std::string LanguageOf(const system::Environment& environment)
         return {};
     std::replace(name.begin(), name.end(), '_', '-');
     return name;
+}
+
+std::vector<std::string> PlotStyleNames(const Install& install)
+{
+    std::vector<std::string> names;
+    const auto files = system::CreateFileSystem();
+    for (const std::string& folder :
+         {base::ToText(install.places.shareFolder / "PlotStyles"), install.PlotStyleFolder()})
+        for (const std::string& file : files->ListFiles(folder)) {
+            const std::string ending = base::FoldCase(file.substr(file.size() - std::min<std::size_t>(4, file.size())));
+            const bool isNew = std::find(names.begin(), names.end(), file) == names.end();
+            if (isNew && (ending == base::FoldCase(".ctb") || ending == base::FoldCase(".stb")))
+                names.push_back(file);
+        }
+    return names;
 }
 
 std::vector<std::string> JobOptionNames(const Install& install)

@@ -54,6 +54,9 @@ std::unique_ptr<IRegistry> OpenSettings(const Install& install,
 /// LANG is "de_DE.UTF-8"; empty where none tells one.
 std::string LanguageOf(const system::Environment& environment);
 
+/// Plot style tables of the install and of the user, by name, each once: those of every drawing.
+std::vector<std::string> PlotStyleNames(const Install& install);
+
 /// Names of the installed job options, sorted.
 std::vector<std::string> JobOptionNames(const Install& install);
 

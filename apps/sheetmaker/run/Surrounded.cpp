@@ -59,7 +59,7 @@ Surrounded::Surrounded(const DrawingTask& task, const Install& install, terminal
       m_registry(*m_stored),
       m_files(std::make_unique<InstallFiles>(system::CreateFileSystem(), base::ToText(install.places.shareFolder))),
       m_terminalDesktop(MakeDesktop(task, install, console)), m_desktop(screen ? screen->desktop : *m_terminalDesktop),
-      m_windows(MakeWindows(console)),
+      m_windows(MakeWindows(install, console)),
       m_library(publisher::CreatePublisher(PublishingOptions(task, install), m_desktop)),
       m_locale(system::CreateLocale(install.environment)), m_clock(system::CreateClock(install.environment)),
       m_component(
@@ -71,11 +71,12 @@ Surrounded::Surrounded(const DrawingTask& task, const Install& install, terminal
     LayOptions(task);
 }
 
-std::unique_ptr<IWindows> Surrounded::MakeWindows(terminal::Console& console)
+std::unique_ptr<IWindows> Surrounded::MakeWindows(const Install& install, terminal::Console& console)
 {
     if (m_screen)
-        return WatchWindows(CreateFormWindows(m_context, m_screen->toolkit, &m_reader),
-                            [this](const std::string& what) { m_watcher.Cancelled(what); });
+        return WatchWindows(
+            CreateFormWindows(m_context, m_screen->toolkit, &m_reader, [install] { return PlotStyleNames(install); }),
+            [this](const std::string& what) { m_watcher.Cancelled(what); });
     return terminal::CreateTerminalWindows(console, {[this] { return WantedPaper(m_context); },
                                                      [this](const std::string& reason) { m_watcher.Reason(reason); }});
 }

@@ -52,7 +52,7 @@ public:
 private:
     void LaySwitch(const Setting& setting, bool isOn);
     void LayOptions(const DrawingTask& task);
-    [[nodiscard]] std::unique_ptr<IWindows> MakeWindows(terminal::Console& console);
+    [[nodiscard]] std::unique_ptr<IWindows> MakeWindows(const Install& install, terminal::Console& console);
     [[nodiscard]] publisher::PublisherOptions PublishingOptions(const DrawingTask& task, const Install& install);
 
     DrawingReport& m_report;

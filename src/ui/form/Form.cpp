@@ -174,6 +174,11 @@ void Form::SetItems(const std::string& name, std::vector<std::string> items)
     });
 }
 
+void Form::SetNotice(const std::string& name, const std::string& notice)
+{
+    Change(name, [&](FormControl& control) { control.notice = notice; });
+}
+
 void Form::AddItem(const std::string& name, const std::string& item)
 {
     Change(name, [&](FormControl& control) { control.items.push_back(item); });

@@ -73,11 +73,13 @@ void FillScale(PageSetupControls& controls, const PageSetupRecord& record)
     form.SetText("txtScaleDenom", NumberText(record.ScaleDenom));
 }
 
-/// A combo that offers `names` and shows `chosen`; a name it doesn't offer stays out of sight and is kept at the save.
+/// A combo that offers `names` and shows `chosen`; a name it doesn't offer is no entry, is told, and is kept at the
+/// save.
 void FillNames(Form& form, const std::string& combo, const std::vector<std::string>& names, const std::string& chosen)
 {
     form.SetItems(combo, names);
-    form.SelectText(combo, chosen);
+    const bool isGone = !form.SelectText(combo, chosen) && !chosen.empty();
+    form.SetNotice(combo, isGone ? chosen + " (missing)" : "");
 }
 
 /// The page setup dialog's pairs: lists where there are any, else boxes to type into.

@@ -2,6 +2,7 @@
 // What users expect of any window: F1, Delete and Return on rows, options, numbers, buttons in view.
 #include "qt/RecordingForm.h"
 
+#include <QComboBox>
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
@@ -96,6 +97,25 @@ TEST_F(Habits, TheLocalesDecimalSignBecomesAPointInNumbers)
         EXPECT_EQ(QtUser::Find<QLineEdit>("txtNumber")->text(), "1.5");
         EXPECT_EQ(form.controls[1].text, "1.5");
         EXPECT_EQ(QtUser::Find<QLineEdit>("txtWords")->text(), "1,5");
+    });
+}
+
+TEST_F(Habits, ANoticeStandsWhereAnEntryWould)
+{
+    FormControl& combo = form.Add(ComboBox, "cmb", "", {5, 5, 100, 12});
+    combo.items = {"None", "grayscale.ctb"};
+    combo.notice = "Gone.ctb (missing)";
+    form.Show([&] {
+        const auto* const widget = QtUser::Find<QComboBox>("cmb");
+        EXPECT_EQ(widget->currentIndex(), -1);
+        EXPECT_EQ(widget->placeholderText(), "Gone.ctb (missing)");
+        EXPECT_EQ(widget->toolTip(), "Gone.ctb (missing)");
+        EXPECT_EQ(widget->accessibleDescription(), "Gone.ctb (missing)");
+        QtUser::Window()->grab().save(SM_SCREENS "/combo-notice.png");
+        form.Change(1, [](FormControl& control) { control.selection = 1; });
+        EXPECT_EQ(widget->placeholderText(), "");
+        EXPECT_EQ(widget->currentText(), "grayscale.ctb");
+        EXPECT_EQ(widget->count(), 2);
     });
 }
 
