@@ -98,8 +98,9 @@ ROOMS = {
         "picture": (),
         "snap": ("picture",),
         "screen": (),
-        "view": ("picture", "snap", "screen"),
-        "beside": ("screen", "picture", "view"),
+        "marks": ("picture", "snap"),
+        "view": ("picture", "snap", "screen", "marks"),
+        "beside": ("screen", "picture", "marks", "view"),
         "forms": ("picture", "screen", "beside"),
     }),
     # Included by its whole names, "windows/<sub-room>/Name.h". "" wires one object's surroundings.

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "beside/PagePane.h"
 
+#include "marks/PageMarks.h"
 #include "picture/DisplayRecorder.h"
 #include "screen/QtText.h"
-#include "view/PageMarks.h"
 
 #include <QLabel>
 #include <QVBoxLayout>

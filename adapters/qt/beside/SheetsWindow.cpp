@@ -108,6 +108,16 @@ void SheetsWindow::AddOpenButton(QLayout& column)
             onOpen(path);
     };
     column.addWidget(open);
+    if (!m_sheets.Drawings()->CanEditMarks())
+        return;
+    auto* const marks = new QPushButton("&Edit Marks...");
+    marks->setObjectName("editMarks");
+    marks->setToolTip("Drag and edit the stored marks in the drawing; the dialog comes back afterwards");
+    connect(marks, &QPushButton::clicked, this, [this] {
+        if (onMarks)
+            onMarks();
+    });
+    column.addWidget(marks);
 }
 
 void SheetsWindow::Appear()

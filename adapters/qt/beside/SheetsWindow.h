@@ -36,6 +36,8 @@ public:
     void FormChanged() { m_soon.start(); }
     /// The user wants another drawing: that one, or nothing when one is to be asked for.
     std::function<void(const std::optional<std::string>& path)> onOpen;
+    /// The user wants to change marks where they stand.
+    std::function<void()> onMarks;
 
 protected:
     void closeEvent(QCloseEvent* event) override;

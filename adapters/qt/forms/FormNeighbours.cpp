@@ -79,6 +79,7 @@ void FormNeighbours::MakeSheets()
         return;
     m_sheets->setAcceptDrops(true);
     m_sheets->onOpen = [this](const std::optional<std::string>& path) { Open(path); };
+    m_sheets->onMarks = [this] { EditMarks(); };
     connect(ShortcutEverywhere(QKeySequence::Open, m_site.window), &QShortcut::activated, this, [this] {
         if (QApplication::activeModalWidget() == &m_site.window)
             Open(std::nullopt);
@@ -180,19 +181,24 @@ void FormNeighbours::GoOnAfterRow()
     AddNextFile();
 }
 
-bool FormNeighbours::MayDropEntries(const std::string& path) const
+bool FormNeighbours::MayDropEntries(const std::string& what) const
 {
     const auto& now = m_site.form.Controls();
     const bool isAsItWas = std::equal(now.begin(), now.end(), m_atFirst.begin(), m_atFirst.end(), HoldsTheSame);
     if (isAsItWas || m_state.desktop == nullptr)
         return isAsItWas;
-    const std::string text =
-        "What was entered here and not confirmed yet is dropped when another drawing is opened.\r\n"
-        "Open\r\n" +
-        path + "?";
+    const std::string text = "What was entered here and not confirmed yet is dropped.\r\n" + what;
     return m_state.desktop->ShowMessage(
                {text, now.front().caption, MessageButtons::OkCancel, MessageIcon::Exclamation, {}, 0}) ==
            MessageAnswer::Ok;
+}
+
+void FormNeighbours::EditMarks()
+{
+    if (Drawings() == nullptr || !MayDropEntries("Edit the marks that are stored?"))
+        return;
+    Drawings()->EditMarksNext();
+    m_site.form.UserClosed();
 }
 
 void FormNeighbours::Open(const std::optional<std::string>& path)
@@ -201,7 +207,7 @@ void FormNeighbours::Open(const std::optional<std::string>& path)
     if (drawings == nullptr || m_state.desktop == nullptr)
         return;
     const auto chosen = path ? path : AskForDrawing(*m_state.desktop);
-    if (!chosen || Drawings() == nullptr || !MayDropEntries(*chosen))
+    if (!chosen || Drawings() == nullptr || !MayDropEntries("Open\r\n" + *chosen + "?"))
         return;
     drawings->OpenNext(*chosen);
     m_site.form.UserClosed();

@@ -50,7 +50,8 @@ private:
     void GoOnAfterRow();
     [[nodiscard]] std::size_t RowsOfFileList() const;
     void Open(const std::optional<std::string>& path);
-    [[nodiscard]] bool MayDropEntries(const std::string& path) const;
+    void EditMarks();
+    [[nodiscard]] bool MayDropEntries(const std::string& what) const;
 
     Site m_site;
     ScreenState& m_state;

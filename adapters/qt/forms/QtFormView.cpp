@@ -256,6 +256,8 @@ bool QtFormView::ShowModal()
     m_loop = nullptr;
     m_window.hide(); // when the whole application is asked to end
     m_neighbours.Leave();
+    if (QWidget* const behind = QApplication::activeModalWidget())
+        behind->activateWindow(); // not every window system gives the keyboard back
     return wasShown;
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "view/DrawingView.h"
 
-#include "view/PickMarks.h"
+#include "marks/PickMarks.h"
 
 #include <QGuiApplication>
 #include <QPainter>

@@ -55,7 +55,12 @@ public:
     std::function<void()> onCancel;                  ///< the right button was pressed
     std::function<void(bool isWanted)> onZoomWindow; ///< a frame to zoom to is wanted, or no longer
     std::function<void()> onPainted;                 ///< the view is whole
-    std::function<void(QPainter&)> paintOver;        ///< over the drawing, by `Map`
+    /// The left button while no point is picked, pixels: pressed, moved while it is down, released, pressed twice.
+    struct MarkHooks {
+        std::function<void(Vec2)> press{}, move{}, release{}, twice{};
+    };
+    MarkHooks marks;
+    std::function<void(QPainter&)> paintOver; ///< over the drawing, by `Map`
 
 protected:
     void paintEvent(QPaintEvent* event) override;

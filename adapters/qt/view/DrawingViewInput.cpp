@@ -41,6 +41,8 @@ void DrawingView::mousePressEvent(QMouseEvent* event)
         return onCancel();
     if (event->button() == Qt::LeftButton && m_isZoomWindow)
         return TakeZoomCorner(at);
+    if (event->button() == Qt::LeftButton && !m_picking && marks.press)
+        return marks.press(at);
     if (event->button() != Qt::LeftButton || !m_picking || m_picture == nullptr)
         return;
     Follow(at, event->modifiers());
@@ -60,6 +62,8 @@ void DrawingView::mouseMoveEvent(QMouseEvent* event)
         SetMap(map);
     } else {
         Follow(at, event->modifiers());
+        if ((event->buttons() & Qt::LeftButton) != 0 && !m_picking && marks.move)
+            marks.move(at);
     }
 }
 
@@ -85,6 +89,8 @@ void DrawingView::mouseReleaseEvent(QMouseEvent* event)
         m_grip.reset();
     if (event->button() == Qt::LeftButton && m_isZoomWindow && m_zoomFrom && IsDrag(*m_zoomFrom, at))
         return TakeZoomCorner(at);
+    if (event->button() == Qt::LeftButton && !m_picking && marks.release)
+        return marks.release(at);
     if (event->button() != Qt::LeftButton || !m_pressed)
         return;
     const bool dragged = IsDrag(*m_pressed, at);
@@ -100,6 +106,8 @@ void DrawingView::mouseDoubleClickEvent(QMouseEvent* event)
     m_grip.reset();
     if (event->button() == Qt::MiddleButton)
         ShowAll();
+    else if (event->button() == Qt::LeftButton && !m_picking && !m_isZoomWindow && marks.twice)
+        marks.twice(PlaceOf(event->position()));
     else if (!m_band && !m_isZoomWindow) // a rectangle doesn't end where it began
         mousePressEvent(event);
 }

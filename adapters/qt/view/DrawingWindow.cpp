@@ -19,7 +19,7 @@ namespace {
 
 constexpr const char* kDrawingSize = "Drawing";
 
-class DrawingWindow final : public cadhost::IPointPicker {
+class DrawingWindow final : public IDrawingWindow {
 public:
     explicit DrawingWindow(const DrawingWindowOptions& options)
         : m_options{options.references, options.shareFolder}, m_sheets(options.sheets), m_memory(options.memory)
@@ -40,6 +40,19 @@ public:
                                    const std::string& prompt) override
     {
         return Pick(drawing, layout, first, prompt);
+    }
+    void EditMarks(const drawing::Drawing& drawing, std::size_t layout, beside::IMarkBoard& board) override
+    {
+        m_board = &board;
+        try {
+            Pick(drawing, layout, std::nullopt, {});
+        } catch (...) {
+            m_board = nullptr;
+            throw;
+        }
+        m_board = nullptr;
+        if (m_window != nullptr)
+            m_window->hide(); // what is asked next must not belong to a window that goes
     }
     void Forget(const drawing::Drawing& drawing) override
     {
@@ -101,7 +114,8 @@ private:
             names << QString::fromStdString(layout.name);
         m_window->SetTabs(names, waiting.layout);
         Show(waiting);
-        const auto point = m_window->Pick(prompt, first);
+        std::optional<Vec2> point;
+        m_board != nullptr ? m_window->EditMarks(*m_board) : static_cast<void>(point = m_window->Pick(prompt, first));
         m_window->onTurn = nullptr;
         waiting.recorder.reset();
         if (waiting.error != nullptr)
@@ -121,6 +135,7 @@ private:
     {
         const QString file = QFileInfo(QString::fromStdString(waiting.drawing.Path())).fileName();
         const QString name = QString::fromStdString(waiting.drawing.Layouts().at(waiting.layout).name);
+        m_window->SetLayout(name.toStdString());
         if (beside::ISheetList* const sheets = m_sheets ? m_sheets() : nullptr)
             m_window->SetMarks(sheets->MarksOn(name.toStdString()),
                                waiting.isCorner ? std::nullopt : sheets->StampAtHand());
@@ -193,13 +208,14 @@ private:
     QPointer<PickWindow> m_window;
     std::unique_ptr<render::TextEngine> m_text;
     PictureShelf m_shelf;
-    std::optional<std::size_t> m_shown; ///< the layout whose picture the window has
+    std::optional<std::size_t> m_shown;    ///< the layout whose picture the window has
+    beside::IMarkBoard* m_board = nullptr; ///< while its marks are edited
     bool m_picking = false, m_leaves = false;
 };
 
 } // namespace
 
-std::unique_ptr<cadhost::IPointPicker> CreateDrawingWindow(const DrawingWindowOptions& options)
+std::unique_ptr<IDrawingWindow> CreateDrawingWindow(const DrawingWindowOptions& options)
 {
     return std::make_unique<DrawingWindow>(options);
 }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "view/PickWindow.h"
 
+#include "marks/PageMarks.h"
+#include "marks/PointText.h"
 #include "screen/ClosesOnSignal.h"
-#include "view/PageMarks.h"
-#include "view/PointText.h"
+#include "view/MarkEditor.h"
 #include "view/ViewTools.h"
 
 #include <QApplication>
@@ -51,7 +52,8 @@ PickWindow::PickWindow(beside::IWindowMemory* memory) : QWidget(nullptr, Qt::Win
     column->addWidget(m_tools);
     column->addWidget(m_view, 1);
     column->addWidget(MakeTabs());
-    column->addWidget(MakeLine());
+    column->addWidget(m_line = MakeLine());
+    column->addWidget(m_editor = new MarkEditor(*m_view));
     setTabOrder(m_view, m_entry);
     m_view->setObjectName("view");
     m_view->installEventFilter(this);
@@ -134,6 +136,7 @@ void PickWindow::SetPicture(std::shared_ptr<const LayoutPicture> picture)
 {
     m_picture = std::move(picture);
     m_view->SetPicture(m_picture);
+    ShowLayoutsMarks();
     ShowReady();
 }
 
@@ -149,8 +152,7 @@ void PickWindow::PaintMarks(QPainter& painter) const
 {
     if (m_picture == nullptr)
         return;
-    constexpr double kModelStamp = 16; // pixels
-    std::vector<beside::PageMark> marks = m_marks;
+    std::vector<beside::PageMark> marks = m_editor->isHidden() ? m_marks : m_editor->Marks();
     if (m_atCursor && m_view->Cursor()) {
         marks.push_back(*m_atCursor);
         marks.back().from = marks.back().to = m_picture->map.ToDrawing(*m_view->Cursor());
@@ -164,6 +166,7 @@ void PickWindow::PaintMarks(QPainter& painter) const
     }
     painter.save();
     PaintPageMarks(painter, marks, m_view->Map());
+    m_editor->Paint(painter);
     painter.restore();
 }
 
@@ -171,7 +174,7 @@ void PickWindow::ShowReady()
 {
     const bool ready = m_picture != nullptr;
     m_view->SetBand(ready && m_first ? std::optional(m_picture->map.ToScene(*m_first)) : std::nullopt);
-    m_view->SetPicking(ready && m_loop.isRunning());
+    m_view->SetPicking(ready && m_loop.isRunning() && m_editor->isHidden());
     ShowSnapping();
 }
 
@@ -198,6 +201,37 @@ std::optional<Vec2> PickWindow::Pick(const QString& prompt, std::optional<Vec2> 
     return m_answer;
 }
 
+void PickWindow::EditMarks(beside::IMarkBoard& board)
+{
+    m_first.reset();
+    m_tabs->setEnabled(true);
+    m_tabs->setToolTip("Ctrl+PageUp, Ctrl+PageDown");
+    m_line->hide();
+    m_editor->Use(&board);
+    ShowLayoutsMarks();
+    showNormal();
+    raise();
+    activateWindow();
+    m_view->setFocus();
+    QMetaObject::invokeMethod(
+        this, [this] { ShowReady(); }, Qt::QueuedConnection);
+    const ClosesOnSignal closesOnSignal;
+    m_loop.exec();
+    m_editor->Use(nullptr);
+    m_line->show();
+}
+
+void PickWindow::SetLayout(const std::string& name)
+{
+    m_layout = name;
+    ShowLayoutsMarks();
+}
+
+void PickWindow::ShowLayoutsMarks()
+{
+    m_editor->ShowLayout(m_layout, m_picture);
+}
+
 void PickWindow::Cancel()
 {
     m_answer.reset();
@@ -206,7 +240,7 @@ void PickWindow::Cancel()
 
 void PickWindow::Answer(Vec2 scene)
 {
-    if (!m_loop.isRunning() || m_picture == nullptr)
+    if (!m_loop.isRunning() || m_picture == nullptr || !m_editor->isHidden())
         return;
     m_answer = m_picture->map.ToDrawing(scene);
     m_loop.quit();
@@ -232,6 +266,8 @@ void PickWindow::TakeTyped()
 bool PickWindow::TakeKey(QKeyEvent* event)
 {
     QString typed = event->text();
+    if (!m_editor->isHidden())
+        return false;
     if (!IsNumeric(typed) && typed != "@")
         return false;
     if (m_beforeMinus) {

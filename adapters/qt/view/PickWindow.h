@@ -2,6 +2,7 @@
 // The drawing window itself: the view, what can be done with it, and a line to type points into.
 #pragma once
 
+#include "beside/MarkBoard.h"
 #include "beside/PageSource.h"
 #include "beside/WindowMemory.h"
 #include "view/DrawingView.h"
@@ -15,6 +16,7 @@ class QTabBar;
 
 namespace sm::qt {
 
+class MarkEditor;
 class ViewTools;
 
 class PickWindow final : public QWidget {
@@ -35,6 +37,10 @@ public:
     /// Waits for a point under `prompt`, drawing units; with `first` it is the corner opposite to it. Nothing when the
     /// user cancelled. The picture may come meanwhile.
     std::optional<Vec2> Pick(const QString& prompt, std::optional<Vec2> first);
+    /// Lets marks of `board` be dragged and edited until the user closes the window.
+    void EditMarks(beside::IMarkBoard& board);
+    /// The one in front, whose marks are edited.
+    void SetLayout(const std::string& name);
     /// Ends the waiting without a point.
     void Cancel();
 
@@ -53,6 +59,7 @@ private:
     void ShowPlace(std::optional<Vec2> scene);
     void ShowSnapping();
     void ShowReady();
+    void ShowLayoutsMarks();
     void PaintMarks(QPainter& painter) const;
 
     DrawingView* m_view = nullptr;
@@ -62,6 +69,9 @@ private:
     QLabel* m_place = nullptr;
     QLabel* m_hint = nullptr;
     ViewTools* m_tools = nullptr;
+    MarkEditor* m_editor = nullptr;
+    QWidget* m_line = nullptr;
+    std::string m_layout;
     std::shared_ptr<const LayoutPicture> m_picture;
     std::vector<beside::PageMark> m_marks;
     std::optional<beside::PageMark> m_atCursor;

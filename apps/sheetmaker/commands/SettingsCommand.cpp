@@ -3,8 +3,12 @@
 
 #include "commandline/ExitCodes.h"
 #include "commands/SettingsRun.h"
+#include "records/MarkBoard.h"
 #include "screen/RecentDrawings.h"
 
+#include "plugin/mdlAcadHelper.h"
+
+#include <algorithm>
 #include <ostream>
 
 namespace sm::app {
@@ -33,8 +37,32 @@ public:
     }
 
 private:
+    /// What was changed is saved when the user says so, as the commands for single marks save it.
+    void EditMarks(const Handover& handover)
+    {
+        terminal::Console console(m_err, m_screen.hasTerminal);
+        MarkBoard board(handover.drawing, m_install, console);
+        const auto& layouts = board.Drawing().Layouts();
+        const auto layout = std::find_if(layouts.begin(), layouts.end(),
+                                         [&](const drawing::Layout& one) { return one.name == handover.layout; });
+        m_screen.marks->EditMarks(
+            board.Drawing(), layout != layouts.end() ? static_cast<std::size_t>(layout - layouts.begin()) : 0, board);
+        const std::string question = "Marks were changed. Keep the changes in\r\n" + handover.drawing + "?";
+        const bool isKept =
+            board.IsChanged() &&
+            m_screen.desktop.ShowMessage(
+                {question, kProductTitle, MessageButtons::YesNo, MessageIcon::Question, {}, 0}) == MessageAnswer::Yes;
+        m_screen.picker.Forget(board.Drawing());
+        if (!isKept)
+            return;
+        board.Save();
+        m_out << handover.drawing << ": the marks were kept\n";
+    }
+
     Handover Show(const Handover& handover)
     {
+        if (handover.editsMarks)
+            RunOnScreen("settings", m_screen, m_err, [&] { return EditMarks(handover), kExitDone; });
         SettingsRun run(handover, m_install, m_screen, m_out, m_err);
         m_exitCode = run.Run().value_or(m_exitCode);
         return run.Next();

@@ -72,7 +72,9 @@ SettingsRun::SettingsRun(const Handover& before, const Install& install, const S
                 [this] { return m_run.Document()->ActiveLayout()->Name(); },
                 [this](const std::string& name) { m_run.Activate(name); }, [this](DataKeg& keg) { return Read(keg); }}),
       m_page(m_drawing, install, [this] { return Wish(); }),
-      m_others(screen.memory, m_drawing), m_next{m_drawing, {}, {}, {}, beside::NextStep::Close, false}
+      m_others(screen.memory, m_drawing, screen.marks != nullptr), m_next{
+                                                                       m_drawing, {}, {}, {}, beside::NextStep::Close,
+                                                                       false}
 {
     if (!before.layout.empty())
         m_run.Activate(before.layout);
@@ -96,6 +98,7 @@ std::optional<int> SettingsRun::Run()
     if (m_before.isFirst && !MayDropSignatureFields())
         return std::nullopt;
     Show();
+    m_next.layout = m_run.Document()->ActiveLayout()->Name();
     const bool converted = m_run.Watcher().LastSave().has_value();
     if (!m_run.Watcher().SettingsKept() && !converted)
         return std::nullopt;
@@ -111,9 +114,16 @@ std::optional<int> SettingsRun::Run()
 
 Handover SettingsRun::Next() const
 {
+    Handover other;
+    if (m_others.WantsMarks()) {
+        other.drawing = m_drawing;
+        other.layout = m_next.layout;
+        other.off = m_sheets.Off();
+        other.editsMarks = true;
+        return other;
+    }
     if (m_others.Next().empty())
         return m_next;
-    Handover other;
     other.drawing = m_others.Next();
     return other;
 }

@@ -24,6 +24,7 @@ struct Handover {
     std::vector<SignatureFieldEntry> fields{}; ///< that the showing before stored; the form's list begins empty
     beside::NextStep step = beside::NextStep::SettingsAgain;
     bool isFirst = true;
+    bool editsMarks = false; ///< in the drawing's window, before the dialog is shown
 };
 
 /// One showing of the dialog, with the drawing open for it, and the conversion that it may ask for.

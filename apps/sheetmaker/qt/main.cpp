@@ -25,7 +25,9 @@ qt::ScreenOptions ScreenOptionsOf(const Install& install, beside::IWindowMemory&
     options.memory = &memory;
     options.helpFolder = base::ToText(install.places.shareFolder / "help");
     options.open = [environment = install.environment](const std::string& pathOrAddress) {
-        return system::OpenOnDesktop(environment, HelpTopic(pathOrAddress));
+        const std::string topic = HelpTopic(pathOrAddress);
+        const bool isHelp = pathOrAddress.starts_with("file://"); // documents are opened by their paths
+        return isHelp ? system::OpenAndSee(environment, topic) : system::OpenOnDesktop(environment, topic);
     };
     return options;
 }
@@ -42,8 +44,8 @@ int ShowOnScreen(const Job& job, const Install& install)
     }
     const auto picker = qt::CreateDrawingWindow({ReferenceOptionsOf(install), base::ToText(install.places.shareFolder),
                                                  [&screen] { return screen->Listed(); }, memory.get()});
-    const ScreenParts parts{screen->Desktop(),  screen->Toolkit(), *picker, base::IsTerminal(base::Stream::Errors),
-                            &screen->Company(), memory.get()};
+    const ScreenParts parts{screen->Desktop(),  screen->Toolkit(), *picker,     base::IsTerminal(base::Stream::Errors),
+                            &screen->Company(), memory.get(),      picker.get()};
     if (const auto* const settings = std::get_if<SettingsJob>(&job))
         return RunSettings(*settings, install, parts, std::cout, std::cerr);
     return RunPageSetup(std::get<PageSetupJob>(job), install, parts, std::cout, std::cerr);

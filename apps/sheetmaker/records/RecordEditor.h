@@ -25,6 +25,7 @@ public:
     /// The user's stored settings.
     [[nodiscard]] IRegistry& Settings() { return Context().surroundings.registry; }
     [[nodiscard]] IAcadDocument& Document() { return *m_session.Document(); }
+    [[nodiscard]] const drawing::Drawing& Drawing() { return m_session.Drawing(); }
 
     /// `wanted` as the drawing spells it. Without it the active layout; where that becomes no page unless somebody says
     /// so, the one sheet that does when there is one, and the console is told either way. `alsoAllowed` are names that

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "beside/Company.h"
+#include "beside/MarkBoard.h"
 #include "beside/WindowMemory.h"
 #include "cadhost/PointPicker.h"
 #include "ports/IDesktop.h"
@@ -18,6 +19,7 @@ struct ScreenParts {
     bool hasTerminal = false;                ///< somebody reads the error stream
     beside::ICompany* company = nullptr;     ///< null: nothing stands beside the forms, and no window tells the end
     beside::IWindowMemory* memory = nullptr; ///< null: nothing is remembered
+    beside::IMarkWindow* marks = nullptr;    ///< null: marks are changed in the forms alone
 };
 
 } // namespace sm::app

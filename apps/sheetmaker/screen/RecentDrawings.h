@@ -17,19 +17,26 @@ std::vector<std::string> RecentDrawings(beside::IWindowMemory* memory);
 /// Puts the drawing at `path` in front.
 void RememberDrawing(beside::IWindowMemory* memory, const std::string& path);
 
-/// The way to another drawing than the one that a run has open.
+/// The ways from the drawing that a run has open.
 class OtherDrawings final : public beside::IDrawings {
 public:
     /// `own` isn't listed.
-    OtherDrawings(beside::IWindowMemory* memory, std::string own) : m_memory(memory), m_own(std::move(own)) {}
+    OtherDrawings(beside::IWindowMemory* memory, std::string own, bool hasMarkWindow)
+        : m_memory(memory), m_own(std::move(own)), m_hasMarkWindow(hasMarkWindow)
+    {
+    }
     [[nodiscard]] std::vector<std::string> Recent() override;
     void OpenNext(const std::string& path) override { m_next = path; }
+    [[nodiscard]] bool CanEditMarks() const override { return m_hasMarkWindow; }
+    void EditMarksNext() override { m_wantsMarks = true; }
+    [[nodiscard]] bool WantsMarks() const { return m_wantsMarks; }
     /// What is to be opened next; empty: nothing.
     [[nodiscard]] const std::string& Next() const { return m_next; }
 
 private:
     beside::IWindowMemory* m_memory;
     std::string m_own, m_next;
+    bool m_hasMarkWindow, m_wantsMarks = false;
 };
 
 } // namespace sm::app

@@ -55,7 +55,7 @@ TEST_F(Recents, PathsAreWholeAndTheOwnDrawingIsNoOther)
     RememberDrawing(memory.get(), a);
     RememberDrawing(memory.get(), machine.In("sub/../b.dxf"));
     RememberDrawing(memory.get(), "/no/such\nname.dxf");
-    OtherDrawings others(memory.get(), a);
+    OtherDrawings others(memory.get(), a, false);
     EXPECT_THAT(others.Recent(), ElementsAre(b));
     EXPECT_THAT(RecentDrawings(nullptr), ElementsAre());
     RememberDrawing(nullptr, a);

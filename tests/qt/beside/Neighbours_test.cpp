@@ -142,8 +142,7 @@ TEST_F(Neighbours, EntriesAreDroppedAfterAQuestionAlone)
                 auto* const box = dynamic_cast<QMessageBox*>(QtUser::Window());
                 ASSERT_NE(box, nullptr);
                 EXPECT_EQ(box->text().toStdString(),
-                          "What was entered here and not confirmed yet is dropped when another drawing is opened.\n"
-                          "Open\n/plans/B.DXF?");
+                          "What was entered here and not confirmed yet is dropped.\nOpen\n/plans/B.DXF?");
                 QTest::mouseClick(box->button(answer), Qt::LeftButton);
             });
             DropAt("txt", {"/plans/B.DXF"});

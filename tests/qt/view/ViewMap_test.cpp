@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Views, and points as text.
+#include "marks/PointText.h"
 #include "picture/ViewMap.h"
-#include "view/PointText.h"
 
 #include <gmock/gmock.h>
 

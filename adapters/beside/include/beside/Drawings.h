@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The way from one drawing to another while a form is up.
+// The ways from a form to what can't stand beside it: another drawing, the drawing's own marks.
 #pragma once
 
 #include <string>
@@ -15,6 +15,10 @@ public:
     [[nodiscard]] virtual std::vector<std::string> Recent() = 0;
     /// Once the form is closed, which the caller sees to, the run goes on with that drawing.
     virtual void OpenNext(const std::string& path) = 0;
+    /// The drawing's marks can be edited in its window, between two showings of the form.
+    [[nodiscard]] virtual bool CanEditMarks() const { return false; }
+    /// Once the form is closed, they are.
+    virtual void EditMarksNext() {}
 };
 
 /// Where files may be dropped on a form: each is one that the form asks for when a row is added.

@@ -2,6 +2,7 @@
 // The window that shows a layout of a drawing and lets the user pick points in it.
 #pragma once
 
+#include "beside/MarkBoard.h"
 #include "beside/SheetList.h"
 #include "beside/WindowMemory.h"
 #include "cadhost/PointPicker.h"
@@ -22,10 +23,13 @@ struct DrawingWindowOptions {
     beside::IWindowMemory* memory = nullptr;
 };
 
+/// What can be done with the drawing's window.
+class IDrawingWindow : public cadhost::IPointPicker, public beside::IMarkWindow {};
+
 /// To be used while a Screen is open, from its thread; may be made before and may outlive it. Without a screen each
 /// pick throws. Its tabs are the drawing's layouts in their order. A layout is recorded when it is shown first; those
 /// shown lately are kept, with the view that the user left, until the drawing is forgotten. Between the two corners of
 /// a rectangle the window stays as it is, and no tab can be turned.
-std::unique_ptr<cadhost::IPointPicker> CreateDrawingWindow(const DrawingWindowOptions& options);
+std::unique_ptr<IDrawingWindow> CreateDrawingWindow(const DrawingWindowOptions& options);
 
 } // namespace sm::qt

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "view/PointText.h"
+#include "marks/PointText.h"
 
 #include <array>
 #include <charconv>

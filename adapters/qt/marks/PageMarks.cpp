@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "view/PageMarks.h"
+#include "marks/PageMarks.h"
 
 #include <QFontMetricsF>
 
@@ -24,9 +24,10 @@ QFont StampFont(const std::string& name)
     return result;
 }
 
+constexpr double kEm = 100; // pixels that a stamp's text is set in, before it is scaled
+
 void PaintStamp(QPainter& painter, const PageMark& mark, QPointF at, double scale)
 {
-    constexpr double kEm = 100; // pixels that the text is set in, before it is scaled
     QFont font = StampFont(mark.font);
     font.setPixelSize(static_cast<int>(kEm));
     painter.save();
@@ -61,7 +62,35 @@ void PaintClip(QPainter& painter, QPointF at)
         painter.drawLine(sheet.topLeft() + QPointF(2, line), sheet.topLeft() + QPointF(7, line));
 }
 
+QRectF StampBox(const PageMark& mark, QPointF at, double scale)
+{
+    QFont font = StampFont(mark.font);
+    font.setPixelSize(static_cast<int>(kEm));
+    const QFontMetricsF metrics(font);
+    const double factor = mark.size * scale / kEm;
+    const double width = metrics.horizontalAdvance(QString::fromStdString(mark.text)) * factor;
+    return {at.x() - width * mark.justification / 2, at.y() - metrics.ascent() * factor, width,
+            metrics.height() * factor};
+}
+
 } // namespace
+
+QRectF MarkBox(const PageMark& mark, const ViewMap& map, bool hasPaper)
+{
+    const render::Vec2 from = map.ToPixel(mark.from), to = map.ToPixel(mark.to);
+    PageMark sized = mark;
+    sized.size = hasPaper ? mark.size : kModelStamp / map.scale;
+    switch (mark.kind) {
+    case PageMarkKind::Stamp:
+        return StampBox(sized, {from.x, from.y}, map.scale);
+    case PageMarkKind::Attachment:
+        return {from.x, from.y - 12, 9, 12};
+    case PageMarkKind::Field:
+    case PageMarkKind::Link:
+        break;
+    }
+    return QRectF(QPointF(from.x, from.y), QPointF(to.x, to.y)).normalized();
+}
 
 void PaintPageMarks(QPainter& painter, const std::vector<PageMark>& marks, const ViewMap& map)
 {

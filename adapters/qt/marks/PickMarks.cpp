@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "view/PickMarks.h"
+#include "marks/PickMarks.h"
 
 #include <QFontMetricsF>
 #include <QPainterPath>
