@@ -5,6 +5,7 @@
 #include "drawing/PlanView.h"
 #include "picture/DisplayRecorder.h"
 #include "render/ClipBox.h"
+#include "render/Projection.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,14 +14,10 @@ namespace sm::qt {
 namespace {
 
 using drawing::Vec3;
+using render::Dot;
 
 constexpr double kModelSize = 4000; // mm that a model takes: fine enough for its line types when one zooms in
 constexpr double kResolution = 150; // dots per inch of pictures
-
-double Dot(Vec3 a, Vec3 b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
 
 bool IsUsable(const Box2& box)
 {

@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "base/Units.h"
 #include "drawing/entities/Texts.h"
+#include "render/Projection.h"
 
 #include <cmath>
 
@@ -15,16 +16,6 @@ namespace {
 struct Ocs {
     Vec3 x{1, 0, 0}, y{0, 1, 0}, z{0, 0, 1};
 };
-
-double Dot(Vec3 a, Vec3 b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-Vec3 Cross(Vec3 a, Vec3 b)
-{
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
 
 Vec3 Unit(Vec3 v)
 {
