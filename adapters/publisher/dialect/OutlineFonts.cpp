@@ -105,7 +105,7 @@ OutlineFonts::Program OutlineFonts::OfItsFile(const Face& face)
     for (std::size_t i = 0; i < glyphs.size(); ++i) {
         const std::uint16_t number = subset.numbers.at(glyphs[i]);
         if (i > 0 && program.advances[number] != face.subset.glyphs[i].advance) {
-            throw std::runtime_error("its file has changed");
+            throw std::runtime_error("it has other advances than on the pages");
         }
         program.numbers.push_back(number);
     }
@@ -130,10 +130,10 @@ void OutlineFonts::Embed(Face& face, std::vector<std::string>& remarks)
         try {
             program = OfItsFile(face);
         } catch (const std::runtime_error& error) {
-            if (face.source.curves == Curves::Cubic) { // the pages have quadratic ones as they are
-                remarks.push_back("The curves of the font " + face.name +
-                                  " come near to its own only: " + error.what());
-            }
+            const bool isCubic = face.source.curves == Curves::Cubic; // the pages have quadratic ones as they are
+            remarks.push_back((isCubic ? "The curves of the font " + face.name + " come near to its own only: "
+                                       : "The font " + face.name + " is embedded as the pages hold it: ") +
+                              error.what());
         }
     }
     const std::string name = "/" + ContentTag(program.bytes) + "+" + face.name; // PDF 1.7, 9.6.4

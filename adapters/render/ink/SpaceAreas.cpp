@@ -98,7 +98,11 @@ bool SpaceView::CutArea(const Path& path, Path& out, std::vector<Path>* clips)
         }
         shows = !cover.whole;
     }
-    out = m_camera.LimitsDepth() ? std::move(outline) : path;
+    if (m_camera.LimitsDepth()) {
+        out = std::move(outline);
+    } else {
+        out = path;
+    }
     return shows;
 }
 

@@ -61,9 +61,9 @@ public:
     void ReplaceItem(const std::string& name, std::int32_t position, const std::string& item);
     /// A position that the list hasn't chooses nothing.
     void Select(const std::string& name, std::int32_t position);
-    /// False, and nothing chosen anew, when no entry has that text.
     /// What a combo box tells while none of its entries is chosen; empty: nothing.
     void SetNotice(const std::string& name, const std::string& notice);
+    /// False, and nothing chosen anew, when no entry has that text.
     bool SelectText(const std::string& name, const std::string& text);
     /// Nothing is chosen afterwards.
     void SetRows(const std::string& name, std::vector<ListRow> rows);
