@@ -27,14 +27,6 @@ INSTANTIATE_TEST_SUITE_P(, Installer,
                                          ModeRow{"User", "/CurrentUser", HKEY_CURRENT_USER}),
                          [](const auto& row) { return std::string(row.param.name); });
 
-RegistrySnapshot Both()
-{
-    RegistrySnapshot all;
-    TakeSnapshot(HKEY_LOCAL_MACHINE, L"Software", L"machine", all);
-    TakeSnapshot(HKEY_CURRENT_USER, L"Software", L"user", all);
-    return all;
-}
-
 std::string Fact(HKEY root, const char* key, const char* name)
 {
     char text[400] = {};

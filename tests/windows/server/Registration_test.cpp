@@ -30,14 +30,6 @@ int Regsvr32(const char* options)
     return RunProgram(std::string("regsvr32 ") + options + " " + SM_COMPONENT).exitCode;
 }
 
-RegistrySnapshot Both()
-{
-    RegistrySnapshot all;
-    TakeSnapshot(HKEY_LOCAL_MACHINE, L"Software", L"machine", all);
-    TakeSnapshot(HKEY_CURRENT_USER, L"Software", L"user", all);
-    return all;
-}
-
 void ExpectAllClassesByName()
 {
     const Apartment apartment;

@@ -46,6 +46,20 @@ inline void TakeSnapshot(HKEY parent, const std::wstring& name, const std::wstri
     RegCloseKey(key);
 }
 
+/// The machine's and the user's. The folder of the user's classes, which every Windows has, is made where a new Wine
+/// hasn't got it yet.
+inline RegistrySnapshot Both()
+{
+    HKEY classes = nullptr;
+    if (RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Classes", 0, nullptr, 0, KEY_READ, nullptr, &classes, nullptr) ==
+        ERROR_SUCCESS)
+        RegCloseKey(classes);
+    RegistrySnapshot all;
+    TakeSnapshot(HKEY_LOCAL_MACHINE, L"Software", L"machine", all);
+    TakeSnapshot(HKEY_CURRENT_USER, L"Software", L"user", all);
+    return all;
+}
+
 /// Paths that are in one of the two alone, or differ.
 inline std::vector<std::wstring> Differences(const RegistrySnapshot& before, const RegistrySnapshot& after)
 {
