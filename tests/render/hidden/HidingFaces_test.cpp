@@ -54,7 +54,7 @@ std::string ShownOf(HidingFaces& faces, Vec3 a, Vec3 b)
 }
 
 constexpr double kTestTolerance = 1e-4;
-constexpr const char* kTable = "0 0 5, 10 0 5, 10 10 5, 0 10 5";
+constexpr const char* kTableTop = "0 0 5, 10 0 5, 10 10 5, 0 10 5";
 
 struct FaceRow {
     const char* name;
@@ -76,19 +76,19 @@ TEST_P(HidingFacesTest, CutLines)
 
 const FaceRow kFaceRows[] = {
     {"NoFaces", "", "0 0 0, 10 0 0", "0-1"},
-    {"FaceBeforeALine", kTable, "-10 5 0, 30 5 0", "0-0.25 0.5-1"},
-    {"LineBeforeAFace", kTable, "-10 5 6, 30 5 6", "0-1"},
-    {"LineOnAFace", kTable, "-10 5 5, 30 5 5", "0-1"},
-    {"AFarLine", kTable, "100 100 -900, 200 100 -900", "0-1"},
-    {"HiddenWhole", kTable, "1 1 0, 9 9 4", ""},
-    {"ItsOwnEdge", kTable, "0 0 5, 10 0 5", "0-1"},
-    {"AnEdgeRightBehindAnother", kTable, "0 0 0, 10 0 0", ""},
-    {"LineThroughAFace", kTable, "5 5 0, 5 9 10", "0.5-1"},
-    {"LineThroughAFaceFromBeside", kTable, "-10 5 -5, 10 5 15", "0-1"},
-    {"UprightLineUnderAFace", kTable, "5 5 0, 5 5 4", ""},
-    {"UprightLineThroughAFace", kTable, "5 5 0, 5 5 10", "0.5-1"},
-    {"TouchesAtACorner", kTable, "0 0 5, -10 -10 0", "0-1"},
-    {"GoesDownFromACorner", kTable, "0 0 5, 10 10 0", ""},
+    {"FaceBeforeALine", kTableTop, "-10 5 0, 30 5 0", "0-0.25 0.5-1"},
+    {"LineBeforeAFace", kTableTop, "-10 5 6, 30 5 6", "0-1"},
+    {"LineOnAFace", kTableTop, "-10 5 5, 30 5 5", "0-1"},
+    {"AFarLine", kTableTop, "100 100 -900, 200 100 -900", "0-1"},
+    {"HiddenWhole", kTableTop, "1 1 0, 9 9 4", ""},
+    {"ItsOwnEdge", kTableTop, "0 0 5, 10 0 5", "0-1"},
+    {"AnEdgeRightBehindAnother", kTableTop, "0 0 0, 10 0 0", ""},
+    {"LineThroughAFace", kTableTop, "5 5 0, 5 9 10", "0.5-1"},
+    {"LineThroughAFaceFromBeside", kTableTop, "-10 5 -5, 10 5 15", "0-1"},
+    {"UprightLineUnderAFace", kTableTop, "5 5 0, 5 5 4", ""},
+    {"UprightLineThroughAFace", kTableTop, "5 5 0, 5 5 10", "0.5-1"},
+    {"TouchesAtACorner", kTableTop, "0 0 5, -10 -10 0", "0-1"},
+    {"GoesDownFromACorner", kTableTop, "0 0 5, 10 10 0", ""},
     {"TwoFacesSideBySide", "0 0 5, 5 0 5, 5 10 5, 0 10 5 | 5 0 5, 10 0 5, 10 10 5, 5 10 5", "-10 5 0, 30 5 0",
      "0-0.25 0.5-1"},
     {"AlongTheSeamOfTwo", "0 0 5, 5 0 5, 5 10 5, 0 10 5 | 5 0 5, 10 0 5, 10 10 5, 5 10 5", "5 -10 0, 5 20 0",
@@ -105,8 +105,8 @@ const FaceRow kFaceRows[] = {
     {"OneCornerAlone", "3 3 5", "0 10 0, 10 0 0", "0-1"},
     {"TwoCornersAlone", "3 3 5, 4 4 5", "0 10 0, 10 0 0", "0-1"},
     {"NotANumber", "0 0 5, nan 0 5, 10 10 5", "0 5 0, 10 5 0", "0-1"},
-    {"ALineWithoutLength", kTable, "5 5 0, 5 5 0", ""},
-    {"ALineWithoutLengthBeside", kTable, "15 5 0, 15 5 0", "0-1"},
+    {"ALineWithoutLength", kTableTop, "5 5 0, 5 5 0", ""},
+    {"ALineWithoutLengthBeside", kTableTop, "15 5 0, 15 5 0", "0-1"},
     {"AHole", "0 0 5, 20 0 5, 20 20 5, 0 20 5 / 5 5 5, 15 5 5, 15 15 5, 5 15 5", "0 10 0, 20 10 0", "0.25-0.75"},
     {"ANotch", "0 0 5, 20 0 5, 10 10 5, 20 20 5, 0 20 5", "0 10 0, 20 10 0", "0.5-1"},
     // Its corners don't lie in a plane: a triangle at z 5 and one that sinks to z -5 at (10, 0).
@@ -178,12 +178,12 @@ TEST_P(CoverTest, LeavesOutWhatFacesHide)
 }
 
 const CoverRow kCoverRows[] = {
-    {"Beside", kTable, "20 0 0, 30 0 0, 30 10 0, 20 10 0", ""},
-    {"InFront", kTable, "0 0 6, 10 0 6, 10 10 6, 0 10 6", ""},
-    {"OnTheFace", kTable, "2 2 5, 8 2 5, 8 8 5, 2 8 5", ""},
-    {"HalfBehind", kTable, "5 2 0, 15 2 0, 15 8 0, 5 8 0",
+    {"Beside", kTableTop, "20 0 0, 30 0 0, 30 10 0, 20 10 0", ""},
+    {"InFront", kTableTop, "0 0 6, 10 0 6, 10 10 6, 0 10 6", ""},
+    {"OnTheFace", kTableTop, "2 2 5, 8 2 5, 8 8 5, 2 8 5", ""},
+    {"HalfBehind", kTableTop, "5 2 0, 15 2 0, 15 8 0, 5 8 0",
      "[ m 3 0 l 17 0 l 17 10 l 3 10 h m 10 1 l 10 9 l 4 9 l 4 1 h ]"},
-    {"AllBehind", kTable, "2 2 0, 8 2 0, 8 8 0, 2 8 0",
+    {"AllBehind", kTableTop, "2 2 0, 8 2 0, 8 8 0, 2 8 0",
      "whole[ m 0 0 l 10 0 l 10 10 l 0 10 h m 9 1 l 9 9 l 1 9 l 1 1 h ]"},
     // The face rises from z -5 to z 5: half of it lies above the area.
     {"ThroughTheArea", "0 0 -5, 10 0 5, 10 10 5, 0 10 -5", "0 2 0, 10 2 0, 10 8 0, 0 8 0",
