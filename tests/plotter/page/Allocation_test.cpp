@@ -32,12 +32,12 @@ void operator delete(void* place, std::size_t) noexcept
 namespace sm::plotter {
 namespace {
 
-struct Row {
+struct AllocationRow {
     const char* name;
     const char* entity; ///< its tags; "@" stands for a coordinate that differs
 };
 
-std::string Drawn(const Row& row, int count)
+std::string Drawn(const AllocationRow& row, int count)
 {
     std::string text = "0\nSECTION\n2\nENTITIES\n";
     for (int i = 0; i < count; ++i) {
@@ -49,7 +49,7 @@ std::string Drawn(const Row& row, int count)
 }
 
 /// Allocations of plotting that many entities of a kind.
-std::size_t AllocationsFor(const Row& row, int count)
+std::size_t AllocationsFor(const AllocationRow& row, int count)
 {
     const auto drawing = drawing::Drawing::FromBytes(Drawn(row, count), "many.dxf");
     const auto text = render::TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", ""});
@@ -66,7 +66,7 @@ std::size_t AllocationsFor(const Row& row, int count)
 
 TEST(Allocations, DoNotGrowWithTheNumberOfEntities)
 {
-    for (const Row& row : std::vector<Row>{
+    for (const AllocationRow& row : std::vector<AllocationRow>{
              {"line", "0\nLINE\n8\n0\n10\n@\n20\n5\n11\n9\n21\n@\n"},
              {"polyline", "0\nLWPOLYLINE\n8\n0\n90\n3\n70\n1\n10\n@\n20\n5\n10\n9\n20\n@\n42\n0.5\n10\n7\n20\n8\n"},
              {"circle", "0\nCIRCLE\n8\n0\n10\n@\n20\n5\n40\n3\n"},

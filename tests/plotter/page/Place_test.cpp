@@ -14,7 +14,7 @@ protected:
     PlaceTest()
     {
         drawing.points = {{"$LIMMIN", {-1, -2, 0}}, {"$LIMMAX", {12, 9, 0}}};
-        drawing.active = drawing::ModelView{{50, 50}, 3, 20.0 / 3, {0, 0, 1}, {}, 0};
+        drawing.active = drawing::ModelView{{50, 50}, 3, 20.0 / 3, {0, 0, 1}, {}, 0, {}};
         drawing::NamedView view;
         view.name = "Detail";
         view.center = {1000, 2000};
@@ -64,7 +64,7 @@ TEST_F(PlaceTest, PutsEachPlotAreaOnTheSheet)
 
 TEST_F(PlaceTest, TakesWindowsInWorldCoordinates)
 {
-    drawing.active = drawing::ModelView{{50, 50}, 3, 1, {0, 0, 1}, {300, 400, 0}, 0};
+    drawing.active = drawing::ModelView{{50, 50}, 3, 1, {0, 0, 1}, {300, 400, 0}, 0, {}};
     PlotSettings s = A4(kWindow, kStandard);
     s.standardScale = 16;
     s.window = BoxOf(10, 20, 60, 50);

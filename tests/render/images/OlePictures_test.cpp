@@ -15,7 +15,7 @@ std::string BytesOf(std::uint64_t value, unsigned count)
 {
     std::string bytes;
     for (unsigned i = 0; i < count; ++i) {
-        bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+        bytes += i < sizeof value ? static_cast<char>(value >> (8 * i) & 0xFF) : '\0';
     }
     return bytes;
 }
