@@ -62,7 +62,7 @@ ROOMS = {
         "images/posix": ("images",),
         "images/windows": ("images",),
         "ole": ("images",),
-        "hidden": (),
+        "hidden": ("geometry",),
         "ink": ("geometry", "hidden"),
         "plotstyle": ("ink",),
         "notes": ("geometry",),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "context/FaceCollector.h"
 
+#include "geometry/KeepWhere.h"
 #include "ink/SpaceView.h"
 #include "render/Arcs.h"
 #include "render/ClipBox.h"
@@ -19,33 +20,6 @@ double UnitOf(const Projection& toPaper)
     const auto length = [](Vec2 v, double rise) { return std::sqrt(Dot(v, v) + rise * rise); };
     return std::max(
         {length(toPaper.x, toPaper.rise.x), length(toPaper.y, toPaper.rise.y), length(toPaper.z, toPaper.rise.z)});
-}
-
-// Keeps the side of a plane where `inside` isn't negative; `inside` is an affine function of the point.
-template <class Inside> void KeepWhere(std::vector<Vec3>& loop, const Inside& inside)
-{
-    std::vector<Vec3> kept;
-    for (std::size_t i = 0; i < loop.size(); ++i) {
-        const Vec3 a = loop[i];
-        const Vec3 b = loop[(i + 1) % loop.size()];
-        const double da = inside(a);
-        const double db = inside(b);
-        if (da >= 0) {
-            kept.push_back(a);
-        }
-        if ((da < 0) != (db < 0)) {
-            kept.push_back(a + (b - a) * (da / (da - db)));
-        }
-    }
-    loop = std::move(kept);
-}
-
-void KeepWithin(const Box2& window, std::vector<Vec3>& loop)
-{
-    KeepWhere(loop, [&](Vec3 p) { return p.x - window.min.x; });
-    KeepWhere(loop, [&](Vec3 p) { return window.max.x - p.x; });
-    KeepWhere(loop, [&](Vec3 p) { return p.y - window.min.y; });
-    KeepWhere(loop, [&](Vec3 p) { return window.max.y - p.y; });
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // What faces leave of an area.
 #include "hidden/HidingFaces.h"
 
+#include "geometry/KeepWhere.h"
 #include "render/ClipArea.h"
 #include "render/Projection.h"
 
@@ -12,25 +13,6 @@ namespace sm::render {
 namespace {
 
 constexpr std::size_t kMostCovers = 3000, kMostClips = 60; // faces before one area, and clips within each other
-
-// Keeps the side of a polygon where `above` isn't negative; `above` is an affine function of the point.
-template <class Above> std::vector<Vec2> KeptWhere(const std::vector<Vec2>& polygon, const Above& above)
-{
-    std::vector<Vec2> kept;
-    for (std::size_t i = 0; i < polygon.size(); ++i) {
-        const Vec2 a = polygon[i];
-        const Vec2 b = polygon[(i + 1) % polygon.size()];
-        const double da = above(a);
-        const double db = above(b);
-        if (da >= 0) {
-            kept.push_back(a);
-        }
-        if ((da < 0) != (db < 0)) {
-            kept.push_back(a + (b - a) * (da / (da - db)));
-        }
-    }
-    return kept;
-}
 
 /// True when no point of the part lies in an outline of few corners that is convex; false is always right.
 bool LiesBeside(const Path& part, const Path& outline)
@@ -83,13 +65,15 @@ void HidingFaces::AppendPartAbove(const Face& face, const DepthPlane& plane, Pat
     };
     for (std::uint32_t l = face.firstLoop; l < face.firstLoop + face.loops; ++l) {
         const auto first = m_corners.begin() + m_loops[l].first;
-        const std::vector<Vec2> loop(first, first + m_loops[l].count);
-        const bool before = std::any_of(loop.begin(), loop.end(), [&](Vec2 p) { return above(p) > m_tolerance; });
-        const std::vector<Vec2> kept = before ? KeptWhere(loop, above) : std::vector<Vec2>{};
-        for (std::size_t i = 0; i < kept.size(); ++i) {
-            i == 0 ? part.MoveTo(kept[i]) : part.LineTo(kept[i]);
+        std::vector<Vec2> loop(first, first + m_loops[l].count);
+        if (!std::any_of(loop.begin(), loop.end(), [&](Vec2 p) { return above(p) > m_tolerance; })) {
+            continue;
         }
-        if (!kept.empty()) {
+        KeepWhere(loop, above);
+        for (std::size_t i = 0; i < loop.size(); ++i) {
+            i == 0 ? part.MoveTo(loop[i]) : part.LineTo(loop[i]);
+        }
+        if (!loop.empty()) {
             part.Close();
         }
     }

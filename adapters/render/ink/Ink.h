@@ -41,9 +41,10 @@ public:
     void Text(const TextRun& run, const Path& outline);
     void Image(const Picture& picture, const Matrix2& toPaper, std::uint32_t color);
 
+    /// To those that `TakeSteps` answers.
+    void AddSteps(std::uint64_t steps) { m_steps += steps; }
     /// Verbs of paths and letters that came along since the last call, and those that line types made of them; what
     /// lies off the page costs less.
-    void AddSteps(std::uint64_t steps) { m_steps += steps; }
     [[nodiscard]] std::uint64_t TakeSteps() { return std::exchange(m_steps, 0); }
 
     [[nodiscard]] ICanvas& Canvas() { return m_canvas; }

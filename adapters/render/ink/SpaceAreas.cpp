@@ -1,39 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Areas of a view in space: cut where the view ends, carried to the sheet, and clipped where faces lie before them.
+#include "geometry/KeepWhere.h"
 #include "ink/SpaceView.h"
 
 #include <algorithm>
 
 namespace sm::render {
 
-namespace {
-
-// Keeps the side of a plane where `inside` isn't negative; `inside` is an affine function of the height.
-template <class Inside> void CutLoop(std::vector<Vec3>& loop, const Inside& inside)
-{
-    std::vector<Vec3> kept;
-    for (std::size_t i = 0; i < loop.size(); ++i) {
-        const Vec3 a = loop[i];
-        const Vec3 b = loop[(i + 1) % loop.size()];
-        const double da = inside(a.z);
-        const double db = inside(b.z);
-        if (da >= 0) {
-            kept.push_back(a);
-        }
-        if ((da < 0) != (db < 0)) {
-            kept.push_back(a + (b - a) * (da / (da - db)));
-        }
-    }
-    loop = std::move(kept);
-}
-
-} // namespace
-
 void CutToDepth(const Camera& camera, std::vector<Vec3>& loop)
 {
     if (camera.LimitsDepth()) {
-        CutLoop(loop, [&](double z) { return camera.Front() - z; });
-        CutLoop(loop, [&](double z) { return z - camera.back; });
+        KeepWhere(loop, [&](Vec3 p) { return camera.Front() - p.z; });
+        KeepWhere(loop, [&](Vec3 p) { return p.z - camera.back; });
     }
     for (Vec3& p : loop) {
         p = camera.Apply(p);

@@ -14,8 +14,8 @@ struct PlotJob {
     const drawing::Layout& layout;
     drawing::PlotSettings settings; ///< as configured; paper size and margins of the unturned medium
     double resolution = 1200;       ///< dots per inch
-    std::string title;              ///< %%Title: the sheet's name
-    std::string creator;            ///< %%Creator
+    std::string title = {};         ///< %%Title: the sheet's name
+    std::string creator = {};       ///< %%Creator
     /// Gives what the layout's space plots, for callers that know it already; computed when not set.
     std::function<drawing::Box2(const render::Matrix3& view)> extents = {};
     const render::PlotStyleTable* plotStyles = nullptr; ///< the table of `settings`; null: plotted without
