@@ -104,13 +104,14 @@ void FillArea(PaintContext& context, const Path& path, FillRule rule)
     if (context.ink.Clip().Empty()) {
         return;
     }
-    Path area, lines;
+    Path area;
+    HatchStrokes lines;
     AppendBox(area, Grown(context.ink.Clip(), pattern.width));
     HatchLines cutter(area, HullOf(area));
     for (const drawing::HatchLine& family : pattern.families) {
         cutter.Append(family, Matrix2{}, lines);
     }
-    context.ink.Stroke(lines, {context.style.color, pattern.width, nullptr, 1, LineCap::Butt, LineJoin::Miter});
+    context.ink.Stroke(lines.dashes, {context.style.color, pattern.width, nullptr, 1, LineCap::Butt, LineJoin::Miter});
 }
 
 void StrokeSides(PaintContext& context, const drawing::Entity& entity)

@@ -22,6 +22,8 @@ private:
     bool Draw(const drawing::HatchData& hatch, drawing::EntityKind /*kind*/) override;
     void AppendSources(const drawing::HatchData& hatch);
     void DrawPattern(const drawing::HatchData& hatch, const Matrix2& plane);
+
+    HatchStrokes m_strokes; ///< keeps its memory from hatch to hatch
 };
 
 // A boundary that the file gives by its source objects alone (DXF reference, HATCH groups 97 and 330).
@@ -90,11 +92,14 @@ void Hatches::DrawPattern(const drawing::HatchData& hatch, const Matrix2& plane)
         across.offset = {-across.offset.y, across.offset.x};
         families.push_back(across);
     }
-    HatchLines lines(m_path, visible);
-    m_path.Clear();
+    Pen pen = m_context.StrokePen();
+    pen.pattern = nullptr;
+    HatchLines lines(m_path, visible, pen.width);
+    m_strokes.dashes.Clear();
+    m_strokes.dots.Clear();
     bool thinned = false;
     for (const drawing::HatchLine& family : families) {
-        thinned = lines.Append(family, plane, m_path) || thinned;
+        thinned = lines.Append(family, plane, m_strokes) || thinned;
     }
     if (thinned) {
         m_context.Remark("a hatch pattern too dense for paper thinned out");
@@ -102,12 +107,12 @@ void Hatches::DrawPattern(const drawing::HatchData& hatch, const Matrix2& plane)
     if (lines.Moved()) {
         m_context.Remark("a hatch pattern that begins too far off begins in its area");
     }
-    Pen pen = m_context.StrokePen();
-    pen.pattern = nullptr;
-    pen.cap = LineCap::Butt;
     constexpr double kHairline = 0.05; // mm; lines as close as paper can hold them stay grey
     pen.width = thinned ? std::min(pen.width, kHairline) : pen.width;
-    m_ink.Stroke(m_path, pen);
+    pen.cap = thinned ? LineCap::Butt : pen.cap; // dots stand for their share of the line there
+    m_ink.Stroke(m_strokes.dots, pen);
+    pen.cap = LineCap::Butt;
+    m_ink.Stroke(m_strokes.dashes, pen);
 }
 
 } // namespace

@@ -35,7 +35,7 @@ template <class Measure> Span SpanOf(const Box2& box, const Measure& measure)
 
 } // namespace
 
-HatchLines::HatchLines(const Path& boundary, const Box2& visible)
+HatchLines::HatchLines(const Path& boundary, const Box2& visible, double penWidth) : m_penWidth(penWidth)
 {
     for (const std::vector<Vec2>& polygon : PolygonsOf(boundary)) {
         for (std::size_t i = 0; i < polygon.size(); ++i) {
@@ -55,7 +55,7 @@ double HatchLines::LineAt(const Family& family, Vec2 p) const
     return Cross(family.along, p - family.base) / family.spacing;
 }
 
-bool HatchLines::Append(const drawing::HatchLine& line, const Matrix2& plane, Path& out)
+bool HatchLines::Append(const drawing::HatchLine& line, const Matrix2& plane, HatchStrokes& out)
 {
     Family family;
     const Vec2 direction{std::cos(Radians(line.angle)), std::sin(Radians(line.angle))};
@@ -166,7 +166,7 @@ double HatchLines::Coarsening(double dashes, double period) const
 }
 
 void HatchLines::CutLine(const Family& family, const Crossing& from, const Crossing& to,
-                         const std::vector<double>& dashes, Path& out) const
+                         const std::vector<double>& dashes, HatchStrokes& out) const
 {
     const Vec2 origin = family.base + family.offset * from.line;
     const auto at = [&](double t) { return origin + family.along * t; };
@@ -177,10 +177,10 @@ void HatchLines::CutLine(const Family& family, const Crossing& from, const Cross
     }
     const double begin = from.at + (to.at - from.at) * t0;
     const double end = from.at + (to.at - from.at) * t1;
-    const auto emit = [&](double a, double b) {
+    const auto emit = [&](Path& path, double a, double b) {
         if (b > a) {
-            out.MoveTo(at(a));
-            out.LineTo(at(b));
+            path.MoveTo(at(a));
+            path.LineTo(at(b));
         }
     };
     double period = 0;
@@ -188,7 +188,7 @@ void HatchLines::CutLine(const Family& family, const Crossing& from, const Cross
         period += std::abs(dash);
     }
     if (!(period > 0)) {
-        emit(begin, end);
+        emit(out.dashes, begin, end);
         return;
     }
     const double first = std::floor(begin / period);
@@ -198,7 +198,8 @@ void HatchLines::CutLine(const Family& family, const Crossing& from, const Cross
         double t = (first + static_cast<double>(i)) * period;
         for (const double dash : dashes) {
             if (dash >= 0 && t + dash >= begin && t <= end) {
-                emit(std::max(t, begin), std::min(std::max(t + dash, t + kDotLength), end));
+                emit(dash > 0 && dash >= m_penWidth ? out.dashes : out.dots, std::max(t, begin),
+                     std::min(t + std::max(dash, kDotLength), end));
             }
             t += std::abs(dash);
         }

@@ -9,15 +9,22 @@
 
 namespace sm::render {
 
+/// What families of lines leave of an area.
+struct HatchStrokes {
+    Path dashes; ///< lines and parts of them, which end at the boundary
+    Path dots;   ///< shorter than the pen is wide: without ends that reach beyond them they would lie across
+};
+
 /// Cuts line families to one boundary.
 class HatchLines {
 public:
     /// `boundary`: closed sub-paths on the sheet, filled by the even-odd rule. `visible`: lines off it may be left out.
-    HatchLines(const Path& boundary, const Box2& visible);
+    /// `penWidth`: mm; shorter dashes count as dots.
+    HatchLines(const Path& boundary, const Box2& visible, double penWidth = 0);
 
-    /// Appends the family's dashes to `out`, `plane` from the hatch's OCS plane to the sheet. Lines closer than 0.1 mm
-    /// are thinned out, evenly; true when that happened.
-    bool Append(const drawing::HatchLine& family, const Matrix2& plane, Path& out);
+    /// Appends the family's dashes and dots to `out`, `plane` from the hatch's OCS plane to the sheet. Lines closer
+    /// than 0.1 mm are thinned out, evenly; true when that happened.
+    bool Append(const drawing::HatchLine& family, const Matrix2& plane, HatchStrokes& out);
     /// Some family began too far off to be counted from there, and was drawn from the middle of the area.
     [[nodiscard]] bool Moved() const { return m_moved; }
 
@@ -38,9 +45,10 @@ private:
     double Collect(const Family& family);
     [[nodiscard]] double Coarsening(double dashes, double period) const;
     void CutLine(const Family& family, const Crossing& from, const Crossing& to, const std::vector<double>& dashes,
-                 Path& out) const;
+                 HatchStrokes& out) const;
     std::vector<Edge> m_edges;
     Box2 m_box; ///< what of the boundary is visible
+    double m_penWidth;
     std::vector<Crossing> m_crossings;
     bool m_moved = false;
 };

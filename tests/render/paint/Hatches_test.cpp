@@ -82,6 +82,13 @@ const HatchRow kHatchRows[] = {
      Hatch(1, Square(1, 4.5, 1),
            "75 0 | 76 1 | 52 0 | 41 1 | 77 0 | 78 1 | 53 0 | 43 0 | 44 0 | 45 0.5 | 46 2 | 79 2 | 49 1 | 49 -1", false),
      {"stroke 000000 0.25 butt m 1 2 l 1.5 2 m 2.5 2 l 3.5 2 m 1 4 l 2 4 m 3 4 l 4 4"}},
+    {"DotsAreRound", // a dash 1, a gap 1, a dot, a gap 1, a dash as short as the pen is wide, a gap 1
+     Hatch(1, Square(1, 9, 1),
+           "75 0 | 76 1 | 52 0 | 41 1 | 77 0 | 78 1 | 53 0 | 43 0 | 44 0 | 45 0 | 46 5 | 79 6 | 49 1 | 49 -1 | 49 0 | "
+           "49 -1 | 49 0.125 | 49 -1",
+           false),
+     {"stroke 000000 0.25 m 2 5 l 2.02 5 m 3 5 l 3.125 5 m 6.125 5 l 6.145 5 m 7.125 5 l 7.25 5",
+      "stroke 000000 0.25 butt m 4.125 5 l 5.125 5 m 8.25 5 l 9 5"}},
     {"BasePointTooFarOff", // a spacing more changes nothing there
      Hatch(1, Square(1, 4.5, 1), "75 0 | 76 1 | 52 0 | 41 1 | 77 0 | 78 1 | 53 0 | 43 0 | 44 1e17 | 45 0 | 46 2 | 79 0",
            false),
