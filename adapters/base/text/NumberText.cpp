@@ -34,11 +34,20 @@ const char* TakeDigits(const char* at, const char* end, std::uint64_t& mantissa)
     return at;
 }
 
-double ParseGeneral(const char* at, const char* end)
+bool IsBlankUpTo(const char* at, const char* end)
+{
+    while (at < end && IsBlank(*at))
+        ++at;
+    return at == end;
+}
+
+double ParseGeneral(const char* at, const char* end, bool& sound)
 {
     double value = 0;
     const auto [next, error] = std::from_chars(at, end, value);
-    return error == std::errc{} && std::isfinite(value) ? value : 0;
+    const bool finite = error == std::errc{} && std::isfinite(value);
+    sound = sound && finite && IsBlankUpTo(next, end);
+    return finite ? value : 0;
 }
 
 } // namespace
@@ -53,6 +62,12 @@ std::string_view Trimmed(std::string_view text)
 }
 
 double ParseReal(std::string_view text)
+{
+    bool sound = true;
+    return ParseReal(text, sound);
+}
+
+double ParseReal(std::string_view text, bool& sound)
 {
     const char* at = text.data();
     const char* const end = at + text.size();
@@ -75,12 +90,20 @@ double ParseReal(std::string_view text)
     }
     const bool plain = at == end || (*at != 'e' && *at != 'E');
     if (!plain || digits > kExactDigits)
-        return ParseGeneral(start, end);
+        return ParseGeneral(start, end, sound);
+    if (at != end || digits == 0)
+        sound = sound && digits > 0 && IsBlankUpTo(at, end);
     const double value = static_cast<double>(mantissa) / kPowers[static_cast<std::size_t>(decimals)];
     return negative ? -value : value;
 }
 
 std::int64_t ParseInteger(std::string_view text)
+{
+    bool sound = true;
+    return ParseInteger(text, sound);
+}
+
+std::int64_t ParseInteger(std::string_view text, bool& sound)
 {
     const char* at = text.data();
     const char* const end = at + text.size();
@@ -89,7 +112,11 @@ std::int64_t ParseInteger(std::string_view text)
     if (at < end && *at == '+')
         ++at;
     std::int64_t value = 0;
-    const auto [next, error] = std::from_chars(at, end, value);
+    auto [next, error] = std::from_chars(at, end, value);
+    if (error == std::errc{} && next < end && *next == '.') // some programs write all numbers with decimals
+        while (++next < end && IsDigit(*next)) {
+        }
+    sound = sound && error == std::errc{} && IsBlankUpTo(next, end);
     if (error == std::errc::result_out_of_range)
         return *at == '-' ? std::numeric_limits<std::int64_t>::min() : std::numeric_limits<std::int64_t>::max();
     return value;

@@ -168,6 +168,8 @@ const std::vector<Finding>& DxfDrawing::Findings() const
         m_model->findings.Add(Damage::EntityDamaged, 1, lost.entities);
     if (lost.objects > 0)
         m_model->findings.Add(Damage::ObjectDamaged, 1, lost.objects);
+    if (const UnreadNumbers::Lines lines = m_model->source.unreadNumbers.TakeNew(); lines.count > 0)
+        m_model->findings.Add(Damage::NotANumber, lines.first, lines.count);
     return m_model->findings.All();
 }
 

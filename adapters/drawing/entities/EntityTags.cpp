@@ -25,8 +25,7 @@ void TakeColor(Entity& entity, std::int32_t value)
 } // namespace
 
 EntityTags::EntityTags(const Drawing::Source& source, const EntityRecord& record)
-    : m_source(source), m_record(source.Located(record)),
-      m_tags(source.File(), source.format, m_record.begin, m_record.length, m_record.line + 1)
+    : m_source(source), m_record(source.Located(record)), m_tags(source.TagsOfLocated(m_record))
 {
 }
 

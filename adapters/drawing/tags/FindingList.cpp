@@ -21,6 +21,7 @@ constexpr std::array kTexts{
     DamageText{Damage::RecordOutsideSection, "an entry stands outside any section; it is used", false},
     DamageText{Damage::TextAfterEnd, "text follows EOF; it is ignored", false},
     DamageText{Damage::SectionNotClosed, "a section is not closed by ENDSEC; closed before the next one", false},
+    DamageText{Damage::NotANumber, "a value is no number; used as far as it is one, else 0", true},
     DamageText{Damage::UnknownCodePage, "the code page is not known; read as ANSI_1252", false},
     DamageText{Damage::NotUtf8, "bytes are not UTF-8; read in the drawing's code page", false},
     DamageText{Damage::UnknownVersion, "the version is not known; read as far as it is understood", false},

@@ -18,6 +18,7 @@ enum class Damage : std::int32_t {
     RecordOutsideSection = 104,
     TextAfterEnd = 105,
     SectionNotClosed = 106,
+    NotANumber = 107,
     UnknownCodePage = 201,
     NotUtf8 = 202,
     UnknownVersion = 203,

@@ -6,6 +6,7 @@
 #include "tags/FileBytes.h"
 #include "tags/NameTable.h"
 #include "tags/Structure.h"
+#include "tags/UnreadNumbers.h"
 
 #include <mutex>
 #include <unordered_map>
@@ -65,6 +66,9 @@ public:
     /// What the file's data section (ACDSDATA, from R2013) holds for an entity.
     [[nodiscard]] const std::vector<NamedSlice>& DataRecordsOf(Handle entity) const;
 
+    /// What its cursors met; shared by all threads.
+    mutable UnreadNumbers unreadNumbers;
+
     [[nodiscard]] std::string_view File() const { return bytes.View(); }
     /// The record with the place and length of its tags.
     [[nodiscard]] EntityRecord Located(EntityRecord record) const
@@ -79,12 +83,17 @@ public:
     [[nodiscard]] TagCursor TagsOf(const Slice& slice) const
     {
         const bool waits = slice.begin >= LateTags::kFirst && late != nullptr;
-        return sm::drawing::TagsOf(File(), format, waits ? late->TagsOf(slice.begin) : slice);
+        TagCursor tags = sm::drawing::TagsOf(File(), format, waits ? late->TagsOf(slice.begin) : slice);
+        tags.Tell(unreadNumbers);
+        return tags;
     }
-    [[nodiscard]] TagCursor TagsOf(const EntityRecord& record) const
+    [[nodiscard]] TagCursor TagsOf(const EntityRecord& record) const { return TagsOfLocated(Located(record)); }
+    /// The same for one that `Located` answered.
+    [[nodiscard]] TagCursor TagsOfLocated(const EntityRecord& record) const
     {
-        const EntityRecord located = Located(record);
-        return {File(), format, located.begin, located.length, located.line + 1};
+        TagCursor tags(File(), format, record.begin, record.length, record.line + 1);
+        tags.Tell(unreadNumbers);
+        return tags;
     }
     /// 0, "ByLayer" or "Standard" for names that aren't there.
     [[nodiscard]] std::uint32_t LayerOf(std::string_view raw) const { return layers.Find(raw, *text).value_or(0); }

@@ -72,16 +72,32 @@ double TagCursor::Real() const
 {
     if (m_type == ValueType::Real)
         return m_real;
-    return m_type == ValueType::Integer ? static_cast<double>(m_integer) : ParseReal(m_text);
+    if (m_type == ValueType::Integer)
+        return static_cast<double>(m_integer);
+    bool sound = true;
+    const double value = ParseReal(m_text, sound);
+    if (!sound)
+        TellUnread();
+    return value;
 }
 
 std::int64_t TagCursor::Long() const
 {
     if (m_type == ValueType::Integer)
         return m_integer;
-    if (m_type != ValueType::Real)
-        return ParseInteger(m_text);
-    return std::abs(m_real) < 9e18 ? static_cast<std::int64_t>(m_real) : 0;
+    if (m_type == ValueType::Real)
+        return std::abs(m_real) < 9e18 ? static_cast<std::int64_t>(m_real) : 0;
+    bool sound = true;
+    const std::int64_t value = ParseInteger(m_text, sound);
+    if (!sound)
+        TellUnread();
+    return value;
+}
+
+void TagCursor::TellUnread() const
+{
+    if (m_unread != nullptr && m_format == TagFormat::Ascii)
+        m_unread->Add(m_line);
 }
 
 std::int32_t TagCursor::Integer() const

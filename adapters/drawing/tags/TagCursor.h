@@ -4,6 +4,7 @@
 
 #include "tags/LineScan.h"
 #include "tags/NumberText.h"
+#include "tags/UnreadNumbers.h"
 
 #include <cstdint>
 #include <string_view>
@@ -29,6 +30,9 @@ public:
     /// Walks bytes [begin, begin + length) of `file`; `line` is the number of the first line (binary: tag).
     TagCursor(std::string_view file, TagFormat format, std::uint64_t begin, std::uint64_t length, std::uint32_t line);
 
+    /// Tells `unread`, which must outlive this, of the lines where a number is asked for and something else stands.
+    void Tell(UnreadNumbers& unread) { m_unread = &unread; }
+
     /// To the next tag; false at the end, at a cut-off tag, and at bytes that are no tag (see Damaged()).
     bool Next() { return m_format == TagFormat::Ascii ? NextAscii() : NextBinary(); }
 
@@ -37,6 +41,7 @@ public:
     [[nodiscard]] std::string_view Text() const { return m_text; }
     /// The same without blanks at its ends.
     [[nodiscard]] std::string_view Name() const { return Trimmed(m_text); }
+    /// Numbers are read as leniently as ParseReal and ParseInteger do.
     [[nodiscard]] double Real() const;
     [[nodiscard]] std::int64_t Long() const;
     /// The value as 32 bits, at the nearest limit when it is larger.
@@ -70,6 +75,7 @@ private:
     bool SynchroniseBinary();
     bool Damage();
     bool Cut();
+    void TellUnread() const;
 
     const char* m_file;
     const char* m_at;
@@ -77,6 +83,7 @@ private:
     const char* m_tag;
     const char* m_value;
     std::string_view m_text;
+    UnreadNumbers* m_unread = nullptr;
     double m_real = 0;
     std::int64_t m_integer = 0;
     std::uint32_t m_line;

@@ -40,6 +40,35 @@ TEST(ParseReal, IsLenient)
         EXPECT_EQ(ParseReal(row.text), row.value) << row.text;
 }
 
+TEST(ParseReal, TellsWhatIsNoNumberWhole)
+{
+    for (const char* const text : {"0", " 12.5 ", "-7\r", "+3", "1e3", ".5", "5.", "-0", "123456789012345678"}) {
+        bool sound = true;
+        ParseReal(text, sound);
+        EXPECT_TRUE(sound) << text;
+    }
+    for (const char* const text : {"", " ", "-", ".", "abc", "12abc", "1,5", "1O0", "1.0D+02", "1e999", "nan", "inf",
+                                   "--1", "1 2", "1.2.3", "12345678901234567x"}) {
+        bool sound = true;
+        ParseReal(text, sound);
+        EXPECT_FALSE(sound) << text;
+    }
+}
+
+TEST(ParseInteger, TellsWhatIsNoNumberWhole)
+{
+    for (const char* const text : {"0", " 42 ", "+7", "-7\r", "1.", "1.9", "1.000000"}) {
+        bool sound = true;
+        ParseInteger(text, sound);
+        EXPECT_TRUE(sound) << text;
+    }
+    for (const char* const text : {"", " ", "x", "-7x", "1.5x", "1,5", "1e3", "9223372036854775808"}) {
+        bool sound = true;
+        ParseInteger(text, sound);
+        EXPECT_FALSE(sound) << text;
+    }
+}
+
 TEST(ParseInteger, IsLenient)
 {
     const struct {

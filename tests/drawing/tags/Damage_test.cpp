@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/DxfText.h"
+#include "drawing/entities/Curves.h"
 
 #include <gmock/gmock.h>
 
@@ -135,6 +136,26 @@ std::string OpenError(const std::string& path)
         return error.what();
     }
     return "opened";
+}
+
+TEST(Damaged, NumbersThatAreNoneCountOnceALine)
+{
+    const auto drawing = DxfText()
+                             .Section("TABLES")
+                             .Raw("0\nTABLE\n2\nLAYER\n0\nLAYER\n2\nWalls\n62\nred\n0\nENDTAB\n")
+                             .EndSection()
+                             .Section("ENTITIES")
+                             .Raw("0\nCIRCLE\n8\nWalls\n10\n1,5\n20\n \n40\n2.0\n62\n3.0\n0\nCIRCLE\n40\nnan\n")
+                             .EndSection()
+                             .End()
+                             .Open();
+    EXPECT_EQ(FindingsOf(*drawing), Lines{"107 x1 @14 lost"});
+    for (int time = 0; time < 2; ++time) {
+        CircleData circle;
+        for (const EntityRecord& record : ModelEntities(*drawing))
+            Read(*drawing, record, circle);
+        EXPECT_EQ(FindingsOf(*drawing), Lines{"107 x4 @14 lost"});
+    }
 }
 
 TEST(Refused, WhatIsNoFile)

@@ -16,9 +16,13 @@ std::string_view Trimmed(std::string_view text);
 /// The reader of numbers in files of others: blanks around and a leading '+' are tolerated, and what follows the number
 /// is passed over. 0 when `text` starts with no number, and for numbers that aren't finite.
 double ParseReal(std::string_view text);
+/// The same. `sound` becomes false when `text` isn't a finite number whole.
+double ParseReal(std::string_view text, bool& sound);
 
 /// Reads as leniently. 0 when `text` starts with no integer; beyond the range of 64 bits the nearest limit.
 std::int64_t ParseInteger(std::string_view text);
+/// The same. `sound` becomes false when `text` is no number whole, decimals aside, or beyond the range.
+std::int64_t ParseInteger(std::string_view text, bool& sound);
 
 /// Hexadecimal digits; 0 when there are none or they are more than 16.
 std::uint64_t ParseHexadecimal(std::string_view text);
