@@ -164,6 +164,7 @@ void AddArcWithHeads(DimensionParts& parts, const Sector& sector)
         parts.AddHead(false, sector.center + sector.At(sector.start) * r, tangent(sector.start - lean) * -sign);
     const double cutB = parts.AddHead(true, sector.center + sector.At(last) * r, tangent(last + lean) * sign);
     if (outside) {
+        AddArcPart(parts, sector, sector.start, parts.Style().lineBetween != 0 ? sector.sweep : 0);
         AddArcPart(parts, sector, sector.start - 2 * size / r, (2 * size - cutA) / r);
         AddArcPart(parts, sector, last + cutB / r, (2 * size - cutB) / r);
         return;
@@ -200,7 +201,11 @@ void BuildRadial(DimensionParts& parts)
     if (outside) {
         const bool atOther = diameter && Length(text - other) < Length(text - on);
         AddOutsideArrow(parts, atOther, atOther ? other : on, atOther ? out : out * -1);
-        AddCenterMark(parts, center, radius);
+        if (parts.Style().lineBetween != 0) {
+            parts.AddDimensionLine(on, other);
+        } else {
+            AddCenterMark(parts, center, radius);
+        }
     } else {
         const double cut = parts.AddHead(false, on, out);
         const double far = diameter ? parts.AddHead(true, other, out * -1) : 0;

@@ -50,7 +50,7 @@ void AddLineWithHeads(DimensionParts& parts, Vec2 a, Vec2 b)
     const double cutA = style.hideFirstHalf != 0 ? 0 : parts.AddHead(false, a, out * -1);
     const double cutB = style.hideSecondHalf != 0 ? 0 : parts.AddHead(true, b, out);
     if (outside) { // both arrows point inwards and stand on short lines
-        if (parts.TextInLine()) {
+        if (style.lineBetween != 0) {
             parts.AddDimensionLine(a, b);
         }
         parts.AddDimensionLine(a - along * cutA, a - along * (2 * size));

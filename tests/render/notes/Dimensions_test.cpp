@@ -22,7 +22,8 @@ SmallDrawing WithDimensionStyles(const std::string& entities)
                      "| 0 DIMSTYLE | 105 D2 | 2 T | 142 1 | 46 2 | 176 1 | 177 "
                      "3 | 178 5" +
                      common + "| 0 DIMSTYLE | 105 D3 | 2 U | 77 1 | 3 <> mm | 278 44 | 78 8" + common +
-                     "| 0 DIMSTYLE | 105 D4 | 2 L" + common + "| 74 1 | 77 1";
+                     "| 0 DIMSTYLE | 105 D4 | 2 L" + common + "| 74 1 | 77 1" + "| 0 DIMSTYLE | 105 D5 | 2 B" + common +
+                     "| 172 1";
     drawing.blocks = "0 BLOCK | 8 0 | 2 *D1 | 70 1 | 10 0 | 20 0 | 0 ENDBLK";
     drawing.entities = entities;
     return drawing;
@@ -57,6 +58,11 @@ const DimensionRow kDimensionRows[] = {
      "0 DIMENSION | 8 0 | 3 A | 70 0 | 10 14 | 20 30 | 11 30 | 21 30 | 13 10 | 23 10 | 14 14 | 24 10 | 50 0",
      {"stroke 000000 0.25 m 10 11 l 10 31", "stroke 000000 0.25 m 14 11 l 14 31",
       "fill 000000 nonzero m 10 30 l 8 29.667 l 8 30.333 h", "fill 000000 nonzero m 14 30 l 16 30.333 l 16 29.667 h",
+      "stroke 000000 0.25 m 8 30 l 6 30", "stroke 000000 0.25 m 16 30 l 18 30", "text 000000 [2 0 0 2 30 30] 4.0"}},
+    {"LineBetweenArrowsOutside",
+     "0 DIMENSION | 8 0 | 3 B | 70 0 | 10 14 | 20 30 | 11 30 | 21 30 | 13 10 | 23 10 | 14 14 | 24 10 | 50 0",
+     {"stroke 000000 0.25 m 10 11 l 10 31", "stroke 000000 0.25 m 14 11 l 14 31",
+      "fill 000000 nonzero m 10 30 l 8 29.667 l 8 30.333 h", "fill 000000 nonzero m 14 30 l 16 30.333 l 16 29.667 h",
       "stroke 000000 0.25 m 10 30 l 14 30", "stroke 000000 0.25 m 8 30 l 6 30", "stroke 000000 0.25 m 16 30 l 18 30",
       "text 000000 [2 0 0 2 30 30] 4.0"}},
     {"RadiusInside",
@@ -67,6 +73,23 @@ const DimensionRow kDimensionRows[] = {
      "0 DIMENSION | 8 0 | 3 U | 70 3 | 10 40 | 20 50 | 15 60 | 25 50 | 11 75 | 21 50",
      {"fill 000000 nonzero m 60 50 l 62 50.333 l 62 49.667 h", "stroke 000000 0.25 m 62 50 l 78 50",
       "stroke 000000 0.25 m 49 50 l 51 50", "stroke 000000 0.25 m 50 49 l 50 51", "text 000000 [2 0 0 2 75 50] 20 mm"}},
+    {"DiameterOutsideWithItsLine",
+     "0 DIMENSION | 8 0 | 3 B | 70 3 | 10 40 | 20 50 | 15 60 | 25 50 | 11 75 | 21 50 | 1 20",
+     {"fill 000000 nonzero m 60 50 l 62 50.333 l 62 49.667 h", "stroke 000000 0.25 m 62 50 l 72.8 50",
+      "stroke 000000 0.25 m 60 50 l 40 50", "text 000000 [2 0 0 2 75 50] 20"}},
+    {"RadiusOutsideWithItsLine",
+     "0 DIMENSION | 8 0 | 3 B | 70 4 | 10 50 | 20 50 | 15 60 | 25 50 | 11 75 | 21 50 | 1 9",
+     {"fill 000000 nonzero m 60 50 l 62 50.333 l 62 49.667 h", "stroke 000000 0.25 m 62 50 l 73.4 50",
+      "stroke 000000 0.25 m 60 50 l 50 50", "text 000000 [2 0 0 2 75 50] 9"}},
+    {"SmallAngleWithItsLine",
+     "0 DIMENSION | 8 0 | 3 B | 70 5 | 15 10 | 25 10 | 13 30 | 23 10 | 14 30 | 24 11 | 10 30.5 | 20 10.5 | 11 40 | 21 "
+     "10 | 1 a",
+     {"fill 000000 nonzero m 30.506 10 l 30.742 7.986 l 30.076 8.019 h",
+      "fill 000000 nonzero m 30.481 11.024 l 29.952 12.981 l 30.615 13.047 h",
+      "stroke 000000 0.25 m 30.506 10 c 30.506 10.342 30.498 10.683 30.481 11.024",
+      "stroke 000000 0.25 m 30.117 6.025 c 30.246 6.679 30.344 7.34 30.409 8.003",
+      "stroke 000000 0.25 m 30.283 13.013 c 30.185 13.673 30.055 14.327 29.894 14.974",
+      "text 000000 [0.05 -1.999 1.999 0.05 40 10] a"}},
     {"AngleBetweenTwoLines",
      "0 DIMENSION | 8 0 | 3 A | 70 2 | 13 10 | 23 10 | 14 20 | 24 10 | 15 10 | 25 10 | 10 10 | 20 20 | 16 38.284 | 26 "
      "38.284 | 11 38.284 | 21 38.284",
