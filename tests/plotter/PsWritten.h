@@ -2,8 +2,10 @@
 // What the PostScript canvas writes for a few calls.
 #pragma once
 
+#include "OwnPath.h"
 #include "postscript/PsDocument.h"
 
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
@@ -32,10 +34,12 @@ inline std::string DocumentText(const PsDocument& document, auto draw)
 {
     PsWriter writer(document.unitsPerInch, testing::TempDir());
     draw(writer);
-    const std::string path = testing::TempDir() + "document.ps";
+    const std::string path = OwnPath("document.ps");
     WriteDocument(document, writer, path);
     std::ifstream file(path, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    std::string text(std::istreambuf_iterator<char>(file), {});
+    std::filesystem::remove(path);
+    return text;
 }
 
 inline std::string EmptyDocumentText(const PsDocument& document)

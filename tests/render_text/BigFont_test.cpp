@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Big fonts: characters of two bytes beside a stroke font.
+#include "OwnPath.h"
 #include "TextFixture.h"
 #include "fonts/StrokeFont.h"
 #include "render_text/ShapeBytes.h"
@@ -110,7 +111,7 @@ protected:
     }
     ~BigFontTextTest() override { std::filesystem::remove_all(m_folder); }
 
-    const std::filesystem::path m_folder = std::filesystem::path(testing::TempDir()) / "sm-big-font";
+    const std::filesystem::path m_folder = OwnPath("big-font");
     drawing::TextData data;
 };
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "OwnPath.h"
 #include "drawing/entities/Texts.h"
 #include "fonts/StrokeFont.h"
 #include "plotter/FakeDrawing.h"
@@ -100,7 +101,7 @@ TEST(ShapeFont, ShapesThatAreNoLettersAreNoFont)
 TEST(ShapeFont, TheUsersOwnFileComesBeforeItsSubstitute)
 {
     namespace fs = std::filesystem;
-    const fs::path folder = fs::path(testing::TempDir()) / "sm-shape-font";
+    const fs::path folder = OwnPath("shape-font");
     fs::create_directories(folder / "fonts");
     std::ofstream(folder / "fonts" / "ROMANS.SHX", std::ios::binary) << Unifont();
     const auto engine = TextEngine::Create({SM_SOURCE_DIR "/share/sheetmaker-pdf", folder.string()});

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The conversion of several drawings, with a stand-in for the work on one.
+#include "OwnPath.h"
 #include "app/commands/ConvertStand.h"
 #include "base/files/AtomicFile.h"
 
 #include <csignal>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <sstream>
@@ -119,13 +121,14 @@ TEST_F(ConvertCommand, GivesADrawingNoMoreMemoryThanAllowed)
 
 TEST(WorkerLimits, GrowWithTheFiles)
 {
-    const std::string path = testing::TempDir() + "limits.dxf";
+    const std::string path = OwnPath("limits.dxf");
     std::ofstream(path) << std::string(2'500'000, 'x');
     EXPECT_EQ(LimitsFor({}, 0, 0).time, std::chrono::seconds(300));
     EXPECT_EQ(LimitsFor({path}, 0, 0).time, std::chrono::seconds(340));
     EXPECT_EQ(LimitsFor({path, path}, 0, 0).time, std::chrono::seconds(700));
     EXPECT_EQ(LimitsFor({"gone.dxf"}, 7, 100), (WorkerLimits{std::chrono::seconds(7), std::uint64_t{100} << 20}));
     EXPECT_GT(LimitsFor({}, 0, 0).memory, std::uint64_t{100} << 20);
+    std::filesystem::remove(path);
 }
 
 TEST_F(ConvertCommand, ReportsAsJson)

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "OwnPath.h"
 #include "drawing/DxfText.h"
 #include "drawing/entities/Curves.h"
 
@@ -164,7 +165,7 @@ TEST(Refused, WhatIsNoFile)
     EXPECT_EQ(OpenError(folder + "missing.dxf"), folder + "missing.dxf: there is no such file; check the name");
     EXPECT_EQ(OpenError(folder), folder + ": this is a folder; name a drawing in it");
     EXPECT_EQ(OpenError("/dev/null"), "/dev/null: this is no ordinary file; name a drawing");
-    const std::string empty = folder + "empty.dxf";
+    const std::string empty = OwnPath("empty.dxf");
     std::ofstream(empty).close();
     EXPECT_EQ(OpenError(empty), empty + ": the file is empty; save the drawing again");
     std::filesystem::remove(empty);
