@@ -24,6 +24,10 @@ public:
     {
         return m_session->DocumentPort(m_session->Open(path, overlay));
     }
+    std::shared_ptr<IAcadDocument> Take(const std::string& path, std::unique_ptr<drawing::Drawing> read) override
+    {
+        return m_session->DocumentPort(m_session->Open(path, {}, std::move(read)));
+    }
     void Expect(std::vector<std::string> paths, std::size_t ahead) override
     {
         m_session->Expect(std::move(paths), ahead);

@@ -57,7 +57,8 @@ std::string Session::UseOf(const std::string& path) const
     return {};
 }
 
-std::shared_ptr<OpenDrawing> Session::Open(const std::string& path, const DocumentOverlay& overlay)
+std::shared_ptr<OpenDrawing> Session::Open(const std::string& path, const DocumentOverlay& overlay,
+                                           std::unique_ptr<drawing::Drawing> read)
 {
     const auto known = std::find_if(m_drawings.begin(), m_drawings.end(),
                                     [&](const OpenDrawingRef& open) { return IsSameFile(open->FullName(), path); });
@@ -68,9 +69,9 @@ std::shared_ptr<OpenDrawing> Session::Open(const std::string& path, const Docume
     }
     render::ReferenceOptions references = m_options.references;
     references.dwg = m_options.dwg;
-    auto open =
-        std::make_shared<OpenDrawing>(path, m_ahead ? m_ahead->Take(path) : drawing::Drawing::Open(path, m_options.dwg),
-                                      overlay, m_options, std::move(references));
+    if (read == nullptr)
+        read = m_ahead ? m_ahead->Take(path) : drawing::Drawing::Open(path, m_options.dwg);
+    auto open = std::make_shared<OpenDrawing>(path, std::move(read), overlay, m_options, std::move(references));
     m_drawings.push_back(open);
     m_active = open;
     return open;

@@ -26,8 +26,10 @@ public:
     [[nodiscard]] std::string UseOf(const std::string& path) const;
     [[nodiscard]] const std::vector<std::shared_ptr<OpenDrawing>>& Drawings() const { return m_drawings; }
     [[nodiscard]] const std::shared_ptr<OpenDrawing>& Active() const { return m_active; }
-    /// Opens a drawing, or takes the one that is open already, and makes it the active one. Throws DrawingError.
-    std::shared_ptr<OpenDrawing> Open(const std::string& path, const DocumentOverlay& overlay);
+    /// Opens a drawing, or takes the one that is open already, and makes it the active one; `read` is what the file
+    /// holds, null: it is read. Throws DrawingError.
+    std::shared_ptr<OpenDrawing> Open(const std::string& path, const DocumentOverlay& overlay,
+                                      std::unique_ptr<drawing::Drawing> read = nullptr);
     /// See CadHost.
     void Expect(std::vector<std::string> paths, std::size_t ahead);
     /// Throws HostError when the drawing can't be saved; it then stays open.

@@ -75,6 +75,8 @@ void DxfDrawing::Save(bool keepBackup)
 {
     if (!m_modified)
         return;
+    if (m_isTwin)
+        throw DrawingError(Path() + ": this is a second look at the drawing, which isn't saved");
     if (m_records) {
         m_records->Save(m_changes, keepBackup);
         m_modified = false;

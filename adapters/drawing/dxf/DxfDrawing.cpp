@@ -140,6 +140,18 @@ DxfDrawing::DxfDrawing(std::unique_ptr<Model> model, DwgOptions dwg, std::option
 {
 }
 
+DxfDrawing::DxfDrawing(std::shared_ptr<Model> model, DwgOptions dwg, std::optional<RecordsFile> records,
+                       RecordChanges changes)
+    : m_model(std::move(model)), m_dwg(std::move(dwg)), m_records(std::move(records)), m_changes(std::move(changes)),
+      m_isTwin(true)
+{
+}
+
+std::unique_ptr<Drawing> DxfDrawing::Twin() const
+{
+    return std::unique_ptr<Drawing>(new DxfDrawing(m_model, m_dwg, m_records, m_changes));
+}
+
 double DxfDrawing::HeaderReal(std::string_view name, double fallback) const
 {
     return m_model->header.Real(name, fallback);
@@ -163,6 +175,7 @@ std::optional<Vec3> DxfDrawing::HeaderPoint(std::string_view name) const
 
 const std::vector<Finding>& DxfDrawing::Findings() const
 {
+    const std::lock_guard lock(m_model->findingsLock);
     const LateTags::Lost lost = m_model->source.late != nullptr ? m_model->source.late->TakeLost() : LateTags::Lost();
     if (lost.entities > 0)
         m_model->findings.Add(Damage::EntityDamaged, 1, lost.entities);
@@ -170,7 +183,8 @@ const std::vector<Finding>& DxfDrawing::Findings() const
         m_model->findings.Add(Damage::ObjectDamaged, 1, lost.objects);
     if (const UnreadNumbers::Lines lines = m_model->source.unreadNumbers.TakeNew(); lines.count > 0)
         m_model->findings.Add(Damage::NotANumber, lines.first, lines.count);
-    return m_model->findings.All();
+    m_findings = m_model->findings;
+    return m_findings.All();
 }
 
 std::uint32_t DxfDrawing::FindBlock(std::string_view name) const

@@ -54,20 +54,24 @@ public:
     void SetRecord(const std::string& application, const std::vector<XDataItem>& items) override;
     [[nodiscard]] bool Modified() const override { return m_modified; }
     void Save(bool keepBackup) override;
+    [[nodiscard]] std::unique_ptr<Drawing> Twin() const override;
     /// Records stand in a file of their own.
     [[nodiscard]] bool HasRecordsFile() const { return m_records.has_value(); }
     [[nodiscard]] const Source& Tags() const override { return m_model->source; }
 
 private:
+    /// For a twin.
+    DxfDrawing(std::shared_ptr<Model> model, DwgOptions dwg, std::optional<RecordsFile> records, RecordChanges changes);
     void IndexHandles() const;
     void IndexPlaces() const;
 
-    std::unique_ptr<Model> m_model;
+    std::shared_ptr<Model> m_model; ///< shared by twins: nothing but its findings changes, under its lock
     DwgOptions m_dwg;
     std::optional<RecordsFile> m_records;
     RecordChanges m_changes; ///< since the file was read, saved or not
     FileStamp m_stamp;       ///< of the file as it was read or saved last
-    bool m_modified = false;
+    bool m_modified = false, m_isTwin = false;
+    mutable FindingList m_findings; ///< the model's, as they were asked for last
     mutable std::once_flag m_handlesOnce, m_placesOnce;
     mutable std::unordered_map<Handle, std::size_t> m_handles;
     mutable std::unordered_map<std::uint64_t, std::size_t> m_places; ///< record's first byte → index

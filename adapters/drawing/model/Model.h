@@ -7,6 +7,7 @@
 #include "tags/Structure.h"
 
 #include <deque>
+#include <mutex>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -35,6 +36,7 @@ struct Model {
     Structure structure;
     std::deque<std::string> names; ///< that `structure` refers to and the file does not hold
     FindingList findings;
+    std::mutex findingsLock; ///< held where `findings` is used once the drawing has been opened
     HeaderVariables header;
     Version version = Version::Unknown;
     std::string codePage;

@@ -71,7 +71,8 @@ SettingsRun::SettingsRun(const Handover& before, const Install& install, const S
       m_sheets({[this] { return m_run.Session().Outlines(); },
                 [this] { return m_run.Document()->ActiveLayout()->Name(); },
                 [this](const std::string& name) { m_run.Activate(name); }, [this](DataKeg& keg) { return Read(keg); }}),
-      m_page(m_drawing, install, [this] { return Wish(); }),
+      m_page(
+          m_drawing, install, [this] { return Wish(); }, [this] { return m_run.Session().Drawing().Twin(); }),
       m_others(screen.memory, m_drawing, screen.marks != nullptr), m_next{
                                                                        m_drawing, {}, {}, {}, beside::NextStep::Close,
                                                                        false}

@@ -77,9 +77,9 @@ void RunSession::RefuseAttachments(const LayoutSelection& selection)
                                            " lies outside the drawing's folder, which --attachments refuses"};
 }
 
-void RunSession::Open(const std::string& drawing)
+void RunSession::Open(const std::string& drawing, std::unique_ptr<drawing::Drawing> read)
 {
-    m_document = m_host->Open(drawing);
+    m_document = read != nullptr ? m_host->Take(drawing, std::move(read)) : m_host->Open(drawing);
     m_drawing = drawing;
     m_surrounded.Attachments().DrawingIs(drawing);
 }

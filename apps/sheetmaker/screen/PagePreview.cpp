@@ -11,6 +11,7 @@
 
 #include <cmath>
 #include <sstream>
+#include <utility>
 
 namespace sm::app {
 namespace {
@@ -72,10 +73,10 @@ DrawingTask TaskOf(const std::string& drawing)
 
 class PagePreview::Copy {
 public:
-    Copy(const std::string& drawing, const Install& install)
+    Copy(const std::string& drawing, const Install& install, std::unique_ptr<drawing::Drawing> read)
         : m_install(install), m_console(m_said, false), m_session(TaskOf(drawing), m_install, m_console, m_report)
     {
-        m_session.Open(drawing);
+        m_session.Open(drawing, std::move(read));
         m_session.Context().g_AcadApp = m_session.Application();
         m_session.Context().g_AcadDoc = m_session.Document();
     }
@@ -129,8 +130,9 @@ private:
     RunSession m_session;
 };
 
-PagePreview::PagePreview(std::string drawing, Install install, std::function<std::optional<PreviewWish>()> look)
-    : m_drawing(std::move(drawing)), m_install(std::move(install)), m_look(std::move(look))
+PagePreview::PagePreview(std::string drawing, Install install, std::function<std::optional<PreviewWish>()> look,
+                         std::function<std::unique_ptr<drawing::Drawing>()> twin)
+    : m_drawing(std::move(drawing)), m_install(std::move(install)), m_look(std::move(look)), m_askTwin(std::move(twin))
 {
 }
 
@@ -143,6 +145,8 @@ bool PagePreview::Renew()
         const std::lock_guard lock(m_mutex);
         if (!wish || wish->keg.Layouts.empty() || (m_wish && IsSame(*m_wish, *wish)))
             return false;
+        if (const auto ask = std::exchange(m_askTwin, nullptr))
+            m_twin = ask();
         m_wish = std::move(wish);
         return true;
     } catch (const std::exception&) {
@@ -155,14 +159,16 @@ beside::PreviewPage PagePreview::Draw(render::ICanvas& canvas, const std::atomic
     beside::PreviewPage failed;
     try {
         std::optional<PreviewWish> wish;
+        std::unique_ptr<drawing::Drawing> twin;
         {
             const std::lock_guard lock(m_mutex);
             wish = m_wish;
+            twin = std::move(m_twin);
         }
         if (!wish)
             return failed;
         if (m_copy == nullptr)
-            m_copy = std::make_unique<Copy>(m_drawing, m_install);
+            m_copy = std::make_unique<Copy>(m_drawing, m_install, std::move(twin));
         return m_copy->Draw(*wish, canvas, stop);
     } catch (const std::exception& error) {
         failed.trouble = error.what();

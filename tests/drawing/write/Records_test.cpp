@@ -43,6 +43,30 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
     return text.replace(at, from.size(), to);
 }
 
+TEST(TwinOfADrawing, SharesWhatWasReadAndHasRecordsOfItsOwn)
+{
+    const TempFolder folder;
+    auto drawing = Drawing::Open(folder.Write("plan.dxf", RecordText("AC1032", "\n")));
+    const Items before{{1001, "TWSI"}, {1000, "before"}}, after{{1001, "TWSI"}, {1000, "after"}};
+    drawing->SetRecord("TWSI", before);
+    const auto twin = drawing->Twin();
+    ASSERT_NE(twin, nullptr);
+    EXPECT_EQ(&twin->Layouts(), &drawing->Layouts()) << "nothing is read or copied";
+    EXPECT_FALSE(twin->Modified());
+    EXPECT_EQ(twin->RecordOf("TWSI"), before);
+    twin->SetRecord("TWSI", after);
+    EXPECT_EQ(drawing->RecordOf("TWSI"), before);
+    drawing->SetRecord("TWSM", {{1000, "later"}});
+    EXPECT_EQ(twin->RecordOf("TWSM"), Items{});
+    EXPECT_EQ(ErrorOf([&] { twin->Save(false); }),
+              folder.Path("plan.dxf") + ": this is a second look at the drawing, which isn't saved");
+    drawing->Save(false);
+    drawing.reset();
+    EXPECT_EQ(twin->RecordOf("TWSI"), after);
+    EXPECT_EQ(twin->Layouts().front().name, "Model");
+    EXPECT_EQ(Drawing::Open(twin->Path())->RecordOf("TWSI"), before);
+}
+
 struct SaveRow {
     const char* name;
     const char* version;

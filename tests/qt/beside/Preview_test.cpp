@@ -180,6 +180,30 @@ TEST_P(PreviewBeside, ShowsThePageOfThePdf)
     EXPECT_LE(theirsAlone, theirs * 0.005) << theirs;
 }
 
+TEST_P(PreviewBeside, ReadsNothingThatTheRunHasRead)
+{
+    const std::unique_ptr<drawing::Drawing> read = drawing::Drawing::Open(drawing);
+    int asked = 0;
+    app::PreviewWish wish = Wish();
+    std::filesystem::remove(drawing);
+    app::PagePreview source(
+        drawing, install, [&] { return std::optional(wish); },
+        [&] {
+            ++asked;
+            return read->Twin();
+        });
+    const std::atomic<bool> stop = false;
+    ASSERT_TRUE(source.Renew());
+    const DrawnPreview drawn = DrawPreview(source, stop);
+    ASSERT_NE(drawn.picture, nullptr) << drawn.page.trouble;
+    EXPECT_FALSE(drawn.picture->list.items.empty());
+    wish.keg.Layouts.front().Stamp.StampIndex = 2;
+    EXPECT_TRUE(source.Renew());
+    EXPECT_NE(DrawPreview(source, stop).picture, nullptr);
+    EXPECT_EQ(asked, 1);
+    EXPECT_FALSE(read->Modified()) << "what the preview enters stays with it";
+}
+
 class PreviewMarks : public PreviewBeside {};
 
 TEST_P(PreviewMarks, LieWhereThePublisherGetsThem)

@@ -93,6 +93,8 @@ public:
     virtual std::shared_ptr<IAcadApplication> Application() = 0;
     /// Opens a drawing and makes it the active one. Throws drawing::DrawingError.
     virtual std::shared_ptr<IAcadDocument> Open(const std::string& path, const DocumentOverlay& overlay = {}) = 0;
+    /// The same with a drawing that has been read from `path` already.
+    virtual std::shared_ptr<IAcadDocument> Take(const std::string& path, std::unique_ptr<drawing::Drawing> read) = 0;
     /// Which drawings will be opened, and in which order: that many are read beforehand, beside what is plotted.
     virtual void Expect(std::vector<std::string> paths, std::size_t ahead) = 0;
     /// Lays another overlay over an open document, in place of the one that it has.

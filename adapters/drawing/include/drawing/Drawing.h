@@ -144,6 +144,10 @@ public:
     /// as `path` + ".bak". Throws DrawingError and leaves the file as it was. A DWG is never
     /// written: its records file is.
     virtual void Save(bool keepBackup) = 0;
+    /// Another drawing over what this one has read, which isn't read again. It begins with the records as they are here
+    /// now and has its own from then on; `Save` refuses. The two may be used by two threads, and each may outlive the
+    /// other. Null for a drawing that can't be shared.
+    [[nodiscard]] virtual std::unique_ptr<Drawing> Twin() const { return nullptr; }
 
     // For the readers of entities; not for others.
     class Source;
