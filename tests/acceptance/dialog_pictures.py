@@ -21,7 +21,7 @@ import time
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import screen as screens  # noqa: E402
-from dialog_sheets import close_end  # noqa: E402
+from dialog_sheets import close_end, numbers, place_of  # noqa: E402
 from dialog_user import (LAYOUT, TITLE, add_attachment, add_signature, combo, drawing_window, end_of, set_general,  # noqa: E402
                          set_page_setup, set_stamp, tab, view_of)
 from dialog_walks import Desk  # noqa: E402
@@ -194,16 +194,7 @@ def make_crowded(path):
 
 
 def windows_on(screen):
-    """By number: a program that is busy doesn't answer the screen reader."""
-    return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", TITLE], env=screen.variables, capture_output=True,
-                          text=True, check=False).stdout.split()
-
-
-def place_of(screen, window):
-    text = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], env=screen.variables, capture_output=True,
-                          text=True, check=True).stdout
-    values = dict(line.split("=") for line in text.split())
-    return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
+    return numbers(screen, TITLE)
 
 
 def show_progress(gallery):

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """Walks round the settings dialog's own neighbours: layouts in the drawing window and beside the form, and the end of a run."""
 import os
+import subprocess
 
 from dialog_user import TITLE, combo, drawing_window, end_of, tab, view_of
 from pdf_tools import output_of, unsigned_fields, words
@@ -154,29 +155,30 @@ def old_drawing(desk):
                ["old.dxf", "old.dxf.sheetmaker", "old.pdf"])
 
 
+def page_is(screen, text):
+    """Waits until the preview says so of itself."""
+    def told():
+        return [one.accessible.get_description() for one in sheets_of(screen).every() if one.name == "Preview"]
+    wait(lambda: told() == [text], text, told)
+
+
 def preview(desk):
     """The page beside the form follows what is changed in it, before anything is kept."""
     screen = desk.screen
     process = desk.start("settings", desk.drawing, "--layout", "A-101 Ground Floor")
     dialog = screen.window(TITLE, "dialog")
 
-    def page_is(text):
-        def told():
-            found = [one for one in sheets_of(screen).every() if one.name == "Preview"]
-            return found and found[0].accessible.get_description() == text
-        wait(told, text, lambda: [one.accessible.get_description() for one in sheets_of(screen).every() if one.name == "Preview"])
-
-    page_is("A page of 420 x 297 mm with 0 marks")
+    page_is(screen, "A page of 420 x 297 mm with 0 marks")
     desk.picture("preview-native")
     tab(dialog, "PDF Page Setup")
     dialog.find("check box", "Use Custom PDF Page Setup").tick()
     combo(dialog, "Paper Size and Orientation").choose("ISO A4 (210.00 x 297.00 MM)")
-    page_is("A page of 210 x 297 mm with 0 marks")
+    page_is(screen, "A page of 210 x 297 mm with 0 marks")
     dialog.find("radio button", "Extents").click()
     combo(dialog, "Plot Scale").choose("Scale to Fit")
     tab(dialog, "Text Stamp")
     combo(dialog, "Step 1: Text Stamp").choose("FOR REVIEW")
-    page_is("A page of 210 x 297 mm with 1 mark")
+    page_is(screen, "A page of 210 x 297 mm with 1 mark")
     desk.picture("preview-custom")
     dialog.find("push button", "Cancel").click()
     desk.check("preview: exit code", end_of(process), 0)
@@ -184,6 +186,46 @@ def preview(desk):
         desk.check("preview: the drawing is as it was", file.read() == desk.before, True)
     desk.check("preview: no other file came up", [name for name in os.listdir(desk.folder) if name.startswith("house.")], ["house.dxf"])
     desk.check("preview: the log has none of it", "A-101" in desk.shell("log"), False)
+
+
+def cancel_sheet(desk):
+    """Cancel while one large sheet is made: it ends at once, and the former PDF stays."""
+    screen = desk.screen
+    desk.shell("set", "PromptForFileName", "no")
+    desk.shell("set", "OpenInViewer", "no")
+    crowd = os.path.join(desk.folder, "crowd.dxf")
+    with open(crowd, "w", encoding="ascii") as file:
+        file.write("0\nSECTION\n2\nENTITIES\n")
+        file.writelines(f"0\nLINE\n8\n0\n10\n{i % 997}\n20\n{i % 991}\n11\n{i % 983}\n21\n{i % 977}\n" for i in range(600000))
+        file.write("0\nENDSEC\n0\nEOF\n")
+    with open(crowd[:-4] + ".pdf", "w", encoding="ascii") as file:
+        file.write("the former one")
+    process = desk.start("settings", crowd, "--layout", "Model")
+    screen.window(TITLE, "alert").find("push button", "OK").click()
+    screen.window(TITLE, "dialog").find("push button", "Create PDF").click()
+    window = wait(lambda: numbers(screen, "Making PDF"), "the progress")[0]
+    left, top, width, height = place_of(screen, window)
+    screen.press(left + width - 40, top + height - 22)
+    end = screen.window("Create PDF", "dialog")
+    desk.check("cancel within a sheet: told", [one.name for one in end.every() if "cancelled" in one.name],
+               ["No PDF was made: the conversion was cancelled."])
+    screen.keys("Escape")
+    desk.check("cancel within a sheet: exit code", end_of(process), 0)
+    with open(crowd[:-4] + ".pdf", encoding="ascii", errors="replace") as file:
+        desk.check("cancel within a sheet: the former PDF stays", file.read(), "the former one")
+
+
+def numbers(screen, title):
+    """Of windows on display: a program that is busy doesn't answer the screen reader."""
+    return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title], env=screen.variables, capture_output=True,
+                          text=True, check=False).stdout.split()
+
+
+def place_of(screen, window):
+    text = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window], env=screen.variables, capture_output=True,
+                          text=True, check=True).stdout
+    values = dict(line.split("=") for line in text.split())
+    return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
 
 
 def add_field(screen, dialog, name, left, right):
@@ -197,4 +239,5 @@ def add_field(screen, dialog, name, left, right):
     screen.gone("Digital Signature Field")
 
 
-WALKS = {"tabs": turn_tab, "sheets": choose_sheets, "end": end_of_run, "old": old_drawing, "preview": preview}
+WALKS = {"tabs": turn_tab, "sheets": choose_sheets, "end": end_of_run, "old": old_drawing, "preview": preview,
+         "cancel_sheet": cancel_sheet}

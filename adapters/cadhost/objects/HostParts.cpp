@@ -5,6 +5,7 @@
 #include "cadhost/PointPicker.h"
 #include "objects/ExtendedData.h"
 #include "objects/HostObjects.h"
+#include "session/NowAndThen.h"
 #include "session/Views.h"
 
 namespace sm::cadhost {
@@ -137,10 +138,12 @@ public:
     void SetQuietErrorMode(bool) override {}
     bool PlotToFile(const std::string& path) override
     {
-        const auto& mayPlot = m_session->Options().mayPlot;
-        if (m_session->Sink() == nullptr && mayPlot && !mayPlot())
+        IPageSink* const sink = m_session->Sink();
+        const std::function<bool()> goesOn = sink == nullptr ? m_session->Options().mayPlot : nullptr;
+        if (goesOn && !goesOn())
             return false;
-        return m_open->Plot(path, m_session->FoldersFor(*m_open), m_session->Options().keepLayers, m_session->Sink());
+        return m_open->Plot(path, m_session->FoldersFor(*m_open), m_session->Options().keepLayers,
+                            {sink, goesOn ? NowAndThen(goesOn) : std::function<bool()>()});
     }
 
 private:

@@ -164,11 +164,11 @@ render::References& OpenDrawing::References()
     return *m_references;
 }
 
-bool OpenDrawing::Plot(const std::string& path, const PlotFolders& folders, bool keepLayers, IPageSink* sink)
+bool OpenDrawing::Plot(const std::string& path, const PlotFolders& folders, bool keepLayers, const PlotWays& ways)
 {
     static_cast<void>(File());
     try {
-        PlotActive(path, folders, keepLayers, sink);
+        PlotActive(path, folders, keepLayers, ways);
         m_plotFailure.clear();
         return true;
     } catch (const std::exception& error) {
@@ -198,7 +198,7 @@ const render::PlotStyleTable* OpenDrawing::StylesFor(const drawing::PlotSettings
     }
 }
 
-void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders, bool keepLayers, IPageSink* sink)
+void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders, bool keepLayers, const PlotWays& ways)
 {
     const drawing::Layout& layout = LayoutAt(m_active);
     PlotConfiguration& configuration = Configuration(m_active);
@@ -220,11 +220,13 @@ void OpenDrawing::PlotActive(const std::string& path, const PlotFolders& folders
                                StylesFor(settings, folders),
                                keepLayers,
                                &References(),
-                               m_overlay.wishes.penScale};
-    if (sink != nullptr) {
-        const auto page = plotter::PlotOnCanvas(job, sink->Canvas(), Text(), *m_report, sink->Stop());
+                               m_overlay.wishes.penScale,
+                               0,
+                               ways.goesOn};
+    if (ways.sink != nullptr) {
+        const auto page = plotter::PlotOnCanvas(job, ways.sink->Canvas(), Text(), *m_report, ways.sink->Stop());
         configuration.KeepPlottedOrigin(page.placement.origin);
-        return sink->PageIs(page.width, page.height, page.fromSheet);
+        return ways.sink->PageIs(page.width, page.height, page.fromSheet);
     }
     const plotter::PlottedPage page = plotter::PlotToPostScript(job, path, Text(), *m_report);
     m_notToScale = m_notToScale || configuration.IsFitted();

@@ -8,6 +8,12 @@
 
 namespace sm::cadhost {
 
+/// What a plot is done with besides.
+struct PlotWays {
+    IPageSink* sink = nullptr;      ///< no file is written with one
+    std::function<bool()> goesOn{}; ///< as in plotter::PlotJob, of a file
+};
+
 class OpenDrawing {
 public:
     /// `file` is what `path` holds.
@@ -47,8 +53,8 @@ public:
     std::string UseOf(const std::string& path);
 
     /// Plots the active layout; false when that failed, and why is kept for the report. Plot style tables come from
-    /// `folders`: the drawing's, the user's, then ours. With a `sink` no file is written.
-    bool Plot(const std::string& path, const PlotFolders& folders, bool keepLayers, IPageSink* sink = nullptr);
+    /// `folders`: the drawing's, the user's, then ours.
+    bool Plot(const std::string& path, const PlotFolders& folders, bool keepLayers, const PlotWays& ways = {});
     [[nodiscard]] DocumentReport Report() const;
 
     /// Keeps what the reader found and mended for the report, until the drawing is saved.
@@ -60,7 +66,7 @@ public:
     std::int32_t windowState = 3;
 
 private:
-    void PlotActive(const std::string& path, const PlotFolders& folders, bool keepLayers, IPageSink* sink);
+    void PlotActive(const std::string& path, const PlotFolders& folders, bool keepLayers, const PlotWays& ways);
     [[nodiscard]] const render::PlotStyleTable* StylesFor(const drawing::PlotSettings& settings,
                                                           const PlotFolders& folders);
     [[nodiscard]] bool IsLandscape(std::size_t index);

@@ -95,7 +95,12 @@ PlottedPage PlotToPostScript(const PlotJob& job, const std::string& path, render
             writer.KeepLayers();
         }
         if (!placement.clip.Empty()) {
-            render::RenderScene(SceneOf(job, placement), writer, text, report);
+            render::Scene scene = SceneOf(job, placement);
+            scene.goesOn = job.goesOn ? &job.goesOn : nullptr;
+            render::RenderScene(scene, writer, text, report);
+        }
+        if (job.goesOn && !job.goesOn()) {
+            throw PlotError("The plot file " + path + " was not written: the plot was cancelled.");
         }
         const PsDocument document{job.title,     job.creator,           placement.sheetWidth, placement.sheetHeight,
                                   kUnitsPerInch, job.settings.rotation, LayersOf(job, writer)};

@@ -66,7 +66,7 @@ void ProgressWindow::reject()
 {
     m_isCancelled = true;
     m_cancel->setEnabled(false);
-    m_left->setText("Cancelled: ends with this sheet, and the former PDF stays");
+    m_left->setText("Cancelled: the former PDF stays");
 }
 
 } // namespace sm::qt

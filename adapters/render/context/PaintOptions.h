@@ -7,6 +7,7 @@
 #include "render/Style.h"
 
 #include <atomic>
+#include <functional>
 #include <memory>
 
 namespace sm::render {
@@ -28,15 +29,16 @@ struct PaintOptions {
     bool paperSpace = false;
     bool viewportsFirst = true;
     bool viewportBorders = false;
-    bool scaleLinetypesWithPaper = true;     ///< PSLTSCALE
-    const PlotPens* pens = nullptr;          ///< null: plot styles change nothing
-    bool everyLayer = false;                 ///< draw what layers hide as well
-    References* references = nullptr;        ///< null: made when they are needed
-    double dotsPerMillimetre = 24;           ///< finer pictures are made coarser
-    const std::atomic<bool>* stop = nullptr; ///< once true, no further entity is begun
-    std::uint64_t expansion = 0;             ///< as in Scene
-    std::shared_ptr<WorkBudget> budget;      ///< of the run that this one is a part of; null: one of its own
-    bool boxesOnly = false;                  ///< text and viewports as their outlines, continuous lines: for bounds
+    bool scaleLinetypesWithPaper = true;           ///< PSLTSCALE
+    const PlotPens* pens = nullptr;                ///< null: plot styles change nothing
+    bool everyLayer = false;                       ///< draw what layers hide as well
+    References* references = nullptr;              ///< null: made when they are needed
+    double dotsPerMillimetre = 24;                 ///< finer pictures are made coarser
+    const std::atomic<bool>* stop = nullptr;       ///< once true, no further entity is begun
+    const std::function<bool()>* goesOn = nullptr; ///< as in Scene
+    std::uint64_t expansion = 0;                   ///< as in Scene
+    std::shared_ptr<WorkBudget> budget;            ///< of the run that this one is a part of; null: one of its own
+    bool boxesOnly = false; ///< text and viewports as their outlines, continuous lines: for bounds
 };
 
 } // namespace sm::render

@@ -100,12 +100,18 @@ Outcome Painter::PaintEntity(const drawing::EntityRecord& record, const Frame& f
     return outcome;
 }
 
+bool Painter::IsStopped() const
+{
+    const std::atomic<bool>* const stop = m_context.options.stop;
+    const std::function<bool()>* const goesOn = m_context.options.goesOn;
+    return (stop != nullptr && stop->load(std::memory_order_relaxed)) || (goesOn != nullptr && !(*goesOn)());
+}
+
 Outcome Painter::PaintAll(std::uint32_t block, const Frame& frame)
 {
     Outcome best = Outcome::NotReached;
-    const std::atomic<bool>* const stop = m_context.options.stop;
     for (const drawing::EntityRecord& record : m_context.drawing.EntitiesOf(block)) {
-        if (stop != nullptr && stop->load(std::memory_order_relaxed)) {
+        if (IsStopped()) {
             break;
         }
         best = std::max(best, PaintEntity(record, frame));
@@ -133,7 +139,7 @@ void Painter::PaintSpace(std::uint32_t block, const Frame& frame)
     }
     const auto paint = [&](bool viewports) {
         for (const drawing::EntityRecord& record : m_context.drawing.EntitiesOf(block)) {
-            if ((record.kind == drawing::EntityKind::Viewport) == viewports) {
+            if ((record.kind == drawing::EntityKind::Viewport) == viewports && !IsStopped()) {
                 PaintEntity(record, frame);
             }
         }

@@ -30,6 +30,7 @@ public:
     [[nodiscard]] Ink& Output() { return m_context.ink; }
 
 private:
+    [[nodiscard]] bool IsStopped() const; ///< what is drawn is no longer wanted
     Outcome PaintBlock(std::uint32_t block, const Frame& frame) override;
     Outcome PaintAll(std::uint32_t block, const Frame& frame) override;
     Outcome PaintInSpace(std::uint32_t block, const Frame& frame, const SpaceLook& look) override;

@@ -60,6 +60,7 @@ void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderRe
     options.viewportBorders = scene.viewportBorders;
     options.references = scene.references;
     options.stop = scene.stop;
+    options.goesOn = scene.goesOn;
     options.expansion = scene.expansion;
     options.dotsPerMillimetre = scene.resolution / base::kMillimetresPerInch;
     options.scaleLinetypesWithPaper = LinetypesScaleWithPaper(scene);

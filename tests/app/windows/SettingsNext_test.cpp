@@ -30,7 +30,8 @@ public:
         isShown = true;
     }
     void HideProgress() override { isShown = false; }
-    bool IsCancelled() override { return progress.size() >= cancelAt; }
+    bool IsCancelled() override { return ++questions > mostQuestions || progress.size() >= cancelAt; }
+    int questions = 0, mostQuestions = 1000000; ///< until the user cancels
     std::vector<std::string> progress;
     std::size_t cancelAt = 999; ///< the sheet at which the user cancels
     bool isShown = false;
@@ -219,6 +220,28 @@ TEST_F(SettingsNext, TheSheetsAreShownAsTheyAreMadeAndACancelLeavesTheFormerPdf)
     toolkit.When("frmGUITap", allSheets);
     EXPECT_EQ(Settings("A-101 Ground Floor"), 0);
     EXPECT_EQ(company.ends.back().headline, "house.pdf was made: 3 pages.");
+}
+
+TEST_F(SettingsNext, ACancelEndsTheSheetThatIsBeingMade)
+{
+    std::string lines;
+    for (int i = 0; i < 20000; ++i)
+        lines +=
+            "0\nLINE\n8\n0\n10\n" + std::to_string(i % 97) + "\n20\n0\n11\n" + std::to_string(i % 89) + "\n21\n99\n";
+    drawing = machine.MakeFile("crowd.dxf", "0\nSECTION\n2\nENTITIES\n" + lines + "0\nENDSEC\n0\nEOF\n");
+    const std::string pdf = machine.MakeFile("crowd.pdf", "the former one");
+    toolkit.When("frmGUITap", [](FormDriver& user) {
+        user.Tick("chkFileName", false);
+        user.Tick("chkViewResults", false);
+        user.Click("btnPDF");
+    });
+    company.mostQuestions = 10;
+    EXPECT_EQ(Settings("Model"), 0) << err.str();
+    EXPECT_EQ(company.progress, std::vector<std::string>{"1 of 1 Model"});
+    EXPECT_EQ(company.questions, 11);
+    ASSERT_EQ(company.ends.size(), 1U);
+    EXPECT_EQ(company.ends.front().headline, "No PDF was made: the conversion was cancelled.");
+    EXPECT_EQ(Contents(pdf), "the former one");
 }
 
 TEST_F(SettingsNext, OkEndsWithoutAWord)

@@ -135,6 +135,29 @@ TEST_F(HostPlotTest, RemembersWhyAPlotFailed)
     EXPECT_EQ(host->Report(document).plotFailure, "");
 }
 
+TEST_F(HostPlotTest, GivesUpWithinASheetOnceItIsCancelled)
+{
+    int asked = 0, allowed = 2; // the question before the plot, and one within it
+    HostOptions options{kShare, "R. Draughtsman"};
+    options.mayPlot = [&] { return ++asked <= allowed; };
+    host = CadHost::Create(options);
+    DxfDrawing drawing = House();
+    for (int i = 0; i < 5000; ++i)
+        drawing.sheets[0].entities += LineTags(i % 100, 0, 100 - i % 90, 50, Tag(67, 1));
+    const auto document = Open(drawing);
+    Choose(*document, "Tarnwick PS8 HighRes.pc3", "ISO_A3_(420.00_x_297.00_MM)");
+    const std::string path = (folder / "out.ps").string();
+    EXPECT_FALSE(document->Plot()->PlotToFile(path));
+    EXPECT_EQ(asked, 3) << "nobody is asked again";
+    EXPECT_EQ(host->Report(document).plotFailure,
+              "The plot file " + path + " was not written: the plot was cancelled.");
+    EXPECT_FALSE(std::filesystem::exists(path));
+    EXPECT_GT(host->Report(document).notReached, 4000U);
+    allowed = 100000;
+    EXPECT_TRUE(document->Plot()->PlotToFile(path));
+    EXPECT_GT(asked, 15);
+}
+
 TEST_F(HostPlotTest, FailsWhereTheViewIsMissing)
 {
     DxfDrawing drawing = House();

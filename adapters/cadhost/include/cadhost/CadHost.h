@@ -29,7 +29,8 @@ struct HostOptions {
     /// Where pictures, underlays and drawings are looked for that a drawing refers to, and what shows pages of PDF
     /// files.
     render::ReferenceOptions references = {};
-    /// Asked before each plot into a file; false: somebody cancelled, and the plot fails. Empty: none is refused.
+    /// Asked before each plot into a file, and often while it goes on; false: somebody cancelled, and the plot fails.
+    /// Empty: none is refused.
     std::function<bool()> mayPlot = {};
     /// Asked when the user is to pick a point; outlives the host. Null: there is no window, and picking fails.
     IPointPicker* picker = nullptr;

@@ -6,6 +6,7 @@
 #include "render/FrontEnd.h"
 
 #include <atomic>
+#include <functional>
 
 namespace sm::plotter {
 
@@ -23,6 +24,8 @@ struct PlotJob {
     render::References* references = nullptr;           ///< as in render::Scene
     double penScale = 1;                                ///< all pens are so much wider
     std::uint64_t expansion = 0;                        ///< as in render::Scene
+    /// Asked before each entity; once false, the page is given up: PlotError. Empty: not asked.
+    std::function<bool()> goesOn = {};
 };
 
 struct PlottedPage {

@@ -71,9 +71,11 @@ struct Scene {
     References* references = nullptr;           ///< kept over several scenes; null: made for this one
     double resolution = 600;                    ///< dots per inch of the sheet: finer pictures are made coarser
     const std::atomic<bool>* stop = nullptr;    ///< once true, no further entity is begun
-    drawing::ViewDepth depth = {};              ///< of `view`; where it isn't flat, its plane's origin is the target
-    Vec3 direction{0, 0, 1};                    ///< from the target to the eye
-    bool hidesLines = false;                    ///< of a model: lines behind faces are left out
+    /// Asked before each entity; the same once it was false. Null: not asked.
+    const std::function<bool()>* goesOn = nullptr;
+    drawing::ViewDepth depth = {}; ///< of `view`; where it isn't flat, its plane's origin is the target
+    Vec3 direction{0, 0, 1};       ///< from the target to the eye
+    bool hidesLines = false;       ///< of a model: lines behind faces are left out
     /// Entities that inserts may unfold to in all, of a hundred lines each; 0: more than any real sheet holds.
     std::uint64_t expansion = 0;
 };
