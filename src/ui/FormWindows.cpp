@@ -101,6 +101,12 @@ bool FormWindows::AskPageSetup(IAcadPageSetup& setup, const std::string& title)
     form.SetCaption(form.Name(), title);
     if (!SetPageSetupTab(form.PageSetup(), {record, papers, PlotStyles()}))
         throw HostError("SetPageSetupTab failed.");
+    const ReaderInForce inForce(m_reader, [&form](DataKeg& keg) {
+        keg.PageSetupSelected = kPageSetupCustom;
+        std::int32_t selection = 0;
+        return !keg.Layouts.empty() &&
+               SavePageSetupTab(form.PageSetup(), LayoutSettings(), keg.Layouts.front().PageSetup, selection);
+    });
     if (!form.ShowModal() || !form.IsConfirmed())
         return false;
     std::int32_t selection = 0;

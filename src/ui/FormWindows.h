@@ -5,6 +5,7 @@
 #include "plugin/CallContext.h"
 #include "ports/IFormToolkit.h"
 #include "ports/IWindows.h"
+#include "ui/SettingsReader.h"
 
 #include <functional>
 #include <memory>
@@ -13,16 +14,11 @@
 
 namespace sm {
 
-struct DataKeg;
-
-/// Reads what the settings dialog holds at the moment into a bundle, as OK would keep it; false when it can't be read.
-using SettingsReader = std::function<bool(DataKeg&)>;
-
 /// Both outlive the windows; `context` is the one that the plug-in object works in, and need not be made yet. The page
 /// setup dialog lists the views and style tables of the drawing that `context` holds; without one it lets the user type
 /// the name of a view, and lists `plotStyles`; where that is empty, the name of a table is typed, too. Confirmed edits
-/// go into the page setup object, whose Update stores them. While the settings dialog is up `reader`, where there is
-/// one, can be called; it is empty else.
+/// go into the page setup object, whose Update stores them. While the settings dialog or the page setup dialog is up
+/// `reader`, where there is one, can be called; it is empty else.
 std::unique_ptr<IWindows> CreateFormWindows(CallContext& context, IFormToolkit& toolkit,
                                             SettingsReader* reader = nullptr,
                                             std::function<std::vector<std::string>()> plotStyles = {});

@@ -195,31 +195,7 @@ void SettingsRun::PickDigSigRectangle()
 
 } // namespace
 
-namespace {
-
-/// The reader while the dialog is up.
-class ReaderInForce {
-public:
-    ReaderInForce(SettingsRun& run, std::function<bool(DataKeg&)>* reader) : m_reader(reader)
-    {
-        if (m_reader != nullptr)
-            *m_reader = [&run](DataKeg& keg) { return run.Read(keg); };
-    }
-    ~ReaderInForce()
-    {
-        if (m_reader != nullptr)
-            *m_reader = nullptr;
-    }
-    ReaderInForce(const ReaderInForce&) = delete;
-    ReaderInForce& operator=(const ReaderInForce&) = delete;
-
-private:
-    std::function<bool(DataKeg&)>* m_reader;
-};
-
-} // namespace
-
-std::int32_t ShowConversionSettings(CallContext& context, IFormToolkit& toolkit, std::function<bool(DataKeg&)>* reader)
+std::int32_t ShowConversionSettings(CallContext& context, IFormToolkit& toolkit, SettingsReader* reader)
 {
     TryLogLine(context, "SHOW CONVERSION SETTINGS FORM");
     FormSession session{context, toolkit, {}};
@@ -228,7 +204,7 @@ std::int32_t ShowConversionSettings(CallContext& context, IFormToolkit& toolkit,
             SettingsRun run(session);
             if (!run.Load())
                 return kLeftWithoutConversion;
-            const ReaderInForce inForce(run, reader);
+            const ReaderInForce inForce(reader, [&run](DataKeg& keg) { return run.Read(keg); });
             return run.ShowUntilDone();
         },
         [&](const std::string& description) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "settings/DataKeg.h"
+#include "ui/SettingsReader.h"
 #include "ui/settings/PageSetupControls.h"
 
 #include <functional>
@@ -17,8 +18,7 @@ class StampControls;
 /// Shows the settings dialog for the drawing of `context`, with picking in the drawing, and saves what the user
 /// confirmed. 1 when the user chose "Create PDF" and everything was saved, else 0. Never throws. `reader` as
 /// CreateFormWindows has it.
-std::int32_t ShowConversionSettings(CallContext& context, IFormToolkit& toolkit,
-                                    std::function<bool(DataKeg&)>* reader = nullptr);
+std::int32_t ShowConversionSettings(CallContext& context, IFormToolkit& toolkit, SettingsReader* reader = nullptr);
 
 // The tab routines. Each returns success; a failure is logged as "RUNTIME ERROR: <routine> -<description>". They
 // address the controls by name. None throws.

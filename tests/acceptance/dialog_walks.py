@@ -175,6 +175,7 @@ def page_setup(desk):
     dialog = screen.window("Drawing Page Setup", "dialog")
     combo(dialog, "Paper Size and Orientation").choose("ISO A4 (210.00 x 297.00 MM)")
     combo(dialog, "Plot Style Table (Pen Assignments)").choose("monochrome.ctb")
+    dialog_sheets.page_is(screen, "A page of 210 x 297 mm with 0 marks")
     desk.picture("page-setup-drawing")
     dialog.find("push button", "OK").click()
     desk.check("drawing's page setup: exit code", end_of(process), 0)

@@ -5,15 +5,78 @@
 #include "hostobjects/cAcadPageSetup.h"
 #include "plugin/CallScope.h"
 #include "screen/KeptBeside.h"
+#include "screen/PagePreview.h"
 #include "screen/RecentDrawings.h"
 #include "screen/ScreenRun.h"
+#include "screen/SheetChoice.h"
 #include "settings/mdlDataKegIO.h"
 
+#include <optional>
 #include <ostream>
 #include <stdexcept>
+#include <utility>
 
 namespace sm::app {
 namespace {
+
+/// The page that would come out, beside the dialog of a drawing, while the dialog may be shown.
+class PageBeside {
+public:
+    PageBeside(ScreenRun& run, const Install& install, beside::ICompany* company)
+        : m_run(run), m_company(run.Document() != nullptr ? company : nullptr),
+          m_sheets({[this] { return m_run.Session().Outlines(); },
+                    [this] { return m_run.Document()->ActiveLayout()->Name(); },
+                    [this](const std::string& name) { m_run.Activate(name); },
+                    {},
+                    "frmPageSetup"}),
+          m_page(
+              run.Report().drawing, install, [this] { return Wish(); },
+              [this] { return m_run.Session().Drawing().Twin(); })
+    {
+        m_sheets.SetPage(&m_page);
+        if (m_company != nullptr)
+            m_company->StandBeside(&m_sheets);
+    }
+    ~PageBeside()
+    {
+        if (m_company != nullptr)
+            m_company->StandBeside(nullptr);
+    }
+    PageBeside(const PageBeside&) = delete;
+    PageBeside& operator=(const PageBeside&) = delete;
+
+private:
+    /// What the drawing has, with the page setup that the dialog holds.
+    std::optional<PreviewWish> Wish()
+    {
+        const SettingsReader& read = m_run.Session().Around().Reader();
+        if (!read || !Stored())
+            return std::nullopt;
+        PreviewWish wish{m_run.Document()->ActiveLayout()->Name(), *m_stored};
+        return read(wish.keg) ? std::optional(std::move(wish)) : std::nullopt;
+    }
+    /// Read once: what can't be read is logged.
+    bool Stored()
+    {
+        if (m_isRead)
+            return m_stored.has_value();
+        m_isRead = true;
+        DataKeg keg;
+        IAcadDocument& document = *m_run.Document();
+        if (LoadForDialog(m_run.Context(), document, keg) != 0 || keg.Layouts.empty())
+            return false;
+        ReadSignatureFields(m_run.Context(), document, keg.Layouts.front().SignatureFields);
+        m_stored = std::move(keg);
+        return true;
+    }
+
+    ScreenRun& m_run;
+    beside::ICompany* m_company;
+    SheetChoice m_sheets;
+    PagePreview m_page;
+    std::optional<DataKeg> m_stored;
+    bool m_isRead = false;
+};
 
 /// True when the user confirmed the dialog and what it held was kept.
 bool EditPageSetup(ScreenRun& run)
@@ -61,6 +124,7 @@ int RunPageSetup(const PageSetupJob& job, const Install& install, const ScreenPa
             RememberDrawing(screen.memory, *job.drawing);
             TellWhereEntriesGo(run.Session().Drawing(), *job.drawing, screen.desktop);
         }
+        const PageBeside page(run, install, screen.company);
         return ShowPageSetup(run, out);
     });
 }

@@ -127,7 +127,10 @@ beside::SheetsNow SheetChoice::Now(const std::vector<FormControl>& form)
         sheets += layout.isModel ? 0 : 1;
         ticked += isTicked ? 1 : 0;
     }
-    now.headline = Headline(now.ticksCount, current, sheets, ticked);
+    if (ControlOf(form, "optAllLayouts") == nullptr)
+        now.headline = fmt::format("The page of \"{}\" with this page setup.", current);
+    else
+        now.headline = Headline(now.ticksCount, current, sheets, ticked);
     return now;
 }
 

@@ -20,6 +20,7 @@ struct SheetSource {
     std::function<std::string()> current;
     std::function<void(const std::string&)> makeCurrent;
     std::function<bool(DataKeg&)> read{}; ///< what the form holds; false: nothing can be told
+    std::string form = "frmGUITap";       ///< that the list stands beside
 };
 
 /// Every sheet is ticked at first; one stays so always.
@@ -27,7 +28,7 @@ class SheetChoice final : public beside::ISheetList {
 public:
     explicit SheetChoice(SheetSource source) : m_source(std::move(source)) {}
 
-    [[nodiscard]] bool StandsBeside(const std::string& form) const override { return form == "frmGUITap"; }
+    [[nodiscard]] bool StandsBeside(const std::string& form) const override { return form == m_source.form; }
     [[nodiscard]] beside::SheetsNow Now(const std::vector<FormControl>& form) override;
     void MakeCurrent(const std::string& name) override;
     std::string Tick(const std::string& name, bool isTicked) override;

@@ -47,6 +47,8 @@ TEST_F(SheetChoiceTest, CurrentTabIsNamed)
     choice.MakeCurrent("A-102");
     EXPECT_EQ(choice.Now(FormWith(false)).headline, "\"Current Tab\" is \"A-102\".");
     EXPECT_EQ(choice.Only(), Names()) << "no limit";
+    EXPECT_EQ(choice.Now({FormControl()}).headline, "The page of \"A-102\" with this page setup.")
+        << "beside a form that doesn't choose layouts";
 }
 
 TEST_F(SheetChoiceTest, AllTabsAreCounted)

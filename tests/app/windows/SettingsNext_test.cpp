@@ -244,6 +244,47 @@ TEST_F(SettingsNext, ACancelEndsTheSheetThatIsBeingMade)
     EXPECT_EQ(Contents(pdf), "the former one");
 }
 
+/// Takes everything and keeps nothing.
+class BlankCanvas final : public render::ICanvas {
+public:
+    void PushClip(const render::Path&, render::FillRule) override {}
+    void PopClip() override {}
+    void Stroke(const render::Path&, const render::StrokeStyle&) override {}
+    void Fill(const render::Path&, std::uint32_t, render::FillRule) override {}
+    void Text(const render::TextRun&) override {}
+};
+
+TEST_F(SettingsNext, TheStandAlonePageSetupOfADrawingHasItsPageBeside)
+{
+    beside::ISheetList* list = nullptr;
+    company.user = [&](beside::ISheetList& sheets) { list = &sheets; };
+    toolkit.When("frmPageSetup", [&](FormDriver& user) {
+        ASSERT_NE(list, nullptr);
+        EXPECT_TRUE(list->StandsBeside("frmPageSetup"));
+        list->MakeCurrent("A-102 Upper Floor");
+        user.Choose("cmbPaperSize", "ISO A4 (210.00 x 297.00 MM)");
+        beside::IPageSource& page = *list->Page();
+        EXPECT_TRUE(page.Renew());
+        BlankCanvas canvas;
+        const std::atomic<bool> stop = false;
+        const beside::PreviewPage drawn = page.Draw(canvas, stop);
+        EXPECT_EQ(drawn.trouble, "");
+        EXPECT_NEAR(drawn.width, 210, 0.1);
+        EXPECT_NEAR(drawn.height, 297, 0.1);
+        user.Click("btnCancel");
+    });
+    ScreenParts parts = Parts();
+    parts.company = &company;
+    EXPECT_EQ(RunPageSetup({drawing}, Here(), parts, out, err), 0) << err.str();
+    EXPECT_EQ(Contents(drawing), before);
+    list = nullptr;
+    toolkit.When("frmPageSetup", [&](FormDriver& user) {
+        EXPECT_EQ(list, nullptr) << "there is no page without a drawing";
+        user.Click("btnCancel");
+    });
+    EXPECT_EQ(RunPageSetup({}, Here(), parts, out, err), 0);
+}
+
 TEST_F(SettingsNext, OkEndsWithoutAWord)
 {
     toolkit.When("frmGUITap", [](FormDriver& user) { user.Click("btnOK"); });
