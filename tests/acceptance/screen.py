@@ -20,10 +20,17 @@ def missing():
 class Screen:
     """with Screen(folder, dpi=96) as screen: ..."""
 
-    def __init__(self, folder, dpi=96, size="1700x1300"):
-        self.folder, self.dpi, self.size = folder, dpi, size
+    def __init__(self, folder, dpi=96, size="1700x1300", manager=None):
+        """`manager`: the words that start a window manager; none: windows have no frames."""
+        self.folder, self.size, self.manager = folder, size, manager
+        self.processes, self.variables = [], {}
+        self.use(dpi)
+
+    def use(self, dpi):
+        """Programs that are started from now on have fonts of that size."""
+        self.dpi = dpi
         self.scale = dpi / 96  # the toolkit tells places in units of its own
-        self.processes = []
+        self.variables["QT_FONT_DPI"] = str(dpi)
 
     def __enter__(self):
         home = os.path.join(self.folder, "home")
@@ -39,6 +46,9 @@ class Screen:
                           env=self.variables)
         self.variables["DBUS_SESSION_BUS_ADDRESS"] = bus.stdout.readline().decode().strip()
         self.frame = os.path.join(frame, "Xvfb_screen0")
+        if self.manager:
+            self._start(self.manager, env=self.variables)
+            wait(lambda: "window id" in self.property("-root", "_NET_SUPPORTING_WM_CHECK"), "the window manager")
         self._listen()
         return self
 
@@ -98,6 +108,10 @@ class Screen:
             image = image.crop((box[0], box[1], box[0] + box[2], box[1] + box[3]))
         image.save(path)
 
+    def property(self, *words):
+        """Of a window, as the window manager is told it."""
+        return subprocess.run(["xprop", *words], env=self.variables, capture_output=True, text=True, check=False).stdout
+
     def keys(self, *names):
         subprocess.run(["xdotool", "key", "--clearmodifiers", "--delay", "20", *names], env=self.variables, check=True)
         time.sleep(0.05)
@@ -148,7 +162,7 @@ def wait(look, what, state=lambda: ""):
 
 def quietly(look):
     """What goes away while it is looked at counts as not there."""
-    import gi
+    import gi.repository.GLib
     try:
         return look()
     except gi.repository.GLib.Error:

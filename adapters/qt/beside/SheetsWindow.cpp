@@ -56,6 +56,10 @@ SheetsWindow::SheetsWindow(beside::ISheetList& sheets, const IForm& form, QWidge
     m_soon.setSingleShot(true);
     m_soon.setInterval(0);
     m_soon.callOnTimeout(this, [this] { Renew(); });
+    constexpr int kForFrame = 250; // ms
+    m_framed.setSingleShot(true);
+    m_framed.setInterval(kForFrame);
+    m_framed.callOnTimeout(this, [this] { FindPlaceAgain(); });
 }
 
 QWidget* SheetsWindow::MakeWords()
@@ -126,6 +130,14 @@ void SheetsWindow::Appear()
     if (m_isWanted && FindPlace())
         show();
     m_soon.start();
+    m_framed.start();
+}
+
+/// The windows have no frames yet when they are shown, and no manager says when they get them.
+void SheetsWindow::FindPlaceAgain()
+{
+    if (isVisible() && parentWidget()->frameGeometry() != m_formStands)
+        FindPlace();
 }
 
 bool SheetsWindow::FindPlace()
@@ -147,12 +159,15 @@ bool SheetsWindow::FindPlace()
                                                  : resize(size);
         m_given = this->size();
     }
-    if (form.width() + kBetween + width() > room.width())
+    const int frame = std::max(frameGeometry().width() - width(), form.width() - owner->width());
+    const int wide = width() + frame;
+    if (form.width() + kBetween + wide > room.width())
         return false;
-    const int beyond = form.right() + kBetween + width() - room.right();
+    const int beyond = form.right() + kBetween + wide - room.right();
     if (beyond > 0)
         owner->move(owner->pos() - QPoint(beyond, 0));
-    move(owner->frameGeometry().right() + kBetween, owner->frameGeometry().top());
+    m_formStands = owner->frameGeometry();
+    move(m_formStands.right() + kBetween, m_formStands.top());
     return true;
 }
 

@@ -49,6 +49,7 @@ private:
     QWidget* MakeButtons();
     void AddOpenButton(QLayout& column);
     bool FindPlace();
+    void FindPlaceAgain();
     void Renew();
     void ShowRow(QListWidgetItem& item, const beside::SheetRow& row, bool ticksCount);
     void TakeTick(const QListWidgetItem& item);
@@ -67,7 +68,9 @@ private:
     QPushButton* m_all = nullptr;
     QTimer m_soon;
     bool m_isFilling = false, m_isWanted = true;
-    QSize m_given; ///< the size it appeared in
+    QSize m_given;      ///< the size it appeared in
+    QTimer m_framed;    ///< runs until the window manager has had time to draw frames
+    QRect m_formStands; ///< the form's frame, when the place was found
     beside::SheetsNow m_now;
     PagePane* m_page = nullptr; ///< null: the list brings no preview
 };

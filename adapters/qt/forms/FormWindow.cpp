@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/FormWindow.h"
 
+#include "screen/WindowSize.h"
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -15,8 +17,7 @@
 namespace sm::qt {
 namespace {
 
-constexpr int kForDecoration = 48; ///< pixels that title bar and borders may take from the screen
-constexpr int kLongestWait = 500;  ///< ms, after which a window counts as painted that nobody can see
+constexpr int kLongestWait = 500; ///< ms, after which a window counts as painted that nobody can see
 
 /// A letter with Alt that no caption has underlined; a text box would take it for typing.
 bool IsMnemonicOfNothing(const QEvent* event)
@@ -45,8 +46,8 @@ FormWindow::FormWindow(Events events)
 void FormWindow::Resize(const QSize& content, int footerTop)
 {
     QSize room = content;
-    if (const QScreen* const on = screen()) {
-        const QSize most = on->availableGeometry().size() - QSize(kForDecoration, kForDecoration);
+    if (screen() != nullptr) {
+        const QSize most = RoomFor(*this);
         const int bar = m_scroller->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
         room = content.boundedTo(most);
         if (room.height() < content.height())
@@ -107,7 +108,15 @@ void FormWindow::NoteAppearance()
 
 void FormWindow::ScrollTo(QWidget* widget)
 {
-    m_scroller->ensureWidgetVisible(widget);
+    if (!m_content->isAncestorOf(widget))
+        return;
+    // Of what is larger than the view its beginning: that is where captions and tabs stand.
+    constexpr int kAround = 20; // pixels
+    const QSize view = m_scroller->viewport()->size();
+    const QRect box(widget->mapTo(m_content, QPoint()), widget->size().boundedTo(view));
+    const QPoint middle = box.center();
+    m_scroller->ensureVisible(middle.x(), middle.y(), std::min(box.width() / 2 + kAround, view.width() / 2),
+                              std::min(box.height() / 2 + kAround, view.height() / 2));
 }
 
 bool FormWindow::eventFilter(QObject* object, QEvent* event)

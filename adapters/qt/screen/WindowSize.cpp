@@ -19,6 +19,14 @@ std::string NameOf(const char* name)
 
 } // namespace
 
+QSize RoomFor(const QWidget& window)
+{
+    constexpr int kForDecoration = 48; // pixels that title bar and borders may take
+    if (window.screen() == nullptr)
+        return {QWIDGETSIZE_MAX, QWIDGETSIZE_MAX};
+    return window.screen()->availableGeometry().size() - QSize(kForDecoration, kForDecoration);
+}
+
 bool RecallSize(QWidget& window, const char* name, beside::IWindowMemory* memory)
 {
     QString text = QString::fromStdString(memory != nullptr ? memory->Recall(NameOf(name)) : "");
@@ -28,8 +36,7 @@ bool RecallSize(QWidget& window, const char* name, beside::IWindowMemory* memory
     const QSize size = sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize();
     if (size.isEmpty())
         return false;
-    const QSize room = window.screen() != nullptr ? window.screen()->availableGeometry().size() : size;
-    window.resize(size.boundedTo(room).expandedTo(window.minimumSizeHint()));
+    window.resize(size.boundedTo(RoomFor(window)).expandedTo(window.minimumSizeHint()));
     if (isFilled)
         window.setWindowState(window.windowState() | Qt::WindowMaximized);
     return true;

@@ -4,6 +4,7 @@
 #include "marks/PageMarks.h"
 #include "marks/PointText.h"
 #include "screen/ClosesOnSignal.h"
+#include "screen/WindowSize.h"
 #include "view/MarkEditor.h"
 #include "view/ViewTools.h"
 
@@ -62,7 +63,7 @@ PickWindow::PickWindow(beside::IWindowMemory* memory) : QWidget(nullptr, Qt::Win
     m_view->paintOver = [this](QPainter& painter) { PaintMarks(painter); };
     m_view->onCancel = [this] { Cancel(); };
     m_view->onKey = [this](QKeyEvent* event) { return TakeKey(event); };
-    resize(1000, 720);
+    resize(QSize(1000, 720).boundedTo(RoomFor(*this)));
     ShowSnapping();
 }
 
