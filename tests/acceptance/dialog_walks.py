@@ -19,6 +19,7 @@ import traceback
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 import screen as screens  # noqa: E402
+import dialog_drops  # noqa: E402
 import dialog_keys  # noqa: E402
 import dialog_sheets  # noqa: E402
 from dialog_sheets import close_end  # noqa: E402
@@ -338,7 +339,7 @@ def at_rest(desk):
 
 WALKS = {"create": create_pdf, "cancel": cancel, "answer": answer_is_kept, "picks": given_up_picks, "page_setup": page_setup,
          "viewer": viewer_and_help, "fields": signature_fields, "bad_files": bad_files, "choose": choose_drawing, "rest": at_rest,
-         **dialog_keys.WALKS, **dialog_sheets.WALKS}
+         **dialog_drops.WALKS, **dialog_keys.WALKS, **dialog_sheets.WALKS}
 
 
 def run_walk(name, program, samples, output):
