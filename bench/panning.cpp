@@ -13,7 +13,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 using sm::qt::DrawingView;
-using sm::qt::LayoutPicture;
+using sm::scene::LayoutPicture;
 
 double Since(Clock::time_point start)
 {
@@ -56,7 +56,7 @@ double SnapMicroseconds(const DrawingView& view, const LayoutPicture& picture)
     std::size_t found = 0;
     const auto start = Clock::now();
     for (int i = 0; i < kMoves; ++i) {
-        const sm::qt::Vec2 at = view.Map().ToScene({i * 37.0 / 29 - i / 1000 * 1200.0, i * 7 % 800 * 1.0});
+        const sm::scene::Vec2 at = view.Map().ToScene({i * 37.0 / 29 - i / 1000 * 1200.0, i * 7 % 800 * 1.0});
         found += picture.snaps.Find(at, 10 / view.Map().scale) ? 1 : 0;
     }
     const double each = Since(start) * 1000 / kMoves;
@@ -74,7 +74,7 @@ void Measure(const char* path)
     view.show();
     QCoreApplication::processEvents();
     const auto start = Clock::now();
-    const std::shared_ptr<const LayoutPicture> picture = sm::qt::RecordLayout(*drawing, 0, *text, references, stop);
+    const std::shared_ptr<const LayoutPicture> picture = sm::scene::RecordLayout(*drawing, 0, *text, references, stop);
     const double recorded = Since(start);
     view.SetPicture(picture);
     const double first = Wait(view, start).whole;

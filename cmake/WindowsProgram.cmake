@@ -42,6 +42,8 @@ add_room(prologue adapters/prologue)
 add_room(plotter adapters/plotter render prologue lib_deflate)
 add_room(cadhost adapters/cadhost plugin plotter)
 add_room(beside adapters/beside ports render)
+add_room(scene adapters/scene cadhost beside Threads::Threads)
+add_room(win32 adapters/win32 scene windows)
 add_room(ghostscript adapters/ghostscript base fmt::fmt)
 add_room(publisher adapters/publisher plugin prologue base ghostscript lib_qpdf lib_deflate lib_harfbuzz fmt::fmt
     Threads::Threads)

@@ -94,14 +94,25 @@ ROOMS = {
     "store": (("ports",), {"database": (), "sqlite": ("database",)}),
     "system": (("ports",), {"": (), "posix": ("",), "windows": ("",)}),
     "terminal": (("ports",), {"": ()}),
-    "qt": (("beside", "cadhost", "render", "drawing", "ports"), {
+    "scene": (("beside", "cadhost", "render", "drawing", "ports"), {
         "picture": (),
-        "snap": ("picture",),
+        "snap": (),
+        "layout": (),
+        "paint": ("picture",),
+        "pick": (),
+    }),
+    "qt": (("scene", "beside", "cadhost", "render", "drawing", "ports"), {
+        "picture": (),
         "screen": (),
-        "marks": ("picture", "snap"),
-        "view": ("picture", "snap", "screen", "marks"),
+        "marks": (),
+        "view": ("picture", "screen", "marks"),
         "beside": ("screen", "picture", "marks", "view"),
         "forms": ("picture", "screen", "beside"),
+    }),
+    "win32": (("scene", "beside", "cadhost", "render", "drawing", "windows", "ports"), {
+        "window": (),
+        "view": ("window",),
+        "beside": ("window", "view"),
     }),
     # Included by its whole names, "windows/<sub-room>/Name.h". "" wires one object's surroundings.
     "windows": (("ports", "settings", "hostobjects", "ui", "plugin"), {
@@ -159,8 +170,10 @@ def room_of(name):
     return "src" if parts[0] == "src" else "/".join(parts[:2])
 
 
-# What the programs wire of the component's room, which has no folder of public headers.
-WIRED = {"adapters/windows/system/WindowsSystem.h", "adapters/windows/forms/Win32Toolkit.h"}
+# What the programs and their windows take of the component's room, which has no folder of public headers.
+WIRED = {"adapters/windows/system/WindowsSystem.h", "adapters/windows/forms/Win32Toolkit.h",
+         "adapters/windows/automation/WideText.h", "adapters/windows/controls/VisualStyles.h",
+         "adapters/windows/system/OwnModule.h", "adapters/windows/forms/FormWatcher.h"}
 
 
 def sub_room_of(name):

@@ -2,7 +2,6 @@
 #include "beside/PagePane.h"
 
 #include "marks/PageMarks.h"
-#include "picture/DisplayRecorder.h"
 #include "screen/QtText.h"
 
 #include <QLabel>
@@ -12,19 +11,6 @@
 #include <utility>
 
 namespace sm::qt {
-DrawnPreview DrawPreview(beside::IPageSource& source, const std::atomic<bool>& stop)
-{
-    DisplayRecorder recorder;
-    DrawnPreview drawn{nullptr, source.Draw(recorder, stop)};
-    if (stop || drawn.page.width <= 0 || drawn.page.height <= 0)
-        return drawn;
-    auto picture = std::make_shared<LayoutPicture>();
-    picture->list = recorder.TakeList();
-    picture->paper = Box2{{0, 0}, {drawn.page.width, drawn.page.height}};
-    picture->home = *picture->paper;
-    drawn.picture = std::move(picture);
-    return drawn;
-}
 
 PagePane::PagePane(beside::IPageSource& source) : m_source(source), m_view(new DrawingView), m_trouble(new QLabel)
 {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "beside/PageSource.h"
+#include "scene/DrawnPreview.h"
 #include "view/DrawingView.h"
 
 #include <atomic>
@@ -13,13 +14,8 @@ class QLabel;
 
 namespace sm::qt {
 
-struct DrawnPreview {
-    std::shared_ptr<const LayoutPicture> picture; ///< null: there is no page
-    beside::PreviewPage page;
-};
-
-/// Draws the page that `source` found last. What isn't wanted any more when it is done has no picture.
-DrawnPreview DrawPreview(beside::IPageSource& source, const std::atomic<bool>& stop);
+using scene::DrawnPreview;
+using scene::DrawPreview;
 
 class PagePane final : public QWidget {
 public:

@@ -2,11 +2,14 @@
 // What is drawn over the drawing while one picks: cross-hair, rubber band, snap marks.
 #pragma once
 
-#include "snap/SnapIndex.h"
+#include "scene/SnapIndex.h"
 
 #include <QPainter>
 
 namespace sm::qt {
+
+using scene::SnapKind;
+using scene::Vec2;
 
 void PaintCrossHair(QPainter& painter, Vec2 at, int width, int height, QColor color);
 void PaintRubberBand(QPainter& painter, Vec2 first, Vec2 other);

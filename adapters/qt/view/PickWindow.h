@@ -5,6 +5,7 @@
 #include "beside/MarkBoard.h"
 #include "beside/PageSource.h"
 #include "beside/WindowMemory.h"
+#include "scene/DrawingPicks.h"
 #include "view/DrawingView.h"
 
 #include <QEventLoop>
@@ -19,30 +20,22 @@ namespace sm::qt {
 class MarkEditor;
 class ViewTools;
 
-class PickWindow final : public QWidget {
+class PickWindow final : public QWidget, public scene::IPickWindow {
 public:
     /// Null for a memory: the background isn't remembered.
     explicit PickWindow(beside::IWindowMemory* memory);
 
-    void SetDrawing(const QString& name) { setWindowTitle(name); }
-    /// The layouts by name, in tab order, and the one in front.
-    void SetTabs(const QStringList& names, std::size_t current);
-    std::function<void(std::size_t)> onTurn; ///< the user chose a tab
-    /// Marks of the layout, places in drawing units, and the stamp that goes along with the cursor.
-    void SetMarks(std::vector<beside::PageMark> marks, std::optional<beside::PageMark> atCursor);
-    void SetPicture(std::shared_ptr<const LayoutPicture> picture);
-    /// The view, to be gone back to; nothing while it is the one that shows everything.
-    [[nodiscard]] std::optional<ViewMap> OwnView() const { return m_view->OwnMap(); }
-    void GoBackTo(const ViewMap& view) { m_view->SetMap(view); }
-    /// Waits for a point under `prompt`, drawing units; with `first` it is the corner opposite to it. Nothing when the
-    /// user cancelled. The picture may come meanwhile.
-    std::optional<Vec2> Pick(const QString& prompt, std::optional<Vec2> first);
-    /// Lets marks of `board` be dragged and edited until the user closes the window.
-    void EditMarks(beside::IMarkBoard& board);
-    /// The one in front, whose marks are edited.
-    void SetLayout(const std::string& name);
-    /// Ends the waiting without a point.
-    void Cancel();
+    void SetTitle(const std::string& title) override { setWindowTitle(QString::fromStdString(title)); }
+    void SetTabs(const std::vector<std::string>& names, std::size_t current) override;
+    void SetLayout(const std::string& name) override;
+    void SetMarks(std::vector<beside::PageMark> marks, std::optional<beside::PageMark> atCursor) override;
+    void SetPicture(std::shared_ptr<const LayoutPicture> picture) override;
+    [[nodiscard]] std::optional<ViewMap> OwnView() const override { return m_view->OwnMap(); }
+    void GoBackTo(const ViewMap& view) override { m_view->SetMap(view); }
+    [[nodiscard]] bool IsUp() const override { return isVisible(); }
+    std::optional<Vec2> Pick(const std::string& prompt, std::optional<Vec2> first) override;
+    void EditMarks(beside::IMarkBoard& board) override;
+    void Cancel() override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -58,6 +51,7 @@ private:
     void NoteMinus(const QKeyEvent& event);
     void ShowPlace(std::optional<Vec2> scene);
     void ShowSnapping();
+    void Wait();
     void ShowReady();
     void ShowLayoutsMarks();
     void PaintMarks(QPainter& painter) const;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "view/ViewTools.h"
 
+#include "scene/PickTexts.h"
+
 #include <QAction>
 #include <QLabel>
 
@@ -11,21 +13,10 @@ constexpr double kStep = 1.5; // of zooming
 constexpr const char* kBackdrop = "DrawingBackground";
 constexpr const char* kDark = "dark";
 
-constexpr const char* kKeys[][2] = {{"+  -", "zoom in, zoom out (or turn the wheel)"},
-                                    {"Home", "show everything"},
-                                    {"W", "zoom to a frame that is drawn next"},
-                                    {"Arrows", "move the view (or drag with the middle button)"},
-                                    {"F3", "object snaps on or off; Shift suspends them"},
-                                    {"B", "dark or light background"},
-                                    {"Ctrl+PageUp, Ctrl+PageDown", "the layout before, the next one"},
-                                    {"x,y  @x,y", "a point, typed; @ counts from the first corner"},
-                                    {"Escape", "cancel (or press the right button)"},
-                                    {"F1", "show or hide these keys"}};
-
 QString KeysText()
 {
     QString rows;
-    for (const auto& [keys, meaning] : kKeys)
+    for (const auto& [keys, meaning] : scene::WindowKeys())
         rows += QString("<tr><td><b>%1</b>&nbsp;&nbsp;</td><td>%2</td></tr>").arg(keys, meaning);
     return "<table cellpadding=\"1\">" + rows + "</table>";
 }
@@ -33,7 +24,7 @@ QString KeysText()
 QString SpokenKeys()
 {
     QString text;
-    for (const auto& [keys, meaning] : kKeys)
+    for (const auto& [keys, meaning] : scene::WindowKeys())
         text += QString("%1: %2. ").arg(keys, meaning);
     return text;
 }

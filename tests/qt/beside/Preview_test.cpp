@@ -3,16 +3,19 @@
 #include "Dispatch.h"
 #include "app/Fixtures.h"
 #include "beside/PagePane.h"
+#include "picture/QtPixelCanvas.h"
 #include "qt/QtStand.h"
 #include "run/DrawingRun.h"
 #include "run/RunSession.h"
+#include "scene/ItemPainter.h"
+#include "scene/SoftCanvas.h"
 #include "screen/PagePreview.h"
 #include "settings/mdlDataKegIO.h"
-#include "view/ItemPainter.h"
 
 #include <QProcess>
 
 #include <cmath>
+#include <cstdio>
 #include <filesystem>
 #include <sstream>
 
@@ -88,7 +91,7 @@ protected:
         return wish;
     }
 
-    QImage Preview()
+    DrawnPreview Drawn()
     {
         const app::PreviewWish wish = Wish();
         app::PagePreview source(drawing, install, [&] { return std::optional(wish); });
@@ -97,18 +100,21 @@ protected:
         const std::atomic<bool> stop = false;
         const DrawnPreview drawn = DrawPreview(source, stop);
         EXPECT_EQ(drawn.page.trouble, "");
-        if (drawn.picture == nullptr)
-            return {};
+        return drawn;
+    }
+
+    static QImage Painted(const DrawnPreview& drawn, scene::IPixelCanvases& canvases)
+    {
         const auto pixels = [](double millimetres) {
             return static_cast<int>(std::lround(millimetres / 25.4 * kDotsPerInch));
         };
-        QImage image(pixels(drawn.page.width), pixels(drawn.page.height), QImage::Format_RGB32);
-        image.fill(Qt::white);
+        scene::PixelImage image(pixels(drawn.page.width), pixels(drawn.page.height));
         const ViewMap map{
-            {drawn.page.width / 2, drawn.page.height / 2}, kDotsPerInch / 25.4, image.width(), image.height()};
-        PaintCache cache;
-        PaintPicture(*drawn.picture, map, image, image.rect(), cache, [] { return true; });
-        return image;
+            {drawn.page.width / 2, drawn.page.height / 2}, kDotsPerInch / 25.4, image.Width(), image.Height()};
+        PaintPicture(*drawn.picture, map, image, image.All(), canvases, [] { return true; });
+        return QImage(reinterpret_cast<const uchar*>(image.Row(0)), image.Width(), image.Height(), 4 * image.Width(),
+                      QImage::Format_RGB32)
+            .copy();
     }
 
     QImage Pdf()
@@ -163,14 +169,8 @@ std::pair<int, int> Alone(const QImage& image, const QImage& other)
     return {ink, alone};
 }
 
-TEST_P(PreviewBeside, ShowsThePageOfThePdf)
+void ExpectSamePage(const QImage& preview, const QImage& pdf)
 {
-    const QImage preview = Preview();
-    const QImage pdf = Pdf();
-    ASSERT_FALSE(preview.isNull());
-    ASSERT_FALSE(pdf.isNull());
-    preview.save(QStringLiteral(SM_SCREENS "/preview-%1.png").arg(QString::fromUtf8(GetParam().name)));
-    pdf.save(QStringLiteral(SM_SCREENS "/preview-%1-pdf.png").arg(QString::fromUtf8(GetParam().name)));
     EXPECT_LE(std::abs(preview.width() - pdf.width()), 1);
     EXPECT_LE(std::abs(preview.height() - pdf.height()), 1);
     const auto [ours, oursAlone] = Alone(preview, pdf);
@@ -178,6 +178,25 @@ TEST_P(PreviewBeside, ShowsThePageOfThePdf)
     EXPECT_GT(ours, 500);
     EXPECT_LE(oursAlone, ours * 0.005) << ours;
     EXPECT_LE(theirsAlone, theirs * 0.005) << theirs;
+    std::printf("[          ] of %d and %d pixels of ink %d and %d stand alone\n", ours, theirs, oursAlone,
+                theirsAlone);
+}
+
+/// Both canvases: that of this screen, and the one of our own.
+TEST_P(PreviewBeside, ShowsThePageOfThePdf)
+{
+    const DrawnPreview drawn = Drawn();
+    const QImage pdf = Pdf();
+    ASSERT_NE(drawn.picture, nullptr);
+    ASSERT_FALSE(pdf.isNull());
+    pdf.save(QStringLiteral(SM_SCREENS "/preview-%1-pdf.png").arg(QString::fromUtf8(GetParam().name)));
+    const auto byQt = CreateQtCanvases(), soft = scene::CreateSoftCanvases();
+    for (const auto& [name, canvases] : {std::pair("", byQt.get()), std::pair("-soft", soft.get())}) {
+        SCOPED_TRACE(name);
+        const QImage preview = Painted(drawn, *canvases);
+        preview.save(QStringLiteral(SM_SCREENS "/preview-%1%2.png").arg(QString::fromUtf8(GetParam().name), name));
+        ExpectSamePage(preview, pdf);
+    }
 }
 
 TEST_P(PreviewBeside, ReadsNothingThatTheRunHasRead)

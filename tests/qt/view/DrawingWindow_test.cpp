@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Picking with mouse and keyboard in the real window.
-#include "qt/Pieces.h"
 #include "qt/WindowFixture.h"
+#include "scene/Pieces.h"
 
 #include <QLineEdit>
 #include <QTest>
@@ -11,6 +11,7 @@
 namespace sm::qt {
 namespace {
 using drawing::Vec2;
+using scene::Tag;
 
 /// Lines from (0, 0) to (100, 50) and (0, 50) to (100, 0), and a circle of radius 20 about (150, 25).
 std::string Plan()

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Dark and light, the frame to zoom to, the keys, and what of that is remembered.
-#include "picture/Backdrop.h"
 #include "qt/MapMemory.h"
 #include "qt/WindowFixture.h"
 
@@ -30,20 +29,6 @@ protected:
     static QRgb Corner() { return View().grab().toImage().pixel(2, 2); }
     MapMemory memory;
 };
-
-TEST(Backdrops, TurnLightnessAndLeaveHues)
-{
-    struct Row {
-        const char* name;
-        std::uint32_t ink, onDark;
-    };
-    for (const Row& row : {Row{"white is the sheet", 0xFFFFFF, 0x212121}, Row{"black", 0x000000, 0xFFFFFF},
-                           Row{"red", 0xFF0000, 0xFF3030}, Row{"dark blue", 0x000080, 0x8F8FFF},
-                           Row{"blue", 0x0000FF, 0x5C5CFF}, Row{"transparency stays", 0x80000000, 0x80FFFFFF}}) {
-        EXPECT_EQ(InkOn(Backdrop::Dark, row.ink), row.onDark) << row.name;
-        EXPECT_EQ(InkOn(Backdrop::Light, row.ink), row.ink) << row.name;
-    }
-}
 
 TEST_F(ViewToolsTest, TheBackgroundIsRemembered)
 {
