@@ -3,6 +3,7 @@
 
 #include "base/files/MappedFile.h"
 #include "drawing/Drawing.h"
+#include "tags/FileKind.h"
 
 namespace sm::drawing {
 
@@ -35,6 +36,9 @@ FileBytes FileBytes::Map(const std::string& path)
         throw DrawingError(path + ": the file is empty; save the drawing again");
     FileBytes bytes;
     bytes.m_view = file->Bytes();
+    // Of a DWG whole sections are left alone: its preview may be most of it.
+    if (DwgRelease(bytes.m_view).empty())
+        file->Fetch();
     bytes.m_stamp = facts.stamp;
     bytes.m_owner = file;
     return bytes;

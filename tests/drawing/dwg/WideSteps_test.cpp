@@ -133,9 +133,9 @@ TEST(WideSteps, PutCodewordsInOrderAsSingleBytesDo)
                 std::string expected(count * data, '\0');
                 for (std::size_t i = 0; i < bytes.size() && i / count < data; ++i)
                     expected[i % count * data + i / count] = bytes[i];
-                std::string target = "what was there before";
-                Deinterleave(bytes, count, data, target);
-                EXPECT_TRUE(target == expected) << count << " codewords, cut by " << cut * 5;
+                std::string room = "what was there before";
+                EXPECT_TRUE(Deinterleave(bytes, count, data, room) == expected)
+                    << count << " codewords, cut by " << cut * 5;
             }
 }
 

@@ -17,7 +17,7 @@ MappedFile::MappedFile(const std::string& path, Reading reading, std::error_code
     Map(path, reading, error);
 }
 
-void MappedFile::Map(const std::string& path, Reading reading, std::error_code& error)
+void MappedFile::Map(const std::string& path, Reading, std::error_code& error)
 {
     error.clear();
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
@@ -30,8 +30,7 @@ void MappedFile::Map(const std::string& path, Reading reading, std::error_code& 
     if (m_facts.kind != FileKind::File || m_facts.stamp.size == 0)
         return;
     const auto size = static_cast<std::size_t>(m_facts.stamp.size);
-    const int flags = MAP_PRIVATE | (reading == Reading::Whole ? MAP_POPULATE : 0);
-    void* const address = ::mmap(nullptr, size, PROT_READ, flags, file.Get(), 0);
+    void* const address = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.Get(), 0);
     if (address == MAP_FAILED)
         error = LastError();
     else
@@ -58,6 +57,13 @@ void MappedFile::RequireWhole()
     const std::string path = Cut();
     if (!path.empty())
         throw std::runtime_error(path + ": the file changed while it was read; try again when nobody writes to it");
+}
+
+void MappedFile::Fetch() const
+{
+    // A system that doesn't know the advice fetches page after page as they are read.
+    if (!m_bytes.empty())
+        ::madvise(const_cast<char*>(m_bytes.data()), m_bytes.size(), MADV_POPULATE_READ);
 }
 
 void MappedFile::Forget(std::string_view part) const

@@ -78,6 +78,9 @@ std::string MappedFile::Cut()
 
 void MappedFile::RequireWhole() {}
 
+// What is read whole is in memory already.
+void MappedFile::Fetch() const {}
+
 // The system takes such memory for others as it needs it.
 void MappedFile::Forget(std::string_view) const {}
 

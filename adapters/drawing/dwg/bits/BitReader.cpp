@@ -13,28 +13,6 @@ constexpr double kLargest = 1e300;
 
 } // namespace
 
-BitReader::BitReader(std::string_view bytes, std::uint64_t begin, std::uint64_t end)
-    : m_bytes(reinterpret_cast<const unsigned char*>(bytes.data())), m_size(bytes.size()), m_at(begin),
-      m_end(std::min<std::uint64_t>(end, bytes.size() * 8))
-{
-    if (m_at > m_end)
-        Fail();
-}
-
-void BitReader::Fail()
-{
-    m_overrun = true;
-    m_at = m_end;
-}
-
-void BitReader::Seek(std::uint64_t bit)
-{
-    if (bit > m_end)
-        Fail();
-    else
-        m_at = bit;
-}
-
 std::uint32_t BitReader::Count(std::uint32_t count, std::uint32_t bits)
 {
     if (count <= Left() / std::max<std::uint32_t>(bits, 1))
@@ -100,10 +78,9 @@ std::int64_t BitReader::MC()
     return 0;
 }
 
-std::uint64_t BitReader::UMC()
+std::uint64_t BitReader::LongUMC(std::uint64_t value)
 {
-    std::uint64_t value = 0;
-    for (unsigned shift = 0; shift < 64; shift += 7) {
+    for (unsigned shift = 7; shift < 64; shift += 7) {
         const std::uint8_t byte = RC();
         value |= static_cast<std::uint64_t>(byte & 0x7F) << shift;
         if ((byte & 0x80) == 0)
@@ -113,10 +90,9 @@ std::uint64_t BitReader::UMC()
     return 0;
 }
 
-std::uint64_t BitReader::MS()
+std::uint64_t BitReader::LongMS(std::uint64_t value)
 {
-    std::uint64_t value = 0;
-    for (unsigned shift = 0; shift < 60; shift += 15) {
+    for (unsigned shift = 15; shift < 60; shift += 15) {
         const std::uint16_t word = RS();
         value |= static_cast<std::uint64_t>(word & 0x7FFF) << shift;
         if ((word & 0x8000) == 0)
@@ -124,18 +100,6 @@ std::uint64_t BitReader::MS()
     }
     Fail();
     return 0;
-}
-
-std::uint32_t BitReader::BOT()
-{
-    switch (Bits(2)) {
-    case 0:
-        return RC();
-    case 1:
-        return RC() + 0x1F0U;
-    default:
-        return RS();
-    }
 }
 
 void BitReader::Copy(std::uint64_t count, std::string& target)

@@ -21,7 +21,13 @@ class BitReader {
 public:
     BitReader() = default;
     /// Reads bits [begin, end) of `bytes`; limits beyond the bytes are cut to them.
-    BitReader(std::string_view bytes, std::uint64_t begin, std::uint64_t end);
+    BitReader(std::string_view bytes, std::uint64_t begin, std::uint64_t end)
+        : m_bytes(reinterpret_cast<const unsigned char*>(bytes.data())), m_size(bytes.size()), m_at(begin),
+          m_end(end < m_size * 8 ? end : m_size * 8)
+    {
+        if (m_at > m_end)
+            Fail();
+    }
     explicit BitReader(std::string_view bytes) : BitReader(bytes, 0, bytes.size() * 8) {}
 
     [[nodiscard]] std::uint64_t At() const { return m_at; }
@@ -29,8 +35,18 @@ public:
     [[nodiscard]] std::uint64_t Left() const { return m_at < m_end ? m_end - m_at : 0; }
     /// Something was asked for that lies behind the end, or that no writer would store.
     [[nodiscard]] bool Overrun() const { return m_overrun; }
-    void Fail();
-    void Seek(std::uint64_t bit);
+    void Fail()
+    {
+        m_overrun = true;
+        m_at = m_end;
+    }
+    void Seek(std::uint64_t bit)
+    {
+        if (bit > m_end)
+            Fail();
+        else
+            m_at = bit;
+    }
     void Skip(std::uint64_t bits) { Seek(bits > Left() ? m_end + 1 : m_at + bits); }
     /// The range ends earlier from now on.
     void EndAt(std::uint64_t bit) { m_end = bit < m_end ? bit : m_end; }
@@ -77,6 +93,9 @@ public:
     void Copy(std::uint64_t count, std::string& target);
 
 private:
+    /// What follows the first part of a number of several parts.
+    std::uint64_t LongUMC(std::uint64_t value);
+    std::uint64_t LongMS(std::uint64_t value);
     [[nodiscard]] std::uint64_t Window() const;
     [[nodiscard]] std::uint64_t Word() const;
 
@@ -193,6 +212,30 @@ inline double BitReader::BD()
     default:
         Fail();
         return 0;
+    }
+}
+
+inline std::uint64_t BitReader::UMC()
+{
+    const std::uint64_t byte = RC();
+    return (byte & 0x80) == 0 ? byte : LongUMC(byte & 0x7F);
+}
+
+inline std::uint64_t BitReader::MS()
+{
+    const std::uint64_t word = RS();
+    return (word & 0x8000) == 0 ? word : LongMS(word & 0x7FFF);
+}
+
+inline std::uint32_t BitReader::BOT()
+{
+    switch (Bits(2)) {
+    case 0:
+        return RC();
+    case 1:
+        return RC() + 0x1F0U;
+    default:
+        return RS();
     }
 }
 

@@ -118,9 +118,15 @@ private:
             std::memcpy(m_at + done, from + done, Step);
         m_at += count;
     }
-    /// The least multiple of the distance that is a word goes byte by byte: from there on words repeat.
+    /// The least multiple of the distance that is a word goes byte by byte: from there on words repeat. Most of the
+    /// long ones are one byte (zeros) over and over.
     void RepeatNear(std::size_t distance, std::size_t count)
     {
+        if (distance == 1) {
+            std::memset(m_at, static_cast<unsigned char>(m_at[-1]), count);
+            m_at += count;
+            return;
+        }
         const std::size_t period = (kWord + distance - 1) / distance * distance;
         const std::size_t single = std::min(count, period);
         CopyFrom<1>(m_at - distance, single);

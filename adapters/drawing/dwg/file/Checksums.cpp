@@ -41,14 +41,16 @@ constexpr auto kTable32 = TableOf<std::uint32_t>(0xEDB88320);
 std::uint16_t Crc16(std::uint16_t seed, std::string_view bytes)
 {
     std::uint64_t rest = seed;
-    for (std::uint64_t word = 0; bytes.size() >= sizeof word; bytes.remove_prefix(sizeof word)) {
-        std::memcpy(&word, bytes.data(), sizeof word);
+    const char* at = bytes.data();
+    for (const char* const last = at + bytes.size() / 8 * 8; at != last; at += 8) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, at, sizeof word);
         word ^= rest;
-        rest = 0;
-        for (std::size_t i = 0; i < sizeof word; ++i)
-            rest ^= kTables16[sizeof word - 1 - i][word >> (8 * i) & 0xFFU];
+        // Written out: the compiler keeps it a loop, which takes twice the time.
+        const auto part = [word](unsigned i) { return kTables16[7 - i][word >> (8 * i) & 0xFFU]; };
+        rest = part(0) ^ part(1) ^ part(2) ^ part(3) ^ part(4) ^ part(5) ^ part(6) ^ part(7);
     }
-    for (const char c : bytes)
+    for (const char c : bytes.substr(bytes.size() / 8 * 8))
         rest = (rest >> 8U) ^ kTables16[0][(rest ^ static_cast<unsigned char>(c)) & 0xFFU];
     return static_cast<std::uint16_t>(rest);
 }

@@ -70,8 +70,8 @@ public:
 private:
     std::vector<char> ReadHead()
     {
-        Deinterleave(SliceOf(m_file, kCodedHeadAt, kHeadCodewords * kCodeword), kHeadCodewords, kTableData, m_scratch);
-        const std::string_view bytes = m_scratch;
+        const std::string_view bytes = Deinterleave(SliceOf(m_file, kCodedHeadAt, kHeadCodewords * kCodeword),
+                                                    kHeadCodewords, kTableData, m_scratch);
         const auto stored = LoadAt<std::int32_t>(bytes, 24);
         std::vector<char> head(kCodedHeadSize);
         if (stored > 0)
@@ -89,8 +89,8 @@ private:
             return {};
         const std::uint64_t raw = RoundedUp(stored) * std::max<std::uint64_t>(repeat, 1);
         const std::uint64_t count = std::min((raw + kTableData - 1) / kTableData, most / kCodeword + 1);
-        Deinterleave(SliceOf(m_file, kFirstCodedPage + at, count * kCodeword), count, kTableData, m_scratch);
-        const std::string_view bytes = SliceOf(m_scratch, 0, stored);
+        const std::string_view words = SliceOf(m_file, kFirstCodedPage + at, count * kCodeword);
+        const std::string_view bytes = SliceOf(Deinterleave(words, count, kTableData, m_scratch), 0, stored);
         // Records of 16 bytes for pages of at least 32; names and heads of sections beside them.
         std::vector<char> table = m_builder.Scratch(std::min(size, most + (64U << 10U)));
         if (stored < size)
@@ -155,11 +155,11 @@ private:
         for (const CodedPage& page : section.pages)
             if (page.offset < section.size)
                 end = std::max(end, page.offset + std::min(page.size, section.size - page.offset));
-        const std::span<char> bytes = m_builder.Zeros(end);
+        SectionBytes bytes(m_builder.Room(end));
         for (const CodedPage& page : section.pages)
-            if (page.offset < bytes.size() && !ReadPage(section, page, bytes.subspan(page.offset)))
+            if (page.offset < bytes.Size() && !ReadPage(section, page, bytes))
                 m_builder.Tell(Damage::PagesMissing);
-        m_builder.Put(*stream, {bytes.data(), bytes.size()});
+        m_builder.Put(*stream, bytes.Finish());
     }
 
     /// Codewords by the section's encoding; where that is neither of the two known, by the size that they would take.
@@ -171,7 +171,14 @@ private:
         return page.stored != page.size || onDisk == (count * kCodeword + kGrid - 1) / kGrid * kGrid;
     }
 
-    bool ReadPage(const CodedSection& section, const CodedPage& page, std::span<char> left)
+    static Decompressed Copied(std::string_view bytes, std::span<char> room)
+    {
+        const std::size_t count = std::min(bytes.size(), room.size());
+        std::ranges::copy(bytes.substr(0, count), room.begin());
+        return {count, true};
+    }
+
+    bool ReadPage(const CodedSection& section, const CodedPage& page, SectionBytes& target)
     {
         const Extent* const place = Find(page.id);
         if (place == nullptr || place->address >= m_file.size() || page.stored > m_file.size())
@@ -180,14 +187,12 @@ private:
         const std::uint64_t count = (RoundedUp(page.stored) + kSectionData - 1) / kSectionData;
         const bool coded = IsCoded(section, page, place->size, count);
         const bool whole = disk.size() >= (coded ? count * kCodeword : page.stored);
-        if (coded)
-            Deinterleave(disk, count, kSectionData, m_scratch);
-        const std::string_view bytes = SliceOf(coded ? std::string_view(m_scratch) : disk, 0, page.stored);
-        const auto target = left.first(std::min<std::uint64_t>(left.size(), page.size));
-        if (page.stored < page.size)
-            return Decompress2007(bytes, target).sound && whole;
-        std::ranges::copy(bytes.substr(0, target.size()), target.begin());
-        return whole;
+        const std::string_view data = coded ? Deinterleave(disk, count, kSectionData, m_scratch) : disk;
+        const std::string_view bytes = SliceOf(data, 0, page.stored);
+        const std::span<char> room = target.Page(page.offset, page.size);
+        const Decompressed done = page.stored < page.size ? Decompress2007(bytes, room) : Copied(bytes, room);
+        target.Wrote(page.offset, done.written);
+        return done.sound && whole;
     }
 
     ContainerBuilder& m_builder;

@@ -4,6 +4,8 @@
 
 #include "dwg/file/Container.h"
 
+#include <algorithm>
+#include <cstring>
 #include <span>
 
 namespace sm::drawing::dwg {
@@ -55,6 +57,41 @@ private:
     Container m_built;
     std::string_view m_streams[kStreams];
     std::uint64_t m_left; ///< bytes that may still be allocated
+};
+
+/// The bytes of a section while its pages are written into them. What no page reaches becomes zeros, once, instead of
+/// everything before.
+class SectionBytes {
+public:
+    /// The first `set` bytes have a value already.
+    explicit SectionBytes(std::span<char> bytes, std::uint64_t set = 0) : m_bytes(bytes), m_set(set) {}
+
+    [[nodiscard]] std::uint64_t Size() const { return m_bytes.size(); }
+    /// Where a page of `size` bytes goes that begins at `offset`, which lies inside: what of it has room.
+    std::span<char> Page(std::uint64_t offset, std::uint64_t size)
+    {
+        ClearTo(offset);
+        const auto left = m_bytes.subspan(offset);
+        return left.first(std::min<std::uint64_t>(left.size(), size));
+    }
+    /// So many bytes of the page at `offset` were written.
+    void Wrote(std::uint64_t offset, std::uint64_t count) { m_set = std::max(m_set, offset + count); }
+    std::string_view Finish()
+    {
+        ClearTo(m_bytes.size());
+        return {m_bytes.data(), m_bytes.size()};
+    }
+
+private:
+    void ClearTo(std::uint64_t end)
+    {
+        if (end > m_set)
+            std::memset(m_bytes.data() + m_set, 0, end - m_set);
+        m_set = std::max(m_set, end);
+    }
+
+    std::span<char> m_bytes;
+    std::uint64_t m_set;
 };
 
 /// R13 to R2000: sections lie in the file at the places that its head lists.

@@ -3,6 +3,7 @@
 #include "dwg/file/CodedPages.h"
 
 #include <algorithm>
+#include <span>
 #ifdef __SSE2__
 #include <emmintrin.h>
 #endif
@@ -40,13 +41,14 @@ void Turn(const char* source, std::uint64_t from, char* target, std::uint64_t to
     }
 }
 
-/// All of a table that has no less than a tile's rows and columns. The last tiles lie over those before them.
+/// All of a table that has no less than a tile's rows and columns. The last tiles lie over those before them. Row by
+/// row: the source is met in the order in which the machine fetches it, and of each column one line of its cache waits.
 void TurnAll(const char* source, std::uint64_t count, std::uint64_t data, char* target)
 {
-    for (std::uint64_t word = 0; word < count; word += kColumns) {
-        word = std::min(word, count - kColumns);
-        for (std::uint64_t row = 0; row < data; row += kRows) {
-            row = std::min(row, data - kRows);
+    for (std::uint64_t row = 0; row < data; row += kRows) {
+        row = std::min(row, data - kRows);
+        for (std::uint64_t word = 0; word < count; word += kColumns) {
+            word = std::min(word, count - kColumns);
             Turn(source + row * count + word, count, target + word * data + row, data);
         }
     }
@@ -55,22 +57,25 @@ void TurnAll(const char* source, std::uint64_t count, std::uint64_t data, char* 
 
 } // namespace
 
-void Deinterleave(std::string_view bytes, std::uint64_t count, std::uint64_t data, std::string& target)
+std::string_view Deinterleave(std::string_view bytes, std::uint64_t count, std::uint64_t data, std::string& room)
 {
-    target.resize(count * data);
+    if (room.size() < count * data)
+        room.resize(count * data);
+    const std::span<char> columns(room.data(), count * data);
 #ifdef __SSE2__
     if (count >= kColumns && data >= kRows && bytes.size() >= count * data) {
-        TurnAll(bytes.data(), count, data, target.data());
-        return;
+        TurnAll(bytes.data(), count, data, columns.data());
+        return {columns.data(), columns.size()};
     }
 #endif
-    std::ranges::fill(target, '\0');
+    std::ranges::fill(columns, '\0');
     for (std::uint64_t j = 0; j < data && !bytes.empty(); ++j) {
         const std::string_view row = bytes.substr(0, count);
         for (std::size_t i = 0; i < row.size(); ++i)
-            target[i * data + j] = row[i];
+            columns[i * data + j] = row[i];
         bytes.remove_prefix(row.size());
     }
+    return {columns.data(), columns.size()};
 }
 
 } // namespace sm::drawing::dwg

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <utility>
 
 namespace sm::drawing::dwg {
@@ -26,24 +25,15 @@ public:
         const std::uint64_t size = SizeOf(section);
         // What nearly nothing is written to is never touched; what nearly all is written to isn't cleared before.
         const bool isMostlyWritten = section.pages.size() * std::uint64_t{section.pageSize} >= size;
-        m_bytes = isMostlyWritten ? m_builder.Room(size) : m_builder.Zeros(size);
-        m_set = isMostlyWritten ? 0 : m_bytes.size();
+        const std::span<char> room = isMostlyWritten ? m_builder.Room(size) : m_builder.Zeros(size);
+        SectionBytes bytes(room, isMostlyWritten ? 0 : room.size());
         for (const SectionPage& page : section.pages)
-            if (page.address != 0 && !ReadPage(section, page))
+            if (page.address != 0 && !ReadPage(section, page, bytes))
                 m_builder.Tell(Damage::PagesMissing);
-        ClearTo(m_bytes.size());
-        return {m_bytes.data(), m_bytes.size()};
+        return bytes.Finish();
     }
 
 private:
-    /// Everything in front of `end` that isn't set yet becomes zeros.
-    void ClearTo(std::uint64_t end)
-    {
-        if (end > m_set)
-            std::memset(m_bytes.data() + m_set, 0, end - m_set);
-        m_set = std::max(m_set, end);
-    }
-
     /// Not more than what its pages reach to; but pages of zeros aren't written, and a small section may have no other.
     static std::uint64_t SizeOf(const Section& section)
     {
@@ -55,20 +45,18 @@ private:
     }
 
     /// False: the page is damaged. What could be decompressed of it stays.
-    bool ReadPage(const Section& section, const SectionPage& page)
+    bool ReadPage(const Section& section, const SectionPage& page, SectionBytes& bytes)
     {
         const std::string_view file = m_builder.File();
         const PageHead head = ReadPageHead(file, page.address);
         if (!SumsHold(file, page.address, head))
             m_builder.TellChecksum();
         const std::string_view data = SliceOf(file, page.address + kPageHeadSize, head.stored);
-        if (page.offset >= m_bytes.size())
+        if (page.offset >= bytes.Size())
             return page.offset >= section.size;
-        const auto left = m_bytes.subspan(page.offset);
-        const auto target = left.first(std::min<std::size_t>(left.size(), section.pageSize));
-        ClearTo(page.offset);
+        const std::span<char> target = bytes.Page(page.offset, section.pageSize);
         const Decompressed done = section.compressed ? Decompress2004(data, target) : Copy(data, target);
-        m_set = std::max(m_set, page.offset + done.written);
+        bytes.Wrote(page.offset, done.written);
         return section.compressed ? done.sound : data.size() == head.stored;
     }
 
@@ -80,8 +68,6 @@ private:
     }
 
     ContainerBuilder& m_builder;
-    std::span<char> m_bytes;
-    std::uint64_t m_set = 0; ///< bytes of it that have a value
 };
 
 constexpr std::array<std::pair<std::string_view, Stream>, kStreams> kNames{{

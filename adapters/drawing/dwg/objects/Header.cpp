@@ -35,72 +35,6 @@ constexpr std::array kLinks{LinkRow{"#blocks", &HeaderLinks::blocks},
                             LinkRow{"#paperSpace", &HeaderLinks::paperSpace},
                             LinkRow{"#modelSpace", &HeaderLinks::modelSpace}};
 
-/// Skips a field but for a link.
-Handle Pass(Object& object, const Row& row)
-{
-    BitReader& data = object.data;
-    switch (row.field) {
-    case Field::Bit:
-        (void)data.B();
-        break;
-    case Field::Char:
-        (void)data.RC();
-        break;
-    case Field::Short:
-        (void)data.BS();
-        break;
-    case Field::Date:
-        (void)data.BL();
-        [[fallthrough]];
-    case Field::Long:
-    case Field::Flags:
-        (void)data.BL();
-        break;
-    case Field::LongLong:
-        (void)data.BLL();
-        break;
-    case Field::Double:
-        (void)data.BD();
-        break;
-    case Field::Text:
-        object.SkipT();
-        break;
-    case Field::Color:
-        (void)object.CMC();
-        break;
-    case Field::Handle:
-        return object.H();
-    case Field::DataHandle:
-        (void)data.H();
-        break;
-    case Field::Point2:
-        (void)object.RD2();
-        break;
-    case Field::Point3:
-        (void)object.BD3();
-        break;
-    case Field::Style:
-        return data.BS() == 3 ? object.H() : 0;
-    }
-    return 0;
-}
-
-void PassRows(Object& object, std::span<const Row> rows, HeaderLinks& links)
-{
-    for (const Row& row : rows) {
-        if (object.Lost())
-            return;
-        if (object.release < row.first || object.release > row.last)
-            continue;
-        const Handle handle = Pass(object, row);
-        if (row.name == nullptr || *row.name != '#')
-            continue;
-        for (const LinkRow& link : kLinks)
-            if (link.name == row.name)
-                links.*link.member = handle;
-    }
-}
-
 } // namespace
 
 bool OpenHeader(Object& object, const Container& container)
@@ -129,19 +63,17 @@ bool OpenHeader(Object& object, const Container& container)
     return true;
 }
 
-HeaderLinks ReadHeaderLinks(Object& object, const Container& container)
+HeaderLinks LinksAmong(const LinkedRows& links)
 {
-    HeaderLinks links;
-    if (!OpenHeader(object, container))
-        return links;
-    object.own = 0;
-    PassRows(object, LeadingHeaderRows(), links);
-    PassRows(object, DimensionRows(), links);
-    PassRows(object, TrailingHeaderRows(), links);
-    return links;
+    HeaderLinks found;
+    for (const LinkedRow& link : links)
+        for (const LinkRow& row : kLinks)
+            if (row.name == link.row->name)
+                found.*row.member = link.handle;
+    return found;
 }
 
-void WriteHeader(Object& object, const Container& container)
+LinkedRows WriteHeader(Object& object, const Container& container)
 {
     TagSink& sink = object.sink;
     sink.Variable("$ACADVER");
@@ -153,13 +85,17 @@ void WriteHeader(Object& object, const Container& container)
         sink.Variable("$MEASUREMENT");
         sink.Integer(70, *container.Measurement());
     }
+    LinkedRows links;
     if (!OpenHeader(object, container))
-        return;
+        return links;
     object.own = 0;
-    WriteVariables(object, LeadingHeaderRows());
-    WriteVariables(object, DimensionRows());
-    WriteVariables(object, TrailingHeaderRows());
+    constexpr std::size_t kUsual = 64;
+    links.reserve(kUsual);
+    WriteVariables(object, LeadingHeaderRows(), links);
+    WriteVariables(object, DimensionRows(), links);
+    WriteVariables(object, TrailingHeaderRows(), links);
     sink.Close();
+    return links;
 }
 
 } // namespace sm::drawing::dwg

@@ -8,7 +8,8 @@ namespace {
 /// Where the values of a row go: into variables of the header, or into groups of an entry.
 class RowWriter {
 public:
-    RowWriter(Object& object, bool variables) : m_object(object), m_variables(variables) {}
+    /// Of variables with somewhere for the links, of groups without.
+    RowWriter(Object& object, LinkedRows* links) : m_object(object), m_links(links) {}
 
     void Write(const Row& row)
     {
@@ -85,7 +86,7 @@ private:
     {
         if (m_row->name == nullptr)
             return 0;
-        if (!m_variables)
+        if (m_links == nullptr)
             return m_row->code;
         m_object.sink.Variable(m_row->name);
         // The codes of dimension variables are those of the style's groups.
@@ -114,33 +115,22 @@ private:
     }
     void Link(Handle handle)
     {
-        if (m_row->name == nullptr || *m_row->name == '#')
+        if (m_row->name == nullptr)
             return;
-        const int code = Begin(2);
-        if (m_variables)
-            m_object.sink.Text(code, NameOf(handle));
+        if (m_links != nullptr)
+            m_links->push_back({m_row, handle});
         else if (handle != 0)
-            m_object.sink.HandleTag(code, handle);
-    }
-
-    /// The header calls the built-in arrows by their names without the underscore of their blocks.
-    [[nodiscard]] std::string_view NameOf(Handle handle) const
-    {
-        std::string_view name = m_object.names.Of(handle);
-        const std::string_view variable = m_row->name;
-        if (variable.starts_with("$DIM") && variable.find("BLK") != std::string_view::npos && name.starts_with('_'))
-            name.remove_prefix(1);
-        return name;
+            m_object.sink.HandleTag(m_row->code, handle);
     }
 
     Object& m_object;
     const Row* m_row = nullptr;
-    bool m_variables;
+    LinkedRows* m_links;
 };
 
-void WriteRows(Object& object, std::span<const Row> rows, bool variables)
+void WriteRows(Object& object, std::span<const Row> rows, LinkedRows* links)
 {
-    RowWriter writer(object, variables);
+    RowWriter writer(object, links);
     for (const Row& row : rows) {
         if (object.Lost())
             return;
@@ -151,14 +141,31 @@ void WriteRows(Object& object, std::span<const Row> rows, bool variables)
 
 } // namespace
 
-void WriteVariables(Object& object, std::span<const Row> rows)
+void WriteVariables(Object& object, std::span<const Row> rows, LinkedRows& links)
 {
-    WriteRows(object, rows, true);
+    WriteRows(object, rows, &links);
+}
+
+void WriteLinked(const Object& object, const LinkedRows& links)
+{
+    constexpr int kName = 2;
+    for (const LinkedRow& link : links) {
+        const std::string_view variable = link.row->name;
+        if (variable.starts_with('#'))
+            continue;
+        std::string_view name = object.names.Of(link.handle);
+        // The header calls the built-in arrows by their names without the underscore of their blocks.
+        if (variable.starts_with("$DIM") && variable.find("BLK") != std::string_view::npos && name.starts_with('_'))
+            name.remove_prefix(1);
+        const bool own = link.row->code != 0 && !variable.starts_with("$DIM");
+        object.sink.Variable(link.row->name);
+        object.sink.Text(own ? link.row->code : kName, name);
+    }
 }
 
 void WriteGroups(Object& object, std::span<const Row> rows)
 {
-    WriteRows(object, rows, false);
+    WriteRows(object, rows, nullptr);
 }
 
 } // namespace sm::drawing::dwg

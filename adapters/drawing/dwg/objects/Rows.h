@@ -5,6 +5,7 @@
 #include "dwg/objects/Object.h"
 
 #include <span>
+#include <vector>
 
 namespace sm::drawing::dwg {
 
@@ -38,8 +39,19 @@ struct Row {
 /// The dimension variables in the order of the header, which is that of dimension styles.
 std::span<const Row> DimensionRows();
 
-/// Reads the fields of the object's release: as header variables, or as groups of the open entry.
-void WriteVariables(Object& object, std::span<const Row> rows);
+/// A link of the header, whatever it is for.
+struct LinkedRow {
+    const Row* row = nullptr;
+    drawing::Handle handle = 0;
+};
+using LinkedRows = std::vector<LinkedRow>;
+
+/// Reads the fields of the object's release as header variables. Links go into `links`: the names that their variables
+/// need are known later.
+void WriteVariables(Object& object, std::span<const Row> rows, LinkedRows& links);
+/// The variables among them.
+void WriteLinked(const Object& object, const LinkedRows& links);
+/// Reads the fields of the object's release as groups of the open entry.
 void WriteGroups(Object& object, std::span<const Row> rows);
 
 /// The handles of control objects and dictionaries that the header names.
@@ -50,9 +62,8 @@ struct HeaderLinks {
 
 /// Where the header's fields begin; sets the object's streams. False: the header is unreadable.
 bool OpenHeader(Object& object, const Container& container);
-/// Reads the header for its links alone: the names that its variables need come later.
-HeaderLinks ReadHeaderLinks(Object& object, const Container& container);
-/// The variables, and those that stand elsewhere in the file.
-void WriteHeader(Object& object, const Container& container);
+/// The variables but for those in the result, and those that stand elsewhere in the file.
+LinkedRows WriteHeader(Object& object, const Container& container);
+HeaderLinks LinksAmong(const LinkedRows& links);
 
 } // namespace sm::drawing::dwg

@@ -60,9 +60,10 @@ DwgReading::DwgReading(const Container& container, std::uint64_t fileSize, Findi
 DecodedTags DwgReading::Run()
 {
     CollectColors();
-    m_links = ReadHeaderLinks(m_object, m_container);
+    const LinkedRows linked = WriteHeader(m_object, m_container);
+    m_links = LinksAmong(linked);
     CollectNames();
-    WriteHeader(m_object, m_container);
+    WriteLinked(m_object, linked);
     WriteTables();
     ReadBlocks();
     WriteBlocks();

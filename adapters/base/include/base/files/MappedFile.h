@@ -12,7 +12,7 @@ namespace sm::base {
 
 class MappedFile {
 public:
-    /// All of it soon, or part after part.
+    /// All of it may be needed as long as it is open, or part after part.
     enum class Reading { Whole, InParts };
 
     /// Holds nothing when the file can't be read, with `error`, when it is no regular file, which `Facts` tells, and
@@ -30,6 +30,8 @@ public:
     static std::string Cut();
     /// Throws std::runtime_error that says so when there is one.
     static void RequireWhole();
+    /// All of it is read soon: fetched at once, which takes less than page after page.
+    void Fetch() const;
     /// Gives back the memory of a part that was read; reading it again fetches it again.
     void Forget(std::string_view part) const;
 
