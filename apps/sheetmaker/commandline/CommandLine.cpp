@@ -60,7 +60,9 @@ std::string UsageError(const CLI::App& program, const CLI::Error& error)
 
 ParsedCommand ParseCommandLine(const std::vector<std::string>& words, const std::string& versionLine)
 {
-    CommandTable table(versionLine);
+    if (words == std::vector<std::string>{"--version"})
+        return {{}, kExitDone, versionLine + "\n", {}};
+    CommandTable table(versionLine, words.empty() ? "" : words[0]);
     if (std::optional<ParsedCommand> refused = RefuseCommand(words, table.CommandNames()))
         return *refused;
     CLI::App& program = table.Program();

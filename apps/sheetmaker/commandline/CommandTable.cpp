@@ -9,14 +9,20 @@
 
 namespace sm::app {
 
-CommandTable::CommandTable(const std::string& versionLine) : m_program(kProgramSummary, "sheetmaker")
+CommandTable::CommandTable(const std::string& versionLine, std::string_view command)
+    : m_program(kProgramSummary, "sheetmaker")
 {
     m_program.allow_windows_style_options(false); // "/" begins a path on every system
     m_program.footer(kProgramFooter);
     m_program.set_version_flag("--version", versionLine);
     m_program.require_subcommand(1);
     m_program.get_formatter()->column_width(34);
-    AddCommands();
+    if (command != "convert") {
+        AddCommands();
+        return;
+    }
+    AddConvert(m_program, m_jobs.convert);
+    AddDwgConverter("convert");
 }
 
 std::vector<std::string> CommandTable::CommandNames() const
@@ -112,21 +118,19 @@ void CommandTable::AddLog()
 }
 
 /// The same for every command that opens drawings.
-void CommandTable::AddDwgConverter()
+void CommandTable::AddDwgConverter(const char* command)
 {
-    for (const char* name :
-         {"convert", "publish", "layouts", "settings", "page-setup", "stamp", "attach", "sign", "doctor"})
-        m_program.get_subcommand(name)
-            ->add_option("--dwg-converter", m_jobs.dwgConverter,
-                         "Read DWG files through a converter: a command with {in} and {out}, or node, dwg2dxf, oda "
-                         "(default: only those older than R9, by the setting DwgConverter, node or dwg2dxf)")
-            ->type_name("COMMAND")
-            ->check([](const std::string& command) {
-                std::string error = drawing::DwgConverterError(command);
-                if (!error.empty())
-                    error.insert(0, "\"" + command + "\" ");
-                return error;
-            });
+    m_program.get_subcommand(command)
+        ->add_option("--dwg-converter", m_jobs.dwgConverter,
+                     "Read DWG files through a converter: a command with {in} and {out}, or node, dwg2dxf, oda "
+                     "(default: only those older than R9, by the setting DwgConverter, node or dwg2dxf)")
+        ->type_name("COMMAND")
+        ->check([](const std::string& converter) {
+            std::string error = drawing::DwgConverterError(converter);
+            if (!error.empty())
+                error.insert(0, "\"" + converter + "\" ");
+            return error;
+        });
 }
 
 void CommandTable::AddCommands()
@@ -145,7 +149,9 @@ void CommandTable::AddCommands()
     m_program.add_subcommand("doctor", "Say what is installed, what is missing and how to mend it")
         ->footer(kDoctorFooter);
     AddHelp();
-    AddDwgConverter();
+    for (const char* command :
+         {"convert", "publish", "layouts", "settings", "page-setup", "stamp", "attach", "sign", "doctor"})
+        AddDwgConverter(command);
 }
 
 Job CommandTable::ChosenJob() const
