@@ -7,7 +7,7 @@ namespace sm::scene {
 
 DrawnPreview DrawPreview(beside::IPageSource& source, const std::atomic<bool>& stop)
 {
-    DisplayRecorder recorder;
+    DisplayRecorder recorder(false);
     DrawnPreview drawn{nullptr, source.Draw(recorder, stop)};
     if (stop || drawn.page.width <= 0 || drawn.page.height <= 0)
         return drawn;

@@ -92,7 +92,7 @@ void DisplayRecorder::PopClip()
 
 void DisplayRecorder::Snap(const Path& path)
 {
-    if (m_snapping != Snapping::None)
+    if (m_keepsShapes && m_snapping != Snapping::None)
         m_shapes.Add(path, m_snapping == Snapping::Curves, !m_endless, ClipAtHand());
 }
 

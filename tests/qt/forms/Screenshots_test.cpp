@@ -9,7 +9,10 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QImage>
 #include <QLabel>
+#include <QPalette>
+#include <QPixmap>
 #include <QRadioButton>
 #include <QStyleFactory>
 #include <QTabWidget>
@@ -43,6 +46,28 @@ std::pair<int, int> TextRoom(const QWidget& widget)
     return {0, 0};
 }
 
+/// How much of a picture is brighter than a middle grey.
+double BrightShare(const QImage& image)
+{
+    int bright = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            bright += qGray(image.pixel(x, y)) > 127 ? 1 : 0;
+    return static_cast<double>(bright) / std::max(1, image.width() * image.height());
+}
+
+/// White and yellow on black, as those choose it who see little.
+QPalette HighContrast()
+{
+    QPalette palette(Qt::white, Qt::black, Qt::white, Qt::darkGray, Qt::gray, Qt::white, Qt::white, Qt::black,
+                     Qt::black);
+    palette.setColor(QPalette::Highlight, Qt::yellow);
+    palette.setColor(QPalette::HighlightedText, Qt::black);
+    palette.setColor(QPalette::ToolTipBase, Qt::black);
+    palette.setColor(QPalette::ToolTipText, Qt::white);
+    return palette;
+}
+
 /// Neither cut off by its parent nor too small for what is written on it.
 void ExpectReadable(const QWidget& window, const FormControl& control)
 {
@@ -69,7 +94,16 @@ protected:
         BeginCall();
         TheScreen();
     }
-    ~Screenshots() override { QApplication::setFont(m_font); }
+    ~Screenshots() override
+    {
+        QApplication::setFont(m_font);
+        QApplication::setPalette(m_palette);
+    }
+    void Darken()
+    {
+        m_isDark = true;
+        QApplication::setPalette(HighContrast());
+    }
     void Double()
     {
         QFont font = m_font;
@@ -80,7 +114,13 @@ protected:
     {
         const auto file =
             QStringLiteral(SM_SCREENS "/") + QString::fromStdString(name + ".png").remove(QLatin1Char(' '));
-        EXPECT_TRUE(QtUser::Window()->grab().save(file));
+        const QPixmap picture = QtUser::Window()->grab();
+        EXPECT_TRUE(picture.save(file));
+        if (m_isDark) {
+            const double bright = BrightShare(picture.toImage());
+            EXPECT_LT(bright, 0.3) << name << ": something keeps its own light ground";
+            EXPECT_GT(bright, 0.002) << name << ": nothing can be read";
+        }
     }
     static void ExpectAllReadable(const Form& form)
     {
@@ -129,6 +169,8 @@ protected:
 
 private:
     QFont m_font = (TheScreen(), QApplication::font());
+    QPalette m_palette = QApplication::palette();
+    bool m_isDark = false;
 };
 
 TEST_F(Screenshots, NothingIsCutOffAtTheNormalFont)
@@ -141,6 +183,13 @@ TEST_F(Screenshots, NothingIsCutOffAtADoubledFont)
 {
     Double();
     LookAtAll("2x");
+    (void)Log();
+}
+
+TEST_F(Screenshots, FollowTheColoursOfHighContrast)
+{
+    Darken();
+    LookAtAll("contrast");
     (void)Log();
 }
 

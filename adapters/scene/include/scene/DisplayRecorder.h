@@ -12,6 +12,8 @@ namespace sm::scene {
 
 class DisplayRecorder final : public render::ICanvas {
 public:
+    /// Without shapes nothing is kept to snap to.
+    explicit DisplayRecorder(bool keepsShapes = true) : m_keepsShapes(keepsShapes) {}
     void BeginEntity(const render::EntityMark& mark) override;
     void EndEntity() override;
     void PushClip(const Path& path, render::FillRule rule) override;
@@ -42,6 +44,7 @@ private:
     std::vector<std::uint32_t> m_open; ///< clips in force
     Snapping m_snapping = Snapping::None;
     bool m_endless = false;
+    bool m_keepsShapes;
     bool m_hasCourse = false; ///< the next stroke's shapes are known already
     struct FaceGlyph {
         const render::FontFace* face = nullptr;
