@@ -38,12 +38,12 @@ def qt_folders():
 
 
 def is_windows(name):
-    return name.startswith("adapters/windows/") or "/windows/" in name
+    return name.startswith(("adapters/windows/", "adapters/win32/")) or "/windows/" in name
 
 
 def compile_alone(source, name):
     folders = ["-Isrc", "-Itests", *sorted("-I" + folder for folder in glob.glob("adapters/*/include", root_dir=source)),
-               "-I" + room_of(name), *(["-Iadapters"] if name.startswith("adapters/windows/") else [])]
+               "-I" + room_of(name), *(["-Iadapters"] if name.startswith(("adapters/windows/", "adapters/win32/")) else [])]
     if is_windows(name):
         command = [WINDOWS_COMPILER, "-DUNICODE", "-DNOMINMAX", *folders]
     else:

@@ -10,7 +10,8 @@ import re
 from sources import INCLUDE, STANDARD, files, read
 
 # Rooms that may include the system's headers and call its functions.
-KNOW_THE_SYSTEM = ("adapters/base/", "adapters/system/", "adapters/store/", "adapters/qt/", "adapters/windows/")
+KNOW_THE_SYSTEM = ("adapters/base/", "adapters/system/", "adapters/store/", "adapters/qt/", "adapters/windows/",
+                   "adapters/win32/")
 # The processes of the workers are forks of this one on one system, and programs of their own on the other.
 WORKERS = ("apps/sheetmaker/workers/posix/", "apps/sheetmaker/workers/windows/")
 # The windows of Windows hang together by its handles.

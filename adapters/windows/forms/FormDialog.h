@@ -2,6 +2,8 @@
 // The window of one form: a dialog that does nothing by itself, but passes on what its user and the system want.
 #pragma once
 
+#include "windows/forms/FormWatcher.h"
+
 #include <functional>
 #include <optional>
 #include <vector>
@@ -14,6 +16,7 @@ namespace sm::windows {
 struct ShownForms {
     std::function<HWND()> owner; ///< what the first of them is modal over; null for none
     std::vector<HWND> up;
+    IFormWatcher* watcher = nullptr; ///< null for none
 };
 
 /// A dialog box without controls, hidden. Throws HostError when it can't be made.

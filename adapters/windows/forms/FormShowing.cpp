@@ -74,8 +74,12 @@ bool Win32FormView::ShowModal()
         ModalShowing showing(m_shown, m_dialog);
         m_showing = &showing;
         Appear();
+        if (m_shown.watcher != nullptr)
+            m_shown.watcher->Appeared(m_dialog.Window(), m_form);
         Run();
     });
+    if (m_shown.watcher != nullptr)
+        m_shown.watcher->Left(m_form);
     m_showing = nullptr;
     m_isHidden = true;
     return wasShown;
@@ -109,7 +113,7 @@ void Win32FormView::Dispatch(const MSG& message)
 {
     bool isUsed = false;
     Guarded([&] { isUsed = m_keyboard.Take(message, m_dialog.Window()); });
-    if (isUsed)
+    if (isUsed || (m_shown.watcher != nullptr && m_shown.watcher->Take(message)))
         return;
     TranslateMessage(&message);
     DispatchMessageW(&message);
@@ -121,6 +125,8 @@ void Win32FormView::Hide()
         return;
     m_isHidden = true;
     m_lastFocused = ControlOf(GetFocus());
+    if (m_shown.watcher != nullptr)
+        m_shown.watcher->Left(m_form);
     if (m_showing->IsInFront())
         m_showing->End();
     else

@@ -147,6 +147,8 @@ void Win32FormView::ControlChanged(std::size_t control)
         const FormReporter::Silence silence(m_reporter);
         ShowControl(control);
     });
+    if (m_shown.watcher != nullptr)
+        m_shown.watcher->Changed(m_form);
 }
 
 std::size_t Win32FormView::ControlOf(HWND window) const

@@ -20,7 +20,11 @@ bool HasScreen()
 
 class Win32Toolkit final : public IFormToolkit {
 public:
-    explicit Win32Toolkit(std::function<HWND()> owner) { m_shown.owner = std::move(owner); }
+    Win32Toolkit(std::function<HWND()> owner, IFormWatcher* watcher)
+    {
+        m_shown.owner = std::move(owner);
+        m_shown.watcher = watcher;
+    }
     std::unique_ptr<IFormView> MakeView(IForm& form) override
     {
         std::unique_ptr<IFormView> view;
@@ -38,9 +42,9 @@ private:
 
 } // namespace
 
-std::unique_ptr<IFormToolkit> CreateWin32Toolkit(std::function<HWND()> owner)
+std::unique_ptr<IFormToolkit> CreateWin32Toolkit(std::function<HWND()> owner, IFormWatcher* watcher)
 {
-    return std::make_unique<Win32Toolkit>(std::move(owner));
+    return std::make_unique<Win32Toolkit>(std::move(owner), watcher);
 }
 
 } // namespace sm::windows

@@ -2,7 +2,7 @@
 // The forms' toolkit on the common controls of Windows.
 #pragma once
 
-#include "ports/IFormToolkit.h"
+#include "windows/forms/FormWatcher.h"
 
 #include <functional>
 #include <memory>
@@ -12,8 +12,9 @@
 namespace sm::windows {
 
 /// One renderer for any form. `owner` is asked at each showing for the window over which forms are modal, of whatever
-/// process; null for none. Forms are made, shown and used on one thread. The module that the renderer is linked into
-/// carries Forms.rc, without which the controls are drawn in the oldest style.
-std::unique_ptr<IFormToolkit> CreateWin32Toolkit(std::function<HWND()> owner);
+/// process; null for none. `watcher` outlives the toolkit; null for none. Forms are made, shown and used on one thread.
+/// The module that the renderer is linked into carries Forms.rc, without which the controls are drawn in the oldest
+/// style.
+std::unique_ptr<IFormToolkit> CreateWin32Toolkit(std::function<HWND()> owner, IFormWatcher* watcher = nullptr);
 
 } // namespace sm::windows

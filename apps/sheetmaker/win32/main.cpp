@@ -2,10 +2,15 @@
 // The program with the windows, for Windows: "settings" and "page-setup" on a screen. The command line's own program,
 // which starts it for those commands, loads nothing that only windows need.
 #include "Dispatch.h"
+#include "base/files/Paths.h"
 #include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
 #include "commands/PageSetupCommand.h"
 #include "commands/SettingsCommand.h"
+#include "machine/DwgSetup.h"
+#include "screen/StoredMemory.h"
+#include "win32/Company.h"
+#include "win32/DrawingWindow.h"
 #include "windows/forms/Win32Toolkit.h"
 #include "windows/system/WindowsSystem.h"
 
@@ -17,23 +22,6 @@
 
 namespace sm::app {
 namespace {
-
-/// There is no window of the drawing yet: places are typed in.
-class NoPicker final : public cadhost::IPointPicker {
-public:
-    std::optional<drawing::Vec2> PickPoint(const drawing::Drawing&, std::size_t&, const std::string&) override
-    {
-        throw std::runtime_error(kReason);
-    }
-    std::optional<drawing::Vec2> PickCorner(const drawing::Drawing&, std::size_t, drawing::Vec2,
-                                            const std::string&) override
-    {
-        throw std::runtime_error(kReason);
-    }
-
-private:
-    static constexpr const char* kReason = "the drawing can't be shown to pick a place in it; type the coordinates";
-};
 
 /// The thread's COM, which the system's dialogs stand on.
 class Com {
@@ -54,10 +42,16 @@ private:
 int ShowOnScreen(const Job& job, const Install& install)
 {
     const Com com;
-    const auto desktop = windows::CreateWindowsDesktop(::GetActiveWindow);
-    const auto toolkit = windows::CreateWin32Toolkit(::GetActiveWindow);
-    NoPicker picker;
-    const ScreenParts parts{*desktop, *toolkit, picker, base::IsTerminal(base::Stream::Errors)};
+    const auto memory =
+        CreateWindowMemory(OpenSettings(install, [](const std::string&) {})); // the run complains itself
+    const auto desktop = windows::CreateWindowsDesktop(win32::ActiveOwner);
+    const auto company = win32::CreateCompany(*desktop);
+    const auto toolkit = windows::CreateWin32Toolkit(win32::ActiveOwner, company.get());
+    const auto picker =
+        win32::CreateDrawingWindow({ReferenceOptionsOf(install), base::ToText(install.places.shareFolder),
+                                    [&company] { return company->Listed(); }, memory.get()});
+    const ScreenParts parts{*desktop,      *toolkit,    *picker, base::IsTerminal(base::Stream::Errors),
+                            company.get(), memory.get()};
     if (const auto* const settings = std::get_if<SettingsJob>(&job))
         return RunSettings(*settings, install, parts, std::cout, std::cerr);
     return RunPageSetup(std::get<PageSetupJob>(job), install, parts, std::cout, std::cerr);

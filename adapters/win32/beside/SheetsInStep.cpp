@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How the list of sheets and its preview keep in step with the form, and what the user does in them.
+#include "beside/SheetsWindow.h"
+#include "windows/automation/WideText.h"
+
+#include <cmath>
+#include <utility>
+
+#include <commctrl.h>
+
+namespace sm::win32 {
+namespace {
+
+std::string TextIn(HWND window)
+{
+    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+    return windows::Utf8(text);
+}
+
+void SetTextIn(HWND window, const std::string& text)
+{
+    if (TextIn(window) != text)
+        SetWindowTextW(window, windows::Wide(text).c_str());
+}
+
+} // namespace
+
+// Several changes come one after the other; they are looked at once.
+void SheetsWindow::FormChanged()
+{
+    if (std::exchange(m_isDue, true))
+        return;
+    PostWork([this] { Renew(); });
+}
+
+void SheetsWindow::Renew()
+{
+    m_isDue = false;
+    if (m_drawer != nullptr && IsWindowVisible(Handle()) != FALSE)
+        m_drawer->Renew();
+    beside::SheetsNow now = m_sheets.Now(m_form.Controls());
+    if (now == m_now)
+        return;
+    m_now = std::move(now);
+    SetTextIn(Get(kHeadline), m_now.headline);
+    ShowRows();
+    EnableWindow(Get(kWords), m_now.ticksCount ? TRUE : FALSE);
+    EnableWindow(Get(kAll), m_now.ticksCount ? TRUE : FALSE);
+}
+
+void SheetsWindow::ShowRows()
+{
+    m_isFilling = true;
+    const HWND list = Get(kList);
+    int chosen = ListView_GetNextItem(list, -1, LVNI_SELECTED);
+    ListView_DeleteAllItems(list);
+    for (std::size_t i = 0; i < m_now.rows.size(); ++i) {
+        const beside::SheetRow& row = m_now.rows[i];
+        std::wstring text = windows::Wide(row.name) + (row.isCurrent ? L"  (current tab)" : L"");
+        LVITEMW item = {};
+        item.mask = LVIF_TEXT;
+        item.iItem = static_cast<int>(i);
+        item.pszText = text.data();
+        SendMessageW(list, LVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        const bool hasBox = m_now.ticksCount && !row.isModel;
+        const UINT box = hasBox ? INDEXTOSTATEIMAGEMASK(row.isTicked ? 2U : 1U) : 0;
+        ListView_SetItemState(list, item.iItem, box, LVIS_STATEIMAGEMASK);
+        if (chosen < 0 && row.isCurrent)
+            chosen = item.iItem;
+    }
+    if (chosen >= 0)
+        ListView_SetItemState(list, chosen, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    m_isFilling = false;
+}
+
+void SheetsWindow::TakeTick(int row)
+{
+    const auto at = static_cast<std::size_t>(row);
+    if (row < 0 || at >= m_now.rows.size() || !m_now.ticksCount || m_now.rows[at].isModel || !IsFormFree()) {
+        m_now = {}; // shown as it is
+        return FormChanged();
+    }
+    m_now.rows[at].isTicked = ListView_GetCheckState(Get(kList), row) != 0;
+    Tell(m_sheets.Tick(m_now.rows[at].name, m_now.rows[at].isTicked));
+}
+
+void SheetsWindow::TakeWords()
+{
+    if (!IsFormFree())
+        return;
+    const std::string reason = m_sheets.TickMeant(TextIn(Get(kWords)));
+    if (reason.empty())
+        SetTextIn(Get(kWords), {});
+    else
+        SendMessageW(Get(kWords), EM_SETSEL, 0, -1);
+    Tell(reason);
+}
+
+void SheetsWindow::MakeCurrent()
+{
+    const int row = ListView_GetNextItem(Get(kList), -1, LVNI_SELECTED);
+    if (row < 0 || static_cast<std::size_t>(row) >= m_now.rows.size() || !IsFormFree())
+        return;
+    m_sheets.MakeCurrent(m_now.rows[static_cast<std::size_t>(row)].name);
+    Tell({});
+}
+
+void SheetsWindow::Tell(const std::string& reason)
+{
+    SetTextIn(Get(kReason), reason);
+    if (!reason.empty())
+        MessageBeep(MB_OK);
+    FormChanged();
+}
+
+void SheetsWindow::ShowPage(scene::DrawnPreview drawn)
+{
+    const double size = drawn.page.width * drawn.page.height;
+    const auto view = drawn.picture != nullptr && m_size == size ? m_page->OwnMap() : std::nullopt;
+    m_size = size;
+    m_shown = std::move(drawn);
+    SetTextIn(Get(kTrouble), m_shown.page.trouble);
+    SetTextIn(m_page->Handle(), m_shown.picture == nullptr
+                                    ? "Preview: no page"
+                                    : "Preview: a page of " + std::to_string(std::lround(m_shown.page.width)) + " x " +
+                                          std::to_string(std::lround(m_shown.page.height)) + " mm");
+    m_page->SetPicture(m_shown.picture);
+    if (view)
+        m_page->SetMap(*view); // the user looks at a part of it
+}
+
+bool SheetsWindow::IsSettled() const
+{
+    const bool isDrawn = m_page == nullptr || m_shown.picture == nullptr || m_page->IsPainted();
+    return !m_isDue && (m_drawer == nullptr || !m_drawer->IsBusy()) && isDrawn;
+}
+
+} // namespace sm::win32

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The window with the list of sheets beside a form, and the page that would come out.
+#pragma once
+
+#include "beside/SheetList.h"
+#include "beside/WindowMemory.h"
+#include "ports/IFormToolkit.h"
+#include "scene/PreviewDrawer.h"
+#include "view/DrawingView.h"
+
+#include <memory>
+
+namespace sm::win32 {
+
+class SheetsWindow final : public OwnWindow {
+public:
+    static constexpr const wchar_t* kClass = L"SheetmakerSheets";
+    enum Control : int { kHeadline = 201, kList, kTick, kWords, kReason, kCurrent, kAll, kTrouble };
+
+    /// Belongs to the form's window `owner` and stays in front of it. All outlive the window. Throws
+    /// std::runtime_error when it can't be made.
+    SheetsWindow(beside::ISheetList& sheets, const IForm& form, HWND owner);
+    ~SheetsWindow() override;
+
+    /// At the right of its owner, which gives way to the left as far as it may. On a screen without room for both it
+    /// stays away.
+    void Appear();
+    /// Something in the form has changed; what follows from it is shown soon.
+    void FormChanged();
+    [[nodiscard]] bool Take(const MSG& message) const;
+    /// No page is being drawn, and the view shows the last one whole.
+    [[nodiscard]] bool IsSettled() const;
+    [[nodiscard]] const scene::DrawnPreview& Shown() const { return m_shown; }
+
+private:
+    LRESULT OnMessage(UINT message, WPARAM wide, LPARAM extra) override;
+    HWND Add(const wchar_t* kind, const wchar_t* text, DWORD style, Control control, DWORD more = 0) const;
+    [[nodiscard]] HWND Get(Control control) const { return GetDlgItem(Handle(), control); }
+    void MakeControls();
+    void MakeList() const;
+    void MakePage();
+    void OnCommand(int control, int code);
+    void OnList(const NMHDR& notice);
+    bool FindPlace();
+    void LayOut();
+    void Renew();
+    void ShowRows();
+    void ShowPage(scene::DrawnPreview drawn);
+    void TakeTick(int row);
+    void TakeWords();
+    void MakeCurrent();
+    void Tell(const std::string& reason);
+    [[nodiscard]] bool IsFormFree() const;
+
+    beside::ISheetList& m_sheets;
+    const IForm& m_form;
+    HWND m_owner;
+    HFONT m_font;
+    beside::SheetsNow m_now;
+    bool m_isFilling = false, m_isDue = false;
+    std::unique_ptr<DrawingView> m_page; ///< null: the list brings no preview
+    scene::DrawnPreview m_shown;
+    double m_size = 0; ///< of the page shown last, square millimetres
+    std::unique_ptr<scene::PreviewDrawer> m_drawer;
+};
+
+} // namespace sm::win32
