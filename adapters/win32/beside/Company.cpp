@@ -20,6 +20,7 @@ public:
     void StandBeside(beside::ISheetList* sheets) override
     {
         m_sheets.reset();
+        m_page.reset();
         m_listed = sheets;
     }
     [[nodiscard]] beside::ISheetList* Listed() const override { return m_listed; }
@@ -30,7 +31,9 @@ public:
             return;
         try {
             m_form = &form;
-            m_sheets = std::make_unique<SheetsWindow>(*m_listed, form, window);
+            if (m_page == nullptr && m_listed->Page() != nullptr)
+                m_page = std::make_unique<PageKeeper>(*m_listed->Page());
+            m_sheets = std::make_unique<SheetsWindow>(*m_listed, form, window, m_page.get());
             m_sheets->Appear();
         } catch (const std::exception&) { // the form goes on alone
             m_sheets.reset();
@@ -76,7 +79,8 @@ public:
 private:
     IDesktop& m_desktop;
     beside::ISheetList* m_listed = nullptr;
-    const IForm* m_form = nullptr; ///< that the window stands beside
+    const IForm* m_form = nullptr;      ///< that the window stands beside
+    std::unique_ptr<PageKeeper> m_page; ///< of the list; null: it brings none, or no form was up
     std::unique_ptr<SheetsWindow> m_sheets;
     std::unique_ptr<ProgressWindow> m_progress;
 };

@@ -37,8 +37,8 @@ void SheetsWindow::FormChanged()
 void SheetsWindow::Renew()
 {
     m_isDue = false;
-    if (m_drawer != nullptr && IsWindowVisible(Handle()) != FALSE)
-        m_drawer->Renew();
+    if (m_keeper != nullptr && IsWindowVisible(Handle()) != FALSE)
+        m_keeper->Renew();
     beside::SheetsNow now = m_sheets.Now(m_form.Controls());
     if (now == m_now)
         return;
@@ -114,26 +114,26 @@ void SheetsWindow::Tell(const std::string& reason)
     FormChanged();
 }
 
-void SheetsWindow::ShowPage(scene::DrawnPreview drawn)
+void SheetsWindow::ShowPage()
 {
+    const scene::DrawnPreview& drawn = m_keeper->Page();
     const double size = drawn.page.width * drawn.page.height;
     const auto view = drawn.picture != nullptr && m_size == size ? m_page->OwnMap() : std::nullopt;
     m_size = size;
-    m_shown = std::move(drawn);
-    SetTextIn(Get(kTrouble), m_shown.page.trouble);
-    SetTextIn(m_page->Handle(), m_shown.picture == nullptr
+    SetTextIn(Get(kTrouble), drawn.page.trouble);
+    SetTextIn(m_page->Handle(), drawn.picture == nullptr
                                     ? "Preview: no page"
-                                    : "Preview: a page of " + std::to_string(std::lround(m_shown.page.width)) + " x " +
-                                          std::to_string(std::lround(m_shown.page.height)) + " mm");
-    m_page->SetPicture(m_shown.picture);
+                                    : "Preview: a page of " + std::to_string(std::lround(drawn.page.width)) + " x " +
+                                          std::to_string(std::lround(drawn.page.height)) + " mm");
+    m_page->SetPicture(drawn.picture);
     if (view)
         m_page->SetMap(*view); // the user looks at a part of it
 }
 
 bool SheetsWindow::IsSettled() const
 {
-    const bool isDrawn = m_page == nullptr || m_shown.picture == nullptr || m_page->IsPainted();
-    return !m_isDue && (m_drawer == nullptr || !m_drawer->IsBusy()) && isDrawn;
+    const bool isDrawn = m_keeper == nullptr || m_keeper->Page().picture == nullptr || m_page->IsPainted();
+    return !m_isDue && (m_keeper == nullptr || !m_keeper->IsBusy()) && isDrawn;
 }
 
 } // namespace sm::win32

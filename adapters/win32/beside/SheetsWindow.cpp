@@ -45,9 +45,9 @@ RECT WorkAreaOf(HWND window)
 
 } // namespace
 
-SheetsWindow::SheetsWindow(beside::ISheetList& sheets, const IForm& form, HWND owner)
+SheetsWindow::SheetsWindow(beside::ISheetList& sheets, const IForm& form, HWND owner, PageKeeper* page)
     : m_sheets(sheets), m_form(form), m_owner(owner),
-      m_font(reinterpret_cast<HFONT>(SendMessageW(GetWindow(owner, GW_CHILD), WM_GETFONT, 0, 0)))
+      m_font(reinterpret_cast<HFONT>(SendMessageW(GetWindow(owner, GW_CHILD), WM_GETFONT, 0, 0))), m_keeper(page)
 {
     const windows::VisualStyles styles;
     Make({kClass, L"Sheets", WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN,
@@ -58,7 +58,8 @@ SheetsWindow::SheetsWindow(beside::ISheetList& sheets, const IForm& form, HWND o
 
 SheetsWindow::~SheetsWindow()
 {
-    m_drawer.reset();
+    if (m_keeper != nullptr)
+        m_keeper->onPage = nullptr;
     m_page.reset();
     Unmake();
 }
@@ -99,18 +100,15 @@ void SheetsWindow::MakeList() const
 
 void SheetsWindow::MakePage()
 {
-    beside::IPageSource* const source = m_sheets.Page();
-    if (source == nullptr)
+    if (m_keeper == nullptr)
         return;
     m_page = std::make_unique<DrawingView>(Handle(), L"Preview");
     m_page->SetFont(m_font);
     m_page->paintOver = [this](const OverlayCanvas& canvas) {
-        if (m_shown.picture != nullptr)
-            PaintPageMarks(canvas, m_shown.page.marks, m_page->Map());
+        if (m_keeper->Page().picture != nullptr)
+            PaintPageMarks(canvas, m_keeper->Page().page.marks, m_page->Map());
     };
-    m_drawer = std::make_unique<scene::PreviewDrawer>(
-        *source, [this](std::function<void()> work) { PostWork(std::move(work)); },
-        [this](scene::DrawnPreview drawn) { ShowPage(std::move(drawn)); });
+    m_keeper->onPage = [this] { ShowPage(); };
 }
 
 LRESULT SheetsWindow::OnMessage(UINT message, WPARAM wide, LPARAM extra)
@@ -205,8 +203,8 @@ void SheetsWindow::Appear()
         return;
     LayOut();
     ShowWindow(Handle(), SW_SHOWNOACTIVATE);
-    if (m_page != nullptr)
-        m_page->Appear();
+    if (m_keeper != nullptr && m_keeper->HasPage())
+        ShowPage(); // of the showing before
     FormChanged();
 }
 

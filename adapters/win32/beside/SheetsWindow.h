@@ -2,10 +2,10 @@
 // The window with the list of sheets beside a form, and the page that would come out.
 #pragma once
 
+#include "beside/PageKeeper.h"
 #include "beside/SheetList.h"
 #include "beside/WindowMemory.h"
 #include "ports/IFormToolkit.h"
-#include "scene/PreviewDrawer.h"
 #include "view/DrawingView.h"
 
 #include <memory>
@@ -17,9 +17,9 @@ public:
     static constexpr const wchar_t* kClass = L"SheetmakerSheets";
     enum Control : int { kHeadline = 201, kList, kTick, kWords, kReason, kCurrent, kAll, kTrouble };
 
-    /// Belongs to the form's window `owner` and stays in front of it. All outlive the window. Throws
-    /// std::runtime_error when it can't be made.
-    SheetsWindow(beside::ISheetList& sheets, const IForm& form, HWND owner);
+    /// Belongs to the form's window `owner` and stays in front of it. All outlive the window; null for a page: there is
+    /// no preview. Throws std::runtime_error when it can't be made.
+    SheetsWindow(beside::ISheetList& sheets, const IForm& form, HWND owner, PageKeeper* page);
     ~SheetsWindow() override;
 
     /// At the right of its owner, which gives way to the left as far as it may. On a screen without room for both it
@@ -30,7 +30,6 @@ public:
     [[nodiscard]] bool Take(const MSG& message) const;
     /// No page is being drawn, and the view shows the last one whole.
     [[nodiscard]] bool IsSettled() const;
-    [[nodiscard]] const scene::DrawnPreview& Shown() const { return m_shown; }
 
 private:
     LRESULT OnMessage(UINT message, WPARAM wide, LPARAM extra) override;
@@ -45,7 +44,7 @@ private:
     void LayOut();
     void Renew();
     void ShowRows();
-    void ShowPage(scene::DrawnPreview drawn);
+    void ShowPage();
     void TakeTick(int row);
     void TakeWords();
     void MakeCurrent();
@@ -58,10 +57,9 @@ private:
     HFONT m_font;
     beside::SheetsNow m_now;
     bool m_isFilling = false, m_isDue = false;
-    std::unique_ptr<DrawingView> m_page; ///< null: the list brings no preview
-    scene::DrawnPreview m_shown;
-    double m_size = 0; ///< of the page shown last, square millimetres
-    std::unique_ptr<scene::PreviewDrawer> m_drawer;
+    PageKeeper* m_keeper;
+    std::unique_ptr<DrawingView> m_page; ///< null: there is no preview
+    double m_size = 0;                   ///< of the page shown last, square millimetres
 };
 
 } // namespace sm::win32

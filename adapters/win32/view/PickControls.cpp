@@ -50,9 +50,9 @@ PickControls::PickControls(HWND window) : m_window(window)
     Add(L"BUTTON", L"&Dark", toggle, kDark);
     Add(L"BUTTON", L"&Keys", toggle, kKeys);
     Add(WC_TABCONTROLW, L"Layouts", WS_TABSTOP | TCS_FOCUSNEVER | TCS_TOOLTIPS, kTabs);
-    Add(L"STATIC", L"", SS_LEFT | SS_NOPREFIX, kPrompt);
+    Add(L"STATIC", L"", SS_LEFTNOWORDWRAP | SS_NOPREFIX, kPrompt);
     Add(L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, kEntry, WS_EX_CLIENTEDGE);
-    Add(L"STATIC", L"", SS_LEFT | SS_NOPREFIX, kPlace);
+    Add(L"STATIC", L"", SS_LEFTNOWORDWRAP | SS_NOPREFIX, kPlace);
     Add(L"STATIC", L"", SS_RIGHT | SS_NOPREFIX, kHint);
     Add(L"STATIC", KeysText().c_str(), SS_LEFT | SS_NOPREFIX | WS_BORDER, kKeysText);
     ShowWindow(Get(kKeysText), SW_HIDE);

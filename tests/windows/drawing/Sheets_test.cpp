@@ -180,6 +180,16 @@ TEST_F(SheetsBeside, DrawThePageAnewWhenTheFormChanges)
     });
 }
 
+TEST_F(SheetsBeside, KeepThePageWhileTheFormIsAway)
+{
+    form.Show([&] { Settle(); });
+    form.Show([&] {
+        Settle();
+        EXPECT_EQ(MiddleOfPage(), RGB(0xFF, 0, 0)) << "nothing has changed, and nothing is drawn anew";
+    });
+    EXPECT_EQ(sheets.page.drawn, 1);
+}
+
 TEST_F(SheetsBeside, StayAwayFromOtherForms)
 {
     form.controls.front().name = "frmOther";
