@@ -25,9 +25,9 @@ protected:
     void mouseMoveEvent(QMouseEvent*) override
     {
         auto* const drag = new QDrag(this);
-        auto* const data = new QMimeData;
-        data->setUrls(m_urls);
-        drag->setMimeData(data);
+        auto* const dragged = new QMimeData;
+        dragged->setUrls(m_urls);
+        drag->setMimeData(dragged);
         drag->exec(Qt::CopyAction);
     }
 
