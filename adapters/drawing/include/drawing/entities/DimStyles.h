@@ -35,7 +35,7 @@ struct DimStyle {
     double toleranceFactor = 1;       ///< DIMTFAC
     double fixedExtension = 1;        ///< DIMFXL, with `extensionsFixed`
     std::int32_t extensionsFixed = 0; ///< DIMFXLON
-    std::int32_t lineBetween = 0; ///< DIMTOFL: a line between what is measured also where the arrows stand outside
+    std::int32_t lineBetween = 0;     ///< DIMTOFL: a line between what is measured also where the arrows stand outside
     std::int32_t decimals = 4, toleranceDecimals = 4, angleDecimals = 0; ///< DIMDEC, DIMTDEC, DIMADEC
     std::int32_t lengthUnit =
         2; ///< DIMLUNIT: 1 scientific, 2 decimal, 3 engineering, 4 architectural, 5 fractional, 6 system
