@@ -84,6 +84,20 @@ class Frames:
         self.desk.picture("frames-" + name)
 
 
+def sheets_beside(frames):
+    """The list lies beside the form where there is room for both, and stays away elsewhere."""
+    time.sleep(0.5)  # it finds its place once the form has its frame
+    form, _ = frames.box(frames.find(TITLE))
+    for window in frames.stack():
+        if frames.name(window) == "Sheets":
+            box, _ = frames.box(window)
+            beside = form[2] <= box[0] and box[2] <= frames.width and 0 <= box[1] and box[3] <= frames.height
+            frames.desk.check(f"{frames.screen.dpi} dpi: the list of sheets lies beside the form", beside or (form, box), True)
+            return
+    room = frames.width - (form[2] - form[0])
+    frames.desk.check(f"{frames.screen.dpi} dpi: the list of sheets has no room", room < 500 * frames.screen.scale, True)
+
+
 def lies_in(box, frame):
     left, top, width, height = box
     return width > 0 and left >= frame[0] and top >= frame[1] and left + width <= frame[2] and top + height <= frame[3]
@@ -93,6 +107,7 @@ def show_form(frames):
     desk, screen = frames.desk, frames.screen
     process = desk.start("settings", desk.drawing, "--layout", LAYOUT)
     dialog = screen.window(TITLE, "dialog")
+    sheets_beside(frames)
     for name in TABS:
         turn_to(frames, dialog, name)
         frames.keep(TITLE, name.lower().replace(" ", "-"), BUTTONS)
