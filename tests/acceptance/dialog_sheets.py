@@ -47,6 +47,7 @@ def turn_tab(desk):
     dialog = screen.window(TITLE, "dialog")
     desk.check("a turned tab: the form has its layout", combo(dialog, "Step 3: Stamp Position").name, "A-102 Upper Floor")
     headline(screen, "\"Current Tab\" is \"A-102 Upper Floor\".")
+    page_is(screen, "A page of 420 x 297 mm with 1 mark")
     desk.picture("sheets-beside")
     dialog.find("push button", "Create PDF").click()
     lines = close_end(screen)

@@ -38,8 +38,9 @@ PagePane::~PagePane()
 
 void PagePane::Renew()
 {
-    if (!m_source.Renew())
+    if (!m_source.Renew() && !m_isDue)
         return;
+    m_isDue = false;
     m_again = IsBusy();
     if (m_again)
         m_stop = true;
@@ -63,6 +64,8 @@ void PagePane::Take(DrawnPreview drawn)
     m_thread.join();
     if (m_again)
         return Begin();
+    if (m_isDue)
+        return; // hidden meanwhile
     m_shown = std::move(drawn);
     m_view->setAccessibleDescription(m_shown.picture == nullptr ? QStringLiteral("No page")
                                                                 : QStringLiteral("A page of %1 x %2 mm with %3 mark%4")
@@ -73,12 +76,23 @@ void PagePane::Take(DrawnPreview drawn)
     m_trouble->setText(ToQt(m_shown.page.trouble));
     m_trouble->setVisible(!m_shown.page.trouble.empty());
     const auto view = m_shown.picture != nullptr && m_size == m_shown.page.width * m_shown.page.height
-                          ? m_view->OwnMap()
+                          ? (m_left ? std::exchange(m_left, std::nullopt) : m_view->OwnMap())
                           : std::nullopt;
     m_size = m_shown.page.width * m_shown.page.height;
     m_view->SetPicture(m_shown.picture);
     if (view)
         m_view->SetMap(*view); // the user looks at a part of it
+}
+
+/// While a point is picked, the drawing's window needs the memory.
+void PagePane::hideEvent(QHideEvent*)
+{
+    m_stop = true;
+    m_again = false;
+    m_isDue = true;
+    m_left = m_view->OwnMap();
+    m_shown = {};
+    m_view->SetPicture(nullptr);
 }
 
 void PagePane::Stop()

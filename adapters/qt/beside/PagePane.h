@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 #include <thread>
 
 class QLabel;
@@ -31,6 +32,9 @@ public:
     [[nodiscard]] bool IsBusy() const { return m_thread.joinable(); }
     [[nodiscard]] const DrawnPreview& Shown() const { return m_shown; }
 
+protected:
+    void hideEvent(QHideEvent* event) override;
+
 private:
     void Begin();
     void Take(DrawnPreview drawn);
@@ -43,7 +47,9 @@ private:
     double m_size = 0; ///< of the page shown last, square millimetres
     std::thread m_thread;
     std::atomic<bool> m_stop = false;
-    bool m_again = false; ///< another page is wanted than the one that is drawn
+    std::optional<ViewMap> m_left; ///< the part that the user looked at when the pane was hidden
+    bool m_isDue = false;          ///< nothing is kept of the page that was shown
+    bool m_again = false;          ///< another page is wanted than the one that is drawn
 };
 
 } // namespace sm::qt
