@@ -48,6 +48,8 @@ private:
             m_place.sectionEnd = m_tags.Begin();
         if (name == "TABLE" || name == "ENDTAB")
             m_inTable = false;
+        if (name == "ENDSEC" || m_section == "HEADER") // a header holds no records: one ends it, also without ENDSEC
+            m_section = {};
         m_record = name;
     }
 
