@@ -37,8 +37,11 @@ std::wstring BoxText(const std::string& name)
 
 } // namespace
 
-DialogStart StartOf(const std::string& defaultName)
+// The embedded program has "/" in its paths, which the system's dialogs refuse.
+DialogStart StartOf(const std::string& anyName)
 {
+    std::string defaultName = anyName;
+    std::replace(defaultName.begin(), defaultName.end(), '/', '\\');
     const std::size_t slash = defaultName.rfind('\\');
     if (slash == std::string::npos)
         return {{}, defaultName};

@@ -86,6 +86,7 @@ TEST(CommonDialogs, StartWhereTheDefaultNameSays)
         {"\\*.*", "\\", ""},
         {"\\\\server\\share\\Plan.pdf", "\\\\server\\share", "Plan.pdf"},
         {"C:\\Jobs\\", "C:\\Jobs", ""},
+        {"Z:/plans/house.pdf", "Z:\\plans", "house.pdf"},
     };
     for (const StartRow& row : rows)
         EXPECT_EQ(StartOf(row.given), (DialogStart{row.folder, row.name})) << row.given;
