@@ -43,26 +43,26 @@ def main():
     parser.add_argument("drawings", nargs="+")
     arguments = parser.parse_args()
     scratch = tempfile.mkdtemp()
-    layouts = differing = 0
+    layouts = differing = inked = 0
     try:
         painters = {"linux": linux_program(arguments.linux, scratch),
                     "windows": windows_program(arguments.windows, arguments.folder)}
         for number, drawing in enumerate(drawings_in(arguments.drawings)):
-            for name, painter in painters.items():
-                run = painter.run(os.path.abspath(arguments.share), os.path.abspath(drawing),
-                                  os.path.join(scratch, f"{name}-{number}-"))
-                if run.returncode != 0:
-                    raise SystemExit(f"{name}: {drawing}: {run.stderr}")
+            runs = [painter.run(os.path.abspath(arguments.share), os.path.abspath(drawing),
+                                os.path.join(scratch, f"{name}-{number}-")) for name, painter in painters.items()]
+            if runs[0].returncode != runs[1].returncode:
+                raise SystemExit(f"{drawing}: {runs[0].stderr}{runs[1].stderr}")
             for one in sorted(glob.glob(os.path.join(scratch, f"linux-{number}-*.ppm"))):
                 wrong, ink = compare(one, one.replace("linux-", "windows-"))
                 layouts += 1
                 differing += wrong > 0
-                if wrong or not ink:
+                inked += ink > 0
+                if wrong:
                     print(f"{drawing}, {os.path.basename(one)}: {wrong} of {ink} bytes of ink differ")
     finally:
         shutil.rmtree(scratch)
-    print(f"{layouts} layouts, {differing} different")
-    return 1 if differing or not layouts else 0
+    print(f"{layouts} layouts, {inked} of them with ink, {differing} different")
+    return 1 if differing or not inked else 0
 
 
 if __name__ == "__main__":
