@@ -14,16 +14,17 @@ target_link_libraries(windows PUBLIC plugin comctl32 comdlg32 gdi32 ole32 oleaut
 target_compile_options(windows PRIVATE ${SM_WARNINGS})
 target_include_directories(windows PUBLIC ${CMAKE_SOURCE_DIR}/adapters)
 precompile(windows SystemHeaders.h)
-add_subdirectory(adapters/windows/server)
 
-# The program, where its libraries are.
+# The program, and what the component publishes with where there is no publishing library: where their libraries are.
 set(SM_WINDOWS_LIBRARIES ${CMAKE_SOURCE_DIR}/build/windows-libraries/${SM_MACHINE} CACHE PATH
-    "What packaging/windows/build-libraries made; without it the component is built alone")
+    "What packaging/windows/build-libraries made; without it the component is built alone, and needs a publishing library")
 set(SM_PROGRAM OFF)
 if(EXISTS ${SM_WINDOWS_LIBRARIES}/key AND SM_MACHINE STREQUAL "x86_64")
     set(SM_PROGRAM ON)
     include(cmake/WindowsProgram.cmake)
+    add_subdirectory(apps/sheetmaker)
 endif()
+add_subdirectory(adapters/windows/server)
 
 # What is handed out: an installer, and a zip of the same files.
 set(component $<TARGET_FILE:TwAcadPdf>)

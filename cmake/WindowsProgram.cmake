@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The program of the command line for Windows: one file that asks nothing but the system's own libraries of the machine.
-# Its own libraries are static ones, which packaging/windows/build-libraries puts into SM_WINDOWS_LIBRARIES.
+# The rooms of the embedded road for Windows, for the program of the command line and for the component that publishes by
+# itself: they ask nothing but the system's own libraries of the machine.
+# Their libraries are static ones, which packaging/windows/build-libraries puts into SM_WINDOWS_LIBRARIES.
 list(APPEND CMAKE_FIND_ROOT_PATH ${SM_WINDOWS_LIBRARIES})
 list(APPEND CMAKE_PREFIX_PATH ${SM_WINDOWS_LIBRARIES})
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
@@ -47,7 +48,7 @@ add_room(win32 adapters/win32 scene windows)
 add_room(ghostscript adapters/ghostscript base fmt::fmt)
 add_room(publisher adapters/publisher plugin prologue base ghostscript lib_qpdf lib_deflate lib_harfbuzz fmt::fmt
     Threads::Threads)
+add_room(stamptexts adapters/stamptexts plotter publisher)
 foreach(room system terminal store cadhost ghostscript)
     optimise_little(${room})
 endforeach()
-add_subdirectory(apps/sheetmaker)

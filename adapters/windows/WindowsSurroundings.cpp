@@ -3,7 +3,8 @@
 
 #include "ui/FormWindows.h"
 #include "windows/forms/Win32Toolkit.h"
-#include "windows/publishing/AutomationPublisher.h"
+#include "windows/publishing/ChosenPublisher.h"
+#include "windows/publishing/OwnPublisher.h"
 #include "windows/system/Attempted.h"
 #include "windows/system/WindowsSystem.h"
 
@@ -41,8 +42,9 @@ WindowsSurroundings::WindowsSurroundings()
     : m_registry(CreateRegistry()), m_files(CreateFileSystem()),
       m_desktop(CreateWindowsDesktop([this] { return OwnerOfBoxes(m_context); })),
       m_toolkit(CreateWin32Toolkit([this] { return OwnerOfForms(m_context); })),
-      m_windows(CreateFormWindows(m_context, *m_toolkit)), m_library(CreateAutomationPublisher()),
-      m_locale(CreateLocale()), m_clock(CreateClock()),
+      m_windows(CreateFormWindows(m_context, *m_toolkit)),
+      m_library(CreateChosenPublisher(m_surroundings, CreateOwnPublisher)), m_locale(CreateLocale()),
+      m_clock(CreateClock()),
       m_component(CreateComponent()), m_surroundings{*m_registry, *m_files, *m_desktop,   *m_windows, *m_library,
                                                      *m_locale,   *m_clock, *m_component, m_observer},
       m_context{m_surroundings, nullptr, nullptr, nullptr}

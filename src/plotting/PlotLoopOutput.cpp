@@ -86,7 +86,7 @@ PlotLoop::Next PlotLoop::Refused(std::int32_t code)
 {
     TryLogLine(m_context, "ERROR: FAILED TO ADD PS TO PUB DOC = " + std::to_string(code));
     if (!m_silent)
-        OfferConversionLog(m_context);
+        TellOfFailedDocument(m_context, m_pubDoc);
     return Leave(kPlotRefused, Next::ShortExit);
 }
 

@@ -180,7 +180,7 @@ void ConversionRun::ReportFailedSave(std::int32_t status, const std::string& err
 {
     TryLogLine(m_context, "ERROR SAVING PDF FILE: " + std::to_string(status) + ", " + errorText);
     m_observer.Saved(m_pdfPath, status, errorText);
-    OfferConversionLog(m_context);
+    TellOfFailedDocument(m_context, *m_pubDoc);
 }
 
 } // namespace

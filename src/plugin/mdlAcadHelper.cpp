@@ -76,6 +76,15 @@ void OfferConversionLog(CallContext& context)
     CarryPast(context, "ShowLogFile", [&] { context.g_Log->ShowLogFile(kLogFileName); });
 }
 
+void TellOfFailedDocument(CallContext& context, IPubDoc& pubDoc)
+{
+    const auto remedy = CarryPast(context, "RemedyText", [&] { return pubDoc.RemedyText(); }).value_or("");
+    if (remedy.empty())
+        OfferConversionLog(context);
+    else
+        ShowProductMessage(context, remedy, MessageButtons::Ok, MessageIcon::Exclamation, 170);
+}
+
 IAcadApplication& HostApplication(const CallContext& context)
 {
     if (context.g_AcadApp == nullptr)

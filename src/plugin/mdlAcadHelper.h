@@ -9,6 +9,7 @@
 namespace sm {
 
 class IAcadPreferences;
+class IPubDoc;
 
 inline constexpr const char* kProductTitle = "Tarnwick Sheetmaker PDF";
 inline constexpr const char* kLogFileName = "SmPdfAcad.log";
@@ -29,6 +30,10 @@ MessageAnswer ShowProductMessage(CallContext& context, const std::string& text, 
 
 /// The message of an unknown failure; shows the conversion log when the user asks for it. Never throws.
 void OfferConversionLog(CallContext& context);
+
+/// The document's own message of how its last failure is mended, where it knows one; else as OfferConversionLog. Never
+/// throws.
+void TellOfFailedDocument(CallContext& context, IPubDoc& pubDoc);
 
 /// The call's application and drawing. Throw HostError outside a call, or when the host gave none.
 IAcadApplication& HostApplication(const CallContext& context);

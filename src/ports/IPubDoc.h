@@ -53,6 +53,9 @@ public:
     virtual void SetDocSummary(const std::string& title, const std::string& author, LocalDateTime creationDate,
                                LocalDateTime modificationDate) = 0;
     virtual std::string LastErrorText() = 0;
+    /// How the user mends what the last failing status was for, in whole sentences that are shown in place of "an
+    /// unknown error"; empty where the document knows of no remedy.
+    virtual std::string RemedyText() { return {}; }
 };
 
 class IConversionLog {

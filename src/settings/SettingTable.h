@@ -3,7 +3,7 @@
 // a run's overlay and the records' defaults all read this table.
 #pragma once
 
-#include "ports/PlotNumbers.h"
+#include "settings/PublishWith.h"
 
 #include <limits>
 #include <span>
@@ -23,6 +23,7 @@ enum class SettingUse {
     Answer,          ///< a question that the user doesn't want to be asked again
     StampText,       ///< the list of stamp texts
     GlobalPageSetup, ///< the page setup for drawings that have no other
+    Component,       ///< what the component of Windows reads, not the program of the command line
     ThisProgram      ///< known to the command line's program alone
 };
 
@@ -124,6 +125,7 @@ inline constexpr Setting kSettings[] = {
     NumberSetting("WinUpperRightX", 0),
     NumberSetting("WinUpperRightY", 0),
     TextSetting("ViewToPlot", SettingUse::GlobalPageSetup, ""),
+    ChoiceSetting("PublishWith", SettingUse::Component, kPublishWithEither, kPublishWith),
     {"DwgConverter", SettingKind::DwgConverter, SettingUse::ThisProgram, ""},
     WholeSetting("AttachmentLimit", SettingUse::ThisProgram, 250, 1'000'000), // mebibytes of one file
 };

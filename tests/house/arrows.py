@@ -91,6 +91,7 @@ ROOMS = {
         "dialect": ("pdf", "fonts", "marks", "pages"),
         "document": ("*",),
     }),
+    "stamptexts": (("plotter", "publisher", "render"), {"": ()}),
     "store": (("ports",), {"database": (), "sqlite": ("database",)}),
     "system": (("ports",), {"": (), "posix": ("",), "windows": ("",)}),
     "terminal": (("ports",), {"": ()}),
@@ -115,7 +116,7 @@ ROOMS = {
         "beside": ("window", "view"),
     }),
     # Included by its whole names, "windows/<sub-room>/Name.h". "" wires one object's surroundings.
-    "windows": (("ports", "settings", "hostobjects", "ui", "plugin"), {
+    "windows": (("publisher", "stamptexts", "ports", "settings", "hostobjects", "ui", "plugin"), {
         "automation": (),
         "system": ("automation",),
         "publishing": ("automation",),
@@ -125,6 +126,8 @@ ROOMS = {
         "": ("forms", "publishing", "system"),
         "objects": ("automation", "system", "publishing", "host", ""),
         "server": ("automation", "system", "objects"),
+        "server/own": ("publishing",),
+        "server/none": ("publishing",),
     }),
 }
 """Rooms of programs: they may include every room's public headers and the plug-in."""
@@ -173,7 +176,8 @@ def room_of(name):
 # What the programs and their windows take of the component's room, which has no folder of public headers.
 WIRED = {"adapters/windows/system/WindowsSystem.h", "adapters/windows/forms/Win32Toolkit.h",
          "adapters/windows/automation/WideText.h", "adapters/windows/controls/VisualStyles.h",
-         "adapters/windows/system/OwnModule.h", "adapters/windows/forms/FormWatcher.h"}
+         "adapters/windows/system/OwnModule.h", "adapters/windows/forms/FormWatcher.h",
+         "adapters/windows/publishing/LibraryPresence.h"}
 
 
 def sub_room_of(name):

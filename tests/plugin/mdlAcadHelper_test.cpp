@@ -3,6 +3,10 @@
 
 #include "doubles/TestHouse.h"
 #include "plugin/CallScope.h"
+#include "ports/HostError.h"
+#include "ports/IPubDoc.h"
+
+#include <utility>
 
 namespace sm {
 namespace {
@@ -109,6 +113,60 @@ TEST_F(ConversionLog, AFailingWriteReachesTheCaller)
     EXPECT_THROW(LogLine(context, "text"), HostError);
     TryLogLine(context, "text");
     EXPECT_EQ(observer.carriedPast, (Lines{"LogLine: disk full"}));
+}
+
+/// A document that knows a remedy, and does nothing else.
+class RemediedDoc final : public IPubDoc {
+public:
+    explicit RemediedDoc(std::string remedy) : m_remedy(std::move(remedy)) {}
+    using Text = const std::string&;
+    std::int32_t AddPsFile(Text, double, double, std::int32_t, std::int32_t, Text) override { return -1; }
+    std::string NewPsFileName() override { return {}; }
+    std::int32_t AddTextStampMark(std::int32_t, double, double, Text, Text, std::int32_t, std::int32_t,
+                                  std::int32_t) override
+    {
+        return -1;
+    }
+    std::int32_t AddSignatureFieldMark(std::int32_t, double, double, double, double, Text, Text) override { return -1; }
+    std::int32_t AddAttachmentMark(std::int32_t, double, double, Text, bool&) override { return -1; }
+    std::int32_t AddLinkMark(std::int32_t, double, double, double, double, Text) override { return -1; }
+    std::int32_t AddPropertyMark(std::int32_t, Text, Text) override { return -1; }
+    std::int32_t PendingMarkCount() override { return 0; }
+    void DiscardPendingMarks() override {}
+    void SetDocInfo(Text, Text) override {}
+    std::string PromptForPdfName(Text, std::int32_t, Text) override { return {}; }
+    std::int32_t SaveToPdf(Text, std::int32_t, bool, bool, std::int32_t) override { return -1; }
+    void SetDocSummary(Text, Text, LocalDateTime, LocalDateTime) override {}
+    std::string LastErrorText() override { return {}; }
+    std::string RemedyText() override
+    {
+        if (m_remedy == "fail")
+            throw HostError("no remedy can be told");
+        return m_remedy;
+    }
+
+private:
+    std::string m_remedy;
+};
+
+TEST_F(HostValidation, TheRemedyOfAFailedDocumentIsTheOneMessage)
+{
+    RemediedDoc doc("Install what is missing.");
+    TellOfFailedDocument(context, doc);
+    EXPECT_EQ(Messages(), (std::vector<Message>{ProductMessage("Install what is missing.", MessageButtons::Ok,
+                                                               MessageIcon::Exclamation, 170)}));
+}
+
+TEST_F(HostValidation, WithoutARemedyTheLogIsOffered)
+{
+    for (const char* const remedy : {"", "fail"}) {
+        RemediedDoc doc(remedy);
+        TellOfFailedDocument(context, doc);
+        const std::vector<Message> shown = Messages();
+        ASSERT_EQ(shown.size(), 1U) << remedy;
+        EXPECT_EQ(shown[0].buttons, MessageButtons::OkCancel) << remedy;
+        EXPECT_EQ(shown[0].helpContext, 170) << remedy;
+    }
 }
 
 } // namespace

@@ -28,7 +28,7 @@ TEST(SettingTable, HasEachNameOnce)
     std::set<std::string> names;
     for (const Setting& setting : kSettings)
         EXPECT_TRUE(names.insert(setting.name).second) << setting.name;
-    EXPECT_EQ(names.size(), 56u);
+    EXPECT_EQ(names.size(), 57u);
 }
 
 TEST(SettingTable, SaysWhereASettingCounts)
@@ -41,6 +41,7 @@ TEST(SettingTable, SaysWhereASettingCounts)
     EXPECT_EQ(With(SettingUse::StampText),
               (Lines{"Stamp1", "Stamp2", "Stamp3", "Stamp4", "Stamp5", "Stamp6", "Stamp7", "Stamp8", "Stamp9",
                      "Stamp10", "Stamp11", "Stamp12", "Stamp13", "Stamp14", "Stamp15"}));
+    EXPECT_EQ(With(SettingUse::Component), Lines{"PublishWith"});
     EXPECT_EQ(With(SettingUse::ThisProgram), (Lines{"DwgConverter", "AttachmentLimit"}));
 }
 
@@ -114,6 +115,7 @@ TEST(SettingTable, NamesItsNumbers)
     EXPECT_EQ(Listed(SettingNamed("PaperUnits").choices), "0 Inches\n1 Millimeters\n2 Pixels\n");
     EXPECT_EQ(Listed(SettingNamed("WhatToPlot").choices), "0 Current Tab\n1 All Layout Tabs\n");
     EXPECT_EQ(Listed(SettingNamed("Optimization").choices), "0 Print\n1 Draft\n");
+    EXPECT_EQ(Listed(SettingNamed("PublishWith").choices), "0 Automatic\n1 Own\n2 Library\n");
     EXPECT_EQ(Listed(kPageSetupSources), "0 Native\n1 Custom\n2 Global\n");
     EXPECT_EQ(Listed(kStampJustifications), "0 Left\n1 Center\n2 Right\n");
     EXPECT_EQ(SettingNamed("PlotType").most, 5);

@@ -3,6 +3,7 @@
 
 #include "base/files/Paths.h"
 #include "base/process/ThisProcess.h"
+#include "windows/RegisteredInterpreter.h"
 
 #include <filesystem>
 
@@ -11,18 +12,19 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What its own installer calls the one without a window.
-constexpr const char* kOwnName = "gswin64c";
+/// What its own installer calls those without a window.
+constexpr const char* kOwnNames[] = {"gswin64c", "gswin32c"};
 
-/// The last of the versions in the folder where its own installer puts them; empty when there is none.
-std::string Installed()
+/// The last of the versions in the folder where its own installer puts them, in case of an installation that was copied
+/// there; empty when there is none.
+std::string Copied()
 {
     fs::path newest;
     std::error_code unreadable;
     const fs::path all = base::ToPath(base::Variable("ProgramFiles").value_or("C:/Program Files")) / "gs";
     for (fs::directory_iterator folder(all, unreadable), end; !unreadable && folder != end;
          folder.increment(unreadable)) {
-        const fs::path program = folder->path() / "bin" / (std::string(kOwnName) + ".exe");
+        const fs::path program = folder->path() / "bin" / (std::string(kOwnNames[0]) + ".exe");
         if (fs::exists(program, unreadable) && (newest.empty() || newest < program))
             newest = program;
     }
@@ -31,14 +33,18 @@ std::string Installed()
 
 } // namespace
 
-const char* const kInterpreterRemedy = "run Ghostscript's own installer; it is found in its folder or on PATH";
+const char* const kInterpreterRemedy = "run Ghostscript's own installer; it is found by the registry or on PATH";
 
 std::string FindInterpreter(const std::string& program)
 {
-    for (const std::string& name : {program, std::string(kOwnName)})
-        if (const std::string found = base::FindProgram(name); !found.empty())
+    if (program.find_first_of("/\\") != std::string::npos) // a certain one
+        return base::FindProgram(program);
+    if (std::string registered = RegisteredInterpreter(); !registered.empty())
+        return registered;
+    for (const std::string& name : {program, std::string(kOwnNames[0]), std::string(kOwnNames[1])})
+        if (std::string found = base::FindProgram(name); !found.empty())
             return found;
-    return Installed();
+    return Copied();
 }
 
 // Symbolic links need a right there that few users have.

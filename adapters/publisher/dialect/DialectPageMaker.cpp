@@ -20,6 +20,16 @@ public:
     {
     }
 
+    void CheckPage(const PageSource& page, const std::string& jobOptions) override
+    {
+        std::error_code unreadable;
+        const base::MappedFile file(page.psPath, base::MappedFile::Reading::InParts, unreadable);
+        const auto ours = DialectRespects(jobOptions) ? ReadDialectPage(file.Bytes()) : std::nullopt;
+        if (!ours || !JobOptionsKeepPictures(jobOptions, ours->pictures)) {
+            m_others->CheckPage(page, jobOptions);
+        }
+    }
+
     MadePages MakePages(const std::vector<PageSource>& pages, const std::string& jobOptions,
                         const std::string& folder) override
     {

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <filesystem>
 #include <fmt/format.h>
 #include <utility>
 
@@ -65,10 +66,12 @@ PubDoc::PubDoc(const PublisherOptions& options, IDesktop& desktop, std::unique_p
 template <typename Action> std::int32_t PubDoc::WithStatus(Action&& action)
 {
     m_lastError.clear();
+    m_lastFailure.reset();
     try {
         return static_cast<std::int32_t>(action());
     } catch (const PublishFailure& failure) {
         m_lastError = failure.what();
+        m_lastFailure = failure.Status();
         return static_cast<std::int32_t>(failure.Status());
     } catch (const std::exception& error) {
         m_lastError = fmt::format("An unexpected error occurred: {}.", error.what());
@@ -96,10 +99,24 @@ void PubDoc::Note(const std::string& line) const
     }
 }
 
+/// Whoever adds a page learns a status alone: what is wrong with its file, and where, is told beside it.
+template <typename Action> auto PubDoc::TellingFailure(Action&& action) const
+{
+    try {
+        return action();
+    } catch (const PublishFailure& failure) {
+        Note(failure.what());
+        throw;
+    }
+}
+
 std::string PubDoc::NewPsFileName()
 {
     try {
-        return fmt::format("{}/page-{}.ps", Folder(), ++m_namesGiven);
+        std::string name = fmt::format("{}/page-{}.ps", Folder(), ++m_namesGiven);
+        // For a host that may know the system's own separator alone.
+        std::ranges::replace(name, '/', static_cast<char>(std::filesystem::path::preferred_separator));
+        return name;
     } catch (const PublishFailure& failure) {
         m_lastError = failure.what();
         throw HostError(failure.what());
@@ -116,29 +133,28 @@ std::int32_t PubDoc::AddPsFile(const std::string& psPath, double width, double h
         if (!m_jobOptions || m_jobOptions->first != jobOptionsPath) {
             TakeJobOptions(jobOptionsPath);
         }
-        m_pages.push_back({{psPath, width, height, resolution, number}, m_jobOptions->second, {}});
+        const PageSource page{psPath, width, height, resolution, number};
+        if (m_options.refusesEarly) {
+            TellingFailure([&] { m_pageMaker->CheckPage(page, m_jobOptions->second); });
+        }
+        m_pages.push_back({page, m_jobOptions->second, {}});
         return PublishStatus::Done;
     });
 }
 
-/// Whoever calls learns a status alone: what is wrong with the file, and where, is told beside it.
-JobOptions PubDoc::ReadOrTell(const std::string& path) const
-{
-    try {
-        return ReadJobOptionsFile(path);
-    } catch (const PublishFailure& failure) {
-        Note(failure.what());
-        throw;
-    }
-}
-
 void PubDoc::TakeJobOptions(const std::string& path)
 {
-    const JobOptions read = ReadOrTell(path);
+    const JobOptions read = TellingFailure([&] { return ReadJobOptionsFile(path); });
     m_jobOptions.emplace(path, read.text);
     m_linearized = m_linearized || read.optimize;
     m_archive = std::max(m_archive, read.archive);
     m_level = std::max(m_level.value_or(read.level), read.level);
+}
+
+std::string PubDoc::RemedyText()
+{
+    const bool mends = m_options.refusesEarly && m_lastFailure == PublishStatus::InterpreterMissing;
+    return mends ? m_lastError : std::string();
 }
 
 /// The pages' job options have a say beside the caller: the highest version that one of them asks for holds.

@@ -49,11 +49,12 @@ public:
     void SetDocSummary(const std::string& title, const std::string& author, LocalDateTime creationDate,
                        LocalDateTime modificationDate) override;
     std::string LastErrorText() override { return m_lastError; }
+    std::string RemedyText() override;
 
 private:
     template <typename Action> std::int32_t WithStatus(Action&& action);
     std::int32_t QueueMark(Mark mark, std::initializer_list<double> coordinates);
-    [[nodiscard]] JobOptions ReadOrTell(const std::string& path) const;
+    template <typename Action> auto TellingFailure(Action&& action) const;
     void TakeJobOptions(const std::string& path);
     [[nodiscard]] PdfForm Form() const;
     const std::string& Folder();
@@ -75,6 +76,7 @@ private:
     std::vector<std::string> m_attachmentsLost;
     std::vector<std::string> m_marksOff;
     std::string m_lastError;
+    std::optional<PublishStatus> m_lastFailure;
     std::size_t m_namesGiven = 0;
 };
 

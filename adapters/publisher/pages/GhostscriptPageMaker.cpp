@@ -100,14 +100,13 @@ class GhostscriptPageMaker : public IPageMaker {
 public:
     explicit GhostscriptPageMaker(const GhostscriptOptions& options) : m_options(options) {}
 
+    void CheckPage(const PageSource& /*page*/, const std::string& /*jobOptions*/) override { (void)Program(); }
+
     MadePages MakePages(const std::vector<PageSource>& pages, const std::string& jobOptions,
                         const std::string& folder) override
     {
         ghostscript::InterpreterRun run;
-        run.program = ghostscript::FindInterpreter(m_options.program);
-        if (run.program.empty()) {
-            FailMissingInterpreter(m_options.program);
-        }
+        run.program = Program();
         run.limits = Limits(InputBytes(pages));
         run.keptLines = MakeNonce();
         run.folder = folder;
@@ -127,6 +126,15 @@ public:
     }
 
 private:
+    [[nodiscard]] std::string Program() const
+    {
+        std::string program = ghostscript::FindInterpreter(m_options.program);
+        if (program.empty()) {
+            FailMissingInterpreter(m_options.program);
+        }
+        return program;
+    }
+
     [[nodiscard]] base::ChildLimits Limits(std::uintmax_t inputBytes) const
     {
         base::ChildLimits limits;

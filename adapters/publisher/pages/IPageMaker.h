@@ -29,6 +29,8 @@ struct MadePages {
 class IPageMaker {
 public:
     virtual ~IPageMaker() = default;
+    /// Throws the PublishFailure that `MakePages` would meet for want of a program, whatever the page holds.
+    virtual void CheckPage(const PageSource& page, const std::string& jobOptions) = 0;
     /// Makes `pages`, which share one resolution and `jobOptions` (our clean text of them; empty for none), in
     /// order. Files go to `folder`, which is private, empty at the call and removed by the caller.
     /// Throws PublishFailure that names the page.

@@ -56,17 +56,21 @@ std::vector<Finding> Examine(const Install& install)
 {
     std::error_code unset;
     const fs::path temporary = fs::temp_directory_path(unset);
-    return {Ghostscript(install),
-            {State::Good, "PDF library", "libqpdf, part of this program", {}},
-            Fonts(install),
-            ShareFolder(install),
-            JobOptionFiles(install),
-            Settings(install),
-            WritableFolder("log folder", install.places.stateFolder, "give yourself the right to write there"),
-            WritableFolder("temporary folder", unset ? base::ToPath(P_tmpdir) : temporary, kTemporaryRemedy),
-            Viewer(install),
-            Windows(install),
-            DwgConverter(install)};
+    std::vector<Finding> findings{
+        Ghostscript(install),
+        {State::Good, "PDF library", "libqpdf, part of this program", {}},
+        Fonts(install),
+        ShareFolder(install),
+        JobOptionFiles(install),
+        Settings(install),
+        WritableFolder("log folder", install.places.stateFolder, "give yourself the right to write there"),
+        WritableFolder("temporary folder", unset ? base::ToPath(P_tmpdir) : temporary, kTemporaryRemedy),
+        Viewer(install),
+        Windows(install),
+        DwgConverter(install)};
+    const std::vector<Finding> further = FurtherFindings(install);
+    findings.insert(findings.end(), further.begin(), further.end());
+    return findings;
 }
 
 std::string FindingText(const std::vector<Finding>& findings)

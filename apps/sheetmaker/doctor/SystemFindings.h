@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace sm::app {
 
@@ -22,6 +23,8 @@ Finding Fonts(const Install& install);
 Finding Settings(const Install& install);
 Finding Viewer(const Install& install);
 Finding Windows(const Install& install);
+/// What this system alone has.
+std::vector<Finding> FurtherFindings(const Install& install);
 
 /// How another temporary folder is chosen, and what is missing is got.
 extern const char* const kTemporaryRemedy;

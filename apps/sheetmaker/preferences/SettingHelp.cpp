@@ -60,6 +60,10 @@ const std::map<const Setting*, const char*> kMeanings = {
     {&SettingNamed("WinUpperRightX"), "Right of that window, in drawing units."},
     {&SettingNamed("WinUpperRightY"), "Top of that window, in drawing units."},
     {&SettingNamed("ViewToPlot"), "Name of the view that the plot type \"view\" plots."},
+    {&SettingNamed("PublishWith"),
+     "Who makes the PDF when the component of Windows plots in a CAD program: by itself it takes the publishing "
+     "library "
+     "TwSmPubLib where that is installed, else Sheetmaker PDF's own publisher. This program has its own alone."},
     {&SettingNamed("DwgConverter"),
      "What turns DWG files of releases before R9 into DXF: a command in which {in} and {out} stand for "
      "the files, or node, dwg2dxf, oda."},

@@ -2,7 +2,7 @@
 #include "run/AttachmentRules.h"
 
 #include "base/files/Paths.h"
-#include "settings/SettingTable.h"
+#include "publisher/AttachmentLimit.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -11,8 +11,6 @@ namespace sm::app {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::uint64_t kMebibyte = std::uint64_t{1} << 20;
 
 /// Links followed as far as there is something.
 fs::path TruePath(const std::string& path)
@@ -39,14 +37,9 @@ bool AttachmentRules::LiesOutside(const std::string& path) const
 
 std::string AttachmentRules::ReasonAgainst(const std::string& path, std::uint64_t bytes, std::int32_t mostMebibytes)
 {
-    const auto most = static_cast<std::uint64_t>(std::max(mostMebibytes, 0));
-    if (bytes > most * kMebibyte) {
-        const std::uint64_t needed = (bytes + kMebibyte - 1) / kMebibyte;
-        return fmt::format(
-            "it has {} bytes, more than the {} MiB that may be attached; \"sheetmaker set {} {}\" raises "
-            "that",
-            bytes, most, SettingNamed("AttachmentLimit").name, needed);
-    }
+    std::string reason = publisher::TooLargeToAttach(bytes, mostMebibytes);
+    if (!reason.empty())
+        return reason;
     if (!LiesOutside(path))
         return {};
     if (m_refuseOutside)

@@ -198,6 +198,7 @@ TEST_F(SettingCommands, ListShowsEverySettingWithItsDefault)
   WinUpperRightX = 0
   WinUpperRightY = 0
   ViewToPlot = 
+  PublishWith = 0
   DwgConverter = 
   AttachmentLimit = 250
 )");

@@ -15,6 +15,7 @@ namespace sm::publisher {
 /// For pages that the dialect is to make itself: fails the test when one is left to it.
 class NoOthers final : public IPageMaker {
 public:
+    void CheckPage(const PageSource&, const std::string&) override {}
     MadePages MakePages(const std::vector<PageSource>&, const std::string&, const std::string&) override
     {
         ADD_FAILURE() << "the pages went to the interpreter";

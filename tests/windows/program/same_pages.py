@@ -21,7 +21,7 @@ from programs import linux_program, windows_program
 ENDINGS = (".dxf", ".dwg")
 # Neither program finds the interpreter here; each says how it is installed on its system.
 REMEDIES = {"linux": "sudo apt-get install ghostscript",
-            "windows": "run Ghostscript's own installer; it is found in its folder or on PATH"}
+            "windows": "run Ghostscript's own installer; it is found by the registry or on PATH"}
 
 
 def drawings_in(places):

@@ -60,7 +60,7 @@ class Verbs:
         same("doctor", (run.returncode, states), (0, {
             "Ghostscript": "optional", "PDF library": "ok", "fonts": "ok", "share folder": "ok", "job options": "ok",
             "settings": "ok", "log folder": "ok", "temporary folder": "ok", "PDF viewer": "ok", "windows": "ok",
-            "DWG converter": "optional"}))
+            "DWG converter": "optional", "publishing": "ok"}))
 
     def settings(self):
         same("list", self.on("list").stdout, self.linux.run("list").stdout)

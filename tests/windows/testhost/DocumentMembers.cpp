@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The drawing and its small objects.
+#include "windows/automation/WideText.h"
 #include "windows/testhost/Members.h"
+#include "windows/testhost/TestHost.h"
 
 #include <array>
 
@@ -101,12 +103,19 @@ ComRef<IDispatch> Offer(const std::shared_ptr<IAcadUtility>& utility)
     return OfferPort<Port>(utility, kMembers);
 }
 
+OwnedVariant PlotToFile(IAcadPlot& port, Invocation& call)
+{
+    const bool plotted = port.PlotToFile(call.Text(0));
+    const std::wstring from = windows::Wide(WhatIsPlotted());
+    return Answer(plotted && (from.empty() || CopyFileW(from.c_str(), windows::Wide(call.Text(0)).c_str(), FALSE)));
+}
+
 ComRef<IDispatch> Offer(const std::shared_ptr<IAcadPlot>& plot)
 {
     using Port = IAcadPlot;
     static const auto kMembers = std::to_array<Member<Port>>({
         SM_WRITE(QuietErrorMode, Boolean),
-        {"PlotToFile", kRead, 1, 2, [](Port& port, Invocation& call) { return Answer(port.PlotToFile(call.Text(0))); }},
+        {"PlotToFile", kRead, 1, 2, PlotToFile},
     });
     return OfferPort<Port>(plot, kMembers);
 }
@@ -164,6 +173,12 @@ ComRef<IDispatch> Offer(const std::shared_ptr<IAcadDocument>& document)
          }},
     });
     return OfferPort<Port>(document, kMembers);
+}
+
+std::string& WhatIsPlotted()
+{
+    static std::string file;
+    return file;
 }
 
 } // namespace sm::testhost

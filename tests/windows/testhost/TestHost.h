@@ -18,4 +18,7 @@ windows::ComRef<IDispatch> Offer(const std::shared_ptr<IAcadBlock>& block);
 windows::ComRef<IDispatch> Offer(const std::shared_ptr<IPubDoc>& pubDoc);
 windows::ComRef<IDispatch> Offer(const std::shared_ptr<IConversionLog>& log);
 
+/// The file that every plot is a copy of; empty, as it begins: plots write nothing.
+std::string& WhatIsPlotted();
+
 } // namespace sm::testhost

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <thread>
 
 namespace sm::base {
@@ -59,7 +60,7 @@ void LimitJob(HANDLE job, const ChildLimits& limits)
     }
     if (limits.memoryBytes != 0) {
         all.BasicLimitInformation.LimitFlags |= JOB_OBJECT_LIMIT_PROCESS_MEMORY;
-        all.ProcessMemoryLimit = static_cast<SIZE_T>(limits.memoryBytes);
+        all.ProcessMemoryLimit = static_cast<SIZE_T>(std::min<std::uint64_t>(limits.memoryBytes, SIZE_MAX));
     }
     ::SetInformationJobObject(job, JobObjectExtendedLimitInformation, &all, sizeof all);
 }
@@ -155,7 +156,8 @@ ChildResult RunChild(const ChildCommand& command)
     const auto patience = std::min<std::int64_t>(command.limits.deadline.count(), INFINITE - 1);
     const bool ended = ::WaitForSingleObject(process.Get(), static_cast<DWORD>(patience)) == WAIT_OBJECT_0;
     ChildResult result = Reap(process.Get(), ended, command.limits);
-    ::TerminateJobObject(job.Get(), kKilled); // closes the pipe of whatever it left running, too
+    ::TerminateJobObject(job.Get(), kKilled);   // closes the pipe of whatever it left running, too
+    ::TerminateProcess(process.Get(), kKilled); // Windows 7 has no job within a job: it may be in none of ours
     ::WaitForSingleObject(process.Get(), INFINITE);
     reader.join();
     result.output = output.Text();

@@ -60,6 +60,9 @@ struct PublisherOptions {
     std::string workFolder;
     /// Name looked up on $PATH, or a path.
     std::string interpreter = "gs";
+    /// Somebody waits for the pages: one that needs the interpreter is refused when it is added where there is none,
+    /// and the document tells the remedy.
+    bool refusesEarly = false;
     /// A run of the interpreter may take `deadline` and, for each megabyte of PostScript, `deadlinePerMegabyte` more.
     std::chrono::milliseconds deadline{60000};
     std::chrono::milliseconds deadlinePerMegabyte{4000};

@@ -66,4 +66,9 @@ Finding Windows(const Install& install)
             {}};
 }
 
+std::vector<Finding> FurtherFindings(const Install&)
+{
+    return {};
+}
+
 } // namespace sm::app

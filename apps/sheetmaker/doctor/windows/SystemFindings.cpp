@@ -4,12 +4,41 @@
 #include "base/files/Paths.h"
 #include "ghostscript/Interpreter.h"
 #include "ports/RegistryKeys.h"
+#include "settings/PublishWith.h"
+#include "settings/mdlWinReg.h"
+#include "windows/publishing/LibraryPresence.h"
 
 namespace sm::app {
 
 namespace {
 
 using State = Finding::State;
+using windows::ProgramBits;
+
+/// The component for 32-bit programs has no publisher of its own.
+std::string PublisherFor(ProgramBits bits, const std::string& setting)
+{
+    const bool hasOwn = bits == ProgramBits::Of64;
+    const bool takesOwn = hasOwn && setting != std::to_string(kPublishWithLibrary);
+    const bool takesLibrary = !hasOwn || setting != std::to_string(kPublishWithOwn);
+    if (takesLibrary && windows::LibraryIsRegistered(bits))
+        return "TwSmPubLib";
+    return takesOwn ? "Sheetmaker PDF itself" : "nobody, TwSmPubLib is not registered";
+}
+
+/// Who makes the PDF when the component plots in CAD programs.
+Finding Publishing(const Install& install)
+{
+    const auto registry = OpenSettings(install, {});
+    const std::string stored = StoredSetting(*registry, SettingNamed("PublishWith").name);
+    const std::string setting = stored.empty() ? std::to_string(kPublishWithEither) : stored;
+    const std::string wide = PublisherFor(ProgramBits::Of64, setting);
+    const std::string detail =
+        "in 64-bit CAD programs: " + wide + "; in 32-bit ones: " + PublisherFor(ProgramBits::Of32, setting);
+    const bool lacking = wide.starts_with("nobody");
+    return {lacking ? State::Optional : State::Good, "publishing", detail + " (PublishWith " + setting + ")",
+            lacking ? "sheetmaker set PublishWith 0" : ""};
+}
 
 } // namespace
 
@@ -45,6 +74,11 @@ Finding Windows(const Install& install)
         return {State::Optional, "windows", program + " is missing (settings, page-setup need it)",
                 "install Sheetmaker PDF anew"};
     return {State::Good, "windows", program, {}};
+}
+
+std::vector<Finding> FurtherFindings(const Install& install)
+{
+    return {Publishing(install)};
 }
 
 } // namespace sm::app

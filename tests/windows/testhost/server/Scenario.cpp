@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/testhost/server/Scenario.h"
 
+#include "windows/testhost/TestHost.h"
 #include "windows/testhost/TestObject.h"
 
 #include <cstdlib>
@@ -78,6 +79,8 @@ void Obey(HouseParts& house, const std::string& verb, const std::string& rest)
         house.host.facts.PrinterConfigPath = rest;
     else if (verb == "pc3")
         AddPc3Folder(house, rest);
+    else if (verb == "plots")
+        WhatIsPlotted() = rest;
     else if (verb == "hyperlink")
         AddHyperlink(house, rest);
     else if (verb == "fail")

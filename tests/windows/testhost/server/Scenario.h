@@ -12,6 +12,7 @@ namespace sm::testhost {
 ///     drivers FOLDERS         the host's DriversPath
 ///     plotters FOLDER         the user's plotter folder
 ///     pc3 FOLDER              where the six plotter configurations lie
+///     plots FILE              every plot writes a copy of that file
 ///     hyperlink LAYOUT URL    an entity with a hyperlink on a layout ("Model", "Ground", "Upper")
 ///     fail CALL TEXT          a host call ("Layout.SetPlotType") fails with that text, always
 ///     fail-library CALL TEXT  the same of the publishing library ("PubDoc.SaveToPdf")

@@ -1,0 +1,195 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""The component as its installer leaves it publishes by itself where the publishing library isn't registered, and asks the
+library where it is; the setting PublishWith has its way. The PDF is looked at by tools that aren't ours.
+
+    publishing.py RUN-WINE FOLDER SETUP TEST-HOST SCRIPTS INTERPRETER SAMPLES
+
+FOLDER gets a Wine prefix of its own. The test host's plots are copies of a page that the program of the command line has
+plotted, and then of one that is in nobody's dialect, which INTERPRETER stands ready for.
+"""
+import os
+import re
+import shutil
+import subprocess
+import sys
+import threading
+
+from convert_by_script import CALLS, LOG, SCENARIO, SCRIPT_REACHED_ITS_END, TITLE, Desk
+
+SETTINGS = "HKCU\\Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD"
+INTERPRETERS = "HKLM\\Software\\GPL Ghostscript\\10.00.0"
+LIBRARY = ("HKCR\\TwSmPubLib.PubDoc", "HKCR\\TwSmPubLib.ConversionLog")
+AUTOMATIC, OWN, LIBRARY_ALONE = "0", "1", "2"
+FOREIGN = "%!PS-Adobe-3.0\n%%Creator: somebody else's driver\n72 72 moveto 500 500 lineto stroke showpage\n%%EOF\n"
+NO_INTERPRETER = ('Ghostscript ("gs") is not installed: PostScript of other programs, and job options that turn colours or '
+                  "downsample pictures, need it. Install it: run Ghostscript's own installer; it is found by the registry or "
+                  "on PATH")
+NO_LIBRARY = "The publishing library TwSmPubLib isn't installed or can't be started (TwSmPubLib.PubDoc: Automation error 0x800401f3)."
+NO_LIBRARY_REMEDY = "The setting PublishWith asks for it: with 0 in place of 2, Sheetmaker PDF publishes by itself."
+UP_TO_THE_PLOT = LOG[:LOG.index("TEXT STAMP")]
+REFUSED = (UP_TO_THE_PLOT + "  Note: " + NO_INTERPRETER + "\nERROR: FAILED TO ADD PS TO PUB DOC = -7\n"
+           "  Reset PrinterConfigPath To: C:\\Host\\Plotters\nERROR: PlotLayoutToPubDoc -12")
+OK_BUTTON, MESSAGE_TEXT = "1", "65535"
+NOBODY = "nobody, TwSmPubLib is not registered"  # who publishes in 32-bit programs, whose component can't by itself
+
+
+class PublishingDesk(Desk):
+    def __init__(self, run_wine, folder, drive_forms):
+        super().__init__(run_wine, folder)
+        self.drive_forms = drive_forms
+
+    @property
+    def log_file(self):
+        users = os.path.join(self.drive, "users")
+        user = next(name for name in sorted(os.listdir(users)) if name != "Public")
+        return os.path.join(users, user, "AppData", "Local", "sheetmaker-pdf", "SmPdfAcad.log")
+
+    @property
+    def pdf(self):
+        return os.path.join(self.drive, "Jobs", "Plan.pdf")
+
+    def choose(self, who):
+        self.run("reg", "add", SETTINGS, "/v", "PublishWith", "/t", "REG_SZ", "/d", who, "/f")
+
+    def plot(self, page):
+        with open(os.path.join(self.drive, "Host", "scenario.txt"), "w", encoding="ascii") as file:
+            file.write(SCENARIO + f"plots {page}\n")
+
+    def forget_library(self):
+        for key in LIBRARY:
+            self.run("reg", "delete", key, "/f")
+
+    def own_log(self):
+        if not os.path.exists(self.log_file):
+            return None
+        with open(self.log_file, encoding="utf-8") as file:
+            first, rest = file.read().split("\n", 1)
+        self.check("the log's first line", re.sub(r"\d{4}-\d\d-\d\d \d\d:\d\d:\d\d", "NOW", first), TITLE + " NOW")
+        return rest.rstrip("\n")
+
+    def convert_once(self, name, script, box=None):
+        """The script's calls of the library. `box` is the text of the one message that is to be confirmed meanwhile."""
+        for left in (self.pdf, self.log_file):
+            if os.path.exists(left):
+                os.remove(left)
+        driven = []
+        user = threading.Thread(target=lambda: driven.append(self.run(
+            self.drive_forms, "window", TITLE, "expect", MESSAGE_TEXT, box, "click", OK_BUTTON)[0]))
+        if box:
+            user.start()
+        result, calls = self.play(script, "SmTestHost.Application")
+        if box:
+            user.join()
+            self.check(name + ": its message", driven, [0])
+        self.check(name + ": the script's end", result, (SCRIPT_REACHED_ITS_END, "converted Plan.dwg"))
+        return [line for line in calls if line.startswith(("Library.", "Log.", "PubDoc."))]
+
+    def look_at(self, name, text):
+        self.check(name + ": a PDF", os.path.exists(self.pdf), True)
+        if not os.path.exists(self.pdf):
+            return
+        checked = subprocess.run(["qpdf", "--check", self.pdf], capture_output=True, text=True, check=False)
+        self.check(name + ": qpdf --check", (checked.returncode, checked.stderr), (0, ""))
+        info = subprocess.run(["pdfinfo", self.pdf], capture_output=True, text=True, check=False).stdout
+        facts = dict(re.findall(r"^(Title|Author|Creator|Producer|Pages|Page size): +(.*)$", info, re.M))
+        self.check(name + ": pdfinfo", facts, {
+            "Title": "Plan", "Author": "R. Draughtsman", "Creator": "Tarnwick Sheetmaker PDF 0.1.0",
+            "Producer": "Sheetmaker PDF 0.1.0", "Pages": "1", "Page size": "1190.55 x 841.89 pts (A3)"})
+        shown = subprocess.run(["pdftotext", self.pdf, "-"], capture_output=True, text=True, check=False).stdout
+        self.check(name + ": its text", text in shown, True)
+
+    def doctor(self, name, wanted):
+        told = self.run("C:\\SM\\sheetmaker.exe", "doctor")[1]
+        self.check(name + ": doctor", re.findall(r"^(\w+ +publishing: .*(?:\n +-> .*)?)", told, re.M), [wanted])
+
+    def enter_interpreter(self, program):
+        os.makedirs(os.path.join(self.drive, "Interpreter", "bin"), exist_ok=True)
+        shutil.copy(program, os.path.join(self.drive, "Interpreter", "bin", "gswin64c.exe"))
+        self.run("reg", "add", INTERPRETERS, "/v", "GS_DLL", "/d", "C:\\Interpreter\\bin\\gsdll64.dll", "/f")
+
+    def temporary_folders(self):
+        users = os.path.join(self.drive, "users")
+        return [name for _, folders, _ in os.walk(users) for name in folders if name.startswith("sheetmaker-") and
+                name != "sheetmaker-pdf"]
+
+
+def own_pages(desk, script, samples):
+    """A page that our own plotter wrote: nothing but the component is needed."""
+    shutil.copy(os.path.join(samples, "house.dxf"), os.path.join(desk.drive, "Host", "house.dxf"))
+    desk.check("a page is plotted", desk.run("C:\\SM\\sheetmaker.exe", "convert", "C:\\Host\\house.dxf", "--layout",
+                                             "A-101 Ground Floor", "--keep-ps")[0], 0)
+    desk.plot("C:\\Host\\house-1.ps")
+    for name, who in (("no library", AUTOMATIC), ("no library, own wanted", OWN)):
+        desk.choose(who)
+        calls = desk.convert_once(name, script)
+        desk.check(name + ": calls of the library", calls, [])
+        desk.look_at(name, "Living room")
+        desk.check(name + ": log", desk.own_log(), LOG)
+    desk.check("no temporary folder is left", desk.temporary_folders(), [])
+
+
+def foreign_pages(desk, script, interpreter):
+    with open(os.path.join(desk.drive, "Host", "foreign.ps"), "w", encoding="ascii") as file:
+        file.write(FOREIGN)
+    desk.plot("C:\\Host\\foreign.ps")
+    desk.choose(AUTOMATIC)
+    desk.convert_once("no interpreter", script, NO_INTERPRETER)
+    desk.check("no interpreter: no PDF", os.path.exists(desk.pdf), False)
+    desk.check("no interpreter: log", desk.own_log(), REFUSED)
+    desk.enter_interpreter(interpreter)
+    desk.convert_once("an interpreter", script)
+    desk.look_at("an interpreter", "interpreted")
+    desk.check("an interpreter: log", desk.own_log(), LOG)
+
+
+def library_wanted(desk, script):
+    """There is none, and it is asked for all the same."""
+    desk.choose(LIBRARY_ALONE)
+    desk.doctor("no library, library wanted", f"optional  publishing: in 64-bit CAD programs: {NOBODY}; in 32-bit ones: "
+                f"{NOBODY} (PublishWith 2)\n          -> sheetmaker set PublishWith 0")
+    desk.convert_once("no library, library wanted", script, NO_LIBRARY + "\r\n" + NO_LIBRARY_REMEDY)
+    desk.check("no library, library wanted: no PDF", os.path.exists(desk.pdf), False)
+    desk.check("no library, library wanted: log", desk.own_log(), "ERROR: " + NO_LIBRARY)
+
+
+def with_library(desk, script, test_host):
+    desk.run("regsvr32", "/s", "Z:" + test_host + ".dll")
+    desk.choose(AUTOMATIC)
+    desk.doctor("a library", f"ok        publishing: in 64-bit CAD programs: TwSmPubLib; in 32-bit ones: {NOBODY} "
+                "(PublishWith 0)")
+    for who in (AUTOMATIC, LIBRARY_ALONE):
+        desk.choose(who)
+        calls = desk.convert_once("a library, " + who, script)
+        wanted = [line for line in CALLS.splitlines() if not line.startswith("Plot.")]
+        other = [re.sub(r"\d{4}-\d\d-\d\d \d\d:\d\d:\d\d", "NOW", line) for line in calls
+                 if not line.startswith("Log.WriteLogLine ")]
+        desk.check(f"a library, {who}: its calls", other, wanted)
+        desk.check(f"a library, {who}: no log of ours", desk.own_log(), None)
+    desk.plot("C:\\Host\\house-1.ps")
+    desk.choose(OWN)
+    desk.doctor("a library, own wanted", "ok        publishing: in 64-bit CAD programs: Sheetmaker PDF itself; in 32-bit "
+                f"ones: {NOBODY} (PublishWith 1)")
+    desk.check("a library, own wanted: its calls", desk.convert_once("a library, own wanted", script), [])
+    desk.look_at("a library, own wanted", "Living room")
+
+
+def main(run_wine, folder, setup, test_host, scripts, interpreter, samples):
+    desk = PublishingDesk(run_wine, folder, os.path.join(os.path.dirname(test_host), "drive_forms.exe"))
+    script = os.path.join(scripts, "Convert.vbs")
+    desk.install(setup, test_host)
+    desk.forget_library()
+    desk.choose(AUTOMATIC)
+    desk.doctor("no library", "ok        publishing: in 64-bit CAD programs: Sheetmaker PDF itself; in 32-bit ones: "
+                f"{NOBODY} (PublishWith 0)")
+    own_pages(desk, script, samples)
+    foreign_pages(desk, script, interpreter)
+    library_wanted(desk, script)
+    with_library(desk, script, test_host)
+    desk.end()
+    print(f"{desk.failures} failed")
+    return 1 if desk.failures else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(*sys.argv[1:]))
