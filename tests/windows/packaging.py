@@ -15,6 +15,7 @@ import sys
 import tempfile
 import time
 import zipfile
+import zlib
 
 EPOCH = 1700000000
 failures = 0
@@ -89,6 +90,44 @@ def check_component(path, version):
         "CompanyName": "Tarnwick Software", "FileDescription": "Sheetmaker PDF for AutoCAD", "FileVersion": version,
         "InternalName": "TwAcadPdf", "LegalCopyright": "Tarnwick Software", "OriginalFilename": "TwAcadPdf.dll",
         "ProductName": "Tarnwick Sheetmaker PDF", "ProductVersion": version})
+
+
+def pc3_groups(data):
+    """What a plotter configuration for the CAD host says, read by the published layout of such files: 48 bytes of names, the
+    Adler-32 sum of the packed text, the text's length, the packed text's, and a zlib stream of nested groups."""
+    check("names", data[:48], b"PIAFILEVERSION_2.0,PC3VER1,compress\r\npmzlibcodec")
+    total, plain, stream = struct.unpack("<3I", data[48:60])
+    text = zlib.decompress(data[60:])
+    check("sum and lengths", (total, plain, stream), (zlib.adler32(data[60:]), len(text), len(data) - 60))
+    groups = [{}]
+    for line in text.decode("ascii").splitlines():
+        line = line.strip()
+        if line.endswith("{"):
+            groups.append(groups[-1].setdefault(line[:-1], {}))
+        elif line == "}":
+            groups.pop()
+        else:
+            name, value = line.split("=", 1)
+            groups[-1][name] = value
+    check("every group ends", len(groups), 1)
+    return groups[0]
+
+
+def check_pc3(staged, source):
+    ours = sorted(os.listdir(os.path.join(source, "share", "sheetmaker-pdf", "PC3")))
+    check("plotter configurations", sorted(os.listdir(os.path.join(staged, "PC3"))), ours)
+    for name in ours:
+        device = name[:-4]
+        groups = pc3_groups(read(os.path.join(staged, "PC3", name)))
+        check(device, list(groups), ["meta", "media", "io", "res_color_mem", "custom"])
+        check(device + ": driver", (groups["meta"]["driver_pathname"], groups["meta"]["localized_model_name"]),
+              ('"ps%s.hdi' % device.split()[1][2], '"' + device))
+        check(device + ": where it plots to", (groups["io"]["plot_to_file"], groups["io"]["pathname"]), ("TRUE", '"'))
+        size = groups["media"]["size"]
+        check(device + ": sheet", (size["name"], size["media_description"]["media_bounds"]),
+              ('"ANSI_A_(11.00_x_8.50_Inches)', {"urx": "279.4", "ury": "215.9"}))
+        check(device + ": dots", groups["res_color_mem"]["resolution"]["phys_resolution_x"],
+              "1200.0" if "High" in device else "600.0")
 
 
 class Packer:
@@ -228,6 +267,7 @@ def main(source, component, library, version):
     with tempfile.TemporaryDirectory() as folder:
         packer = Packer(source, component, folder, version)
         check_help(check_reproduction(packer, library), source)
+        check_pc3(os.path.join(packer.folder, "stage"), source)
         check_signature(packer)
     print(f"{failures} failed")
     return 1 if failures else 0

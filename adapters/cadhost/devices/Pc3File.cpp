@@ -2,21 +2,17 @@
 #include "devices/Pc3File.h"
 
 #include "answers/HostText.h"
-#include "base/files/Paths.h"
 #include "ports/HostError.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <optional>
 #include <sstream>
 
 namespace sm::cadhost {
 namespace {
 
-constexpr std::uintmax_t kLargestFile = 1 << 20;
 constexpr double kSmallestSide = 1, kLargestSide = 100000; // mm
 constexpr double kCoarsest = 36, kFinest = 9600;           // dots per inch
 
@@ -191,26 +187,9 @@ const Medium* Pc3File::FindMedium(std::string_view canonicalName) const
     return found == media.end() ? nullptr : &*found;
 }
 
-Pc3File ParsePc3(std::string_view text, const std::string& name)
+Pc3File ParseOwnPc3(std::string_view text, const std::string& name)
 {
     return Pc3Reader(text, name).Read();
-}
-
-Pc3File ReadPc3(const std::string& path)
-{
-    const std::string name = base::ToText(base::ToPath(path).filename());
-    std::error_code error;
-    const auto size = std::filesystem::file_size(base::ToPath(path), error);
-    if (error)
-        throw HostError(name + ": the plotter configuration can't be read: " + error.message());
-    if (size > kLargestFile)
-        throw HostError(name + ": the plotter configuration is larger than 1 MiB");
-    std::ifstream file(base::ToPath(path), std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    if (!file)
-        throw HostError(name + ": the plotter configuration can't be read");
-    return ParsePc3(text.str(), name);
 }
 
 } // namespace sm::cadhost

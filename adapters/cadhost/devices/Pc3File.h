@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Plotter configurations: readable text files, described in docs/pc3.md.
+// What a plotter configuration tells.
 #pragma once
 
 #include <cstdint>
@@ -31,9 +31,8 @@ struct Pc3File {
     [[nodiscard]] const Medium* FindMedium(std::string_view canonicalName) const;
 };
 
-/// Both throw HostError with one line that names the file, the line and what is wrong there.
-Pc3File ReadPc3(const std::string& path);
-/// `name` stands for the file in messages.
-Pc3File ParsePc3(std::string_view text, const std::string& name);
+/// One of our own, as text. Throws HostError with one line that names the file, which `name` stands for, the line and
+/// what is wrong there.
+Pc3File ParseOwnPc3(std::string_view text, const std::string& name);
 
 } // namespace sm::cadhost

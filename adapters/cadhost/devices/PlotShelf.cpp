@@ -4,6 +4,7 @@
 #include "base/files/FolderNames.h"
 #include "base/files/Paths.h"
 #include "base/text/Names.h"
+#include "devices/ReadPc3.h"
 
 #include <algorithm>
 

@@ -18,7 +18,7 @@ constexpr std::size_t kMostLineweights = 1000;
 /// The values of one group, each with what stands for a missing one.
 class Values {
 public:
-    Values(const PlotStyleGroup& group, const std::string& path) : m_group(group), m_path(path) {}
+    Values(const PlotFileGroup& group, const std::string& path) : m_group(group), m_path(path) {}
 
     [[nodiscard]] std::string Text(std::string_view name) const
     {
@@ -41,7 +41,7 @@ public:
     }
 
 private:
-    [[nodiscard]] const PlotStyleGroup::Value* Find(std::string_view name) const
+    [[nodiscard]] const PlotFileGroup::Value* Find(std::string_view name) const
     {
         const auto found = m_group.values.find(name);
         return found == m_group.values.end() ? nullptr : &found->second;
@@ -61,7 +61,7 @@ private:
         }
         return number;
     }
-    const PlotStyleGroup& m_group;
+    const PlotFileGroup& m_group;
     const std::string& m_path;
 };
 
@@ -86,7 +86,7 @@ std::optional<std::uint32_t> ColorOf(const Values& values)
     return (exact == kObject || exact == kNone ? chosen : exact) & 0xFFFFFF;
 }
 
-PlotStyle StyleOf(const PlotStyleGroup& group, const std::string& path)
+PlotStyle StyleOf(const PlotFileGroup& group, const std::string& path)
 {
     constexpr std::int64_t kGrayPolicy = 2;
     const Values values(group, path);
@@ -118,7 +118,7 @@ std::optional<std::size_t> NumberOf(const std::string& name, std::size_t last)
     return read.ec == std::errc() && read.ptr == end && number <= last ? std::optional(number) : std::nullopt;
 }
 
-void ReadStyles(const PlotStyleGroup& styles, PlotStyleTable& table)
+void ReadStyles(const PlotFileGroup& styles, PlotStyleTable& table)
 {
     if (table.byColor) {
         table.styles.resize(kColors);
@@ -132,7 +132,7 @@ void ReadStyles(const PlotStyleGroup& styles, PlotStyleTable& table)
     }
 }
 
-void ReadLineweights(const PlotStyleGroup& lineweights, PlotStyleTable& table)
+void ReadLineweights(const PlotFileGroup& lineweights, PlotStyleTable& table)
 {
     const Values values(lineweights, table.path);
     for (const auto& [name, value] : lineweights.values) {
@@ -153,7 +153,7 @@ bool EndsWith(std::string_view path, std::string_view extension)
 PlotStyleTable ParsePlotStyleTable(std::string_view bytes, const std::string& path)
 {
     const PlotStyleContent content = UnpackPlotStyleFile(bytes, path);
-    const PlotStyleGroup root = ParsePlotStyleText(content.text, path);
+    const PlotFileGroup& root = content.root;
     const Values values(root, path);
     PlotStyleTable table;
     table.path = path;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cadhost/HostFixture.h"
-#include "devices/Pc3File.h"
+#include "devices/ReadPc3.h"
 
 #include <gmock/gmock.h>
 

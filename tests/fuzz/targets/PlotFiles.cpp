@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Files that say how plots are made: plot style tables, plotter configurations.
-#include "devices/Pc3File.h"
+#include "devices/ReadPc3.h"
 #include "fuzz/Target.h"
 #include "fuzz/targets/Targets.h"
 #include "plotstyle/PlotPens.h"
@@ -101,7 +101,11 @@ Inputs Pc3Seeds()
 {
     const std::string head = "# ours\nFormat: 1\nDevice: Own PS8 HighRes\nDriver: ps8.hdi\nResolution: 1200\n";
     return {head + "Margins: 5 5 5 5\n[Media]\nA4 | A4 (210 x 297) | 210 | 297\nA3 | A3 | 297 | 420\n",
-            head + "Margins: 5 5.5 5 5\n[Media]\nA4 | A4 | 210 | 297 | 3 3 3 3\n", head};
+            head + "Margins: 5 5.5 5 5\n[Media]\nA4 | A4 | 210 | 297 | 3 3 3 3\n", head,
+            "PIAFILEVERSION_2.0,PC3VER1\nmeta{\n driver_pathname=\"ps8.hdi\n localized_model_name=\"Own\n}\nmedia{\n "
+            "size{\n"
+            "  name=\"A4\n  media_description{\n   printable_bounds_llx=5.0\n   media_bounds{\n    urx=210.0 (AB)\n"
+            "    ury=297.0\n   }\n  }\n }\n}\nres_color_mem{\n resolution{\n  phys_resolution_x=600.0\n }\n}\n"};
 }
 
 } // namespace sm::fuzz

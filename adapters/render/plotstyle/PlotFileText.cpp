@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "plotstyle/PlotStyleText.h"
-
-#include "render/PlotStyleTable.h"
+#include "render/PlotFileText.h"
 
 #include <algorithm>
 
@@ -14,11 +12,11 @@ constexpr std::size_t kMostLines = 200'000;
 
 class TextParser {
 public:
-    TextParser(std::string_view text, const std::string& path) : m_rest(text), m_path(path) {}
+    TextParser(std::string_view text, const std::string& kind) : m_rest(text), m_kind(kind) {}
 
-    PlotStyleGroup Parse()
+    PlotFileGroup Parse()
     {
-        PlotStyleGroup root;
+        PlotFileGroup root;
         ReadGroup(root, 0);
         return root;
     }
@@ -31,7 +29,7 @@ private:
             line = m_rest.substr(0, m_rest.find('\n'));
             m_rest.remove_prefix(std::min(line.size() + 1, m_rest.size()));
             if (++m_line > static_cast<std::int32_t>(kMostLines)) {
-                FailPlotStyle(m_path, m_line, "it holds too much for a plot style table");
+                throw PlotFileFault(m_line, "it holds too much for " + m_kind);
             }
             line.remove_prefix(std::min(line.find_first_not_of(" \t\r"), line.size()));
             while (!line.empty() && (line.back() == '\r' || line.back() == '\0')) {
@@ -44,14 +42,14 @@ private:
         return false;
     }
 
-    void ReadGroup(PlotStyleGroup& group, std::size_t depth)
+    void ReadGroup(PlotFileGroup& group, std::size_t depth)
     {
         const std::int32_t begin = m_line;
-        PlotStyleGroup::Value* last = nullptr;
+        PlotFileGroup::Value* last = nullptr;
         for (std::string_view line; NextLine(line);) {
             if (line == "}") {
                 if (depth == 0) {
-                    FailPlotStyle(m_path, m_line, "a group ends that never began");
+                    throw PlotFileFault(m_line, "a group ends that never began");
                 }
                 return;
             }
@@ -63,39 +61,30 @@ private:
                 *last = {std::string(text), m_line};
             } else if (line.ends_with('{') && depth < kDeepest) {
                 line.remove_suffix(1);
-                PlotStyleGroup& inner = group.groups[std::string(line)];
+                PlotFileGroup& inner = group.groups[std::string(line)];
                 inner = {};
                 ReadGroup(inner, depth + 1);
             } else if (last != nullptr) { // descriptions may have several lines
                 last->text.append("\n").append(line);
             } else {
-                FailPlotStyle(m_path, m_line, "this is no line of a plot style table");
+                throw PlotFileFault(m_line, "this is no line of " + m_kind);
             }
         }
         if (depth != 0) {
-            FailPlotStyle(m_path, begin, "a group begins that never ends");
+            throw PlotFileFault(begin, "a group begins that never ends");
         }
     }
 
     std::string_view m_rest;
-    const std::string& m_path;
+    const std::string& m_kind;
     std::int32_t m_line = 0;
 };
 
 } // namespace
 
-void FailPlotStyle(const std::string& path, std::int32_t line, const std::string& what)
+PlotFileGroup ParsePlotFileText(std::string_view text, const std::string& kind)
 {
-    const std::string place = line > 0 ? ", line " + std::to_string(line) : std::string();
-    std::string oneLine = what; // values that it quotes may have several lines
-    std::replace_if(
-        oneLine.begin(), oneLine.end(), [](char c) { return c >= 0 && c < ' '; }, ' ');
-    throw PlotStyleError(path + place + ": " + oneLine + ". Save the plot style table again or choose another one.");
-}
-
-PlotStyleGroup ParsePlotStyleText(std::string_view text, const std::string& path)
-{
-    return TextParser(text, path).Parse();
+    return TextParser(text, kind).Parse();
 }
 
 } // namespace sm::render
