@@ -149,7 +149,7 @@ void PickingView::Follow(Vec2 pixel, bool isSuspended)
     m_cursor = pixel;
     m_snap.reset();
     if (m_picking && m_snapping && !isSuspended && !m_isZoomWindow && m_picture != nullptr)
-        m_snap = m_picture->snaps.Find(m_map.ToScene(pixel), kAperture / m_map.scale);
+        m_snap = m_picture->snaps.Find(m_map.ToScene(pixel), kAperture * Magnified() / m_map.scale);
     if (onMove)
         onMove(PointAtCursor());
     Redraw();

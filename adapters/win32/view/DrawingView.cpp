@@ -129,7 +129,7 @@ void DrawingView::Paint()
         Compose(pixels);
         std::vector<ViewText> texts;
         const auto shapes = m_overlay->On(pixels);
-        const OverlayCanvas over{*shapes, texts, hidden.Canvas(), room.Width(), room.Height()};
+        const OverlayCanvas over{*shapes, texts, hidden.Canvas(), room.Width(), room.Height(), Magnified()};
         if (paintOver)
             paintOver(over);
         PaintOverlay(over, Overlay(), OnBackdrop());

@@ -47,6 +47,7 @@ private:
     void Post(std::function<void()> work) override { PostWork(std::move(work)); }
     [[nodiscard]] bool IsShown() const override { return IsWindowVisible(Handle()) != FALSE; }
     [[nodiscard]] scene::PixelBox Room() const override;
+    [[nodiscard]] double Magnified() const override { return DotsOf(Handle()) / 96.0; }
     [[nodiscard]] bool IsSuspended() const override { return GetKeyState(VK_SHIFT) < 0; }
 
     void Paint();

@@ -19,7 +19,7 @@ using render::Vec2;
 using scene::PixelPen;
 using scene::SnapKind;
 
-constexpr double kHalf = 7; // pixels of a snap mark
+constexpr double kSnapHalf = 7; // pixels of a snap mark
 constexpr std::uint32_t kSnap = 0xD03000, kBand = 0x1060C0, kLabel = 0xFFFFE1, kLabelInk = 0x202020;
 
 std::uint32_t Clear(std::uint32_t color, std::uint32_t opacity)
@@ -59,11 +59,11 @@ Path LineOf(Vec2 a, Vec2 b)
     return path;
 }
 
-Path SnapShape(SnapKind kind, Vec2 at)
+Path SnapShape(SnapKind kind, Vec2 at, double half)
 {
     Path path;
     const auto go = [&](double x, double y) {
-        const Vec2 to = at + Vec2{x, y} * kHalf;
+        const Vec2 to = at + Vec2{x, y} * half;
         path.Empty() ? path.MoveTo(to) : path.LineTo(to);
     };
     constexpr int kCorners = 24; // of what is seen as a circle
@@ -80,8 +80,8 @@ Path SnapShape(SnapKind kind, Vec2 at)
         break;
     case SnapKind::Intersection:
         go(-1, -1), go(1, 1);
-        path.MoveTo(at + Vec2{-kHalf, kHalf});
-        path.LineTo(at + Vec2{kHalf, -kHalf});
+        path.MoveTo(at + Vec2{-half, half});
+        path.LineTo(at + Vec2{half, -half});
         return path;
     }
     path.Close();
@@ -90,13 +90,15 @@ Path SnapShape(SnapKind kind, Vec2 at)
 
 void PaintSnapMark(const OverlayCanvas& canvas, const scene::Snap& snap)
 {
-    canvas.shapes.Stroke(SnapShape(snap.kind, snap.point), {kSnap, 2, render::LineCap::Square});
+    const double half = kSnapHalf * canvas.scale;
+    canvas.shapes.Stroke(SnapShape(snap.kind, snap.point, half), {kSnap, 2 * canvas.scale, render::LineCap::Square});
     const std::wstring name = windows::Wide(SnapName(snap.kind));
     SIZE size = {};
     GetTextExtentPoint32W(canvas.measure, name.c_str(), static_cast<int>(name.size()), &size);
-    constexpr double kReach = 2 * kHalf + 6, kRoom = 3;
-    const bool isWide = snap.point.x + kReach + size.cx > canvas.width;
-    const Vec2 at = snap.point + Vec2{isWide ? -kReach - static_cast<double>(size.cx) : kReach, kReach};
+    constexpr double kRoom = 3;
+    const double reach = 2 * half + 6;
+    const bool isWide = snap.point.x + reach + size.cx > canvas.width;
+    const Vec2 at = snap.point + Vec2{isWide ? -reach - static_cast<double>(size.cx) : reach, reach};
     const Box2 label = Crisp({at - Vec2{kRoom, kRoom}, at + Vec2{size.cx + kRoom, size.cy + kRoom}});
     canvas.shapes.FillBox(label, kLabel);
     canvas.shapes.FrameBox(label, PenOf(kLabelInk, 1));

@@ -30,6 +30,7 @@ struct OverlayCanvas {
     std::vector<ViewText>& texts;
     HDC measure; ///< has the window's font
     int width, height;
+    double scale; ///< of what has a size of its own, from 96 dots to the inch
 };
 
 /// Cross-hair, rubber band, snap mark with its name.

@@ -176,7 +176,7 @@ TEST_F(DrawingPicked, PointsCanBeTyped)
 
 TEST_F(DrawingPicked, ARectangleIsSeenWhileItsOtherCornerIsPicked)
 {
-    const Point first = Pick([](const DrawingUser& user) { user.Press(user.PixelOf({1, 1})); });
+    const Point first = Pick([](const DrawingUser& user) { user.Press(user.PixelOf({0.6, 0.6})); });
     EXPECT_EQ(first, (Vec2{0, 0}));
     const Point other = Corner({0, 0}, [](const DrawingUser& user) {
         EXPECT_EQ(user.Text(kPrompt), "Enter Other Corner: ");

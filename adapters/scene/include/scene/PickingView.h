@@ -86,6 +86,8 @@ protected:
     [[nodiscard]] virtual PixelBox Room() const = 0;
     /// Pixels of the painted image for one of the window's.
     [[nodiscard]] virtual double PixelRatio() const { return 1; }
+    /// Pixels of the window that are as large as one of 96 to the inch.
+    [[nodiscard]] virtual double Magnified() const { return 1; }
     /// The key that leaves snaps out is down.
     [[nodiscard]] virtual bool IsSuspended() const = 0;
 
