@@ -12,6 +12,7 @@ constexpr double kDotLength = 0.02; // mm; a stroke without length shows nowhere
 constexpr double kTiny = 1e-9;
 constexpr std::size_t kMostSymbols = 50'000;  // on one path
 constexpr std::size_t kMostVerbs = 4'000'000; // a path with more dashes than that is drawn through from there on
+constexpr int kDeepest = 24;                  // halves of halves of a curve
 constexpr double kMostPeriods = 1e12;         // of a run; further along, a dash is below what its place is known to
 
 } // namespace
@@ -76,8 +77,8 @@ void Dasher::FlushRun()
     double begin = 0;
     for (const Piece& piece : m_run) {
         CutPiece(piece, begin);
-        if (!m_pattern->symbols.empty() && m_periods >= 1) {
-            PlaceSymbols(piece, begin);
+        if (!m_pattern->symbols.empty() && m_periods >= 1 && m_periods <= kMostPeriods) {
+            PlaceSymbols(piece, begin, 0);
         }
         begin += piece.length;
     }
@@ -174,7 +175,6 @@ void Dasher::CutCurve(const Cubic& curve, double length, double begin, int depth
     if (!Overlaps(curve.Hull(), m_visible)) {
         return;
     }
-    constexpr int kDeepest = 24;
     const double diagonal = m_visible.Width() + m_visible.Height();
     const CubicLength lengths(curve);
     if (length > 2 * diagonal && depth < kDeepest) {
@@ -190,26 +190,45 @@ void Dasher::CutCurve(const Cubic& curve, double length, double begin, int depth
     });
 }
 
-void Dasher::PlaceSymbols(const Piece& piece, double begin)
+// Of a long piece, only what shows.
+void Dasher::PlaceSymbols(const Piece& piece, double begin, int depth)
+{
+    const Box2 shown = Grown(m_visible, m_pattern->reach * m_scale);
+    if (piece.straight) {
+        double t0 = 0;
+        double t1 = 1;
+        if (ClipLine(shown, piece.curve.p[0], piece.curve.p[3], t0, t1)) {
+            PlaceSymbolsWithin(piece, begin, t0 * piece.length, t1 * piece.length);
+        }
+        return;
+    }
+    if (!Overlaps(piece.curve.Hull(), shown)) {
+        return;
+    }
+    if (piece.length > 2 * (shown.Width() + shown.Height()) && depth < kDeepest) {
+        const double half = piece.length / 2;
+        const double middle = CubicLength(piece.curve).ParameterAt(half);
+        PlaceSymbols({piece.curve.Part(0, middle), false, half}, begin, depth + 1);
+        PlaceSymbols({piece.curve.Part(middle, 1), false, half}, begin + half, depth + 1);
+        return;
+    }
+    PlaceSymbolsWithin(piece, begin, 0, piece.length);
+}
+
+void Dasher::PlaceSymbolsWithin(const Piece& piece, double begin, double shownFrom, double shownTo)
 {
     const double period = m_pattern->period * m_scale;
     const double end = begin + piece.length;
     const bool last = end >= m_runLength - kTiny;
-    double from = std::floor((begin - m_shift) / period) - 1;
-    double to = std::min(m_periods, std::floor((end - m_shift) / period));
-    double t0 = 0;
-    double t1 = 1;
-    if (piece.straight) { // of a long line, only what shows
-        const Box2 shown = Grown(m_visible, m_pattern->reach * m_scale);
-        if (!ClipLine(shown, piece.curve.p[0], piece.curve.p[3], t0, t1)) {
-            return;
-        }
-        from = std::max(from, std::floor((begin + t0 * piece.length - m_shift) / period) - 1);
-        to = std::min(to, std::floor((begin + t1 * piece.length - m_shift) / period));
+    const double from = std::max(0.0, std::floor((begin + shownFrom - m_shift) / period) - 1);
+    const double to = std::min(m_periods, std::floor((begin + shownTo - m_shift) / period));
+    if (!(to - from < static_cast<double>(kMostSymbols))) { // too close to tell one from the next
+        return;
     }
-    for (double k = std::max(0.0, from); k <= to && m_symbols.size() < kMostSymbols; ++k) {
+    const auto count = static_cast<std::int64_t>(to - from) + 1;
+    for (std::int64_t i = 0; i < count && m_symbols.size() < kMostSymbols; ++i) {
         for (const DashPattern::Symbol& symbol : m_pattern->symbols) {
-            const double at = m_shift + k * period + symbol.at * m_scale;
+            const double at = m_shift + (from + static_cast<double>(i)) * period + symbol.at * m_scale;
             if (at >= begin && (at < end || (last && at <= m_runLength + kTiny))) {
                 PlaceSymbol(piece, std::min(at - begin, piece.length), symbol.element);
             }

@@ -45,7 +45,9 @@ private:
     template <class Emit> void ForEachDash(double begin, double end, const Emit& emit) const;
     template <class Emit> void DashesOfPeriod(double k, const Emit& emit) const;
     void Start(Vec2 point);
-    void PlaceSymbols(const Piece& piece, double begin);
+    void PlaceSymbols(const Piece& piece, double begin, int depth);
+    /// On the part of the piece that lies between two lengths along it.
+    void PlaceSymbolsWithin(const Piece& piece, double begin, double shownFrom, double shownTo);
     void PlaceSymbol(const Piece& piece, double along, std::uint32_t element);
 
     std::vector<Piece> m_run;
