@@ -189,6 +189,14 @@ def preview(desk):
     desk.check("preview: the log has none of it", "A-101" in desk.shell("log"), False)
 
 
+def slow_spline():
+    """Of degree 20 with 60 control points: little to read, much to draw."""
+    degree, count = 20, 60
+    knots = [0] * degree + list(range(count - degree + 1)) + [count - degree] * degree
+    return (f"0\nSPLINE\n8\n0\n70\n8\n71\n{degree}\n72\n{len(knots)}\n73\n{count}\n74\n0\n" + "".join(f"40\n{knot}\n" for knot in knots) +
+            "".join(f"10\n{i * 37 % 997}\n20\n{i * 61 % 991}\n30\n0\n" for i in range(count)))
+
+
 def cancel_sheet(desk):
     """Cancel while one large sheet is made: it ends at once, and the former PDF stays."""
     screen = desk.screen
@@ -197,7 +205,7 @@ def cancel_sheet(desk):
     crowd = os.path.join(desk.folder, "crowd.dxf")
     with open(crowd, "w", encoding="ascii") as file:
         file.write("0\nSECTION\n2\nENTITIES\n")
-        file.writelines(f"0\nLINE\n8\n0\n10\n{i % 997}\n20\n{i % 991}\n11\n{i % 983}\n21\n{i % 977}\n" for i in range(600000))
+        file.write(slow_spline() * 40000)  # some twenty seconds
         file.write("0\nENDSEC\n0\nEOF\n")
     with open(crowd[:-4] + ".pdf", "w", encoding="ascii") as file:
         file.write("the former one")
