@@ -20,6 +20,11 @@ void* operator new(std::size_t size)
     }
     throw std::bad_alloc();
 }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    ++allocations;
+    return std::malloc(size == 0 ? 1 : size);
+}
 void operator delete(void* place) noexcept
 {
     std::free(place);
