@@ -14,6 +14,7 @@
 #include "windows/forms/Win32Toolkit.h"
 #include "windows/system/WindowsSystem.h"
 
+#include <cstdio>
 #include <iostream>
 
 #include <windows.h>
@@ -57,11 +58,24 @@ int ShowOnScreen(const Job& job, const Install& install)
     return RunPageSetup(std::get<PageSetupJob>(job), install, parts, std::cout, std::cerr);
 }
 
+/// A program of windows has no console of its own. Started from one it speaks there; what was handed over stays.
+void SpeakInTheCallersConsole()
+{
+    if (::AttachConsole(ATTACH_PARENT_PROCESS) == FALSE)
+        return;
+    for (std::FILE* const stream : {stdout, stderr}) {
+        const DWORD handle = stream == stdout ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE;
+        if (::GetFileType(::GetStdHandle(handle)) == FILE_TYPE_UNKNOWN)
+            std::freopen("CONOUT$", "w", stream);
+    }
+}
+
 } // namespace
 } // namespace sm::app
 
 int main(int argc, char** argv)
 {
+    sm::app::SpeakInTheCallersConsole();
     sm::base::PrepareProcess();
     try {
         const int code = sm::app::RunProgram({argv + 1, argv + argc}, sm::app::ThisInstall(), std::cout, std::cerr,
