@@ -82,7 +82,8 @@ bool HoldsUtf8(const Model& model)
 
 void BuildHeader(Model& model)
 {
-    model.header = HeaderVariables(model.source.File(), model.source.format, model.structure.variables);
+    model.header = HeaderVariables(model.source.File(), model.source.format, model.structure.variables,
+                                   model.source.unreadNumbers);
     const auto acadver = model.header.RawText("$ACADVER");
     model.version = VersionOf(Trimmed(acadver.value_or("")));
     if (acadver && model.version == Version::Unknown)

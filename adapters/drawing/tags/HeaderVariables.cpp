@@ -21,8 +21,9 @@ bool IsTextCode(int code)
 
 } // namespace
 
-HeaderVariables::HeaderVariables(std::string_view file, TagFormat format, const std::vector<NamedSlice>& variables)
-    : m_file(file), m_format(format)
+HeaderVariables::HeaderVariables(std::string_view file, TagFormat format, const std::vector<NamedSlice>& variables,
+                                 UnreadNumbers& unread)
+    : m_file(file), m_format(format), m_unread(&unread)
 {
     for (const NamedSlice& variable : variables)
         m_slices.emplace(variable.name, variable.slice);
@@ -34,6 +35,7 @@ std::optional<TagCursor> HeaderVariables::First(std::string_view name) const
     if (found == m_slices.end())
         return std::nullopt;
     TagCursor tags = TagsOf(m_file, m_format, found->second);
+    tags.Tell(*m_unread);
     return tags.Next() ? std::optional(tags) : std::nullopt;
 }
 

@@ -15,8 +15,10 @@ namespace sm::drawing {
 class HeaderVariables {
 public:
     HeaderVariables() = default;
-    /// `variables` are slices of `file`, which must outlive this.
-    HeaderVariables(std::string_view file, TagFormat format, const std::vector<NamedSlice>& variables);
+    /// `variables` are slices of `file`; both it and `unread`, which is told of values that are no numbers, must
+    /// outlive this.
+    HeaderVariables(std::string_view file, TagFormat format, const std::vector<NamedSlice>& variables,
+                    UnreadNumbers& unread);
 
     [[nodiscard]] double Real(std::string_view name, double fallback) const;
     [[nodiscard]] std::int32_t Integer(std::string_view name, std::int32_t fallback) const;
@@ -29,6 +31,7 @@ private:
 
     std::string_view m_file;
     TagFormat m_format = TagFormat::Ascii;
+    UnreadNumbers* m_unread = nullptr; ///< null while there are no variables
     std::unordered_map<std::string_view, Slice> m_slices;
 };
 

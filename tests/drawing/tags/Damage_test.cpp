@@ -159,6 +159,23 @@ TEST(Damaged, NumbersThatAreNoneCountOnceALine)
     }
 }
 
+TEST(Damaged, NumbersOfTheHeaderCountWhenTheyAreAskedFor)
+{
+    const auto drawing = DxfText()
+                             .Section("HEADER")
+                             .Variable("$LTSCALE", 40, "1,5")
+                             .Variable("$LUNITS", 70, "two")
+                             .EndSection()
+                             .Section("ENTITIES")
+                             .EndSection()
+                             .End()
+                             .Open();
+    EXPECT_EQ(drawing->HeaderReal("$LTSCALE", 1), 1);
+    EXPECT_EQ(FindingsOf(*drawing), Lines{"107 x1 @8 lost"});
+    EXPECT_EQ(drawing->HeaderInteger("$LUNITS", 2), 0);
+    EXPECT_EQ(FindingsOf(*drawing), Lines{"107 x2 @8 lost"});
+}
+
 TEST(Refused, WhatIsNoFile)
 {
     const std::string folder = ::testing::TempDir();
