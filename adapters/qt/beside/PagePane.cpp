@@ -12,7 +12,14 @@
 
 namespace sm::qt {
 
-PagePane::PagePane(beside::IPageSource& source) : m_source(source), m_view(new DrawingView), m_trouble(new QLabel)
+PagePane::PagePane(beside::IPageSource& source)
+    : m_view(new DrawingView), m_trouble(new QLabel),
+      m_drawer(
+          source,
+          [this](std::function<void()> work) {
+              QMetaObject::invokeMethod(this, std::move(work), Qt::QueuedConnection);
+          },
+          [this](DrawnPreview drawn) { Show(std::move(drawn)); })
 {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -31,41 +38,8 @@ PagePane::PagePane(beside::IPageSource& source) : m_source(source), m_view(new D
     column->addWidget(m_trouble);
 }
 
-PagePane::~PagePane()
+void PagePane::Show(DrawnPreview drawn)
 {
-    Stop();
-}
-
-void PagePane::Renew()
-{
-    if (!m_source.Renew() && !m_isDue)
-        return;
-    m_isDue = false;
-    m_again = IsBusy();
-    if (m_again)
-        m_stop = true;
-    else
-        Begin();
-}
-
-void PagePane::Begin()
-{
-    m_again = false;
-    m_stop = false;
-    m_thread = std::thread([this] {
-        auto drawn = std::make_shared<DrawnPreview>(DrawPreview(m_source, m_stop));
-        QMetaObject::invokeMethod(
-            this, [this, drawn] { Take(std::move(*drawn)); }, Qt::QueuedConnection);
-    });
-}
-
-void PagePane::Take(DrawnPreview drawn)
-{
-    m_thread.join();
-    if (m_again)
-        return Begin();
-    if (m_isDue)
-        return; // hidden meanwhile
     m_shown = std::move(drawn);
     m_view->setAccessibleDescription(m_shown.picture == nullptr ? QStringLiteral("No page")
                                                                 : QStringLiteral("A page of %1 x %2 mm with %3 mark%4")
@@ -87,19 +61,10 @@ void PagePane::Take(DrawnPreview drawn)
 /// While a point is picked, the drawing's window needs the memory.
 void PagePane::hideEvent(QHideEvent*)
 {
-    m_stop = true;
-    m_again = false;
-    m_isDue = true;
+    m_drawer.Forget();
     m_left = m_view->OwnMap();
     m_shown = {};
     m_view->SetPicture(nullptr);
-}
-
-void PagePane::Stop()
-{
-    m_stop = true;
-    if (m_thread.joinable())
-        m_thread.join();
 }
 
 } // namespace sm::qt

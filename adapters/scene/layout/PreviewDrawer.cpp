@@ -19,13 +19,21 @@ PreviewDrawer::~PreviewDrawer()
 
 void PreviewDrawer::Renew()
 {
-    if (!m_source.Renew())
+    if (!m_source.Renew() && !m_isDue)
         return;
+    m_isDue = false;
     m_again = IsBusy();
     if (m_again)
         m_stop = true;
     else
         Begin();
+}
+
+void PreviewDrawer::Forget()
+{
+    m_stop = true;
+    m_again = false;
+    m_isDue = true;
 }
 
 void PreviewDrawer::Begin()
@@ -43,7 +51,8 @@ void PreviewDrawer::Take(DrawnPreview drawn)
     m_thread.join();
     if (m_again)
         return Begin();
-    m_show(std::move(drawn));
+    if (!m_isDue)
+        m_show(std::move(drawn));
 }
 
 } // namespace sm::scene

@@ -22,6 +22,9 @@ public:
 
     /// Something may have changed.
     void Renew();
+    /// Nobody looks any more: what is being drawn is dropped, and the next `Renew` draws whether or not something
+    /// changed.
+    void Forget();
     [[nodiscard]] bool IsBusy() const { return m_thread.joinable(); }
 
 private:
@@ -33,6 +36,7 @@ private:
     std::function<void(DrawnPreview)> m_show;
     std::thread m_thread;
     std::atomic<bool> m_stop = false;
+    bool m_isDue = false; ///< nothing is kept of what was drawn
     bool m_again = false; ///< another page is wanted than the one that is drawn
 };
 
