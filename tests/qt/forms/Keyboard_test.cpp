@@ -56,10 +56,11 @@ TEST_F(Keyboard, AMnemonicPressesItsButtonAfterTheFieldWasLeft)
     form.Show([&] {
         QtUser::Type("3");
         QtUser::Key(Qt::Key_E, Qt::AltModifier);
-        QTest::qWait(200); // a button pressed by its key is seen to go down
+        // A button pressed by its key is seen to go down, and clicks a moment later.
+        EXPECT_TRUE(QTest::qWaitFor([&] { return form.reports.size() >= 3; }));
         EXPECT_EQ(form.Take(), (Reports{"typed txtName '3' 1", "left txtName", "clicked btnCancel"}));
         QtUser::Key(Qt::Key_B, Qt::AltModifier);
-        QTest::qWait(200);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return form.reports.size() >= 2; }));
         EXPECT_EQ(form.Take(), (Reports{"left btnCancel", "clicked chkBox"}));
     });
 }

@@ -164,6 +164,7 @@ TEST_F(Showing, AProgressFormThatRefusesToCloseStaysThroughoutItsRun)
 TEST_F(Showing, SignalsCloseTheFrontWindow)
 {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        const auto before = std::signal(signal, SIG_DFL); // the tests may run under nohup
         form.Make();
         form.then = [&](const std::string& report) {
             if (report == "activated")
@@ -173,7 +174,19 @@ TEST_F(Showing, SignalsCloseTheFrontWindow)
         };
         EXPECT_TRUE(form.view->ShowModal());
         EXPECT_EQ(form.Take(), (Reports{"activated", "closed"}));
+        std::signal(signal, before);
     }
+}
+
+TEST_F(Showing, AHangupThatWasIgnoredBeforeStaysIgnored)
+{
+    const auto before = std::signal(SIGHUP, SIG_IGN);
+    form.Show([&] {
+        std::raise(SIGHUP);
+        QTest::qWait(50);
+        EXPECT_EQ(form.Take(), Reports{});
+    });
+    EXPECT_EQ(std::signal(SIGHUP, before), SIG_IGN);
 }
 
 std::string s_heard;
