@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "context/LaidTexts.h"
 
+#include "context/Strokes.h"
 #include "geometry/MappedPath.h"
 #include "render/FontFace.h"
 
@@ -116,6 +117,13 @@ void AppendCorners(Path& path, const std::vector<Vec2>& corners, const Matrix2& 
 
 void DrawLaidText(PaintContext& context, const LaidText& text)
 {
+    if (context.options.textFrames && !text.outline.empty()) {
+        context.path.Clear();
+        AppendCorners(context.path, text.outline, PlaneOf(context.frame->toPaper, text.extrusion, text.elevation));
+        StrokeOutline(context, context.path);
+        context.Remark("a text seen as its box: the drawing asks for it (QTEXTMODE)");
+        return;
+    }
     DrawLaidText(context, text, PlaneOf(context.frame->toPaper, text.extrusion, text.elevation));
 }
 

@@ -30,6 +30,8 @@ struct PaintOptions {
     bool viewportsFirst = true;
     bool viewportBorders = false;
     bool scaleLinetypesWithPaper = true;           ///< PSLTSCALE
+    bool fills = true;                             ///< FILLMODE: hatches are seen, and areas are filled
+    bool textFrames = false;                       ///< QTEXTMODE: texts are seen as their boxes
     const PlotPens* pens = nullptr;                ///< null: plot styles change nothing
     bool everyLayer = false;                       ///< draw what layers hide as well
     References* references = nullptr;              ///< null: made when they are needed

@@ -92,8 +92,19 @@ void StrokePath(PaintContext& context, const Path& path, const Pen& pen, std::sp
     }
 }
 
+void StrokeOutline(PaintContext& context, const Path& path)
+{
+    Pen pen = context.StrokePen();
+    pen.pattern = nullptr;
+    context.ink.Stroke(path, pen);
+}
+
 void FillArea(PaintContext& context, const Path& path, FillRule rule)
 {
+    if (!context.options.fills) {
+        StrokeOutline(context, path);
+        return;
+    }
     const FillLines pattern = context.pen != nullptr ? LinesOf(context.pen->fill) : FillLines{};
     const Box2 hull = HullOf(path);
     if (pattern.families.empty() || !context.ink.Bounded() || !std::isfinite(hull.Width() + hull.Height())) {

@@ -53,6 +53,10 @@ bool Hatches::Draw(const drawing::HatchData& hatch, drawing::EntityKind)
         m_context.Remark("a hatch without a boundary left out");
         return false;
     }
+    if (!m_context.options.fills) {
+        m_context.Remark("a hatch left out: the drawing's fills are off (FILLMODE)");
+        return false;
+    }
     m_ink.Survey(m_path.points);
     std::deque<Ink::ClipGuard> roundTexts;
     if (!m_context.options.boxesOnly) {

@@ -194,8 +194,9 @@ void PolylinePen::Draw(const drawing::PolylineData& polyline)
         return;
     }
     const Matrix2 plane = PlaneOf(m_context.frame->toPaper, polyline.extrusion, ElevationOf(polyline));
-    if (WidthKindOf(polyline) == WidthKind::Varying ||
-        (WidthKindOf(polyline) == WidthKind::Constant && !IsUniform(plane))) {
+    const WidthKind width = WidthKindOf(polyline);
+    const bool asAreas = !m_context.options.fills || !IsUniform(plane);
+    if (width == WidthKind::Varying || (width == WidthKind::Constant && asAreas)) {
         DrawWide(polyline, plane);
     } else {
         DrawPlain(polyline, plane);
@@ -256,11 +257,16 @@ void PolylinePen::DrawWide(const drawing::PolylineData& polyline, const Matrix2&
             continue;
         }
         AppendWideSegment(m_context.path, segments[i], plane);
-        if (i + 1 < segments.size() || polyline.closed) {
+        const bool filled = m_context.options.fills; // otherwise each segment shows all its sides
+        if (filled && (i + 1 < segments.size() || polyline.closed)) {
             AppendWideCorner(m_context.path, segments[i], segments[(i + 1) % segments.size()], plane);
         }
     }
-    m_context.ink.Fill(m_context.path, m_context.style.color, FillRule::NonZero);
+    if (m_context.options.fills) {
+        m_context.ink.Fill(m_context.path, m_context.style.color, FillRule::NonZero);
+    } else {
+        StrokeOutline(m_context, m_context.path);
+    }
     StrokePath(m_context, thin, m_context.StrokePen());
 }
 
