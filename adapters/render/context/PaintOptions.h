@@ -31,6 +31,7 @@ struct PaintOptions {
     bool viewportBorders = false;
     bool scaleLinetypesWithPaper = true;           ///< PSLTSCALE
     bool fills = true;                             ///< FILLMODE: hatches are seen, and areas are filled
+    bool hiddenFrames = false;                     ///< SPLFRAME: frames of fitted lines and hidden edges of faces show
     bool textFrames = false;                       ///< QTEXTMODE: texts are seen as their boxes
     const PlotPens* pens = nullptr;                ///< null: plot styles change nothing
     bool everyLayer = false;                       ///< draw what layers hide as well

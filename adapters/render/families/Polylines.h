@@ -9,6 +9,11 @@
 
 namespace sm::render {
 
+/// False for the points that a curve was fitted to.
+bool IsDrawnVertex(const drawing::PolylineData& polyline, const drawing::PolyVertex& vertex);
+/// z of a plane polyline in its OCS, drawing units.
+double ElevationOf(const drawing::PolylineData& polyline);
+
 class PolylinePen {
 public:
     /// `context` outlives it.
@@ -17,6 +22,7 @@ public:
     void Draw(const drawing::PolylineData& polyline);
 
 private:
+    void DrawFrame(const drawing::PolylineData& polyline);
     void DrawInSpace(const drawing::PolylineData& polyline);
     void DrawPlain(const drawing::PolylineData& polyline, const Matrix2& plane);
     void DrawWide(const drawing::PolylineData& polyline, const Matrix2& plane);
