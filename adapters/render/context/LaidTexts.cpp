@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "context/LaidTexts.h"
 
-#include "context/Strokes.h"
 #include "geometry/MappedPath.h"
 #include "render/FontFace.h"
 
@@ -120,7 +119,7 @@ void DrawLaidText(PaintContext& context, const LaidText& text)
     if (context.options.textFrames && !text.outline.empty()) {
         context.path.Clear();
         AppendCorners(context.path, text.outline, PlaneOf(context.frame->toPaper, text.extrusion, text.elevation));
-        StrokeOutline(context, context.path);
+        context.StrokeEdge(context.path);
         context.Remark("a text seen as its box: the drawing asks for it (QTEXTMODE)");
         return;
     }

@@ -101,6 +101,13 @@ Pen PaintContext::StrokePen() const
     return stroke;
 }
 
+void PaintContext::StrokeEdge(const Path& edge)
+{
+    Pen plain = StrokePen();
+    plain.pattern = nullptr;
+    ink.Stroke(edge, plain);
+}
+
 std::uint32_t PaintContext::InkOf(const Style& of) const
 {
     const std::uint32_t color = of.color | std::uint32_t{of.transparency} << 24;

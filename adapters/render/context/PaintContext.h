@@ -77,6 +77,8 @@ struct PaintContext {
     void Enter(const drawing::Entity& entity, const drawing::EntityRecord& record, const Frame& in);
     /// What its lines are drawn with.
     [[nodiscard]] Pen StrokePen() const;
+    /// The edge of what isn't filled, in the entity's pen without a line type.
+    void StrokeEdge(const Path& edge);
     [[nodiscard]] double PenWidth(double lineweight) const;
     [[nodiscard]] std::uint32_t InkOf(const Style& of) const;
     /// False, and a remark made, for a block that is missing or holds itself.

@@ -92,17 +92,10 @@ void StrokePath(PaintContext& context, const Path& path, const Pen& pen, std::sp
     }
 }
 
-void StrokeOutline(PaintContext& context, const Path& path)
-{
-    Pen pen = context.StrokePen();
-    pen.pattern = nullptr;
-    context.ink.Stroke(path, pen);
-}
-
 void FillArea(PaintContext& context, const Path& path, FillRule rule)
 {
     if (!context.options.fills) {
-        StrokeOutline(context, path);
+        context.StrokeEdge(path);
         return;
     }
     const FillLines pattern = context.pen != nullptr ? LinesOf(context.pen->fill) : FillLines{};

@@ -13,8 +13,6 @@ void StrokePath(PaintContext& context, std::span<const std::uint32_t> breaks = {
 /// With the symbols of the pen's line type.
 void StrokePath(PaintContext& context, const Path& path, const Pen& pen, std::span<const std::uint32_t> breaks = {});
 
-/// The edge of what is not filled, with the pen of the entity at hand and no line type.
-void StrokeOutline(PaintContext& context, const Path& path);
 /// An area as the plot style fills it: evenly, or with the lines of a pattern; its outline where the drawing fills
 /// nothing.
 void FillArea(PaintContext& context, const Path& path, FillRule rule);

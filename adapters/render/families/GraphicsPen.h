@@ -3,7 +3,7 @@
 #pragma once
 
 #include "drawing/entities/Graphics.h"
-#include "families/Polylines.h"
+#include "polylines/PolylinePen.h"
 
 #include <vector>
 

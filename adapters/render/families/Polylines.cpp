@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "families/Polylines.h"
+#include "polylines/PolylinePen.h"
 
 #include "drawing/EntityKinds.h"
 #include "families/Families.h"
-#include "families/PolylineMeshes.h"
+#include "polylines/PolylineMeshes.h"
 
 namespace sm::render {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "families/Polylines.h"
+#include "polylines/PolylinePen.h"
 
 #include "context/Strokes.h"
-#include "families/PolylineMeshes.h"
 #include "ink/WideLine.h"
+#include "polylines/PolylineMeshes.h"
 #include "render/Arcs.h"
 
 namespace sm::render {
@@ -242,7 +242,7 @@ void PolylinePen::DrawWide(const drawing::PolylineData& polyline, const Matrix2&
     if (m_context.options.fills) {
         m_context.ink.Fill(m_context.path, m_context.style.color, FillRule::NonZero);
     } else {
-        StrokeOutline(m_context, m_context.path);
+        m_context.StrokeEdge(m_context.path);
     }
     StrokePath(m_context, thin, m_context.StrokePen());
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "families/PolylineMeshes.h"
+#include "polylines/PolylineMeshes.h"
 
 #include "context/Strokes.h"
 
