@@ -2,6 +2,7 @@
 #include "model/PlotSettingsReader.h"
 
 #include "base/text/Names.h"
+#include "model/DictionaryVariables.h"
 
 #include <algorithm>
 #include <set>
@@ -220,30 +221,9 @@ void OrderTabs(Model& model)
         layout.tabOrder = next++;
 }
 
-/// The name in the dictionary variable CTAB, when the drawing keeps its current tab there.
-std::string CurrentTab(const Model& model)
-{
-    const Dictionary* const variables = model.RootEntry("AcDbVariableDictionary");
-    const Handle wanted = variables == nullptr ? 0 : variables->Find("CTAB");
-    std::string name;
-    ForEachObject(model, "DICTIONARYVAR", [&](const Slice& slice) {
-        Handle handle = 0;
-        std::string value;
-        ForEachTag(model, slice, [&](const TagCursor& tag) {
-            if (tag.Code() == 5)
-                handle = tag.HandleValue();
-            else if (tag.Code() == 1)
-                value = model.Text(tag.Name());
-        });
-        if (wanted != 0 && handle == wanted)
-            name = value;
-    });
-    return name;
-}
-
 std::size_t FindActive(const Model& model)
 {
-    const std::string tab = base::FoldCase(CurrentTab(model));
+    const std::string tab = base::FoldCase(DictionaryVariable(model, "CTAB")); // where it keeps its current tab
     for (std::size_t i = 0; i < model.layouts.size(); ++i)
         if (!tab.empty() && base::FoldCase(model.layouts[i].name) == tab)
             return i;

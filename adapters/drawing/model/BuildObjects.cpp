@@ -2,6 +2,7 @@
 #include "model/Model.h"
 
 #include "base/text/Names.h"
+#include "model/DictionaryVariables.h"
 #include "model/PlotSettingsReader.h"
 
 #include <algorithm>
@@ -84,6 +85,27 @@ void ReadFrame(const Model& model, std::string_view object, std::int32_t& frame)
     });
 }
 
+/// A variable of the dictionary that is 0, 1 or 2.
+void ReadFrameVariable(const Model& model, std::string_view name, std::int32_t& frame)
+{
+    const std::string value = DictionaryVariable(model, name);
+    if (value == "0" || value == "1" || value == "2")
+        frame = value[0] - '0';
+}
+
+void ReadFrames(Model& model)
+{
+    FrameSettings& frames = model.frames;
+    ReadFrame(model, "RASTERVARIABLES", frames.image);
+    ReadFrame(model, "WIPEOUTVARIABLES", frames.wipeout);
+    ReadFrameVariable(model, "PDFFRAME", frames.underlay);
+    frames.clip = model.header.Integer("$XCLIPFRAME", frames.clip);
+    std::int32_t all = -1; // 3: each kind has its own
+    ReadFrameVariable(model, "FRAME", all);
+    if (all >= 0)
+        frames = {all, all, all, all};
+}
+
 Handle HandleOf(const Model& model, const Slice& slice)
 {
     TagCursor tags = model.Tags(slice);
@@ -155,9 +177,7 @@ void BuildObjects(Model& model)
     for (const ImageObject& object : kImageObjects)
         ForEachObject(model, object.name,
                       [&](const Slice& slice) { model.images.push_back(ReadImage(model, slice, object.kind)); });
-    ReadFrame(model, "RASTERVARIABLES", model.frames.image);
-    ReadFrame(model, "WIPEOUTVARIABLES", model.frames.wipeout);
-    model.frames.underlay = model.header.Integer("$PDFFRAME", model.frames.underlay);
+    ReadFrames(model);
     ForEachObject(model, "PLOTSETTINGS", [&](const Slice& slice) {
         PlotSettings settings;
         ForEachTag(model, slice, [&](const TagCursor& tag) { TakePlotSettingsTag(model, tag, settings); });

@@ -116,7 +116,7 @@ void AppendCorners(Path& path, const std::vector<Vec2>& corners, const Matrix2& 
 
 void DrawLaidText(PaintContext& context, const LaidText& text)
 {
-    if (context.options.textFrames && !text.outline.empty()) {
+    if (context.switches.textFrames && !text.outline.empty()) {
         context.path.Clear();
         AppendCorners(context.path, text.outline, PlaneOf(context.frame->toPaper, text.extrusion, text.elevation));
         context.StrokeEdge(context.path);

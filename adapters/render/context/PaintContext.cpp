@@ -24,12 +24,31 @@ std::shared_ptr<WorkBudget> BudgetOf(const drawing::Drawing& drawing, const Pain
     return std::make_shared<WorkBudget>(kLargestExpansion + kExpansionPerEntity * drawing.EntityCount());
 }
 
+Switches SwitchesOf(const drawing::Drawing& drawing, const PaintOptions& options)
+{
+    if (options.switches) {
+        return *options.switches;
+    }
+    Switches switches;
+    switches.frames = drawing.Frames();
+    switches.attributes = drawing.HeaderInteger("$ATTMODE", 1);
+    switches.pointMode = drawing.HeaderInteger("$PDMODE", 0);
+    switches.pointSize = drawing.HeaderReal("$PDSIZE", 0);
+    if (!options.boxesOnly) {
+        switches.fills = drawing.HeaderInteger("$FILLMODE", 1) != 0;
+        switches.hiddenFrames = drawing.HeaderInteger("$SPLFRAME", 0) != 0;
+        switches.textFrames = drawing.HeaderInteger("$QTEXTMODE", 0) != 0;
+    }
+    return switches;
+}
+
 } // namespace
 
 PaintContext::PaintContext(const drawing::Drawing& drawingToPaint, ICanvas& canvas, TextEngine& textEngine,
                            RenderReport* runReport, const Box2& clip, const PaintOptions& runOptions, bool hide)
-    : drawing(drawingToPaint), text(textEngine), report(runReport), options(runOptions), hideLayers(hide),
-      ink(canvas, clip), ownLayers(drawing, {}, hide && !options.everyLayer), layers(&ownLayers),
+    : drawing(drawingToPaint), text(textEngine), report(runReport), options(runOptions),
+      switches(SwitchesOf(drawing, options)), hideLayers(hide), ink(canvas, clip),
+      ownLayers(drawing, {}, hide && !options.everyLayer), layers(&ownLayers),
       budget(options.budget != nullptr ? options.budget : BudgetOf(drawing, options))
 {
     for (const drawing::Linetype& linetype : drawing.Linetypes()) {

@@ -43,6 +43,7 @@ struct PaintContext {
     TextEngine& text;
     RenderReport* report; ///< may be null
     PaintOptions options;
+    Switches switches;
     bool hideLayers;
     Ink ink;
     LayerStates ownLayers;

@@ -2,6 +2,7 @@
 // What holds for a whole run of the painters, and for the entities of one block.
 #pragma once
 
+#include "drawing/Drawing.h"
 #include "render/Projection.h"
 #include "render/References.h"
 #include "render/Style.h"
@@ -9,6 +10,7 @@
 #include <atomic>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace sm::render {
 
@@ -22,6 +24,18 @@ struct Frame {
     double dashScale = 1; ///< mm for one unit of a line type, $LTSCALE included
 };
 
+/// How a drawing wants its objects to be seen, those of the drawings that it shows in place of blocks too (DXF
+/// reference, header variables of these names; frames as in drawing/Drawing.h).
+struct Switches {
+    drawing::FrameSettings frames;
+    std::int32_t attributes = 1; ///< ATTMODE: 0 none is seen, 1 as marked, 2 all
+    std::int32_t pointMode = 0;  ///< PDMODE
+    double pointSize = 0;        ///< PDSIZE, drawing units, or in per cent of the view's height when it is negative
+    bool fills = true;           ///< FILLMODE: hatches are seen, and areas are filled
+    bool hiddenFrames = false;   ///< SPLFRAME: frames of fitted lines and hidden edges of faces are seen
+    bool textFrames = false;     ///< QTEXTMODE: texts are seen as their boxes
+};
+
 /// What holds for a whole run.
 struct PaintOptions {
     bool lineweights = true;
@@ -30,9 +44,7 @@ struct PaintOptions {
     bool viewportsFirst = true;
     bool viewportBorders = false;
     bool scaleLinetypesWithPaper = true;           ///< PSLTSCALE
-    bool fills = true;                             ///< FILLMODE: hatches are seen, and areas are filled
-    bool hiddenFrames = false;                     ///< SPLFRAME: frames of fitted lines and hidden edges of faces show
-    bool textFrames = false;                       ///< QTEXTMODE: texts are seen as their boxes
+    std::optional<Switches> switches;              ///< of the outermost drawing; nothing: the drawing's own
     const PlotPens* pens = nullptr;                ///< null: plot styles change nothing
     bool everyLayer = false;                       ///< draw what layers hide as well
     References* references = nullptr;              ///< null: made when they are needed

@@ -94,7 +94,7 @@ void StrokePath(PaintContext& context, const Path& path, const Pen& pen, std::sp
 
 void FillArea(PaintContext& context, const Path& path, FillRule rule)
 {
-    if (!context.options.fills) {
+    if (!context.switches.fills) {
         context.StrokeEdge(path);
         return;
     }

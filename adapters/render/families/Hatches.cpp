@@ -53,7 +53,7 @@ bool Hatches::Draw(const drawing::HatchData& hatch, drawing::EntityKind)
         m_context.Remark("a hatch without a boundary left out");
         return false;
     }
-    if (!m_context.options.fills) {
+    if (!m_context.switches.fills) {
         m_context.Remark("a hatch left out: the drawing's fills are off (FILLMODE)");
         return false;
     }

@@ -122,7 +122,7 @@ Outcome Images::Paint(const drawing::EntityRecord& record, const Frame& frame)
 bool Images::DrawImage()
 {
     const ImagePlace place = PlaceOf(m_image, *m_context.frame, false);
-    const std::int32_t frames = m_drawing.Frames().image;
+    const std::int32_t frames = m_context.switches.frames.image;
     if (m_context.options.boxesOnly || (m_image.flags & kShown) == 0) {
         StrokeFrame(place, frames);
         return true;
@@ -169,7 +169,7 @@ bool Images::DrawUnderlay()
     if (page.picture != nullptr) {
         DrawPicture(*page.picture, place, false);
     }
-    StrokeFrame(place, m_drawing.Frames().underlay);
+    StrokeFrame(place, m_context.switches.frames.underlay);
     return true;
 }
 
@@ -181,7 +181,7 @@ bool Images::DrawWipeout()
         AppendArea(m_image, place, m_path);
         m_ink.Fill(m_path, kPaper, FillRule::EvenOdd);
     }
-    StrokeFrame(place, m_drawing.Frames().wipeout);
+    StrokeFrame(place, m_context.switches.frames.wipeout);
     return true;
 }
 

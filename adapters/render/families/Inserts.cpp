@@ -119,7 +119,7 @@ Outcome Inserts::PaintClipped(std::uint32_t block, const std::vector<Vec3>& clip
         best = m_walk.PaintBlock(block, frame);
     }
     constexpr std::int32_t kPlotted = 1; // 0 unseen, 2 seen on the screen alone
-    if (m_drawing.HeaderInteger("$XCLIPFRAME", 0) == kPlotted) {
+    if (m_context.switches.frames.clip == kPlotted) {
         const Style& style = frame.inherited.byBlock;
         m_ink.Stroke(path, {.color = style.color, .width = m_context.PenWidth(style.width)});
     }

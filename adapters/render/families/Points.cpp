@@ -22,11 +22,10 @@ private:
     void AppendSign(std::int32_t mode, Vec2 at, double half);
 };
 
-// $PDSIZE: drawing units, or in per cent of the view's height when it is negative.
 double Points::HalfSize() const
 {
     constexpr double kPartOfView = 0.05; // of the view's height, when no size is given
-    const double given = m_drawing.HeaderReal("$PDSIZE", 0);
+    const double given = m_context.switches.pointSize;
     const double unit = ScaleOf(PlaneOf(ToPaper(), {0, 0, 1}, 0));
     const Box2 page = m_ink.Window();
     const double view = page.Empty() ? 0 : page.Height();
@@ -73,7 +72,7 @@ bool Points::Draw(const drawing::PointData& point, drawing::EntityKind)
 {
     const Vec2 at = ToPaper().Apply(point.location);
     m_ink.Survey({&at, 1}); // signs stand upright on the sheet
-    AppendSign(m_drawing.HeaderInteger("$PDMODE", 0), at, HalfSize());
+    AppendSign(m_context.switches.pointMode, at, HalfSize());
     Pen pen = m_context.StrokePen();
     pen.pattern = nullptr;
     m_ink.Stroke(m_path, pen);

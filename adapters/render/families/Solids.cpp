@@ -45,7 +45,7 @@ void Quads::DrawEdges(const drawing::QuadData& quad)
     for (std::size_t i = 0; i < quad.corners.size(); ++i) {
         const Vec3 from = quad.corners[i];
         const Vec3 to = quad.corners[(i + 1) % quad.corners.size()];
-        const bool hidden = (quad.invisibleEdges >> i & 1) != 0 && !m_context.options.hiddenFrames;
+        const bool hidden = (quad.invisibleEdges >> i & 1) != 0 && !m_context.switches.hiddenFrames;
         if (!hidden && !(from == to)) {
             m_path.MoveTo(ToPaper().Apply(from));
             m_path.LineTo(ToPaper().Apply(to));

@@ -126,7 +126,7 @@ Outcome Attributes::PaintTag(const drawing::EntityRecord& record, const Frame& f
 Outcome Attributes::PaintText(const drawing::TextData& text, const drawing::EntityRecord& record, const Frame& frame)
 {
     constexpr std::int32_t kInvisible = 1;
-    const std::int32_t mode = m_drawing.HeaderInteger("$ATTMODE", 1); // 0 none shows, 1 as marked, 2 all show
+    const std::int32_t mode = m_context.switches.attributes;
     const bool shown = mode == 2 || (mode != 0 && (text.attributeFlags & kInvisible) == 0);
     if (!shown || m_context.Hidden(text, frame)) {
         return Outcome::Hidden;

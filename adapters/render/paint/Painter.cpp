@@ -187,6 +187,7 @@ Outcome Painter::PaintXref(References::Xref& xref, const Frame& frame)
     PaintOptions options = m_context.options;
     options.budget = m_context.budget;
     options.references = xref.references.get();
+    options.switches = m_context.switches;
     options.paperSpace = false;
     Painter painter(*xref.file, ink.Canvas(), m_context.text, m_context.report != nullptr ? xref.report.get() : nullptr,
                     window, options, m_context.hideLayers);

@@ -64,9 +64,6 @@ void RenderScene(const Scene& scene, ICanvas& canvas, TextEngine& text, RenderRe
     options.expansion = scene.expansion;
     options.dotsPerMillimetre = scene.resolution / base::kMillimetresPerInch;
     options.scaleLinetypesWithPaper = LinetypesScaleWithPaper(scene);
-    options.fills = scene.drawing.HeaderInteger("$FILLMODE", 1) != 0;
-    options.hiddenFrames = scene.drawing.HeaderInteger("$SPLFRAME", 0) != 0;
-    options.textFrames = scene.drawing.HeaderInteger("$QTEXTMODE", 0) != 0;
     Frame frame;
     frame.toPaper = Flatten(scene.view, scene.toPaper);
     const double annotation = scene.paperSpace ? 1 : drawing::ModelLinetypeUnit(scene.drawing);

@@ -144,7 +144,7 @@ void PolylinePen::Draw(const drawing::PolylineData& polyline)
         DrawPolylineMesh(m_context, polyline);
         return;
     }
-    if (polyline.splineFitted && m_context.options.hiddenFrames) {
+    if (polyline.splineFitted && m_context.switches.hiddenFrames) {
         DrawFrame(polyline);
     }
     if (polyline.is3d) {
@@ -153,7 +153,7 @@ void PolylinePen::Draw(const drawing::PolylineData& polyline)
     }
     const Matrix2 plane = PlaneOf(m_context.frame->toPaper, polyline.extrusion, ElevationOf(polyline));
     const WidthKind width = WidthKindOf(polyline);
-    const bool asAreas = !m_context.options.fills || !IsUniform(plane);
+    const bool asAreas = !m_context.switches.fills || !IsUniform(plane);
     if (width == WidthKind::Varying || (width == WidthKind::Constant && asAreas)) {
         DrawWide(polyline, plane);
     } else {
@@ -234,12 +234,12 @@ void PolylinePen::DrawWide(const drawing::PolylineData& polyline, const Matrix2&
             continue;
         }
         AppendWideSegment(m_context.path, segments[i], plane);
-        const bool filled = m_context.options.fills; // otherwise each segment shows all its sides
+        const bool filled = m_context.switches.fills; // otherwise each segment shows all its sides
         if (filled && (i + 1 < segments.size() || polyline.closed)) {
             AppendWideCorner(m_context.path, segments[i], segments[(i + 1) % segments.size()], plane);
         }
     }
-    if (m_context.options.fills) {
+    if (m_context.switches.fills) {
         m_context.ink.Fill(m_context.path, m_context.style.color, FillRule::NonZero);
     } else {
         m_context.StrokeEdge(m_context.path);

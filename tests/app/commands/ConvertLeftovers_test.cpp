@@ -37,7 +37,7 @@ TEST_F(ConvertLeftovers, EndsCleanlyWhenItIsInterrupted)
 /// A process at a time with more descriptors: whatever can't be opened any more, its folder goes.
 TEST_F(ConvertLeftovers, LeavesNoFolderWhenDescriptorsRunOut)
 {
-#ifdef __SANITIZE_ADDRESS__
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
     GTEST_SKIP() << "the sanitizers look at memory by way of a pipe, which takes descriptors";
 #endif
     int told = 0;

@@ -37,13 +37,13 @@ void CompareHeader(const Pair& pair, Report& report, const std::string& name)
 {
     Fields fields(report, "HEADER", name);
     for (const char* variable :
-         {"$ATTMODE",    "$INSUNITS", "$LUPREC",     "$MEASUREMENT", "$PDFFRAME",  "$PDMODE",  "$PSLTSCALE",
-          "$PSTYLEMODE", "$TILEMODE", "$XCLIPFRAME", "$DIMTOL",      "$DIMLIM",    "$DIMTIH",  "$DIMTOH",
-          "$DIMSE1",     "$DIMSE2",   "$DIMTAD",     "$DIMZIN",      "$DIMSAH",    "$DIMCLRD", "$DIMCLRE",
-          "$DIMCLRT",    "$DIMDEC",   "$DIMTDEC",    "$DIMAUNIT",    "$DIMJUST",   "$DIMTOFL", "$DIMUNIT",
-          "$DIMLUNIT",   "$DIMDSEP",  "$DIMLWD",     "$DIMLWE",      "$DIMFXLON",  "$DIMFRAC", "$DIMADEC",
-          "$DIMAZIN",    "$DIMSD1",   "$DIMSD2",     "$FILLMODE",    "$LWDISPLAY", "$LUNITS",  "$AUNITS",
-          "$AUPREC",     "$SPLFRAME", "$MIRRTEXT",   "$CELWEIGHT",   "$CECOLOR"})
+         {"$ATTMODE",  "$INSUNITS",   "$LUPREC",    "$MEASUREMENT", "$PDMODE",  "$PSLTSCALE", "$PSTYLEMODE",
+          "$TILEMODE", "$XCLIPFRAME", "$DIMTOL",    "$DIMLIM",      "$DIMTIH",  "$DIMTOH",    "$DIMSE1",
+          "$DIMSE2",   "$DIMTAD",     "$DIMZIN",    "$DIMSAH",      "$DIMCLRD", "$DIMCLRE",   "$DIMCLRT",
+          "$DIMDEC",   "$DIMTDEC",    "$DIMAUNIT",  "$DIMJUST",     "$DIMTOFL", "$DIMUNIT",   "$DIMLUNIT",
+          "$DIMDSEP",  "$DIMLWD",     "$DIMLWE",    "$DIMFXLON",    "$DIMFRAC", "$DIMADEC",   "$DIMAZIN",
+          "$DIMSD1",   "$DIMSD2",     "$FILLMODE",  "$LWDISPLAY",   "$LUNITS",  "$AUNITS",    "$AUPREC",
+          "$SPLFRAME", "$MIRRTEXT",   "$CELWEIGHT", "$CECOLOR"})
         fields.Is(variable, pair.dwg.HeaderInteger(variable, -9999), pair.dxf.HeaderInteger(variable, -9999));
     for (const char* variable :
          {"$LTSCALE",   "$PDSIZE",    "$TEXTSIZE", "$CELTSCALE", "$DIMSCALE", "$DIMASZ", "$DIMEXO",

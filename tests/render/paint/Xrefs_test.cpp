@@ -68,6 +68,22 @@ protected:
     Box2 extents;
 };
 
+TEST_F(XrefsTest, AreSeenAsTheDrawingThatShowsThemWantsIt)
+{
+    HaveXref("survey.dxf",
+             "0 POINT | 8 0 | 10 1 | 20 1 | 0 SOLID | 8 0 | 10 1 | 20 1 | 11 5 | 21 1 | 12 1 | 22 5 | 13 5 | 23 5",
+             "9 $PDMODE | 70 3 | 9 $PDSIZE | 40 4 | 9 $FILLMODE | 70 1");
+    SmallDrawing host;
+    host.header = "9 $PDMODE | 70 34 | 9 $PDSIZE | 40 2 | 9 $FILLMODE | 70 0";
+    host.blocks = Xref("SURVEY", "survey.dxf");
+    host.entities = Insert("SURVEY", "5 2A | 10 10 | 20 20");
+    Show(host);
+    EXPECT_EQ(lines, (Lines{"begin 2a POINT 0",
+                            "stroke 000000 0.25 m 9 21 l 13 21 m 11 19 l 11 23 m 12 21 c 12 21.552 11.552 22 11 22 c "
+                            "10.448 22 10 21.552 10 21 c 10 20.448 10.448 20 11 20 c 11.552 20 12 20.448 12 21 h",
+                            "begin 2a SOLID 0", "stroke 000000 0.25 box 11 21 15 25"}));
+}
+
 TEST_F(XrefsTest, AreDrawnInPlaceOfTheirBlocks)
 {
     HaveXref("plans/House.dxf", kWall);

@@ -71,9 +71,10 @@ struct ImageDefinition {
     bool loaded = true; ///< false: unloaded by the user, not shown
 };
 
-/// Frames of images and wipeouts: 0 none, 1 shown and plotted, 2 shown and not plotted.
+/// Frames of images, wipeouts, PDF underlays and clipped references: 0 none, 1 shown and plotted, 2 shown and not
+/// plotted.
 struct FrameSettings {
-    std::int32_t image = 1, wipeout = 1, underlay = 1;
+    std::int32_t image = 1, wipeout = 1, underlay = 1, clip = 0;
 };
 
 class Drawing {

@@ -7,8 +7,8 @@
 namespace sm::app {
 namespace {
 
-#ifdef __SANITIZE_ADDRESS__
-constexpr bool kLimitsMemory = false; // the sanitizer's own maps are many times larger
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool kLimitsMemory = false; // the sanitizers' own maps are many times larger
 #else
 constexpr bool kLimitsMemory = true;
 #endif
