@@ -2,9 +2,11 @@
 #include "base/text/NumberText.h"
 
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstring>
 #include <limits>
 #include <system_error>
 
@@ -21,16 +23,48 @@ bool IsDigit(char c)
     return c >= '0' && c <= '9';
 }
 
-/// Decimal digits that a double holds exactly; both the digits and the power of ten being exact, so is one division.
-constexpr std::ptrdiff_t kExactDigits = 15;
-constexpr std::array<double, kExactDigits + 1> kPowers{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                       1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+/// What a double holds exactly: integers up to this, and powers of ten up to 22. Both being exact, one division rounds
+/// once, as it should.
+constexpr std::uint64_t kExact = std::uint64_t{1} << 53;
+constexpr std::array<double, 23> kPowers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                         1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr std::ptrdiff_t kMostDigits = 19; // of any 64 bits
+
+/// True for eight decimal digits, the first of them in the lowest byte.
+bool AreDigits(std::uint64_t eight)
+{
+    constexpr std::uint64_t kHigh = 0xF0F0F0F0F0F0F0F0, kZeros = 0x3030303030303030, kSix = 0x0606060606060606;
+    return (eight & kHigh) == kZeros && ((eight + kSix) & kHigh) == kZeros;
+}
+
+/// Their value: pairs, fours and all eight are put together at a time, the lanes of the word beside each other.
+std::uint64_t ValueOf(std::uint64_t eight)
+{
+    eight = (eight & 0x0F0F0F0F0F0F0F0F) * (10 * 256 + 1) >> 8;
+    eight = (eight & 0x00FF00FF00FF00FF) * (100 * 65536 + 1) >> 16;
+    return (eight & 0x0000FFFF0000FFFF) * (10000 * 4294967296 + 1) >> 32;
+}
 
 /// Takes digits into `mantissa`, which may overflow: the caller counts them.
-const char* TakeDigits(const char* at, const char* end, std::uint64_t& mantissa)
+inline const char* TakeDigits(const char* at, const char* end, std::uint64_t& mantissa)
 {
     for (; at < end && IsDigit(*at); ++at)
         mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
+    return at;
+}
+
+/// The same for many of them.
+inline const char* TakeEights(const char* at, const char* end, std::uint64_t& mantissa)
+{
+    constexpr std::ptrdiff_t kEight = 8;
+    while (std::endian::native == std::endian::little && end - at >= kEight) {
+        std::uint64_t eight = 0;
+        std::memcpy(&eight, at, sizeof eight);
+        if (!AreDigits(eight))
+            break;
+        mantissa = mantissa * 100000000 + ValueOf(eight);
+        at += kEight;
+    }
     return at;
 }
 
@@ -84,12 +118,12 @@ double ParseReal(std::string_view text, bool& sound)
     std::ptrdiff_t digits = at - whole, decimals = 0;
     if (at < end && *at == '.') {
         const char* const fraction = at + 1;
-        at = TakeDigits(fraction, end, mantissa);
+        at = TakeDigits(TakeEights(fraction, end, mantissa), end, mantissa);
         decimals = at - fraction;
         digits += decimals;
     }
     const bool plain = at == end || (*at != 'e' && *at != 'E');
-    if (!plain || digits > kExactDigits)
+    if (!plain || digits > kMostDigits || mantissa > kExact)
         return ParseGeneral(start, end, sound);
     if (at != end || digits == 0)
         sound = sound && digits > 0 && IsBlankUpTo(at, end);

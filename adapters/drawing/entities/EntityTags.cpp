@@ -40,45 +40,14 @@ Handle HandleOf(const Drawing::Source& source, const EntityRecord& record)
     return 0;
 }
 
-bool EntityTags::Next()
+bool EntityTags::PassGroup()
 {
-    while (m_tags.Next()) {
-        const int code = m_tags.Code();
-        if (code == 0 || code == 101 || code >= 1000)
+    if (!m_tags.Name().starts_with('{'))
+        return true;
+    while (m_tags.Next() && m_tags.Code() != 102)
+        if (m_tags.Code() == 0 || m_tags.Code() >= 1000)
             return false;
-        if (code != 102)
-            return true;
-        if (!m_tags.Name().starts_with('{'))
-            continue;
-        while (m_tags.Next() && m_tags.Code() != 102)
-            if (m_tags.Code() == 0 || m_tags.Code() >= 1000)
-                return false;
-    }
-    return false;
-}
-
-bool EntityTags::Take(int base, Vec3& point) const
-{
-    const int part = Code() - base;
-    if (part == 0)
-        point.x = Real();
-    else if (part == 10)
-        point.y = Real();
-    else if (part == 20)
-        point.z = Real();
-    else
-        return false;
     return true;
-}
-
-bool EntityTags::Take(int base, Vec2& point) const
-{
-    const int part = Code() - base;
-    if (part == 0)
-        point.x = Real();
-    else if (part == 10)
-        point.y = Real();
-    return part == 0 || part == 10;
 }
 
 void EntityTags::TakePlotStyle(Entity& entity) const

@@ -16,7 +16,19 @@ public:
     /// The record with its tags' place.
     [[nodiscard]] const EntityRecord& Record() const { return m_record; }
 
-    bool Next();
+    bool Next()
+    {
+        while (m_tags.Next()) {
+            const int code = m_tags.Code();
+            if (code == 0 || code == 101 || code >= 1000)
+                return false;
+            if (code != 102)
+                return true;
+            if (!PassGroup())
+                return false;
+        }
+        return false;
+    }
     [[nodiscard]] int Code() const { return m_tags.Code(); }
     [[nodiscard]] double Real() const { return m_tags.Real(); }
     [[nodiscard]] std::int32_t Integer() const { return m_tags.Integer(); }
@@ -28,12 +40,34 @@ public:
     [[nodiscard]] const TagCursor& Cursor() const { return m_tags; }
 
     /// Takes the current tag as a coordinate of the point whose x has code `base` (y +10, z +20); false: it is none.
-    bool Take(int base, Vec3& point) const;
-    bool Take(int base, Vec2& point) const;
+    bool Take(int base, Vec3& point) const
+    {
+        const int part = Code() - base;
+        if (part == 0)
+            point.x = Real();
+        else if (part == 10)
+            point.y = Real();
+        else if (part == 20)
+            point.z = Real();
+        else
+            return false;
+        return true;
+    }
+    bool Take(int base, Vec2& point) const
+    {
+        const int part = Code() - base;
+        if (part == 0)
+            point.x = Real();
+        else if (part == 10)
+            point.y = Real();
+        return part == 0 || part == 10;
+    }
     /// Takes the current tag as a property that every entity has.
     void TakeCommon(Entity& entity) const;
 
 private:
+    /// Past the end of the group in braces that begins here; false where the entity ends before.
+    bool PassGroup();
     void TakePlotStyle(Entity& entity) const;
     const Drawing::Source& m_source;
     EntityRecord m_record;

@@ -68,17 +68,11 @@ bool TagCursor::ReadAnyCode()
     return true;
 }
 
-double TagCursor::Real() const
+double TagCursor::OtherReal() const
 {
-    if (m_type == ValueType::Real)
-        return m_real;
-    if (m_type == ValueType::Integer)
-        return static_cast<double>(m_integer);
-    bool sound = true;
-    const double value = ParseReal(m_text, sound);
-    if (!sound)
-        TellUnread();
-    return value;
+    if (m_type == ValueType::Chunk)
+        return ParseReal(m_text);
+    return m_type == ValueType::Real ? m_real : static_cast<double>(m_integer);
 }
 
 std::int64_t TagCursor::Long() const

@@ -42,7 +42,14 @@ public:
     /// The same without blanks at its ends.
     [[nodiscard]] std::string_view Name() const { return Trimmed(m_text); }
     /// Numbers are read as leniently as ParseReal and ParseInteger do.
-    [[nodiscard]] double Real() const;
+    [[nodiscard]] double Real() const
+    {
+        bool sound = true;
+        const double value = m_type == ValueType::Text ? ParseReal(m_text, sound) : OtherReal();
+        if (!sound)
+            TellUnread();
+        return value;
+    }
     [[nodiscard]] std::int64_t Long() const;
     /// The value as 32 bits, at the nearest limit when it is larger.
     [[nodiscard]] std::int32_t Integer() const;
@@ -76,6 +83,7 @@ private:
     bool Damage();
     bool Cut();
     void TellUnread() const;
+    [[nodiscard]] double OtherReal() const;
 
     const char* m_file;
     const char* m_at;

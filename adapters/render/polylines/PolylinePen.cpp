@@ -157,7 +157,7 @@ void PolylinePen::Draw(const drawing::PolylineData& polyline)
     if (width == WidthKind::Varying || (width == WidthKind::Constant && asAreas)) {
         DrawWide(polyline, plane);
     } else {
-        DrawPlain(polyline, plane);
+        DrawPlain(polyline, plane, width == WidthKind::Constant);
     }
 }
 
@@ -194,7 +194,7 @@ void PolylinePen::DrawInSpace(const drawing::PolylineData& polyline)
     StrokePath(m_context);
 }
 
-void PolylinePen::DrawPlain(const drawing::PolylineData& polyline, const Matrix2& plane)
+void PolylinePen::DrawPlain(const drawing::PolylineData& polyline, const Matrix2& plane, bool wide)
 {
     Pen pen = m_context.StrokePen();
     const bool broken = !polyline.plinegen && pen.pattern != nullptr && !pen.pattern->Continuous();
@@ -208,7 +208,7 @@ void PolylinePen::DrawPlain(const drawing::PolylineData& polyline, const Matrix2
         line.Close();
     }
     const std::span<const std::uint32_t> breaks = broken ? m_breaks : std::span<const std::uint32_t>{};
-    if (WidthKindOf(polyline) == WidthKind::Constant) {
+    if (wide) {
         pen.width = WidthsOf(polyline.vertices.front()).start * ScaleOf(plane);
         pen.cap = LineCap::Butt;
         pen.join = LineJoin::Miter;

@@ -24,7 +24,7 @@ public:
 private:
     void DrawFrame(const drawing::PolylineData& polyline);
     void DrawInSpace(const drawing::PolylineData& polyline);
-    void DrawPlain(const drawing::PolylineData& polyline, const Matrix2& plane);
+    void DrawPlain(const drawing::PolylineData& polyline, const Matrix2& plane, bool wide);
     void DrawWide(const drawing::PolylineData& polyline, const Matrix2& plane);
 
     PaintContext& m_context;

@@ -5,7 +5,14 @@
 #include "base/Units.h"
 
 #include <gtest/gtest.h>
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
 #include <limits>
+#include <random>
 
 namespace sm::base {
 namespace {
@@ -38,6 +45,20 @@ TEST(ParseReal, IsLenient)
                 {"0.30000000000000004", 0.30000000000000004}};
     for (const auto& row : rows)
         EXPECT_EQ(ParseReal(row.text), row.value) << row.text;
+}
+
+/// 0 to 18 decimals of numbers of all sizes: what is put together from eight digits at a time, and what isn't.
+TEST(ParseReal, RoundsAsTheLibraryDoes)
+{
+    std::mt19937_64 dice(7);
+    for (int i = 0; i < 100000; ++i) {
+        const double value = std::ldexp(static_cast<double>(dice()), static_cast<int>(dice() % 80) - 74);
+        std::array<char, 64> text{};
+        std::snprintf(text.data(), text.size(), "%.*f", static_cast<int>(dice() % 19), i % 2 == 0 ? value : -value);
+        double expected = 0;
+        std::from_chars(text.data(), text.data() + std::strlen(text.data()), expected);
+        ASSERT_EQ(ParseReal(text.data()), expected) << text.data();
+    }
 }
 
 TEST(ParseReal, TellsWhatIsNoNumberWhole)
