@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialect/DialectPage.h"
+#include "dialect/DialectSegment.h"
 
 #include <algorithm>
 #include <array>
@@ -53,9 +54,10 @@ public:
     std::optional<BodyFacts> Check()
     {
         while (m_at != m_end) {
-            if (SignOf(*m_at) == Sign::Blank) {
+            const Sign sign = SignOf(*m_at);
+            if (sign == Sign::Blank) {
                 ++m_at;
-            } else if (!Token()) {
+            } else if (!(sign == Sign::Number && m_operands == 0 && TakesSegments() && PassSegment()) && !Token()) {
                 return std::nullopt;
             }
         }
@@ -64,6 +66,19 @@ public:
     }
 
 private:
+    [[nodiscard]] bool TakesSegments() const { return m_step == TextStep::None && !m_mustRestore && m_names == 0; }
+
+    bool PassSegment()
+    {
+        const char* const past = PastSegment(m_at, m_end);
+        if (past == m_at) {
+            return false;
+        }
+        m_last = Code(past[-2]);
+        m_at = past;
+        return true;
+    }
+
     bool Token()
     {
         switch (SignOf(*m_at)) {

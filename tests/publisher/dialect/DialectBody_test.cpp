@@ -23,6 +23,8 @@ TEST(DialectBody, AllowsWhatMeansTheSameInAContentStream)
         {"text that doesn't show", "q BT 3 Tr /F12 1 Tf 1 2 Td <> Tj ET Q", 0, 0},
         {"layers", "/OC /L3 BDC\n1 2 m S\nEMC", 0, 0},
         {"opacities", "/A128 gs f", 0, 0},
+        {"many lines", "1 2 m\n-3 4 l\n123456 -78901 l\n1234567 1234567 l\n12345678901234 1 l\nS\n1 2 m\n", 0, 0},
+        {"lines with decimals between others", "1 2 m\n1.5 2 l\n3 -.5 l\n1 2 l\nS\n100 200 m\n100 200 l\nS\n", 0, 0},
         {"states left open", "q q 0 G Q q", 2, 0},
         {"states closed", "Q Q q", -1, -2},
     };
@@ -98,6 +100,12 @@ TEST(DialectBody, RefusesEverythingElse)
         {"an opacity beyond 255", "/A256 gs"},
         {"an opacity without number", "/A gs"},
         {"a name of nothing", "/"},
+        {"four operands before a line", "1 2 m\n5 6 1 2 l\n10 20 l\n10 20 l\nS\n"},
+        {"one operand before a line", "1 2 m\n12345 l\n10 20 l\n10 20 l\nS\n"},
+        {"a line in a text", "BT\n10 20 l\n10 20 l\n10 20 l\nET\n"},
+        {"a line after a name", "/F1\n10 20 l\n10 20 l\n10 20 l\n"},
+        {"a line of letters", "1 2 m\n10 2x l\n10 20 l\n10 20 l\nS\n"},
+        {"a line after hidden text", "q BT 3 Tr /F1 1 Tf 1 2 Td (a) Tj ET\n100 200 m\n100 200 l\nQ"},
         {"a NUL", "1 2 m\v"},
     };
     for (const auto& [name, body] : rows)
