@@ -75,14 +75,12 @@ QRectF StampBox(const PageMark& mark, QPointF at, double scale)
 
 } // namespace
 
-QRectF MarkBox(const PageMark& mark, const ViewMap& map, bool hasPaper)
+QRectF MarkBox(const PageMark& mark, const ViewMap& map)
 {
     const render::Vec2 from = map.ToPixel(mark.from), to = map.ToPixel(mark.to);
-    PageMark sized = mark;
-    sized.size = hasPaper ? mark.size : kModelStamp / map.scale;
     switch (mark.kind) {
     case PageMarkKind::Stamp:
-        return StampBox(sized, {from.x, from.y}, map.scale);
+        return StampBox(mark, {from.x, from.y}, map.scale);
     case PageMarkKind::Attachment:
         return {from.x, from.y - 12, 9, 12};
     case PageMarkKind::Field:

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "beside/PageSource.h"
-#include "scene/PickTexts.h"
+#include "scene/ViewMap.h"
 
 #include <QPainter>
 
@@ -11,13 +11,12 @@
 
 namespace sm::qt {
 
-using scene::kModelStamp;
 using scene::ViewMap;
 
-/// `marks` in millimetres of the scene that `map` shows.
-/// Pixels that a mark takes, its place that of the scene. A stamp of a layout without a paper is shown in one size.
-QRectF MarkBox(const beside::PageMark& mark, const ViewMap& map, bool hasPaper);
+/// Pixels that a mark takes; it is in millimetres of the scene that `map` shows.
+QRectF MarkBox(const beside::PageMark& mark, const ViewMap& map);
 
+/// `marks` in millimetres of the scene that `map` shows.
 void PaintPageMarks(QPainter& painter, const std::vector<beside::PageMark>& marks, const ViewMap& map);
 
 } // namespace sm::qt

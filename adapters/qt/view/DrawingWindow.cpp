@@ -72,38 +72,11 @@ private:
     bool m_leaves = false;
 };
 
-class DrawingWindow final : public IDrawingWindow {
-public:
-    explicit DrawingWindow(const DrawingWindowOptions& options)
-        : m_screen(options.memory), m_picks({{options.references, options.shareFolder}, options.sheets}, m_screen)
-    {
-    }
-    std::optional<Vec2> PickPoint(const drawing::Drawing& drawing, std::size_t& layout,
-                                  const std::string& prompt) override
-    {
-        return m_picks.PickPoint(drawing, layout, prompt);
-    }
-    std::optional<Vec2> PickCorner(const drawing::Drawing& drawing, std::size_t layout, Vec2 first,
-                                   const std::string& prompt) override
-    {
-        return m_picks.PickCorner(drawing, layout, first, prompt);
-    }
-    void EditMarks(const drawing::Drawing& drawing, std::size_t layout, beside::IMarkBoard& board) override
-    {
-        m_picks.EditMarks(drawing, layout, board);
-    }
-    void Forget(const drawing::Drawing& drawing) override { m_picks.Forget(drawing); }
-
-private:
-    QtPickScreen m_screen;
-    scene::DrawingPicks m_picks;
-};
-
 } // namespace
 
-std::unique_ptr<IDrawingWindow> CreateDrawingWindow(const DrawingWindowOptions& options)
+std::unique_ptr<scene::IDrawingWindow> CreateDrawingWindow(const scene::DrawingWindowOptions& options)
 {
-    return std::make_unique<DrawingWindow>(options);
+    return std::make_unique<scene::DrawingPicks>(options, std::make_unique<QtPickScreen>(options.memory));
 }
 
 } // namespace sm::qt

@@ -2,9 +2,8 @@
 #include "view/PickWindow.h"
 
 #include "marks/PageMarks.h"
-#include "scene/PickTexts.h"
 #include "screen/WindowSize.h"
-#include "view/MarkEditor.h"
+#include "view/MarkPane.h"
 #include "view/ViewTools.h"
 
 #include <QHBoxLayout>
@@ -38,7 +37,7 @@ PickWindow::PickWindow(beside::IWindowMemory* memory) : QWidget(nullptr, Qt::Win
     column->addWidget(m_view, 1);
     column->addWidget(MakeTabs());
     column->addWidget(m_line = MakeLine());
-    column->addWidget(m_editor = new MarkEditor(*m_view));
+    column->addWidget(MakeMarks());
     setTabOrder(m_view, m_entry);
     m_view->setObjectName("view");
     m_view->installEventFilter(this);
@@ -49,6 +48,15 @@ PickWindow::PickWindow(beside::IWindowMemory* memory) : QWidget(nullptr, Qt::Win
     m_view->onKey = [this](QKeyEvent* event) { return TakeKey(event); };
     resize(QSize(1000, 720).boundedTo(RoomFor(*this)));
     ShowSnapping();
+}
+
+QWidget* PickWindow::MakeMarks()
+{
+    m_markPane = new MarkPane(*m_view);
+    m_marks = std::make_unique<scene::WindowMarks>(*m_view, *m_markPane);
+    m_markPane->onChoose = [this](std::optional<std::size_t> mark) { m_marks->Choose(mark); };
+    m_markPane->onEdit = [this] { m_marks->EditChosen(); };
+    return m_markPane;
 }
 
 QTabBar* PickWindow::MakeTabs()
@@ -121,42 +129,20 @@ void PickWindow::SetPicture(std::shared_ptr<const LayoutPicture> picture)
 {
     m_picture = std::move(picture);
     m_view->SetPicture(m_picture);
-    ShowLayoutsMarks();
+    m_marks->PictureIs(m_picture);
     ShowReady();
-}
-
-void PickWindow::SetMarks(std::vector<beside::PageMark> marks, std::optional<beside::PageMark> atCursor)
-{
-    m_marks = std::move(marks);
-    m_atCursor = std::move(atCursor);
-    m_view->update();
 }
 
 void PickWindow::PaintMarks(QPainter& painter) const
 {
-    if (m_picture == nullptr)
-        return;
-    std::vector<beside::PageMark> marks = m_editor->isHidden() ? m_marks : m_editor->Marks();
-    if (m_atCursor && m_view->Cursor()) {
-        marks.push_back(*m_atCursor);
-        marks.back().from = marks.back().to = m_picture->map.ToDrawing(*m_view->Cursor());
-    }
     painter.save();
-    PaintPageMarks(painter, MarksInScene(std::move(marks), *m_picture, m_view->Map(), m_view->OnBackdrop()),
-                   m_view->Map());
-    m_editor->Paint(painter);
+    PaintPageMarks(painter, m_marks->InScene(), m_view->Map());
+    if (const auto frame = m_marks->Frame()) {
+        painter.setPen(QPen(QColor(0xD0, 0x30, 0x00), 1, Qt::DashLine));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(QRectF(frame->min.x, frame->min.y, frame->Width(), frame->Height()));
+    }
     painter.restore();
-}
-
-void PickWindow::SetLayout(const std::string& name)
-{
-    m_layout = name;
-    ShowLayoutsMarks();
-}
-
-void PickWindow::ShowLayoutsMarks()
-{
-    m_editor->ShowLayout(m_layout, m_picture);
 }
 
 } // namespace sm::qt

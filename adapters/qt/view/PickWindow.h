@@ -2,10 +2,9 @@
 // The drawing window itself: the view, what can be done with it, and a line to type points into.
 #pragma once
 
-#include "beside/MarkBoard.h"
-#include "beside/PageSource.h"
 #include "beside/WindowMemory.h"
 #include "scene/DrawingPicks.h"
+#include "scene/WindowMarks.h"
 #include "view/DrawingView.h"
 
 #include <QEventLoop>
@@ -17,7 +16,7 @@ class QTabBar;
 
 namespace sm::qt {
 
-class MarkEditor;
+class MarkPane;
 class ViewTools;
 
 class PickWindow final : public QWidget, public scene::IPickWindow {
@@ -27,8 +26,11 @@ public:
 
     void SetTitle(const std::string& title) override { setWindowTitle(QString::fromStdString(title)); }
     void SetTabs(const std::vector<std::string>& names, std::size_t current) override;
-    void SetLayout(const std::string& name) override;
-    void SetMarks(std::vector<beside::PageMark> marks, std::optional<beside::PageMark> atCursor) override;
+    void SetLayout(const std::string& name) override { m_marks->LayoutIs(name); }
+    void SetMarks(std::vector<beside::PageMark> marks, std::optional<beside::PageMark> atCursor) override
+    {
+        m_marks->Show(std::move(marks), std::move(atCursor));
+    }
     void SetPicture(std::shared_ptr<const LayoutPicture> picture) override;
     [[nodiscard]] std::optional<ViewMap> OwnView() const override { return m_view->OwnMap(); }
     void GoBackTo(const ViewMap& view) override { m_view->SetMap(view); }
@@ -45,6 +47,7 @@ protected:
 private:
     QTabBar* MakeTabs();
     QWidget* MakeLine();
+    QWidget* MakeMarks();
     void Answer(Vec2 scene);
     void TakeTyped();
     bool TakeKey(QKeyEvent* event);
@@ -53,7 +56,6 @@ private:
     void ShowSnapping();
     void Wait();
     void ShowReady();
-    void ShowLayoutsMarks();
     void PaintMarks(QPainter& painter) const;
 
     DrawingView* m_view = nullptr;
@@ -63,12 +65,10 @@ private:
     QLabel* m_place = nullptr;
     QLabel* m_hint = nullptr;
     ViewTools* m_tools = nullptr;
-    MarkEditor* m_editor = nullptr;
+    MarkPane* m_markPane = nullptr;
+    std::unique_ptr<scene::WindowMarks> m_marks;
     QWidget* m_line = nullptr;
-    std::string m_layout;
     std::shared_ptr<const LayoutPicture> m_picture;
-    std::vector<beside::PageMark> m_marks;
-    std::optional<beside::PageMark> m_atCursor;
     QEventLoop m_loop;
     std::optional<Vec2> m_answer, m_first; ///< drawing units
     std::optional<ViewMap> m_beforeMinus;  ///< the view before "-" was pressed, which may begin a number

@@ -3,7 +3,7 @@
 #include "scene/PickTexts.h"
 #include "scene/PointText.h"
 #include "screen/ClosesOnSignal.h"
-#include "view/MarkEditor.h"
+#include "view/MarkPane.h"
 #include "view/PickWindow.h"
 #include "view/ViewTools.h"
 
@@ -20,7 +20,7 @@ void PickWindow::ShowReady()
 {
     const bool ready = m_picture != nullptr;
     m_view->SetBand(ready && m_first ? std::optional(m_picture->map.ToScene(*m_first)) : std::nullopt);
-    m_view->SetPicking(ready && m_loop.isRunning() && m_editor->isHidden());
+    m_view->SetPicking(ready && m_loop.isRunning() && !m_marks->AreEdited());
     ShowSnapping();
 }
 
@@ -58,11 +58,12 @@ void PickWindow::EditMarks(beside::IMarkBoard& board)
     m_tabs->setEnabled(true);
     m_tabs->setToolTip("Ctrl+PageUp, Ctrl+PageDown");
     m_line->hide();
-    m_editor->Use(&board);
-    ShowLayoutsMarks();
+    m_markPane->show();
+    m_marks->Use(&board);
     showNormal();
     Wait();
-    m_editor->Use(nullptr);
+    m_marks->Use(nullptr);
+    m_markPane->hide();
     m_line->show();
 }
 
@@ -74,7 +75,7 @@ void PickWindow::Cancel()
 
 void PickWindow::Answer(Vec2 scene)
 {
-    if (!m_loop.isRunning() || m_picture == nullptr || !m_editor->isHidden())
+    if (!m_loop.isRunning() || m_picture == nullptr || m_marks->AreEdited())
         return;
     m_answer = m_picture->map.ToDrawing(scene);
     m_loop.quit();
@@ -100,7 +101,7 @@ void PickWindow::TakeTyped()
 bool PickWindow::TakeKey(QKeyEvent* event)
 {
     QString typed = event->text();
-    if (!m_editor->isHidden())
+    if (m_marks->AreEdited())
         return false;
     if (!scene::BeginsNumber(typed.toStdString()) && typed != "@")
         return false;

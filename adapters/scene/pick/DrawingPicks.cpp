@@ -8,6 +8,12 @@
 
 namespace sm::scene {
 
+DrawingPicks::DrawingPicks(const DrawingWindowOptions& options, std::unique_ptr<IPickScreen> screen)
+    : m_recorder{options.references, options.shareFolder}, m_sheets(options.sheets), m_ownScreen(std::move(screen)),
+      m_screen(*m_ownScreen)
+{
+}
+
 void DrawingPicks::EditMarks(const drawing::Drawing& drawing, std::size_t layout, beside::IMarkBoard& board)
 {
     m_board = &board;
@@ -90,7 +96,7 @@ void DrawingPicks::ShowNames(const Waiting& waiting)
     const std::string file = base::ToText(base::ToPath(waiting.drawing.Path()).filename());
     const std::string& name = waiting.drawing.Layouts().at(waiting.layout).name;
     window.SetLayout(name);
-    if (beside::ISheetList* const sheets = m_options.sheets ? m_options.sheets() : nullptr)
+    if (beside::ISheetList* const sheets = m_sheets ? m_sheets() : nullptr)
         window.SetMarks(sheets->MarksOn(name), waiting.isCorner ? std::nullopt : sheets->StampAtHand());
     window.SetTitle(file + " – " + name + " – Tarnwick Sheetmaker PDF");
 }
@@ -120,8 +126,7 @@ void DrawingPicks::Record(Waiting& waiting)
                 Take(waiting, layout);
         });
     };
-    waiting.recorder =
-        std::make_unique<LayoutRecorder>(waiting.drawing, waiting.layout, m_options.recorder, m_text, done);
+    waiting.recorder = std::make_unique<LayoutRecorder>(waiting.drawing, waiting.layout, m_recorder, m_text, done);
 }
 
 void DrawingPicks::Take(Waiting& waiting, std::size_t layout)

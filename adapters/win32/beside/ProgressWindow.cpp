@@ -11,6 +11,19 @@ namespace sm::win32 {
 namespace {
 
 constexpr int kWidth = 420, kLine = 20, kEdge = 12, kButton = 90; // pixels of 96 dots per inch
+constexpr int kLastTop = 3 * kEdge + 2 * kLine, kButtonLeft = kWidth - kEdge - kButton;
+constexpr DWORD kProgressStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
+
+struct Part {
+    int control;
+    RECT place; // pixels of 96 dots per inch
+};
+constexpr Part kParts[] = {
+    {ProgressWindow::kSheet, {kEdge, kEdge, kWidth - kEdge, kEdge + kLine}},
+    {ProgressWindow::kBar, {kEdge, 2 * kEdge + kLine, kWidth - kEdge, 2 * kEdge + 2 * kLine}},
+    {ProgressWindow::kLeft, {kEdge, kLastTop, kButtonLeft - kEdge, kLastTop + 2 * kLine}},
+    {IDCANCEL, {kButtonLeft, kLastTop, kButtonLeft + kButton, kLastTop + kLine + 6}},
+};
 
 } // namespace
 
@@ -29,32 +42,37 @@ std::wstring TimeLeft(int index, int count, ULONGLONG elapsedMilliseconds)
 ProgressWindow::ProgressWindow()
 {
     const windows::VisualStyles styles;
-    Make({kClass, L"Making PDF", WS_POPUP | WS_CAPTION | WS_SYSMENU, WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME});
-    NONCLIENTMETRICSW metrics = {};
-    metrics.cbSize = sizeof metrics;
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    m_font = CreateFontIndirectW(&metrics.lfMessageFont);
-    Add(L"STATIC", L"", SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, kSheet, {kEdge, kEdge, kWidth - kEdge, kEdge + kLine});
-    Add(PROGRESS_CLASSW, L"Sheets", 0, kBar, {kEdge, 2 * kEdge + kLine, kWidth - kEdge, 2 * kEdge + 2 * kLine});
-    const int top = 3 * kEdge + 2 * kLine, left = kWidth - kEdge - kButton;
-    Add(L"STATIC", L"", SS_LEFT | SS_NOPREFIX, kLeft, {kEdge, top, left - kEdge, top + 2 * kLine});
-    Add(L"BUTTON", L"Cancel", WS_TABSTOP | BS_PUSHBUTTON, IDCANCEL, {left, top, left + kButton, top + kLine + 6});
+    Make({kClass, L"Making PDF", kProgressStyle, WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME});
+    Add(L"STATIC", L"", SS_LEFT | SS_NOPREFIX | SS_ENDELLIPSIS, kSheet);
+    Add(PROGRESS_CLASSW, L"Sheets", 0, kBar);
+    Add(L"STATIC", L"", SS_LEFT | SS_NOPREFIX, kLeft);
+    Add(L"BUTTON", L"Cancel", WS_TABSTOP | BS_PUSHBUTTON, IDCANCEL);
+    OnDots();
 }
 
-ProgressWindow::~ProgressWindow()
+void ProgressWindow::Add(const wchar_t* kind, const wchar_t* text, DWORD style, int control) const
 {
-    Unmake();
-    DeleteObject(m_font);
+    CreateWindowW(kind, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, Handle(),
+                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(control)), windows::OwnModule(), nullptr);
 }
 
-void ProgressWindow::Add(const wchar_t* kind, const wchar_t* text, DWORD style, int control, const RECT& place) const
+void ProgressWindow::OnDots()
 {
-    const auto scaled = [dots = DotsOf(Handle())](LONG pixels) { return MulDiv(static_cast<int>(pixels), dots, 96); };
-    const HWND made =
-        CreateWindowW(kind, text, WS_CHILD | WS_VISIBLE | style, scaled(place.left), scaled(place.top),
-                      scaled(place.right - place.left), scaled(place.bottom - place.top), Handle(),
-                      reinterpret_cast<HMENU>(static_cast<INT_PTR>(control)), windows::OwnModule(), nullptr);
-    SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(m_font), TRUE);
+    m_font.Use(Handle(), Dots());
+    for (const auto& [control, place] : kParts)
+        MoveWindow(Get(control), Scaled(place.left), Scaled(place.top), Scaled(place.right - place.left),
+                   Scaled(place.bottom - place.top), TRUE);
+}
+
+/// In the middle of the screen.
+void ProgressWindow::Appear() const
+{
+    RECT room = {0, 0, Scaled(kWidth), Scaled(4 * kEdge + 4 * kLine)};
+    AdjustWindowRectEx(&room, kProgressStyle, FALSE, WS_EX_DLGMODALFRAME);
+    const int width = room.right - room.left, height = room.bottom - room.top;
+    SetWindowPos(Handle(), nullptr, (GetSystemMetrics(SM_CXSCREEN) - width) / 2,
+                 (GetSystemMetrics(SM_CYSCREEN) - height) / 2, width, height, SWP_NOZORDER);
+    ShowWindow(Handle(), SW_SHOW);
 }
 
 void ProgressWindow::Tell(const beside::RunProgress& progress)
@@ -68,15 +86,8 @@ void ProgressWindow::Tell(const beside::RunProgress& progress)
     SendMessageW(Get(kBar), PBM_SETPOS, static_cast<WPARAM>(progress.index - 1), 0);
     if (!m_isCancelled)
         SetWindowTextW(Get(kLeft), TimeLeft(progress.index, progress.count, GetTickCount64() - m_since).c_str());
-    if (IsWindowVisible(Handle()) == FALSE) {
-        const int dots = DotsOf(Handle());
-        RECT room = {0, 0, MulDiv(kWidth, dots, 96), MulDiv(4 * kEdge + 4 * kLine, dots, 96)};
-        AdjustWindowRectEx(&room, WS_POPUP | WS_CAPTION | WS_SYSMENU, FALSE, WS_EX_DLGMODALFRAME);
-        const int width = room.right - room.left, height = room.bottom - room.top;
-        SetWindowPos(Handle(), nullptr, (GetSystemMetrics(SM_CXSCREEN) - width) / 2,
-                     (GetSystemMetrics(SM_CYSCREEN) - height) / 2, width, height, SWP_NOZORDER);
-        ShowWindow(Handle(), SW_SHOW);
-    }
+    if (IsWindowVisible(Handle()) == FALSE)
+        Appear();
     UpdateWindow(Handle());
     Pump();
 }

@@ -4,6 +4,7 @@
 
 #include "beside/RunProgress.h"
 #include "window/OwnWindow.h"
+#include "window/WindowFont.h"
 
 namespace sm::win32 {
 
@@ -14,7 +15,7 @@ public:
 
     /// Throws std::runtime_error when it can't be made.
     ProgressWindow();
-    ~ProgressWindow() override;
+    ~ProgressWindow() override { Unmake(); }
 
     void Tell(const beside::RunProgress& progress);
     /// Lets the window see what the user did; true when that was to cancel.
@@ -23,11 +24,13 @@ public:
 private:
     LRESULT OnMessage(UINT message, WPARAM wide, LPARAM extra) override;
     [[nodiscard]] HWND Get(int control) const { return GetDlgItem(Handle(), control); }
-    void Add(const wchar_t* kind, const wchar_t* text, DWORD style, int control, const RECT& place) const;
+    void OnDots() override;
+    void Add(const wchar_t* kind, const wchar_t* text, DWORD style, int control) const;
+    void Appear() const;
     void Cancel();
     void Pump() const;
 
-    HFONT m_font = nullptr;
+    WindowFont m_font;
     bool m_isCancelled = false;
     ULONGLONG m_since = 0; ///< milliseconds, when the first sheet was begun
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How the list of sheets and its preview keep in step with the form, and what the user does in them.
 #include "beside/SheetsWindow.h"
+#include "window/WindowText.h"
 #include "windows/automation/WideText.h"
 
 #include <cmath>
@@ -9,22 +10,6 @@
 #include <commctrl.h>
 
 namespace sm::win32 {
-namespace {
-
-std::string TextIn(HWND window)
-{
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return windows::Utf8(text);
-}
-
-void SetTextIn(HWND window, const std::string& text)
-{
-    if (TextIn(window) != text)
-        SetWindowTextW(window, windows::Wide(text).c_str());
-}
-
-} // namespace
 
 // Several changes come one after the other; they are looked at once.
 void SheetsWindow::FormChanged()
@@ -43,7 +28,7 @@ void SheetsWindow::Renew()
     if (now == m_now)
         return;
     m_now = std::move(now);
-    SetTextIn(Get(kHeadline), m_now.headline);
+    ShowText(Get(kHeadline), m_now.headline);
     ShowRows();
     EnableWindow(Get(kWords), m_now.ticksCount ? TRUE : FALSE);
     EnableWindow(Get(kAll), m_now.ticksCount ? TRUE : FALSE);
@@ -89,9 +74,9 @@ void SheetsWindow::TakeWords()
 {
     if (!IsFormFree())
         return;
-    const std::string reason = m_sheets.TickMeant(TextIn(Get(kWords)));
+    const std::string reason = m_sheets.TickMeant(TextOf(Get(kWords)));
     if (reason.empty())
-        SetTextIn(Get(kWords), {});
+        ShowText(Get(kWords), {});
     else
         SendMessageW(Get(kWords), EM_SETSEL, 0, -1);
     Tell(reason);
@@ -108,7 +93,7 @@ void SheetsWindow::MakeCurrent()
 
 void SheetsWindow::Tell(const std::string& reason)
 {
-    SetTextIn(Get(kReason), reason);
+    ShowText(Get(kReason), reason);
     if (!reason.empty())
         MessageBeep(MB_OK);
     FormChanged();
@@ -120,11 +105,11 @@ void SheetsWindow::ShowPage()
     const double size = drawn.page.width * drawn.page.height;
     const auto view = drawn.picture != nullptr && m_size == size ? m_page->OwnMap() : std::nullopt;
     m_size = size;
-    SetTextIn(Get(kTrouble), drawn.page.trouble);
-    SetTextIn(m_page->Handle(), drawn.picture == nullptr
-                                    ? "Preview: no page"
-                                    : "Preview: a page of " + std::to_string(std::lround(drawn.page.width)) + " x " +
-                                          std::to_string(std::lround(drawn.page.height)) + " mm");
+    ShowText(Get(kTrouble), drawn.page.trouble);
+    ShowText(m_page->Handle(), drawn.picture == nullptr
+                                   ? "Preview: no page"
+                                   : "Preview: a page of " + std::to_string(std::lround(drawn.page.width)) + " x " +
+                                         std::to_string(std::lround(drawn.page.height)) + " mm");
     m_page->SetPicture(drawn.picture);
     if (view)
         m_page->SetMap(*view); // the user looks at a part of it

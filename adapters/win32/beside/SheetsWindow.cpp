@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kLeastWidth = 44, kMostWidth = 90; // average characters
 constexpr int kLeastHeight = 32;                 // lines
-constexpr int kGap = 8;                          // pixels
+constexpr int kGap = 8;                          // pixels between form and window
 
 SIZE LetterOf(HWND window, HFONT font)
 {
@@ -46,14 +46,22 @@ RECT WorkAreaOf(HWND window)
 } // namespace
 
 SheetsWindow::SheetsWindow(beside::ISheetList& sheets, const IForm& form, HWND owner, PageKeeper* page)
-    : m_sheets(sheets), m_form(form), m_owner(owner),
-      m_font(reinterpret_cast<HFONT>(SendMessageW(GetWindow(owner, GW_CHILD), WM_GETFONT, 0, 0))), m_keeper(page)
+    : m_sheets(sheets), m_form(form), m_owner(owner), m_keeper(page)
 {
     const windows::VisualStyles styles;
     Make({kClass, L"Sheets", WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN,
           WS_EX_TOOLWINDOW | WS_EX_CONTROLPARENT, owner});
     MakeControls();
     MakePage();
+    OnDots();
+}
+
+void SheetsWindow::OnDots()
+{
+    m_font.Use(Handle(), Dots());
+    if (m_page != nullptr)
+        m_page->SetFont(m_font.Handle(), Dots());
+    LayOut();
 }
 
 SheetsWindow::~SheetsWindow()
@@ -66,11 +74,8 @@ SheetsWindow::~SheetsWindow()
 
 HWND SheetsWindow::Add(const wchar_t* kind, const wchar_t* text, DWORD style, Control control, DWORD more) const
 {
-    const HWND made =
-        CreateWindowExW(more, kind, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, Handle(),
-                        reinterpret_cast<HMENU>(static_cast<INT_PTR>(control)), windows::OwnModule(), nullptr);
-    SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(m_font), TRUE);
-    return made;
+    return CreateWindowExW(more, kind, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, Handle(),
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(control)), windows::OwnModule(), nullptr);
 }
 
 void SheetsWindow::MakeControls()
@@ -103,7 +108,6 @@ void SheetsWindow::MakePage()
     if (m_keeper == nullptr)
         return;
     m_page = std::make_unique<DrawingView>(Handle(), L"Preview");
-    m_page->SetFont(m_font);
     m_page->paintOver = [this](const OverlayCanvas& canvas) {
         if (m_keeper->Page().picture != nullptr)
             PaintPageMarks(canvas, m_keeper->Page().page.marks, m_page->Map());
@@ -181,7 +185,7 @@ bool SheetsWindow::FindPlace()
 {
     const RECT room = WorkAreaOf(m_owner);
     const RECT form = PlaceOfWindow(m_owner);
-    const SIZE letter = LetterOf(Handle(), m_font);
+    const SIZE letter = LetterOf(Handle(), m_font.Handle());
     const int least = kLeastWidth * letter.cx, most = m_page != nullptr ? kMostWidth * letter.cx : least;
     const int formWidth = form.right - form.left, roomWidth = room.right - room.left;
     const int width = std::clamp(roomWidth - formWidth - 4 * kGap, least, most);
@@ -212,7 +216,7 @@ void SheetsWindow::LayOut()
 {
     RECT room = {};
     GetClientRect(Handle(), &room);
-    const SIZE letter = LetterOf(Handle(), m_font);
+    const SIZE letter = LetterOf(Handle(), m_font.Handle());
     const int gap = letter.cy / 2, line = letter.cy + gap;
     const int width = std::max<int>(room.right - 2 * gap, 0);
     const int fixed = 2 * letter.cy + 2 * line + 2 * letter.cy + 7 * gap;
@@ -223,7 +227,7 @@ void SheetsWindow::LayOut()
     };
     put(kHeadline, gap, width, 2 * letter.cy), y += 2 * letter.cy + gap;
     put(kList, gap, width, list), y += list + gap;
-    SendMessageW(Get(kList), LVM_SETCOLUMNWIDTH, 0, std::max(width - 24, 0));
+    SendMessageW(Get(kList), LVM_SETCOLUMNWIDTH, 0, std::max(width - Scaled(24), 0));
     put(kTick, gap, 6 * letter.cx, letter.cy), put(kWords, gap + 6 * letter.cx, width - 6 * letter.cx, line);
     y += line + gap;
     put(kCurrent, gap, (width - gap) / 2, line), put(kAll, gap + (width + gap) / 2, (width - gap) / 2, line);

@@ -7,6 +7,7 @@
 #include "beside/WindowMemory.h"
 #include "ports/IFormToolkit.h"
 #include "view/DrawingView.h"
+#include "window/WindowFont.h"
 
 #include <memory>
 
@@ -33,6 +34,7 @@ public:
 
 private:
     LRESULT OnMessage(UINT message, WPARAM wide, LPARAM extra) override;
+    void OnDots() override;
     HWND Add(const wchar_t* kind, const wchar_t* text, DWORD style, Control control, DWORD more = 0) const;
     [[nodiscard]] HWND Get(Control control) const { return GetDlgItem(Handle(), control); }
     void MakeControls();
@@ -54,7 +56,7 @@ private:
     beside::ISheetList& m_sheets;
     const IForm& m_form;
     HWND m_owner;
-    HFONT m_font;
+    WindowFont m_font;
     beside::SheetsNow m_now;
     bool m_isFilling = false, m_isDue = false;
     PageKeeper* m_keeper;

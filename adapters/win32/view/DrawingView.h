@@ -30,8 +30,14 @@ public:
     void TurnWheel(WPARAM wide, LPARAM extra);
     /// Whether the key is one that moves the view; then it does.
     bool TakeKey(WPARAM key);
-    /// Texts over the drawing are written in it.
-    void SetFont(HFONT font) { m_font = font; }
+    /// Texts over the drawing are written in `font`, and what has a size of its own is shown for so many dots per inch.
+    void SetFont(HFONT font, int dots)
+    {
+        m_font = font;
+        m_dots = dots;
+    }
+
+    [[nodiscard]] double Magnified() const override { return m_dots / static_cast<double>(kUsualDots); }
 
     std::function<bool(wchar_t)> onLetter;                 ///< typed; true: used
     std::function<void(const OverlayCanvas&)> paintOver{}; ///< over the drawing, by `Map`
@@ -47,7 +53,6 @@ private:
     void Post(std::function<void()> work) override { PostWork(std::move(work)); }
     [[nodiscard]] bool IsShown() const override { return IsWindowVisible(Handle()) != FALSE; }
     [[nodiscard]] scene::PixelBox Room() const override;
-    [[nodiscard]] double Magnified() const override { return DotsOf(Handle()) / 96.0; }
     [[nodiscard]] bool IsSuspended() const override { return GetKeyState(VK_SHIFT) < 0; }
 
     void Paint();
@@ -55,6 +60,7 @@ private:
 
     HCURSOR m_cursor = LoadCursorW(nullptr, IDC_ARROW);
     HFONT m_font = nullptr;
+    int m_dots = kUsualDots;
     std::unique_ptr<scene::IPixelCanvases> m_overlay;
     bool m_isWatched = false; ///< the system will tell when the cursor leaves
 };

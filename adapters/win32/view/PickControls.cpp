@@ -2,7 +2,6 @@
 #include "view/PickControls.h"
 
 #include "scene/PickTexts.h"
-#include "window/OwnWindow.h"
 #include "windows/automation/WideText.h"
 #include "windows/system/OwnModule.h"
 
@@ -14,7 +13,8 @@ namespace sm::win32 {
 namespace {
 
 constexpr PickControl kButtons[] = {kZoomIn, kZoomOut, kZoomAll, kZoomFrame, kSnaps, kDark, kKeys};
-constexpr int kUsualDots = 96;
+constexpr PickControl kPointLine[] = {kPrompt, kEntry, kPlace, kHint}, kMarkLine[] = {kMarks, kEditMark, kMarkHint};
+constexpr int kMostShown = 12; // marks in the open list
 
 std::wstring KeysText()
 {
@@ -23,18 +23,6 @@ std::wstring KeysText()
         text += windows::Wide(keys) + L":  " + windows::Wide(meaning) + L"\r\n";
     text.resize(text.size() - 2);
     return text;
-}
-
-/// The message font of the desktop, for so many dots per inch.
-HFONT MessageFont(int dots)
-{
-    NONCLIENTMETRICSW metrics = {};
-    metrics.cbSize = sizeof metrics;
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    const HDC screen = GetDC(nullptr);
-    metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dots, GetDeviceCaps(screen, LOGPIXELSY));
-    ReleaseDC(nullptr, screen);
-    return CreateFontIndirectW(&metrics.lfMessageFont);
 }
 
 } // namespace
@@ -55,7 +43,12 @@ PickControls::PickControls(HWND window) : m_window(window)
     Add(L"STATIC", L"", SS_LEFTNOWORDWRAP | SS_NOPREFIX, kPlace);
     Add(L"STATIC", L"", SS_RIGHT | SS_NOPREFIX, kHint);
     Add(L"STATIC", KeysText().c_str(), SS_LEFT | SS_NOPREFIX | WS_BORDER, kKeysText);
+    Add(L"COMBOBOX", L"Marks", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, kMarks);
+    Add(L"BUTTON", L"&Edit...", push, kEditMark);
+    Add(L"STATIC", L"", SS_LEFTNOWORDWRAP | SS_NOPREFIX | SS_ENDELLIPSIS, kMarkHint);
+    SendMessageW(Get(kMarks), CB_SETCUEBANNER, 0, reinterpret_cast<LPARAM>(L"No mark is chosen"));
     ShowWindow(Get(kKeysText), SW_HIDE);
+    ShowMarkLine(false);
     Tick(kSnaps, true);
 }
 
@@ -63,21 +56,6 @@ HWND PickControls::Add(const wchar_t* kind, const wchar_t* text, DWORD style, Pi
 {
     return CreateWindowExW(more, kind, text, WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | style, 0, 0, 0, 0, m_window,
                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(control)), windows::OwnModule(), nullptr);
-}
-
-// Each change is seen to flicker, so that only changes are shown.
-void PickControls::SetText(PickControl control, const std::string& text) const
-{
-    if (Text(control) != text)
-        SetWindowTextW(Get(control), windows::Wide(text).c_str());
-}
-
-std::string PickControls::Text(PickControl control) const
-{
-    const HWND window = Get(control);
-    std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-    text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-    return windows::Utf8(text);
 }
 
 bool PickControls::IsTicked(PickControl control) const
@@ -122,19 +100,43 @@ void PickControls::TurnTo(int tab) const
     SendMessageW(Get(kTabs), TCM_SETCURSEL, static_cast<WPARAM>(tab), 0);
 }
 
-void PickControls::UseFont()
+void PickControls::ShowMarkLine(bool isWanted)
 {
-    const HFONT font = MessageFont(DotsOf(m_window));
-    for (HWND child = GetWindow(m_window, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT))
-        SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
-    m_own.reset(font); // the former one, once nobody writes in it
-    m_font = font;
+    for (const PickControl control : kPointLine)
+        ShowWindow(Get(control), isWanted ? SW_HIDE : SW_SHOWNA);
+    for (const PickControl control : kMarkLine)
+        ShowWindow(Get(control), isWanted ? SW_SHOWNA : SW_HIDE);
+}
+
+void PickControls::ListMarks(const std::vector<std::string>& titles) const
+{
+    SendMessageW(Get(kMarks), CB_RESETCONTENT, 0, 0);
+    for (const std::string& title : titles)
+        SendMessageW(Get(kMarks), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(windows::Wide(title).c_str()));
+}
+
+void PickControls::ChooseMark(std::optional<std::size_t> mark) const
+{
+    SendMessageW(Get(kMarks), CB_SETCURSEL, mark ? *mark : static_cast<WPARAM>(-1), 0);
+    Enable(kEditMark, mark.has_value());
+}
+
+std::optional<std::size_t> PickControls::ChosenMark() const
+{
+    const LRESULT chosen = SendMessageW(Get(kMarks), CB_GETCURSEL, 0, 0);
+    return chosen == CB_ERR ? std::nullopt : std::optional(static_cast<std::size_t>(chosen));
+}
+
+void PickControls::UseDots(int dots)
+{
+    m_dots = dots;
+    m_font.Use(m_window, dots);
 }
 
 SIZE PickControls::SizeOf(const std::wstring& text) const
 {
     const HDC canvas = GetDC(m_window);
-    const HGDIOBJ before = SelectObject(canvas, m_font);
+    const HGDIOBJ before = SelectObject(canvas, m_font.Handle());
     RECT room = {};
     DrawTextW(canvas, text.c_str(), -1, &room, DT_CALCRECT | DT_NOPREFIX);
     SelectObject(canvas, before);
@@ -154,11 +156,32 @@ int PickControls::Place(PickControl control, int left, int top, int width, int h
     return left + width;
 }
 
+void PickControls::PlaceLine(int top, int line, int width) const
+{
+    const int between = Between(), textTop = top + between;
+    const SIZE letter = SizeOf(L"0");
+    int x = Place(kPrompt, 2 * between, textTop, WidthOf(kPrompt), letter.cy) + between;
+    x = Place(kEntry, x, top, 24 * letter.cx, line) + 2 * between;
+    x = Place(kPlace, x, textTop, 28 * letter.cx, letter.cy) + between;
+    const int hint = std::min<int>(34 * letter.cx, std::max<int>(width - x - 2 * between, 0));
+    Place(kHint, width - hint - 2 * between, textTop, hint, letter.cy);
+}
+
+/// A list's height is that of the list once it is open.
+void PickControls::PlaceMarkLine(int top, int line, int width) const
+{
+    const int between = Between();
+    const SIZE letter = SizeOf(L"0");
+    int x = Place(kMarks, 2 * between, top, 36 * letter.cx, line + kMostShown * letter.cy) + between;
+    x = Place(kEditMark, x, top, WidthOf(kEditMark) + 4 * between, line) + 2 * between;
+    Place(kMarkHint, x, top + between, std::max(width - x - 2 * between, 0), letter.cy);
+}
+
 RECT PickControls::LayOut()
 {
     RECT room = {};
     GetClientRect(m_window, &room);
-    const int between = MulDiv(4, DotsOf(m_window), kUsualDots);
+    const int between = Between();
     const SIZE letter = SizeOf(L"0");
     const int button = letter.cy + 2 * between, line = letter.cy + 2 * between;
     int x = between;
@@ -167,12 +190,8 @@ RECT PickControls::LayOut()
     const int lineTop = std::max<int>(room.bottom - line - between, 0);
     const int tabsTop = std::max(lineTop - line - between, 0);
     Place(kTabs, 0, tabsTop, room.right, line + between / 2);
-    const int textTop = lineTop + between;
-    x = Place(kPrompt, 2 * between, textTop, WidthOf(kPrompt), letter.cy) + between;
-    x = Place(kEntry, x, lineTop, 24 * letter.cx, line) + 2 * between;
-    x = Place(kPlace, x, textTop, 28 * letter.cx, letter.cy) + between;
-    const int hint = std::min<int>(34 * letter.cx, std::max<int>(room.right - x - 2 * between, 0));
-    Place(kHint, room.right - hint - 2 * between, textTop, hint, letter.cy);
+    PlaceLine(lineTop, line, room.right);
+    PlaceMarkLine(lineTop, line, room.right);
     const int top = button + 2 * between;
     const SIZE keys = SizeOf(KeysText());
     Place(kKeysText, 3 * between, top + 3 * between, keys.cx + 4 * between, keys.cy + 2 * between);

@@ -2,11 +2,12 @@
 // The controls round the view in the drawing's window, by their numbers.
 #pragma once
 
-#include <memory>
+#include "window/WindowFont.h"
+#include "window/WindowText.h"
+
+#include <optional>
 #include <string>
 #include <vector>
-
-#include <windows.h>
 
 namespace sm::win32 {
 
@@ -23,17 +24,20 @@ enum PickControl : int {
     kEntry,
     kPlace,
     kHint,
-    kKeysText
+    kKeysText,
+    kMarks,
+    kEditMark,
+    kMarkHint
 };
 
-/// Made in a window and laid out in it: buttons above the view, tabs and a line for points below.
+/// Made in a window and laid out in it: buttons above the view, tabs below, and a line for points or for marks.
 class PickControls {
 public:
     explicit PickControls(HWND window);
 
     [[nodiscard]] HWND Get(PickControl control) const { return GetDlgItem(m_window, control); }
-    void SetText(PickControl control, const std::string& text) const;
-    [[nodiscard]] std::string Text(PickControl control) const;
+    void SetText(PickControl control, const std::string& text) const { ShowText(Get(control), text); }
+    [[nodiscard]] std::string Text(PickControl control) const { return TextOf(Get(control)); }
     [[nodiscard]] bool IsTicked(PickControl control) const;
     void Tick(PickControl control, bool isTicked) const;
     void Enable(PickControl control, bool isEnabled) const { EnableWindow(Get(control), isEnabled ? TRUE : FALSE); }
@@ -43,9 +47,15 @@ public:
     [[nodiscard]] int TabCount() const;
     void TurnTo(int tab) const;
 
-    /// The font of the window's dots.
-    void UseFont();
-    [[nodiscard]] HFONT Font() const { return m_font; }
+    /// The line below is that of marks; else that of points.
+    void ShowMarkLine(bool isWanted);
+    void ListMarks(const std::vector<std::string>& titles) const;
+    void ChooseMark(std::optional<std::size_t> mark) const;
+    [[nodiscard]] std::optional<std::size_t> ChosenMark() const;
+
+    /// The font of so many dots per inch, and sizes to suit.
+    void UseDots(int dots);
+    [[nodiscard]] HFONT Font() const { return m_font.Handle(); }
     /// In the window's size; the rest of the room is what comes back.
     [[nodiscard]] RECT LayOut();
 
@@ -55,9 +65,13 @@ private:
     [[nodiscard]] int WidthOf(PickControl control) const;
     [[nodiscard]] SIZE SizeOf(const std::wstring& text) const;
 
+    void PlaceLine(int top, int line, int width) const;
+    void PlaceMarkLine(int top, int line, int width) const;
+    [[nodiscard]] int Between() const { return MulDiv(4, m_dots, 96); }
+
     HWND m_window;
-    HFONT m_font = nullptr;
-    std::unique_ptr<void, BOOL (*)(HGDIOBJ)> m_own{nullptr, DeleteObject};
+    WindowFont m_font;
+    int m_dots = 96;
 };
 
 } // namespace sm::win32

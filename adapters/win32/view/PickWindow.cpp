@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "view/PickWindow.h"
 
-#include "scene/PickTexts.h"
 #include "windows/automation/WideText.h"
 #include "windows/controls/VisualStyles.h"
 
@@ -16,8 +15,8 @@ namespace {
 constexpr const char* kBackdrop = "DrawingBackground";
 constexpr const char* kDarkName = "dark";
 constexpr const char* kSize = "Size Drawing";
-constexpr int kUsualWidth = 1000, kUsualHeight = 720, kDotsThere = 96;
-constexpr double kStep = 1.5; // of zooming
+constexpr int kUsualWidth = 1000, kUsualHeight = 720; // pixels of 96 dots per inch
+constexpr double kStep = 1.5;                         // of zooming
 
 /// "900x600" or "900x600 full"; nothing for anything else.
 std::optional<SIZE> SizeIn(const std::string& text)
@@ -36,11 +35,12 @@ std::optional<SIZE> SizeIn(const std::string& text)
 
 PickWindow::PickWindow(beside::IWindowMemory* memory) : m_memory(memory)
 {
-    const PerMonitor perMonitor;
     const windows::VisualStyles styles;
     Make({kClass, L"", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT});
     m_controls = std::make_unique<PickControls>(Handle());
     m_view = std::make_unique<DrawingView>(Handle(), L"Drawing");
+    m_markPane = std::make_unique<MarkPane>(*m_view, *m_controls);
+    m_marks = std::make_unique<scene::WindowMarks>(*m_view, *m_markPane);
     m_view->onPick = [this](Vec2 scene) { Answer(scene); };
     m_view->onMove = [this](std::optional<Vec2> scene) { ShowPlace(scene); };
     m_view->onCancel = [this] { Cancel(); };
@@ -52,9 +52,7 @@ PickWindow::PickWindow(beside::IWindowMemory* memory) : m_memory(memory)
         m_controls->Tick(kDark, true);
         m_view->SetBackdrop(Backdrop::Dark);
     }
-    m_controls->UseFont();
-    m_view->SetFont(m_controls->Font());
-    LayOut();
+    OnDots();
     ShowSnapping();
 }
 
@@ -66,10 +64,8 @@ PickWindow::~PickWindow()
 
 void PickWindow::RecallSize()
 {
-    const int dots = DotsOf(Handle());
     const auto known = m_memory != nullptr ? SizeIn(m_memory->Recall(kSize)) : std::nullopt;
-    const SIZE wanted =
-        known.value_or(SIZE{MulDiv(kUsualWidth, dots, kDotsThere), MulDiv(kUsualHeight, dots, kDotsThere)});
+    const SIZE wanted = known.value_or(SIZE{Scaled(kUsualWidth), Scaled(kUsualHeight)});
     MONITORINFO info = {};
     info.cbSize = sizeof info;
     GetMonitorInfoW(MonitorFromWindow(Handle(), MONITOR_DEFAULTTONEAREST), &info);
@@ -99,13 +95,10 @@ void PickWindow::LayOut()
     SetWindowPos(m_controls->Get(kKeysText), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
-// The window came onto a screen of other dots: it has the place that the system proposes.
-void PickWindow::OnDots(const RECT& wanted)
+void PickWindow::OnDots()
 {
-    SetWindowPos(Handle(), nullptr, wanted.left, wanted.top, wanted.right - wanted.left, wanted.bottom - wanted.top,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
-    m_controls->UseFont();
-    m_view->SetFont(m_controls->Font());
+    m_controls->UseDots(Dots());
+    m_view->SetFont(m_controls->Font(), Dots());
     LayOut();
 }
 
@@ -114,9 +107,6 @@ LRESULT PickWindow::OnMessage(UINT message, WPARAM wide, LPARAM extra)
     switch (message) {
     case WM_SIZE:
         LayOut();
-        return 0;
-    case WM_DPICHANGED:
-        OnDots(*reinterpret_cast<const RECT*>(extra));
         return 0;
     case WM_COMMAND:
         OnCommand(LOWORD(wide), HIWORD(wide));
@@ -141,6 +131,8 @@ LRESULT PickWindow::OnMessage(UINT message, WPARAM wide, LPARAM extra)
 
 void PickWindow::OnCommand(int control, int code)
 {
+    if (control == kMarks && code == CBN_SELCHANGE)
+        m_marks->Choose(m_controls->ChosenMark());
     if (code != BN_CLICKED)
         return;
     switch (control) {
@@ -164,6 +156,9 @@ void PickWindow::OnCommand(int control, int code)
         break;
     case kKeys:
         ShowWindow(m_controls->Get(kKeysText), m_controls->IsTicked(kKeys) ? SW_SHOWNA : SW_HIDE);
+        break;
+    case kEditMark:
+        m_marks->EditChosen();
         break;
     default:
         return;
@@ -189,31 +184,19 @@ void PickWindow::SetTabs(const std::vector<std::string>& names, std::size_t curr
     m_controls->SetTabs(names, current);
 }
 
-void PickWindow::SetMarks(std::vector<beside::PageMark> marks, std::optional<beside::PageMark> atCursor)
-{
-    m_marks = std::move(marks);
-    m_atCursor = std::move(atCursor);
-    InvalidateRect(m_view->Handle(), nullptr, FALSE);
-}
-
 void PickWindow::SetPicture(std::shared_ptr<const LayoutPicture> picture)
 {
     m_picture = std::move(picture);
     m_view->SetPicture(m_picture);
+    m_marks->PictureIs(m_picture);
     ShowReady();
 }
 
 void PickWindow::PaintMarks(const OverlayCanvas& canvas) const
 {
-    if (m_picture == nullptr)
-        return;
-    std::vector<beside::PageMark> marks = m_marks;
-    if (m_atCursor && m_view->Cursor()) {
-        marks.push_back(*m_atCursor);
-        marks.back().from = marks.back().to = m_picture->map.ToDrawing(*m_view->Cursor());
-    }
-    PaintPageMarks(canvas, MarksInScene(std::move(marks), *m_picture, m_view->Map(), m_view->OnBackdrop()),
-                   m_view->Map());
+    PaintPageMarks(canvas, m_marks->InScene(), m_view->Map());
+    if (const auto frame = m_marks->Frame())
+        PaintFrameRound(canvas, *frame);
 }
 
 } // namespace sm::win32

@@ -3,46 +3,13 @@
 #include "scene/PickTexts.h"
 #include "scene/PointText.h"
 #include "view/PickWindow.h"
+#include "window/ModalWait.h"
 #include "windows/automation/WideText.h"
-
-#include <stdexcept>
-#include <utility>
-#include <vector>
 
 #include <commctrl.h>
 
 namespace sm::win32 {
 namespace {
-
-/// All other windows of this thread that are up take nothing while one lives.
-class OthersWait {
-public:
-    explicit OthersWait(HWND window) : m_window(window)
-    {
-        EnumThreadWindows(GetCurrentThreadId(), &Note, reinterpret_cast<LPARAM>(this));
-        for (const HWND other : m_others)
-            EnableWindow(other, FALSE);
-    }
-    ~OthersWait()
-    {
-        for (const HWND other : m_others)
-            if (IsWindow(other) != FALSE)
-                EnableWindow(other, TRUE);
-    }
-    OthersWait(const OthersWait&) = delete;
-    OthersWait& operator=(const OthersWait&) = delete;
-
-private:
-    static BOOL CALLBACK Note(HWND window, LPARAM list)
-    {
-        auto* const self = reinterpret_cast<OthersWait*>(list);
-        if (window != self->m_window && IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE)
-            self->m_others.push_back(window);
-        return TRUE;
-    }
-    HWND m_window;
-    std::vector<HWND> m_others;
-};
 
 bool IsDown(int key)
 {
@@ -56,7 +23,7 @@ void PickWindow::ShowReady()
     const bool ready = m_picture != nullptr;
     m_view->SetBand(ready && m_first ? std::optional(m_picture->map.ToScene(*m_first)) : std::nullopt);
     m_isTaking = ready && m_isWaiting;
-    m_view->SetPicking(m_isTaking);
+    m_view->SetPicking(m_isTaking && !m_marks->AreEdited());
     ShowSnapping();
 }
 
@@ -70,24 +37,13 @@ void PickWindow::Come()
     ShowReady();
 }
 
-/// An order to the whole program to end is passed on.
 void PickWindow::Wait()
 {
     const OthersWait othersWait(Handle());
     m_isWaiting = true;
     Come();
-    MSG message = {};
-    while (m_isWaiting) {
-        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
-        if (got == 0)
-            PostQuitMessage(static_cast<int>(message.wParam));
-        if (got <= 0)
-            Cancel();
-        else if (!TakeKey(message)) {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        }
-    }
+    if (!PassMessages(m_isWaiting, [this](const MSG& message) { return TakeKey(message); }))
+        Cancel();
     m_isTaking = false;
     m_view->SetPicking(false);
     m_view->SetBand(std::nullopt);
@@ -106,9 +62,16 @@ std::optional<Vec2> PickWindow::Pick(const std::string& prompt, std::optional<Ve
     return m_answer;
 }
 
-void PickWindow::EditMarks(beside::IMarkBoard& /*board*/)
+void PickWindow::EditMarks(beside::IMarkBoard& board)
 {
-    throw std::runtime_error("marks can't be changed in the drawing here; the dialog's lists change them");
+    m_first.reset();
+    m_controls->Enable(kTabs, true);
+    m_controls->ShowMarkLine(true);
+    m_marks->Use(&board);
+    LayOut();
+    Wait();
+    m_marks->Use(nullptr);
+    m_controls->ShowMarkLine(false);
 }
 
 void PickWindow::Cancel()
@@ -119,7 +82,7 @@ void PickWindow::Cancel()
 
 void PickWindow::Answer(Vec2 scene)
 {
-    if (!m_isTaking || !m_isWaiting)
+    if (!m_isTaking || !m_isWaiting || m_marks->AreEdited())
         return;
     m_answer = m_picture->map.ToDrawing(scene);
     m_isWaiting = false;
@@ -178,7 +141,10 @@ bool PickWindow::TakeKey(const MSG& message)
 
 bool PickWindow::TakeControlKey(WPARAM key)
 {
-    const bool isEntry = GetFocus() == m_controls->Get(kEntry);
+    const HWND focus = GetFocus();
+    const bool takesLetters = focus == m_controls->Get(kEntry) || focus == m_controls->Get(kMarks);
+    if (focus == m_controls->Get(kMarks) && SendMessageW(focus, CB_GETDROPPEDSTATE, 0, 0) != FALSE)
+        return false;
     switch (key) {
     case VK_ESCAPE:
         m_view->IsZoomWindow() ? m_view->SetZoomWindow(false) : Cancel();
@@ -188,7 +154,7 @@ bool PickWindow::TakeControlKey(WPARAM key)
     case VK_F3:
         return Switch(kSnaps), true;
     case 'B':
-        return !isEntry && !IsDown(VK_CONTROL) && (Switch(kDark), true);
+        return !takesLetters && !IsDown(VK_CONTROL) && (Switch(kDark), true);
     case VK_PRIOR:
     case VK_NEXT:
         return IsDown(VK_CONTROL) && (TurnBy(key == VK_PRIOR ? -1 : 1), true);
@@ -210,6 +176,8 @@ bool PickWindow::TakeEntryKey(WPARAM key)
 bool PickWindow::TakeLetter(wchar_t letter)
 {
     std::string typed = windows::Utf8(std::wstring(1, letter));
+    if (m_marks->AreEdited())
+        return false;
     if (!scene::BeginsNumber(typed) && typed != "@")
         return false;
     if (m_beforeMinus) {

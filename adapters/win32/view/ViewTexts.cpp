@@ -124,6 +124,31 @@ ViewText StampText(const PageMark& mark, Vec2 at, double scale)
     return text;
 }
 
+HFONT FontFor(const ViewText& text)
+{
+    return CreateFontW(-text.height, 0, text.turn, text.turn, text.isBold ? FW_BOLD : FW_NORMAL,
+                       text.isSlanted ? TRUE : FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS,
+                       ANTIALIASED_QUALITY, DEFAULT_PITCH, text.face.c_str());
+}
+
+/// Of one that isn't turned.
+Box2 StampBox(const PageMark& mark, Vec2 at, double scale)
+{
+    const ViewText text = StampText(mark, at, scale);
+    const HDC canvas = CreateCompatibleDC(nullptr);
+    const HFONT font = FontFor(text);
+    const HGDIOBJ before = SelectObject(canvas, font);
+    TEXTMETRICW metrics = {};
+    SIZE size = {};
+    GetTextMetricsW(canvas, &metrics);
+    GetTextExtentPoint32W(canvas, text.text.c_str(), static_cast<int>(text.text.size()), &size);
+    SelectObject(canvas, before);
+    DeleteObject(font);
+    DeleteDC(canvas);
+    const Vec2 corner = at - Vec2{size.cx * mark.justification / 2.0, static_cast<double>(metrics.tmAscent)};
+    return {corner, corner + Vec2{static_cast<double>(size.cx), static_cast<double>(metrics.tmHeight)}};
+}
+
 void PaintFrame(const OverlayCanvas& canvas, const PageMark& mark, const Box2& box)
 {
     const bool isField = mark.kind == PageMarkKind::Field;
@@ -141,14 +166,22 @@ void PaintFrame(const OverlayCanvas& canvas, const PageMark& mark, const Box2& b
     canvas.texts.push_back(std::move(text));
 }
 
+Box2 ClipBox(Vec2 at, double scale)
+{
+    constexpr double kWidth = 9, kHeight = 12;
+    return {at + Vec2{0, -kHeight * scale}, at + Vec2{kWidth * scale, 0}};
+}
+
 void PaintClip(const OverlayCanvas& canvas, Vec2 at)
 {
-    const Box2 sheet = Crisp({at + Vec2{0, -12}, at + Vec2{9, 0}});
+    const Box2 sheet = Crisp(ClipBox(at, canvas.scale));
     constexpr std::uint32_t kInk = 0x605000;
     canvas.shapes.FillBox(sheet, 0xFFF0A0);
     canvas.shapes.FrameBox(sheet, PenOf(kInk, 1));
-    for (const double line : {3, 6, 9})
-        canvas.shapes.Stroke(LineOf(sheet.min + Vec2{2, line}, sheet.min + Vec2{7, line}), PenOf(kInk, 1));
+    for (const double line : {3, 6, 9}) {
+        const Vec2 from = sheet.min + Vec2{2, line} * canvas.scale;
+        canvas.shapes.Stroke(LineOf(from, from + Vec2{5 * canvas.scale, 0}), PenOf(kInk, canvas.scale));
+    }
 }
 
 } // namespace
@@ -189,15 +222,31 @@ void PaintPageMarks(const OverlayCanvas& canvas, const std::vector<PageMark>& ma
     }
 }
 
+void PaintFrameRound(const OverlayCanvas& canvas, const Box2& box)
+{
+    canvas.shapes.FrameBox(Crisp(box), PenOf(kSnap, 1, true));
+}
+
+Box2 MarkBox(const PageMark& mark, const scene::ViewMap& map, double scale)
+{
+    const Vec2 from = map.ToPixel(mark.from);
+    switch (mark.kind) {
+    case PageMarkKind::Stamp:
+        return StampBox(mark, from, map.scale);
+    case PageMarkKind::Attachment:
+        return ClipBox(from, scale);
+    case PageMarkKind::Field:
+    case PageMarkKind::Link:
+        break;
+    }
+    return BoxOf(from, map.ToPixel(mark.to));
+}
+
 void DrawTexts(HDC canvas, const std::vector<ViewText>& texts)
 {
     SetBkMode(canvas, TRANSPARENT);
     for (const ViewText& text : texts) {
-        HFONT font = nullptr;
-        if (!text.face.empty())
-            font = CreateFontW(-text.height, 0, text.turn, text.turn, text.isBold ? FW_BOLD : FW_NORMAL,
-                               text.isSlanted ? TRUE : FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_TT_PRECIS,
-                               CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, DEFAULT_PITCH, text.face.c_str());
+        const HFONT font = text.face.empty() ? nullptr : FontFor(text);
         const HGDIOBJ before = font != nullptr ? SelectObject(canvas, font) : nullptr;
         SetTextColor(canvas, text.color);
         SetTextAlign(canvas, text.align);

@@ -38,6 +38,11 @@ void PaintOverlay(const OverlayCanvas& canvas, const scene::ViewOverlay& over, s
 /// `marks` in millimetres of the scene that `map` shows.
 void PaintPageMarks(const OverlayCanvas& canvas, const std::vector<beside::PageMark>& marks, const scene::ViewMap& map);
 
+/// Round a mark, pixels.
+void PaintFrameRound(const OverlayCanvas& canvas, const render::Box2& box);
+/// Pixels that a mark takes; it is in millimetres of the scene that `map` shows. `scale` as in OverlayCanvas.
+render::Box2 MarkBox(const beside::PageMark& mark, const scene::ViewMap& map, double scale);
+
 void DrawTexts(HDC canvas, const std::vector<ViewText>& texts);
 
 } // namespace sm::win32

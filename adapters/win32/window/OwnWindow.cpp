@@ -17,10 +17,17 @@ template <class Function> Function* SystemFunction(const char* name)
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(library, name)));
 }
 
-using SetContext = void* WINAPI(void*);
 using DpiOf = UINT WINAPI(HWND);
 
-void* const kPerMonitor = reinterpret_cast<void*>(std::intptr_t{-4}); // the second version of it
+int DotsOf(HWND window)
+{
+    if (auto* const dots = SystemFunction<DpiOf>("GetDpiForWindow"))
+        return static_cast<int>(dots(window));
+    const HDC canvas = GetDC(window);
+    const int dots = GetDeviceCaps(canvas, LOGPIXELSY);
+    ReleaseDC(window, canvas);
+    return dots;
+}
 
 } // namespace
 
@@ -52,6 +59,15 @@ void OwnWindow::Make(const Making& making)
     if (m_window == nullptr)
         throw std::runtime_error("there is no window to pick in");
     SetWindowLongPtrW(m_window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    m_dots = DotsOf(m_window);
+}
+
+void OwnWindow::TakeDots(int dots, const RECT& wanted)
+{
+    m_dots = dots;
+    OnDots();
+    SetWindowPos(m_window, nullptr, wanted.left, wanted.top, wanted.right - wanted.left, wanted.bottom - wanted.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void OwnWindow::Unmake()
@@ -81,35 +97,15 @@ LRESULT CALLBACK OwnWindow::Procedure(HWND window, UINT message, WPARAM wide, LP
     if (self == nullptr)
         return DefWindowProcW(window, message, wide, extra);
     try {
-        if (work == nullptr)
+        if (message == WM_DPICHANGED)
+            self->TakeDots(HIWORD(wide), *reinterpret_cast<const RECT*>(extra));
+        else if (work == nullptr)
             return self->OnMessage(message, wide, extra);
-        (*work)();
+        else
+            (*work)();
     } catch (...) { // a want of memory; nothing may cross the system's frames
     }
     return 0;
-}
-
-PerMonitor::PerMonitor()
-{
-    if (auto* const set = SystemFunction<SetContext>("SetThreadDpiAwarenessContext"))
-        m_before = set(kPerMonitor);
-}
-
-PerMonitor::~PerMonitor()
-{
-    auto* const set = SystemFunction<SetContext>("SetThreadDpiAwarenessContext");
-    if (set != nullptr && m_before != nullptr)
-        set(m_before);
-}
-
-int DotsOf(HWND window)
-{
-    if (auto* const dots = SystemFunction<DpiOf>("GetDpiForWindow"))
-        return static_cast<int>(dots(window));
-    const HDC canvas = GetDC(window);
-    const int dots = GetDeviceCaps(canvas, LOGPIXELSY);
-    ReleaseDC(window, canvas);
-    return dots;
 }
 
 } // namespace sm::win32

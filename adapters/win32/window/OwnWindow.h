@@ -16,6 +16,10 @@ public:
     OwnWindow& operator=(const OwnWindow&) = delete;
 
     [[nodiscard]] HWND Handle() const { return m_window; }
+    /// Dots per inch that the window is drawn for, as the system said last.
+    [[nodiscard]] int Dots() const { return m_dots; }
+    /// So many pixels as are as large as `usual` of 96 to the inch.
+    [[nodiscard]] int Scaled(int usual) const { return MulDiv(usual, m_dots, kUsualDots); }
     /// Runs `work` on the window's thread once it looks at its messages; never, when the window goes before. May be
     /// called from any thread.
     void PostWork(std::function<void()> work) const;
@@ -35,33 +39,23 @@ protected:
     /// The window goes; what was posted to it is dropped.
     void Unmake();
     virtual LRESULT OnMessage(UINT message, WPARAM wide, LPARAM extra) = 0;
+    /// The window came onto a screen of other dots; it gets the place that the system proposes afterwards.
+    virtual void OnDots() {}
     [[nodiscard]] LRESULT ByDefault(UINT message, WPARAM wide, LPARAM extra) const
     {
         return DefWindowProcW(m_window, message, wide, extra);
     }
 
+    static constexpr int kUsualDots = 96;
+
 private:
     static constexpr UINT kWork = WM_APP + 20;
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM extra);
     static void Register(const Making& making);
+    void TakeDots(int dots, const RECT& wanted);
 
     HWND m_window = nullptr;
+    int m_dots = kUsualDots;
 };
-
-/// Windows that are made while one lives follow the dots of the screen that they stand on, where the system can do
-/// that.
-class PerMonitor {
-public:
-    PerMonitor();
-    ~PerMonitor();
-    PerMonitor(const PerMonitor&) = delete;
-    PerMonitor& operator=(const PerMonitor&) = delete;
-
-private:
-    void* m_before = nullptr;
-};
-
-/// Dots per inch that the window is drawn for.
-int DotsOf(HWND window);
 
 } // namespace sm::win32

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "DrawingUser.h"
 
-#include "windows/automation/WideText.h"
-
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -18,13 +16,6 @@ namespace {
 using windows::TheUiThread;
 
 constexpr int kPatience = 6000; // times ten milliseconds; only a hang takes that long
-
-std::string TextOf(HWND window)
-{
-    wchar_t text[300] = {};
-    SendMessageW(window, WM_GETTEXT, 300, reinterpret_cast<LPARAM>(text));
-    return windows::Utf8(text);
-}
 
 LPARAM At(POINT at)
 {

@@ -1,20 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Points picked in the real drawing window, which is seen on a display of the test's own.
-#include "../screens/Png.h"
-#include "DrawingUser.h"
-#include "Folders.h"
-#include "win32/DrawingWindow.h"
-#include "windows/automation/WideText.h"
+#include "OpenDrawing.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
-#include <algorithm>
+#include <map>
 
 namespace sm::win32 {
 namespace {
 
 using drawing::Vec2;
-using windows::TheUiThread;
 
 std::string Tag(int code, const std::string& value)
 {
@@ -33,50 +28,9 @@ std::string Plan()
            Tag(0, "EOF");
 }
 
-using Steps = std::function<void(const DrawingUser&)>;
-using Point = std::optional<Vec2>;
-
-class DrawingPicked : public ::testing::Test {
+class DrawingPicked : public OpenDrawing {
 protected:
-    DrawingPicked()
-    {
-        TheUiThread();
-        drawing = drawing::Drawing::FromBytes(Plan(), "plan.dxf");
-    }
-    void OpenSample(const std::string& name) { drawing = drawing::Drawing::Open(SourceFolder() + "/samples/" + name); }
-    [[nodiscard]] std::size_t LayoutNamed(const std::string& name) const
-    {
-        const auto& layouts = drawing->Layouts();
-        const auto found =
-            std::find_if(layouts.begin(), layouts.end(), [&](const auto& one) { return one.name == name; });
-        return static_cast<std::size_t>(found - layouts.begin());
-    }
-    Point Pick(const Steps& steps)
-    {
-        Point point;
-        WhileUserDraws(steps, [&] { point = picker->PickPoint(*drawing, active, "Enter a point: "); });
-        return point;
-    }
-    Point Corner(Vec2 first, const Steps& steps)
-    {
-        Point point;
-        WhileUserDraws(steps, [&] { point = picker->PickCorner(*drawing, active, first, "Enter Other Corner: "); });
-        return point;
-    }
-    static void Keep(const DrawingUser& user, const std::string& name)
-    {
-        user.Settle();
-        TheUiThread().Run([&] {
-            RedrawWindow(user.Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
-            EXPECT_GT(windows::CountColors(user.Window()), 5) << "nothing is to be seen";
-            EXPECT_TRUE(windows::SavePicture(user.Window(), windows::Wide(PictureFolder() + "/" + name + ".png")));
-        });
-    }
-
-    std::unique_ptr<drawing::Drawing> drawing;
-    DrawingWindowOptions options{{}, SourceFolder() + "/share/sheetmaker-pdf"};
-    std::unique_ptr<cadhost::IPointPicker> picker = CreateDrawingWindow(options);
-    std::size_t active = 0;
+    DrawingPicked() { drawing = drawing::Drawing::FromBytes(Plan(), "plan.dxf"); }
 };
 
 void ExpectNear(const Point& point, Vec2 expected)

@@ -2,34 +2,14 @@
 // The window that shows a layout of a drawing and lets the user pick points in it.
 #pragma once
 
-#include "beside/MarkBoard.h"
-#include "beside/SheetList.h"
-#include "beside/WindowMemory.h"
-#include "cadhost/PointPicker.h"
-#include "render/References.h"
+#include "scene/DrawingWindow.h"
 
-#include <functional>
 #include <memory>
 
 namespace sm::qt {
 
-struct DrawingWindowOptions {
-    /// As the host has them; converters are those that the drawing was opened with.
-    render::ReferenceOptions references;
-    std::string shareFolder{}; ///< as the host has it
-    /// What stands beside the form that asks for a pick: its marks are shown. Empty, or null: none are.
-    std::function<beside::ISheetList*()> sheets{};
-    /// The window's size and background; outlives the window. Null: nothing is remembered.
-    beside::IWindowMemory* memory = nullptr;
-};
-
-/// What can be done with the drawing's window.
-class IDrawingWindow : public cadhost::IPointPicker, public beside::IMarkWindow {};
-
 /// To be used while a Screen is open, from its thread; may be made before and may outlive it. Without a screen each
-/// pick throws. Its tabs are the drawing's layouts in their order. A layout is recorded when it is shown first; those
-/// shown lately are kept, with the view that the user left, until the drawing is forgotten. Between the two corners of
-/// a rectangle the window stays as it is, and no tab can be turned.
-std::unique_ptr<IDrawingWindow> CreateDrawingWindow(const DrawingWindowOptions& options);
+/// pick throws.
+std::unique_ptr<scene::IDrawingWindow> CreateDrawingWindow(const scene::DrawingWindowOptions& options);
 
 } // namespace sm::qt

@@ -3,10 +3,7 @@
 // what is recorded anew.
 #pragma once
 
-#include "beside/MarkBoard.h"
-#include "beside/SheetList.h"
-#include "cadhost/PointPicker.h"
-#include "render/References.h"
+#include "scene/DrawingWindow.h"
 #include "scene/LayoutRecorder.h"
 #include "scene/PictureShelf.h"
 
@@ -64,16 +61,9 @@ public:
     virtual void Post(std::function<void()> work) = 0;
 };
 
-struct PickOptions {
-    RecorderOptions recorder;
-    /// What stands beside the form that asks for a pick: its marks are shown. Empty, or null: none are.
-    std::function<beside::ISheetList*()> sheets{};
-};
-
-class DrawingPicks final : public cadhost::IPointPicker, public beside::IMarkWindow {
+class DrawingPicks final : public IDrawingWindow {
 public:
-    /// The screen outlives this object.
-    DrawingPicks(PickOptions options, IPickScreen& screen) : m_options(std::move(options)), m_screen(screen) {}
+    DrawingPicks(const DrawingWindowOptions& options, std::unique_ptr<IPickScreen> screen);
 
     std::optional<Vec2> PickPoint(const drawing::Drawing& drawing, std::size_t& layout,
                                   const std::string& prompt) override
@@ -109,7 +99,9 @@ private:
     void KeepView();
     void Leave();
 
-    PickOptions m_options;
+    RecorderOptions m_recorder;
+    std::function<beside::ISheetList*()> m_sheets; ///< as in the options
+    std::unique_ptr<IPickScreen> m_ownScreen;
     IPickScreen& m_screen;
     std::unique_ptr<render::TextEngine> m_text;
     PictureShelf m_shelf;

@@ -61,6 +61,8 @@ public:
     [[nodiscard]] std::optional<ViewMap> OwnMap() const { return m_isFresh ? std::nullopt : std::optional(m_map); }
     /// True when everything is painted that the view shows.
     [[nodiscard]] bool IsPainted() const { return m_isWhole && m_imageMap == DeviceMap(); }
+    /// Paints the image and what is over it, soon.
+    virtual void Redraw() = 0;
 
     std::function<void(Vec2)> onPick;                ///< scene millimetres
     std::function<void(std::optional<Vec2>)> onMove; ///< nothing: the cursor left
@@ -78,7 +80,6 @@ protected:
     /// Ends the painting; the window calls it before it goes.
     void StopPainting() { m_renderer.reset(); }
 
-    virtual void Redraw() = 0; ///< soon
     virtual void ShowPointer(ViewPointer pointer) = 0;
     /// Runs `work` on the window's thread, unless the window goes before. Called from another thread.
     virtual void Post(std::function<void()> work) = 0;

@@ -61,7 +61,7 @@ protected:
             steps();
             QTest::keyClick(&View(), Qt::Key_Escape);
         });
-        dynamic_cast<IDrawingWindow&>(*picker).EditMarks(*drawing, layout, board);
+        dynamic_cast<scene::IDrawingWindow&>(*picker).EditMarks(*drawing, layout, board);
     }
     static QComboBox& List() { return *Window().findChild<QComboBox*>("marks"); }
     static void DragTo(QPointF from, QPointF to)
