@@ -102,6 +102,7 @@ ROOMS = {
         "layout": (),
         "paint": ("picture",),
         "pick": (),
+        "form": (),
     }),
     "qt": (("scene", "beside", "cadhost", "render", "drawing", "ports"), {
         "picture": (),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "beside/StartWindow.h"
 
+#include "scene/WaysFromForm.h"
 #include "screen/ClosesOnSignal.h"
 #include "screen/DroppedFiles.h"
 #include "screen/QtText.h"
@@ -49,7 +50,7 @@ private:
     static std::optional<std::string> DrawingIn(const QMimeData* dragged)
     {
         const auto paths = FilesIn(dragged);
-        return paths.size() == 1 && IsDrawing(paths.front()) ? std::optional(paths.front()) : std::nullopt;
+        return paths.size() == 1 && scene::IsDrawingFile(paths.front()) ? std::optional(paths.front()) : std::nullopt;
     }
     QHBoxLayout* MakeButtons();
     void List(const std::vector<std::string>& recent);
@@ -67,7 +68,7 @@ private:
     {
         if (m_state.desktop == nullptr)
             return;
-        if (const auto path = AskForDrawing(*m_state.desktop))
+        if (const auto path = scene::AskForDrawing(*m_state.desktop))
             Take(*path);
         else
             activateWindow(); // not every window system gives the keyboard back
@@ -135,11 +136,6 @@ QHBoxLayout* StartWindow::MakeButtons()
 }
 
 } // namespace
-
-std::optional<std::string> AskForDrawing(IDesktop& desktop)
-{
-    return desktop.AskOpenFile({"Open Drawing", {}, "Drawings", "dxf;dwg", true, 0});
-}
 
 std::optional<std::string> AskAmongRecent(const std::vector<std::string>& recent, const ScreenState& state) noexcept
 {

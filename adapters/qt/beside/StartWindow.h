@@ -10,9 +10,6 @@
 
 namespace sm::qt {
 
-/// Where a drawing is asked for that is to be opened.
-std::optional<std::string> AskForDrawing(IDesktop& desktop);
-
 /// Lists `recent`, takes a drawing that is dropped on it, or asks for another one. Nothing when it was closed. Never
 /// throws: a window that can't be shown counts as closed.
 std::optional<std::string> AskAmongRecent(const std::vector<std::string>& recent, const ScreenState& state) noexcept;

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "forms/FormNeighbours.h"
 
-#include "beside/StartWindow.h"
 #include "screen/DroppedFiles.h"
 
 #include <QApplication>
@@ -18,14 +17,6 @@ namespace {
 QShortcut* ShortcutEverywhere(const QKeySequence& keys, QWidget& window)
 {
     return new QShortcut(keys, &window, nullptr, nullptr, Qt::ApplicationShortcut);
-}
-
-/// Two states of one control of which the user entered neither more nor less; tabs are turned without entering
-/// anything.
-bool HoldsTheSame(const FormControl& a, const FormControl& b)
-{
-    return a.kind == ControlKind::TabStrip || (a.text == b.text && a.value == b.value && a.selection == b.selection &&
-                                               a.items == b.items && a.rows == b.rows && a.backColor == b.backColor);
 }
 
 } // namespace
@@ -59,6 +50,8 @@ void FormNeighbours::Appear()
     if (m_list != nullptr) {
         if (m_sheets == nullptr)
             MakeSheets();
+        if (m_ways != nullptr)
+            m_ways->FormIsUp(true);
         m_sheets->Appear();
         qApp->removeEventFilter(this);
         qApp->installEventFilter(this);
@@ -70,19 +63,20 @@ void FormNeighbours::Appear()
 
 void FormNeighbours::MakeSheets()
 {
-    m_atFirst = m_site.form.Controls();
     m_site.window.setAcceptDrops(Drawings() != nullptr || !m_list->Files().list.empty());
     m_sheets = new SheetsWindow(*m_list, m_site.form, &m_site.window, m_state.memory);
     connect(ShortcutEverywhere(Qt::Key_F6, m_site.window), &QShortcut::activated, m_sheets,
             [this] { m_sheets->Toggle(); });
-    if (Drawings() == nullptr)
+    if (Drawings() == nullptr || m_state.desktop == nullptr)
         return;
+    m_ways = std::make_unique<scene::WaysFromForm>(m_site.form, *Drawings(), *m_state.desktop,
+                                                   [this] { m_site.form.UserClosed(); });
     m_sheets->setAcceptDrops(true);
-    m_sheets->onOpen = [this](const std::optional<std::string>& path) { Open(path); };
-    m_sheets->onMarks = [this] { EditMarks(); };
+    m_sheets->onOpen = [this](const std::optional<std::string>& path) { m_ways->Open(path); };
+    m_sheets->onMarks = [this] { m_ways->EditMarks(); };
     connect(ShortcutEverywhere(QKeySequence::Open, m_site.window), &QShortcut::activated, this, [this] {
         if (QApplication::activeModalWidget() == &m_site.window)
-            Open(std::nullopt);
+            m_ways->Open(std::nullopt);
     });
 }
 
@@ -90,6 +84,8 @@ void FormNeighbours::Leave()
 {
     qApp->removeEventFilter(this);
     m_list = nullptr;
+    if (m_ways != nullptr)
+        m_ways->FormIsUp(false);
     if (m_sheets != nullptr)
         m_sheets->hide();
     else if (m_state.rowEnded)
@@ -123,7 +119,7 @@ bool FormNeighbours::TakeDrag(const QWidget& widget, QEvent& event)
     std::vector<std::string> paths = FilesIn(drag.mimeData());
     const bool isList = IsOnFileList(widget, drag.position().toPoint());
     const bool isTaken =
-        !paths.empty() && (isList || (paths.size() == 1 && IsDrawing(paths.front()) && Drawings() != nullptr));
+        !paths.empty() && (isList || (paths.size() == 1 && scene::IsDrawingFile(paths.front()) && m_ways != nullptr));
     if (paths.empty())
         return false; // text for a box
     drag.setAccepted(isTaken);
@@ -131,8 +127,9 @@ bool FormNeighbours::TakeDrag(const QWidget& widget, QEvent& event)
         return true;
     drag.setDropAction(Qt::CopyAction);
     if (event.type() == QEvent::Drop) // whoever drags waits until this returns
-        QTimer::singleShot(
-            0, this, [this, isList, paths = std::move(paths)] { isList ? AddFiles(paths) : Open(paths.front()); });
+        QTimer::singleShot(0, this, [this, isList, paths = std::move(paths)] {
+            isList ? AddFiles(paths) : m_ways->Open(paths.front());
+        });
     return true;
 }
 
@@ -179,38 +176,6 @@ void FormNeighbours::GoOnAfterRow()
     if (RowsOfFileList() <= m_rows)
         m_files.clear();
     AddNextFile();
-}
-
-bool FormNeighbours::MayDropEntries(const std::string& what) const
-{
-    const auto& now = m_site.form.Controls();
-    const bool isAsItWas = std::equal(now.begin(), now.end(), m_atFirst.begin(), m_atFirst.end(), HoldsTheSame);
-    if (isAsItWas || m_state.desktop == nullptr)
-        return isAsItWas;
-    const std::string text = "What was entered here and not confirmed yet is dropped.\r\n" + what;
-    return m_state.desktop->ShowMessage(
-               {text, now.front().caption, MessageButtons::OkCancel, MessageIcon::Exclamation, {}, 0}) ==
-           MessageAnswer::Ok;
-}
-
-void FormNeighbours::EditMarks()
-{
-    if (Drawings() == nullptr || !MayDropEntries("Edit the marks that are stored?"))
-        return;
-    Drawings()->EditMarksNext();
-    m_site.form.UserClosed();
-}
-
-void FormNeighbours::Open(const std::optional<std::string>& path)
-{
-    beside::IDrawings* const drawings = Drawings();
-    if (drawings == nullptr || m_state.desktop == nullptr)
-        return;
-    const auto chosen = path ? path : AskForDrawing(*m_state.desktop);
-    if (!chosen || Drawings() == nullptr || !MayDropEntries("Open\r\n" + *chosen + "?"))
-        return;
-    drawings->OpenNext(*chosen);
-    m_site.form.UserClosed();
 }
 
 } // namespace sm::qt

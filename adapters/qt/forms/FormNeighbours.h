@@ -4,6 +4,7 @@
 #pragma once
 
 #include "beside/SheetsWindow.h"
+#include "scene/WaysFromForm.h"
 #include "screen/ScreenState.h"
 
 #include <QObject>
@@ -11,6 +12,7 @@
 
 #include <deque>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -49,17 +51,14 @@ private:
     void AddNextFile();
     void GoOnAfterRow();
     [[nodiscard]] std::size_t RowsOfFileList() const;
-    void Open(const std::optional<std::string>& path);
-    void EditMarks();
-    [[nodiscard]] bool MayDropEntries(const std::string& what) const;
 
     Site m_site;
     ScreenState& m_state;
-    beside::ISheetList* m_list = nullptr; ///< that belongs to the form, while it is up
-    SheetsWindow* m_sheets = nullptr;     ///< belongs to the form's window
-    std::vector<FormControl> m_atFirst;   ///< the form's controls as it was shown first
-    std::deque<std::string> m_files;      ///< dropped, to become rows yet
-    std::size_t m_rows = 0;               ///< of the list of files, before the last of them
+    beside::ISheetList* m_list = nullptr;        ///< that belongs to the form, while it is up
+    SheetsWindow* m_sheets = nullptr;            ///< belongs to the form's window
+    std::unique_ptr<scene::WaysFromForm> m_ways; ///< null: there are none
+    std::deque<std::string> m_files;             ///< dropped, to become rows yet
+    std::size_t m_rows = 0;                      ///< of the list of files, before the last of them
 };
 
 } // namespace sm::qt

@@ -7,6 +7,7 @@
 #include "forms/Pictures.h"
 #include "forms/QtDesktop.h"
 #include "forms/QtForms.h"
+#include "scene/WaysFromForm.h"
 #include "screen/ScreenProbe.h"
 
 #include <QApplication>
@@ -76,7 +77,7 @@ public:
     beside::NextStep ShowEnd(const beside::RunEnd& end) override { return AskAtEnd(end, *m_desktop, m_state.memory); }
     std::optional<std::string> ChooseDrawing(const std::vector<std::string>& recent) override
     {
-        return recent.empty() ? AskForDrawing(*m_desktop) : AskAmongRecent(recent, m_state);
+        return recent.empty() ? scene::AskForDrawing(*m_desktop) : AskAmongRecent(recent, m_state);
     }
 
 private:

@@ -19,10 +19,4 @@ std::vector<std::string> FilesIn(const QMimeData* dragged)
     return paths;
 }
 
-bool IsDrawing(const std::string& path)
-{
-    const QString name = ToQt(path).toLower();
-    return name.endsWith(".dxf") || name.endsWith(".dwg");
-}
-
 } // namespace sm::qt

@@ -11,7 +11,5 @@ namespace sm::qt {
 
 /// Paths of those that lie on this machine.
 std::vector<std::string> FilesIn(const QMimeData* dragged);
-/// By its ending: DXF or DWG.
-bool IsDrawing(const std::string& path);
 
 } // namespace sm::qt

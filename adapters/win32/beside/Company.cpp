@@ -4,9 +4,14 @@
 #include "beside/EndDialog.h"
 #include "beside/ProgressWindow.h"
 #include "beside/SheetsWindow.h"
+#include "beside/StartWindow.h"
+#include "scene/WaysFromForm.h"
+#include "window/DroppedFiles.h"
 
 #include <exception>
 #include <utility>
+
+#include <shellapi.h>
 
 namespace sm::win32 {
 namespace {
@@ -21,6 +26,8 @@ public:
     {
         m_sheets.reset();
         m_page.reset();
+        m_ways.reset();
+        m_form = nullptr;
         m_listed = sheets;
     }
     [[nodiscard]] beside::ISheetList* Listed() const override { return m_listed; }
@@ -30,11 +37,11 @@ public:
         if (m_listed == nullptr || !m_listed->StandsBeside(form.Controls().front().name))
             return;
         try {
+            if (m_form != &form)
+                m_ways.reset();
             m_form = &form;
-            if (m_page == nullptr && m_listed->Page() != nullptr)
-                m_page = std::make_unique<PageKeeper>(*m_listed->Page());
-            m_sheets = std::make_unique<SheetsWindow>(*m_listed, form, window, m_page.get());
-            m_sheets->Appear();
+            m_window = window;
+            Open(form);
         } catch (const std::exception&) { // the form goes on alone
             m_sheets.reset();
         }
@@ -46,10 +53,23 @@ public:
     }
     void Left(const IForm& form) override
     {
-        if (&form == m_form)
-            m_sheets.reset();
+        if (&form != m_form)
+            return;
+        if (m_ways != nullptr)
+            m_ways->FormIsUp(false);
+        m_sheets.reset();
     }
-    bool Take(const tagMSG& message) override { return m_sheets != nullptr && m_sheets->Take(message); }
+    bool Take(const tagMSG& message) override
+    {
+        const bool isOurs = m_sheets != nullptr && IsWindowEnabled(m_window) != FALSE;
+        const bool isForms = isOurs && (message.hwnd == m_window || IsChild(m_window, message.hwnd) != FALSE);
+        if (isForms && m_ways != nullptr && message.message == WM_DROPFILES)
+            return TakeFiles(TakeDropped(message.wParam)), true;
+        if (isOurs && m_ways != nullptr && message.message == WM_KEYDOWN && message.wParam == 'O' &&
+            GetKeyState(VK_CONTROL) < 0)
+            return m_ways->Open(std::nullopt), true;
+        return m_sheets != nullptr && m_sheets->Take(message);
+    }
 
     void ShowProgress(const beside::RunProgress& progress) override
     {
@@ -71,16 +91,51 @@ public:
             return beside::NextStep::Close;
         }
     }
-    std::optional<std::string> ChooseDrawing(const std::vector<std::string>& /*recent*/) override
+    std::optional<std::string> ChooseDrawing(const std::vector<std::string>& recent) override
     {
-        return m_desktop.AskOpenFile({"Open Drawing", {}, "Drawings", "dxf;dwg", true, 0});
+        try {
+            return recent.empty() ? scene::AskForDrawing(m_desktop) : StartWindow(recent, m_desktop).Ask();
+        } catch (const std::exception&) { // it can't be shown
+            return std::nullopt;
+        }
     }
 
 private:
+    void Open(IForm& form)
+    {
+        if (m_page == nullptr && m_listed->Page() != nullptr)
+            m_page = std::make_unique<PageKeeper>(*m_listed->Page());
+        m_sheets = std::make_unique<SheetsWindow>(*m_listed, form, m_window, m_page.get());
+        if (beside::IDrawings* const drawings = m_listed->Drawings()) {
+            if (m_ways == nullptr)
+                m_ways = std::make_unique<scene::WaysFromForm>(form, *drawings, m_desktop,
+                                                               [this] { PostMessageW(m_window, WM_CLOSE, 0, 0); });
+            m_ways->FormIsUp(true);
+            DragAcceptFiles(m_window, TRUE);
+            m_sheets->onOpen = [this](const std::optional<std::string>& path) {
+                Soon([=, this] { m_ways->Open(path); });
+            };
+            m_sheets->onMarks = [this] { Soon([this] { m_ways->EditMarks(); }); };
+            m_sheets->onDrop = [this](const std::vector<std::string>& paths) { TakeFiles(paths); };
+        }
+        m_sheets->Appear();
+    }
+    /// Once the window's own work has returned: it may go with the form.
+    void Soon(std::function<void()> work) const { m_sheets->PostWork(std::move(work)); }
+    void TakeFiles(const std::vector<std::string>& paths)
+    {
+        if (paths.size() == 1 && scene::IsDrawingFile(paths.front()))
+            Soon([this, path = paths.front()] { m_ways->Open(path); });
+        else
+            m_desktop.Beep();
+    }
+
     IDesktop& m_desktop;
     beside::ISheetList* m_listed = nullptr;
-    const IForm* m_form = nullptr;      ///< that the window stands beside
-    std::unique_ptr<PageKeeper> m_page; ///< of the list; null: it brings none, or no form was up
+    const IForm* m_form = nullptr;               ///< that the window stands beside
+    HWND m_window = nullptr;                     ///< the form's
+    std::unique_ptr<scene::WaysFromForm> m_ways; ///< from the form; null: there are none
+    std::unique_ptr<PageKeeper> m_page;          ///< of the list; null: it brings none, or no form was up
     std::unique_ptr<SheetsWindow> m_sheets;
     std::unique_ptr<ProgressWindow> m_progress;
 };

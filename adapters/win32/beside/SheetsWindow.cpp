@@ -52,6 +52,7 @@ SheetsWindow::SheetsWindow(beside::ISheetList& sheets, const IForm& form, HWND o
     Make({kClass, L"Sheets", WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN,
           WS_EX_TOOLWINDOW | WS_EX_CONTROLPARENT, owner});
     MakeControls();
+    MakeWays();
     MakePage();
     OnDots();
 }
@@ -125,8 +126,10 @@ LRESULT SheetsWindow::OnMessage(UINT message, WPARAM wide, LPARAM extra)
         OnCommand(LOWORD(wide), HIWORD(wide));
         return 0;
     case WM_NOTIFY:
-        if (reinterpret_cast<const NMHDR*>(extra)->idFrom == static_cast<UINT_PTR>(kList))
-            OnList(*reinterpret_cast<const NMHDR*>(extra));
+        OnNotice(*reinterpret_cast<const NMHDR*>(extra));
+        return 0;
+    case WM_DROPFILES:
+        OnDropped(wide);
         return 0;
     case WM_MOUSEWHEEL:
         if (m_page != nullptr)
@@ -163,6 +166,15 @@ void SheetsWindow::OnCommand(int control, int code)
         m_sheets.TickAll();
         Tell({});
     }
+    OnWay(control);
+}
+
+void SheetsWindow::OnNotice(const NMHDR& notice)
+{
+    if (notice.idFrom == static_cast<UINT_PTR>(kList))
+        OnList(notice);
+    if (notice.idFrom == static_cast<UINT_PTR>(kOpen) && notice.code == static_cast<UINT>(BCN_DROPDOWN))
+        ShowRecent();
 }
 
 void SheetsWindow::OnList(const NMHDR& notice)
@@ -219,7 +231,8 @@ void SheetsWindow::LayOut()
     const SIZE letter = LetterOf(Handle(), m_font.Handle());
     const int gap = letter.cy / 2, line = letter.cy + gap;
     const int width = std::max<int>(room.right - 2 * gap, 0);
-    const int fixed = 2 * letter.cy + 2 * line + 2 * letter.cy + 7 * gap;
+    const int ways = Get(kOpen) != nullptr ? line + gap : 0;
+    const int fixed = 2 * letter.cy + 2 * line + 2 * letter.cy + 7 * gap + ways;
     const int free = std::max<int>(room.bottom - fixed, 0), list = m_page != nullptr ? free / 3 : free;
     int y = gap;
     const auto put = [&](Control control, int left, int wide, int height) {
@@ -232,6 +245,11 @@ void SheetsWindow::LayOut()
     y += line + gap;
     put(kCurrent, gap, (width - gap) / 2, line), put(kAll, gap + (width + gap) / 2, (width - gap) / 2, line);
     y += line + gap;
+    if (Get(kOpen) != nullptr) {
+        put(kOpen, gap, Get(kEditMarks) != nullptr ? (width - gap) / 2 : width, line);
+        put(kEditMarks, gap + (width + gap) / 2, (width - gap) / 2, line);
+        y += line + gap;
+    }
     put(kReason, gap, width, letter.cy), y += letter.cy;
     put(kTrouble, gap, width, letter.cy), y += letter.cy + gap;
     if (m_page != nullptr)

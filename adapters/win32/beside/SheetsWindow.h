@@ -9,14 +9,18 @@
 #include "view/DrawingView.h"
 #include "window/WindowFont.h"
 
+#include <functional>
 #include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace sm::win32 {
 
 class SheetsWindow final : public OwnWindow {
 public:
     static constexpr const wchar_t* kClass = L"SheetmakerSheets";
-    enum Control : int { kHeadline = 201, kList, kTick, kWords, kReason, kCurrent, kAll, kTrouble };
+    enum Control : int { kHeadline = 201, kList, kTick, kWords, kReason, kCurrent, kAll, kTrouble, kOpen, kEditMarks };
 
     /// Belongs to the form's window `owner` and stays in front of it. All outlive the window; null for a page: there is
     /// no preview. Throws std::runtime_error when it can't be made.
@@ -29,6 +33,12 @@ public:
     /// Something in the form has changed; what follows from it is shown soon.
     void FormChanged();
     [[nodiscard]] bool Take(const MSG& message) const;
+    /// The user wants another drawing: that one, or nothing when one is to be asked for.
+    std::function<void(const std::optional<std::string>& path)> onOpen;
+    /// The user wants to change marks where they stand.
+    std::function<void()> onMarks;
+    /// Files were dropped on the window.
+    std::function<void(const std::vector<std::string>& paths)> onDrop;
     /// No page is being drawn, and the view shows the last one whole.
     [[nodiscard]] bool IsSettled() const;
 
@@ -40,6 +50,11 @@ private:
     void MakeControls();
     void MakeList() const;
     void MakePage();
+    void MakeWays();
+    void OnWay(int control);
+    void OnNotice(const NMHDR& notice);
+    void OnDropped(WPARAM drop);
+    void ShowRecent();
     void OnCommand(int control, int code);
     void OnList(const NMHDR& notice);
     bool FindPlace();
@@ -59,6 +74,7 @@ private:
     WindowFont m_font;
     beside::SheetsNow m_now;
     bool m_isFilling = false, m_isDue = false;
+    std::vector<std::string> m_recent; ///< in the menu that is open, or was last
     PageKeeper* m_keeper;
     std::unique_ptr<DrawingView> m_page; ///< null: there is no preview
     double m_size = 0;                   ///< of the page shown last, square millimetres

@@ -16,6 +16,17 @@ struct EmptyTemplate {
     WORD menu, windowClass, title;
 };
 
+/// The form lays itself out for its screen's dots; where the system would do that by itself, it leaves it alone.
+void LayOutAlone(HWND dialog)
+{
+    using SetBehaviour = BOOL WINAPI(HWND, int mask, int values);
+    constexpr int kNothing = 7; // neither the dialog, nor its size, nor its controls
+    void* const found =
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "SetDialogDpiChangeBehavior"));
+    if (found != nullptr)
+        reinterpret_cast<SetBehaviour*>(found)(dialog, kNothing, kNothing);
+}
+
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN | DS_MODALFRAME;
 
 RECT WorkArea(HWND window)
@@ -50,6 +61,7 @@ FormDialog::FormDialog(Handler handler) : m_handler(std::move(handler))
         CreateDialogIndirectParamW(OwnModule(), &wanted.head, nullptr, &Procedure, reinterpret_cast<LPARAM>(this));
     if (m_window == nullptr)
         throw HostError("No window could be made.");
+    LayOutAlone(m_window);
 }
 
 FormDialog::~FormDialog()

@@ -49,6 +49,9 @@ std::optional<INT_PTR> Win32FormView::OnMessage(UINT message, WPARAM wide, LPARA
         m_reporter.Settle();
         m_form.UserClosed();
         return TRUE;
+    case WM_DPICHANGED:
+        TakeDots(HIWORD(wide), *reinterpret_cast<const RECT*>(extra));
+        return TRUE;
     case WM_SETTINGCHANGE:
     case WM_THEMECHANGED:
         Restyle();

@@ -51,7 +51,7 @@ void Win32FormView::MakeControls()
 
 void Win32FormView::UseFont(double scale)
 {
-    auto font = std::make_unique<FormFont>(scale);
+    auto font = std::make_unique<FormFont>(scale * m_enlarged);
     for (const auto& window : m_windows)
         window->UseFont(*font);
     m_font = std::move(font);
@@ -65,6 +65,16 @@ void Win32FormView::Restyle()
     UseFont(1);
     LayOut();
     RedrawWindow(m_dialog.Window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+/// The window came onto a screen of other dots. What it needs there decides its size, not what the system proposes.
+void Win32FormView::TakeDots(int dots, const RECT& wanted)
+{
+    const HDC screen = GetDC(nullptr);
+    m_enlarged = static_cast<double>(dots) / GetDeviceCaps(screen, LOGPIXELSY);
+    ReleaseDC(nullptr, screen);
+    Restyle();
+    SetWindowPos(m_dialog.Window(), nullptr, wanted.left, wanted.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Win32FormView::ShowForm()

@@ -46,6 +46,7 @@ private:
     void LayOut();
     void UseFont(double scale);
     void Restyle();
+    void TakeDots(int dots, const RECT& wanted);
     [[nodiscard]] int PageMargin(std::size_t page, const FormUnits& units) const;
     [[nodiscard]] bool IsEnabled(std::size_t control) const;
     void Appear();
@@ -63,6 +64,7 @@ private:
     ShownForms& m_shown;
     FormReporter m_reporter;
     std::unique_ptr<FormFont> m_font;
+    double m_enlarged = 1; ///< by the dots of the window's screen, over those of the desktop
     FormDialog m_dialog;
     ControlWindows m_windows;
     std::vector<bool> m_enabled; ///< as last shown
