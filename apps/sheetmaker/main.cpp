@@ -3,8 +3,10 @@
 #include "base/process/Memory.h"
 #include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
+#include "workers/TaskText.h"
 
 #include <iostream>
+#include <string_view>
 
 namespace {
 
@@ -18,7 +20,8 @@ int Run(int argc, char** argv)
 {
     const int code = sm::app::RunProgram({argv + 1, argv + argc}, sm::app::ThisInstall(), std::cout, std::cerr);
     std::cout << std::flush;
-    if (code != sm::app::kExitDone || !sm::base::MemoryRanOut())
+    const bool isWorker = argc > 1 && std::string_view(argv[1]) == sm::app::kWorkerWord; // its report says so
+    if (code != sm::app::kExitDone || isWorker || !sm::base::MemoryRanOut())
         return code;
     std::cerr << "sheetmaker: there was not enough memory; what was made may lack something\n";
     return sm::app::kExitFailed;

@@ -15,7 +15,7 @@ import subprocess
 import sys
 import threading
 
-from convert_by_script import CALLS, LOG, SCENARIO, SCRIPT_REACHED_ITS_END, TITLE, Desk
+from convert_by_script import CALLS, LOG, LOG_LINE, SCENARIO, SCRIPT_REACHED_ITS_END, TITLE, Desk
 
 SETTINGS = "HKCU\\Software\\Tarnwick Software\\Sheetmaker PDF\\AutoCAD"
 INTERPRETERS = "HKLM\\Software\\GPL Ghostscript\\10.00.0"
@@ -26,6 +26,7 @@ NO_INTERPRETER = ('Ghostscript ("gs") is not installed: PostScript of other prog
                   "downsample pictures, need it. Install it: run Ghostscript's own installer; it is found by the registry or "
                   "on PATH")
 NO_LIBRARY = "The publishing library TwSmPubLib isn't installed or can't be started (TwSmPubLib.PubDoc: Automation error 0x800401f3)."
+BROKEN_LIBRARY = "The publishing library TwSmPubLib isn't installed or can't be started (TwSmPubLib.PubDoc: Call failed.)"
 NO_LIBRARY_REMEDY = "The setting PublishWith asks for it: with 0 in place of 2, Sheetmaker PDF publishes by itself."
 UP_TO_THE_PLOT = LOG[:LOG.index("TEXT STAMP")]
 REFUSED = (UP_TO_THE_PLOT + "  Note: " + NO_INTERPRETER + "\nERROR: FAILED TO ADD PS TO PUB DOC = -7\n"
@@ -52,9 +53,9 @@ class PublishingDesk(Desk):
     def choose(self, who):
         self.run("reg", "add", SETTINGS, "/v", "PublishWith", "/t", "REG_SZ", "/d", who, "/f")
 
-    def plot(self, page):
+    def plot(self, page, more=""):
         with open(os.path.join(self.drive, "Host", "scenario.txt"), "w", encoding="ascii") as file:
-            file.write(SCENARIO + f"plots {page}\n")
+            file.write(SCENARIO + f"plots {page}\n{more}")
 
     def forget_library(self):
         for key in LIBRARY:
@@ -174,6 +175,25 @@ def with_library(desk, script, test_host):
     desk.look_at("a library, own wanted", "Living room")
 
 
+def library_fails(desk, script):
+    """It is registered and starts, keeps the log, and makes no document: our own publisher does, and the log says why."""
+    desk.plot("C:\\Host\\house-1.ps", "fail-library Library.CreatePubDoc out of order\n")
+    desk.choose(AUTOMATIC)
+    calls = desk.convert_once("a library that fails", script)
+    desk.look_at("a library that fails", "Living room")
+    desk.check("a library that fails: no log of ours", desk.own_log(), None)
+    kept = "\n".join(line[len(LOG_LINE):] for line in calls if line.startswith(LOG_LINE))
+    desk.check("a library that fails: its log", kept, f"  Note: {BROKEN_LIBRARY}\n{LOG}")
+    desk.check("a library that fails: its other calls", [line for line in calls if not line.startswith(LOG_LINE)], [
+        "Library.CreateConversionLog", "Log.OpenLog SmPdfAcad.log | Tarnwick Sheetmaker PDF", "Library.CreatePubDoc",
+        "Log.CloseLog"])
+    desk.choose(LIBRARY_ALONE)
+    calls = desk.convert_once("a library that fails, library wanted", script, BROKEN_LIBRARY + ".\r\n" + NO_LIBRARY_REMEDY)
+    desk.check("a library that fails, library wanted: no PDF", os.path.exists(desk.pdf), False)
+    desk.check("a library that fails, library wanted: its log", [line for line in calls if line.startswith(LOG_LINE)],
+               [f"{LOG_LINE}ERROR: {BROKEN_LIBRARY}."])
+
+
 def main(run_wine, folder, setup, test_host, scripts, interpreter, samples):
     desk = PublishingDesk(run_wine, folder, os.path.join(os.path.dirname(test_host), "drive_forms.exe"))
     script = os.path.join(scripts, "Convert.vbs")
@@ -186,6 +206,7 @@ def main(run_wine, folder, setup, test_host, scripts, interpreter, samples):
     foreign_pages(desk, script, interpreter)
     library_wanted(desk, script)
     with_library(desk, script, test_host)
+    library_fails(desk, script)
     desk.end()
     print(f"{desk.failures} failed")
     return 1 if desk.failures else 0

@@ -27,6 +27,8 @@ const char* g_program = "";
         if (const auto thrown = std::current_exception())
             std::rethrow_exception(thrown);
     } catch (const std::bad_alloc&) {
+        if (g_endCode >= 0)
+            std::_Exit(g_endCode);
         std::fprintf(stderr, "%s: there is not enough memory\n", g_program);
         std::_Exit(EXIT_FAILURE);
     } catch (...) {

@@ -151,24 +151,21 @@ private:
 
     Attempt TryToMake(const std::vector<SetPart>& parts, const PlannedDrawing& planned, std::size_t inHand)
     {
-        SetLog log(m_install.places.stateFolder, m_job.log.value_or(""));
         const base::PrivateFolder folder("");
         const fs::path place = base::ToPath(folder.Path()) / "part";
         const auto work = [&](const DrawingTask& task, terminal::Console& console) {
-            const auto begins = [&place](std::size_t part) { std::ofstream(place) << part; };
-            DrawingReport report = PublishSet(parts, {m_job.keepGoing, inHand}, task, log, m_install, console, begins);
-            begins(parts.size());
-            return report;
+            return MakeSet(m_job, task, parts, m_install, console);
         };
         std::vector<std::string> drawings, sheets;
         for (const SetPart& part : parts) {
             drawings.push_back(part.drawing);
             sheets.push_back(part.drawing + (part.layout ? ":" + *part.layout : ""));
         }
-        const PooledTask task{{m_job.output, planned.savePath, m_job.options, {}, {}, {}, sheets},
-                              planned.pdfPath,
-                              LimitsFor(drawings, m_job.seconds, m_job.mebibytes),
-                              m_job.talk == Talk::Quiet};
+        const PooledTask task{
+            {m_job.output, planned.savePath, m_job.options, {}, {}, {}, sheets, inHand, base::ToText(place)},
+            planned.pdfPath,
+            LimitsFor(drawings, m_job.seconds, m_job.mebibytes),
+            m_job.talk == Talk::Quiet};
         Attempt attempt{{}, parts.size()};
         PoolCallbacks callbacks;
         callbacks.done = [&attempt](const DrawingReport& report, const std::string&) { attempt.report = report; };
@@ -213,6 +210,19 @@ std::vector<SetPart> ParseSetParts(const std::vector<std::string>& texts)
     for (const std::string& text : texts)
         parts.push_back(ParseSetPart(text));
     return parts;
+}
+
+DrawingReport MakeSet(const PublishJob& job, const DrawingTask& task, const std::vector<SetPart>& parts,
+                      const Install& install, terminal::Console& console)
+{
+    SetLog log(install.places.stateFolder, job.log.value_or(""));
+    const auto begins = [&task](std::size_t part) {
+        if (!task.placeFile.empty())
+            std::ofstream(base::ToPath(task.placeFile)) << part;
+    };
+    DrawingReport report = PublishSet(parts, {job.keepGoing, task.inHand}, task, log, install, console, begins);
+    begins(parts.size());
+    return report;
 }
 
 int RunPublish(const PublishJob& job, const Install& install, std::ostream& out, std::ostream& err)

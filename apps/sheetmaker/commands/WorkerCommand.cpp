@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "commands/WorkerCommand.h"
 
+#include "base/process/Memory.h"
 #include "base/process/ThisProcess.h"
 #include "commandline/ExitCodes.h"
 #include "commands/ConvertCommand.h"
 #include "commands/PublishCommand.h"
 #include "workers/TaskText.h"
+#include "workers/WorkerProcess.h"
 
 #include <istream>
 #include <iterator>
@@ -16,11 +18,8 @@ namespace {
 
 DrawingReport Publish(const PublishJob& job, DrawingTask task, const Install& install, terminal::Console& console)
 {
-    SetLog log(install.places.stateFolder, job.log.value_or(""));
     task.options = job.options;
-    const SetProgress nobodyAsks = [](std::size_t) {};
-    return PublishSet(ParseSetParts(task.sheets), {job.keepGoing, AtATime(job.workers)}, task, log, install, console,
-                      nobodyAsks);
+    return MakeSet(job, task, ParseSetParts(task.sheets), install, console);
 }
 
 DrawingReport Convert(const ConvertJob& job, DrawingTask task, const Install& install, terminal::Console& console)
@@ -36,6 +35,7 @@ DrawingReport Convert(const ConvertJob& job, DrawingTask task, const Install& in
 
 int RunWorker(const Job& job, const Install& install, std::istream& in, std::ostream& out, std::ostream& err)
 {
+    base::EndWithoutMemory(kEndedWithoutMemory);
     try {
         const DrawingTask task = TaskFromText({std::istreambuf_iterator<char>(in), {}});
         DrawingReport report;

@@ -18,6 +18,8 @@ struct DrawingTask {
     std::string logFolder{};           ///< empty: the user's
     std::string workFolder{};          ///< empty, private; whoever starts the run removes it afterwards
     std::vector<std::string> sheets{}; ///< of a set, in their order: "plan.dxf" or "plan.dxf:Layout"
+    std::size_t inHand = 1;            ///< of a set: drawings that are read at a time
+    std::string placeFile{};           ///< of a set: holds the number of the sheet in hand; empty: nobody asks
 };
 
 } // namespace sm::app

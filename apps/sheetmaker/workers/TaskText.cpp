@@ -7,11 +7,10 @@ namespace sm::app {
 
 std::string TaskText(const DrawingTask& task)
 {
-    nlohmann::ordered_json object{{"drawing", task.drawing},
-                                  {"logFileName", task.logFileName},
-                                  {"logFolder", task.logFolder},
-                                  {"workFolder", task.workFolder},
-                                  {"sheets", task.sheets}};
+    nlohmann::ordered_json object{{"drawing", task.drawing},     {"logFileName", task.logFileName},
+                                  {"logFolder", task.logFolder}, {"workFolder", task.workFolder},
+                                  {"sheets", task.sheets},       {"inHand", task.inHand},
+                                  {"placeFile", task.placeFile}};
     if (task.savePath)
         object["savePath"] = *task.savePath;
     return object.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
@@ -26,6 +25,8 @@ DrawingTask TaskFromText(const std::string& text)
     task.logFolder = object.at("logFolder");
     task.workFolder = object.at("workFolder");
     task.sheets = object.at("sheets").get<std::vector<std::string>>();
+    task.inHand = object.at("inHand");
+    task.placeFile = object.at("placeFile");
     if (object.contains("savePath"))
         task.savePath = object.at("savePath").get<std::string>();
     return task;

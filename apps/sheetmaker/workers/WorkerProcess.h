@@ -12,6 +12,9 @@
 
 namespace sm::app {
 
+/// A worker's exit code when it ends for want of memory, of which nobody but its parent knows.
+inline constexpr int kEndedWithoutMemory = 125;
+
 /// What the process does with its task; `console` is its own. The report comes back to the parent.
 using WorkerWork = std::function<DrawingReport(const DrawingTask& task, terminal::Console& console)>;
 

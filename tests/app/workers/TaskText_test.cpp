@@ -15,11 +15,14 @@ TEST(TaskText, HoldsAllThatTheCommandLineDoesNotSay)
     task.logFolder = "C:/Logs";
     task.workFolder = "C:/Temp/sheetmaker-1";
     task.sheets = {"a.dxf", "b.dxf:Dach"};
+    task.inHand = 3;
+    task.placeFile = "C:/Temp/part";
     const std::string text = TaskText(task);
-    EXPECT_EQ(text,
-              R"({"drawing":"Grüße \"1\".dxf","logFileName":"plan.log","logFolder":"C:/Logs",)"
-              R"("workFolder":"C:/Temp/sheetmaker-1","sheets":["a.dxf","b.dxf:Dach"],"savePath":"C:/Jobs/Grüße.pdf"})"
-              "\n");
+    EXPECT_EQ(
+        text,
+        R"({"drawing":"Grüße \"1\".dxf","logFileName":"plan.log","logFolder":"C:/Logs",)"
+        R"("workFolder":"C:/Temp/sheetmaker-1","sheets":["a.dxf","b.dxf:Dach"],"inHand":3,"placeFile":"C:/Temp/part","savePath":"C:/Jobs/Grüße.pdf"})"
+        "\n");
     const DrawingTask read = TaskFromText(text);
     EXPECT_EQ(read.drawing, task.drawing);
     EXPECT_EQ(read.savePath, task.savePath);
@@ -27,6 +30,8 @@ TEST(TaskText, HoldsAllThatTheCommandLineDoesNotSay)
     EXPECT_EQ(read.logFolder, task.logFolder);
     EXPECT_EQ(read.workFolder, task.workFolder);
     EXPECT_EQ(read.sheets, task.sheets);
+    EXPECT_EQ(read.inHand, task.inHand);
+    EXPECT_EQ(read.placeFile, task.placeFile);
 }
 
 TEST(TaskText, KnowsATaskWithoutAnswerToTheSaveDialog)

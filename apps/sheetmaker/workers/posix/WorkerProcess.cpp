@@ -22,7 +22,6 @@
 namespace sm::app {
 namespace {
 
-constexpr int kNoMemory = 125; ///< a worker's exit code, of which nobody but its parent knows
 
 [[noreturn]] void ThrowErrno(const char* what)
 {
@@ -75,7 +74,7 @@ void RestoreSignals(pid_t parent)
 /// The worker's whole life. Nothing is thrown out of it: what stands above it belongs to the parent, which waits there.
 [[noreturn]] void Work(const DrawingTask& task, const WorkerWork& work, bool onTerminal, int reports) noexcept
 {
-    base::EndWithoutMemory(kNoMemory);
+    base::EndWithoutMemory(kEndedWithoutMemory);
     DrawingReport report;
     {
         terminal::Console console(std::cerr, onTerminal);
@@ -174,7 +173,7 @@ WorkerProcess::End WorkerProcess::Await()
     End end;
     end.well = WIFEXITED(status) && WEXITSTATUS(status) == kExitDone;
     end.outOfTime = WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU;
-    if (WIFEXITED(status) && WEXITSTATUS(status) == kNoMemory)
+    if (WIFEXITED(status) && WEXITSTATUS(status) == kEndedWithoutMemory)
         end.how = "ended for want of memory";
     if (WIFSIGNALED(status))
         end.how = fmt::format("was ended by signal {}", WTERMSIG(status));

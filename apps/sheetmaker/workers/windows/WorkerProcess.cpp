@@ -174,8 +174,10 @@ WorkerProcess::End WorkerProcess::Await()
     End end;
     end.well = code == static_cast<DWORD>(kExitDone);
     end.outOfTime = !end.well && most > 0 && ticks >= most;
-    if (code >= kFirstFault)
-        end.how = code == kNoMemory ? "ended for want of memory" : fmt::format("was ended by fault {:08X}", code);
+    if (code == kNoMemory || code == static_cast<DWORD>(kEndedWithoutMemory))
+        end.how = "ended for want of memory";
+    else if (code >= kFirstFault)
+        end.how = fmt::format("was ended by fault {:08X}", code);
     return end;
 }
 

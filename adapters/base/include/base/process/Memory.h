@@ -14,8 +14,8 @@ bool MemoryRanOut();
 /// What calls this got no memory and can't throw. Is remembered, and ends the process after `EndWithoutMemory`.
 void NoteFailedAllocation() noexcept;
 
-/// From now on such a failure ends the process, with this exit code and without a word: for a worker, whose parent
-/// tells.
+/// From now on such a failure, and one that nobody can catch, end the process with this exit code and without a word:
+/// for a worker, whose parent tells.
 void EndWithoutMemory(int code);
 
 } // namespace sm::base
