@@ -22,7 +22,6 @@
 namespace sm::app {
 namespace {
 
-
 [[noreturn]] void ThrowErrno(const char* what)
 {
     throw std::system_error(errno, std::generic_category(), what);

@@ -3,9 +3,11 @@
 //
 //     drive_forms window TITLE click ID text ID TEXT choose ID POSITION page ID POSITION expect ID TEXT close
 //
-// `window` waits for a visible window with that title that takes input, which the commands behind it are for; `text`
-// leaves the field, too. `own TITLE` shows a window of this program's, until it is closed. Gives 0, or the number of
-// the command that failed.
+// `window` waits for a visible dialog with that title that takes input, which the commands behind it are for; `text`
+// leaves the field, too. `press CAPTION` clicks the button that is seen with that caption. `pick X Y` waits for the
+// drawing's window and presses there until it goes. `answer TITLE BUTTON` waits for the system's own dialog and gives
+// it that answer. `own TITLE` shows a window of this program's, until it is closed. Gives 0, or the number of the
+// command that failed.
 #include <string>
 #include <vector>
 
@@ -61,6 +63,17 @@ public:
         const auto next = [&] { return at < words.size() ? words[at++] : std::string(); };
         if (command == "window")
             return (m_window = WaitForWindow(next())) != nullptr;
+        if (command == "press")
+            return Press(next());
+        if (command == "pick") {
+            const int x = std::atoi(next().c_str());
+            return Pick(x, std::atoi(next().c_str()));
+        }
+        if (command == "answer") {
+            m_window = WaitForWindow(next());
+            const int button = std::atoi(next().c_str());
+            return m_window != nullptr && PostMessageA(m_window, TDM_CLICK_BUTTON, static_cast<WPARAM>(button), 0);
+        }
         if (command == "own")
             return OwnWindow(next());
         if (command == "close")
@@ -82,6 +95,38 @@ public:
     }
 
 private:
+    [[nodiscard]] bool Press(const std::string& caption) const
+    {
+        struct Wanted {
+            const std::string& caption;
+            HWND found;
+        } wanted{caption, nullptr};
+        const auto compare = [](HWND window, LPARAM search) -> BOOL {
+            auto* const looked = reinterpret_cast<Wanted*>(search);
+            char text[100] = {};
+            SendMessageA(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
+            if (looked->caption == text && IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE)
+                looked->found = window;
+            return looked->found == nullptr;
+        };
+        EnumChildWindows(m_window, compare, reinterpret_cast<LPARAM>(&wanted));
+        return wanted.found != nullptr && PostMessageA(wanted.found, BM_CLICK, 0, 0) != FALSE;
+    }
+    /// The drawing may have to be read before a press is taken.
+    static bool Pick(int x, int y)
+    {
+        bool wasUp = false;
+        for (int i = 0; i < kMostTries; ++i, Sleep(20)) {
+            const HWND window = FindWindowA("SheetmakerDrawing", nullptr);
+            const bool isUp = window != nullptr && IsWindowVisible(window) != FALSE;
+            if (wasUp && !isUp)
+                return true;
+            wasUp = isUp;
+            if (const HWND view = isUp ? FindWindowExA(window, nullptr, "SheetmakerDrawingView", nullptr) : nullptr)
+                PostMessageA(view, WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, MAKELPARAM(x, y));
+        }
+        return false;
+    }
     [[nodiscard]] HWND Find(int id) const
     {
         Search search = {id, nullptr};
