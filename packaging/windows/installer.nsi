@@ -188,9 +188,10 @@ FunctionEnd
 
 ; The component of 32-bit processes lies beside the other one; their own regsvr32 makes it known to them.
 !macro Regsvr32Other OPTIONS
+    StrCpy $1 0
     ${If} ${FileExists} "$INSTDIR\TwAcadPdf32.dll"
     ${AndIf} ${FileExists} "$WINDIR\SysWOW64\regsvr32.exe"
-        ExecWait '"$WINDIR\SysWOW64\regsvr32.exe" /s ${OPTIONS} "$INSTDIR\TwAcadPdf32.dll"'
+        ExecWait '"$WINDIR\SysWOW64\regsvr32.exe" /s ${OPTIONS} "$INSTDIR\TwAcadPdf32.dll"' $1
     ${EndIf}
 !macroend
 
@@ -300,6 +301,10 @@ Section "Component for CAD programs"
     ${If} $0 != 0
         SetErrorLevel 2
         MessageBox MB_OK|MB_ICONSTOP "The component could not be registered ($0)." /SD IDOK
+    ${EndIf}
+    ${If} $1 != 0
+        SetErrorLevel 2
+        MessageBox MB_OK|MB_ICONSTOP "The component for 32-bit programs could not be registered ($1)." /SD IDOK
     ${EndIf}
 SectionEnd
 

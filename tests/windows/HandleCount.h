@@ -29,8 +29,10 @@ inline std::size_t CountHandles()
     while (NtQuerySystemInformation(kListOfHandles, list.data(), static_cast<ULONG>(list.size() * 8), &length) ==
            kTooSmall)
         list.resize(list.size() * 2);
+    // The entries begin where a pointer may.
     const auto count = static_cast<std::uint32_t>(list[0]);
-    const auto* const entries = reinterpret_cast<const ListedHandle*>(list.data() + 1);
+    const auto* const entries =
+        reinterpret_cast<const ListedHandle*>(reinterpret_cast<const char*>(list.data()) + sizeof(void*));
     std::size_t own = 0;
     for (std::uint32_t i = 0; i < count; ++i)
         own += entries[i].processId == static_cast<USHORT>(GetCurrentProcessId()) ? 1 : 0;

@@ -24,10 +24,13 @@ const std::wstring kLibrary = SM_BRACED(SM_LIBRARY_ID);
 const std::wstring kLibraryKey = L"TypeLib\\" + kLibrary;
 /// The system's own marshalling by type library.
 const wchar_t* const kMarshaller = L"{00020424-0000-0000-C000-000000000046}";
+/// The other kind of processes has keys of its own for classes and interfaces, and shares names and type libraries.
 #ifdef _WIN64
 const wchar_t *const kPlatform = L"win64", *const kOtherPlatform = L"win32";
+constexpr REGSAM kOtherView = KEY_WOW64_32KEY;
 #else
 const wchar_t *const kPlatform = L"win32", *const kOtherPlatform = L"win64";
+constexpr REGSAM kOtherView = KEY_WOW64_64KEY;
 #endif
 
 /// One text value under the classes' key; without a name, the key's own.
@@ -101,10 +104,10 @@ bool Write(HKEY root, const Entry& entry)
     return written == ERROR_SUCCESS;
 }
 
-bool HasKey(HKEY root, const std::wstring& path)
+bool HasKey(HKEY root, const std::wstring& path, REGSAM view = 0)
 {
     HKEY key = nullptr;
-    if (RegOpenKeyExW(root, PathOf(path).c_str(), 0, KEY_QUERY_VALUE, &key) != ERROR_SUCCESS)
+    if (RegOpenKeyExW(root, PathOf(path).c_str(), 0, KEY_QUERY_VALUE | view, &key) != ERROR_SUCCESS)
         return false;
     RegCloseKey(key);
     return true;
@@ -138,13 +141,22 @@ bool RemoveLibrary(HKEY root)
                                                     : RemoveTree(root, kLibraryKey);
 }
 
+/// Its name stays as long as the component for the other kind of processes answers to it. The class goes first: a
+/// system that has one kind of processes alone shows it as the other's, too.
+bool RemoveClass(HKEY root, const OfferedClass& offered)
+{
+    const std::wstring key = L"CLSID\\" + Braced(offered.classId);
+    bool removed = RemoveTree(root, key);
+    removed = RemoveTree(root, L"Interface\\" + Braced(offered.interfaceId)) && removed;
+    return HasKey(root, key + L"\\InprocServer32", kOtherView) ? removed
+                                                               : RemoveTree(root, Wide(offered.progId)) && removed;
+}
+
 bool RemoveAll(HKEY root)
 {
     bool removed = RemoveLibrary(root);
     for (const OfferedClass& offered : OfferedClasses())
-        for (const std::wstring& tree :
-             {L"CLSID\\" + Braced(offered.classId), Wide(offered.progId), L"Interface\\" + Braced(offered.interfaceId)})
-            removed = RemoveTree(root, tree) && removed;
+        removed = RemoveClass(root, offered) && removed;
     for (const wchar_t* folder : {L"CLSID", L"Interface", L"TypeLib", L""})
         RemoveIfEmpty(root, folder);
     return removed;
