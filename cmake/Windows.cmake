@@ -3,6 +3,12 @@
 enable_language(RC)
 add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
 
+# Numbers as in 64-bit processes, to the last bit, and not as x87 rounds them. Callers of 32 bits align the stack to four
+# bytes: what needs more aligns it by itself.
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+    add_compile_options(-msse2 -mfpmath=sse -mincoming-stack-boundary=2)
+endif()
+
 # Where objects of COM are written: its interfaces have no destructors, and nobody deletes through them.
 set(SM_COM_WARNINGS ${SM_WARNINGS} -Wno-non-virtual-dtor)
 
@@ -15,14 +21,18 @@ target_compile_options(windows PRIVATE ${SM_WARNINGS})
 target_include_directories(windows PUBLIC ${CMAKE_SOURCE_DIR}/adapters)
 precompile(windows SystemHeaders.h)
 
-# The program, and what the component publishes with where there is no publishing library: where their libraries are.
+# What the component publishes with where there is no publishing library, and the program, which is of 64 bits alone: where
+# their libraries are.
 set(SM_WINDOWS_LIBRARIES ${CMAKE_SOURCE_DIR}/build/windows-libraries/${SM_MACHINE} CACHE PATH
     "What packaging/windows/build-libraries made; without it the component is built alone, and needs a publishing library")
 set(SM_PROGRAM OFF)
-if(EXISTS ${SM_WINDOWS_LIBRARIES}/key AND SM_MACHINE STREQUAL "x86_64")
-    set(SM_PROGRAM ON)
-    include(cmake/WindowsProgram.cmake)
-    add_subdirectory(apps/sheetmaker)
+if(EXISTS ${SM_WINDOWS_LIBRARIES}/key)
+    include(cmake/WindowsPublisher.cmake)
+    if(SM_MACHINE STREQUAL "x86_64")
+        set(SM_PROGRAM ON)
+        include(cmake/WindowsProgram.cmake)
+        add_subdirectory(apps/sheetmaker)
+    endif()
 endif()
 add_subdirectory(adapters/windows/server)
 
@@ -55,10 +65,18 @@ add_custom_command(OUTPUT ${SM_SETUP}
 add_custom_command(OUTPUT ${SM_ZIP}
     COMMAND ${packaging}/make-zip ${SM_ZIP} ${stage}
     DEPENDS ${files} VERBATIM)
-add_custom_target(installer ALL DEPENDS ${SM_SETUP} ${SM_ZIP})
+set(always)
+if(SM_MACHINE STREQUAL "x86_64")
+    set(always ALL)
+endif()
+add_custom_target(installer ${always} DEPENDS ${SM_SETUP} ${SM_ZIP})
 
 # Programs are run by Wine in a prefix of the build's own.
-set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_SOURCE_DIR}/tests/windows/run-wine ${CMAKE_BINARY_DIR}/wine)
+set(runner run-wine)
+if(SM_MACHINE STREQUAL "i686")
+    set(runner run-wine32)
+endif()
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_SOURCE_DIR}/tests/windows/${runner} ${CMAKE_BINARY_DIR}/wine)
 enable_testing()
 include(GoogleTest)
 set(INSTALL_GTEST OFF)

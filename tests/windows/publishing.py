@@ -3,10 +3,11 @@
 """The component as its installer leaves it publishes by itself where the publishing library isn't registered, and asks the
 library where it is; the setting PublishWith has its way. The PDF is looked at by tools that aren't ours.
 
-    publishing.py RUN-WINE FOLDER SETUP TEST-HOST SCRIPTS INTERPRETER SAMPLES
+    publishing.py RUN-WINE FOLDER SETUP TEST-HOST SCRIPTS INTERPRETER SAMPLES BITS
 
 FOLDER gets a Wine prefix of its own. The test host's plots are copies of a page that the program of the command line has
-plotted, and then of one that is in nobody's dialect, which INTERPRETER stands ready for.
+plotted, and then of one that is in nobody's dialect, which INTERPRETER stands ready for. Scripts and test host are of BITS
+bits; both components are installed, whatever these are.
 """
 import os
 import re
@@ -32,13 +33,17 @@ UP_TO_THE_PLOT = LOG[:LOG.index("TEXT STAMP")]
 REFUSED = (UP_TO_THE_PLOT + "  Note: " + NO_INTERPRETER + "\nERROR: FAILED TO ADD PS TO PUB DOC = -7\n"
            "  Reset PrinterConfigPath To: C:\\Host\\Plotters\nERROR: PlotLayoutToPubDoc -12")
 OK_BUTTON, MESSAGE_TEXT = "1", "65535"
-NOBODY = "nobody, TwSmPubLib is not registered"  # who publishes in 32-bit programs, whose component can't by itself
+OURSELVES, LIBRARY_ITSELF = "Sheetmaker PDF itself", "TwSmPubLib"
+NOBODY = "nobody, TwSmPubLib is not registered"
+COMPONENTS = {"64": "C:\\SM\\TwAcadPdf.dll", "32": "C:\\SM\\TwAcadPdf32.dll"}
+COMPONENT_KEY = "HKLM\\Software\\Classes\\CLSID\\{A80EB25C-3937-4062-836A-11C388058516}\\InprocServer32"
 
 
 class PublishingDesk(Desk):
-    def __init__(self, run_wine, folder, drive_forms):
+    def __init__(self, run_wine, folder, drive_forms, bits):
         super().__init__(run_wine, folder)
         self.drive_forms = drive_forms
+        self.bits = bits
 
     @property
     def log_file(self):
@@ -100,14 +105,22 @@ class PublishingDesk(Desk):
         shown = subprocess.run(["pdftotext", self.pdf, "-"], capture_output=True, text=True, check=False).stdout
         self.check(name + ": its text", text in shown, True)
 
-    def doctor(self, name, wanted):
+    def doctor(self, name, state, setting, publisher, other=None, remedy=""):
+        """Who publishes in programs of our kind, and of the other one when that is somebody else."""
         told = self.run("C:\\SM\\sheetmaker.exe", "doctor")[1]
+        wide, narrow = (publisher, other or publisher)[::1 if self.bits == "64" else -1]
+        wanted = f"{state:<9} publishing: in 64-bit CAD programs: {wide}; in 32-bit ones: {narrow} (PublishWith {setting}){remedy}"
         self.check(name + ": doctor", re.findall(r"^(\w+ +publishing: .*(?:\n +-> .*)?)", told, re.M), [wanted])
+
+    def expect_component(self):
+        """Programs of our kind get the component that is made for them."""
+        told = self.run("reg", "query", COMPONENT_KEY, "/ve", f"/reg:{self.bits}")[1]
+        self.check("the component", told.split("REG_SZ")[-1].strip(), COMPONENTS[self.bits])
 
     def enter_interpreter(self, program):
         os.makedirs(os.path.join(self.drive, "Interpreter", "bin"), exist_ok=True)
         shutil.copy(program, os.path.join(self.drive, "Interpreter", "bin", "gswin64c.exe"))
-        self.run("reg", "add", INTERPRETERS, "/v", "GS_DLL", "/d", "C:\\Interpreter\\bin\\gsdll64.dll", "/f")
+        self.run("reg", "add", INTERPRETERS, "/v", "GS_DLL", "/d", "C:\\Interpreter\\bin\\gsdll64.dll", "/f", "/reg:64")
 
     def temporary_folders(self):
         users = os.path.join(self.drive, "users")
@@ -147,8 +160,8 @@ def foreign_pages(desk, script, interpreter):
 def library_wanted(desk, script):
     """There is none, and it is asked for all the same."""
     desk.choose(LIBRARY_ALONE)
-    desk.doctor("no library, library wanted", f"optional  publishing: in 64-bit CAD programs: {NOBODY}; in 32-bit ones: "
-                f"{NOBODY} (PublishWith 2)\n          -> sheetmaker set PublishWith 0")
+    desk.doctor("no library, library wanted", "optional", LIBRARY_ALONE, NOBODY,
+                remedy="\n          -> sheetmaker set PublishWith 0")
     desk.convert_once("no library, library wanted", script, NO_LIBRARY + "\r\n" + NO_LIBRARY_REMEDY)
     desk.check("no library, library wanted: no PDF", os.path.exists(desk.pdf), False)
     desk.check("no library, library wanted: log", desk.own_log(), "ERROR: " + NO_LIBRARY)
@@ -157,8 +170,7 @@ def library_wanted(desk, script):
 def with_library(desk, script, test_host):
     desk.run("regsvr32", "/s", "Z:" + test_host + ".dll")
     desk.choose(AUTOMATIC)
-    desk.doctor("a library", f"ok        publishing: in 64-bit CAD programs: TwSmPubLib; in 32-bit ones: {NOBODY} "
-                "(PublishWith 0)")
+    desk.doctor("a library", "ok", AUTOMATIC, LIBRARY_ITSELF, OURSELVES)
     for who in (AUTOMATIC, LIBRARY_ALONE):
         desk.choose(who)
         calls = desk.convert_once("a library, " + who, script)
@@ -169,8 +181,7 @@ def with_library(desk, script, test_host):
         desk.check(f"a library, {who}: no log of ours", desk.own_log(), None)
     desk.plot("C:\\Host\\house-1.ps")
     desk.choose(OWN)
-    desk.doctor("a library, own wanted", "ok        publishing: in 64-bit CAD programs: Sheetmaker PDF itself; in 32-bit "
-                f"ones: {NOBODY} (PublishWith 1)")
+    desk.doctor("a library, own wanted", "ok", OWN, OURSELVES)
     desk.check("a library, own wanted: its calls", desk.convert_once("a library, own wanted", script), [])
     desk.look_at("a library, own wanted", "Living room")
 
@@ -194,14 +205,14 @@ def library_fails(desk, script):
                [f"{LOG_LINE}ERROR: {BROKEN_LIBRARY}."])
 
 
-def main(run_wine, folder, setup, test_host, scripts, interpreter, samples):
-    desk = PublishingDesk(run_wine, folder, os.path.join(os.path.dirname(test_host), "drive_forms.exe"))
+def main(run_wine, folder, setup, test_host, scripts, interpreter, samples, bits):
+    desk = PublishingDesk(run_wine, folder, os.path.join(os.path.dirname(test_host), "drive_forms.exe"), bits)
     script = os.path.join(scripts, "Convert.vbs")
     desk.install(setup, test_host)
+    desk.expect_component()
     desk.forget_library()
     desk.choose(AUTOMATIC)
-    desk.doctor("no library", "ok        publishing: in 64-bit CAD programs: Sheetmaker PDF itself; in 32-bit ones: "
-                f"{NOBODY} (PublishWith 0)")
+    desk.doctor("no library", "ok", AUTOMATIC, OURSELVES)
     own_pages(desk, script, samples)
     foreign_pages(desk, script, interpreter)
     library_wanted(desk, script)

@@ -16,8 +16,8 @@ namespace {
 constexpr const char* kAsksForLibrary =
     "The setting PublishWith asks for it: with 0 in place of 2, Sheetmaker PDF publishes by itself.";
 constexpr const char* kNoneOfOurOwn =
-    "This component, as the one for 32-bit programs, can't publish by itself: install the library, or convert the "
-    "drawing's file with sheetmaker.exe.";
+    "This component was built without a publisher: install the library, or convert the drawing's file with "
+    "sheetmaker.exe.";
 constexpr std::int32_t kInstallationHelp = 230;
 
 class ChosenPublisher final : public IPublishingLibrary {

@@ -20,6 +20,8 @@ const WayRow kWays[] = {{"Machine", "/s", "/s /u", HKEY_LOCAL_MACHINE},
                         {"User", "/s /n /i:user", "/s /u /n /i:user", HKEY_CURRENT_USER},
                         {"MachineByInstall", "/s /n /i", "/s /u /n /i", HKEY_LOCAL_MACHINE}};
 
+const std::wstring kPlatform = sizeof(void*) == 8 ? L"win64" : L"win32";
+
 class Registration : public testing::TestWithParam<WayRow> {};
 
 INSTANTIATE_TEST_SUITE_P(, Registration, testing::ValuesIn(kWays),
@@ -61,7 +63,9 @@ void ExpectWrittenUnder(HKEY root)
     EXPECT_EQ(TextAt(root, L"Software\\Classes\\TarnwickSmPubAcad.cPlugin\\CLSID", nullptr),
               L"{A80EB25C-3937-4062-836A-11C388058516}");
     EXPECT_EQ(
-        TextAt(root, L"Software\\Classes\\TypeLib\\{f1446010-8459-4adc-a8b4-d14804d3f499}\\1.0\\0\\win64", nullptr),
+        TextAt(root,
+               (L"Software\\Classes\\TypeLib\\{f1446010-8459-4adc-a8b4-d14804d3f499}\\1.0\\0\\" + kPlatform).c_str(),
+               nullptr),
         path);
 }
 

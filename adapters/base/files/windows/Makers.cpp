@@ -23,13 +23,18 @@ Handle Opened(std::int64_t process)
     return Handle(::OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION | SYNCHRONIZE, FALSE, static_cast<DWORD>(process)));
 }
 
-/// What an installation of the system draws by lot; empty where it can't be read.
+/// What an installation of the system draws by lot; empty where it can't be read. It stands among the keys of 64-bit
+/// programs alone, and is the same for all.
 std::string MachineNumber()
 {
+    HKEY key = nullptr;
+    if (::RegOpenKeyExW(HKEY_LOCAL_MACHINE, L"SOFTWARE\\Microsoft\\Cryptography", 0, KEY_QUERY_VALUE | KEY_WOW64_64KEY,
+                        &key) != ERROR_SUCCESS)
+        return {};
     char text[64] = {};
     DWORD size = sizeof text;
-    const LSTATUS read = ::RegGetValueA(HKEY_LOCAL_MACHINE, "SOFTWARE\\Microsoft\\Cryptography", "MachineGuid",
-                                        RRF_RT_REG_SZ, nullptr, text, &size);
+    const LSTATUS read = ::RegGetValueA(key, nullptr, "MachineGuid", RRF_RT_REG_SZ, nullptr, text, &size);
+    ::RegCloseKey(key);
     return read == ERROR_SUCCESS ? text : "";
 }
 

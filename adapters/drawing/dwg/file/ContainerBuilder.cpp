@@ -92,7 +92,7 @@ std::span<char> ContainerBuilder::Kept(char* bytes, std::uint64_t size)
     if (bytes == nullptr)
         throw std::bad_alloc();
     m_built.m_buffers.emplace_back(bytes);
-    return {bytes, size};
+    return {bytes, static_cast<std::size_t>(size)};
 }
 
 std::vector<char> ContainerBuilder::Scratch(std::uint64_t size)

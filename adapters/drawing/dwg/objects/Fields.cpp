@@ -166,7 +166,7 @@ std::string_view Fields::ShortUtf16(BitReader& reader, std::uint64_t units)
         std::memcpy(m_short + 4 * i, &four, sizeof four);
     }
     reader.Skip(16 * units);
-    return {m_short, units};
+    return {m_short, static_cast<std::size_t>(units)};
 }
 
 /// The same in a code page. Files up to R14 have a NUL behind many texts, which counts.
@@ -190,7 +190,7 @@ std::string_view Fields::ShortBytes(BitReader& reader, std::uint64_t length)
             return {};
     }
     reader.Skip(8 * length);
-    return {m_short, shown};
+    return {m_short, static_cast<std::size_t>(shown)};
 }
 
 std::string_view Fields::Utf16(BitReader& reader, std::uint64_t units)

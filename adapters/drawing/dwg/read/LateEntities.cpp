@@ -47,7 +47,7 @@ FileBytes LateEntities::Join(std::string_view tags)
         throw std::bad_alloc();
     tags.copy(m_tags.get(), tags.size());
     invisible.copy(m_tags.get() + tags.size(), invisible.size());
-    return FileBytes::Share(m_tags, {m_tags.get(), m_room});
+    return FileBytes::Share(m_tags, {m_tags.get(), static_cast<std::size_t>(m_room)});
 }
 
 Slice LateEntities::TagsOf(std::uint64_t begin)

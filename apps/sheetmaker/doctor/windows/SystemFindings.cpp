@@ -15,15 +15,12 @@ namespace {
 using State = Finding::State;
 using windows::ProgramBits;
 
-/// The component for 32-bit programs has no publisher of its own.
 std::string PublisherFor(ProgramBits bits, const std::string& setting)
 {
-    const bool hasOwn = bits == ProgramBits::Of64;
-    const bool takesOwn = hasOwn && setting != std::to_string(kPublishWithLibrary);
-    const bool takesLibrary = !hasOwn || setting != std::to_string(kPublishWithOwn);
-    if (takesLibrary && windows::LibraryIsRegistered(bits))
+    if (setting != std::to_string(kPublishWithOwn) && windows::LibraryIsRegistered(bits))
         return "TwSmPubLib";
-    return takesOwn ? "Sheetmaker PDF itself" : "nobody, TwSmPubLib is not registered";
+    return setting != std::to_string(kPublishWithLibrary) ? "Sheetmaker PDF itself"
+                                                          : "nobody, TwSmPubLib is not registered";
 }
 
 /// Who makes the PDF when the component plots in CAD programs.
@@ -33,9 +30,9 @@ Finding Publishing(const Install& install)
     const std::string stored = StoredSetting(*registry, SettingNamed("PublishWith").name);
     const std::string setting = stored.empty() ? std::to_string(kPublishWithEither) : stored;
     const std::string wide = PublisherFor(ProgramBits::Of64, setting);
-    const std::string detail =
-        "in 64-bit CAD programs: " + wide + "; in 32-bit ones: " + PublisherFor(ProgramBits::Of32, setting);
-    const bool lacking = wide.starts_with("nobody");
+    const std::string narrow = PublisherFor(ProgramBits::Of32, setting);
+    const std::string detail = "in 64-bit CAD programs: " + wide + "; in 32-bit ones: " + narrow;
+    const bool lacking = wide.starts_with("nobody") || narrow.starts_with("nobody");
     return {lacking ? State::Optional : State::Good, "publishing", detail + " (PublishWith " + setting + ")",
             lacking ? "sheetmaker set PublishWith 0" : ""};
 }
