@@ -3,16 +3,15 @@
 """Runs the tests of the plug-in that stand on scripted hosts twice, as they are on this machine and over COM under
 Wine, and compares every log line, every publishing call and every host call they make, in order.
 
-    parity.py NATIVE-FOLDER WINDOWS-FOLDER RUNNER [RUNNER-ARGUMENT...]
+    parity.py ROOMS NATIVE-FOLDER WINDOWS-FOLDER RUNNER [RUNNER-ARGUMENT...]
 
-Prints one row per scenario; fails when a program fails, or a scenario differs or is missing on one side.
+ROOMS are the rooms' names with commas between them. Prints one row per scenario; fails when a program fails, or a scenario differs or is missing on one side.
 """
 import os
 import subprocess
 import sys
 import tempfile
 
-ROOMS = ["plugin", "plotting", "annotations", "hostobjects", "settings", "ui"]
 LOG_LINE = "Log.WriteLogLine"
 LIBRARY = ("PubDoc.", "Log.", "Library.")
 
@@ -64,11 +63,11 @@ def compare(room, native, windows, runner, folder):
 
 
 def main():
-    native, windows, *runner = sys.argv[1:]
+    rooms, native, windows, *runner = sys.argv[1:]
     print(f"{'scenario':<90} {'log':>8} {'library':>8} {'host':>9}")
     same = scenarios = calls = 0
     with tempfile.TemporaryDirectory() as folder:
-        for room in ROOMS:
+        for room in rooms.split(","):
             equal, total, made = compare(room, native, windows, runner, folder)
             same, scenarios, calls = same + equal, scenarios + total, calls + made
     print(f"{same} of {scenarios} scenarios equal, {calls} calls compared")

@@ -3,6 +3,8 @@
 
 #include "base/windows/Handles.h"
 
+#include <utility>
+
 namespace sm::base {
 
 namespace {
@@ -51,6 +53,10 @@ void MappedFile::Map(const std::string& path, Reading reading, std::error_code& 
     m_facts = FactsFrom(file.Get());
     if (m_facts.kind != FileKind::File || m_facts.stamp.size == 0)
         return;
+    if (!std::in_range<std::size_t>(m_facts.stamp.size)) { // in a process of 32 bits
+        error = std::make_error_code(std::errc::file_too_large);
+        return;
+    }
     const auto size = static_cast<std::size_t>(m_facts.stamp.size);
     const void* const address = reading == Reading::Whole ? Copied(file.Get(), size) : Mapped(file.Get());
     if (address == nullptr)
