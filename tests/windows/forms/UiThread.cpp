@@ -10,14 +10,16 @@ namespace {
 
 constexpr UINT kRun = WM_APP + 50, kMark = WM_APP + 51;
 
+BOOL CALLBACK NoteWindow(HWND window, LPARAM list)
+{
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
 std::vector<HWND> WindowsOf(DWORD thread)
 {
     std::vector<HWND> found;
-    const auto note = [](HWND window, LPARAM list) -> BOOL {
-        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-        return TRUE;
-    };
-    EnumThreadWindows(thread, note, reinterpret_cast<LPARAM>(&found));
+    EnumThreadWindows(thread, &NoteWindow, reinterpret_cast<LPARAM>(&found));
     return found;
 }
 
