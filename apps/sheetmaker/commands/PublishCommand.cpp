@@ -7,6 +7,7 @@
 #include "commands/Readiness.h"
 #include "layouts/PlotOptions.h"
 #include "machine/LogBook.h"
+#include "machine/LogFiles.h"
 #include "records/RecordEditor.h"
 #include "report/ReportWriter.h"
 #include "run/PublishRun.h"
@@ -171,8 +172,10 @@ private:
         callbacks.done = [&attempt](const DrawingReport& report, const std::string&) { attempt.report = report; };
         RunPool({task}, 1, work, callbacks);
         std::size_t part = parts.size();
-        if (std::ifstream(place) >> part && part < parts.size())
+        if (std::ifstream(place) >> part && part < parts.size()) {
             attempt.endedAt = part;
+            RemoveAbandonedLogs(base::ToPath(SetLog(m_install.places.stateFolder, m_job.log.value_or("")).Folder()));
+        }
         return attempt;
     }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "machine/LogFiles.h"
 
+#include "base/files/AtomicFile.h"
 #include "base/files/File.h"
 #include "base/files/FileFacts.h"
 #include "base/files/Leftovers.h"
@@ -90,6 +91,7 @@ std::string LogFiles::Trouble() const
     if (!m_whole.empty() && std::filesystem::is_directory(whole, failed))
         return base::ToText(whole) + " is a folder";
     base::MakePrivateFolders(Folder());
+    base::RemoveLeftoversOnce(Folder()); // a run that was killed at the next line left its file
     base::File::CreateUnnamed(Folder(), failed);
     return failed ? Folder() + " can't be written: " + failed.message() : std::string();
 }

@@ -14,7 +14,7 @@ public:
     /// `stateFolder` holds the user's log; `file`, unless it is empty, is written in its place. The sheets' logs lie
     /// beside it while they are made.
     SetLog(std::filesystem::path stateFolder, const std::string& file);
-    /// Removes what is left of a sheet's log, also that of a worker process that was ended.
+    /// Removes what is left of a sheet's log.
     ~SetLog();
     SetLog(const SetLog&) = delete;
     SetLog& operator=(const SetLog&) = delete;
