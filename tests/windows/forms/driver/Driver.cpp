@@ -46,6 +46,21 @@ struct Search {
     HWND found;
 };
 
+struct WantedCaption {
+    const std::string& caption;
+    HWND found;
+};
+
+BOOL CALLBACK CompareCaption(HWND window, LPARAM search)
+{
+    auto* const looked = reinterpret_cast<WantedCaption*>(search);
+    char text[100] = {};
+    SendMessageA(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
+    if (looked->caption == text && IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE)
+        looked->found = window;
+    return looked->found == nullptr;
+}
+
 BOOL CALLBACK CompareId(HWND window, LPARAM search)
 {
     auto* const wanted = reinterpret_cast<Search*>(search);
@@ -97,19 +112,8 @@ public:
 private:
     [[nodiscard]] bool Press(const std::string& caption) const
     {
-        struct Wanted {
-            const std::string& caption;
-            HWND found;
-        } wanted{caption, nullptr};
-        const auto compare = [](HWND window, LPARAM search) -> BOOL {
-            auto* const looked = reinterpret_cast<Wanted*>(search);
-            char text[100] = {};
-            SendMessageA(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
-            if (looked->caption == text && IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE)
-                looked->found = window;
-            return looked->found == nullptr;
-        };
-        EnumChildWindows(m_window, compare, reinterpret_cast<LPARAM>(&wanted));
+        WantedCaption wanted{caption, nullptr};
+        EnumChildWindows(m_window, CompareCaption, reinterpret_cast<LPARAM>(&wanted));
         return wanted.found != nullptr && PostMessageA(wanted.found, BM_CLICK, 0, 0) != FALSE;
     }
     /// The drawing may have to be read before a press is taken.
