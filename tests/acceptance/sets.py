@@ -251,6 +251,8 @@ def nothing_is_left(stand):
     stand.same((run.returncode, stand.said(run), stand.files()),
                (1, ["b.dxf: failed: the conversion took longer than 1 s and was ended; --timeout allows it more",
                     "sheetmaker publish: no sheet could be converted; set.pdf was not written"], ["b.dxf"]))
+    state = os.path.join(stand.environment["XDG_STATE_HOME"], "sheetmaker-pdf")
+    stand.same([name for name in os.listdir(state) if name.startswith("SmPdfAcad-")], [], "logs left behind")
 
 
 ROWS = (one_page, fonts, many_pages, long_names, what_failed_is_not_listed, sheets_of_a_list, what_is_done_is_left, logs, as_many_in_hand_as_asked, same_bytes,

@@ -2,6 +2,7 @@
 #include "scene/WindowMarks.h"
 
 #include "base/files/Paths.h"
+#include "render/ClipBox.h"
 #include "scene/PickTexts.h"
 
 #include <cmath>
@@ -32,16 +33,6 @@ std::string TitleOf(const PageMark& mark)
         break;
     }
     return mark.text;
-}
-
-Box2 Grown(const Box2& box, double by)
-{
-    return {box.min - Vec2{by, by}, box.max + Vec2{by, by}};
-}
-
-bool IsIn(const Box2& box, Vec2 at)
-{
-    return at.x >= box.min.x && at.x <= box.max.x && at.y >= box.min.y && at.y <= box.max.y;
 }
 
 } // namespace
@@ -126,7 +117,7 @@ std::optional<Box2> WindowMarks::Frame() const
 {
     if (m_board == nullptr || m_picture == nullptr || !m_chosen)
         return std::nullopt;
-    return Grown(m_pane.BoxOf(InScene()[*m_chosen]), kAround);
+    return render::Grown(m_pane.BoxOf(InScene()[*m_chosen]), kAround);
 }
 
 /// The last one is painted over the others.
@@ -134,7 +125,7 @@ std::optional<std::size_t> WindowMarks::MarkAt(Vec2 pixel) const
 {
     const std::vector<PageMark> marks = InScene();
     for (std::size_t i = marks.size(); i-- > 0;)
-        if (IsIn(Grown(m_pane.BoxOf(marks[i]), kReach), pixel))
+        if (render::Contains(render::Grown(m_pane.BoxOf(marks[i]), kReach), {pixel, pixel}))
             return i;
     return std::nullopt;
 }

@@ -108,7 +108,9 @@ private:
     /// Nothing fails for want of a log, but it is told, and --strict fails.
     [[nodiscard]] std::string LogTrouble()
     {
-        std::string trouble = SetLog(m_install.places.stateFolder, m_job.log.value_or("")).Trouble();
+        const SetLog log(m_install.places.stateFolder, m_job.log.value_or(""));
+        m_logFolder = log.Folder();
+        std::string trouble = log.Trouble();
         if (!trouble.empty())
             m_err << "warning: " << kNoLog << trouble << "\n";
         else if (m_job.log)
@@ -174,7 +176,7 @@ private:
         std::size_t part = parts.size();
         if (std::ifstream(place) >> part && part < parts.size()) {
             attempt.endedAt = part;
-            RemoveAbandonedLogs(base::ToPath(SetLog(m_install.places.stateFolder, m_job.log.value_or("")).Folder()));
+            RemoveAbandonedLogs(base::ToPath(m_logFolder)); // the worker's own
         }
         return attempt;
     }
@@ -191,6 +193,7 @@ private:
     }
 
     PublishJob m_job;
+    std::string m_logFolder;
     const Install& m_install;
     std::ostream& m_out;
     std::ostream& m_err;

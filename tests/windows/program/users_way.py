@@ -13,7 +13,9 @@ import re
 import shutil
 import subprocess
 import sys
-import tempfile
+
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."))
+from convert_by_script import Desk  # noqa: E402
 
 SHEETS = "dynblock_r2018.dwg"  # 14 of them
 CONVERTED = (0, 4)             # 4: fonts, underlays or objects of other programs that aren't there
@@ -24,34 +26,16 @@ LINKS = ["Global Page Setup.lnk", "Sheetmaker PDF Command Prompt.lnk", "Sheetmak
 SHIPPED, OTHER = "Graphics [600 dpi].joboptions", "Print [1200 dpi].joboptions"
 
 
-class Way:
+class Way(Desk):
     def __init__(self, run_wine, folder, setup, driver):
-        self.runner, self.folder, self.setup, self.driver = [run_wine, folder], folder, setup, driver
-        self.drive = os.path.join(folder, "prefix", "drive_c")
-        self.failures = 0
+        super().__init__(run_wine, folder)
+        self.setup, self.driver = setup, driver
 
     def at(self, *parts):
         return os.path.join(self.drive, *parts)
 
-    def run(self, *words, timeout=120):
-        """To a file: a server that the command started would hold a pipe open."""
-        with tempfile.TemporaryFile() as said:
-            done = subprocess.run([*self.runner, *words], stdout=said, stderr=subprocess.STDOUT, timeout=timeout,
-                                  stdin=subprocess.DEVNULL, check=False, env={**os.environ, "LC_ALL": "C.UTF-8"})
-            said.seek(0)
-            return done.returncode, said.read().decode(errors="replace").replace("\r", "").strip()
-
     def program(self, *words):
-        return self.run("C:\\SM\\sheetmaker.exe", *words)
-
-    def check(self, name, got, wanted):
-        self.failures += got != wanted
-        print("ok  " if got == wanted else "FAIL", name, "" if got == wanted else f": {got!r} instead of {wanted!r}")
-
-    def end(self):
-        server = shutil.which("wineserver") or "/usr/lib/wine/wineserver"
-        subprocess.run([server, "-k"], env={**os.environ, "WINEPREFIX": os.path.join(self.folder, "prefix")}, check=False)
-        shutil.rmtree(self.folder, ignore_errors=True)
+        return self.run("C:\\SM\\sheetmaker.exe", *words, LC_ALL="C.UTF-8")
 
     def install(self, what):
         self.check(what, self.run(self.setup, "/S", "/CurrentUser", "/D=C:\\SM"), (0, ""))
