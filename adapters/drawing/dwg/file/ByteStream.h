@@ -90,7 +90,9 @@ public:
         if (distance == 0 || distance > Written())
             return false;
         count = std::min(count, Left());
-        if (Left() < count + kSlack)
+        if (count >= kLong)
+            RepeatLong(distance, count);
+        else if (Left() < count + kSlack)
             CopyFrom<1>(m_at - distance, count);
         else if (distance >= kSlack)
             CopyFrom<kSlack>(m_at - distance, count);
@@ -109,8 +111,22 @@ public:
     }
 
 private:
-    static constexpr std::size_t kWord = 8;
+    static constexpr std::size_t kWord = 8, kLong = 256;
 
+    /// What is there is copied behind itself, twice as much each time. Most of them are one byte (zeros) over and over.
+    [[gnu::noinline]] void RepeatLong(std::size_t distance, std::size_t count)
+    {
+        if (distance == 1) {
+            std::memset(m_at, static_cast<unsigned char>(m_at[-1]), count);
+            m_at += count;
+            return;
+        }
+        const char* const from = m_at - distance;
+        for (std::size_t copied = 0; count > 0; count -= copied, m_at += copied) {
+            copied = std::min(count, static_cast<std::size_t>(m_at - from));
+            std::memcpy(m_at, from, copied);
+        }
+    }
     /// In steps of that many bytes: what is written too far is overwritten, or cleared by Finish.
     template <std::size_t Step> void CopyFrom(const char* from, std::size_t count)
     {
@@ -118,15 +134,9 @@ private:
             std::memcpy(m_at + done, from + done, Step);
         m_at += count;
     }
-    /// The least multiple of the distance that is a word goes byte by byte: from there on words repeat. Most of the
-    /// long ones are one byte (zeros) over and over.
+    /// The least multiple of the distance that is a word goes byte by byte: from there on words repeat.
     void RepeatNear(std::size_t distance, std::size_t count)
     {
-        if (distance == 1) {
-            std::memset(m_at, static_cast<unsigned char>(m_at[-1]), count);
-            m_at += count;
-            return;
-        }
         const std::size_t period = (kWord + distance - 1) / distance * distance;
         const std::size_t single = std::min(count, period);
         CopyFrom<1>(m_at - distance, single);
