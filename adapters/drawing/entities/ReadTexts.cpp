@@ -133,7 +133,70 @@ void ReadRemote(EntityTags& tags, TextData& data)
     data.attributeFlags = 0;
 }
 
+double* ArcTextReal(ArcTextData& data, int code)
+{
+    switch (code) {
+    case 40:
+        return &data.radius;
+    case 41:
+        return &data.widthFactor;
+    case 42:
+        return &data.height;
+    case 43:
+        return &data.spacing;
+    case 44:
+        return &data.offset;
+    case 45:
+        return &data.rightOffset;
+    case 46:
+        return &data.leftOffset;
+    case 50:
+        return &data.startAngle;
+    case 51:
+        return &data.endAngle;
+    default:
+        return nullptr;
+    }
+}
+
+bool TakeArcTextFlag(const EntityTags& tags, ArcTextData& data)
+{
+    constexpr std::int32_t kInward = 2, kConcave = 2;
+    switch (tags.Code()) {
+    case 70:
+        data.isReversed = tags.Integer() != 0;
+        break;
+    case 71:
+        data.isInward = tags.Integer() == kInward;
+        break;
+    case 72:
+        data.placing = tags.Integer();
+        break;
+    case 73:
+        data.isInside = tags.Integer() == kConcave;
+        break;
+    case 76:
+        data.isUnderlined = tags.Integer() != 0;
+        break;
+    default:
+        return false;
+    }
+    return true;
+}
+
 } // namespace
+
+void Read(const Drawing& drawing, const EntityRecord& record, ArcTextData& data)
+{
+    data = {};
+    EntityTags tags(drawing.Tags(), record);
+    while (tags.Next()) {
+        if (double* const real = ArcTextReal(data, tags.Code()))
+            *real = tags.Real();
+        else if (!tags.Take(10, data.insertion) && !TakeArcTextFlag(tags, data) && !TakeTextTag(tags, data))
+            tags.TakeCommon(data);
+    }
+}
 
 void Read(const Drawing& drawing, const EntityRecord& record, TextData& data)
 {

@@ -17,6 +17,7 @@ MakePainter MakePolylines;                                                      
 MakePainter MakePoints, MakeShapes;                                                                // Points.cpp
 MakePainter MakeQuads, MakeSolids, MakeMeshes;                                                     // Solids.cpp
 MakePainter MakeTexts, MakeMTexts, MakeAttributes;                                                 // Texts.cpp
+MakePainter MakeArcTexts;                                                                          // ArcTexts.cpp
 MakePainter MakeHatches;                                                                           // Hatches.cpp
 MakePainter MakeInserts;                                                                           // Inserts.cpp
 MakePainter MakeViewports;                                                                         // Viewports.cpp
@@ -60,6 +61,7 @@ inline constexpr auto kPainters = std::to_array<PainterRow>({
     {drawing::EntityKind::Mesh, MakeMeshes, Bounds::Nothing, Faces::Own},
     {drawing::EntityKind::Text, MakeTexts},
     {drawing::EntityKind::RemoteText, MakeTexts},
+    {drawing::EntityKind::ArcText, MakeArcTexts},
     {drawing::EntityKind::MText, MakeMTexts},
     {drawing::EntityKind::Attrib, MakeAttributes},
     {drawing::EntityKind::Attdef, MakeAttributes},

@@ -36,5 +36,23 @@ TEST(RemoteTexts, StandInTheirPlaneOrElsewhere)
     }
 }
 
+TEST(ArcTexts, HaveAllThatTheirGroupsSay)
+{
+    const auto drawing =
+        OpenEntities("0\nARCALIGNEDTEXT\n8\n0\n100\nAcDbArcAlignedText\n1\nRound\n2\nArial\n10\n1\n20\n2\n"
+                     "30\n3\n40\n10\n41\n0.9\n42\n2.5\n43\n0.1\n44\n0.2\n45\n0.3\n46\n0.4\n50\n30\n51\n"
+                     "150\n70\n1\n71\n2\n72\n3\n73\n2\n74\n1\n75\n1\n76\n1\n90\n256\n280\n1\n330\n1F\n");
+    ASSERT_EQ(ModelEntities(*drawing).size(), 1U);
+    ArcTextData text;
+    Read(*drawing, ModelEntities(*drawing)[0], text);
+    EXPECT_EQ(text.text, "Round");
+    EXPECT_EQ(text.insertion, (Vec3{1, 2, 3}));
+    const std::vector<double> numbers{text.radius,      text.widthFactor, text.height,     text.spacing, text.offset,
+                                      text.rightOffset, text.leftOffset,  text.startAngle, text.endAngle};
+    EXPECT_EQ(numbers, (std::vector<double>{10, 0.9, 2.5, 0.1, 0.2, 0.3, 0.4, 30, 150}));
+    EXPECT_EQ(text.placing, 3);
+    EXPECT_TRUE(text.isInward && text.isInside && text.isReversed && text.isUnderlined);
+}
+
 } // namespace
 } // namespace sm::drawing::testing

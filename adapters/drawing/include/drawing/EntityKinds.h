@@ -25,6 +25,7 @@
     KIND(Attrib, "ATTRIB")                                                                                             \
     KIND(Attdef, "ATTDEF")                                                                                             \
     KIND(RemoteText, "RTEXT")                                                                                          \
+    KIND(ArcText, "ARCALIGNEDTEXT")                                                                                    \
     KIND(MText, "MTEXT")                                                                                               \
     KIND(Insert, "INSERT")                                                                                             \
     KIND(Dimension, "DIMENSION", "ARC_DIMENSION", "LARGE_RADIAL_DIMENSION")                                            \

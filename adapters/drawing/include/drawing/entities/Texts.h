@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// TEXT, ATTRIB, ATTDEF and MTEXT.
+// TEXT, ATTRIB, ATTDEF, texts along arcs and MTEXT.
 #pragma once
 
 #include "drawing/entities/Entity.h"
@@ -25,6 +25,17 @@ struct TextData : Entity {
     bool isElsewhere = false;                  ///< RTEXT: a file holds it, or an expression yet to be computed
     std::optional<EntityRecord> embeddedMText; ///< a multi-line attribute's own MTEXT tags
 };
+/// ARCALIGNEDTEXT: one letter after the other along an arc, in the font of its style. The insertion is the arc's
+/// centre; rotation and alignments of single lines aren't used. Groups as in the DXF reference of release 2000.
+struct ArcTextData : TextData {
+    double radius = 0, startAngle = 0, endAngle = 0;    ///< degrees, counter-clockwise
+    double spacing = 0;                                 ///< between two letters, besides their width
+    double offset = 0, leftOffset = 0, rightOffset = 0; ///< from the arc; from its ends, as who reads it sees them
+    std::int32_t placing = 4;                           ///< 72: 1 spread over the arc, 2 left, 3 right, 4 in its middle
+    bool isInward = false;                              ///< 71: the letters' tops point to the centre
+    bool isInside = false;                              ///< 73: on the arc's concave side
+    bool isReversed = false, isUnderlined = false;
+};
 struct MTextData : Entity {
     Vec3 insertion;
     Vec3 direction{1, 0, 0}; ///< WCS x axis of the text
@@ -47,6 +58,7 @@ struct MTextData : Entity {
 };
 
 void Read(const Drawing&, const EntityRecord&, TextData&);
+void Read(const Drawing&, const EntityRecord&, ArcTextData&);
 void Read(const Drawing&, const EntityRecord&, MTextData&);
 
 } // namespace sm::drawing
