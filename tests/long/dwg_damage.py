@@ -14,6 +14,7 @@ is right where damage made one. Prints a line a drawing and "N passed, M failed"
 """
 import argparse
 import concurrent.futures
+import itertools
 import os
 import random
 import resource
@@ -121,6 +122,19 @@ def base_memory(program):
     return run([program, "layouts", "missing.dwg"], HERE)[2].ru_maxrss * 1024
 
 
+def runs_of(options, pool, index, path, content, base):
+    """The problems of each run of one file. Another share of each file, so that cuts and changes are all met. A batch at a
+    time: a process counts the memory of the one that starts it as its own."""
+    cases = ((number, what, new) for number, (what, new) in enumerate(cases_of(content, os.path.basename(path)))
+             if (number + 3 * index) % options.share == 0)
+    runs = []
+    while batch := list(itertools.islice(cases, 2 * options.jobs)):
+        started = [pool.submit(problems_of, options, path, what, new, number // options.share, base)
+                   for number, what, new in batch]
+        runs += [one.result() for one in started]
+    return runs
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("program", type=os.path.abspath)
@@ -142,12 +156,9 @@ def main():
                 content = file.read()
             if not is_native(content):
                 continue
-            # Another share of each file, so that cuts and changes are all met.
-            runs = [pool.submit(problems_of, options, path, what, new, number // options.share, base)
-                    for number, (what, new) in enumerate(cases_of(content, os.path.basename(path)))
-                    if (number + 3 * index) % options.share == 0]
-            problems = [problem for one in runs for problem in one.result()]
-            failures = sum(1 for one in runs if one.result())
+            runs = runs_of(options, pool, index, path, content, base)
+            problems = [problem for one in runs for problem in one]
+            failures = sum(1 for one in runs if one)
             passed, failed = passed + len(runs) - failures, failed + failures
             print(f"{os.path.relpath(path, options.folder):50}{len(runs):5} runs", flush=True)
             for problem in problems:
