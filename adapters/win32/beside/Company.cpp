@@ -2,6 +2,7 @@
 #include "win32/Company.h"
 
 #include "beside/EndDialog.h"
+#include "beside/FileRows.h"
 #include "beside/ProgressWindow.h"
 #include "beside/SheetsWindow.h"
 #include "beside/StartWindow.h"
@@ -20,7 +21,13 @@ namespace {
 /// is.
 class Win32Company final : public IWin32Company {
 public:
-    explicit Win32Company(IDesktop& desktop) : m_desktop(desktop) {}
+    explicit Win32Company(IDesktop& desktop)
+        : m_desktop(desktop), m_files(desktop, [this](std::function<void()> work) {
+              if (m_sheets != nullptr)
+                  Soon(std::move(work));
+          })
+    {
+    }
 
     void StandBeside(beside::ISheetList* sheets) override
     {
@@ -28,14 +35,16 @@ public:
         m_page.reset();
         m_ways.reset();
         m_form = nullptr;
+        m_files.Forget();
         m_listed = sheets;
     }
     [[nodiscard]] beside::ISheetList* Listed() const override { return m_listed; }
+    IDesktop& Desktop() override { return m_files.Desktop(); }
 
     void Appeared(HWND window, IForm& form) override
     {
         if (m_listed == nullptr || !m_listed->StandsBeside(form.Controls().front().name))
-            return;
+            return m_files.OtherAppeared(form);
         try {
             if (m_form != &form)
                 m_ways.reset();
@@ -54,7 +63,7 @@ public:
     void Left(const IForm& form) override
     {
         if (&form != m_form)
-            return;
+            return m_files.OtherLeft();
         if (m_ways != nullptr)
             m_ways->FormIsUp(false);
         m_sheets.reset();
@@ -63,8 +72,8 @@ public:
     {
         const bool isOurs = m_sheets != nullptr && IsWindowEnabled(m_window) != FALSE;
         const bool isForms = isOurs && (message.hwnd == m_window || IsChild(m_window, message.hwnd) != FALSE);
-        if (isForms && m_ways != nullptr && message.message == WM_DROPFILES)
-            return TakeFiles(TakeDropped(message.wParam)), true;
+        if (isForms && message.message == WM_DROPFILES)
+            return TakeDrop(message), true;
         if (isOurs && m_ways != nullptr && message.message == WM_KEYDOWN && message.wParam == 'O' &&
             GetKeyState(VK_CONTROL) < 0)
             return m_ways->Open(std::nullopt), true;
@@ -111,20 +120,32 @@ private:
                 m_ways = std::make_unique<scene::WaysFromForm>(form, *drawings, m_desktop,
                                                                [this] { PostMessageW(m_window, WM_CLOSE, 0, 0); });
             m_ways->FormIsUp(true);
-            DragAcceptFiles(m_window, TRUE);
             m_sheets->onOpen = [this](const std::optional<std::string>& path) {
                 Soon([=, this] { m_ways->Open(path); });
             };
             m_sheets->onMarks = [this] { Soon([this] { m_ways->EditMarks(); }); };
             m_sheets->onDrop = [this](const std::vector<std::string>& paths) { TakeFiles(paths); };
         }
+        const beside::FileList files = m_listed->Files();
+        m_files.Serve(m_window, form, files);
+        DragAcceptFiles(m_window, m_ways != nullptr || !files.list.empty() ? TRUE : FALSE);
         m_sheets->Appear();
+    }
+    /// Files on the list of files become rows of it; a drawing anywhere else is opened.
+    void TakeDrop(const tagMSG& message)
+    {
+        POINT at = {};
+        DragQueryPoint(reinterpret_cast<HDROP>(message.wParam), &at);
+        MapWindowPoints(message.hwnd, m_window, &at, 1);
+        const bool isList = m_files.TakesAt(at);
+        const std::vector<std::string> paths = TakeDropped(message.wParam);
+        isList ? m_files.Add(paths) : TakeFiles(paths);
     }
     /// Once the window's own work has returned: it may go with the form.
     void Soon(std::function<void()> work) const { m_sheets->PostWork(std::move(work)); }
     void TakeFiles(const std::vector<std::string>& paths)
     {
-        if (paths.size() == 1 && scene::IsDrawingFile(paths.front()))
+        if (paths.size() == 1 && m_ways != nullptr && scene::IsDrawingFile(paths.front()))
             Soon([this, path = paths.front()] { m_ways->Open(path); });
         else
             m_desktop.Beep();
@@ -137,6 +158,7 @@ private:
     std::unique_ptr<scene::WaysFromForm> m_ways; ///< from the form; null: there are none
     std::unique_ptr<PageKeeper> m_page;          ///< of the list; null: it brings none, or no form was up
     std::unique_ptr<SheetsWindow> m_sheets;
+    FileRows m_files; ///< dropped on the form
     std::unique_ptr<ProgressWindow> m_progress;
 };
 

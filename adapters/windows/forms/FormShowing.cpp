@@ -7,6 +7,19 @@ namespace {
 
 constexpr int kMostEvents = 10000; ///< of one pumping: a window that never has enough of painting stops no one
 
+struct IdSearch {
+    int id;
+    HWND found;
+};
+
+BOOL CALLBACK CompareId(HWND window, LPARAM search)
+{
+    auto& wanted = *reinterpret_cast<IdSearch*>(search);
+    if (GetDlgCtrlID(window) == wanted.id)
+        wanted.found = window;
+    return wanted.found == nullptr;
+}
+
 } // namespace
 
 INT_PTR Win32FormView::Paint(HDC canvas, HWND window) const
@@ -147,6 +160,13 @@ void Win32FormView::PumpEvents()
             Dispatch(message);
         }
     });
+}
+
+HWND WindowOfControl(HWND form, std::size_t position)
+{
+    IdSearch search = {kFirstControlId + static_cast<int>(position), nullptr};
+    EnumChildWindows(form, CompareId, reinterpret_cast<LPARAM>(&search));
+    return search.found;
 }
 
 } // namespace sm::windows

@@ -24,4 +24,7 @@ public:
     virtual bool Take(const tagMSG& message) = 0;
 };
 
+/// The window of the control at that position of the form's table; null when it has none.
+HWND WindowOfControl(HWND form, std::size_t position);
+
 } // namespace sm::windows

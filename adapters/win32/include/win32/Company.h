@@ -15,6 +15,8 @@ class IWin32Company : public beside::ICompany, public windows::IFormWatcher {
 public:
     /// What was handed to it last; null: nothing.
     [[nodiscard]] virtual beside::ISheetList* Listed() const = 0;
+    /// The one that it was made with, for the forms: what is dropped on them answers their questions for files.
+    [[nodiscard]] virtual IDesktop& Desktop() = 0;
 };
 
 /// `desktop` outlives the company.
