@@ -64,7 +64,7 @@ protected:
     {
         return RunPageSetup({ofDrawing}, Here(), Parts(), out, err);
     }
-    ScreenParts Parts() { return {desktop, toolkit, picker, hasTerminal}; }
+    ScreenParts Parts() { return {desktop, toolkit, picker, hasTerminal, hasTerminal || isLedIntoFile}; }
     std::string Shell(const std::vector<std::string>& words)
     {
         std::ostringstream said;
@@ -96,6 +96,7 @@ protected:
     ScriptedToolkit toolkit;
     ScriptedPicker picker;
     bool hasTerminal = true;
+    bool isLedIntoFile = false; ///< the error stream
     std::string drawing, before;
     std::ostringstream out, err;
 };

@@ -235,7 +235,7 @@ int SettingsRun::TellConversion()
     if (report.Converted())
         m_out << ResultLine(report) << std::endl;
     else if (m_screen.company == nullptr)
-        ShowWithoutTerminal(m_screen, m_drawing + ": " + report.failure);
+        ShowUnlessRead(m_screen, m_drawing + ": " + report.failure);
     return report.exitCode;
 }
 

@@ -16,7 +16,8 @@ struct ScreenParts {
     IDesktop& desktop;
     IFormToolkit& toolkit;
     cadhost::IPointPicker& picker;
-    bool hasTerminal = false;                ///< somebody reads the error stream
+    bool hasTerminal = false;                ///< somebody sees the error stream as it comes
+    bool areErrorsRead = false;              ///< somebody gets to see it, if only later
     beside::ICompany* company = nullptr;     ///< null: nothing stands beside the forms, and no window tells the end
     beside::IWindowMemory* memory = nullptr; ///< null: nothing is remembered
     beside::IMarkWindow* marks = nullptr;    ///< null: marks are changed in the forms alone

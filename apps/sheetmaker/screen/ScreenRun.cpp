@@ -82,16 +82,16 @@ void SaveWhole(const SheetWatcher& watcher, IAcadDocument& document, const std::
     document.Close(true);
 }
 
-void ShowWithoutTerminal(const ScreenParts& screen, const std::string& text)
+void ShowUnlessRead(const ScreenParts& screen, const std::string& text)
 {
-    if (!screen.hasTerminal)
+    if (!screen.areErrorsRead)
         screen.desktop.ShowMessage({text, kProductTitle, MessageButtons::Ok, MessageIcon::Critical, {}, 0});
 }
 
 void TellOnScreen(const std::string& command, const ScreenParts& screen, std::ostream& err, const std::string& text)
 {
     err << "sheetmaker " << command << ": " << text << std::endl;
-    ShowWithoutTerminal(screen, text);
+    ShowUnlessRead(screen, text);
 }
 
 int RunOnScreen(const std::string& command, const ScreenParts& screen, std::ostream& err,

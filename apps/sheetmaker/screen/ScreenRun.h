@@ -50,8 +50,8 @@ private:
 /// confirmed is never written. Throws then, and when it can't be written. `name` stands for it in messages.
 void SaveWhole(const SheetWatcher& watcher, IAcadDocument& document, const std::string& name);
 
-/// Shows a fault in a message box when there is no terminal on which somebody has read it.
-void ShowWithoutTerminal(const ScreenParts& screen, const std::string& text);
+/// Shows a fault, which the error stream has, in a message box when nobody reads that: a box is waited for.
+void ShowUnlessRead(const ScreenParts& screen, const std::string& text);
 /// Prints "sheetmaker <command>: <text>", and shows the text as above.
 void TellOnScreen(const std::string& command, const ScreenParts& screen, std::ostream& err, const std::string& text);
 

@@ -51,8 +51,14 @@ int ShowOnScreen(const Job& job, const Install& install)
     const auto picker =
         win32::CreateDrawingWindow({ReferenceOptionsOf(install), base::ToText(install.places.shareFolder),
                                     [&company] { return company->Listed(); }, memory.get()});
-    const ScreenParts parts{company->Desktop(), *toolkit,     *picker,     base::IsTerminal(base::Stream::Errors),
-                            company.get(),      memory.get(), picker.get()};
+    const ScreenParts parts{company->Desktop(),
+                            *toolkit,
+                            *picker,
+                            base::IsTerminal(base::Stream::Errors),
+                            base::IsRead(base::Stream::Errors),
+                            company.get(),
+                            memory.get(),
+                            picker.get()};
     if (const auto* const settings = std::get_if<SettingsJob>(&job))
         return RunSettings(*settings, install, parts, std::cout, std::cerr);
     return RunPageSetup(std::get<PageSetupJob>(job), install, parts, std::cout, std::cerr);

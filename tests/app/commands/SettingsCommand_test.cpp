@@ -218,6 +218,16 @@ TEST_F(SettingsDialog, FilesThatCanNotBeOpenedAreTold)
     EXPECT_EQ(messages[0].helpContext, 0);
 }
 
+TEST_F(SettingsDialog, WhereErrorsGoIntoAFileNoMessageBoxWaits)
+{
+    hasTerminal = false;
+    isLedIntoFile = true;
+    drawing = machine.In("nothing.dxf");
+    EXPECT_EQ(Settings(""), 1);
+    EXPECT_EQ(desktop.TakeMessages().size(), 0U);
+    EXPECT_EQ(Short(err.str()), "sheetmaker settings: nothing.dxf: there is no such file; check the name\n");
+}
+
 TEST_F(SettingsDialog, SomebodyElsesChangeIsNotWrittenOver)
 {
     toolkit.When("frmGUITap", [&](FormDriver& user) {

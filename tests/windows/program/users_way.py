@@ -13,6 +13,7 @@ import re
 import shutil
 import subprocess
 import sys
+import tempfile
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), ".."))
 from convert_by_script import Desk  # noqa: E402
@@ -23,6 +24,7 @@ PICKED = ("400", "300")        # pixels of the drawing's view
 STAMP_PAGE = ("101", "2")      # the dialog's tabs, the page "Text Stamp"
 CLOSE = "8"
 LINKS = ["Global Page Setup.lnk", "Sheetmaker PDF Command Prompt.lnk", "Sheetmaker PDF Help.lnk", "Sheetmaker PDF.lnk"]
+MISSING = "sheetmaker settings: C:\\Jobs\\missing.dxf: there is no such file; check the name"
 SHIPPED, OTHER = "Graphics [600 dpi].joboptions", "Print [1200 dpi].joboptions"
 
 
@@ -90,6 +92,29 @@ class Way(Desk):
         self.check("the stamp has gone to its place on the sheet",
                    place is not None and all(20 < float(number) < 400 for number in place.groups()), True)
 
+    def missing(self):
+        """A drawing that isn't there is told in a box, unless the error stream goes where it is read."""
+        words = [*self.runner, "C:\\SM\\sheetmaker-windows.exe", "settings", "C:\\Jobs\\missing.dxf"]
+        for name, stream in (("a file", tempfile.TemporaryFile()), ("a pipe", subprocess.PIPE)):
+            try:
+                run = subprocess.run(words, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=stream, timeout=60,
+                                     check=False)
+                code = run.returncode
+                if run.stderr is None:
+                    stream.seek(0)
+                told = (run.stderr or stream.read()).decode().strip()
+            except subprocess.TimeoutExpired:
+                code, told = "a box waits", ""
+            self.check("a missing drawing, errors into " + name, (code, told), (1, MISSING))
+        shown = subprocess.Popen(words, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        played = self.run(self.driver, "window", "Tarnwick Sheetmaker PDF", "press", "OK")
+        self.check("a missing drawing, errors nowhere: the box's user", played, (0, ""))
+        try:
+            self.check("a missing drawing: the end", shown.wait(60), 1)
+        except subprocess.TimeoutExpired:
+            shown.kill()
+            self.check("a missing drawing: the end", "it is up still", 1)
+
     def upgrade(self):
         settings = self.at("SM", "Settings")
         for name, text in ((SHIPPED, "changed"), ("Own.joboptions", "own")):
@@ -125,6 +150,7 @@ def main(run_wine, folder, setup, driver, samples, drawings=""):
     if drawings and os.path.exists(drawing):
         way.dwg(drawing)
     way.dialog(samples)
+    way.missing()
     way.upgrade()
     way.uninstall()
     way.end()

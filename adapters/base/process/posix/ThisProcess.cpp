@@ -2,13 +2,16 @@
 #include "base/process/ThisProcess.h"
 
 #include <cerrno>
+#include <climits>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <new>
 #include <pwd.h>
+#include <string_view>
 
 #include <sys/random.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 extern char** environ;
@@ -46,6 +49,20 @@ std::string AccountName()
 bool IsTerminal(Stream stream)
 {
     return ::isatty(static_cast<int>(stream)) == 1;
+}
+
+// A desktop leads its programs' streams into the system's journal, which is a socket, or into a file of its own.
+bool IsRead(Stream stream)
+{
+    struct stat file = {};
+    if (::fstat(static_cast<int>(stream), &file) != 0)
+        return false;
+    if (!S_ISREG(file.st_mode))
+        return S_ISFIFO(file.st_mode) || IsTerminal(stream);
+    const std::string link = "/proc/self/fd/" + std::to_string(static_cast<int>(stream));
+    char path[PATH_MAX] = {};
+    const ssize_t length = ::readlink(link.c_str(), path, sizeof path);
+    return length < 0 || !std::string_view(path, static_cast<std::size_t>(length)).ends_with("/.xsession-errors");
 }
 
 std::uint64_t MachineMemory()

@@ -50,11 +50,26 @@ std::string AccountName()
     return ::GetUserNameW(name, &size) != FALSE ? Narrow(name) : std::string();
 }
 
-bool IsTerminal(Stream stream)
+namespace {
+
+HANDLE HandleOf(Stream stream)
 {
     constexpr DWORD kStreams[] = {STD_INPUT_HANDLE, STD_OUTPUT_HANDLE, STD_ERROR_HANDLE};
+    return ::GetStdHandle(kStreams[static_cast<int>(stream)]);
+}
+
+} // namespace
+
+bool IsTerminal(Stream stream)
+{
     DWORD mode = 0;
-    return ::GetConsoleMode(::GetStdHandle(kStreams[static_cast<int>(stream)]), &mode) != FALSE;
+    return ::GetConsoleMode(HandleOf(stream), &mode) != FALSE;
+}
+
+bool IsRead(Stream stream)
+{
+    const DWORD type = ::GetFileType(HandleOf(stream));
+    return type == FILE_TYPE_DISK || type == FILE_TYPE_PIPE || IsTerminal(stream);
 }
 
 std::uint64_t MachineMemory()

@@ -25,6 +25,9 @@ std::string AccountName();
 /// Is the stream of that kind shown on a terminal?
 enum class Stream { Input = 0, Output = 1, Errors = 2 };
 bool IsTerminal(Stream stream);
+/// Does what is written there reach anybody: a terminal, or a file or pipe that it was led into? Not so where a desktop
+/// starts programs: there is no such stream, or nobody looks at where it goes.
+bool IsRead(Stream stream);
 
 /// Bytes of memory that the machine has; 0: unknown.
 std::uint64_t MachineMemory();
