@@ -24,6 +24,9 @@ public:
     {
         std::error_code unreadable;
         const base::MappedFile file(page.psPath, base::MappedFile::Reading::InParts, unreadable);
+        if (unreadable) { // too large for a process of 32 bits, for one
+            FailReading(page.psPath, page.number, unreadable.message());
+        }
         const auto ours = DialectRespects(jobOptions) ? ReadDialectPage(file.Bytes()) : std::nullopt;
         if (!ours || !JobOptionsKeepPictures(jobOptions, ours->pictures)) {
             m_others->CheckPage(page, jobOptions);

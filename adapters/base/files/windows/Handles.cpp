@@ -54,6 +54,24 @@ constexpr Pair kErrors[] = {
     {ERROR_INVALID_PARAMETER, EINVAL},
     {ERROR_BAD_EXE_FORMAT, ENOEXEC},
     {ERROR_EXE_MACHINE_TYPE_MISMATCH, ENOEXEC},
+    {ERROR_DELETE_PENDING, EACCES},
+    {ERROR_NO_SYSTEM_RESOURCES, ENOMEM},
+    {ERROR_WORKING_SET_QUOTA, ENOMEM},
+    {ERROR_NOT_ENOUGH_QUOTA, ENOMEM},
+};
+
+/// Those that no errno stands for: an error of input or output to whoever asks, and told by the system's number.
+class OtherErrors final : public std::error_category {
+public:
+    [[nodiscard]] const char* name() const noexcept override { return "windows"; }
+    [[nodiscard]] std::string message(int error) const override
+    {
+        return std::generic_category().message(EIO) + " (Windows error " + std::to_string(error) + ")";
+    }
+    [[nodiscard]] std::error_condition default_error_condition(int) const noexcept override
+    {
+        return std::errc::io_error;
+    }
 };
 
 } // namespace
@@ -89,7 +107,9 @@ std::error_code ErrorOf(DWORD error)
 {
     const auto known = std::find_if(std::begin(kErrors), std::end(kErrors),
                                     [error](const Pair& pair) { return pair.system == error; });
-    return {known == std::end(kErrors) ? EIO : known->number, std::generic_category()};
+    static const OtherErrors others;
+    return known == std::end(kErrors) ? std::error_code(static_cast<int>(error), others)
+                                      : std::error_code(known->number, std::generic_category());
 }
 
 std::error_code LastError()
