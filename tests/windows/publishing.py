@@ -122,6 +122,16 @@ class PublishingDesk(Desk):
         shutil.copy(program, os.path.join(self.drive, "Interpreter", "bin", "gswin64c.exe"))
         self.run("reg", "add", INTERPRETERS, "/v", "GS_DLL", "/d", "C:\\Interpreter\\bin\\gsdll64.dll", "/f", "/reg:64")
 
+    def install_interpreter(self, program):
+        """As our own installer leaves it, in the folder of program and component."""
+        os.makedirs(os.path.join(self.drive, "SM", "ghostscript"))
+        shutil.copy(program, os.path.join(self.drive, "SM", "ghostscript", "gs.exe"))
+
+    def expect_interpreter(self, name, path):
+        told = self.run("C:\\SM\\sheetmaker.exe", "doctor")[1]
+        self.check(name + ": the interpreter", re.findall(r"^(\w+ +Ghostscript: .*)", told, re.M),
+                   [f"{'ok':<9} Ghostscript: 10.00.0, {path}"])
+
     def temporary_folders(self):
         users = os.path.join(self.drive, "users")
         return [name for _, folders, _ in os.walk(users) for name in folders if name.startswith("sheetmaker-") and
@@ -155,6 +165,14 @@ def foreign_pages(desk, script, interpreter):
     desk.convert_once("an interpreter", script)
     desk.look_at("an interpreter", "interpreted")
     desk.check("an interpreter: log", desk.own_log(), LOG)
+    desk.expect_interpreter("a registered one", "C:/Interpreter/bin/gswin64c.exe")
+    desk.install_interpreter(interpreter)
+    desk.expect_interpreter("a registered one and our own", "C:/SM/ghostscript/gs.exe")
+    desk.run("reg", "delete", INTERPRETERS, "/f", "/reg:64")
+    desk.convert_once("our own interpreter", script)
+    desk.look_at("our own interpreter", "interpreted")
+    desk.check("our own interpreter: log", desk.own_log(), LOG)
+    shutil.rmtree(os.path.join(desk.drive, "SM", "ghostscript"))
 
 
 def library_wanted(desk, script):
@@ -209,6 +227,7 @@ def main(run_wine, folder, setup, test_host, scripts, interpreter, samples, bits
     desk = PublishingDesk(run_wine, folder, os.path.join(os.path.dirname(test_host), "drive_forms.exe"), bits)
     script = os.path.join(scripts, "Convert.vbs")
     desk.install(setup, test_host)
+    shutil.rmtree(os.path.join(desk.drive, "SM", "ghostscript"), ignore_errors=True)  # an installer may bring it
     desk.expect_component()
     desk.forget_library()
     desk.choose(AUTOMATIC)

@@ -3,6 +3,7 @@
 
 #include "base/files/Paths.h"
 #include "base/process/ThisProcess.h"
+#include "base/windows/Handles.h"
 #include "windows/RegisteredInterpreter.h"
 
 #include <filesystem>
@@ -14,6 +15,26 @@ namespace fs = std::filesystem;
 
 /// What its own installer calls those without a window.
 constexpr const char* kOwnNames[] = {"gswin64c", "gswin32c"};
+
+/// The folder of the program or the component that this is part of.
+fs::path OwnFolder()
+{
+    static const char anchor = 0;
+    HMODULE module = nullptr;
+    ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                         reinterpret_cast<LPCWSTR>(&anchor), &module);
+    std::wstring path(32768, L'\0');
+    path.resize(::GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size())));
+    return fs::path(path).parent_path();
+}
+
+/// The one that our own installer has put beside us, when it was asked to; empty when it wasn't.
+std::string Installed()
+{
+    std::error_code unreadable;
+    const fs::path program = OwnFolder() / "ghostscript" / "gs.exe";
+    return fs::is_regular_file(program, unreadable) ? base::ToText(program) : std::string();
+}
 
 /// The last of the versions in the folder where its own installer puts them, in case of an installation that was copied
 /// there; empty when there is none.
@@ -39,6 +60,9 @@ std::string FindInterpreter(const std::string& program)
 {
     if (program.find_first_of("/\\") != std::string::npos) // a certain one
         return base::FindProgram(program);
+    // Ours goes first: who installs it has chosen it, and this program has been tested with it.
+    if (std::string installed = Installed(); !installed.empty())
+        return installed;
     if (std::string registered = RegisteredInterpreter(); !registered.empty())
         return registered;
     for (const std::string& name : {program, std::string(kOwnNames[0]), std::string(kOwnNames[1])})

@@ -115,8 +115,10 @@ DriverReport ReadDriverOutput(std::string_view output, std::string_view nonce)
     DriverReport report;
     while (!output.empty()) {
         const auto end = std::min(output.find('\n'), output.size());
-        const std::string_view line = output.substr(0, end);
+        std::string_view line = output.substr(0, end);
         output.remove_prefix(std::min(end + 1, output.size()));
+        if (line.ends_with('\r')) // what the interpreter prints is text, with the line ends of its system
+            line.remove_suffix(1);
         if (line.starts_with(nonce)) {
             ReadReportLine(Words(line.substr(nonce.size())), report);
         } else if (!line.empty()) {

@@ -31,7 +31,7 @@ std::string VersionOf(const std::string& program, const system::Environment& env
     command.limits.deadline = kPatience;
     const base::ChildResult result = base::RunChild(command);
     const bool ended = result.end == base::ChildResult::End::Exited && result.code == 0;
-    return ended ? result.output.substr(0, result.output.find('\n')) : std::string();
+    return ended ? result.output.substr(0, result.output.find_first_of("\r\n")) : std::string();
 }
 
 /// Is there an outline font in the folder, or below it?
