@@ -45,6 +45,9 @@ set(packaging ${CMAKE_SOURCE_DIR}/packaging/windows)
 # That of the other preset goes along, under a name of its own, when it has been built.
 set(component32 ${CMAKE_SOURCE_DIR}/build/windows32/adapters/windows/server/TwAcadPdf.dll)
 file(GLOB built32 CONFIGURE_DEPENDS ${component32})
+# The installer offers Ghostscript where one is handed to it.
+set(SM_GHOSTSCRIPT none CACHE PATH "What packaging/windows/build-ghostscript made; none: the installer brings no Ghostscript")
+file(GLOB ghostscript CONFIGURE_DEPENDS ${SM_GHOSTSCRIPT}/gs.exe)
 file(GLOB_RECURSE shipped CONFIGURE_DEPENDS ${share}/*)
 set(programs)
 if(SM_PROGRAM)
@@ -55,9 +58,10 @@ set(files ${CMAKE_BINARY_DIR}/files.nsh)
 file(GLOB packing CONFIGURE_DEPENDS ${packaging}/*)
 file(GLOB windows_help CONFIGURE_DEPENDS ${packaging}/help/*)
 add_custom_command(OUTPUT ${files}
-    COMMAND ${packaging}/stage-files ${stage} ${component} ${component32} ${share} ${CMAKE_SOURCE_DIR}/LICENSE ${programs}
+    COMMAND ${packaging}/stage-files ${stage} ${component} ${component32} ${SM_GHOSTSCRIPT} ${share}
+            ${CMAKE_SOURCE_DIR}/LICENSE ${programs}
     COMMAND ${packaging}/list-files ${stage} ${files}
-    DEPENDS TwAcadPdf ${built32} ${programs} ${packing} ${windows_help} ${shipped} VERBATIM)
+    DEPENDS TwAcadPdf ${built32} ${ghostscript} ${programs} ${packing} ${windows_help} ${shipped} VERBATIM)
 add_custom_command(OUTPUT ${SM_SETUP}
     COMMAND makensis -V1 -WX -DVERSION=${PROJECT_VERSION} -DSTAGE=${stage} -DFILES=${files} -DSIGN=${packaging}/sign
             -DICON=${packaging}/sheetmaker-pdf.ico -DOUTPUT=${SM_SETUP} ${packaging}/installer.nsi

@@ -129,13 +129,13 @@ FunctionEnd
     Delete "$INSTDIR\${NAME}.former"
     ClearErrors
     SetOverwrite try
-    File "${STAGE}/${NAME}"
+    File "/oname=${NAME}" "${STAGE}/${NAME}"
     ${If} ${Errors}
         Push "${NAME}"
         Call PutAside
         Pop $R1
         ${If} $R1 == 1
-            File "${STAGE}/${NAME}"
+            File "/oname=${NAME}" "${STAGE}/${NAME}"
         ${Else}
             File "/oname=${NAME}.new" "${STAGE}/${NAME}"
             Rename /REBOOTOK "$INSTDIR\${NAME}.new" "$INSTDIR\${NAME}"
@@ -262,6 +262,18 @@ Function .onSelChange
 FunctionEnd
 !endif
 
+; A program of its own, under a licence of its own, which the other two find in this folder.
+!if /FileExists "${STAGE}/ghostscript/gs.exe"
+Section "Ghostscript (PDF underlays, PostScript of other programs)"
+    CreateDirectory "$INSTDIR\ghostscript"
+    SetOutPath "$INSTDIR"
+    !insertmacro InstallProgram "ghostscript\gs.exe"
+    SetOutPath "$INSTDIR\ghostscript"
+    File "${STAGE}/ghostscript/License.txt"
+    File "${STAGE}/ghostscript/Source.txt"
+SectionEnd
+!endif
+
 Section "Component for CAD programs"
     SectionIn RO
     SetOutPath "$INSTDIR"
@@ -321,6 +333,10 @@ Section "Uninstall"
     !insertmacro RemoveProgram TwAcadPdf32.dll
     !insertmacro RemoveProgram sheetmaker.exe
     !insertmacro RemoveProgram sheetmaker-windows.exe
+    !insertmacro RemoveProgram "ghostscript\gs.exe"
+    Delete "$INSTDIR\ghostscript\License.txt"
+    Delete "$INSTDIR\ghostscript\Source.txt"
+    RMDir "$INSTDIR\ghostscript"
     Delete "${MENU}\Sheetmaker PDF.lnk"
     Delete "${MENU}\Global Page Setup.lnk"
     Delete "${MENU}\Sheetmaker PDF Command Prompt.lnk"

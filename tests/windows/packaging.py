@@ -147,8 +147,8 @@ class Packer:
             shutil.copy(self.component, program)
         stage, files = os.path.join(self.folder, "stage"), os.path.join(self.folder, "files.nsh")
         setup, packed = os.path.join(folder, "Setup-1.exe"), os.path.join(folder, "packed.zip")
-        self.tool(f"{self.packaging}/stage-files", stage, self.component, "none", f"{self.source}/share/sheetmaker-pdf",
-                  f"{self.source}/LICENSE", *programs, **environment)
+        self.tool(f"{self.packaging}/stage-files", stage, self.component, "none", "none",
+                  f"{self.source}/share/sheetmaker-pdf", f"{self.source}/LICENSE", *programs, **environment)
         self.tool(f"{self.packaging}/list-files", stage, files, **environment)
         self.tool("makensis", "-V1", "-WX", f"-DVERSION={self.version}", f"-DSTAGE={stage}", f"-DFILES={files}",
                   f"-DSIGN={self.packaging}/sign", f"-DICON={self.packaging}/sheetmaker-pdf.ico", f"-DOUTPUT={setup}",
