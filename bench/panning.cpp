@@ -3,6 +3,8 @@
 //
 //     panning DRAWING...      one line each, of the model; needs no screen
 #include "drawing/Drawing.h"
+#include "render/References.h"
+#include "render/TextLayout.h"
 #include "view/DrawingView.h"
 
 #include <QApplication>
@@ -56,7 +58,7 @@ double SnapMicroseconds(const DrawingView& view, const LayoutPicture& picture)
     std::size_t found = 0;
     const auto start = Clock::now();
     for (int i = 0; i < kMoves; ++i) {
-        const sm::scene::Vec2 at = view.Map().ToScene({i * 37.0 / 29 - i / 1000 * 1200.0, i * 7 % 800 * 1.0});
+        const sm::Vec2 at = view.Map().ToScene({i * 37.0 / 29 - i / 1000 * 1200.0, i * 7 % 800 * 1.0});
         found += picture.snaps.Find(at, 10 / view.Map().scale) ? 1 : 0;
     }
     const double each = Since(start) * 1000 / kMoves;

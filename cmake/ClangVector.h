@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Read before everything else by clang 14 in the fuzzers' build: a class of qpdf holds a vector of itself, which that
-// compiler refuses where the vector's own operations are constexpr.
+// Read before everything else by clang 14: a class of qpdf holds a vector of itself, which that compiler refuses where
+// the vector's own operations are constexpr.
 #pragma once
 
 #include <memory>

@@ -23,9 +23,10 @@ endfunction()
 # A room's sources are compiled twelve at a time: reading the headers costs more than most sources. The names of a room
 # are therefore its own even where no header has them. Developers' presets go without, so that a touched source costs
 # itself alone.
+set(SM_UNITY_BATCH 12 CACHE STRING "How many sources are compiled together")
 option(SM_UNITY "Compile a room's sources together" OFF)
 function(compile_together target)
-    set_target_properties(${target} PROPERTIES UNITY_BUILD ${SM_UNITY} UNITY_BUILD_BATCH_SIZE 12)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ${SM_UNITY} UNITY_BUILD_BATCH_SIZE ${SM_UNITY_BATCH})
 endfunction()
 
 # What one system alone has lies in folders that are named after it.

@@ -4,6 +4,7 @@
 #include "Crowd.h"
 
 #include "beside/PagePane.h"
+#include "drawing/Drawing.h"
 #include "screen/PagePreview.h"
 
 #include <chrono>

@@ -97,8 +97,8 @@ std::string ExpandStampText(Surroundings& surroundings, const std::string& text,
         {"&[Path]", [&] { return locale.UpperCase(FolderPart(locale, drawingFullName)); }},
     };
     std::string result = text;
-    for (const auto& [macro, value] : macros)
-        if (const auto replaced = CarryOn([&] { return ReplaceAll(result, macro, value()); }))
+    for (const auto& macro : macros)
+        if (const auto replaced = CarryOn([&] { return ReplaceAll(result, macro.first, macro.second()); }))
             result = *replaced;
     return result;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "doubles/FaultPlan.h"
+#include "drawing/Drawing.h"
 #include "ports/HostError.h"
 #include "ports/IAcadApplication.h"
 

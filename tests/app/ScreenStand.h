@@ -9,6 +9,7 @@
 #include "commands/SettingsCommand.h"
 #include "doubles/ScriptedDesktop.h"
 #include "doubles/ScriptedToolkit.h"
+#include "drawing/Drawing.h"
 
 #include <deque>
 #include <gtest/gtest.h>
@@ -19,21 +20,21 @@ namespace sm::app {
 /// Gives the points of a list, one after the other; then the user has cancelled.
 class ScriptedPicker final : public cadhost::IPointPicker {
 public:
-    std::deque<drawing::Vec2> points;
+    std::deque<Vec2> points;
     std::vector<std::string> calls; ///< "Enter a point:  on A-101 Ground Floor"
 
-    std::optional<drawing::Vec2> PickPoint(const drawing::Drawing& drawing, std::size_t& layout,
-                                           const std::string& prompt) override
+    std::optional<Vec2> PickPoint(const drawing::Drawing& drawing, std::size_t& layout,
+                                  const std::string& prompt) override
     {
         calls.push_back(prompt + "on " + drawing.Layouts()[layout].name);
         if (points.empty())
             return {};
-        const drawing::Vec2 point = points.front();
+        const Vec2 point = points.front();
         points.pop_front();
         return point;
     }
-    std::optional<drawing::Vec2> PickCorner(const drawing::Drawing& drawing, std::size_t layout, drawing::Vec2,
-                                            const std::string& prompt) override
+    std::optional<Vec2> PickCorner(const drawing::Drawing& drawing, std::size_t layout, Vec2,
+                                   const std::string& prompt) override
     {
         return PickPoint(drawing, layout, prompt);
     }

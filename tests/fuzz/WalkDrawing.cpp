@@ -3,6 +3,7 @@
 
 #include "drawing/Annotation.h"
 #include "drawing/EntityKinds.h"
+#include "drawing/Finding.h"
 #include "drawing/entities/AnnotationContexts.h"
 #include "drawing/entities/Curves.h"
 #include "drawing/entities/DimStyles.h"

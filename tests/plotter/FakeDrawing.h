@@ -3,6 +3,8 @@
 #pragma once
 
 #include "drawing/Drawing.h"
+#include "drawing/DwgConverter.h"
+#include "drawing/Finding.h"
 
 #include <map>
 
@@ -11,7 +13,7 @@ namespace sm::plotter {
 class FakeDrawing : public drawing::Drawing {
 public:
     std::map<std::string, std::int32_t, std::less<>> integers;
-    std::map<std::string, drawing::Vec3, std::less<>> points;
+    std::map<std::string, Vec3, std::less<>> points;
     std::vector<drawing::NamedView> views;
     std::optional<drawing::ModelView> active;
     std::vector<drawing::TextStyle> styles;
@@ -27,7 +29,7 @@ public:
         return found == integers.end() ? fallback : found->second;
     }
     std::string HeaderText(std::string_view, const std::string& fallback) const override { return fallback; }
-    std::optional<drawing::Vec3> HeaderPoint(std::string_view name) const override
+    std::optional<Vec3> HeaderPoint(std::string_view name) const override
     {
         const auto found = points.find(name);
         return found == points.end() ? std::nullopt : std::optional(found->second);

@@ -7,10 +7,7 @@
 #include <vector>
 
 namespace sm::plotter {
-
-using drawing::Box2;
 using drawing::PlotSettings;
-using drawing::Vec2;
 
 inline constexpr int kCentered = 4, kStandard = 16;
 inline constexpr int kDisplay = 0, kExtents = 1, kLimits = 2, kView = 3, kWindow = 4, kLayout = 5;

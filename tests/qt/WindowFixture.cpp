@@ -3,6 +3,7 @@
 
 #include "QtStand.h"
 
+#include "drawing/Drawing.h"
 #include "view/DrawingView.h"
 
 #include <QApplication>
@@ -66,7 +67,7 @@ Point DrawingWindowTest::PickPoint(std::size_t layout, const std::function<void(
     return picker->PickPoint(*drawing, active, "Enter a point: ");
 }
 
-Point DrawingWindowTest::PickCorner(std::size_t layout, drawing::Vec2 first, const std::function<void()>& steps)
+Point DrawingWindowTest::PickCorner(std::size_t layout, Vec2 first, const std::function<void()>& steps)
 {
     QTimer::singleShot(kSoon, qApp, [&] {
         Settle();
@@ -108,7 +109,7 @@ void DrawingWindowTest::Settle()
     QCoreApplication::processEvents();
 }
 
-drawing::Vec2 DrawingWindowTest::PointAt(QPointF pixel)
+Vec2 DrawingWindowTest::PointAt(QPointF pixel)
 {
     Move(pixel, Qt::ShiftModifier);
     const QStringList parts = TextOf("place").split(", ");
@@ -117,12 +118,12 @@ drawing::Vec2 DrawingWindowTest::PointAt(QPointF pixel)
     return {parts[0].toDouble(), parts[1].toDouble()};
 }
 
-QPointF DrawingWindowTest::PixelOf(drawing::Vec2 point)
+QPointF DrawingWindowTest::PixelOf(Vec2 point)
 {
     const QPointF a(100, 100);
     const QPointF b(500, 400);
-    const drawing::Vec2 p = PointAt(a);
-    const drawing::Vec2 q = PointAt(b);
+    const Vec2 p = PointAt(a);
+    const Vec2 q = PointAt(b);
     return {a.x() + (point.x - p.x) / (q.x - p.x) * (b.x() - a.x()),
             a.y() + (point.y - p.y) / (q.y - p.y) * (b.y() - a.y())};
 }

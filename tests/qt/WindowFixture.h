@@ -16,7 +16,7 @@
 
 namespace sm::qt {
 
-using Point = std::optional<drawing::Vec2>;
+using Point = std::optional<Vec2>;
 
 class DrawingWindowTest : public ::testing::Test {
 protected:
@@ -28,7 +28,7 @@ protected:
     const drawing::Drawing& OpenText(const std::string& dxf);
     /// Runs `steps` once the window is up and has painted the drawing whole.
     Point PickPoint(std::size_t layout, const std::function<void()>& steps);
-    Point PickCorner(std::size_t layout, drawing::Vec2 first, const std::function<void()>& steps);
+    Point PickCorner(std::size_t layout, Vec2 first, const std::function<void()>& steps);
 
     // For the steps.
     static QWidget& Window();
@@ -37,9 +37,9 @@ protected:
     /// Runs events until the view shows all it is to show.
     static void Settle();
     /// Pixels of a point of the open drawing, by what the window says is under the mouse.
-    QPointF PixelOf(drawing::Vec2 point);
+    QPointF PixelOf(Vec2 point);
     /// What the window says is there, snaps suspended.
-    drawing::Vec2 PointAt(QPointF pixel);
+    Vec2 PointAt(QPointF pixel);
     static void Move(QPointF pixel, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     static void Press(QPointF pixel, Qt::MouseButton button = Qt::LeftButton,
                       Qt::KeyboardModifiers modifiers = Qt::NoModifier);

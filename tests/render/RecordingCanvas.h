@@ -14,6 +14,7 @@
 #pragma once
 
 #include "render/Canvas.h"
+#include "render/Picture.h"
 
 #include <array>
 #include <charconv>

@@ -5,6 +5,7 @@
 #include "FakeTextEngine.h"
 #include "RecordingCanvas.h"
 
+#include "drawing/Drawing.h"
 #include "render/FrontEnd.h"
 
 #include <algorithm>

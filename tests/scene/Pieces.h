@@ -8,7 +8,7 @@
 
 namespace sm::scene {
 
-inline render::Path LineOf(drawing::Vec2 a, drawing::Vec2 b)
+inline render::Path LineOf(Vec2 a, Vec2 b)
 {
     render::Path path;
     path.MoveTo(a);

@@ -2,6 +2,7 @@
 #include "devices/OwnPlotArea.h"
 
 #include "answers/HostText.h"
+#include "drawing/Drawing.h"
 #include "drawing/PlanView.h"
 #include "ports/PlotNumbers.h"
 
@@ -9,8 +10,6 @@
 
 namespace sm::cadhost {
 namespace {
-
-using drawing::Box2;
 using drawing::NamedView;
 using drawing::PlotSettings;
 
@@ -55,7 +54,7 @@ const NamedView* OneThatFits(const drawing::Drawing& drawing, const PlotSettings
     return found;
 }
 
-Box2 Moved(const Box2& box, drawing::Vec2 by)
+Box2 Moved(const Box2& box, Vec2 by)
 {
     return {box.min + by, box.max + by};
 }
@@ -92,7 +91,7 @@ std::string MendWindow(const drawing::Drawing& drawing, const drawing::Layout& l
     const auto view = layout.isModel ? drawing.ActiveModelView() : std::nullopt;
     if (own.plotType != kPlotWindow || !view || !drawing::IsPlanView(view->direction) || view->twist != 0)
         return {};
-    const drawing::Vec2 target{view->target.x, view->target.y};
+    const Vec2 target{view->target.x, view->target.y};
     if (target.x == 0 && target.y == 0)
         return {};
     const Box2 shown = extents({});

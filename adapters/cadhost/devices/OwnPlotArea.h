@@ -10,7 +10,7 @@
 namespace sm::cadhost {
 
 /// What `Place` asks for: the box of what the layout's space plots, in the display plane of a view.
-using ExtentsSource = std::function<drawing::Box2(const render::Matrix3& view)>;
+using ExtentsSource = std::function<Box2(const render::Matrix3& view)>;
 
 /// A view to plot that the drawing lacks gives way to the one paper view that fits the sheet, else to the extents.
 /// Changes plot type and view name of `own`; the remark for it, or empty where nothing had to be changed.

@@ -41,9 +41,9 @@ double FiniteOrZero(double value)
     return std::isfinite(value) ? value : 0;
 }
 
-drawing::Vec2 AcrossWhenTurned(drawing::Vec2 v, std::int32_t rotation)
+Vec2 AcrossWhenTurned(Vec2 v, std::int32_t rotation)
 {
-    return (rotation & 1) != 0 ? drawing::Vec2{v.y, v.x} : v;
+    return (rotation & 1) != 0 ? Vec2{v.y, v.x} : v;
 }
 
 /// A layout of which the file says nothing shows everything it holds.
@@ -65,7 +65,7 @@ void MendValues(drawing::PlotSettings& values, bool isModel)
     if (values.paperUnits < kPaperInches || values.paperUnits > kPaperPixels)
         values.paperUnits = kPaperMillimeters;
     values.origin = {FiniteOrZero(values.origin.x), FiniteOrZero(values.origin.y)};
-    const drawing::Box2& window = values.window;
+    const Box2& window = values.window;
     for (const double side : {window.min.x, window.min.y, window.max.x, window.max.y}) {
         if (!std::isfinite(side)) {
             values.window = {{0, 0}, {0, 0}};

@@ -41,18 +41,18 @@ public:
         return m_values;
     }
     /// The plot window in world coordinates where the layout is seen in plan, in its display plane else.
-    [[nodiscard]] const drawing::Box2& Window() const { return m_values.window; }
-    void SetWindow(const drawing::Box2& window) { ValuesToWrite().window = window; }
+    [[nodiscard]] const Box2& Window() const { return m_values.window; }
+    void SetWindow(const Box2& window) { ValuesToWrite().window = window; }
     /// Of the plot, along the drawing's axes, millimetres. The file has it along the axes of the unturned sheet. After
     /// a plot the one that the plotter used, which a centred plot has of its own, until something is written: marks are
     /// placed by it. At all other times the one that was stored.
-    [[nodiscard]] drawing::Vec2 Origin() const { return m_plottedOrigin.value_or(m_origin); }
-    void SetOrigin(drawing::Vec2 origin)
+    [[nodiscard]] Vec2 Origin() const { return m_plottedOrigin.value_or(m_origin); }
+    void SetOrigin(Vec2 origin)
     {
         m_plottedOrigin.reset();
         m_origin = origin;
     }
-    void KeepPlottedOrigin(drawing::Vec2 origin) { m_plottedOrigin = origin; }
+    void KeepPlottedOrigin(Vec2 origin) { m_plottedOrigin = origin; }
 
     void Refresh(const PlotFolders& folders);
     const std::vector<std::string>& Devices(const PlotFolders& folders);
@@ -92,8 +92,8 @@ private:
     std::string m_device;
     Medium m_ownSheet, m_sheet;
     std::shared_ptr<const Pc3File> m_pc3;
-    drawing::Vec2 m_origin;
-    std::optional<drawing::Vec2> m_plottedOrigin;
+    Vec2 m_origin;
+    std::optional<Vec2> m_plottedOrigin;
     std::int32_t m_mendedType = 0;
     bool m_fitted = false;
     std::vector<std::string> m_remarks;

@@ -22,7 +22,7 @@ void PlotConfiguration::PlotSheetAsWindow()
     const Margins margins = SheetMargins();
     const double across = m_sheet.width - margins.left - margins.right;
     const double along = m_sheet.height - margins.bottom - margins.top;
-    const PlotScale scale = Scale([](auto&) { return drawing::Box2{}; });
+    const PlotScale scale = Scale([](auto&) { return Box2{}; });
     const double unit = m_values.paperUnits == kPaperInches ? kMillimetresPerInch : 1;
     const double millimetres = unit * scale.numerator / scale.denominator;
     m_values.window = {{0, 0}, {(lying ? along : across) / millimetres, (lying ? across : along) / millimetres}};

@@ -19,10 +19,6 @@
 namespace sm::cadhost {
 namespace {
 
-using drawing::Box2;
-using drawing::Vec2;
-using drawing::Vec3;
-
 void Add(Box2& box, Vec3 p)
 {
     box.Add(Vec2{p.x, p.y});

@@ -126,7 +126,7 @@ public:
     std::string Name() override { return m_insert.blockName; }
     AcadPoint InsertionPoint() override
     {
-        const drawing::Vec3 point = WorldPoint(m_insert.insertion, m_insert.extrusion);
+        const Vec3 point = WorldPoint(m_insert.insertion, m_insert.extrusion);
         return {point.x, point.y, point.z};
     }
 
@@ -156,8 +156,7 @@ public:
     }
     void GetBoundingBox(AcadPoint& lowerLeft, AcadPoint& upperRight) override
     {
-        const drawing::Box2 box =
-            AsHost([&] { return BoxOf(m_open->File(), m_record, m_open->Text(), &m_open->References()); });
+        const Box2 box = AsHost([&] { return BoxOf(m_open->File(), m_record, m_open->Text(), &m_open->References()); });
         if (box.Empty())
             throw HostError("GetBoundingBox: the " + std::string(m_open->File().EntityName(m_record)) + " of line " +
                             std::to_string(m_record.line) + " has no extents");

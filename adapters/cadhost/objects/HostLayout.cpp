@@ -60,7 +60,7 @@ public:
     }
     void GetWindowToPlot(AcadPoint& lowerLeft, AcadPoint& upperRight) override
     {
-        const drawing::Box2 window = Configuration().Window();
+        const Box2 window = Configuration().Window();
         lowerLeft = {window.min.x, window.min.y, 0};
         upperRight = {window.max.x, window.max.y, 0};
     }
@@ -78,7 +78,7 @@ public:
     void SetCenterPlot(bool value) override { Set(PlotSettings::kCentered, value); }
     AcadPoint PlotOrigin() override
     {
-        const drawing::Vec2 origin = Configuration().Origin();
+        const Vec2 origin = Configuration().Origin();
         return {origin.x, origin.y, 0};
     }
     void SetPlotOrigin(const AcadPoint& origin) override

@@ -40,7 +40,7 @@ public:
     std::string Name() override { return m_view.name; }
     AcadPoint Center() override
     {
-        const drawing::Vec2 center = CenterOf(m_view);
+        const Vec2 center = CenterOf(m_view);
         return {center.x, center.y, 0};
     }
     double Width() override { return m_view.width; }
@@ -121,7 +121,7 @@ private:
         IPointPicker* const picker = m_session->Options().picker;
         if (picker == nullptr)
             throw HostError("there is no window to pick in");
-        const std::optional<drawing::Vec2> point = AsHost([&] { return ask(*picker); });
+        const std::optional<Vec2> point = AsHost([&] { return ask(*picker); });
         if (!point)
             throw HostError("the user cancelled picking");
         return {point->x, point->y, 0};

@@ -6,8 +6,6 @@
 namespace sm::cadhost {
 namespace {
 
-using drawing::Vec3;
-
 Vec3 Cross(Vec3 a, Vec3 b)
 {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};

@@ -2,11 +2,11 @@
 // Points of an entity's own system in the world.
 #pragma once
 
-#include "drawing/Geometry.h"
+#include "base/Geometry.h"
 
 namespace sm::cadhost {
 
 /// The arbitrary axis algorithm (DXF reference, object coordinate systems). An extrusion without length is (0, 0, 1).
-drawing::Vec3 WorldPoint(drawing::Vec3 own, drawing::Vec3 extrusion);
+Vec3 WorldPoint(Vec3 own, Vec3 extrusion);
 
 } // namespace sm::cadhost

@@ -10,8 +10,6 @@
 namespace sm::cadhost {
 namespace {
 
-using drawing::Box2;
-
 /// The limits of a new drawing, where the file says nothing.
 constexpr std::array<double, 4> kMetricLimits{0, 0, 420, 297};
 constexpr std::array<double, 4> kImperialLimits{0, 0, 12, 9};
@@ -37,7 +35,7 @@ Box2 ExtentsOf(OpenDrawing& open)
     return box.Empty() ? Box2{{kNowhere, kNowhere}, {-kNowhere, -kNowhere}} : box;
 }
 
-AcadPoint PointOf(drawing::Vec2 p)
+AcadPoint PointOf(Vec2 p)
 {
     return {p.x, p.y, 0};
 }

@@ -19,13 +19,12 @@ std::size_t EntitiesOn(const drawing::Drawing& drawing, const drawing::Layout& l
     return count - (hasOwn ? 1 : 0);
 }
 
-bool LiesOutside(const drawing::Box2& box, const plotter::Placement& placement)
+bool LiesOutside(const Box2& box, const plotter::Placement& placement)
 {
-    drawing::Box2 onSheet;
-    for (const drawing::Vec2 corner :
-         {box.min, drawing::Vec2{box.max.x, box.min.y}, box.max, drawing::Vec2{box.min.x, box.max.y}})
+    Box2 onSheet;
+    for (const Vec2 corner : {box.min, Vec2{box.max.x, box.min.y}, box.max, Vec2{box.min.x, box.max.y}})
         onSheet.Add(placement.toPaper.Apply(corner));
-    const drawing::Box2& clip = placement.clip;
+    const Box2& clip = placement.clip;
     return onSheet.max.x < clip.min.x || onSheet.min.x > clip.max.x || onSheet.max.y < clip.min.y ||
            onSheet.min.y > clip.max.y;
 }
@@ -47,7 +46,7 @@ std::string BlankPageRemark(const drawing::Drawing& drawing, const drawing::Layo
     const std::string blank = "layout \"" + layout.name + kBlankPage;
     if (EntitiesOn(drawing, layout) == 0)
         return blank + "it holds nothing" + WhatTheModelHolds(drawing, layout);
-    const drawing::Box2 box = extents(placement.view);
+    const Box2 box = extents(placement.view);
     if (!box.Empty() && LiesOutside(box, placement))
         return blank + "all that it holds lies outside of the plotted area";
     return blank + "nothing that it holds leaves ink on the plotted area";
@@ -72,12 +71,12 @@ std::string CutSheetRemark(const drawing::Layout& layout, const drawing::PlotSet
     const double shrink = wishes.scale ? wishes.scale->paper / wishes.scale->drawing : 1;
     const auto turned = [](const drawing::PlotSettings& plot) {
         const bool lies = (plot.rotation & 1) != 0;
-        return drawing::Vec2{lies ? plot.paperHeight : plot.paperWidth, lies ? plot.paperWidth : plot.paperHeight};
+        return Vec2{lies ? plot.paperHeight : plot.paperWidth, lies ? plot.paperWidth : plot.paperHeight};
     };
-    const drawing::Vec2 sheet = turned(layout.plot), paper = turned(inForce);
+    const Vec2 sheet = turned(layout.plot), paper = turned(inForce);
     if (sheet.x * shrink <= paper.x + kSameSize && sheet.y * shrink <= paper.y + kSameSize)
         return {};
-    const auto size = [](drawing::Vec2 of) { return RoundedText(of.x, 5) + " x " + RoundedText(of.y, 5) + " mm"; };
+    const auto size = [](Vec2 of) { return RoundedText(of.x, 5) + " x " + RoundedText(of.y, 5) + " mm"; };
     return "layout \"" + layout.name + "\": its sheet of " + size(sheet) + kCutSheet + size(paper) +
            "; --fit shows all of it";
 }

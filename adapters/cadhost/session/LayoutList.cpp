@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kCoordinateDigits = 8, kScaleDigits = 5;
 
-std::string PointText(drawing::Vec2 p)
+std::string PointText(Vec2 p)
 {
     return RoundedText(p.x, kCoordinateDigits) + "," + RoundedText(p.y, kCoordinateDigits);
 }

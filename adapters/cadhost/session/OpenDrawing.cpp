@@ -8,6 +8,7 @@
 #include "cadhost/PageSink.h"
 #include "cadhost/Remarks.h"
 #include "plotter/Plotter.h"
+#include "render/FrontEnd.h"
 #include "session/BlankPage.h"
 
 #include <algorithm>
@@ -108,7 +109,7 @@ void OpenDrawing::Activate(std::size_t index)
 bool OpenDrawing::IsLandscape(std::size_t index)
 {
     const drawing::Layout& layout = LayoutAt(index);
-    const drawing::Box2 box = layout.extents.Empty() ? Extents(layout.block, {}) : layout.extents;
+    const Box2 box = layout.extents.Empty() ? Extents(layout.block, {}) : layout.extents;
     const bool hasSize = !box.Empty() && (box.Width() > 0 || box.Height() > 0);
     return !hasSize || box.Width() > box.Height();
 }
@@ -127,13 +128,13 @@ PlotConfiguration& OpenDrawing::Configuration(std::size_t index)
     return *configuration;
 }
 
-drawing::Box2 OpenDrawing::Extents(std::uint32_t block, const render::Matrix3& view)
+Box2 OpenDrawing::Extents(std::uint32_t block, const render::Matrix3& view)
 {
     for (const KnownExtents& known : m_extents) {
         if (known.block == block && known.view == view)
             return known.box;
     }
-    const drawing::Box2 box = AsHost([&] { return render::ExtentsOf(File(), block, view, Text(), &References()); });
+    const Box2 box = AsHost([&] { return render::ExtentsOf(File(), block, view, Text(), &References()); });
     m_extents.push_back({block, view, box});
     return box;
 }

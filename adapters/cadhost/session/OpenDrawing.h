@@ -4,7 +4,10 @@
 
 #include "cadhost/CadHost.h"
 #include "devices/PlotConfiguration.h"
+#include "drawing/Drawing.h"
 #include "render/PlotStyleTable.h"
+#include "render/References.h"
+#include "render/TextLayout.h"
 
 namespace sm::cadhost {
 
@@ -44,7 +47,7 @@ public:
     [[nodiscard]] PlotConfiguration& Configuration(std::size_t index);
 
     /// The box of what a space plots, computed once for each view.
-    drawing::Box2 Extents(std::uint32_t block, const render::Matrix3& view);
+    Box2 Extents(std::uint32_t block, const render::Matrix3& view);
     [[nodiscard]] ExtentsSource ExtentsOf(std::size_t index);
     render::TextEngine& Text();
     /// What the drawing brings along from other files.
@@ -74,7 +77,7 @@ private:
     struct KnownExtents {
         std::uint32_t block = 0;
         render::Matrix3 view;
-        drawing::Box2 box;
+        Box2 box;
     };
     std::string m_fullName;
     std::unique_ptr<drawing::Drawing> m_file;

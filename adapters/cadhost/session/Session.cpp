@@ -4,6 +4,7 @@
 #include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
 #include "cadhost/PointPicker.h"
+#include "drawing/DwgConverter.h"
 #include "ports/HostError.h"
 
 #include <algorithm>

@@ -5,10 +5,7 @@
 
 namespace sm::cadhost {
 namespace {
-
-using drawing::Box2;
 using drawing::PlotSettings;
-using drawing::Vec2;
 
 /// A map of quarter turns, scale and shift, backwards.
 Vec2 Back(const render::Matrix2& map, Vec2 point)

@@ -3,11 +3,10 @@
 
 #include "answers/HostText.h"
 #include "drawing/PlanView.h"
+#include "render/FrontEnd.h"
 
 namespace sm::cadhost {
 namespace {
-
-using drawing::Vec3;
 
 double Dot(Vec3 a, Vec3 b)
 {
@@ -56,11 +55,11 @@ render::Matrix3 DisplayMatrix(OpenDrawing& open)
     return view ? MatrixOf(*view) : render::Matrix3{};
 }
 
-drawing::Vec2 CenterOf(const drawing::NamedView& view)
+Vec2 CenterOf(const drawing::NamedView& view)
 {
     if (!ShowsWorld(view))
         return view.center;
-    return view.center + drawing::Vec2{view.target.x, view.target.y};
+    return view.center + Vec2{view.target.x, view.target.y};
 }
 
 AcadPoint DisplayView::ToDisplay(const AcadPoint& point, bool vector) const

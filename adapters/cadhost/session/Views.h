@@ -8,7 +8,7 @@
 namespace sm::cadhost {
 
 /// The middle of a view: in world coordinates for a plan view, in its display plane else.
-drawing::Vec2 CenterOf(const drawing::NamedView& view);
+Vec2 CenterOf(const drawing::NamedView& view);
 
 /// What turns world into display coordinates on the active layout; the identity for sheets and plan views.
 render::Matrix3 DisplayMatrix(OpenDrawing& open);

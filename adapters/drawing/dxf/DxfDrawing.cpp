@@ -106,6 +106,11 @@ std::string RecordsFileOf(const Drawing& drawing)
     return file != nullptr && file->HasRecordsFile() ? drawing.Path() + kRecordsEnding : drawing.Path();
 }
 
+std::unique_ptr<Drawing> Drawing::Open(const std::string& path)
+{
+    return Open(path, DwgOptions());
+}
+
 std::unique_ptr<Drawing> Drawing::Open(const std::string& path, const DwgOptions& dwg)
 {
     FileBytes bytes = FileBytes::Map(path);

@@ -2,6 +2,8 @@
 // The drawing over a DXF file, or over the DXF that a DWG was turned into. For this room only; others see Drawing.h.
 #pragma once
 
+#include "drawing/DwgConverter.h"
+#include "drawing/Finding.h"
 #include "write/RecordPatch.h"
 #include "write/RecordsFile.h"
 

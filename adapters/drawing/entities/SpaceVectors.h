@@ -2,7 +2,7 @@
 // Products of vectors in space. For this room only.
 #pragma once
 
-#include "drawing/Geometry.h"
+#include "base/Geometry.h"
 
 namespace sm::drawing {
 

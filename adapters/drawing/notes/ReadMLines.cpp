@@ -6,7 +6,7 @@ namespace sm::drawing {
 
 namespace {
 
-constexpr std::int32_t kClosed = 2, kNoStartCap = 4, kNoEndCap = 8;
+constexpr std::int32_t kClosedMLine = 2, kNoStartCap = 4, kNoEndCap = 8;
 
 std::uint32_t Count(std::size_t size)
 {
@@ -43,7 +43,7 @@ bool TakeLength(const EntityTags& tags, MLineData& data)
 
 void TakeFlags(MLineData& data, std::int32_t flags)
 {
-    data.closed = (flags & kClosed) != 0;
+    data.closed = (flags & kClosedMLine) != 0;
     data.noStartCap = (flags & kNoStartCap) != 0;
     data.noEndCap = (flags & kNoEndCap) != 0;
 }

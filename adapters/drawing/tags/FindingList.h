@@ -2,7 +2,7 @@
 // The kinds of damage the reader mends or skips, counted once a kind.
 #pragma once
 
-#include "drawing/Drawing.h"
+#include "drawing/Finding.h"
 
 #include <cstdint>
 #include <vector>

@@ -100,7 +100,7 @@ void PutThousandths(std::string& out, double value)
     out += ' ';
 }
 
-void PutBox(std::string& out, const render::Box2& box)
+void PutBox(std::string& out, const Box2& box)
 {
     const bool empty = box.Empty();
     for (const double edge : {box.min.x, box.min.y, box.max.x, box.max.y}) {
@@ -126,7 +126,7 @@ void PutFile(std::string& out, const render::FontFace& face, const std::vector<s
 
 void PutStrokes(std::string& out, const render::Path& path)
 {
-    const render::Vec2* point = path.points.data();
+    const Vec2* point = path.points.data();
     for (const render::Verb verb : path.verbs) {
         const int count = verb == render::Verb::Cubic ? 3 : verb == render::Verb::Close ? 0 : 1;
         for (int i = 0; i < count; ++i, ++point) {
@@ -138,16 +138,16 @@ void PutStrokes(std::string& out, const render::Path& path)
 }
 
 /// A glyph's procedure, which is a PDF content stream as well; `box` grows by its ink.
-std::string GlyphProcedure(const render::FontFace& face, const StrokeCut& cut, std::uint32_t glyph, render::Box2& box)
+std::string GlyphProcedure(const render::FontFace& face, const StrokeCut& cut, std::uint32_t glyph, Box2& box)
 {
     render::Path path;
     face.Outline(glyph, path);
-    render::Box2 ink;
+    Box2 ink;
     const double half = 500 * cut.pen + 1;
-    for (render::Vec2& p : path.points) {
+    for (Vec2& p : path.points) {
         p = {1000 * (cut.width * p.x + cut.shear * p.y), 1000 * p.y};
-        ink.Add(render::Vec2{std::floor(p.x - half), std::floor(p.y - half)});
-        ink.Add(render::Vec2{std::ceil(p.x + half), std::ceil(p.y + half)});
+        ink.Add(Vec2{std::floor(p.x - half), std::floor(p.y - half)});
+        ink.Add(Vec2{std::ceil(p.x + half), std::ceil(p.y + half)});
     }
     std::string out;
     PutThousandths(out, StrokedAdvance(face, cut, glyph));
@@ -199,7 +199,7 @@ std::string StrokedFont(const std::string& name, const render::FontFace& face, c
                         const std::vector<FontGlyph>& glyphs)
 {
     const std::vector<std::string> names = GlyphNames(glyphs);
-    render::Box2 box;
+    Box2 box;
     std::string procedures;
     for (std::size_t i = 0; i < glyphs.size(); ++i) {
         procedures += "/" + names[i] + "{" + GlyphProcedure(face, cut, glyphs[i].id, box) + "}bind def\n";

@@ -29,10 +29,10 @@ double WidestPen(const PlotJob& job, double lineweightScale)
     return std::max(widest * lineweightScale, kThinnestPen);
 }
 
-drawing::Box2 ClipWithRoom(const Placement& placement, double pen)
+Box2 ClipWithRoom(const Placement& placement, double pen)
 {
-    drawing::Box2 clip = placement.clip;
-    const drawing::Box2& whole = placement.whole;
+    Box2 clip = placement.clip;
+    const Box2& whole = placement.whole;
     if (clip.Empty() || whole.Empty()) {
         return clip;
     }

@@ -11,6 +11,6 @@ double WidestPen(const PlotJob& job, double lineweightScale);
 
 /// `placement.clip`, grown by half of `pen` on the sides where it would cut pens alone: what is drawn beyond the
 /// printable area stays away.
-drawing::Box2 ClipWithRoom(const Placement& placement, double pen);
+Box2 ClipWithRoom(const Placement& placement, double pen);
 
 } // namespace sm::plotter

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/Numbers.h"
 #include "base/Units.h"
+#include "drawing/Drawing.h"
 #include "page/PlotArea.h"
 #include "page/SheetFrame.h"
 
@@ -9,10 +10,7 @@
 namespace sm::plotter {
 
 namespace {
-
-using drawing::Box2;
 using drawing::PlotSettings;
-using drawing::Vec2;
 
 /// Pixels count as millimetres: media in pixels give their size so.
 double UnitInMillimetres(std::int32_t paperUnits)

@@ -2,6 +2,7 @@
 #include "page/PlotArea.h"
 
 #include "base/text/Names.h"
+#include "drawing/Drawing.h"
 #include "drawing/EntityKinds.h"
 #include "drawing/PlanView.h"
 #include "drawing/entities/Viewports.h"
@@ -13,10 +14,6 @@
 namespace sm::plotter {
 
 namespace {
-
-using drawing::Box2;
-using drawing::Vec2;
-using drawing::Vec3;
 
 Box2 BoxAround(Vec2 center, double width, double height)
 {

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/files/Paths.h"
+#include "drawing/Drawing.h"
 #include "page/PenRoom.h"
 #include "plotter/Plotter.h"
 #include "postscript/PsDocument.h"
+#include "render/FrontEnd.h"
+#include "render/References.h"
+#include "render/TextLayout.h"
 
 #include <system_error>
 
@@ -65,9 +69,9 @@ render::Matrix2 ReadingOf(const Placement& placement, std::int32_t rotation)
     }
 }
 
-drawing::Box2 Turned(const render::Matrix2& turn, const drawing::Box2& box)
+Box2 Turned(const render::Matrix2& turn, const Box2& box)
 {
-    drawing::Box2 turned;
+    Box2 turned;
     turned.Add(turn.Apply(box.min));
     turned.Add(turn.Apply(box.max));
     return turned;

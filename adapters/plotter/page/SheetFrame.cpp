@@ -15,7 +15,7 @@ double MarginOr0(double margin)
     return base::IsSize(margin) ? margin : 0;
 }
 
-Medium MediumOf(const drawing::PlotSettings& s, bool metric, const drawing::Box2& area)
+Medium MediumOf(const drawing::PlotSettings& s, bool metric, const Box2& area)
 {
     if (!base::IsSize(s.paperWidth) || !base::IsSize(s.paperHeight)) {
         const double across = metric ? 210 : 215.9;
@@ -37,7 +37,7 @@ Medium MediumOf(const drawing::PlotSettings& s, bool metric, const drawing::Box2
 
 /// The drawing's axes on the medium. Rotation 1 turns the medium a quarter counter-clockwise under the drawing, so that
 /// the drawing's x runs down the unturned medium and its lower-left corner is the medium's upper-left one.
-render::Matrix2 TurnOf(std::int32_t rotation, const drawing::Box2& printable)
+render::Matrix2 TurnOf(std::int32_t rotation, const Box2& printable)
 {
     switch (rotation) {
     case 1:
@@ -58,14 +58,14 @@ double Finite(double value)
 
 } // namespace
 
-SheetFrame MakeSheetFrame(const drawing::PlotSettings& settings, bool metric, const drawing::Box2& area)
+SheetFrame MakeSheetFrame(const drawing::PlotSettings& settings, bool metric, const Box2& area)
 {
     const Medium medium = MediumOf(settings, metric, area);
     SheetFrame frame;
     frame.sheetWidth = medium.width;
     frame.sheetHeight = medium.height;
-    frame.printable.Add(drawing::Vec2{medium.left, medium.bottom});
-    frame.printable.Add(drawing::Vec2{medium.width - medium.right, medium.height - medium.top});
+    frame.printable.Add(Vec2{medium.left, medium.bottom});
+    frame.printable.Add(Vec2{medium.width - medium.right, medium.height - medium.top});
     frame.toSheet = TurnOf(settings.rotation, frame.printable);
     const bool lying = settings.rotation == 1 || settings.rotation == 3;
     frame.width = lying ? frame.printable.Height() : frame.printable.Width();

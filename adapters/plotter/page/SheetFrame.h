@@ -13,11 +13,11 @@ struct SheetFrame {
     double width = 0, height = 0;
     double originX = 0, originY = 0; ///< the plot origin along the drawing's axes
     render::Matrix2 toSheet;
-    drawing::Box2 printable; ///< on the unturned medium
+    Box2 printable; ///< on the unturned medium
 };
 
 /// A medium without a size gets A4 (metric) or ANSI A, turned so that `area` fits it better; margins that leave nothing
 /// count as none.
-SheetFrame MakeSheetFrame(const drawing::PlotSettings& settings, bool metric, const drawing::Box2& area);
+SheetFrame MakeSheetFrame(const drawing::PlotSettings& settings, bool metric, const Box2& area);
 
 } // namespace sm::plotter

@@ -160,7 +160,7 @@ std::size_t PsWriter::WriteGlyphs(const render::TextRun& run, std::size_t from, 
     }
     PutString(m_codes);
     render::Matrix2 place = run.toPaper;
-    const render::Vec2 origin = run.toPaper.Apply(run.positions[from]);
+    const Vec2 origin = run.toPaper.Apply(run.positions[from]);
     place.e = origin.x;
     place.f = origin.y;
     WritePlace(font, place, moved);
@@ -191,7 +191,7 @@ bool PsWriter::CutRun(const render::TextRun& run)
     }
     m_cutRun = run;
     m_cutRun.toPaper = text->toPaper;
-    for (render::Vec2& p : m_cutRun.positions) {
+    for (Vec2& p : m_cutRun.positions) {
         p = {text->width * p.x + text->shear * p.y, p.y};
     }
     return true;
@@ -204,7 +204,7 @@ void PsWriter::TextAsPaths(const render::TextRun& run)
     for (std::size_t i = 0; i < std::min(run.glyphs.size(), run.positions.size()); ++i) {
         run.font->Outline(run.glyphs[i], m_glyph);
         m_strokes.verbs.insert(m_strokes.verbs.end(), m_glyph.verbs.begin(), m_glyph.verbs.end());
-        for (const render::Vec2 p : m_glyph.points) {
+        for (const Vec2 p : m_glyph.points) {
             m_strokes.points.push_back(run.toPaper.Apply(p + run.positions[i]));
         }
     }

@@ -35,7 +35,7 @@ PsWriter::PsWriter(double unitsPerInch, std::string folder, double resolution, F
 {
 }
 
-Dot PsWriter::ToDots(render::Vec2 p) const
+Dot PsWriter::ToDots(Vec2 p) const
 {
     return {ToDot(p.x * m_units), ToDot(p.y * m_units)};
 }
@@ -138,7 +138,7 @@ void PsWriter::Draw(const render::Path& path, bool chains)
         if (next + needs > path.points.size()) {
             break;
         }
-        const render::Vec2* p = path.points.data() + next;
+        const Vec2* p = path.points.data() + next;
         next += needs;
         switch (verb) {
         case render::Verb::Move:

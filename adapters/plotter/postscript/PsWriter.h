@@ -75,7 +75,7 @@ private:
     };
     static constexpr std::uint32_t kNoColor = 0xFFFFFFFF;
 
-    [[nodiscard]] Dot ToDots(render::Vec2 p) const;
+    [[nodiscard]] Dot ToDots(Vec2 p) const;
     void Write(const char* op);
     void WriteNumber(double value, int digits);
     void SetPen(const render::StrokeStyle& style);

@@ -77,7 +77,7 @@ QRectF StampBox(const PageMark& mark, QPointF at, double scale)
 
 QRectF MarkBox(const PageMark& mark, const ViewMap& map)
 {
-    const render::Vec2 from = map.ToPixel(mark.from), to = map.ToPixel(mark.to);
+    const Vec2 from = map.ToPixel(mark.from), to = map.ToPixel(mark.to);
     switch (mark.kind) {
     case PageMarkKind::Stamp:
         return StampBox(mark, {from.x, from.y}, map.scale);
@@ -94,7 +94,7 @@ void PaintPageMarks(QPainter& painter, const std::vector<PageMark>& marks, const
 {
     painter.setRenderHint(QPainter::Antialiasing);
     for (const PageMark& mark : marks) {
-        const render::Vec2 from = map.ToPixel(mark.from), to = map.ToPixel(mark.to);
+        const Vec2 from = map.ToPixel(mark.from), to = map.ToPixel(mark.to);
         const QRectF box = QRectF(QPointF(from.x, from.y), QPointF(to.x, to.y)).normalized();
         switch (mark.kind) {
         case PageMarkKind::Stamp:

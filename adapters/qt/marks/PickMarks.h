@@ -9,7 +9,6 @@
 namespace sm::qt {
 
 using scene::SnapKind;
-using scene::Vec2;
 
 void PaintCrossHair(QPainter& painter, Vec2 at, int width, int height, QColor color);
 void PaintRubberBand(QPainter& painter, Vec2 first, Vec2 other);

@@ -11,11 +11,8 @@
 
 namespace sm::qt {
 namespace {
-
-using render::Box2;
 using render::Matrix2;
 using render::Path;
-using render::Vec2;
 using render::Verb;
 
 /// What painting keeps from one picture to the next.

@@ -10,9 +10,7 @@
 namespace sm::qt {
 
 using scene::Backdrop;
-using scene::Box2;
 using scene::LayoutPicture;
-using scene::Vec2;
 using scene::ViewMap;
 
 class DrawingView final : public QWidget, public scene::PickingView {

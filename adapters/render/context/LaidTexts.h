@@ -3,6 +3,7 @@
 #pragma once
 
 #include "context/PaintContext.h"
+#include "render/TextLayout.h"
 
 namespace sm::render {
 

@@ -6,6 +6,7 @@
 #include "drawing/entities/Texts.h"
 #include "families/Families.h"
 #include "render/ClipBox.h"
+#include "render/Picture.h"
 
 #include <algorithm>
 #include <optional>
@@ -80,7 +81,7 @@ void AppendArea(const drawing::ImageData& image, const ImagePlace& place, Path& 
     }
 }
 
-PictureLook LookOf(const drawing::ImageData& image)
+PictureLook PictureLookOf(const drawing::ImageData& image)
 {
     PictureLook look;
     look.brightness = image.brightness;
@@ -128,10 +129,10 @@ bool Images::DrawImage()
         return true;
     }
     const drawing::ImageDefinition* definition = m_context.Referenced().Definition(m_image.definition);
-    const auto picture = definition == nullptr
-                             ? nullptr
-                             : m_context.Referenced().PictureOf(*definition, LookOf(m_image), place.Millimetres(),
-                                                                m_context.options.dotsPerMillimetre);
+    const auto picture = definition == nullptr ? nullptr
+                                               : m_context.Referenced().PictureOf(*definition, PictureLookOf(m_image),
+                                                                                  place.Millimetres(),
+                                                                                  m_context.options.dotsPerMillimetre);
     if (picture == nullptr) {
         StrokeFrame(place, 1);
         DrawMissing(definition == nullptr ? "?" : definition->path, place);

@@ -3,6 +3,7 @@
 
 #include "base/files/Paths.h"
 #include "base/files/UserFolders.h"
+#include "drawing/Drawing.h"
 #include "fonts/FontNames.h"
 #include "shapes/CommonShapes.h"
 #include "shapes/ShapePen.h"

@@ -3,13 +3,16 @@
 // symbols that line types commonly use.
 #pragma once
 
-#include "drawing/Drawing.h"
 #include "fonts/FontFolders.h"
 #include "render/Canvas.h"
 #include "shapes/ShapeFile.h"
 
 #include <map>
 #include <memory>
+
+namespace sm::drawing {
+class Drawing;
+} // namespace sm::drawing
 
 namespace sm::render {
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "images/MakePicture.h"
 
+#include "render/Picture.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace sm::render {
 
 namespace {
-
-using Form = Picture::Form;
 
 /// Only looks whether the file is whole.
 class Nobody final : public RowTaker {
@@ -139,7 +139,7 @@ Picture MakePicture(std::unique_ptr<PictureFile> file, const PictureLook& look)
     picture.width = file->Head().width;
     picture.height = file->Head().height;
     if (file->Head().oneBit) {
-        picture.form = Form::Mask;
+        picture.form = Picture::Form::Mask;
         MaskMaker maker(picture);
         file->ReadRows(maker);
         return picture;
@@ -148,13 +148,13 @@ Picture MakePicture(std::unique_ptr<PictureFile> file, const PictureLook& look)
     if (head.passes && look.KeepsColors() && look.reduce == 1) {
         std::string bytes = file->TakeBytes();
         if (IsWhole(bytes)) {
-            picture.form = head.gray ? Form::JpegGray : Form::JpegRgb;
+            picture.form = head.gray ? Picture::Form::JpegGray : Picture::Form::JpegRgb;
             picture.bytes = std::move(bytes);
             return picture;
         }
         file = PictureFile::Open(std::move(bytes));
     }
-    picture.form = file->Head().gray || look.monochrome ? Form::Gray : Form::Rgb;
+    picture.form = file->Head().gray || look.monochrome ? Picture::Form::Gray : Picture::Form::Rgb;
     picture.whiteIsClear = look.clear && file->Head().hasAlpha;
     picture.width = (picture.width + look.reduce - 1) / look.reduce;
     picture.height = (picture.height + look.reduce - 1) / look.reduce;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "drawing/FindReferenced.h"
+#include "drawing/Finding.h"
 #include "images/MakePicture.h"
 #include "render/References.h"
 

@@ -3,6 +3,7 @@
 
 #include "base/Units.h"
 #include "base/files/File.h"
+#include "drawing/Drawing.h"
 
 #include <algorithm>
 #include <charconv>

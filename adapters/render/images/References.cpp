@@ -3,7 +3,10 @@
 
 #include "base/files/FileFacts.h"
 #include "base/files/Paths.h"
+#include "drawing/Drawing.h"
+#include "drawing/Finding.h"
 #include "images/ReferenceParts.h"
+#include "render/Picture.h"
 
 #include <algorithm>
 #include <atomic>

@@ -2,6 +2,8 @@
 #include "images/ReferenceParts.h"
 
 #include "base/files/Paths.h"
+#include "drawing/Drawing.h"
+#include "render/RenderReport.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "drawing/Drawing.h"
 #include "drawing/entities/Entity.h"
 #include "render/FrontEnd.h"
 

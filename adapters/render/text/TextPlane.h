@@ -2,7 +2,6 @@
 // Where an MTEXT lies: its insertion and direction are in the WCS, what is laid out in the plane of its extrusion.
 #pragma once
 
-#include "drawing/Drawing.h"
 #include "render/Matrix.h"
 
 namespace sm::drawing {

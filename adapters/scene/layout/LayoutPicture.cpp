@@ -2,9 +2,13 @@
 #include "scene/LayoutPicture.h"
 
 #include "cadhost/SheetPlace.h"
+#include "drawing/Drawing.h"
 #include "drawing/PlanView.h"
 #include "render/ClipBox.h"
+#include "render/FrontEnd.h"
 #include "render/Projection.h"
+#include "render/References.h"
+#include "render/TextLayout.h"
 #include "scene/DisplayRecorder.h"
 
 #include <algorithm>
@@ -12,8 +16,6 @@
 
 namespace sm::scene {
 namespace {
-
-using drawing::Vec3;
 using render::Dot;
 
 constexpr double kModelSize = 4000; // mm that a model takes: fine enough for its line types when one zooms in

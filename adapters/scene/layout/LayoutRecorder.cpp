@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "scene/LayoutRecorder.h"
 
+#include "render/References.h"
+#include "render/TextLayout.h"
+
 namespace sm::scene {
 
 LayoutRecorder::LayoutRecorder(const drawing::Drawing& drawing, std::size_t layout, const RecorderOptions& options,

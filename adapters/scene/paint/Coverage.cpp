@@ -5,8 +5,6 @@
 
 namespace sm::scene {
 namespace {
-
-using render::Vec2;
 using render::Verb;
 
 } // namespace

@@ -19,7 +19,7 @@ public:
     /// Each sub-path, of lines alone, is closed.
     void Add(const render::Path& path);
     /// A polygon that is turned so that it adds to others that were added so, whichever way it runs.
-    void AddTurned(std::span<const render::Vec2> corners);
+    void AddTurned(std::span<const Vec2> corners);
 
     /// Calls `span(y, x, count, opacity)` for pixels side by side in a row that take the same part of 255, row by row.
     /// The area is empty afterwards.
@@ -36,9 +36,9 @@ private:
         int x = 0;
         float own = 0, beyond = 0;
     };
-    void AddLine(render::Vec2 a, render::Vec2 b);
-    void AddInRow(int y, render::Vec2 a, render::Vec2 b, double turn);
-    void AddWithin(std::vector<Cell>& row, render::Vec2 a, render::Vec2 b, double turn) const;
+    void AddLine(Vec2 a, Vec2 b);
+    void AddInRow(int y, Vec2 a, Vec2 b, double turn);
+    void AddWithin(std::vector<Cell>& row, Vec2 a, Vec2 b, double turn) const;
     [[nodiscard]] std::vector<Cell>& Row(int y) { return m_rows[static_cast<std::size_t>(y - m_box.top)]; }
     static int Opacity(double wound, render::FillRule rule);
 

@@ -10,7 +10,6 @@ namespace sm::scene {
 namespace {
 
 using render::Picture;
-using render::Vec2;
 
 constexpr std::uint32_t kOpaque = 0xFF000000;
 

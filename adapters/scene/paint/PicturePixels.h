@@ -18,7 +18,7 @@ public:
     [[nodiscard]] bool Empty() const { return m_pixels.empty(); }
     /// 0xAARRGGBB at a place of the unit square, y up, of a pixel that takes the parallelogram of `across` and `down`
     /// about it there: the mean of what it takes, or a place between the pixels round it.
-    [[nodiscard]] std::uint32_t At(render::Vec2 place, render::Vec2 across, render::Vec2 down) const;
+    [[nodiscard]] std::uint32_t At(Vec2 place, Vec2 across, Vec2 down) const;
 
 private:
     struct Sum;

@@ -9,7 +9,6 @@ namespace {
 
 using render::LineCap;
 using render::LineJoin;
-using render::Vec2;
 using render::Verb;
 
 constexpr double kPi = std::numbers::pi;

@@ -2,6 +2,8 @@
 #include "scene/DrawingPicks.h"
 
 #include "base/files/Paths.h"
+#include "drawing/Drawing.h"
+#include "render/TextLayout.h"
 
 #include <stdexcept>
 #include <utility>
@@ -13,6 +15,8 @@ DrawingPicks::DrawingPicks(const DrawingWindowOptions& options, std::unique_ptr<
       m_screen(*m_ownScreen)
 {
 }
+
+DrawingPicks::~DrawingPicks() = default;
 
 void DrawingPicks::EditMarks(const drawing::Drawing& drawing, std::size_t layout, beside::IMarkBoard& board)
 {

@@ -39,12 +39,12 @@ std::optional<double> Number(std::string_view text)
 
 } // namespace
 
-std::string PointText(drawing::Vec2 point, int decimals)
+std::string PointText(Vec2 point, int decimals)
 {
     return Fixed(point.x, decimals) + ", " + Fixed(point.y, decimals);
 }
 
-std::optional<drawing::Vec2> ParsePoint(std::string_view text, std::optional<drawing::Vec2> first)
+std::optional<Vec2> ParsePoint(std::string_view text, std::optional<Vec2> first)
 {
     text = Trimmed(text);
     const bool relative = !text.empty() && text.front() == '@';
@@ -57,7 +57,7 @@ std::optional<drawing::Vec2> ParsePoint(std::string_view text, std::optional<dra
     const auto y = Number(text.substr(comma + 1));
     if (!x || !y)
         return std::nullopt;
-    return relative ? *first + drawing::Vec2{*x, *y} : drawing::Vec2{*x, *y};
+    return relative ? *first + Vec2{*x, *y} : Vec2{*x, *y};
 }
 
 } // namespace sm::scene

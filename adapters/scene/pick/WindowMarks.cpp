@@ -12,7 +12,6 @@ namespace sm::scene {
 namespace {
 
 using beside::PageMark;
-using render::Box2;
 
 constexpr const char* kHowToEdit =
     "Drag a mark to its place; double-click it, or press Edit, to change it. Escape ends.";

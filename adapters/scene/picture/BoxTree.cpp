@@ -8,8 +8,6 @@
 namespace sm::scene {
 namespace {
 
-using drawing::Box2;
-
 float Down(double value)
 {
     const auto narrow = static_cast<float>(value);

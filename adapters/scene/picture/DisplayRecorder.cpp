@@ -3,6 +3,7 @@
 
 #include "render/ClipBox.h"
 #include "render/FontFace.h"
+#include "render/Picture.h"
 
 #include <algorithm>
 #include <array>

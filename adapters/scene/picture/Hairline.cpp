@@ -10,8 +10,6 @@
 namespace sm::scene {
 namespace {
 
-using drawing::Vec2;
-
 void Blend(const Raster& raster, int x, int y, std::uint32_t color, int alpha)
 {
     if (x < raster.left || x >= raster.right || y < raster.top || y >= raster.bottom || alpha <= 0)
@@ -42,7 +40,7 @@ void DrawHairline(const Raster& raster, Vec2 a, Vec2 b, std::uint32_t color, int
 {
     double t0 = 0;
     double t1 = 1;
-    const drawing::Box2 box{{raster.left - 2.0, raster.top - 2.0}, {raster.right + 2.0, raster.bottom + 2.0}};
+    const Box2 box{{raster.left - 2.0, raster.top - 2.0}, {raster.right + 2.0, raster.bottom + 2.0}};
     if (!render::ClipLine(box, a, b, t0, t1))
         return;
     const Vec2 along = b - a;

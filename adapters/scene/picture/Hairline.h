@@ -2,7 +2,7 @@
 // The thinnest lines, straight into the pixels: most of what a large drawing shows.
 #pragma once
 
-#include "drawing/Geometry.h"
+#include "base/Geometry.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -18,8 +18,8 @@ struct Raster {
 };
 
 /// A line one pixel wide, smoothed. `color` is 0xRRGGBB, `opacity` 0 to 255. Coordinates may be any finite ones.
-void DrawHairline(const Raster& raster, drawing::Vec2 a, drawing::Vec2 b, std::uint32_t color, int opacity);
+void DrawHairline(const Raster& raster, Vec2 a, Vec2 b, std::uint32_t color, int opacity);
 /// The pixel that holds the point.
-void DrawDot(const Raster& raster, drawing::Vec2 at, std::uint32_t color, int opacity);
+void DrawDot(const Raster& raster, Vec2 at, std::uint32_t color, int opacity);
 
 } // namespace sm::scene

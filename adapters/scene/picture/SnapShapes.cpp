@@ -9,7 +9,6 @@ namespace sm::scene {
 
 using render::EllipseArc;
 using render::Path;
-using render::Vec2;
 using render::Verb;
 
 namespace {
@@ -168,9 +167,9 @@ void SnapShapes::Add(const Path& path, bool circles, bool ends, std::uint32_t cl
     SnapShapeWriter(*this, circles, ends, clip).Write(path);
 }
 
-render::Box2 SnapShapes::BoxOf(const SnapShape& shape) const
+Box2 SnapShapes::BoxOf(const SnapShape& shape) const
 {
-    render::Box2 box;
+    Box2 box;
     for (const Vec2 point : PointsOf(shape))
         box.Add(point);
     if (shape.count > 0)

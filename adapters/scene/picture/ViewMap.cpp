@@ -7,9 +7,6 @@
 namespace sm::scene {
 namespace {
 
-using drawing::Box2;
-using drawing::Vec2;
-
 constexpr double kMargin = 0.03;    // of the window, on each side
 constexpr double kFarthest = 0.02;  // of the scale that shows everything
 constexpr double kNearest = 200000; // beyond it numbers in 64 bits lose their pixels in large drawings

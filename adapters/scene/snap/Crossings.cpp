@@ -12,7 +12,6 @@ using render::Cross;
 using render::Dot;
 using render::EllipseArc;
 using render::Length;
-using render::Vec2;
 
 namespace {
 

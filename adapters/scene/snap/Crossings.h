@@ -10,17 +10,17 @@
 namespace sm::scene {
 
 struct LinePiece {
-    render::Vec2 a, b;
+    Vec2 a, b;
 };
 
-render::Vec2 NearestOn(const LinePiece& line, render::Vec2 at);
+Vec2 NearestOn(const LinePiece& line, Vec2 at);
 /// Nothing where the foot of the perpendicular lies off the arc. For an ellipse, the point in the direction of `at`.
-std::optional<render::Vec2> NearestOn(const render::EllipseArc& arc, render::Vec2 at);
+std::optional<Vec2> NearestOn(const render::EllipseArc& arc, Vec2 at);
 
 /// Append what both have in common; nothing for parallel lines and for circles of one centre.
-void AppendCrossings(const LinePiece& one, const LinePiece& other, std::vector<render::Vec2>& points);
-void AppendCrossings(const render::EllipseArc& arc, const LinePiece& line, std::vector<render::Vec2>& points);
+void AppendCrossings(const LinePiece& one, const LinePiece& other, std::vector<Vec2>& points);
+void AppendCrossings(const render::EllipseArc& arc, const LinePiece& line, std::vector<Vec2>& points);
 /// Circles only: nothing where one of the arcs is a part of an ellipse.
-void AppendCrossings(const render::EllipseArc& one, const render::EllipseArc& other, std::vector<render::Vec2>& points);
+void AppendCrossings(const render::EllipseArc& one, const render::EllipseArc& other, std::vector<Vec2>& points);
 
 } // namespace sm::scene

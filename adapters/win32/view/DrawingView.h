@@ -13,7 +13,6 @@ namespace sm::win32 {
 
 using scene::Backdrop;
 using scene::LayoutPicture;
-using scene::Vec2;
 using scene::ViewMap;
 
 class DrawingView final : public OwnWindow, public scene::PickingView {

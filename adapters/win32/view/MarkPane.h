@@ -13,7 +13,7 @@ public:
     /// Both outlive the pane.
     MarkPane(const DrawingView& view, const PickControls& controls) : m_view(view), m_controls(controls) {}
 
-    [[nodiscard]] render::Box2 BoxOf(const beside::PageMark& mark) const override
+    [[nodiscard]] Box2 BoxOf(const beside::PageMark& mark) const override
     {
         return MarkBox(mark, m_view.Map(), m_view.Magnified());
     }

@@ -13,9 +13,7 @@ namespace {
 
 using beside::PageMark;
 using beside::PageMarkKind;
-using render::Box2;
 using render::Path;
-using render::Vec2;
 using scene::PixelPen;
 using scene::SnapKind;
 

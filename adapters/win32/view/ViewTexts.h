@@ -39,9 +39,9 @@ void PaintOverlay(const OverlayCanvas& canvas, const scene::ViewOverlay& over, s
 void PaintPageMarks(const OverlayCanvas& canvas, const std::vector<beside::PageMark>& marks, const scene::ViewMap& map);
 
 /// Round a mark, pixels.
-void PaintFrameRound(const OverlayCanvas& canvas, const render::Box2& box);
+void PaintFrameRound(const OverlayCanvas& canvas, const Box2& box);
 /// Pixels that a mark takes; it is in millimetres of the scene that `map` shows. `scale` as in OverlayCanvas.
-render::Box2 MarkBox(const beside::PageMark& mark, const scene::ViewMap& map, double scale);
+Box2 MarkBox(const beside::PageMark& mark, const scene::ViewMap& map, double scale);
 
 void DrawTexts(HDC canvas, const std::vector<ViewText>& texts);
 

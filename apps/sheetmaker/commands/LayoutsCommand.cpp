@@ -3,6 +3,7 @@
 
 #include "base/files/MappedFile.h"
 #include "commandline/ExitCodes.h"
+#include "drawing/DrawingError.h"
 #include "run/RunSession.h"
 
 #include <algorithm>

@@ -2,11 +2,12 @@
 // "layouts": what the tabs of a drawing hold and how they are plotted.
 #pragma once
 
-#include "cadhost/CadHost.h"
+#include "cadhost/LayoutFacts.h"
 #include "commandline/Jobs.h"
 #include "machine/Install.h"
 
 #include <iosfwd>
+#include <string>
 #include <vector>
 
 namespace sm::app {

@@ -2,6 +2,7 @@
 #include "commands/PageSetupCommand.h"
 
 #include "commandline/ExitCodes.h"
+#include "drawing/Drawing.h"
 #include "hostobjects/cAcadPageSetup.h"
 #include "plugin/CallScope.h"
 #include "screen/KeptBeside.h"

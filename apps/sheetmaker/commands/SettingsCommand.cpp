@@ -6,6 +6,7 @@
 #include "records/MarkBoard.h"
 #include "screen/RecentDrawings.h"
 
+#include "drawing/Drawing.h"
 #include "plugin/mdlAcadHelper.h"
 
 #include <algorithm>

@@ -3,6 +3,7 @@
 
 #include "base/files/Paths.h"
 #include "commandline/ExitCodes.h"
+#include "drawing/Drawing.h"
 #include "plugin/cPlugin.h"
 #include "plugin/mdlAcadHelper.h"
 #include "run/UnplottedMarks.h"

@@ -2,6 +2,7 @@
 #include "layouts/LargeSheets.h"
 
 #include "base/text/Names.h"
+#include "drawing/Drawing.h"
 #include "plotting/PaperTable.h"
 #include "terminal/PaperChoice.h"
 

@@ -2,10 +2,15 @@
 // Sheets that no paper of the PDF plotter holds.
 #pragma once
 
+#include "cadhost/PlotWishes.h"
 #include "layouts/LayoutSelection.h"
 
 #include <map>
 #include <string>
+
+namespace sm::drawing {
+class Drawing;
+} // namespace sm::drawing
 
 namespace sm::app {
 

@@ -2,7 +2,7 @@
 // Which layouts a run converts, from what the drawing holds and what the user asked for.
 #pragma once
 
-#include "cadhost/CadHost.h"
+#include "cadhost/LayoutFacts.h"
 #include "commandline/Jobs.h"
 
 #include <cstdint>

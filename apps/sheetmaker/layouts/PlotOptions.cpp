@@ -4,6 +4,7 @@
 #include "base/text/Names.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
+#include "drawing/Drawing.h"
 #include "plotting/PaperTable.h"
 
 #include <algorithm>

@@ -4,11 +4,14 @@
 
 #include "cadhost/PlotWishes.h"
 #include "commandline/Jobs.h"
-#include "drawing/Drawing.h"
 #include "settings/PageSetupRecord.h"
 
 #include <string>
 #include <vector>
+
+namespace sm::drawing {
+class Drawing;
+} // namespace sm::drawing
 
 namespace sm::app {
 

@@ -10,7 +10,7 @@ class UnderlayPages final : public render::IPageRasterizer {
 public:
     UnderlayPages(const std::string& program, const std::string& workFolder) : m_pages(program, workFolder) {}
 
-    render::Vec2 SizeOf(const std::string& path, std::int32_t page) override
+    Vec2 SizeOf(const std::string& path, std::int32_t page) override
     {
         const ghostscript::PdfPages::Size size = m_pages.SizeOf(path, page);
         return {size.width, size.height};

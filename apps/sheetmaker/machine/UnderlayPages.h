@@ -2,7 +2,7 @@
 // Pages of PDF files that drawings refer to, for the front end.
 #pragma once
 
-#include "render/References.h"
+#include "render/ReferenceOptions.h"
 
 #include <memory>
 #include <string>

@@ -140,7 +140,7 @@ std::vector<PageMark> MarkBoard::MarksOn(const std::string& layout)
     return marks;
 }
 
-std::string MarkBoard::Move(const std::string& layout, std::size_t mark, drawing::Vec2 by)
+std::string MarkBoard::Move(const std::string& layout, std::size_t mark, Vec2 by)
 {
     const auto move = [&](double& x, double& y) {
         x = Rounded(x + by.x);

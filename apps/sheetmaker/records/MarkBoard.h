@@ -21,7 +21,7 @@ public:
     void Save();
 
     [[nodiscard]] std::vector<beside::PageMark> MarksOn(const std::string& layout) override;
-    std::string Move(const std::string& layout, std::size_t mark, drawing::Vec2 by) override;
+    std::string Move(const std::string& layout, std::size_t mark, Vec2 by) override;
     [[nodiscard]] std::vector<beside::MarkField> Fields(const std::string& layout, std::size_t mark) override;
     std::string Change(const std::string& layout, std::size_t mark, const std::vector<std::string>& values) override;
 

@@ -5,6 +5,7 @@
 #include "commandline/MarkValues.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
+#include "drawing/Drawing.h"
 #include "screen/KeptBeside.h"
 #include "settings/mdlDataKegIO.h"
 

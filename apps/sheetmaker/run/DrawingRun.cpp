@@ -4,6 +4,7 @@
 #include "base/files/MappedFile.h"
 #include "commandline/ExitCodes.h"
 #include "commandline/Refusal.h"
+#include "drawing/DrawingError.h"
 #include "plugin/cPlugin.h"
 #include "report/RunOutcome.h"
 #include "run/HostReport.h"

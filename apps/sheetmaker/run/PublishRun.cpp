@@ -46,7 +46,7 @@ DrawingTask WithLog(DrawingTask task, const SetLog& log)
 std::vector<std::string> InOrderOfOpening(std::vector<SetPart> parts, bool keepGoing)
 {
     if (!keepGoing)
-        std::ranges::stable_partition(parts, [](const SetPart& part) { return part.layout.has_value(); });
+        std::stable_partition(parts.begin(), parts.end(), [](const SetPart& part) { return part.layout.has_value(); });
     std::vector<std::string> drawings;
     for (const SetPart& part : parts)
         if (std::ranges::find(drawings, part.drawing) == drawings.end())

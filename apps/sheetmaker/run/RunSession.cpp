@@ -5,6 +5,7 @@
 #include "commandline/ExitCodes.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
+#include "drawing/Drawing.h"
 #include "layouts/LargeSheets.h"
 #include "layouts/PlotOptions.h"
 #include "machine/DwgSetup.h"
@@ -75,6 +76,11 @@ void RunSession::RefuseAttachments(const LayoutSelection& selection)
         if (MayPlot(selection, entry.LayoutName) && m_surrounded.Attachments().LiesOutside(entry.FilePath))
             throw Refusal{kExitFailed, "the attached file " + entry.FilePath +
                                            " lies outside the drawing's folder, which --attachments refuses"};
+}
+
+void RunSession::Open(const std::string& drawing)
+{
+    Open(drawing, nullptr);
 }
 
 void RunSession::Open(const std::string& drawing, std::unique_ptr<drawing::Drawing> read)

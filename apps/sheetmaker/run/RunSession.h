@@ -4,6 +4,7 @@
 // Every command that works on a drawing goes through here; nothing else composes a host.
 #pragma once
 
+#include "cadhost/CadHost.h"
 #include "layouts/LayoutSelection.h"
 #include "run/Surrounded.h"
 
@@ -32,7 +33,8 @@ public:
     void Expect(std::vector<std::string> drawings, std::size_t ahead) { m_host->Expect(std::move(drawings), ahead); }
     /// Opens a drawing, once, and makes it the run's document; `read` is what the file holds, null: it is read. Throws
     /// std::exception for one that can't be read.
-    void Open(const std::string& drawing, std::unique_ptr<drawing::Drawing> read = nullptr);
+    void Open(const std::string& drawing, std::unique_ptr<drawing::Drawing> read);
+    void Open(const std::string& drawing);
     /// Null before the first drawing.
     [[nodiscard]] const std::shared_ptr<IAcadDocument>& Document() const { return m_document; }
     [[nodiscard]] const drawing::Drawing& Drawing() { return m_host->DrawingOf(m_document); }

@@ -2,10 +2,13 @@
 // Drawings that hold no entries themselves: what is entered for them is kept in a file beside them.
 #pragma once
 
-#include "drawing/Drawing.h"
 #include "run/ScreenParts.h"
 
 #include <string>
+
+namespace sm::drawing {
+class Drawing;
+} // namespace sm::drawing
 
 namespace sm::app {
 

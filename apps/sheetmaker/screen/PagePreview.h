@@ -3,7 +3,6 @@
 #pragma once
 
 #include "beside/PageSource.h"
-#include "drawing/Drawing.h"
 #include "machine/Install.h"
 #include "settings/DataKeg.h"
 
@@ -12,6 +11,10 @@
 #include <mutex>
 #include <optional>
 #include <string>
+
+namespace sm::drawing {
+class Drawing;
+} // namespace sm::drawing
 
 namespace sm::app {
 

@@ -4,7 +4,7 @@
 
 #include "beside/PageSource.h"
 #include "beside/SheetList.h"
-#include "cadhost/CadHost.h"
+#include "cadhost/LayoutFacts.h"
 #include "settings/DataKeg.h"
 
 #include <functional>

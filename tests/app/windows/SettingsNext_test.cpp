@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "settings" with windows beside the dialog: the sheets that are chosen, the end, and what comes after it.
 #include "app/ScreenStand.h"
+#include "render/Canvas.h"
 #include "screen/StoredMemory.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cadhost/HostFixture.h"
+#include "drawing/DrawingError.h"
 
 namespace sm::cadhost {
 namespace {

@@ -2,6 +2,7 @@
 // Points that the user picks in a window of the host's surroundings.
 #include "cadhost/HostFixture.h"
 #include "cadhost/PointPicker.h"
+#include "drawing/Drawing.h"
 
 #include <deque>
 
@@ -14,14 +15,14 @@ using ::testing::IsEmpty;
 /// Answers from a list, and notes what it was asked. An empty list throws.
 class ScriptedPicker final : public IPointPicker {
 public:
-    using Answer = std::optional<drawing::Vec2>;
+    using Answer = std::optional<Vec2>;
     Answer PickPoint(const drawing::Drawing& drawing, std::size_t& layout, const std::string& prompt) override
     {
         const std::size_t before = layout;
         layout = turnTo.value_or(layout);
         return Next("point", drawing, before, prompt);
     }
-    Answer PickCorner(const drawing::Drawing& drawing, std::size_t layout, drawing::Vec2 first,
+    Answer PickCorner(const drawing::Drawing& drawing, std::size_t layout, Vec2 first,
                       const std::string& prompt) override
     {
         const auto whole = [](double value) { return std::to_string(std::lround(value)); };
@@ -67,7 +68,7 @@ protected:
 TEST_F(HostPicking, APointComesFromThePickerForTheActiveLayout)
 {
     const auto document = Open(drawing);
-    picker.answers = {drawing::Vec2{1.25, -2}, drawing::Vec2{3, 4}};
+    picker.answers = {Vec2{1.25, -2}, Vec2{3, 4}};
     EXPECT_EQ(document->Utility()->GetPoint("Enter a point: "), (AcadPoint{1.25, -2, 0}));
     document->SetActiveSpace(1);
     EXPECT_EQ(document->Utility()->GetPoint("Enter First Corner: "), (AcadPoint{3, 4, 0}));
@@ -81,7 +82,7 @@ TEST_F(HostPicking, ATabThatIsTurnedIsTheActiveLayoutWhateverBecomesOfThePick)
     const auto document = Open(drawing);
     for (const bool cancelled : {false, true}) {
         picker.turnTo = cancelled ? 2 : 0;
-        picker.answers = {cancelled ? std::nullopt : std::optional(drawing::Vec2{1, 2})};
+        picker.answers = {cancelled ? std::nullopt : std::optional(Vec2{1, 2})};
         if (cancelled)
             EXPECT_THROW(document->Utility()->GetPoint("Enter a point: "), HostError);
         else
@@ -93,7 +94,7 @@ TEST_F(HostPicking, ATabThatIsTurnedIsTheActiveLayoutWhateverBecomesOfThePick)
 TEST_F(HostPicking, ACornerIsAskedForWithTheFirstOne)
 {
     const auto document = Open(drawing);
-    picker.answers = {drawing::Vec2{70, 80}};
+    picker.answers = {Vec2{70, 80}};
     EXPECT_EQ(document->Utility()->GetCorner({5, 6, 7}, "Enter Other Corner: "), (AcadPoint{70, 80, 0}));
     EXPECT_THAT(picker.asked, ElementsAre("corner from 5,6 in plan1.dxf, Ground: Enter Other Corner: "));
 }
@@ -101,7 +102,7 @@ TEST_F(HostPicking, ACornerIsAskedForWithTheFirstOne)
 TEST_F(HostPicking, ACancelledPickFails)
 {
     const auto utility = Open(drawing)->Utility();
-    picker.answers = {std::nullopt, std::nullopt, drawing::Vec2{1, 1}};
+    picker.answers = {std::nullopt, std::nullopt, Vec2{1, 1}};
     EXPECT_EQ(ErrorOf([&] { utility->GetPoint("Where?"); }), "the user cancelled picking");
     EXPECT_EQ(ErrorOf([&] { utility->GetCorner({}, "Where?"); }), "the user cancelled picking");
     EXPECT_EQ(utility->GetPoint("Where?"), (AcadPoint{1, 1, 0}));

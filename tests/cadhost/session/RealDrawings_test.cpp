@@ -2,6 +2,7 @@
 // Drawings from the field: every layout is listed, configured for the suite's plotter and put back, and no host call
 // fails. The drawings lie outside of the tree; without them there is nothing to test.
 #include "cadhost/HostFixture.h"
+#include "drawing/DrawingError.h"
 #include "drawing/SharedDrawings.h"
 
 #include <algorithm>

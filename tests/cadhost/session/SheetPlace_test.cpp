@@ -2,6 +2,7 @@
 // Where the sheet lies round a layout's drawing.
 #include "cadhost/DxfText.h"
 #include "cadhost/SheetPlace.h"
+#include "drawing/Drawing.h"
 
 #include <functional>
 #include <gmock/gmock.h>
@@ -12,7 +13,7 @@ namespace {
 struct PlaceCase {
     const char* name;
     std::function<void(DxfLayout&)> change;
-    drawing::Box2 paper, printable;
+    Box2 paper, printable;
     double millimetres;
 };
 
@@ -49,7 +50,7 @@ TEST(SheetPlace, PaperLiesRoundThePrintableCorner)
         row.change(drawing.AddSheet("Ground"));
         const auto file = drawing::Drawing::FromBytes(drawing.Text(), "plan.dxf");
         const SheetPlace place = PlaceOfSheet(*file, file->Layouts().at(1));
-        const auto expectNear = [&](const drawing::Box2& box, const drawing::Box2& expected, const char* what) {
+        const auto expectNear = [&](const Box2& box, const Box2& expected, const char* what) {
             EXPECT_NEAR(box.min.x, expected.min.x, 1e-9) << row.name << ", " << what;
             EXPECT_NEAR(box.min.y, expected.min.y, 1e-9) << row.name << ", " << what;
             EXPECT_NEAR(box.max.x, expected.max.x, 1e-9) << row.name << ", " << what;

@@ -3,6 +3,7 @@
 #include "drawing/DxfText.h"
 
 #include "acis/AcisCurves.h"
+#include "drawing/Finding.h"
 #include "drawing/entities/Solids.h"
 
 #include <cstring>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // DWG files through converters that behave well and badly: scripts of a few lines that stand in for one.
 #include "drawing/Drawing.h"
+#include "drawing/DwgConverter.h"
+#include "drawing/Finding.h"
 #include "drawing/TempFolder.h"
 
 #include <gmock/gmock.h>

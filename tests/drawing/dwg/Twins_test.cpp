@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Drawings that a CAD program saved as DWG and as DXF: both roads give the same. The folder is named by the
 // environment variable SM_SHARED_DRAWINGS, or lies beside the source tree; without it these tests are skipped.
+#include "drawing/Finding.h"
 #include "drawing/SharedDrawings.h"
 #include "drawing/dwg/Twins.h"
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/DxfText.h"
 #include "drawing/EntityKinds.h"
+#include "drawing/Finding.h"
 #include "drawing/entities/Curves.h"
 #include "drawing/entities/Dimensions.h"
 #include "drawing/entities/Images.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/BinaryDxf.h"
 #include "drawing/DxfText.h"
+#include "drawing/Finding.h"
 #include "drawing/entities/Curves.h"
 #include "drawing/entities/Hyperlinks.h"
 #include "drawing/entities/Inserts.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "OwnPath.h"
 #include "drawing/DxfText.h"
+#include "drawing/Finding.h"
 #include "drawing/entities/Curves.h"
 
 #include <gmock/gmock.h>

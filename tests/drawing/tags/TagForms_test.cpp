@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/DxfText.h"
+#include "drawing/Finding.h"
 #include "drawing/entities/Curves.h"
 #include "drawing/entities/Texts.h"
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The records of a DWG, in the file beside it.
 #include "drawing/Drawing.h"
+#include "drawing/DwgConverter.h"
 #include "drawing/TempFolder.h"
 #include "drawing/Told.h"
 

@@ -3,6 +3,7 @@
 #include "document/Annotations.h"
 #include "drawing/Drawing.h"
 #include "drawing/FindReferenced.h"
+#include "drawing/Finding.h"
 #include "drawing/entities/Hyperlinks.h"
 #include "fuzz/Target.h"
 #include "fuzz/targets/Scratch.h"
@@ -22,7 +23,7 @@ namespace {
 /// Pages that can't be shown: which files are asked for is what is looked at.
 class NoPages final : public render::IPageRasterizer {
 public:
-    render::Vec2 SizeOf(const std::string& path, std::int32_t page) override
+    Vec2 SizeOf(const std::string& path, std::int32_t page) override
     {
         if (path.starts_with("/dev/") || path.starts_with("/proc/") || page < 1)
             Fail("pages of files are asked for, from the first on");

@@ -3,10 +3,13 @@
 
 #include "dialect/DialectFontObjects.h"
 #include "dialect/PdfLayers.h"
+#include "drawing/Drawing.h"
 #include "drawing/EntityKinds.h"
 #include "fuzz/Target.h"
 #include "fuzz/targets/Scratch.h"
 #include "plotter/Plotter.h"
+#include "render/FrontEnd.h"
+#include "render/TextLayout.h"
 
 #include <algorithm>
 
@@ -24,15 +27,15 @@ render::TextEngine& Text()
 }
 
 /// What bounds are asked for, without unfolding inserts, whose bounds have no budget of their own.
-drawing::Box2 BoxOfSpace(const drawing::Drawing& drawing, std::uint32_t block)
+Box2 BoxOfSpace(const drawing::Drawing& drawing, std::uint32_t block)
 {
-    drawing::Box2 box;
+    Box2 box;
     for (const drawing::EntityRecord& record : drawing.EntitiesOf(block)) {
         using drawing::EntityKind;
         if (record.kind == EntityKind::Insert || record.kind == EntityKind::Dimension ||
             record.kind == EntityKind::Table)
             continue;
-        const drawing::Box2 one = render::BoundsOf(drawing, record, Text());
+        const Box2 one = render::BoundsOf(drawing, record, Text());
         if (!one.Empty()) {
             box.Add(one.min);
             box.Add(one.max);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Plotting takes no memory for a single entity: twice as many entities take no more allocations.
+#include "drawing/Drawing.h"
 #include "postscript/PsWriter.h"
 #include "render/FrontEnd.h"
 #include "render/TextLayout.h"

@@ -71,7 +71,7 @@ TEST_F(PlaceTest, TakesWindowsInWorldCoordinates)
     drawing::Layout layout;
     layout.isModel = true;
     const Placement p = Place(drawing, layout, s, [](auto&) { return Box2{}; });
-    const drawing::Vec3 seen = p.view.Apply({10, 20, 0});
+    const Vec3 seen = p.view.Apply({10, 20, 0});
     const Vec2 to = p.toPaper.Apply({seen.x, seen.y});
     EXPECT_NEAR(to.x, 5, 1e-9);
     EXPECT_NEAR(to.y, 10, 1e-9);

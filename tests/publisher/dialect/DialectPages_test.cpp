@@ -4,8 +4,11 @@
 #include "pages/GhostscriptPageMaker.h"
 #include "pdf/Qpdf.h"
 
+#include "drawing/Drawing.h"
 #include "plotter/Plotter.h"
 #include "publisher/dialect/DialectTools.h"
+#include "render/RenderReport.h"
+#include "render/TextLayout.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Where somebody waits for the pages and there is no interpreter, those that need one are refused when they are added.
+#include "drawing/Drawing.h"
 #include "plotter/Plotter.h"
 #include "publisher/PublisherStand.h"
+#include "render/RenderReport.h"
+#include "render/TextLayout.h"
 
 namespace sm::publisher {
 namespace {

@@ -3,6 +3,7 @@
 #include "Dispatch.h"
 #include "app/Fixtures.h"
 #include "beside/PagePane.h"
+#include "drawing/Drawing.h"
 #include "picture/QtPixelCanvas.h"
 #include "qt/QtStand.h"
 #include "run/DrawingRun.h"

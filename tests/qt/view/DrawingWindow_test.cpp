@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Picking with mouse and keyboard in the real window.
+#include "drawing/Drawing.h"
 #include "qt/WindowFixture.h"
 #include "scene/Pieces.h"
 
@@ -10,7 +11,6 @@
 
 namespace sm::qt {
 namespace {
-using drawing::Vec2;
 using scene::Tag;
 
 /// Lines from (0, 0) to (100, 50) and (0, 50) to (100, 0), and a circle of radius 20 about (150, 25).

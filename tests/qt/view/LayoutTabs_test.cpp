@@ -7,8 +7,6 @@
 
 namespace sm::qt {
 namespace {
-
-using drawing::Vec2;
 using ::testing::ElementsAre;
 
 class LayoutTabs : public DrawingWindowTest {

@@ -30,7 +30,7 @@ public:
     {
         return layout == "A-101 Ground Floor" ? marks : std::vector<PageMark>();
     }
-    std::string Move(const std::string& layout, std::size_t mark, drawing::Vec2 by) override
+    std::string Move(const std::string& layout, std::size_t mark, Vec2 by) override
     {
         told.push_back(fmt::format("move {} {} {:.0f},{:.0f}", layout, mark, by.x, by.y));
         marks[mark].from = marks[mark].from + by;

@@ -58,7 +58,7 @@ TEST_F(ViewToolsTest, TheBackgroundIsRemembered)
 TEST_F(ViewToolsTest, AFrameIsZoomedToAndPicksNothing)
 {
     const auto point = PickPoint(0, [&] {
-        const drawing::Vec2 a = PointAt({300, 200}), b = PointAt({500, 340});
+        const Vec2 a = PointAt({300, 200}), b = PointAt({500, 340});
         Key(Qt::Key_W, "w");
         EXPECT_TRUE(Action("zoomWindow").isChecked());
         Press({300, 200});
@@ -69,10 +69,10 @@ TEST_F(ViewToolsTest, AFrameIsZoomedToAndPicksNothing)
         Release({500, 340});
         EXPECT_FALSE(Action("zoomWindow").isChecked());
         Settle();
-        const drawing::Vec2 middle = PointAt({View().width() / 2.0, View().height() / 2.0});
+        const Vec2 middle = PointAt({View().width() / 2.0, View().height() / 2.0});
         EXPECT_NEAR(middle.x, (a.x + b.x) / 2, std::abs(a.x - b.x) / 50);
         EXPECT_NEAR(middle.y, (a.y + b.y) / 2, std::abs(a.y - b.y) / 50);
-        const drawing::Vec2 left = PointAt({0, 10}), right = PointAt({View().width() - 1.0, 10});
+        const Vec2 left = PointAt({0, 10}), right = PointAt({View().width() - 1.0, 10});
         EXPECT_LT(right.x - left.x, 1.6 * (b.x - a.x)) << "the frame fills the view in one direction";
         Key(Qt::Key_Escape);
     });
@@ -82,7 +82,7 @@ TEST_F(ViewToolsTest, AFrameIsZoomedToAndPicksNothing)
 TEST_F(ViewToolsTest, AFrameInOneGoAndOneThatIsGivenUp)
 {
     PickPoint(0, [&] {
-        const drawing::Vec2 before = PointAt({10, 10});
+        const Vec2 before = PointAt({10, 10});
         for (const auto& giveUp : {std::function<void()>([] { Key(Qt::Key_Escape); }), std::function<void()>([] {
                                        Press({310, 210}, Qt::RightButton);
                                    })}) {

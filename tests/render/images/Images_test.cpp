@@ -3,6 +3,7 @@
 #include "render/PictureFiles.h"
 #include "render/SmallDrawing.h"
 
+#include "drawing/Finding.h"
 #include "render/References.h"
 
 #include <gtest/gtest.h>

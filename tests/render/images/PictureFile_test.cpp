@@ -3,6 +3,7 @@
 #include "render/PictureFiles.h"
 
 #include "images/MakePicture.h"
+#include "render/Picture.h"
 
 #include <gtest/gtest.h>
 

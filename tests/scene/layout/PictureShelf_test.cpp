@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures that are kept for when their layouts are shown again.
+#include "drawing/Drawing.h"
 #include "scene/PictureShelf.h"
 
 #include <gtest/gtest.h>

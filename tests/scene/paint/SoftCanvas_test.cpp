@@ -3,15 +3,13 @@
 #include "scene/SoftCanvas.h"
 
 #include "render/ClipBox.h"
+#include "render/Picture.h"
 #include "scene/Pieces.h"
 
 #include <gmock/gmock.h>
 
 namespace sm::scene {
 namespace {
-
-using drawing::Box2;
-using drawing::Vec2;
 using render::FillRule;
 using render::LineCap;
 using render::LineJoin;

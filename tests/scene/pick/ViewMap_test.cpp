@@ -8,9 +8,6 @@
 namespace sm::scene {
 namespace {
 
-using drawing::Box2;
-using drawing::Vec2;
-
 TEST(ViewMap, FitShowsTheWholeBoxInTheMiddle)
 {
     ViewMap map{{}, 1, 1000, 500};

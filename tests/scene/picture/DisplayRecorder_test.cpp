@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the canvas of the screen keeps.
 #include "render/FontFace.h"
+#include "render/Picture.h"
 #include "scene/DisplayRecorder.h"
 #include "scene/Pieces.h"
 

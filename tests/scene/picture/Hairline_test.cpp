@@ -10,8 +10,6 @@
 namespace sm::scene {
 namespace {
 
-using drawing::Vec2;
-
 /// White paper of 12 x 6 pixels, with a frame round it that must stay untouched.
 struct Paper {
     static constexpr int kWidth = 12, kHeight = 6;

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Layouts as they are recorded for the screen, and what places of the picture mean in the drawing.
+#include "drawing/Drawing.h"
+#include "render/References.h"
+#include "render/TextLayout.h"
 #include "scene/LayoutPicture.h"
 #include "scene/Pieces.h"
 

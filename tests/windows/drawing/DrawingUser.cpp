@@ -144,7 +144,7 @@ void DrawingUser::TurnTo(int tab) const
     Settle();
 }
 
-drawing::Vec2 DrawingUser::PointAt(POINT pixel) const
+Vec2 DrawingUser::PointAt(POINT pixel) const
 {
     std::string text;
     TheUiThread().Run([&] { // nothing comes between
@@ -156,10 +156,10 @@ drawing::Vec2 DrawingUser::PointAt(POINT pixel) const
     return {x, std::stod(text.substr(end + 1))};
 }
 
-POINT DrawingUser::PixelOf(drawing::Vec2 point) const
+POINT DrawingUser::PixelOf(Vec2 point) const
 {
     const POINT a{100, 100}, b{500, 400};
-    const drawing::Vec2 p = PointAt(a), q = PointAt(b);
+    const Vec2 p = PointAt(a), q = PointAt(b);
     return {std::lround(a.x + (point.x - p.x) / (q.x - p.x) * (b.x - a.x)),
             std::lround(a.y + (point.y - p.y) / (q.y - p.y) * (b.y - a.y))};
 }

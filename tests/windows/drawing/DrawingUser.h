@@ -39,8 +39,8 @@ public:
     void TurnTo(int tab) const;
 
     /// What the window says is there, snaps suspended.
-    [[nodiscard]] drawing::Vec2 PointAt(POINT pixel) const;
-    [[nodiscard]] POINT PixelOf(drawing::Vec2 point) const;
+    [[nodiscard]] Vec2 PointAt(POINT pixel) const;
+    [[nodiscard]] POINT PixelOf(Vec2 point) const;
 
 private:
     explicit DrawingUser(HWND window) : m_window(window) {}

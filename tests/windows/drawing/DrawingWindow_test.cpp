@@ -9,8 +9,6 @@
 namespace sm::win32 {
 namespace {
 
-using drawing::Vec2;
-
 std::string Tag(int code, const std::string& value)
 {
     return std::to_string(code) + "\n" + value + "\n";

@@ -33,7 +33,7 @@ public:
     {
         return layout == "A-101 Ground Floor" ? marks : std::vector<PageMark>();
     }
-    std::string Move(const std::string& layout, std::size_t mark, drawing::Vec2 by) override
+    std::string Move(const std::string& layout, std::size_t mark, Vec2 by) override
     {
         told.push_back("move " + layout + " " + std::to_string(mark) + " " + std::to_string(std::lround(by.x)) + "," +
                        std::to_string(std::lround(by.y)));

@@ -18,7 +18,7 @@
 namespace sm::win32 {
 
 using Steps = std::function<void(const DrawingUser&)>;
-using Point = std::optional<drawing::Vec2>;
+using Point = std::optional<Vec2>;
 
 class OpenDrawing : public ::testing::Test {
 protected:
@@ -37,7 +37,7 @@ protected:
         WhileUserDraws(steps, [&] { point = picker->PickPoint(*drawing, active, "Enter a point: "); });
         return point;
     }
-    Point Corner(drawing::Vec2 first, const Steps& steps)
+    Point Corner(Vec2 first, const Steps& steps)
     {
         Point point;
         WhileUserDraws(steps, [&] { point = picker->PickCorner(*drawing, active, first, "Enter Other Corner: "); });

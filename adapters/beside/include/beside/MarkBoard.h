@@ -28,7 +28,7 @@ public:
     /// Places in drawing units, sizes of stamps in millimetres of paper.
     [[nodiscard]] virtual std::vector<PageMark> MarksOn(const std::string& layout) = 0;
     /// By a vector in drawing units.
-    virtual std::string Move(const std::string& layout, std::size_t mark, drawing::Vec2 by) = 0;
+    virtual std::string Move(const std::string& layout, std::size_t mark, Vec2 by) = 0;
     [[nodiscard]] virtual std::vector<MarkField> Fields(const std::string& layout, std::size_t mark) = 0;
     /// One value for each field, in their order.
     virtual std::string Change(const std::string& layout, std::size_t mark, const std::vector<std::string>& values) = 0;

@@ -2,12 +2,16 @@
 // The page that would come out, for the preview beside the settings dialog.
 #pragma once
 
-#include "render/Canvas.h"
+#include "base/Geometry.h"
 
 #include <atomic>
 #include <cstdint>
 #include <string>
 #include <vector>
+
+namespace sm::render {
+class ICanvas;
+} // namespace sm::render
 
 namespace sm::beside {
 
@@ -16,7 +20,7 @@ enum class PageMarkKind { Stamp, Attachment, Field, Link };
 /// Millimetres from the lower-left corner of the page as it is read.
 struct PageMark {
     PageMarkKind kind = PageMarkKind::Stamp;
-    drawing::Vec2 from, to;         ///< two corners; of stamps and attachments the point alone
+    Vec2 from, to;                  ///< two corners; of stamps and attachments the point alone
     std::string text{};             ///< the stamp, the file's name, the field's name, the address
     std::string font{};             ///< of a stamp, as PDF names it
     double size = 0;                ///< of a stamp's font, millimetres

@@ -2,12 +2,16 @@
 // The embedded CAD host: the automation objects over drawing files, plotting through our own plotter.
 #pragma once
 
+#include "cadhost/LayoutFacts.h"
 #include "cadhost/PlotWishes.h"
-#include "drawing/Drawing.h"
+#include "drawing/DwgConverter.h"
+#include "drawing/Finding.h"
 #include "ports/IAcadApplication.h"
-#include "render/FrontEnd.h"
-#include "render/References.h"
+#include "render/ReferenceOptions.h"
+#include "render/RenderReport.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -64,27 +68,6 @@ struct DocumentReport {
     std::optional<DocumentAudit> audited;                      ///< the last audit; none before the first
     bool notToScale = false;                                   ///< a layout was plotted to fit on another paper
     std::string plotFailure;                                   ///< why the last plot failed; empty when it didn't
-};
-
-/// A layout as the command line lists it.
-struct LayoutFacts {
-    std::string name;
-    bool isModel = false, active = false;
-    std::int32_t tabOrder = 0;
-    std::string mediaName, configName, styleSheet, plotArea, scale;
-    double paperWidth = 0, paperHeight = 0; ///< mm, turned as plotted
-    std::uint64_t entities = 0;             ///< the sheet's own viewport aside
-    std::uint32_t viewports = 0;
-};
-
-/// What is told of a layout without measuring anything.
-struct LayoutOutline {
-    std::string name;
-    bool isModel = false;
-    bool holdsSomething = false; ///< the sheet's own viewport aside
-    bool hasPaper = false;       ///< the drawing says how large
-    bool plotsDisplay = false;   ///< what a screen happened to show
-    friend bool operator==(const LayoutOutline&, const LayoutOutline&) = default;
 };
 
 class CadHost {

@@ -69,14 +69,14 @@ void DecodeRay(Object& object)
 
 namespace {
 
-constexpr std::int32_t kClosed = 1, kPeriodic = 2, kRational = 4;
+constexpr std::int32_t kClosedSpline = 1, kPeriodic = 2, kRational = 4;
 
 void DecodeControlForm(Object& object, std::uint32_t degree)
 {
     BitReader& data = object.data;
     TagSink& sink = object.sink;
     std::int32_t flags = data.B() ? kRational : 0;
-    flags |= data.B() ? kClosed : 0;
+    flags |= data.B() ? kClosedSpline : 0;
     flags |= data.B() ? kPeriodic : 0;
     (void)data.BD();
     (void)data.BD();
@@ -153,7 +153,7 @@ void DecodeSpline(Object& object)
         const std::uint32_t bits = data.BL();
         knots = data.BL();
         fit = (bits & kFitMethod) != 0 && knots != kCustomKnots;
-        flags = (bits & kClosedFit) != 0 ? kClosed : 0;
+        flags = (bits & kClosedFit) != 0 ? kClosedSpline : 0;
     }
     const std::uint32_t degree = data.BL();
     if (!fit) {

@@ -3,7 +3,7 @@
 // take more than a number. For this room only.
 #pragma once
 
-#include "drawing/Geometry.h"
+#include "base/Geometry.h"
 #include "drawing/Tables.h"
 #include "dwg/bits/BitReader.h"
 #include "dwg/file/Container.h"

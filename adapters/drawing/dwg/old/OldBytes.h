@@ -2,7 +2,7 @@
 // Reads the bytes of one record of a DWG of R9 to R12, one value after the other.
 #pragma once
 
-#include "drawing/Geometry.h"
+#include "base/Geometry.h"
 #include "dwg/file/Bytes.h"
 
 #include <numbers>

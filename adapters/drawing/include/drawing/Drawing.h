@@ -6,7 +6,7 @@
 // a kind with its first line number. Only a file that holds no drawing at all is an error.
 #pragma once
 
-#include "drawing/DwgConverter.h"
+#include "drawing/DrawingError.h"
 #include "drawing/EntityRecord.h"
 #include "drawing/Layouts.h"
 
@@ -14,35 +14,16 @@
 #include <memory>
 #include <optional>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace sm::drawing {
 
-/// What makes a drawing unusable. `what()` is one line that names the file, the place and the remedy.
-class DrawingError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
-
-/// A DWG that can't be opened since what converts it isn't installed.
-class DwgConverterMissing : public DrawingError {
-public:
-    using DrawingError::DrawingError;
-};
+struct DwgOptions;
+struct Finding;
 
 enum class Version : std::uint8_t { Unknown, R2_6, R9, R10, R12, R13, R14, R2000, R2004, R2007, R2010, R2013, R2018 };
-
-/// A kind of damage that was mended or skipped.
-struct Finding {
-    std::int32_t code = 0; ///< stable number of the kind
-    std::string text;      ///< what was found and what was done, without counts
-    std::uint32_t count = 0;
-    std::uint32_t line = 0;   ///< of the first one
-    bool contentLost = false; ///< true: something of the drawing could not be used
-};
 
 struct Block {
     std::string name;
@@ -82,7 +63,9 @@ public:
     /// Opens `path`. A DWG is read through the converter that `dwg` asks for; its records stand in a file of their own
     /// beside it (`path` + ".sheetmaker"), over those in the DWG. Throws DrawingError: missing, unreadable, empty, not
     /// a drawing, cut off before anything usable, a DWG that can't be converted, a records file that can't be read.
-    static std::unique_ptr<Drawing> Open(const std::string& path, const DwgOptions& dwg = {});
+    static std::unique_ptr<Drawing> Open(const std::string& path, const DwgOptions& dwg);
+    /// The same with what converts a DWG wherever it is found.
+    static std::unique_ptr<Drawing> Open(const std::string& path);
     /// The same over bytes in memory, for tests; `name` stands for the path in messages.
     static std::unique_ptr<Drawing> FromBytes(std::string bytes, const std::string& name);
     virtual ~Drawing() = default;

@@ -2,7 +2,7 @@
 // Views that look straight down.
 #pragma once
 
-#include "drawing/Geometry.h"
+#include "base/Geometry.h"
 
 namespace sm::drawing {
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "drawing/Drawing.h"
+#include "drawing/DwgConverter.h"
 
 #include <cstddef>
 #include <deque>

@@ -2,11 +2,11 @@
 // Where a drawing's records are kept.
 #pragma once
 
-#include "drawing/Drawing.h"
-
 #include <string>
 
 namespace sm::drawing {
+
+class Drawing;
 
 /// Behind the whole name of the drawing, of the file that holds its records.
 inline constexpr const char* kRecordsEnding = ".sheetmaker";

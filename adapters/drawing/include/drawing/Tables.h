@@ -2,7 +2,7 @@
 // The symbol tables of a drawing, as plain records. Texts are UTF-8.
 #pragma once
 
-#include "drawing/Geometry.h"
+#include "base/Geometry.h"
 #include "drawing/Properties.h"
 
 #include <cstdint>

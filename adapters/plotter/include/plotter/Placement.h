@@ -2,13 +2,19 @@
 // Where a layout's drawing lands on the sheet.
 #pragma once
 
-#include "drawing/Drawing.h"
+#include "drawing/Tables.h"
 #include "render/Matrix.h"
 
 #include <cstdint>
 #include <functional>
 #include <stdexcept>
 #include <string>
+
+namespace sm::drawing {
+class Drawing;
+struct Layout;
+struct PlotSettings;
+} // namespace sm::drawing
 
 namespace sm::plotter {
 
@@ -21,14 +27,14 @@ public:
 /// Millimetres on the sheet as it leaves the plotter: the unturned medium.
 struct Placement {
     double sheetWidth = 0, sheetHeight = 0;
-    render::Matrix3 view;             ///< world to display plane
-    drawing::ViewDepth depth;         ///< of that view
-    drawing::Vec3 direction{0, 0, 1}; ///< from its target to the eye
-    render::Matrix2 toPaper;          ///< display plane to sheet
-    drawing::Box2 clip;               ///< printable area, and the plotted area where it is smaller
-    drawing::Box2 whole;              ///< of all that is plotted, where the clip cuts off nothing but pens; empty else
+    render::Matrix3 view;     ///< world to display plane
+    drawing::ViewDepth depth; ///< of that view
+    Vec3 direction{0, 0, 1};  ///< from its target to the eye
+    render::Matrix2 toPaper;  ///< display plane to sheet
+    Box2 clip;                ///< printable area, and the plotted area where it is smaller
+    Box2 whole;               ///< of all that is plotted, where the clip cuts off nothing but pens; empty else
     double scaleNumerator = 1, scaleDenominator = 1; ///< in force: paper units for drawing units
-    drawing::Vec2 origin; ///< of the plotted area in the printable one, along the drawing's axes
+    Vec2 origin; ///< of the plotted area in the printable one, along the drawing's axes
 };
 
 /// Host scale codes: 0 scale to fit, 1 to 32 the standard scales, paper units for drawing units. Nothing for others.
@@ -41,6 +47,6 @@ const StandardScaleValue* FindStandardScale(std::int32_t code);
 /// given view, of what the layout's space plots. A plot area without size is taken round its middle at 1:1.
 /// Throws PlotError.
 Placement Place(const drawing::Drawing& drawing, const drawing::Layout& layout, const drawing::PlotSettings& settings,
-                const std::function<drawing::Box2(const render::Matrix3& view)>& extents);
+                const std::function<Box2(const render::Matrix3& view)>& extents);
 
 } // namespace sm::plotter

@@ -2,11 +2,21 @@
 // One layout of a drawing as one PostScript file of one page.
 #pragma once
 
+#include "drawing/Layouts.h"
 #include "plotter/Placement.h"
-#include "render/FrontEnd.h"
 
 #include <atomic>
+#include <cstdint>
 #include <functional>
+#include <string>
+
+namespace sm::render {
+class ICanvas;
+class References;
+class RenderReport;
+class TextEngine;
+struct PlotStyleTable;
+} // namespace sm::render
 
 namespace sm::plotter {
 
@@ -18,7 +28,7 @@ struct PlotJob {
     std::string title = {};         ///< %%Title: the sheet's name
     std::string creator = {};       ///< %%Creator
     /// Gives what the layout's space plots, for callers that know it already; computed when not set.
-    std::function<drawing::Box2(const render::Matrix3& view)> extents = {};
+    std::function<Box2(const render::Matrix3& view)> extents = {};
     const render::PlotStyleTable* plotStyles = nullptr; ///< the table of `settings`; null: plotted without
     bool keepLayers = false;                            ///< the page says what each layer shows, hidden ones included
     render::References* references = nullptr;           ///< as in render::Scene

@@ -9,7 +9,6 @@
 #pragma once
 
 #include "render/Matrix.h"
-#include "render/Picture.h"
 
 #include <cstdint>
 #include <string>
@@ -19,6 +18,7 @@
 namespace sm::render {
 
 class FontFace;
+struct Picture;
 
 enum class Verb : std::uint8_t { Move, Line, Cubic, Close }; ///< Move and Line take one point, Cubic three, Close none
 

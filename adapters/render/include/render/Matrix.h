@@ -2,13 +2,9 @@
 // Affine maps of the renderer.
 #pragma once
 
-#include "drawing/Geometry.h"
+#include "base/Geometry.h"
 
 namespace sm::render {
-
-using drawing::Box2;
-using drawing::Vec2;
-using drawing::Vec3;
 
 /// x' = a x + c y + e, y' = b x + d y + f: the order of a PDF or PostScript matrix.
 struct Matrix2 {

@@ -6,7 +6,7 @@
 // substitute, a missing glyph a substitute font's glyph or a visible box.
 #pragma once
 
-#include "drawing/Drawing.h"
+#include "drawing/Properties.h"
 #include "render/Canvas.h"
 
 #include <functional>
@@ -17,6 +17,7 @@
 #include <vector>
 
 namespace sm::drawing {
+class Drawing;
 struct MTextData;
 struct TextData;
 } // namespace sm::drawing

@@ -2,7 +2,7 @@
 // Which of many boxes overlap one: a packed tree over boxes that don't change.
 #pragma once
 
-#include "drawing/Geometry.h"
+#include "base/Geometry.h"
 
 #include <cstdint>
 #include <functional>
@@ -14,11 +14,11 @@ class BoxTree {
 public:
     BoxTree() = default;
     /// Empty boxes are never found.
-    explicit BoxTree(const std::vector<drawing::Box2>& boxes);
+    explicit BoxTree(const std::vector<Box2>& boxes);
 
     /// Calls `found` with the number of each box that may overlap `box`, touching included: boxes are kept in 32 bits,
     /// rounded outwards. In no particular order; false from `found` ends the search.
-    void Search(const drawing::Box2& box, const std::function<bool(std::uint32_t)>& found) const;
+    void Search(const Box2& box, const std::function<bool(std::uint32_t)>& found) const;
     [[nodiscard]] std::size_t Bytes() const { return m_nodes.capacity() * sizeof(Node); }
 
 private:

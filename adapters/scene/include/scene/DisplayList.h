@@ -15,11 +15,8 @@
 #include <vector>
 
 namespace sm::scene {
-
-using render::Box2;
 using render::Matrix2;
 using render::Path;
-using render::Vec2;
 
 /// A point or vector, in millimetres from its item's origin.
 struct Spot {

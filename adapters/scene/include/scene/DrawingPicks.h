@@ -64,6 +64,7 @@ public:
 class DrawingPicks final : public IDrawingWindow {
 public:
     DrawingPicks(const DrawingWindowOptions& options, std::unique_ptr<IPickScreen> screen);
+    ~DrawingPicks() override;
 
     std::optional<Vec2> PickPoint(const drawing::Drawing& drawing, std::size_t& layout,
                                   const std::string& prompt) override

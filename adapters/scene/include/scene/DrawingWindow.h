@@ -6,7 +6,7 @@
 #include "beside/SheetList.h"
 #include "beside/WindowMemory.h"
 #include "cadhost/PointPicker.h"
-#include "render/References.h"
+#include "render/ReferenceOptions.h"
 
 #include <functional>
 #include <string>

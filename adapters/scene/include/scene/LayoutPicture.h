@@ -2,9 +2,7 @@
 // A layout of a drawing, recorded for the screen.
 #pragma once
 
-#include "drawing/Drawing.h"
-#include "render/FrontEnd.h"
-#include "render/References.h"
+#include "render/Matrix.h"
 #include "scene/DisplayList.h"
 #include "scene/SnapIndex.h"
 
@@ -12,6 +10,15 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+
+namespace sm::drawing {
+class Drawing;
+} // namespace sm::drawing
+
+namespace sm::render {
+class References;
+class TextEngine;
+} // namespace sm::render
 
 namespace sm::scene {
 

@@ -2,6 +2,7 @@
 // Records a layout for the screen in a thread of its own while the window waits for it.
 #pragma once
 
+#include "render/ReferenceOptions.h"
 #include "scene/LayoutPicture.h"
 
 #include <exception>

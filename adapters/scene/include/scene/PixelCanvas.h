@@ -27,9 +27,9 @@ public:
     /// Takes the place of any clip before.
     virtual void SetClip(const PixelBox& box) = 0;
     virtual void NarrowClip(const render::Path& path, render::FillRule rule) = 0;
-    virtual void FillBox(const render::Box2& box, std::uint32_t color) = 0;
+    virtual void FillBox(const Box2& box, std::uint32_t color) = 0;
     /// Its edges alone.
-    virtual void FrameBox(const render::Box2& box, const PixelPen& pen) = 0;
+    virtual void FrameBox(const Box2& box, const PixelPen& pen) = 0;
     virtual void Stroke(const render::Path& path, const PixelPen& pen) = 0;
     virtual void Fill(const render::Path& path, std::uint32_t color, render::FillRule rule) = 0;
     /// An outline with curves, of the number `glyph` in its list of them.

@@ -2,7 +2,7 @@
 // Points as people read and type them.
 #pragma once
 
-#include "drawing/Geometry.h"
+#include "base/Geometry.h"
 
 #include <optional>
 #include <string>
@@ -11,9 +11,9 @@
 namespace sm::scene {
 
 /// "12.50, -3.00"; decimals 0 to 8. Never "-0".
-std::string PointText(drawing::Vec2 point, int decimals);
+std::string PointText(Vec2 point, int decimals);
 
 /// "x,y", blanks aside; "@x,y" counts from `first` when there is one. Nothing for anything else.
-std::optional<drawing::Vec2> ParsePoint(std::string_view text, std::optional<drawing::Vec2> first);
+std::optional<Vec2> ParsePoint(std::string_view text, std::optional<Vec2> first);
 
 } // namespace sm::scene

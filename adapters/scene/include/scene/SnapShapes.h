@@ -13,7 +13,7 @@ namespace sm::scene {
 
 /// The arc of less than half a turn that a cubic Bezier curve stands for, as `render::AppendArc` draws arcs; nothing
 /// for other curves. `start` is 0 and `sweep` above 0.
-std::optional<render::EllipseArc> ArcOf(render::Vec2 p0, render::Vec2 p1, render::Vec2 p2, render::Vec2 p3);
+std::optional<render::EllipseArc> ArcOf(Vec2 p0, Vec2 p1, Vec2 p2, Vec2 p3);
 
 struct SnapShape {
     std::uint32_t first = 0; ///< of its points, or its arc
@@ -30,19 +30,19 @@ public:
     void Add(const render::Path& path, bool circles, bool ends, std::uint32_t clip);
 
     [[nodiscard]] const std::vector<SnapShape>& All() const { return m_shapes; }
-    [[nodiscard]] std::span<const render::Vec2> PointsOf(const SnapShape& shape) const
+    [[nodiscard]] std::span<const Vec2> PointsOf(const SnapShape& shape) const
     {
         return std::span(m_points).subspan(shape.first, shape.count);
     }
     [[nodiscard]] const render::EllipseArc& ArcAt(const SnapShape& shape) const { return m_arcs[shape.first]; }
     /// The box of everything there is to snap to on the shape, an arc's centre included.
-    [[nodiscard]] render::Box2 BoxOf(const SnapShape& shape) const;
+    [[nodiscard]] Box2 BoxOf(const SnapShape& shape) const;
     [[nodiscard]] std::size_t Bytes() const;
 
 private:
     friend class SnapShapeWriter;
     std::vector<SnapShape> m_shapes;
-    std::vector<render::Vec2> m_points;
+    std::vector<Vec2> m_points;
     std::vector<render::EllipseArc> m_arcs;
 };
 

@@ -18,7 +18,7 @@ class IMarkPane {
 public:
     virtual ~IMarkPane() = default;
     /// Pixels that the mark takes in the view; places and sizes are those of the scene.
-    [[nodiscard]] virtual render::Box2 BoxOf(const beside::PageMark& mark) const = 0;
+    [[nodiscard]] virtual Box2 BoxOf(const beside::PageMark& mark) const = 0;
     virtual void ListMarks(const std::vector<std::string>& titles) = 0;
     virtual void ShowChosen(std::optional<std::size_t> mark) = 0;
     virtual void ShowHint(const std::string& text) = 0;
@@ -50,7 +50,7 @@ public:
     /// As they are to be painted at the moment, in the scene.
     [[nodiscard]] std::vector<beside::PageMark> InScene() const;
     /// Pixels round the mark that is chosen.
-    [[nodiscard]] std::optional<render::Box2> Frame() const;
+    [[nodiscard]] std::optional<Box2> Frame() const;
 
 private:
     void Fill();

@@ -3,6 +3,9 @@
 //
 //     paint_layouts SHARE DRAWING PREFIX      writes PREFIX0.ppm, PREFIX1.ppm, … in tab order
 #include "base/process/ThisProcess.h"
+#include "drawing/Drawing.h"
+#include "render/References.h"
+#include "render/TextLayout.h"
 #include "scene/ItemPainter.h"
 #include "scene/SoftCanvas.h"
 

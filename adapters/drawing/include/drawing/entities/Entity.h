@@ -7,8 +7,8 @@
 // numbers become 0.
 #pragma once
 
+#include "base/Geometry.h"
 #include "drawing/EntityRecord.h"
-#include "drawing/Geometry.h"
 #include "drawing/Properties.h"
 
 #include <optional>

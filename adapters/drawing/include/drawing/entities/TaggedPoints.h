@@ -2,8 +2,8 @@
 // What is known of the place and size of entities that have no reader of their own.
 #pragma once
 
+#include "base/Geometry.h"
 #include "drawing/EntityRecord.h"
-#include "drawing/Geometry.h"
 
 #include <vector>
 

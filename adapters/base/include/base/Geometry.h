@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Points and boxes of the drawing engine, in drawing units unless said otherwise.
+// Points and boxes, in drawing units unless said otherwise. Every room speaks of them: they are of the whole house.
 #pragma once
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
-namespace sm::drawing {
+namespace sm {
 
 struct Vec2 {
     double x = 0, y = 0;
@@ -46,4 +46,4 @@ struct Box2 {
     friend bool operator==(const Box2&, const Box2&) = default;
 };
 
-} // namespace sm::drawing
+} // namespace sm
