@@ -25,7 +25,7 @@ fs::path OwnFolder()
                          reinterpret_cast<LPCWSTR>(&anchor), &module);
     std::wstring path(32768, L'\0');
     path.resize(::GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size())));
-    return fs::path(path).parent_path();
+    return base::ToPath(base::Narrow(path)).parent_path();
 }
 
 /// The one that our own installer has put beside us, when it was asked to; empty when it wasn't.
