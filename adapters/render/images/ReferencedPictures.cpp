@@ -4,6 +4,7 @@
 #include "base/Units.h"
 #include "base/files/File.h"
 #include "drawing/Drawing.h"
+#include "render/Picture.h"
 
 #include <algorithm>
 #include <charconv>

@@ -2,6 +2,7 @@
 #include "screen/KeptBeside.h"
 
 #include "base/files/Paths.h"
+#include "drawing/Drawing.h"
 #include "drawing/RecordsPlace.h"
 #include "plugin/mdlAcadHelper.h"
 

@@ -2,6 +2,7 @@
 #include "screen/ScreenRun.h"
 
 #include "commandline/Refusal.h"
+#include "drawing/Drawing.h"
 #include "drawing/DrawingError.h"
 #include "plugin/mdlAcadHelper.h"
 #include "report/RunOutcome.h"
