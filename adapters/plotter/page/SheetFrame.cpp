@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page/SheetFrame.h"
 #include "base/Numbers.h"
+#include "drawing/Layouts.h"
 
 namespace sm::plotter {
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "scene/LayoutRecorder.h"
 
+#include "drawing/Drawing.h"
 #include "render/References.h"
 #include "render/TextLayout.h"
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "scene/PictureShelf.h"
 
+#include "drawing/Drawing.h"
+
 #include <algorithm>
 #include <utility>
 
