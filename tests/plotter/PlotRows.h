@@ -2,6 +2,7 @@
 // The table of plot areas and where they land, for Place_test.
 #pragma once
 
+#include "drawing/Layouts.h"
 #include "plotter/Placement.h"
 
 #include <vector>
