@@ -7,42 +7,47 @@
 #include "base/files/UserFolders.h"
 #include "base/text/Names.h"
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
+#include <system_error>
 
 namespace sm::render {
 
 namespace {
 
-bool IsFontFile(const std::string& lowered)
+bool IsFontFile(std::string_view name)
 {
-    for (const char* ending : {".ttf", ".ttc", ".otf", ".lff", ".shx"}) {
-        if (lowered.ends_with(ending)) {
-            return true;
-        }
-    }
-    return false;
+    constexpr std::array<std::string_view, 5> kEndings{".ttf", ".ttc", ".otf", ".lff", ".shx"};
+    return name.size() > 4 && std::find(kEndings.begin(), kEndings.end(),
+                                        base::LowerAscii(name.substr(name.size() - 4))) != kEndings.end();
 }
 
 using Files = std::map<std::string, std::string>;
 
 constexpr int kDeepest = 7;
 
-/// The font files in a folder and below it; a folder that can't be read is told in `troubles`.
-void ScanFolder(const std::filesystem::path& folder, Files& files, std::vector<std::string>& troubles, int depth = 0)
+/// The font files in a folder, then those below it, by the names of the folders; a folder that can't be read is told in
+/// `troubles`.
+void ScanFolder(const std::string& folder, Files& files, std::vector<std::string>& troubles, int depth = 0)
 {
-    namespace fs = std::filesystem;
-    std::error_code error, ignored;
-    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
-        const std::string name = base::FoldCase(base::ToText(at->path().filename()));
+    std::vector<std::string> below;
+    const std::error_code error = base::VisitNames(folder, [&](const base::FolderName& entry) {
+        const std::string_view name = entry.Text();
         if (IsFontFile(name)) {
-            if (at->is_regular_file(ignored)) // a pipe would be waited for
-                files.try_emplace(name, base::ToText(at->path()));
-        } else if (depth < kDeepest && !at->is_symlink(ignored) && at->is_directory(ignored)) {
-            ScanFolder(at->path(), files, troubles, depth + 1);
+            if (entry.IsFile()) { // a pipe would be waited for
+                files.try_emplace(base::FoldCase(name), folder + "/" + std::string(name));
+            }
+        } else if (depth < kDeepest && entry.IsFolder()) {
+            below.push_back(folder + "/" + std::string(name));
         }
+    });
+    std::sort(below.begin(), below.end());
+    for (const std::string& one : below) {
+        ScanFolder(one, files, troubles, depth + 1);
     }
     if (error && error != std::errc::no_such_file_or_directory && error != std::errc::not_a_directory) {
-        troubles.push_back(base::ToText(folder) + " can't be read: " + error.message());
+        troubles.push_back(folder + " can't be read: " + error.message());
     }
 }
 
@@ -56,7 +61,7 @@ MachineFonts ScanMachine()
 {
     MachineFonts fonts;
     for (const std::filesystem::path& folder : base::FontFolders(base::Variable)) {
-        ScanFolder(folder, fonts.files, fonts.troubles);
+        ScanFolder(base::ToText(folder), fonts.files, fonts.troubles);
     }
     return fonts;
 }
@@ -114,8 +119,7 @@ FontFolders::Files FontFolders::FilesIn(const std::string& folder)
     base::VisitNames(folder, [&](const base::FolderName& entry) {
         // Drawings lie by the thousand in one folder: most names are passed over before they are copied.
         const std::string_view name = entry.Text();
-        if (name.size() >= 5 && IsFontFile(base::LowerAscii(name.substr(name.size() - 4))) && entry.IsFile() &&
-            !base::IsOfTheSystem(folder + "/" + std::string(name))) {
+        if (IsFontFile(name) && entry.IsFile() && !base::IsOfTheSystem(folder + "/" + std::string(name))) {
             files.try_emplace(base::FoldCase(name), folder + "/" + std::string(name));
         }
     });

@@ -70,7 +70,7 @@ private:
     std::optional<Font> ResolveNamed(const Wish& wish);
     StrokeFont* LastStroke(std::string& drawn);
     const OutlineFace* FaceByName(const std::string& file);
-    SizedFace FirstOf(const FontChoices* choices);
+    SizedFace FirstOf(const std::optional<FontChoices>& choices);
     SizedFace FaceFor(const Wish& wish, bool& exact);
     SizedFace FaceInstead(const Wish& wish);
     const OutlineFace* FaceAt(const FontPlace& place);

@@ -6,6 +6,7 @@
 #include "base/text/Names.h"
 #include "base/text/Utf8.h"
 
+#include <algorithm>
 #include <charconv>
 #include <filesystem>
 
@@ -13,31 +14,24 @@ namespace sm::render {
 
 namespace {
 
-std::vector<std::string> WordsOf(std::string_view line)
+using Words = std::vector<std::string_view>;
+
+/// Quotes begin and end a word; what stands between them is one.
+void SplitWords(std::string_view line, Words& words)
 {
-    std::vector<std::string> words;
-    bool quoted = false, open = false;
-    for (const char c : line) {
-        if (c == '#' && !quoted) {
-            break;
+    constexpr std::string_view kBlanks = " \t\r";
+    words.clear();
+    for (std::size_t at = 0; at < line.size() && line[at] != '#';) {
+        const bool quoted = line[at] == '"';
+        if (!quoted && kBlanks.find(line[at]) != std::string_view::npos) {
+            ++at;
+            continue;
         }
-        if (c == '"') {
-            quoted = !quoted;
-            if (quoted) {
-                words.emplace_back();
-            }
-            open = quoted;
-        } else if (!quoted && (c == ' ' || c == '\t' || c == '\r')) {
-            open = false;
-        } else {
-            if (!open) {
-                words.emplace_back();
-                open = true;
-            }
-            words.back() += c;
-        }
+        const std::size_t from = at + (quoted ? 1 : 0);
+        at = std::min(quoted ? line.find('"', from) : line.find_first_of(" \t\r\"#", from), line.size());
+        words.push_back(line.substr(from, at - from));
+        at += quoted ? 1 : 0;
     }
-    return words;
 }
 
 std::string WithoutShx(std::string_view name)
@@ -58,7 +52,7 @@ std::optional<double> NumberOf(std::string_view word, double low, double high)
     return fits ? std::optional(value) : std::nullopt;
 }
 
-std::optional<double> NumberAt(const std::vector<std::string>& words, std::size_t at, double low, double high)
+std::optional<double> NumberAt(const Words& words, std::size_t at, double low, double high)
 {
     return at < words.size() ? NumberOf(words[at], low, high) : std::nullopt;
 }
@@ -80,15 +74,15 @@ FontChoices ChoicesOf(std::string_view word)
 
 } // namespace
 
-void FontMap::AddLine(const std::vector<std::string>& words)
+void FontMap::AddLine(const Words& words)
 {
-    const std::string_view kind = words.empty() ? std::string_view() : std::string_view(words[0]);
+    const std::string_view kind = words.empty() ? std::string_view() : words[0];
     if (kind == "file" && words.size() >= 3) {
-        m_files.try_emplace(base::FoldCase(words[1]), ChoicesOf(words[2]));
+        m_files.try_emplace(base::FoldCase(words[1]), words[2]);
     } else if (kind == "family" && words.size() >= 3) {
-        std::array<FontChoices, 4> files;
+        std::array<std::string_view, 4> files;
         for (std::size_t i = 0; i < files.size(); ++i) {
-            files[i] = ChoicesOf(i + 2 < words.size() ? words[i + 2] : words[2]);
+            files[i] = i + 2 < words.size() ? words[i + 2] : words[2];
         }
         m_families.try_emplace(base::FoldCase(words[1]), files);
     } else if (kind == "stroke" && words.size() >= 3) {
@@ -101,16 +95,16 @@ void FontMap::AddLine(const std::vector<std::string>& words)
     }
 }
 
-void FontMap::AddStroke(const std::vector<std::string>& words)
+void FontMap::AddStroke(const Words& words)
 {
-    StrokeChoice choice{words[2], NumberAt(words, 3, 0.1, 10).value_or(1), {}, m_strokes.size()};
+    StrokeChoice choice{std::string(words[2]), NumberAt(words, 3, 0.1, 10).value_or(1), {}, m_strokes.size()};
     choice.metrics.gap = NumberAt(words, 4, 0, 5);
     choice.metrics.space = NumberAt(words, 5, 0, 5);
     m_strokes.try_emplace(WithoutShx(words[1]), std::move(choice));
 }
 
 /// Advances belong to the line before them that names the stroke font.
-void FontMap::AddAdvances(const std::vector<std::string>& words)
+void FontMap::AddAdvances(const Words& words)
 {
     const auto found = m_strokes.find(WithoutShx(words[1]));
     const std::optional<double> advance = NumberAt(words, 2, 0, 10);
@@ -122,11 +116,14 @@ void FontMap::AddAdvances(const std::vector<std::string>& words)
     }
 }
 
-void FontMap::Add(std::string_view text)
+void FontMap::Add(std::string lines)
 {
+    std::string_view text = m_texts.emplace_back(std::move(lines));
+    Words words;
     while (!text.empty()) {
         const std::size_t end = text.find('\n');
-        AddLine(WordsOf(text.substr(0, end)));
+        SplitWords(text.substr(0, end), words);
+        AddLine(words);
         text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
     }
 }
@@ -138,21 +135,25 @@ std::string FontMap::AddFile(const std::string& path)
     if (!std::filesystem::exists(base::ToPath(path), error)) {
         return {};
     }
-    const auto text = base::ReadRegularFile(path, kLargest);
-    Add(text.value_or(""));
-    return text ? std::string() : path + " can't be read, so that other fonts stand in";
+    auto text = base::ReadRegularFile(path, kLargest);
+    const bool isRead = text.has_value();
+    Add(std::move(text).value_or(""));
+    return isRead ? std::string() : path + " can't be read, so that other fonts stand in";
 }
 
-const FontChoices* FontMap::File(std::string_view name) const
+std::optional<FontChoices> FontMap::File(std::string_view name) const
 {
     const auto found = m_files.find(base::FoldCase(name));
-    return found == m_files.end() ? nullptr : &found->second;
+    return found == m_files.end() ? std::nullopt : std::optional(ChoicesOf(found->second));
 }
 
-const FontChoices* FontMap::Family(std::string_view name, bool bold, bool italic) const
+std::optional<FontChoices> FontMap::Family(std::string_view name, bool bold, bool italic) const
 {
     const auto found = m_families.find(base::FoldCase(name));
-    return found == m_families.end() ? nullptr : &found->second[(bold ? 1U : 0U) + (italic ? 2U : 0U)];
+    if (found == m_families.end()) {
+        return std::nullopt;
+    }
+    return ChoicesOf(found->second[(bold ? 1U : 0U) + (italic ? 2U : 0U)]);
 }
 
 const StrokeChoice* FontMap::Stroke(std::string_view name) const

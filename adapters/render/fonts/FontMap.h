@@ -15,6 +15,7 @@
 #pragma once
 
 #include <array>
+#include <deque>
 #include <map>
 #include <optional>
 #include <string>
@@ -47,26 +48,32 @@ struct StrokeChoice {
 
 class FontMap {
 public:
+    FontMap() = default;
+    FontMap(const FontMap&) = delete; // its tables look into its texts
+    FontMap& operator=(const FontMap&) = delete;
+
     /// Adds the lines of a table; what can't be understood is left out.
-    void Add(std::string_view text);
+    void Add(std::string lines);
     /// Adds a file's lines. What is wrong with a file that is there and can't be read; else nothing.
     std::string AddFile(const std::string& path);
 
-    /// Null when the table has no line for it.
-    [[nodiscard]] const FontChoices* File(std::string_view name) const;
-    [[nodiscard]] const FontChoices* Family(std::string_view name, bool bold, bool italic) const;
-    /// `name` with or without ".shx".
+    /// Nothing when the table has no line for it.
+    [[nodiscard]] std::optional<FontChoices> File(std::string_view name) const;
+    [[nodiscard]] std::optional<FontChoices> Family(std::string_view name, bool bold, bool italic) const;
+    /// Null when there is none. `name` with or without ".shx".
     [[nodiscard]] const StrokeChoice* Stroke(std::string_view name) const;
     [[nodiscard]] const std::vector<std::string>& Fallbacks() const { return m_fallbacks; }
     [[nodiscard]] const std::vector<std::string>& StrokeFallbacks() const { return m_strokeFallbacks; }
 
 private:
-    void AddLine(const std::vector<std::string>& words);
-    void AddStroke(const std::vector<std::string>& words);
-    void AddAdvances(const std::vector<std::string>& words);
+    void AddLine(const std::vector<std::string_view>& words);
+    void AddStroke(const std::vector<std::string_view>& words);
+    void AddAdvances(const std::vector<std::string_view>& words);
 
-    std::map<std::string, FontChoices> m_files;
-    std::map<std::string, std::array<FontChoices, 4>> m_families;
+    // Of the hundreds of lines a drawing asks for a few: their choices stay text until then.
+    std::deque<std::string> m_texts;
+    std::map<std::string, std::string_view> m_files;
+    std::map<std::string, std::array<std::string_view, 4>> m_families;
     std::map<std::string, StrokeChoice> m_strokes;
     std::vector<std::string> m_fallbacks, m_strokeFallbacks;
 };

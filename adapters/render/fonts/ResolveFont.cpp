@@ -32,11 +32,10 @@ Font FontLibrary::Resolve(const Wish& wish)
         return ResolveOutline(wish);
     }
     const bool bare = ending.empty() && !wish.file.empty() && !namesStrokes;
-    if (bare && (m_map.File(wish.file + ".ttf") != nullptr || m_folders.Named(wish.file + ".ttf") != nullptr)) {
+    if (bare && (m_map.File(wish.file + ".ttf") || m_folders.Named(wish.file + ".ttf") != nullptr)) {
         return ResolveOutline({wish.style, wish.file + ".ttf", wish.folder, wish.who}); // "Arial" without an ending
     }
-    if (bare && (m_map.Family(wish.file, false, false) != nullptr ||
-                 m_map.Family(WithBlanks(wish.file), false, false) != nullptr)) {
+    if (bare && (m_map.Family(wish.file, false, false) || m_map.Family(WithBlanks(wish.file), false, false))) {
         drawing::TextStyle style = wish.style;
         style.family = wish.file;
         return ResolveOutline({style, {}, wish.folder, wish.who});
@@ -139,7 +138,7 @@ FontLibrary::SizedFace FontLibrary::FaceInstead(const Wish& wish)
 {
     const drawing::TextStyle& style = wish.style;
     std::string family = style.family.empty() ? StemOf(wish.file) : style.family;
-    family = m_map.Family(family, false, false) != nullptr ? family : WithBlanks(family);
+    family = m_map.Family(family, false, false) ? family : WithBlanks(family);
     if (!style.family.empty() && (style.bold || style.italic)) {
         if (const SizedFace sized = FirstOf(m_map.Family(family, style.bold, style.italic)); sized.face != nullptr) {
             return sized;
@@ -155,9 +154,9 @@ FontLibrary::SizedFace FontLibrary::FaceInstead(const Wish& wish)
     return {place ? FaceAt(*place) : nullptr, 1};
 }
 
-FontLibrary::SizedFace FontLibrary::FirstOf(const FontChoices* choices)
+FontLibrary::SizedFace FontLibrary::FirstOf(const std::optional<FontChoices>& choices)
 {
-    if (choices != nullptr) {
+    if (choices) {
         for (const FontChoice& choice : *choices) {
             if (const OutlineFace* face = FaceByName(choice.file)) {
                 return {face, choice.width};

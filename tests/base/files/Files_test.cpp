@@ -262,12 +262,16 @@ TEST(FolderNames, AreVisitedAndToldFromFolders)
     fs::create_symlink("file", folder.Path("link"));
     fs::create_symlink("folder", folder.Path("linked folder"));
     std::vector<std::string> seen;
-    VisitNames(folder.Path(""), [&](const FolderName& name) {
-        seen.push_back(std::string(name.Text()) + (name.IsFile() ? " is a file" : " is none"));
-    });
-    EXPECT_THAT(seen, testing::UnorderedElementsAre(". is none", ".. is none", "file is a file", "folder is none",
-                                                    "link is a file", "linked folder is none"));
-    VisitNames(folder.Path("missing"), [](const FolderName& name) { FAIL() << name.Text(); });
+    EXPECT_FALSE(VisitNames(folder.Path(""), [&](const FolderName& name) {
+        const char* const kind = name.IsFile() ? " is a file" : name.IsFolder() ? " is a folder" : " is neither";
+        seen.push_back(std::string(name.Text()) + kind);
+    }));
+    EXPECT_THAT(seen,
+                testing::UnorderedElementsAre(". is neither", ".. is neither", "file is a file", "folder is a folder",
+                                              "link is a file", "linked folder is neither"));
+    const auto none = [](const FolderName& name) { FAIL() << name.Text(); };
+    EXPECT_EQ(VisitNames(folder.Path("missing"), none), std::errc::no_such_file_or_directory);
+    EXPECT_EQ(VisitNames(folder.Path("file"), none), std::errc::not_a_directory);
 }
 
 TEST(PrivateFolder, IsTheUsersOwnAndGoesAway)

@@ -7,6 +7,7 @@
 #include "shapes/ShapePen.h"
 
 #include <cmath>
+#include <optional>
 
 namespace sm::fuzz {
 
@@ -74,9 +75,9 @@ void FuzzStrokes(std::string_view input)
 void FuzzFontMap(std::string_view input)
 {
     render::FontMap map;
-    map.Add(input);
-    const auto check = [](const render::FontChoices* choices) {
-        if (choices != nullptr)
+    map.Add(std::string(input));
+    const auto check = [](const std::optional<render::FontChoices>& choices) {
+        if (choices)
             for (const render::FontChoice& choice : *choices)
                 if (!(choice.width > 0 && std::isfinite(choice.width)))
                     Fail("letters are as wide as something");
