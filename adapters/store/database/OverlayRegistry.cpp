@@ -40,13 +40,16 @@ std::optional<RegistryKey> OverlayRegistry::KeyBelow(OpenedKey& key, const std::
     if (IsIsolated(key, name))
         return std::nullopt;
     if (!key.below) // it may have been made since
-        key.below = m_below.OpenKey(key.root, key.path);
+        key.below = m_below.OpenKey(key.root, key.path.Text());
     return key.below;
 }
 
 bool OverlayRegistry::IsIsolated(const OpenedKey& key, const std::string& name) const
 {
-    const std::string path = FoldKeyPath(key.path), folded = FoldCase(name);
+    if (m_isolated.empty())
+        return false;
+    const std::string& path = key.path.Folded();
+    const std::string folded = FoldCase(name);
     return std::any_of(m_isolated.begin(), m_isolated.end(), [&](const IsolatedValue& value) {
         return value.root == key.root && value.foldedName == folded && path.starts_with(value.foldedPath + "\\");
     });
@@ -59,10 +62,10 @@ bool OverlayRegistry::StaysHere(const OpenedKey& key, const std::string& name) c
 
 std::optional<RegistryKey> OverlayRegistry::OpenKey(RegistryRoot root, const std::string& path)
 {
-    const std::optional<RegistryKey> below = m_below.OpenKey(root, path);
-    if (!below && !m_layer.HasKey(root, path))
+    OpenedKey key{root, path, m_below.OpenKey(root, path)};
+    if (!key.below && !m_layer.HasKey(root, key.path))
         return std::nullopt;
-    return Remember({root, path, below});
+    return Remember(std::move(key));
 }
 
 std::optional<RegistryKey> OverlayRegistry::CreateKey(RegistryRoot root, const std::string& path)
@@ -108,7 +111,7 @@ bool OverlayRegistry::SetValue(RegistryKey key, const std::string& name, Registr
         return true;
     }
     if (!opened->below)
-        opened->below = m_below.CreateKey(opened->root, opened->path);
+        opened->below = m_below.CreateKey(opened->root, opened->path.Text());
     return opened->below && m_below.SetValue(*opened->below, name, type, data, byteCount);
 }
 

@@ -13,9 +13,9 @@ RegistryOverFacts::RegistryOverFacts(IRegistry& below, const std::string& ownKey
 // Keys that are still open belong to a registry that may be gone.
 RegistryOverFacts::~RegistryOverFacts() = default;
 
-bool RegistryOverFacts::IsOwn(RegistryRoot root, const std::string& path) const
+bool RegistryOverFacts::IsOwn(RegistryRoot root, const KeyPath& path) const
 {
-    const std::string folded = FoldKeyPath(path);
+    const std::string& folded = path.Folded();
     return root == RegistryRoot::CurrentUser && (folded == m_ownKey || folded.starts_with(m_ownKey + "\\"));
 }
 
@@ -34,9 +34,9 @@ RegistryOverFacts::OpenedKey* RegistryOverFacts::Find(RegistryKey key)
 std::optional<RegistryKey> RegistryOverFacts::OpenKey(RegistryRoot root, const std::string& path)
 {
     OpenedKey key{root, path, {}};
-    if (IsOwn(root, path))
+    if (IsOwn(root, key.path))
         key.below = m_below.OpenKey(root, path);
-    if (!key.below && !m_facts.HasKey(root, path))
+    if (!key.below && !m_facts.HasKey(root, key.path))
         return std::nullopt;
     return Remember(std::move(key));
 }

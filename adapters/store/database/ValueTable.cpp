@@ -7,41 +7,49 @@
 
 namespace sm::store {
 
-ValueTable::Key ValueTable::KeyOf(RegistryRoot root, const std::string& path)
+KeyPath::KeyPath(std::string text) : m_text(std::move(text)), m_folded(FoldKeyPath(m_text)) {}
+
+const ValueTable::Keys* ValueTable::Below(RegistryRoot root) const
 {
-    return {root, FoldKeyPath(path)};
+    const auto found = m_roots.find(root);
+    return found == m_roots.end() ? nullptr : &found->second;
 }
 
-bool ValueTable::HasKey(RegistryRoot root, const std::string& path) const
+bool ValueTable::HasKey(RegistryRoot root, const KeyPath& path) const
 {
-    const Key wanted = KeyOf(root, path);
-    if (m_keys.contains(wanted))
+    const Keys* const keys = Below(root);
+    if (keys == nullptr)
+        return false;
+    if (keys->contains(path.Folded()))
         return true;
-    const Key below{root, wanted.second + '\\'};
-    const auto next = m_keys.lower_bound(below);
-    return next != m_keys.end() && next->first.first == root && next->first.second.starts_with(below.second);
+    const std::string below = path.Folded() + '\\';
+    const auto next = keys->lower_bound(below);
+    return next != keys->end() && next->first.starts_with(below);
 }
 
-void ValueTable::AddKey(RegistryRoot root, const std::string& path)
+void ValueTable::AddKey(RegistryRoot root, const KeyPath& path)
 {
-    m_keys[KeyOf(root, path)];
+    m_roots[root][path.Folded()];
 }
 
-const StoredValue* ValueTable::Find(RegistryRoot root, const std::string& path, const std::string& name) const
+const StoredValue* ValueTable::Find(RegistryRoot root, const KeyPath& path, const std::string& name) const
 {
-    const auto key = m_keys.find(KeyOf(root, path));
-    if (key == m_keys.end())
+    const Keys* const keys = Below(root);
+    if (keys == nullptr)
+        return nullptr;
+    const auto key = keys->find(path.Folded());
+    if (key == keys->end())
         return nullptr;
     const auto value = key->second.find(FoldCase(name));
     return value == key->second.end() ? nullptr : &value->second;
 }
 
-void ValueTable::Set(RegistryRoot root, const std::string& path, const std::string& name, StoredValue value)
+void ValueTable::Set(RegistryRoot root, const KeyPath& path, const std::string& name, StoredValue value)
 {
-    m_keys[KeyOf(root, path)][FoldCase(name)] = std::move(value);
+    m_roots[root][path.Folded()][FoldCase(name)] = std::move(value);
 }
 
-void ValueTable::SetText(RegistryRoot root, const std::string& path, const std::string& name, const std::string& text)
+void ValueTable::SetText(RegistryRoot root, const KeyPath& path, const std::string& name, const std::string& text)
 {
     Set(root, path, name, {RegistryType::String, text});
 }

@@ -8,7 +8,7 @@ namespace {
 
 struct OpenedKey {
     RegistryRoot root;
-    std::string path;
+    KeyPath path;
 };
 
 class SqliteRegistry final : public IRegistry {
@@ -20,9 +20,10 @@ public:
 
     std::optional<RegistryKey> OpenKey(RegistryRoot root, const std::string& path) override
     {
-        if (!m_facts.HasKey(root, path) && !(root == RegistryRoot::CurrentUser && HasStoredKey(path)))
+        OpenedKey key{root, path};
+        if (!m_facts.HasKey(root, key.path) && !(root == RegistryRoot::CurrentUser && HasStoredKey(key.path)))
             return std::nullopt;
-        return Remember(root, path);
+        return Remember(std::move(key));
     }
 
     std::optional<RegistryKey> CreateKey(RegistryRoot root, const std::string& path) override
@@ -33,7 +34,7 @@ public:
             return std::nullopt;
         if (m_read)
             m_read->AddKey(root, path);
-        return Remember(root, path);
+        return Remember({root, path});
     }
 
     std::optional<RegistryValueInfo> QueryInfo(RegistryKey key, const std::string& name) override
@@ -58,7 +59,7 @@ public:
         if (opened == m_open.end() || opened->second.root == RegistryRoot::LocalMachine ||
             !TakeBytes(data, byteCount, value.data))
             return false;
-        const bool written = m_file.Write(opened->second.path, name, value);
+        const bool written = m_file.Write(opened->second.path.Text(), name, value);
         if (written && m_read)
             m_read->Set(RegistryRoot::CurrentUser, opened->second.path, name, value);
         return written;
@@ -69,9 +70,9 @@ public:
     std::string Decode(const std::string& bytes) override { return bytes; }
 
 private:
-    RegistryKey Remember(RegistryRoot root, const std::string& path)
+    RegistryKey Remember(OpenedKey key)
     {
-        m_open.emplace(++m_last, OpenedKey{root, path});
+        m_open.emplace(++m_last, std::move(key));
         return m_last;
     }
 
@@ -83,17 +84,17 @@ private:
         return m_read ? &*m_read : nullptr;
     }
 
-    bool HasStoredKey(const std::string& path)
+    bool HasStoredKey(const KeyPath& path)
     {
         const ValueTable* all = AllStored();
-        return all ? all->HasKey(RegistryRoot::CurrentUser, path) : m_file.HasKey(path);
+        return all ? all->HasKey(RegistryRoot::CurrentUser, path) : m_file.HasKey(path.Text());
     }
 
-    std::optional<StoredValue> Stored(const std::string& path, const std::string& name)
+    std::optional<StoredValue> Stored(const KeyPath& path, const std::string& name)
     {
         const ValueTable* all = AllStored();
         if (!all)
-            return m_file.Read(path, name);
+            return m_file.Read(path.Text(), name);
         const StoredValue* value = all->Find(RegistryRoot::CurrentUser, path, name);
         return value ? std::optional<StoredValue>(*value) : std::nullopt;
     }

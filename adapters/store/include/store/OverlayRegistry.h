@@ -36,7 +36,7 @@ public:
 private:
     struct OpenedKey {
         RegistryRoot root;
-        std::string path;
+        KeyPath path;
         std::optional<RegistryKey> below; ///< nothing while the registry below doesn't have the key
     };
     struct IsolatedValue {

@@ -32,11 +32,11 @@ public:
 private:
     struct OpenedKey {
         RegistryRoot root;
-        std::string path;
+        KeyPath path;
         std::optional<RegistryKey> below; ///< nothing where the registry below has no say or no such key
     };
 
-    [[nodiscard]] bool IsOwn(RegistryRoot root, const std::string& path) const;
+    [[nodiscard]] bool IsOwn(RegistryRoot root, const KeyPath& path) const;
     RegistryKey Remember(OpenedKey key);
     [[nodiscard]] OpenedKey* Find(RegistryKey key);
 

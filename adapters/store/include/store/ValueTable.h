@@ -16,20 +16,36 @@ struct StoredValue {
     friend bool operator==(const StoredValue&, const StoredValue&) = default;
 };
 
+/// A key's path with the form in which it is compared: a run asks for hundreds of values of few keys.
+class KeyPath {
+public:
+    KeyPath(std::string text);                                // NOLINT(google-explicit-constructor): a path is a text
+    KeyPath(const char* text) : KeyPath(std::string(text)) {} // NOLINT(google-explicit-constructor)
+    [[nodiscard]] const std::string& Text() const { return m_text; }
+    /// Without letter case, and without leading, trailing and doubled "\".
+    [[nodiscard]] const std::string& Folded() const { return m_folded; }
+
+private:
+    std::string m_text, m_folded;
+};
+
 class ValueTable {
 public:
     /// The key itself, or one below it, is there.
-    [[nodiscard]] bool HasKey(RegistryRoot root, const std::string& path) const;
-    void AddKey(RegistryRoot root, const std::string& path);
+    [[nodiscard]] bool HasKey(RegistryRoot root, const KeyPath& path) const;
+    void AddKey(RegistryRoot root, const KeyPath& path);
     /// Null when there is none; valid until the next change.
-    [[nodiscard]] const StoredValue* Find(RegistryRoot root, const std::string& path, const std::string& name) const;
-    void Set(RegistryRoot root, const std::string& path, const std::string& name, StoredValue value);
-    void SetText(RegistryRoot root, const std::string& path, const std::string& name, const std::string& text);
+    [[nodiscard]] const StoredValue* Find(RegistryRoot root, const KeyPath& path, const std::string& name) const;
+    void Set(RegistryRoot root, const KeyPath& path, const std::string& name, StoredValue value);
+    void SetText(RegistryRoot root, const KeyPath& path, const std::string& name, const std::string& text);
 
 private:
-    using Key = std::pair<RegistryRoot, std::string>;
-    static Key KeyOf(RegistryRoot root, const std::string& path);
-    std::map<Key, std::map<std::string, StoredValue>> m_keys;
+    using Values = std::map<std::string, StoredValue>;
+    using Keys = std::map<std::string, Values>;
+    /// Null when the root has no keys.
+    [[nodiscard]] const Keys* Below(RegistryRoot root) const;
+
+    std::map<RegistryRoot, Keys> m_roots;
 };
 
 /// What `IRegistry::QueryValue` does with a value that was found: false when it doesn't fit the buffer.
