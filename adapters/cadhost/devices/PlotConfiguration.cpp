@@ -130,6 +130,7 @@ void PlotConfiguration::Refresh(const PlotFolders& folders)
 {
     m_devices = ListDevices(folders, m_drawing);
     m_styles = ListPlotStyles(folders, m_drawing);
+    const auto before = m_pc3;
     try {
         if (auto pc3 = folders.shelf->Device(folders.plotters, m_device); pc3 != nullptr)
             m_pc3 = std::move(pc3);
@@ -137,7 +138,8 @@ void PlotConfiguration::Refresh(const PlotFolders& folders)
         // A broken file tells its cause when somebody chooses it, not when others are listed.
         m_pc3 = nullptr;
     }
-    m_media = Media();
+    if (!m_listed || m_pc3 != before) // refreshed before each change of a setup: the same file offers the same
+        m_media = Media();
     m_listed = true;
 }
 

@@ -5,6 +5,7 @@
 #include "base/text/Utf8.h"
 #include "fonts/TrueTypeSubset.h"
 
+#include <array>
 #include <set>
 #include <string_view>
 
@@ -71,16 +72,30 @@ void PutCommon(std::string& out, const std::vector<FontGlyph>& glyphs, const std
     out += "end def end def\n";
 }
 
+constexpr std::size_t kBytesInLine = 100;
+
+/// A line that is full ends.
+void PutHexLine(std::string& out, std::string_view bytes)
+{
+    std::array<char, 2 * kBytesInLine + 1> line;
+    char* end = line.data();
+    for (const char byte : bytes) {
+        *end++ = kDigits[static_cast<unsigned char>(byte) >> 4];
+        *end++ = kDigits[static_cast<unsigned char>(byte) & 0xF];
+    }
+    if (bytes.size() == kBytesInLine) {
+        *end++ = '\n';
+    }
+    out.append(line.data(), end);
+}
+
 void PutSfnts(std::string& out, const std::vector<std::string>& strings)
 {
     out += "/sfnts[\n";
     for (const std::string& bytes : strings) {
         out += '<';
-        for (std::size_t i = 0; i < bytes.size(); ++i) {
-            PutHex(out, static_cast<unsigned char>(bytes[i]), 2);
-            if (i % 100 == 99) {
-                out += '\n';
-            }
+        for (std::size_t at = 0; at < bytes.size(); at += kBytesInLine) {
+            PutHexLine(out, std::string_view(bytes).substr(at, kBytesInLine));
         }
         out += "00>\n"; // the padding byte that the format asks for
     }

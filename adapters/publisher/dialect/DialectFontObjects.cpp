@@ -20,14 +20,14 @@ template <class Width> void SetWidths(QPDFObjectHandle font, const std::map<std:
 {
     const std::int32_t first = widths.empty() ? 0 : widths.begin()->first;
     const std::int32_t last = widths.empty() ? 0 : widths.rbegin()->first;
-    auto array = QPDFObjectHandle::newArray();
-    for (std::int32_t code = first; code <= last; ++code) {
-        const auto found = widths.find(static_cast<std::uint8_t>(code));
-        array.appendItem(QPDFObjectHandle::newReal(NumberText(found == widths.end() ? 0 : found->second)));
+    const auto none = QPDFObjectHandle::newInteger(0); // most codes of a sheet's font are free
+    std::vector<QPDFObjectHandle> items(static_cast<std::size_t>(last - first + 1), none);
+    for (const auto& [code, width] : widths) {
+        items[static_cast<std::size_t>(code - first)] = QPDFObjectHandle::newReal(NumberText(width));
     }
     font.replaceKey("/FirstChar", QPDFObjectHandle::newInteger(first));
     font.replaceKey("/LastChar", QPDFObjectHandle::newInteger(last));
-    font.replaceKey("/Widths", array);
+    font.replaceKey("/Widths", QPDFObjectHandle::newArray(items));
 }
 
 /// Everything that makes one drawn font differ from another.

@@ -40,9 +40,10 @@ public:
         pdf->emptyPDF();
         DialectPictureObjects pictures(*pdf);
         FontObjects fonts(*pdf);
+        Deflater deflater;
         bool ours = DialectRespects(jobOptions);
         for (std::size_t i = 0; i < pages.size() && ours; ++i) {
-            ours = AddPage(*pdf, pages[i], jobOptions, pictures, fonts);
+            ours = AddPage(*pdf, pages[i], jobOptions, pictures, fonts, deflater);
         }
         if (ours) {
             for (const std::string& remark : fonts.Finish()) {
@@ -58,7 +59,7 @@ public:
 
 private:
     static bool AddPage(QPDF& pdf, const PageSource& source, const std::string& jobOptions,
-                        DialectPictureObjects& pictures, FontObjects& shared)
+                        DialectPictureObjects& pictures, FontObjects& shared, Deflater& deflater)
     {
         std::error_code unreadable;
         const base::MappedFile file(source.psPath, base::MappedFile::Reading::InParts, unreadable);
@@ -77,7 +78,7 @@ private:
             }
             fonts.replaceKey("/" + font.name, object);
         }
-        const auto packed = PackDialectBody(file, page->body, page->pictures.size());
+        const auto packed = PackDialectBody(file, page->body, page->pictures.size(), deflater);
         const auto declared = [&](std::uint32_t layer) { return page->layers.contains(layer); };
         if (!packed || !std::all_of(packed->layers.begin(), packed->layers.end(), declared)) {
             return false;

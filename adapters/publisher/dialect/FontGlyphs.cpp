@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialect/FontGlyphs.h"
 
+#include <algorithm>
+#include <array>
+
 namespace sm::publisher {
 
 namespace {
@@ -23,30 +26,44 @@ bool AddStroke(DialectFont& font, std::uint8_t code, std::string_view procedure)
     return true;
 }
 
-int HexValue(char c)
+constexpr std::uint8_t kNoDigit = 0xFF;
+
+constexpr std::array<std::uint8_t, 256> kHexValues = [] {
+    std::array<std::uint8_t, 256> values{};
+    values.fill(kNoDigit);
+    for (std::uint8_t i = 0; i < 16; ++i)
+        values[static_cast<unsigned char>("0123456789ABCDEF"[i])] = i;
+    return values;
+}();
+
+/// The bytes of one string, whose lines hold whole bytes; false when something else stands there.
+bool AppendHex(std::string_view digits, std::string& bytes)
 {
-    return c >= '0' && c <= '9' ? c - '0' : c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
+    bytes.reserve(bytes.size() + digits.size() / 2);
+    for (std::size_t at = 0; at < digits.size();) {
+        if (digits[at] == '\n') {
+            ++at;
+            continue;
+        }
+        const unsigned high = kHexValues[static_cast<unsigned char>(digits[at])];
+        const unsigned low = at + 1 < digits.size() ? kHexValues[static_cast<unsigned char>(digits[at + 1])] : kNoDigit;
+        if (high == kNoDigit || low == kNoDigit)
+            return false;
+        bytes += static_cast<char>(high << 4 | low);
+        at += 2;
+    }
+    return true;
 }
 
 /// The strings of the array joined, each without its padding byte.
 bool ReadSfnt(FontLines& lines, std::string& bytes)
 {
     while (lines.Peek().starts_with("<")) {
-        lines.rest.remove_prefix(1);
-        int high = -1;
-        while (!lines.rest.empty() && lines.rest.front() != '>') {
-            const int value = HexValue(lines.rest.front());
-            if (value < 0 && lines.rest.front() != '\n') {
-                return false;
-            }
-            if (value >= 0 && high >= 0) {
-                bytes += static_cast<char>(high << 4 | value);
-                high = -1;
-            } else if (value >= 0) {
-                high = value;
-            }
-            lines.rest.remove_prefix(1);
+        const std::size_t end = std::min(lines.rest.find('>'), lines.rest.size());
+        if (!AppendHex(lines.rest.substr(1, end - 1), bytes)) {
+            return false;
         }
+        lines.rest.remove_prefix(end);
         if (!lines.rest.starts_with(">\n") || bytes.empty() || bytes.back() != '\0') {
             return false;
         }

@@ -2,7 +2,6 @@
 #include "dialect/PackedBody.h"
 
 #include "dialect/DialectPage.h"
-#include "pdf/Deflater.h"
 
 #include <atomic>
 #include <exception>
@@ -22,15 +21,15 @@ public:
     {
     }
 
-    bool Run()
+    bool Run(Deflater& own)
     {
-        const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
+        const std::size_t most = m_parts.size() < 2 ? 1 : std::max(1U, std::thread::hardware_concurrency());
         {
             std::vector<std::jthread> others;
-            for (std::size_t i = 1; i < std::min(cores, m_parts.size()); ++i) {
-                others.emplace_back([this] { Work(); });
+            for (std::size_t i = 1; i < std::min(most, m_parts.size()); ++i) {
+                others.emplace_back([this] { WorkBeside(); });
             }
-            Work();
+            Work(own);
         }
         if (m_failure) {
             std::rethrow_exception(m_failure);
@@ -48,10 +47,17 @@ public:
     }
 
 private:
-    void Work() noexcept
+    void WorkBeside() noexcept
     {
         try {
             Deflater deflater;
+            Work(deflater);
+        } catch (...) { // the others do its part
+        }
+    }
+    void Work(Deflater& deflater) noexcept
+    {
+        try {
             for (std::size_t i = m_next++; i < m_parts.size() && !m_stop; i = m_next++) {
                 const auto facts = CheckDialectBody(m_parts[i], m_pictures);
                 if (!facts) {
@@ -96,10 +102,10 @@ private:
 } // namespace
 
 std::optional<PackedDialectBody> PackDialectBody(const base::MappedFile& file, std::string_view body,
-                                                 std::size_t pictures)
+                                                 std::size_t pictures, Deflater& deflater)
 {
     BodyPacker packer(file, body, pictures);
-    if (!packer.Run()) {
+    if (!packer.Run(deflater)) {
         return std::nullopt;
     }
     return packer.Take();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/files/MappedFile.h"
+#include "pdf/Deflater.h"
 #include "pdf/Qpdf.h"
 
 #include <memory>
@@ -19,8 +20,8 @@ struct PackedDialectBody {
 };
 
 /// Nothing when `body`, a part of `file`, isn't in the dialect or shows other pictures than I1 to I`pictures`. The
-/// file's memory is given back on the way.
+/// file's memory is given back on the way. `deflater` is this thread's.
 std::optional<PackedDialectBody> PackDialectBody(const base::MappedFile& file, std::string_view body,
-                                                 std::size_t pictures);
+                                                 std::size_t pictures, Deflater& deflater);
 
 } // namespace sm::publisher

@@ -36,8 +36,9 @@ void PackEvery(std::vector<Job>& jobs, std::size_t first, std::size_t step)
 
 void PackBatch(std::vector<Job>& jobs, std::size_t bytes)
 {
-    const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
-    const std::size_t threads = std::min({cores, jobs.size(), bytes / kWorthAThread + 1});
+    const std::size_t most = std::min(jobs.size(), bytes / kWorthAThread + 1);
+    const std::size_t threads =
+        most < 2 ? most : std::min<std::size_t>(most, std::max(1U, std::thread::hardware_concurrency()));
     {
         std::vector<std::jthread> others;
         for (std::size_t i = 1; i < threads; ++i) {

@@ -37,7 +37,8 @@ protected:
         std::ofstream(m_path, std::ios::binary) << body;
         std::error_code unreadable;
         const base::MappedFile file(m_path, base::MappedFile::Reading::InParts, unreadable);
-        const auto packed = PackDialectBody(file, file.Bytes(), 0);
+        Deflater deflater;
+        const auto packed = PackDialectBody(file, file.Bytes(), 0, deflater);
         if (!packed)
             return "(refused)";
         QPDF pdf;
