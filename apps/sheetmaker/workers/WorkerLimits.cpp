@@ -14,14 +14,10 @@ using namespace std::chrono_literals;
 
 constexpr std::chrono::milliseconds kTime = 300s, kTimePerMegabyte = 20s;
 
-std::uint64_t MegabytesOf(const std::vector<std::string>& drawings)
+std::uint64_t SizeOf(const std::string& drawing)
 {
-    std::uint64_t bytes = 0;
-    for (const std::string& drawing : drawings) {
-        std::error_code unknown;
-        bytes += base::FactsOf(drawing, unknown).stamp.size;
-    }
-    return bytes / 1'000'000;
+    std::error_code unknown;
+    return base::FactsOf(drawing, unknown).stamp.size;
 }
 
 } // namespace
@@ -29,7 +25,13 @@ std::uint64_t MegabytesOf(const std::vector<std::string>& drawings)
 WorkerLimits LimitsFor(const std::vector<std::string>& drawings, int seconds, int mebibytes)
 {
     WorkerLimits limits;
-    const auto megabytes = static_cast<std::int64_t>(std::min<std::uint64_t>(MegabytesOf(drawings), 1'000'000));
+    std::uint64_t bytes = 0;
+    for (const std::string& drawing : drawings) {
+        const std::uint64_t size = SizeOf(drawing);
+        bytes += size;
+        limits.drawing = std::max(limits.drawing, size);
+    }
+    const auto megabytes = static_cast<std::int64_t>(std::min<std::uint64_t>(bytes / 1'000'000, 1'000'000));
     const auto count = static_cast<std::int64_t>(std::max<std::size_t>(drawings.size(), 1));
     limits.time = seconds > 0 ? std::chrono::seconds(seconds) : kTime * count + kTimePerMegabyte * megabytes;
     limits.memory = mebibytes > 0 ? static_cast<std::uint64_t>(mebibytes) << 20 : base::MachineMemory() / 10 * 9;

@@ -13,6 +13,7 @@ namespace sm::app {
 struct WorkerLimits {
     std::chrono::milliseconds time{0}; ///< of the clock, and twice that of processors; 0: no end
     std::uint64_t memory = 0;          ///< bytes of its own, files that are read aside; 0: what the machine gives
+    std::uint64_t drawing = 0;         ///< bytes of its largest drawing; no limit
     friend bool operator==(const WorkerLimits&, const WorkerLimits&) = default;
 };
 
@@ -25,5 +26,9 @@ std::size_t AtATime(int asked);
 
 /// Lays the limits on this process and on those that it starts. The end by the clock is up to the parent.
 void ObeyLimits(const WorkerLimits& limits);
+
+/// Takes memory for a drawing of so many bytes at once, and in large pages for a large one: thousands of pages asked
+/// for one by one are a tenth of a small drawing's time.
+void ExpectHeap(std::uint64_t drawing);
 
 } // namespace sm::app

@@ -5,6 +5,7 @@
 #include "base/files/AtomicFile.h"
 
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <iostream>
@@ -128,8 +129,24 @@ TEST(WorkerLimits, GrowWithTheFiles)
     EXPECT_EQ(LimitsFor({path, path}, 0, 0).time, std::chrono::seconds(700));
     EXPECT_EQ(LimitsFor({"gone.dxf"}, 7, 100), (WorkerLimits{std::chrono::seconds(7), std::uint64_t{100} << 20}));
     EXPECT_GT(LimitsFor({}, 0, 0).memory, std::uint64_t{100} << 20);
+    EXPECT_EQ(LimitsFor({"gone.dxf", path, path}, 0, 0).drawing, 2'500'000U);
     std::filesystem::remove(path);
 }
+
+#if defined(__linux__) && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+TEST(ExpectHeap, TakesHalfADrawingsSizeAtOnce)
+{
+    const auto grown = [](std::uint64_t drawing) {
+        const char* const before = static_cast<char*>(sbrk(0));
+        ExpectHeap(drawing);
+        return static_cast<char*>(sbrk(0)) - before;
+    };
+    constexpr std::ptrdiff_t kMebibyte = 1 << 20;
+    EXPECT_EXIT(std::exit(grown(16 << 20) / kMebibyte), testing::ExitedWithCode(8), "");
+    EXPECT_EXIT(std::exit(grown(std::uint64_t{1} << 40) / kMebibyte), testing::ExitedWithCode(60), "");
+    EXPECT_EXIT(std::exit(grown(0) >= 768 << 10 ? 0 : 1), testing::ExitedWithCode(0), "");
+}
+#endif
 
 TEST_F(ConvertCommand, ReportsAsJson)
 {

@@ -130,6 +130,7 @@ WorkerProcess::WorkerProcess(const DrawingTask& task, const WorkerWork& work, Li
     if (m_inside->process == 0) {
         RestoreSignals(parent);
         ObeyLimits(limits);
+        ExpectHeap(limits.drawing);
         if (lines == Lines::Kept)
             dup2(told.in, STDERR_FILENO);
         close(std::exchange(told.in, -1));
