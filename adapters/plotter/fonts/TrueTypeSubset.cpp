@@ -134,12 +134,9 @@ std::string MaxpTable(const Totals& totals, int glyphCount)
 
 void AddGlyph(Tables& tables, Totals& totals, const render::FontFace* face, std::uint32_t id)
 {
-    render::GlyphContours glyph;
-    int advance = 0;
-    if (face != nullptr) {
-        face->Contours(id, glyph);
-        advance = face->Advance(id);
-    }
+    static const render::GlyphContours kNone;
+    const render::GlyphContours& glyph = face != nullptr ? face->Contours(id) : kNone;
+    const int advance = face != nullptr ? face->Advance(id) : 0;
     const Box box = BoxOf(glyph.points);
     Put16(tables.hmtx, advance);
     Put16(tables.hmtx, box.xMin);

@@ -29,20 +29,10 @@ struct Group {
     std::vector<PageSource> pages;
 };
 
+/// Where a page maker may make a folder of its files, which goes with this object.
 class RunFolder {
 public:
-    explicit RunFolder(fs::path path) : m_path(std::move(path))
-    {
-        std::error_code error;
-        fs::create_directory(m_path, error);
-        if (error) {
-            throw PublishFailure(error == std::errc::no_space_on_device ? PublishStatus::DiskFull
-                                                                        : PublishStatus::WorkFolderUnusable,
-                                 fmt::format("{} could not be made: {}. Free some space or set TMPDIR to a folder "
-                                             "that can be written.",
-                                             base::ToText(m_path), error.message()));
-        }
-    }
+    explicit RunFolder(fs::path path) : m_path(std::move(path)) {}
     RunFolder(const RunFolder&) = delete;
     RunFolder& operator=(const RunFolder&) = delete;
     ~RunFolder()

@@ -63,6 +63,18 @@ std::uintmax_t InputBytes(const std::vector<PageSource>& pages)
     return total;
 }
 
+void MakeFolder(const std::string& folder)
+{
+    std::error_code error;
+    std::filesystem::create_directory(base::ToPath(folder), error);
+    if (error) {
+        throw PublishFailure(
+            error == std::errc::no_space_on_device ? PublishStatus::DiskFull : PublishStatus::WorkFolderUnusable,
+            fmt::format("{} could not be made: {}. Free some space or set TMPDIR to a folder that can be written.",
+                        folder, error.message()));
+    }
+}
+
 /// The pages' files under plain relative names, whatever characters their own paths hold.
 void LinkPages(const std::vector<PageSource>& pages, const std::string& folder)
 {
@@ -110,6 +122,7 @@ public:
         run.limits = Limits(InputBytes(pages));
         run.keptLines = MakeNonce();
         run.folder = folder;
+        MakeFolder(folder);
         LinkPages(pages, folder);
         for (std::size_t i = 0; i < pages.size(); ++i) {
             run.readable.push_back(PageFileName(i));

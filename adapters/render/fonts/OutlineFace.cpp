@@ -108,12 +108,18 @@ public:
         return m_low[c];
     }
 
-    void Contours(std::uint32_t glyph, GlyphContours& out) const override
+    /// Every sheet of a set embeds most of the same letters.
+    const GlyphContours& Contours(std::uint32_t glyph) const override
     {
-        out.Clear();
-        if (IsLoaded(m_face, glyph) && m_face->glyph->format == FT_GLYPH_FORMAT_OUTLINE) {
-            ReadContours(m_face->glyph->outline, out);
+        constexpr std::size_t kMostKept = 4096;
+        if (m_contours.size() >= kMostKept) {
+            m_contours.clear();
         }
+        const auto [found, isNew] = m_contours.try_emplace(glyph);
+        if (isNew && IsLoaded(m_face, glyph) && m_face->glyph->format == FT_GLYPH_FORMAT_OUTLINE) {
+            ReadContours(m_face->glyph->outline, found->second);
+        }
+        return found->second;
     }
 
     const FontFile* File() const override { return m_canBeParted ? &m_file : nullptr; }
@@ -198,6 +204,7 @@ private:
     mutable InkSpan m_ideographs{0, 0};             ///< measured when it is asked for
     mutable std::array<std::uint32_t, 0x500> m_low; ///< glyphs of Latin, Greek and Cyrillic
     mutable std::unordered_map<std::uint32_t, std::uint16_t> m_advances;
+    mutable std::unordered_map<std::uint32_t, GlyphContours> m_contours;
     mutable hb_font_t* m_shaper = nullptr;
 };
 

@@ -64,7 +64,11 @@ public:
     [[nodiscard]] bool IsStroked() const override { return true; }
     [[nodiscard]] std::uint16_t UnitsPerEm() const override { return 10000; }
     [[nodiscard]] std::uint16_t Advance(std::uint32_t glyph) const override;
-    void Contours(std::uint32_t, GlyphContours& out) const override { out.Clear(); }
+    const GlyphContours& Contours(std::uint32_t) const override
+    {
+        static const GlyphContours kNone;
+        return kNone;
+    }
     void Outline(std::uint32_t glyph, Path& out) const override;
 
 private:

@@ -18,9 +18,10 @@ public:
     [[nodiscard]] const std::string& Name() const override { return m_name; }
     [[nodiscard]] std::uint16_t UnitsPerEm() const override { return Word(0); }
     [[nodiscard]] std::uint16_t Advance(std::uint32_t glyph) const override { return Word(glyph * 7U); }
-    void Contours(std::uint32_t glyph, render::GlyphContours& out) const override
+    [[nodiscard]] const render::GlyphContours& Contours(std::uint32_t glyph) const override
     {
-        out.Clear();
+        render::GlyphContours& out = m_contours;
+        out = {};
         std::size_t at = glyph * 11U;
         for (unsigned left = At(at++) % 40U; left > 0; --left, at += 5) {
             out.points.push_back(
@@ -28,6 +29,7 @@ public:
             if (left == 1 || (At(at + 4) & 6U) == 6)
                 out.ends.push_back(static_cast<std::uint16_t>(out.points.size() - 1));
         }
+        return out;
     }
     void Outline(std::uint32_t, render::Path&) const override {}
 
@@ -41,6 +43,7 @@ private:
         return static_cast<std::uint16_t>(At(at) | At(at + 1) << 8U);
     }
     std::string m_name = "Input";
+    mutable render::GlyphContours m_contours;
     std::string_view m_input;
 };
 

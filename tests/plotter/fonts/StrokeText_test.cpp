@@ -20,7 +20,11 @@ public:
     bool IsStroked() const override { return true; }
     std::uint16_t UnitsPerEm() const override { return 1000; }
     std::uint16_t Advance(std::uint32_t) const override { return 500; }
-    void Contours(std::uint32_t, render::GlyphContours& out) const override { out.Clear(); }
+    const render::GlyphContours& Contours(std::uint32_t) const override
+    {
+        static const render::GlyphContours kNone;
+        return kNone;
+    }
     void Outline(std::uint32_t glyph, Path& out) const override
     {
         out.Clear();

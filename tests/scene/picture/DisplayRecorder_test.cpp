@@ -67,7 +67,11 @@ public:
     [[nodiscard]] const std::string& Name() const override { return m_name; }
     [[nodiscard]] std::uint16_t UnitsPerEm() const override { return 1; }
     [[nodiscard]] std::uint16_t Advance(std::uint32_t) const override { return 1; }
-    void Contours(std::uint32_t, render::GlyphContours& out) const override { out.Clear(); }
+    const render::GlyphContours& Contours(std::uint32_t) const override
+    {
+        static const render::GlyphContours kNone;
+        return kNone;
+    }
     void Outline(std::uint32_t glyph, Path& out) const override
     {
         ++asked;

@@ -19,11 +19,6 @@ struct GlyphContours {
     };
     std::vector<Point> points;
     std::vector<std::uint16_t> ends; ///< last point of each contour
-    void Clear()
-    {
-        points.clear();
-        ends.clear();
-    }
 };
 
 /// The file that holds a font.
@@ -44,7 +39,8 @@ public:
     [[nodiscard]] virtual bool IsStroked() const { return false; }
     [[nodiscard]] virtual std::uint16_t UnitsPerEm() const = 0;
     [[nodiscard]] virtual std::uint16_t Advance(std::uint32_t glyph) const = 0; ///< font units
-    virtual void Contours(std::uint32_t glyph, GlyphContours& out) const = 0;   ///< cleared first; none when stroked
+    /// Good until the next call; none when stroked.
+    [[nodiscard]] virtual const GlyphContours& Contours(std::uint32_t glyph) const = 0;
     /// The TrueType or OpenType file that a part with these glyphs, by the same numbers, can be taken from; null when
     /// there is none, or its glyphs have CIDs in place of names or variations.
     [[nodiscard]] virtual const FontFile* File() const { return nullptr; }
