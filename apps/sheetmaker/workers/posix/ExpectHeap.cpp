@@ -15,12 +15,19 @@ namespace {
 
 constexpr int kMebibyte = 1 << 20;
 constexpr std::size_t kLeast = std::size_t{768} << 10;   ///< of the smallest drawing
-constexpr std::size_t kMost = std::size_t{60} << 20;     ///< below what the library keeps of a heap's free top
+constexpr std::size_t kMost = std::size_t{240} << 20;    ///< below what the library keeps of a heap's free top
 constexpr std::size_t kManyBytes = std::size_t{4} << 20; ///< from here on large pages pay
 
 struct FreeMemory {
     void operator()(void* memory) const { std::free(memory); }
 };
+
+/// A piece that is refused would count as the drawing's own want of memory.
+bool IsThere(std::size_t bytes)
+{
+    void* const room = ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    return room != MAP_FAILED && ::munmap(room, bytes) == 0;
+}
 
 /// Takes pieces until the heap has grown, and gives them back: its top stays.
 char* GrowHeap()
@@ -38,10 +45,12 @@ char* GrowHeap()
 void ExpectHeap(std::uint64_t drawing)
 {
     constexpr int kUsualPad = 128 << 10;
-    const std::size_t bytes = std::clamp(static_cast<std::size_t>(drawing / 2), kLeast, kMost);
-    // What the library itself comes to as large pieces are given back.
+    const std::size_t bytes = std::clamp(static_cast<std::size_t>(drawing / 4 * 3), kLeast, kMost);
+    if (!IsThere(2 * bytes))
+        return;
+    // Where the library itself comes to as large pieces are given back; its top is kept for what follows.
     ::mallopt(M_MMAP_THRESHOLD, 32 * kMebibyte);
-    ::mallopt(M_TRIM_THRESHOLD, 64 * kMebibyte);
+    ::mallopt(M_TRIM_THRESHOLD, 256 * kMebibyte);
     ::mallopt(M_TOP_PAD, static_cast<int>(bytes));
     char* const from = static_cast<char*>(::sbrk(0));
     char* const top = GrowHeap();
