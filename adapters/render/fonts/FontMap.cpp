@@ -16,19 +16,32 @@ namespace {
 
 using Words = std::vector<std::string_view>;
 
+bool IsBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\r';
+}
+
+/// Where the word that begins at `from` ends.
+std::size_t EndOfWord(std::string_view line, std::size_t from, bool quoted)
+{
+    while (from < line.size() && line[from] != '"' && (quoted || (!IsBlank(line[from]) && line[from] != '#'))) {
+        ++from;
+    }
+    return from;
+}
+
 /// Quotes begin and end a word; what stands between them is one.
 void SplitWords(std::string_view line, Words& words)
 {
-    constexpr std::string_view kBlanks = " \t\r";
     words.clear();
     for (std::size_t at = 0; at < line.size() && line[at] != '#';) {
         const bool quoted = line[at] == '"';
-        if (!quoted && kBlanks.find(line[at]) != std::string_view::npos) {
+        if (IsBlank(line[at])) {
             ++at;
             continue;
         }
         const std::size_t from = at + (quoted ? 1 : 0);
-        at = std::min(quoted ? line.find('"', from) : line.find_first_of(" \t\r\"#", from), line.size());
+        at = EndOfWord(line, from, quoted);
         words.push_back(line.substr(from, at - from));
         at += quoted ? 1 : 0;
     }
