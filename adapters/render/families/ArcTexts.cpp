@@ -6,6 +6,7 @@
 #include "drawing/EntityKinds.h"
 #include "drawing/entities/Texts.h"
 #include "families/Families.h"
+#include "text/TextCodes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,6 +19,7 @@ namespace sm::render {
 namespace {
 
 struct Letter {
+    std::string codes; ///< of the lines at it
     std::string text;
     double width = 0; ///< drawing units
 };
@@ -29,6 +31,11 @@ double BaseRadius(const drawing::ArcTextData& text)
     // Tops that point to the arc: it is they that touch its edge.
     const bool topsAtEdge = text.isInside != text.isInward;
     return topsAtEdge ? edge + (text.isInside ? -text.height : text.height) : edge;
+}
+
+std::string Codes(bool under, bool over, bool strike)
+{
+    return std::string(under ? "%%u" : "") + (over ? "%%o" : "") + (strike ? "%%k" : "");
 }
 
 double SweepOf(const drawing::ArcTextData& text)
@@ -83,16 +90,19 @@ private:
         return true;
     }
 
-    /// Laid out as one line, its codes have become characters.
     void CutUp(const drawing::ArcTextData& text)
     {
         m_letters.clear();
-        for (const GlyphPart& part : m_context.text.Lay(m_drawing, m_letter).glyphs)
-            for (std::size_t at = 0; at < part.run.text.size();) {
+        DecodeLine(text.text, m_pieces);
+        for (const CodedPiece& piece : m_pieces) {
+            const bool under = piece.under || text.isUnderlined;
+            const std::string codes = Codes(under, piece.over, piece.strike);
+            for (std::size_t at = 0; at < piece.text.size();) {
                 const std::size_t from = at;
-                base::NextCharacter(part.run.text, at);
-                m_letters.push_back({part.run.text.substr(from, at - from), 0});
+                base::NextCharacter(piece.text, at);
+                m_letters.push_back({codes, piece.text.substr(from, at - from), 0});
             }
+        }
         for (Letter& letter : m_letters)
             letter.width = WidthOf(letter.text);
         if (text.isReversed)
@@ -130,11 +140,12 @@ private:
         m_letter.insertion.x += radius * std::cos(angle) - half * std::cos(turned);
         m_letter.insertion.y += radius * std::sin(angle) - half * std::sin(turned);
         m_letter.rotation = turned * 180 / std::numbers::pi;
-        m_letter.text = text.isUnderlined ? "%%u" + letter.text : letter.text;
+        m_letter.text = letter.codes + letter.text;
         DrawLaidText(m_context, m_context.text.Lay(m_drawing, m_letter));
     }
 
     drawing::TextData m_letter; ///< the one at hand
+    std::vector<CodedPiece> m_pieces;
     std::vector<Letter> m_letters;
 };
 

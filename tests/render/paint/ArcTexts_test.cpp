@@ -65,6 +65,10 @@ INSTANTIATE_TEST_SUITE_P(
         ArcTextRow{"InwardOutside", "72 2 | 71 2 | 50 180 | 51 0", {"A 38.0 50.0 -87", "B 38.0 48.8 -81"}},
         ArcTextRow{"InwardInside", "72 2 | 71 2 | 73 2 | 50 180 | 51 0", {"A 40.0 50.0 -87", "B 40.1 48.8 -80"}},
         ArcTextRow{"OutwardInside", "72 2 | 73 2", {"A 42.0 50.0 86", "B 42.1 51.2 77"}},
+        ArcTextRow{"WithCodes", "72 2 | 1 A%%066", {"A 40.0 50.0 87", "B 40.1 51.2 80"}},
+        ArcTextRow{"WithUnicodeCodes", "72 2 | 1 \\U+0041B", {"A 40.0 50.0 87", "B 40.1 51.2 80"}},
+        ArcTextRow{"Underlined", "72 2 | 1 A%%uB", {"A 40.0 50.0 87", "%%uB 40.1 51.2 80"}},
+        ArcTextRow{"UnderlinedAll", "72 2 | 76 1 | 1 A%%kB", {"%%uA 40.0 50.0 87", "%%u%%kB 40.1 51.2 80"}},
         ArcTextRow{"Reversed", "72 2 | 70 1", {"B 40.0 50.0 87", "A 40.1 51.2 80"}},
         ArcTextRow{"ArcOverTheXAxis", "72 4 | 50 270 | 51 90", {"A 59.9 51.2 -87", "B 60.0 50.0 -93"}}),
     [](const testing::TestParamInfo<ArcTextRow>& row) { return row.param.name; });
