@@ -29,6 +29,33 @@ function(compile_together target)
     set_target_properties(${target} PROPERTIES UNITY_BUILD ${SM_UNITY} UNITY_BUILD_BATCH_SIZE ${SM_UNITY_BATCH})
 endfunction()
 
+# compile_apart(<target> <regex>): its sources that match share no batch with the others, so that the headers which they
+# alone include reach fewer batches. Not in releases: what is inlined from source to source there has been measured.
+option(SM_APART "Keep sources apart that see other headers" OFF)
+function(compile_apart target regex)
+    if(NOT (SM_UNITY AND SM_APART))
+        return()
+    endif()
+    get_target_property(others ${target} SOURCES)
+    set(matching ${others})
+    list(FILTER matching INCLUDE REGEX "${regex}")
+    list(FILTER others EXCLUDE REGEX "${regex}")
+    foreach(part matching others)
+        list(LENGTH ${part} count)
+        math(EXPR batches "(${count} + ${SM_UNITY_BATCH} / 2) / ${SM_UNITY_BATCH}")
+        if(batches EQUAL 0)
+            set(batches 1)
+        endif()
+        set(index 0)
+        foreach(source ${${part}})
+            math(EXPR batch "${index} * ${batches} / ${count}")
+            math(EXPR index "${index} + 1")
+            set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${part}${batch})
+        endforeach()
+    endforeach()
+    set_target_properties(${target} PROPERTIES UNITY_BUILD_MODE GROUP)
+endfunction()
+
 # What one system alone has lies in folders that are named after it.
 if(WIN32)
     set(SM_OTHER_SYSTEMS "(^|/)(posix|sqlite)/") # settings lie in the registry there

@@ -4,6 +4,8 @@
 
 #include "DxfText.h"
 #include "cadhost/CadHost.h"
+#include "cadhost/DocumentReport.h"
+#include "cadhost/HostOptions.h"
 #include "ports/HostError.h"
 
 #include <filesystem>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "base/text/Names.h"
 
+#include "base/text/Keywords.h"
 #include "base/text/Utf8.h"
 
 #include <algorithm>
@@ -47,28 +48,6 @@ std::string Joined(std::string text)
 }
 
 } // namespace
-
-std::string LowerAscii(std::string_view text)
-{
-    std::string lowered(text);
-    for (char& c : lowered)
-        c = LowerAscii(c);
-    return lowered;
-}
-
-std::string UpperAscii(std::string_view text)
-{
-    std::string capitals(text);
-    for (char& c : capitals)
-        c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-    return capitals;
-}
-
-bool SameAscii(std::string_view left, std::string_view right)
-{
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
-}
 
 std::string FoldCase(std::string_view utf8)
 {

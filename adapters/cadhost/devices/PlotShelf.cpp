@@ -3,7 +3,7 @@
 
 #include "base/files/FolderNames.h"
 #include "base/files/Paths.h"
-#include "base/text/Names.h"
+#include "base/text/Keywords.h"
 #include "devices/ReadPc3.h"
 
 #include <algorithm>

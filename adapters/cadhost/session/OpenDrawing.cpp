@@ -264,7 +264,7 @@ void AddReferences(const render::References& references, DocumentReport& report)
     for (const render::References::XrefReport& xref : references.Xrefs()) {
         report.read += xref.file->EntityCount();
         AddCounts(*xref.report, report);
-        for (render::RenderReport::NotDrawnKind kind : xref.report->NotDrawn()) {
+        for (render::NotDrawnKind kind : xref.report->NotDrawn()) {
             kind.layer = xref.prefix + "|" + kind.layer;
             report.notDrawnKinds.push_back(std::move(kind));
         }

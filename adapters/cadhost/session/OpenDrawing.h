@@ -3,6 +3,8 @@
 #pragma once
 
 #include "cadhost/CadHost.h"
+#include "cadhost/DocumentReport.h"
+#include "cadhost/HostOptions.h"
 #include "devices/PlotConfiguration.h"
 #include "drawing/Drawing.h"
 #include "render/PlotStyleTable.h"

@@ -3,6 +3,7 @@
 // stands: what StructureScan would find in a file.
 #pragma once
 
+#include "base/Geometry.h"
 #include "dwg/TagBytes.h"
 #include "tags/Structure.h"
 

@@ -41,7 +41,7 @@ Dictionary ReadDictionary(const Model& model, const Slice& slice)
     return dictionary;
 }
 
-using Kind = ImageDefinition::Kind;
+using ImageKind = ImageDefinition::Kind;
 
 void TakeImageTag(const Model& model, const TagCursor& tag, ImageDefinition& image)
 {
@@ -62,14 +62,14 @@ void TakeImageTag(const Model& model, const TagCursor& tag, ImageDefinition& ima
         image.pixels.y = tag.Real();
         break;
     case 280:
-        image.loaded = tag.Integer() != 0 || image.kind != Kind::Image;
+        image.loaded = tag.Integer() != 0 || image.kind != ImageKind::Image;
         break;
     default:
         break;
     }
 }
 
-ImageDefinition ReadImage(const Model& model, const Slice& slice, Kind kind)
+ImageDefinition ReadImage(const Model& model, const Slice& slice, ImageKind kind)
 {
     ImageDefinition image;
     image.kind = kind;
@@ -127,15 +127,15 @@ void IndexFields(Model& model)
 
 struct ImageObject {
     const char* name;
-    Kind kind;
+    ImageKind kind;
 };
-constexpr std::array kImageObjects{ImageObject{"IMAGEDEF", Kind::Image},
-                                   ImageObject{"PDFDEFINITION", Kind::Pdf},
-                                   ImageObject{"DWFDEFINITION", Kind::Dwf},
-                                   ImageObject{"DGNDEFINITION", Kind::Dgn},
-                                   ImageObject{"PDFUNDERLAYDEFINITION", Kind::Pdf},
-                                   ImageObject{"DWFUNDERLAYDEFINITION", Kind::Dwf},
-                                   ImageObject{"DGNUNDERLAYDEFINITION", Kind::Dgn}};
+constexpr std::array kImageObjects{ImageObject{"IMAGEDEF", ImageKind::Image},
+                                   ImageObject{"PDFDEFINITION", ImageKind::Pdf},
+                                   ImageObject{"DWFDEFINITION", ImageKind::Dwf},
+                                   ImageObject{"DGNDEFINITION", ImageKind::Dgn},
+                                   ImageObject{"PDFUNDERLAYDEFINITION", ImageKind::Pdf},
+                                   ImageObject{"DWFUNDERLAYDEFINITION", ImageKind::Dwf},
+                                   ImageObject{"DGNUNDERLAYDEFINITION", ImageKind::Dgn}};
 
 } // namespace
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "base/text/Names.h"
+#include "base/text/Keywords.h"
 #include "drawing/entities/DimStyles.h"
 #include "entities/EntityTags.h"
 

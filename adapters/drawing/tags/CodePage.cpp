@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "drawing/CodePage.h"
 
-#include "base/text/Names.h"
+#include "base/text/Keywords.h"
 #include "base/text/PageReader.h"
 #include "base/text/Utf8.h"
 

@@ -2,7 +2,7 @@
 #include "tags/FileBytes.h"
 
 #include "base/files/MappedFile.h"
-#include "drawing/Drawing.h"
+#include "drawing/DrawingError.h"
 #include "tags/FileKind.h"
 
 namespace sm::drawing {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tags/FileKind.h"
 
-#include "drawing/Drawing.h"
+#include "drawing/DrawingError.h"
 
 #include <algorithm>
 #include <array>

@@ -2,6 +2,7 @@
 // The header variables of a drawing, found by name and read when they are asked for.
 #pragma once
 
+#include "base/Geometry.h"
 #include "drawing/TextDecoder.h"
 #include "tags/Structure.h"
 

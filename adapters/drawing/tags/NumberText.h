@@ -3,7 +3,7 @@
 #pragma once
 
 #include "base/text/NumberText.h"
-#include "drawing/Tables.h"
+#include "drawing/Properties.h"
 
 namespace sm::drawing {
 

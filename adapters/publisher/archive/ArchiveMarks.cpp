@@ -3,7 +3,7 @@
 
 #include "archive/ColorProfile.h"
 #include "base/files/Paths.h"
-#include "base/text/Names.h"
+#include "base/text/Keywords.h"
 #include "pdf/PublishStatus.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dialect/PdfLayers.h"
 
-#include "base/text/Names.h"
+#include "base/text/Keywords.h"
 #include "pdf/PdfNumbers.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 #include "pdf/PdfName.h"
 
 #include "base/files/Paths.h"
-#include "base/text/Names.h"
+#include "base/text/Keywords.h"
 
 #include <algorithm>
 #include <filesystem>

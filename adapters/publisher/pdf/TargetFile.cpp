@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pdf/TargetFile.h"
 
+#include "base/files/FileFacts.h"
+
 #include <fmt/format.h>
 
 namespace sm::publisher {

@@ -5,6 +5,7 @@
 #include "base/files/FolderNames.h"
 #include "base/files/Paths.h"
 #include "base/files/UserFolders.h"
+#include "base/text/Keywords.h"
 #include "base/text/Names.h"
 
 #include <algorithm>

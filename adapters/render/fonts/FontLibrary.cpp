@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fonts/FontLibrary.h"
 
+#include "base/text/Keywords.h"
 #include "base/text/Names.h"
+#include "drawing/Drawing.h"
 #include "fonts/FontNames.h"
 #include "fonts/Unicode.h"
 

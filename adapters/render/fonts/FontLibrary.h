@@ -2,7 +2,7 @@
 // The fonts of a drawing: from a text style or a font's name to something that has a glyph for every character.
 #pragma once
 
-#include "drawing/Drawing.h"
+#include "drawing/Tables.h"
 #include "fonts/FontFolders.h"
 #include "fonts/FontMap.h"
 #include "fonts/FontSubstitutions.h"
@@ -15,6 +15,10 @@
 #include <string>
 #include <unordered_map>
 #include <vector>
+
+namespace sm::drawing {
+class Drawing;
+}
 
 namespace sm::render {
 

@@ -5,6 +5,7 @@
 #include "base/files/File.h"
 #include "drawing/Drawing.h"
 #include "render/Picture.h"
+#include "render/RenderReport.h"
 
 #include <algorithm>
 #include <charconv>

@@ -44,7 +44,7 @@ void RenderReport::Remark(std::string_view text)
     }
 }
 
-std::vector<RenderReport::NotDrawnKind> RenderReport::NotDrawn() const
+std::vector<NotDrawnKind> RenderReport::NotDrawn() const
 {
     std::map<std::pair<std::string, std::string>, std::uint64_t> counts;
     const auto& blocks = m_drawing.Blocks();

@@ -2,7 +2,7 @@
 #include "shapes/ShapeFile.h"
 
 #include "base/files/File.h"
-#include "base/text/Names.h"
+#include "base/text/Keywords.h"
 
 namespace sm::render {
 

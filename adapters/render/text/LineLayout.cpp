@@ -4,6 +4,7 @@
 #include "base/Numbers.h"
 #include "base/Units.h"
 #include "base/text/Utf8.h"
+#include "drawing/Drawing.h"
 #include "drawing/entities/Texts.h"
 
 #include <cmath>

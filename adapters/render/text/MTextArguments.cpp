@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "text/MTextParser.h"
 
+#include "base/text/Keywords.h"
 #include "base/text/Names.h"
 #include "text/TextCodes.h"
 

@@ -4,6 +4,7 @@
 #include "base/text/Utf8.h"
 #include "drawing/entities/Texts.h"
 #include "fonts/CharacterBlocks.h"
+#include "render/Remarks.h"
 #include "text/LineLayout.h"
 #include "text/MTextLayout.h"
 #include "text/Typesetter.h"

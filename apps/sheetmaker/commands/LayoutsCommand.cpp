@@ -4,12 +4,12 @@
 #include "base/files/MappedFile.h"
 #include "commandline/ExitCodes.h"
 #include "drawing/DrawingError.h"
+#include "report/LayoutJson.h"
 #include "run/RunSession.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <nlohmann/json.hpp>
 #include <ostream>
 
 namespace sm::app {
@@ -87,26 +87,6 @@ std::string LayoutNames(const std::vector<cadhost::LayoutFacts>& layouts)
     for (const cadhost::LayoutFacts& layout : layouts)
         lines += OneLine(layout.name) + "\n";
     return lines;
-}
-
-std::string LayoutJson(const std::vector<cadhost::LayoutFacts>& layouts)
-{
-    nlohmann::ordered_json array = nlohmann::ordered_json::array();
-    for (const cadhost::LayoutFacts& layout : layouts)
-        array.push_back({{"name", layout.name},
-                         {"model", layout.isModel},
-                         {"active", layout.active},
-                         {"tabOrder", layout.tabOrder},
-                         {"paperWidth", layout.paperWidth},
-                         {"paperHeight", layout.paperHeight},
-                         {"media", layout.mediaName},
-                         {"device", layout.configName},
-                         {"styleTable", layout.styleSheet},
-                         {"plotArea", layout.plotArea},
-                         {"scale", layout.scale},
-                         {"viewports", layout.viewports},
-                         {"entities", layout.entities}});
-    return array.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
 }
 
 int RunLayouts(const LayoutsJob& job, const Install& install, std::ostream& out, std::ostream& err)

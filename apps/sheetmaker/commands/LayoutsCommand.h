@@ -18,7 +18,5 @@ int RunLayouts(const LayoutsJob& job, const Install& install, std::ostream& out,
 std::string LayoutTable(const std::vector<cadhost::LayoutFacts>& layouts);
 /// The names, a line each.
 std::string LayoutNames(const std::vector<cadhost::LayoutFacts>& layouts);
-/// An array of objects.
-std::string LayoutJson(const std::vector<cadhost::LayoutFacts>& layouts);
 
 } // namespace sm::app

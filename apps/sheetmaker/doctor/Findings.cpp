@@ -5,7 +5,7 @@
 #include "base/files/Paths.h"
 #include "base/files/UserFolders.h"
 #include "base/process/ChildProcess.h"
-#include "base/text/Names.h"
+#include "base/text/Keywords.h"
 #include "ghostscript/Interpreter.h"
 
 #include <chrono>

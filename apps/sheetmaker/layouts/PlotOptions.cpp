@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "layouts/PlotOptions.h"
 
+#include "base/text/Keywords.h"
 #include "base/text/Names.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"

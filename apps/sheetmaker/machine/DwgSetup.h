@@ -2,7 +2,7 @@
 // How this machine and its user read DWG files and what drawings refer to.
 #pragma once
 
-#include "cadhost/CadHost.h"
+#include "cadhost/HostOptions.h"
 #include "machine/Install.h"
 #include "ports/IRegistry.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "records/PageSetupEdit.h"
 
-#include "base/text/Names.h"
+#include "base/text/Keywords.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
 #include "layouts/PlotOptions.h"

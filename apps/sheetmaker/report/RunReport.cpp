@@ -4,7 +4,6 @@
 #include "cadhost/Remarks.h"
 #include "commandline/ExitCodes.h"
 #include "render/Remarks.h"
-#include "render/TextLayout.h"
 
 #include <algorithm>
 #include <fmt/format.h>

@@ -22,7 +22,7 @@ struct Meaning {
     const char* text;
 };
 
-constexpr Meaning kMeanings[] = {
+constexpr Meaning kStatusMeanings[] = {
     {-1, "it was cancelled or could not be plotted"},
     {-2, "its page setup could not be applied"},
     {-5, "it has no usable page setup"},
@@ -39,7 +39,7 @@ constexpr Meaning kMeanings[] = {
 
 std::string StatusText(std::int32_t status)
 {
-    for (const Meaning& meaning : kMeanings)
+    for (const Meaning& meaning : kStatusMeanings)
         if (meaning.status == status)
             return meaning.text;
     return fmt::format("it ended with status {}", status);

@@ -7,7 +7,7 @@
 namespace sm::app {
 namespace {
 
-std::vector<NotDrawn> ByKind(const std::vector<render::RenderReport::NotDrawnKind>& kinds)
+std::vector<NotDrawn> ByKind(const std::vector<render::NotDrawnKind>& kinds)
 {
     std::map<std::string, std::uint64_t> sums;
     for (const auto& kind : kinds)

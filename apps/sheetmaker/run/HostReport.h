@@ -2,7 +2,7 @@
 // What the CAD host tells of a drawing, in the command line's own terms.
 #pragma once
 
-#include "cadhost/CadHost.h"
+#include "cadhost/DocumentReport.h"
 #include "report/RunReport.h"
 
 #include <cstdint>

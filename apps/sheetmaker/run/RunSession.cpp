@@ -2,6 +2,8 @@
 #include "run/RunSession.h"
 
 #include "base/files/Paths.h"
+#include "cadhost/DocumentReport.h"
+#include "cadhost/HostOptions.h"
 #include "commandline/ExitCodes.h"
 #include "commandline/Refusal.h"
 #include "commandline/Suggest.h"
@@ -114,6 +116,11 @@ cadhost::PlotWishes RunSession::Wishes(const PlotOptions& options)
 
 /// Layouts take wishes into their own settings; where another page setup is in force, it is the run's own global one
 /// that has them.
+cadhost::DocumentReport RunSession::HostReport()
+{
+    return m_host->Report(m_document);
+}
+
 void RunSession::LayWishes(const cadhost::PlotWishes& wishes, LayoutSelection& selection)
 {
     const std::int32_t source = selection.pageSetupSource.value_or(ReadPlotSelection(Context(), *m_document));

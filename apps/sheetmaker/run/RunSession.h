@@ -66,7 +66,7 @@ public:
     /// to a layout that `selection` may plot.
     void RefuseAttachments(const LayoutSelection& selection);
     /// What plotting the open drawing did so far.
-    [[nodiscard]] cadhost::DocumentReport HostReport() { return m_host->Report(m_document); }
+    [[nodiscard]] cadhost::DocumentReport HostReport();
 
 private:
     /// What the run needs the file for, in words; empty when for nothing.

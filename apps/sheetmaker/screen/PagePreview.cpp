@@ -2,6 +2,7 @@
 #include "screen/PagePreview.h"
 
 #include "base/Units.h"
+#include "cadhost/DocumentReport.h"
 #include "cadhost/PageSink.h"
 #include "plotting/mdlAcadPrinting.h"
 #include "report/SheetWatcher.h"

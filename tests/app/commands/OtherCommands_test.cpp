@@ -4,6 +4,7 @@
 #include "commands/LayoutsCommand.h"
 #include "doctor/Doctor.h"
 #include "machine/LogBook.h"
+#include "report/LayoutJson.h"
 
 #include <gtest/gtest.h>
 #include <sstream>

@@ -4,6 +4,7 @@
 #include "app/FailingDocument.h"
 #include "app/Fixtures.h"
 #include "cadhost/CadHost.h"
+#include "cadhost/HostOptions.h"
 #include "doubles/ScriptedToolkit.h"
 #include "doubles/TestHouse.h"
 #include "plugin/cPlugin.h"

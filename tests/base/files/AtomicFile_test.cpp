@@ -4,6 +4,7 @@
 
 #include "base/Rights.h"
 #include "base/files/AtomicFile.h"
+#include "base/files/FileFacts.h"
 
 #include <csignal>
 #include <filesystem>

@@ -62,16 +62,5 @@ TEST(SameName, KnowsNoLocale)
     std::setlocale(LC_ALL, former.c_str());
 }
 
-TEST(Ascii, LeavesOtherLetters)
-{
-    EXPECT_EQ(LowerAscii("TXT.SHX Ä"), "txt.shx Ä");
-    EXPECT_EQ(UpperAscii("ansi_1252 ä"), "ANSI_1252 ä");
-    EXPECT_TRUE(SameAscii("DOS850", "dos850"));
-    EXPECT_FALSE(SameAscii("Ä", "ä"));
-    EXPECT_FALSE(SameAscii("ab", "abc"));
-    EXPECT_EQ(LowerAscii('['), '[');
-    EXPECT_EQ(LowerAscii('@'), '@');
-}
-
 } // namespace
 } // namespace sm::base

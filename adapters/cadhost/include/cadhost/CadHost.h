@@ -4,41 +4,25 @@
 
 #include "cadhost/LayoutFacts.h"
 #include "cadhost/PlotWishes.h"
-#include "drawing/DwgConverter.h"
-#include "drawing/Finding.h"
 #include "ports/IAcadApplication.h"
-#include "render/ReferenceOptions.h"
-#include "render/RenderReport.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+namespace sm::drawing {
+class Drawing;
+}
+
 namespace sm::cadhost {
 
 class IPageSink;
-class IPointPicker;
-
-struct HostOptions {
-    std::string shareFolder; ///< holds Drivers, PC3, Plotters, PlotStyles, fonts.map
-    std::string loginName;   ///< what "LOGINNAME" gives
-    drawing::DwgOptions dwg{};
-    std::string userStyleFolder = {}; ///< the user's own plot style tables; may be missing
-    bool keepLayers = false;          ///< plots tell which layer shows what, hidden ones included
-    /// Where pictures, underlays and drawings are looked for that a drawing refers to, and what shows pages of PDF
-    /// files.
-    render::ReferenceOptions references = {};
-    /// Asked before each plot into a file, and often while it goes on; false: somebody cancelled, and the plot fails.
-    /// Empty: none is refused.
-    std::function<bool()> mayPlot = {};
-    /// Asked when the user is to pick a point; outlives the host. Null: there is no window, and picking fails.
-    IPointPicker* picker = nullptr;
-};
+struct DocumentReport;
+struct HostOptions;
 
 /// The run's layer over a document: seen through the automation model, never saved.
 struct DocumentOverlay {
@@ -49,25 +33,6 @@ struct DocumentOverlay {
     std::map<std::string, FittedPaper> fitted = {};
     /// Of every layout: its own settings are answered so, and all pens are plotted so.
     PlotWishes wishes = {};
-};
-
-/// What an audit of a document found. What was mended is so in memory only: saving writes the records that were
-/// changed and nothing else.
-struct DocumentAudit {
-    bool fixErrors = false; ///< as asked for; the reader mends in either case
-    std::vector<drawing::Finding> findings;
-};
-
-/// What plotting a document did so far.
-struct DocumentReport {
-    std::uint64_t read = 0, drawn = 0, hidden = 0, offPage = 0, notReached = 0, notDrawn = 0; ///< entities; they sum up
-    std::vector<render::RenderReport::NotDrawnKind> notDrawnKinds;
-    std::vector<drawing::Finding> findings;
-    std::vector<std::string> substitutions;                    ///< fonts
-    std::map<std::string, std::uint64_t, std::less<>> remarks; ///< what was drawn otherwise, and how often
-    std::optional<DocumentAudit> audited;                      ///< the last audit; none before the first
-    bool notToScale = false;                                   ///< a layout was plotted to fit on another paper
-    std::string plotFailure;                                   ///< why the last plot failed; empty when it didn't
 };
 
 class CadHost {

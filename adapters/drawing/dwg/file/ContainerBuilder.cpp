@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dwg/file/ContainerBuilder.h"
 
-#include "drawing/Drawing.h"
+#include "drawing/DrawingError.h"
 #include "dwg/file/Bytes.h"
 #include "dwg/file/Checksums.h"
 #include "dwg/file/ObjectMap.h"

@@ -70,7 +70,7 @@ private:
     ContainerBuilder& m_builder;
 };
 
-constexpr std::array<std::pair<std::string_view, Stream>, kStreams> kNames{{
+constexpr std::array<std::pair<std::string_view, Stream>, kStreams> kStreamNames{{
     {"AcDb:Header", Stream::Header},
     {"AcDb:Classes", Stream::Classes},
     {"AcDb:Handles", Stream::Map},
@@ -84,7 +84,7 @@ constexpr std::array<std::pair<std::string_view, Stream>, kStreams> kNames{{
 
 std::optional<Stream> StreamOf(std::string_view sectionName)
 {
-    for (const auto& [name, stream] : kNames)
+    for (const auto& [name, stream] : kStreamNames)
         if (name == sectionName)
             return stream;
     return std::nullopt;

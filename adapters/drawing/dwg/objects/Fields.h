@@ -4,7 +4,7 @@
 #pragma once
 
 #include "base/Geometry.h"
-#include "drawing/Tables.h"
+#include "drawing/Properties.h"
 #include "dwg/bits/BitReader.h"
 #include "dwg/file/Container.h"
 

@@ -2,7 +2,7 @@
 // What stands for a handle in tags: the names of table entries, the colours of books. For this room only.
 #pragma once
 
-#include "drawing/Tables.h"
+#include "drawing/Properties.h"
 #include "dwg/objects/Fields.h"
 
 #include <string>

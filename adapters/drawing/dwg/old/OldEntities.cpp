@@ -14,7 +14,7 @@ namespace {
 constexpr std::uint32_t kInBlocks = 0x40000000, kInExtras = 0x80000000;
 constexpr unsigned kLastType = 24;
 
-constexpr std::array<const char*, kLastType + 1> kNames{
+constexpr std::array<const char*, kLastType + 1> kEntityTypeNames{
     nullptr, "LINE",     "POINT",  "CIRCLE", "SHAPE",  nullptr,     nullptr,   "TEXT",   "ARC",
     "TRACE", nullptr,    "SOLID",  nullptr,  nullptr,  "INSERT",    "ATTDEF",  "ATTRIB", "SEQEND",
     nullptr, "POLYLINE", "VERTEX", "LINE",   "3DFACE", "DIMENSION", "VIEWPORT"};
@@ -149,7 +149,7 @@ private:
 
     void Put(OldRecord& record)
     {
-        const char* const name = kNames[static_cast<std::size_t>(record.type)];
+        const char* const name = kEntityTypeNames[static_cast<std::size_t>(record.type)];
         if (name == nullptr)
             return;
         if (IsMember(record.type)) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "dwg/old/OldFile.h"
 
-#include "drawing/Drawing.h"
+#include "drawing/DrawingError.h"
 #include "dwg/file/Bytes.h"
 #include "dwg/file/Checksums.h"
 #include "tags/FileKind.h"
@@ -14,7 +14,7 @@ namespace sm::drawing::dwg {
 namespace {
 
 constexpr std::uint64_t kCodePageAt = 0x3F9;
-constexpr std::uint64_t kHeadSize = 0x3EF; // of R9, the shortest
+constexpr std::uint64_t kShortestFileHead = 0x3EF; // of R9, the shortest
 constexpr std::size_t kNameSize = 32;
 /// The top byte of an address or size marks the section it belongs to.
 
@@ -141,7 +141,7 @@ OldRecordHead HeadOf(const OldFile& file, std::string_view record)
 
 OldFile OpenOldFile(std::string_view bytes, const std::string& path, FindingList& findings)
 {
-    if (bytes.size() < kHeadSize)
+    if (bytes.size() < kShortestFileHead)
         throw DrawingError(path + ": DWG of " + DwgRelease(bytes) +
                            ": the file is cut off in its head; save the drawing again");
     OldFile file;

@@ -3,6 +3,7 @@
 
 #include "base/files/Paths.h"
 #include "base/files/UserFolders.h"
+#include "base/text/Keywords.h"
 #include "base/text/Names.h"
 
 #include <algorithm>

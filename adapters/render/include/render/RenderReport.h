@@ -2,6 +2,8 @@
 // What became of a drawing's entities, and what was drawn otherwise.
 #pragma once
 
+#include "render/NotDrawnKind.h"
+
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -33,10 +35,6 @@ public:
     [[nodiscard]] std::uint64_t Count(Outcome outcome) const;
     /// Of the entities that stand in one block, those in blocks that it inserts aside.
     [[nodiscard]] std::uint64_t CountIn(std::uint32_t block, Outcome outcome) const;
-    struct NotDrawnKind {
-        std::string kind, layer;
-        std::uint64_t count = 0;
-    };
     /// Entities whose best outcome is NotDrawn, by kind and layer.
     [[nodiscard]] std::vector<NotDrawnKind> NotDrawn() const;
     /// Something drawn otherwise than the drawing has it ("hatch pattern too dense, lines left out").

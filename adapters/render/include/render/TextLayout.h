@@ -29,9 +29,6 @@ struct TextColor {
     std::optional<std::uint32_t> trueColor;
 };
 
-/// How the remark on characters that no font has begins; the name of their block follows.
-inline constexpr std::string_view kMissingCharacters = "no font has these characters, drawn as boxes: ";
-
 /// Glyphs of one font, outlines or strokes: `run.toPaper` maps em to the OCS plane here; `run.color` and `run.penWidth`
 /// are not set.
 struct GlyphPart {

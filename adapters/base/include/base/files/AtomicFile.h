@@ -2,8 +2,6 @@
 // A file that appears under its name only when it is whole.
 #pragma once
 
-#include "base/files/FileFacts.h"
-
 #include <cstdint>
 #include <string>
 #include <string_view>

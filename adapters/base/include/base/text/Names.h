@@ -7,17 +7,6 @@
 
 namespace sm::base {
 
-constexpr char LowerAscii(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-/// For keywords of file formats, which are ASCII: other letters stay.
-std::string LowerAscii(std::string_view text);
-std::string UpperAscii(std::string_view text);
-/// The same keyword but for the case of ASCII letters?
-bool SameAscii(std::string_view left, std::string_view right);
-
 /// The form in which names are compared: letters one by one in the form that Unicode's simple case folding gives them
 /// (ASCII: small), accents joined with their letters. No locale has a say: "I" folds to "i" everywhere, and "İ" and "ı"
 /// stay. "ß" and "ss" stay two names. Bytes that aren't UTF-8 stay, and the accents of such a text stay as they are.
