@@ -4,6 +4,7 @@
 //
 //     seeds_dwg FOLDER [DWG...]
 #include "drawing/Drawing.h"
+#include "drawing/dwg/DwgFiles.h"
 #include "dwg/read/ObjectIndex.h"
 #include "dwg/recovery/ObjectSearch.h"
 #include "fuzz/BuiltFile.h"

@@ -6,6 +6,7 @@
 #include "cadhost/PointPicker.h"
 #include "drawing/DwgConverter.h"
 #include "ports/HostError.h"
+#include "render/RenderReport.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -7,6 +7,7 @@
 #include "drawing/Finding.h"
 #include "images/ReferenceParts.h"
 #include "render/Picture.h"
+#include "render/RenderReport.h"
 
 #include <algorithm>
 #include <atomic>

@@ -4,6 +4,7 @@
 #include "base/Units.h"
 #include "cadhost/DocumentReport.h"
 #include "cadhost/PageSink.h"
+#include "drawing/Drawing.h"
 #include "plotting/mdlAcadPrinting.h"
 #include "report/SheetWatcher.h"
 #include "run/RunSession.h"
