@@ -30,8 +30,16 @@ private:
             if (button == nullptr)
                 last = nullptr;
             else if (std::exchange(last, box) != box)
-                m_pressed += PostMessageW(box, WM_COMMAND, IDOK, 0) != FALSE ? 1 : 0;
+                PressIn(box);
         }
+    }
+
+    /// Counted first: once the message is there, the box's owner may go on and ask.
+    void PressIn(HWND box)
+    {
+        ++m_pressed;
+        if (PostMessageW(box, WM_COMMAND, IDOK, 0) == FALSE)
+            --m_pressed;
     }
 
     std::atomic<bool> m_stop = false;
