@@ -32,7 +32,7 @@ public:
     /// Throws the PublishFailure that `MakePages` would meet for want of a program, whatever the page holds.
     virtual void CheckPage(const PageSource& page, const std::string& jobOptions) = 0;
     /// Makes `pages`, which share one resolution and `jobOptions` (our clean text of them; empty for none), in
-    /// order. Files go to `folder`, in a private one: who has files makes it, the caller removes it.
+    /// order. Files go to `folder`, a name in a private folder: a maker that has files makes it, the caller removes it.
     /// Throws PublishFailure that names the page.
     virtual MadePages MakePages(const std::vector<PageSource>& pages, const std::string& jobOptions,
                                 const std::string& folder) = 0;

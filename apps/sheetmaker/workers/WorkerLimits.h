@@ -27,8 +27,9 @@ std::size_t AtATime(int asked);
 /// Lays the limits on this process and on those that it starts. The end by the clock is up to the parent.
 void ObeyLimits(const WorkerLimits& limits);
 
-/// Takes memory for a drawing of so many bytes at once, and in large pages for a large one: thousands of pages asked
-/// for one by one are a tenth of a small drawing's time.
+/// Takes memory for a drawing of so many bytes at once, and in large pages for a large one: pages asked for one by one
+/// are some twentieth of its time. Takes none where there is too little; the drawing gets what there is, as it needs
+/// it.
 void ExpectHeap(std::uint64_t drawing);
 
 } // namespace sm::app

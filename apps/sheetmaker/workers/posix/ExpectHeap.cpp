@@ -22,7 +22,7 @@ struct FreeMemory {
     void operator()(void* memory) const { std::free(memory); }
 };
 
-/// A piece that is refused would count as the drawing's own want of memory.
+/// A piece that malloc is refused would count as the drawing's own want of memory.
 bool IsThere(std::size_t bytes)
 {
     void* const room = ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
@@ -48,7 +48,8 @@ void ExpectHeap(std::uint64_t drawing)
     const std::size_t bytes = std::clamp(static_cast<std::size_t>(drawing / 4 * 3), kLeast, kMost);
     if (!IsThere(2 * bytes))
         return;
-    // Where the library itself comes to as large pieces are given back; its top is kept for what follows.
+    // The first is where the library comes to by itself when large pieces are given back; by the second it keeps the
+    // heap's free top, which is what was taken here.
     ::mallopt(M_MMAP_THRESHOLD, 32 * kMebibyte);
     ::mallopt(M_TRIM_THRESHOLD, 256 * kMebibyte);
     ::mallopt(M_TOP_PAD, static_cast<int>(bytes));
