@@ -68,7 +68,7 @@ ROOMS = {
         "notes": ("geometry",),
         "context": ("fonts", "geometry", "hidden", "ink", "plotstyle"),
         "polylines": ("context", "geometry", "ink"),
-        "families": ("context", "geometry", "ink", "notes", "ole", "polylines", "text"),
+        "families": ("context", "fonts", "geometry", "ink", "notes", "ole", "polylines", "text"),
         "paint": ("*",),
     }),
     "plotter": (("prologue", "render", "drawing", "ports"), {"fonts": (), "postscript": ("fonts",), "page": ("postscript", "fonts")}),

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Texts along arcs: each letter is a text of its own, whose base line touches a circle around the arc's centre.
 #include "base/Units.h"
-#include "base/text/Utf8.h"
 #include "context/LaidTexts.h"
 #include "drawing/EntityKinds.h"
 #include "drawing/entities/Texts.h"
+#include "families/ArcLetters.h"
 #include "families/Families.h"
-#include "text/TextCodes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,12 +17,6 @@ namespace sm::render {
 
 namespace {
 
-struct Letter {
-    std::string codes; ///< of the lines at it
-    std::string text;
-    double width = 0; ///< drawing units
-};
-
 /// The circle that the base lines touch. The offset lies between the arc and whatever part of a letter is next to it.
 double BaseRadius(const drawing::ArcTextData& text)
 {
@@ -31,11 +24,6 @@ double BaseRadius(const drawing::ArcTextData& text)
     // Tops that point to the arc: it is they that touch its edge.
     const bool topsAtEdge = text.isInside != text.isInward;
     return topsAtEdge ? edge + (text.isInside ? -text.height : text.height) : edge;
-}
-
-std::string Codes(bool under, bool over, bool strike)
-{
-    return std::string(under ? "%%u" : "") + (over ? "%%o" : "") + (strike ? "%%k" : "");
 }
 
 double SweepOf(const drawing::ArcTextData& text)
@@ -58,11 +46,11 @@ struct Spread {
     double begin = 0, gap = 0;
 };
 
-Spread SpreadOf(const drawing::ArcTextData& text, const std::vector<Letter>& letters, double length)
+Spread SpreadOf(const drawing::ArcTextData& text, const std::vector<ArcLetter>& letters, double length)
 {
     enum Placing : std::int32_t { kOverAll = 1, kLeft, kRight };
     double widths = 0;
-    for (const Letter& letter : letters)
+    for (const ArcLetter& letter : letters)
         widths += letter.width;
     const double gaps = static_cast<double>(letters.size()) - 1;
     const double room = length - text.leftOffset - text.rightOffset;
@@ -92,18 +80,8 @@ private:
 
     void CutUp(const drawing::ArcTextData& text)
     {
-        m_letters.clear();
-        DecodeLine(text.text, m_pieces);
-        for (const CodedPiece& piece : m_pieces) {
-            const bool under = piece.under || text.isUnderlined;
-            const std::string codes = Codes(under, piece.over, piece.strike);
-            for (std::size_t at = 0; at < piece.text.size();) {
-                const std::size_t from = at;
-                base::NextCharacter(piece.text, at);
-                m_letters.push_back({codes, piece.text.substr(from, at - from), 0});
-            }
-        }
-        for (Letter& letter : m_letters)
+        m_letters = CutIntoLetters(text.text, text.isUnderlined);
+        for (ArcLetter& letter : m_letters)
             letter.width = WidthOf(letter.text);
         if (text.isReversed)
             std::ranges::reverse(m_letters);
@@ -125,7 +103,7 @@ private:
         const double sweep = SweepOf(text), quarter = std::numbers::pi / 2;
         const Spread spread = SpreadOf(text, m_letters, sweep * radius);
         double along = spread.begin;
-        for (const Letter& letter : m_letters) {
+        for (const ArcLetter& letter : m_letters) {
             const double turn = (along + letter.width / 2) / radius, start = base::RadiansOf(text.startAngle);
             const double angle = text.isInward ? start + turn : start + sweep - turn;
             DrawLetter(text, letter, radius, angle, text.isInward ? angle + quarter : angle - quarter);
@@ -133,7 +111,8 @@ private:
         }
     }
 
-    void DrawLetter(const drawing::ArcTextData& text, const Letter& letter, double radius, double angle, double turned)
+    void DrawLetter(const drawing::ArcTextData& text, const ArcLetter& letter, double radius, double angle,
+                    double turned)
     {
         const double half = letter.width / 2;
         m_letter.insertion = text.insertion;
@@ -145,8 +124,7 @@ private:
     }
 
     drawing::TextData m_letter; ///< the one at hand
-    std::vector<CodedPiece> m_pieces;
-    std::vector<Letter> m_letters;
+    std::vector<ArcLetter> m_letters;
 };
 
 } // namespace

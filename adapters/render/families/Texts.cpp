@@ -41,10 +41,10 @@ void DrawMask(PaintContext& context, const drawing::MTextData& text, const LaidT
     AppendCorners(context.path, Widened(laid.frame, margin),
                   PlaneOf(context.frame->toPaper, laid.extrusion, laid.elevation));
     if (filled) {
-        constexpr std::uint32_t kPaper = 0xFFFFFF;
+        constexpr std::uint32_t kWhite = 0xFFFFFF;
         const bool colored = (text.backgroundFlags & kPaperColored) == 0;
         const std::uint32_t color = text.backgroundTrueColor.value_or(PaperColor(text.backgroundColor));
-        context.ink.Fill(context.path, colored ? color : kPaper, FillRule::NonZero);
+        context.ink.Fill(context.path, colored ? color : kWhite, FillRule::NonZero);
     }
     if (framed) {
         context.ink.Stroke(context.path, context.StrokePen());

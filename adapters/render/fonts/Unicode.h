@@ -18,6 +18,20 @@ inline bool IsComplex(char32_t c)
                           (c >= 0x20D0 && c < 0x2100) || (c >= 0xFE00 && c < 0xFE30));
 }
 
+/// Stands above, below or within the character before it.
+inline bool IsMark(char32_t c)
+{
+    return (c >= 0x300 && c < 0x370) || (c >= 0x591 && c < 0x5C8 && c != 0x5BE && c != 0x5C0 && c != 0x5C3) ||
+           (c >= 0x1AB0 && c < 0x1B00) || (c >= 0x1DC0 && c < 0x1E00) || (c >= 0x20D0 && c < 0x2100) ||
+           (c >= 0xFE00 && c < 0xFE30 && !(c >= 0xFE10 && c < 0xFE20));
+}
+
+/// Of a script from right to left whose letters stand apart.
+inline bool IsHebrewLetter(char32_t c)
+{
+    return (c >= 0x5BE && c < 0x600 && !IsMark(c)) || (c >= 0xFB1D && c < 0xFB50);
+}
+
 /// Chinese, Japanese: a line may break before and behind.
 inline bool BreaksAnywhere(char32_t c)
 {

@@ -69,6 +69,7 @@ INSTANTIATE_TEST_SUITE_P(
         ArcTextRow{"WithUnicodeCodes", "72 2 | 1 \\U+0041B", {"A 40.0 50.0 87", "B 40.1 51.2 80"}},
         ArcTextRow{"Underlined", "72 2 | 1 A%%uB", {"A 40.0 50.0 87", "%%uB 40.1 51.2 80"}},
         ArcTextRow{"UnderlinedAll", "72 2 | 76 1 | 1 A%%kB", {"%%uA 40.0 50.0 87", "%%u%%kB 40.1 51.2 80"}},
+        ArcTextRow{"FromRightToLeft", "72 2 | 1 \\U+05D0A", {"A 40.0 50.0 87", "א 40.0 51.2 76"}},
         ArcTextRow{"Reversed", "72 2 | 70 1", {"B 40.0 50.0 87", "A 40.1 51.2 80"}},
         ArcTextRow{"ArcOverTheXAxis", "72 4 | 50 270 | 51 90", {"A 59.9 51.2 -87", "B 60.0 50.0 -93"}}),
     [](const testing::TestParamInfo<ArcTextRow>& row) { return row.param.name; });
