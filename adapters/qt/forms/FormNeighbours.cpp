@@ -8,7 +8,6 @@
 #include <QShortcut>
 #include <QTimer>
 
-#include <algorithm>
 #include <utility>
 
 namespace sm::qt {
@@ -25,21 +24,13 @@ FormNeighbours::FormNeighbours(Site site, ScreenState& state) : m_site(std::move
 
 FormNeighbours::~FormNeighbours()
 {
-    if (!m_files.empty())
+    if (m_files.IsAdding())
         m_state.rowEnded = nullptr;
 }
 
 beside::IDrawings* FormNeighbours::Drawings() const
 {
     return m_list != nullptr ? m_list->Drawings() : nullptr;
-}
-
-std::size_t FormNeighbours::ControlNamed(const std::string& name) const
-{
-    const auto& controls = m_site.form.Controls();
-    const auto found = std::find_if(controls.begin(), controls.end(),
-                                    [&](const FormControl& control) { return control.name == name; });
-    return found == controls.end() ? 0 : static_cast<std::size_t>(found - controls.begin());
 }
 
 void FormNeighbours::Appear()
@@ -58,7 +49,8 @@ void FormNeighbours::Appear()
     }
     const beside::FileList files = listed != nullptr ? listed->Files() : beside::FileList{};
     if (m_state.dropped && name == files.form)
-        QTimer::singleShot(0, this, [this, browse = ControlNamed(files.browse)] { m_site.press(browse); });
+        QTimer::singleShot(0, this,
+                           [this, browse = scene::ControlNamed(m_site.form, files.browse)] { m_site.press(browse); });
 }
 
 void FormNeighbours::MakeSheets()
@@ -135,7 +127,7 @@ bool FormNeighbours::TakeDrag(const QWidget& widget, QEvent& event)
 
 bool FormNeighbours::IsOnFileList(const QWidget& widget, QPoint at) const
 {
-    const std::size_t list = m_list != nullptr ? ControlNamed(m_list->Files().list) : 0;
+    const std::size_t list = m_list != nullptr ? scene::ControlNamed(m_site.form, m_list->Files().list) : 0;
     if (list == 0 || widget.window() != &m_site.window)
         return false;
     return m_site.controlOf(m_site.window.childAt(widget.mapTo(&m_site.window, at))) == list;
@@ -143,38 +135,33 @@ bool FormNeighbours::IsOnFileList(const QWidget& widget, QPoint at) const
 
 std::size_t FormNeighbours::RowsOfFileList() const
 {
-    const std::size_t list = m_list != nullptr ? ControlNamed(m_list->Files().list) : 0;
+    const std::size_t list = m_list != nullptr ? scene::ControlNamed(m_site.form, m_list->Files().list) : 0;
     return m_site.form.Controls()[list].rows.size();
 }
 
-void FormNeighbours::AddFiles(std::vector<std::string> paths)
+void FormNeighbours::AddFiles(const std::vector<std::string>& paths)
 {
-    m_files.assign(std::make_move_iterator(paths.begin()), std::make_move_iterator(paths.end()));
+    m_files.Begin(paths);
     m_state.rowEnded = [this] { GoOnAfterRow(); };
     AddNextFile();
 }
 
-/// The row's own form asks for its file, and the one that was dropped is the answer.
 void FormNeighbours::AddNextFile()
 {
-    if (m_files.empty() || m_list == nullptr) {
+    m_state.dropped = m_list != nullptr ? m_files.Next(RowsOfFileList()) : std::nullopt;
+    if (m_state.dropped)
+        m_site.pressAddBeside(scene::ControlNamed(m_site.form, m_list->Files().list));
+    else
         m_state.rowEnded = nullptr;
-        return;
-    }
-    m_rows = RowsOfFileList();
-    m_state.dropped = m_files.front();
-    m_files.pop_front();
-    m_site.pressAddBeside(ControlNamed(m_list->Files().list));
     m_state.dropped.reset();
 }
 
-/// While a place is picked for the row, the form is away; a row that was given up ends the rest.
+/// While a place is picked for the row, the form is away.
 void FormNeighbours::GoOnAfterRow()
 {
     if (m_list == nullptr || QApplication::activeModalWidget() != &m_site.window)
         return;
-    if (RowsOfFileList() <= m_rows)
-        m_files.clear();
+    m_files.RowEnded(RowsOfFileList());
     AddNextFile();
 }
 

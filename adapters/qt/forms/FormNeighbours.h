@@ -4,13 +4,13 @@
 #pragma once
 
 #include "beside/SheetsWindow.h"
+#include "scene/RowFiles.h"
 #include "scene/WaysFromForm.h"
 #include "screen/ScreenState.h"
 
 #include <QObject>
 #include <QPoint>
 
-#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -43,11 +43,10 @@ public:
 
 private:
     [[nodiscard]] beside::IDrawings* Drawings() const;
-    [[nodiscard]] std::size_t ControlNamed(const std::string& name) const;
     void MakeSheets();
     bool TakeDrag(const QWidget& widget, QEvent& event);
     [[nodiscard]] bool IsOnFileList(const QWidget& widget, QPoint at) const;
-    void AddFiles(std::vector<std::string> paths);
+    void AddFiles(const std::vector<std::string>& paths);
     void AddNextFile();
     void GoOnAfterRow();
     [[nodiscard]] std::size_t RowsOfFileList() const;
@@ -57,8 +56,7 @@ private:
     beside::ISheetList* m_list = nullptr;        ///< that belongs to the form, while it is up
     SheetsWindow* m_sheets = nullptr;            ///< belongs to the form's window
     std::unique_ptr<scene::WaysFromForm> m_ways; ///< null: there are none
-    std::deque<std::string> m_files;             ///< dropped, to become rows yet
-    std::size_t m_rows = 0;                      ///< of the list of files, before the last of them
+    scene::RowFiles m_files;
 };
 
 } // namespace sm::qt

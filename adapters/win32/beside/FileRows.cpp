@@ -7,18 +7,6 @@
 #include <utility>
 
 namespace sm::win32 {
-namespace {
-
-/// 0, the form itself, when there is none.
-std::size_t ControlNamed(const IForm& form, const std::string& name)
-{
-    const auto& controls = form.Controls();
-    const auto found = std::find_if(controls.begin(), controls.end(),
-                                    [&](const FormControl& control) { return control.name == name; });
-    return found == controls.end() ? 0 : static_cast<std::size_t>(found - controls.begin());
-}
-
-} // namespace
 
 class FileRows::AnsweringDesktop final : public IDesktop {
 public:
@@ -63,15 +51,14 @@ void FileRows::Serve(HWND window, IForm& form, const beside::FileList& files)
     m_window = window;
     m_form = &form;
     m_list = files;
-    m_position = ControlNamed(form, files.list);
+    m_position = scene::ControlNamed(form, files.list);
 }
 
 void FileRows::Forget()
 {
     m_form = nullptr;
     m_position = 0;
-    m_isAdding = false;
-    m_files.clear();
+    m_files.Forget();
     m_desktop->dropped.reset();
 }
 
@@ -87,8 +74,7 @@ bool FileRows::TakesAt(POINT at) const
 
 void FileRows::Add(const std::vector<std::string>& paths)
 {
-    m_files.assign(paths.begin(), paths.end());
-    m_isAdding = true;
+    m_files.Begin(paths);
     m_soon([this] { AddNext(); });
 }
 
@@ -97,14 +83,14 @@ void FileRows::OtherAppeared(IForm& form)
     if (m_desktop->dropped && form.Controls().front().name == m_list.form)
         m_soon([this, &form] {
             if (m_desktop->dropped)
-                form.UserClicked(ControlNamed(form, m_list.browse));
+                form.UserClicked(scene::ControlNamed(form, m_list.browse));
         });
 }
 
 /// While a place is picked for the row, the list's form is away, too, and what is put off here never comes.
 void FileRows::OtherLeft()
 {
-    if (m_isAdding)
+    if (m_files.IsAdding())
         m_soon([this] { GoOn(); });
 }
 
@@ -127,24 +113,20 @@ void FileRows::PressAdd()
 
 void FileRows::AddNext()
 {
-    if (m_form == nullptr || m_files.empty()) {
-        m_isAdding = false;
+    if (m_form == nullptr)
         return;
-    }
-    m_rows = Rows().size();
-    m_desktop->dropped = m_files.front();
-    m_files.pop_front();
-    PressAdd();
+    m_desktop->dropped = m_files.Next(Rows().size());
+    if (m_desktop->dropped)
+        PressAdd();
     m_desktop->dropped.reset();
 }
 
-/// A row that was given up ends the rest.
 void FileRows::GoOn()
 {
-    if (!m_isAdding || m_form == nullptr || IsWindowEnabled(m_window) == FALSE || IsWindowVisible(m_window) == FALSE)
+    if (!m_files.IsAdding() || m_form == nullptr || IsWindowEnabled(m_window) == FALSE ||
+        IsWindowVisible(m_window) == FALSE)
         return;
-    if (Rows().size() <= m_rows)
-        m_files.clear();
+    m_files.RowEnded(Rows().size());
     AddNext();
 }
 

@@ -5,8 +5,8 @@
 #include "beside/Drawings.h"
 #include "ports/IDesktop.h"
 #include "ports/IFormToolkit.h"
+#include "scene/RowFiles.h"
 
-#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -55,10 +55,8 @@ private:
     HWND m_window = nullptr;
     IForm* m_form = nullptr; ///< null: none is up that takes files
     beside::FileList m_list;
-    std::size_t m_position = 0;      ///< of the list among the form's controls
-    std::deque<std::string> m_files; ///< to become rows yet
-    std::size_t m_rows = 0;          ///< before the last of them
-    bool m_isAdding = false;
+    std::size_t m_position = 0; ///< of the list among the form's controls
+    scene::RowFiles m_files;
 };
 
 } // namespace sm::win32
