@@ -56,7 +56,8 @@ class PublishingDesk(Desk):
         return os.path.join(self.drive, "Jobs", "Plan.pdf")
 
     def choose(self, who):
-        self.run("reg", "add", SETTINGS, "/v", "PublishWith", "/t", "REG_SZ", "/d", who, "/f")
+        ended = self.run("reg", "add", SETTINGS, "/v", "PublishWith", "/t", "REG_SZ", "/d", who, "/f")[0]
+        self.check(f"PublishWith {who}: reg", ended, 0)
 
     def plot(self, page, more=""):
         with open(os.path.join(self.drive, "Host", "scenario.txt"), "w", encoding="ascii") as file:
@@ -208,6 +209,7 @@ def library_fails(desk, script):
     """It is registered and starts, keeps the log, and makes no document: our own publisher does, and the log says why."""
     desk.plot("C:\\Host\\house-1.ps", "fail-library Library.CreatePubDoc out of order\n")
     desk.choose(AUTOMATIC)
+    desk.doctor("a library that fails", "ok", AUTOMATIC, LIBRARY_ITSELF, OURSELVES)
     calls = desk.convert_once("a library that fails", script)
     desk.look_at("a library that fails", "Living room")
     desk.check("a library that fails: no log of ours", desk.own_log(), None)
